@@ -1,0 +1,76 @@
+#include "basic/code_page.h"
+
+#include <array>
+#include <cstdint>
+
+namespace kvt {
+
+namespace {
+
+// Characters of the bytes 80 to 9F; the five that have none keep their number.
+constexpr std::array<std::uint16_t, 32> upperControls = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+std::uint32_t CharacterOf(unsigned char byte) {
+    return byte >= 0x80 && byte <= 0x9F ? upperControls[byte - 0x80U] : byte;
+}
+
+char ByteOf(std::uint32_t character) {
+    if (character < 0x80 || (character >= 0xA0 && character <= 0xFF)) return static_cast<char>(character);
+    for (std::size_t i = 0; i < upperControls.size(); ++i) {
+        if (upperControls[i] == character) return static_cast<char>(0x80 + i);
+    }
+    return '?';
+}
+
+}  // namespace
+
+void AppendUtf8(std::string_view text, std::string& out) {
+    for (const char c : text) {
+        const std::uint32_t character = CharacterOf(static_cast<unsigned char>(c));
+        if (character < 0x80) {
+            out += static_cast<char>(character);
+        } else if (character < 0x800) {
+            out += static_cast<char>(0xC0 | (character >> 6));
+            out += static_cast<char>(0x80 | (character & 0x3F));
+        } else {
+            out += static_cast<char>(0xE0 | (character >> 12));
+            out += static_cast<char>(0x80 | ((character >> 6) & 0x3F));
+            out += static_cast<char>(0x80 | (character & 0x3F));
+        }
+    }
+}
+
+std::string ToUtf8(std::string_view text) {
+    std::string out;
+    out.reserve(text.size());
+    AppendUtf8(text, out);
+    return out;
+}
+
+std::string FromUtf8(std::string_view utf8) {
+    std::string text;
+    text.reserve(utf8.size());
+    for (std::size_t i = 0; i < utf8.size();) {
+        const auto lead = static_cast<unsigned char>(utf8[i]);
+        const std::size_t length = lead < 0x80    ? 1
+                                   : lead >= 0xF0 ? 4
+                                   : lead >= 0xE0 ? 3
+                                   : lead >= 0xC0 ? 2
+                                                  : 0;
+        bool whole = length > 0 && lead < 0xF8 && i + length <= utf8.size();
+        std::uint32_t character = length == 1 ? lead : lead & (0x7FU >> length);
+        for (std::size_t k = 1; whole && k < length; ++k) {
+            const auto next = static_cast<unsigned char>(utf8[i + k]);
+            whole = (next & 0xC0) == 0x80;
+            character = (character << 6) | (next & 0x3F);
+        }
+        text += whole ? ByteOf(character) : '?';
+        i += whole ? length : 1;
+    }
+    return text;
+}
+
+}  // namespace kvt

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// Texts inside the program are Windows-1252; these cross its border.
+namespace kvt {
+
+// UTF-8 of a text; a byte without a character in the code page becomes the control character of its number.
+std::string ToUtf8(std::string_view text);
+void AppendUtf8(std::string_view text, std::string& out);
+
+// The text of UTF-8; a character that the code page lacks, or a stray byte, becomes "?".
+std::string FromUtf8(std::string_view utf8);
+
+}  // namespace kvt

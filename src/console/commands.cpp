@@ -1,0 +1,109 @@
+#include "console/commands.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+
+#include "console/listing.h"
+#include "console/state.h"
+#include "headless/memory_platform.h"
+#include "shell/workbench.h"
+
+namespace kvt {
+
+namespace {
+
+// Goes to standard error in one line that names the file.
+void Complain(std::string_view file, std::string_view what) {
+    std::fprintf(stderr, "kvtc: %.*s: %.*s\n", static_cast<int>(file.size()), file.data(),
+                 static_cast<int>(what.size()), what.data());
+}
+
+// One file in a fresh workbench on the memory half.
+class LoadedFile {
+public:
+    explicit LoadedFile(const std::string& file) : Bench(std::make_unique<Workbench>(Platform.Services)) {
+        std::string name = NameFromSystem(file);
+        error_ = ErrorOf(Bench->Reader.LoadFile(name));
+    }
+
+    MemoryPlatform Platform;
+    std::unique_ptr<Workbench> Bench;
+
+    // Why there is no program; null where there is one.
+    const char* Error() const { return error_; }
+    int Status() const { return HasFinding(*Bench) ? status::Finding : status::Well; }
+
+private:
+    static const char* ErrorOf(LoadResult result) {
+        switch (result) {
+            case LoadResult::Loaded: return nullptr;
+            case LoadResult::Nothing: return "no such file";
+            case LoadResult::Unreadable: return "cannot be read";
+            case LoadResult::LanguageModule: return "is a language module, not a CNC program";
+            case LoadResult::NotRecognised: break;
+        }
+        return "is not recognised as a CNC program";
+    }
+
+    const char* error_ = nullptr;
+};
+
+int CheckOne(const std::string& file, const ConsoleOptions& options, bool first) {
+    const LoadedFile loaded(file);
+    if (const char* error = loaded.Error()) {
+        Complain(file, error);
+        return status::Usage;
+    }
+    if (!first) std::fputc('\n', stdout);
+    const std::string listing = Listing(file, *loaded.Bench, options.Colour);
+    std::fwrite(listing.data(), 1, listing.size(), stdout);
+    return loaded.Status();
+}
+
+int CheckOneAsJson(const std::string& file, JsonSink& out) {
+    const LoadedFile loaded(file);
+    int result = status::Usage;
+    if (const char* error = loaded.Error()) {
+        Complain(file, error);
+        WriteFileError(out, file, error);
+    } else {
+        WriteState(out, file, *loaded.Bench, loaded.Platform.Dialogs);
+        result = loaded.Status();
+    }
+    out.Put('\n');
+    return result;
+}
+
+}  // namespace
+
+int Check(const std::vector<std::string>& files, bool json, const ConsoleOptions& options) {
+    int worst = status::Well;
+    bool first = true;
+    JsonSink out(stdout);
+    for (const std::string& file : files) {
+        const int one = json ? CheckOneAsJson(file, out) : CheckOne(file, options, first);
+        worst = std::max(worst, one);
+        first = false;
+    }
+    return worst;
+}
+
+int FormatFile(const std::string& file, const std::string& out) {
+    LoadedFile loaded(file);
+    if (const char* error = loaded.Error()) {
+        Complain(file, error);
+        return status::Usage;
+    }
+    Workbench& bench = *loaded.Bench;
+    bench.File.lblPath.Caption = NameFromSystem(out);
+    const std::size_t shown = loaded.Platform.Dialogs.Shown.size();
+    bench.Writer.mnuSave_Click();
+    if (loaded.Platform.Dialogs.Shown.size() > shown) {
+        Complain(out, "could not be written");
+        return status::Usage;
+    }
+    return loaded.Status();
+}
+
+}  // namespace kvt

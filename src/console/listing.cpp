@@ -1,0 +1,185 @@
+#include "console/listing.h"
+
+#include <algorithm>
+
+#include "basic/code_page.h"
+#include "basic/number.h"
+#include "basic/text.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr const char* red = "\x1b[31m";
+constexpr const char* bold = "\x1b[1m";
+constexpr const char* plain = "\x1b[0m";
+
+std::string_view MachineName(const ProgramStore& store) {
+    if (store.IsMK2()) return "Lathe Compact 5 CNC MK2";
+    if (store.IsMK4()) return "Lathe Compact 5 CNC MK4";
+    return store.Horizontal ? "Mill F1 CNC, horizontal" : "Mill F1 CNC, vertical";
+}
+
+std::string_view UnitsName(const ProgramStore& store) {
+    return store.Metric ? "lengths in 1/100 mm" : "lengths in 1/1000 inch";
+}
+
+// The finding of a row as people read it, without its mark; empty for none.
+std::string_view FindingOf(const ListRow& row) {
+    std::string_view finding = Trim(row[column::Error]);
+    if (!finding.empty() && finding[0] == '!') finding.remove_prefix(1);
+    return finding;
+}
+
+std::string LineName(const ListRow& row) { return "N" + std::string(Trim(row[column::Number])); }
+
+// One column of the listing: a visible column of the list, as wide as its widest text.
+struct ListedColumn {
+    int Column;
+    std::size_t Width;
+};
+
+std::vector<ListedColumn> ColumnsOf(const ProgramStore& store) {
+    const ListView& list = store.lvCncProgram;
+    std::vector<ListedColumn> columns;
+    for (int c = column::Number; c < column::Comment; ++c) {
+        // Findings stand under their lines.
+        if (c == column::Error || list.Header(c + 1).Width == 0) continue;
+        std::size_t width = list.Header(c + 1).Text.size();
+        for (int i = 1; i <= store.LineCount(); ++i)
+            width = std::max(width, TrimRight(list.Row(i)[c]).size());
+        columns.push_back({c, width});
+    }
+    return columns;
+}
+
+// What belongs to the program stands closely, as on the control; results stand apart.
+const char* GapBefore(int column) { return column < column::ToolX ? "  " : "   "; }
+
+class Lister {
+public:
+    Lister(const Workbench& workbench, bool colour) : workbench_(workbench), colour_(colour) {}
+
+    std::string Make(std::string_view file) {
+        Head(file);
+        Rows();
+        Summary();
+        return std::move(text_);
+    }
+
+private:
+    void Line(std::string_view line) {
+        text_ += TrimRight(line);
+        text_ += '\n';
+    }
+    std::string Painted(const char* how, std::string_view text) const {
+        return colour_ ? how + std::string(text) + plain : std::string(text);
+    }
+
+    void Head(std::string_view file) {
+        const ProgramStore& store = workbench_.Store;
+        Line(Painted(bold, file));
+        std::string line(MachineName(store));
+        line += ", ";
+        line += UnitsName(store);
+        Line(line);
+        const std::string notes = ToUtf8(workbench_.File.txtFileNotes.Text);
+        for (const std::string_view note : Split(Replace(Replace(notes, "\r\n", "\n"), "\r", "\n"), "\n")) {
+            if (!Trim(note).empty()) Line("  " + std::string(note));
+        }
+        Line("");
+    }
+
+    void Rows() {
+        const ProgramStore& store = workbench_.Store;
+        const ListView& list = store.lvCncProgram;
+        const std::vector<ListedColumn> columns = ColumnsOf(store);
+        std::string heads;
+        for (const ListedColumn& one : columns) {
+            heads += GapBefore(one.Column);
+            heads += RightPad(list.Header(one.Column + 1).Text, one.Width);
+        }
+        heads += "   ";
+        heads += list.Header(column::Comment + 1).Text;
+        Line(ToUtf8(heads));
+        for (int i = 1; i <= store.LineCount(); ++i) {
+            const ListRow& row = list.Row(i);
+            std::string line;
+            for (const ListedColumn& one : columns) {
+                line += GapBefore(one.Column);
+                // The code cell keeps its place: the letter in front, the digits in line.
+                const std::string_view cell =
+                    one.Column == column::Code ? row[one.Column].View() : TrimRight(row[one.Column]);
+                line += RightPad(cell, one.Width);
+            }
+            line += "   ";
+            line += row[column::Comment].View();
+            Line(ToUtf8(line));
+            const std::string_view finding = FindingOf(row);
+            if (!finding.empty()) Line(Painted(red, "   ^ " + LineName(row) + ": " + ToUtf8(finding)));
+        }
+        Line("");
+    }
+
+    void Axis(std::string_view name, const Label& min, const Label& max, const Label& travel) {
+        Line("  " + std::string(name) + RightPad(min.Caption, 10) + " to" + RightPad(max.Caption, 9) +
+             "   travel" + RightPad(travel.Caption, 9));
+    }
+
+    void Summary() {
+        const ProgramStore& store = workbench_.Store;
+        const InterpreterControls& results = workbench_.Results;
+        Line("Lines " + results.lblPPLines.Caption.Get() + ", executed " +
+             results.lblPPLinesExe.Caption.Get() + ", time " + results.lblPPMachineTime.Caption.Get());
+        Axis("X", results.lblXAxisMin, results.lblXAxisMax, results.lblXAxisTravel);
+        if (store.IsF1()) Axis("Y", results.lblYAxisMin, results.lblYAxisMax, results.lblYAxisTravel);
+        Axis("Z", results.lblZAxisMin, results.lblZAxisMax, results.lblZAxisTravel);
+        Verdict();
+    }
+
+    void Verdict() {
+        const ProgramStore& store = workbench_.Store;
+        const ListView& list = store.lvCncProgram;
+        const int lines = store.LineCount();
+        if (lines == 0) return Line("The file holds no program line.");
+        int findings = 0;
+        for (int i = 1; i <= lines; ++i) findings += FindingOf(list.Row(i)).empty() ? 0 : 1;
+        if (findings == 0) return Line(Complete() ? "No errors." : Unfinished());
+
+        // The first error is the one that the header of the error column names.
+        const int first = std::clamp(static_cast<int>(store.ErrorLine) + 1, 1, lines);
+        std::string sentence = "First error in line " + LineName(list.Row(first)) + ": ";
+        sentence += ToUtf8(FindingOf(list.Row(first))) + ".";
+        if (findings > 1) sentence += " " + PlainNumber(findings) + " lines have errors.";
+        Line(Painted(red, sentence));
+    }
+
+    bool Complete() const { return workbench_.Results.lblPPMachineTime.Caption.Get() != "xx:xx:xx"; }
+    // An arc whose centre offsets are both 0 ends the run without a finding.
+    std::string Unfinished() const {
+        return "No errors, but the check ends before the program does, after " +
+               workbench_.Results.lblPPLinesExe.Caption.Get() + " lines.";
+    }
+
+    const Workbench& workbench_;
+    bool colour_;
+    std::string text_;
+};
+
+}  // namespace
+
+std::string Listing(std::string_view file, const Workbench& workbench, bool colour) {
+    return Lister(workbench, colour).Make(file);
+}
+
+bool HasFinding(const Workbench& workbench) {
+    const ListView& list = workbench.Store.lvCncProgram;
+    for (int i = 1; i <= list.Count(); ++i) {
+        const Cell& cell = list.Row(i)[column::Error];
+        if (cell.View().substr(0, 1) == "!") return true;
+        if (cell == workbench.Language.ErrorTexts(text::MaximumLines)) return true;
+    }
+    return false;
+}
+
+}  // namespace kvt

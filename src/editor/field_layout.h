@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "editor/entry_row.h"
+#include "platform/services.h"
+#include "program/code_tables.h"
+#include "program/program_store.h"
+
+namespace kvt {
+
+// Which entry fields a code shows, what they are called and which range each takes.
+class FieldLayout {
+public:
+    FieldLayout(EntryRow& entry, const ProgramStore& store, const CodeLists& lists, FocusService& focus);
+
+    // Lays the fields out for a code: two digits, or the four-character form. The code is put into that form.
+    // A code in no row of the table shows no field. The fields keep their texts.
+    void InputFields(std::string& code);
+    // Hides the five fields with their labels, and empties their ranges and tool tips.
+    void HideInputFields();
+    // The focus goes to the first field of the code that stands in the row, which takes the text initial if
+    // that is not empty. Nothing where the row is not in use.
+    void FirstFieldFocus(std::string_view initial);
+    // Fills the comment with the description of the code that stands in the row, "@  " in front.
+    void CodeDescription();
+    // No fields, and every text of the row empty.
+    void ClearEntryFields();
+
+private:
+    EntryRow& entry_;
+    const ProgramStore& store_;
+    const CodeLists& lists_;
+    FocusService& focus_;
+};
+
+}  // namespace kvt

@@ -1,0 +1,253 @@
+#include "files/cnc_writer.h"
+
+#include <algorithm>
+
+#include "basic/number.h"
+#include "basic/run_time_error.h"
+#include "basic/text.h"
+#include "files/cnc_format.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr const char* generateAllName = "GenerateAll";
+constexpr const char* saveFileName = "SaveFile_Click";
+
+// Print mode: the column headers that can follow, and the width that each is brought to.
+constexpr int firstResultHeader = 9;
+constexpr int lastPrintedHeader = 19;
+constexpr int printedWidth = 10;
+
+// The text behind as many blanks as bring it to the printed width, at least one.
+void AppendColumn(std::string& text, std::string_view column) {
+    const int blanks = printedWidth - static_cast<int>(column.size());
+    text.append(static_cast<std::size_t>(std::max(1, blanks)), ' ');
+    text += column;
+}
+
+}  // namespace
+
+CncWriter::CncWriter(Parts parts) : parts_(parts) {}
+
+std::string CncWriter::GenerateAll() {
+    const ProgramStore& store = parts_.Store;
+    std::string text;
+    const int lines = store.LineCount();
+    if (lines == 0) return text;
+    text.reserve(static_cast<std::size_t>(lines) * 64 + 256);
+
+    // 1. to 3.
+    Attempt(generateAllName, [&] { AppendNotes(text); });
+    if (!PrintMode) text += cnc::NotesEnd;
+    text += cnc::LineEnd;
+    Attempt(generateAllName, [&] { AppendHeader(text); });
+    // 4.
+    for (int i = 1; i <= lines; ++i) {
+        Attempt(generateAllName, [&] { AppendLine(text, store.lvCncProgram.Row(i)); });
+    }
+    // 5.
+    AppendUnits(text);
+    return text;
+}
+
+void CncWriter::AppendNotes(std::string& text) const {
+    const std::string& notes = parts_.Controls.txtFileNotes.Text.Get();
+    if (notes.empty()) return;
+    // On paper every sentence stands on a line of its own.
+    text += PrintMode ? Replace(notes, ". ", ".\r\n") : notes;
+    text += cnc::LineEnd;
+}
+
+void CncWriter::AppendHeader(std::string& text) const {
+    const ProgramStore& store = parts_.Store;
+    if (!PrintMode) {
+        if (store.IsMK2()) return;
+        text += store.IsF1() ? cnc::HeaderF1 : cnc::HeaderMK4;
+        text += cnc::LineEnd;
+        return;
+    }
+    text += store.IsMK2()   ? std::string_view("                              ")
+            : store.IsMK4() ? std::string_view("     N   G    X      Z   F   H ")
+                            : std::string_view("     N  G     X    Y     Z   F");
+    for (int header = firstResultHeader; header <= lastPrintedHeader; ++header) {
+        const ColumnHeader& one = store.lvCncProgram.Header(header);
+        if (one.Width > 1) AppendColumn(text, one.Text);
+    }
+    text += cnc::LineEnd;
+}
+
+void CncWriter::AppendLine(std::string& text, const ListRow& row) const {
+    const ProgramStore& store = parts_.Store;
+    const std::string_view number = row[column::Number];
+    if (!store.IsMK2() && number.find_first_of("Nn") != std::string_view::npos) return;
+
+    text += "   ";
+    if (store.IsMK2()) {
+        text += "N";
+        text += Right(FormatText(number, "00"), 2);
+        text += " G";
+        text += Mid(row[column::Code], 2, 2);
+        text += " X";
+        text += row[column::X].View();
+        text += " Z";
+        text += row[column::Z].View();
+        text += " F";
+        text += Right(" " + std::string(row[column::F].View()), 3);
+    } else {
+        text += number;
+        text += TrimRight(row[column::Code]);
+        if (store.IsF1()) {
+            text += row[column::X].View();
+            text += row[column::Y].View();
+            text += row[column::Z].View();
+            text += row[column::F].View();
+        } else {
+            text += ' ';
+            text += row[column::X].View();
+            text += ' ';
+            text += row[column::Z].View();
+            text += row[column::F].View();
+            text += ' ';
+            text += row[column::H].View();
+            text += ' ';
+        }
+    }
+    if (PrintMode) {
+        for (int c = column::Error; c <= column::Time; ++c) {
+            if (store.lvCncProgram.Header(c + 1).Width > 1) AppendColumn(text, row[c]);
+        }
+    }
+    text += ' ';
+    text += Trim(row[column::Comment]);
+    text += cnc::LineEnd;
+}
+
+void CncWriter::AppendUnits(std::string& text) const {
+    const ProgramStore& store = parts_.Store;
+    text += "   ";
+    text += store.Metric ? 'M' : '"';
+    if (store.IsF1()) text += store.Horizontal ? '-' : 'I';
+    text += cnc::LineEnd;
+}
+
+void CncWriter::AddEndCode() {
+    ProgramStore& store = parts_.Store;
+    EntryRow& entry = parts_.Entry;
+    // 1.
+    if (store.EndCodePresent) return;
+    // 2.
+    const bool mk2 = store.IsMK2();
+    entry.lblGMcode.Caption = mk2 ? "G" : "M";
+    entry.txtGMcode.Text = mk2 ? "22" : "30";
+    entry.txtComment.Text = "";
+    std::string code = entry.txtGMcode.Text.Get();
+    parts_.Layout.InputFields(code);
+    store.EndCodePresent = true;
+    // 3. The line is written into the last row, as if it were typed there.
+    ListView& list = store.lvCncProgram;
+    const int selected = list.SelectedRow();
+    const int top = list.TopRow();
+    Attempt(saveFileName, [&] { list.Select(list.Count()); });
+    parts_.Lines.LineEdit();
+    Attempt(saveFileName, [&] { list.Select(selected); });
+    Attempt(saveFileName, [&] { list.EnsureVisible(top); });
+}
+
+void CncWriter::SaveFile_Click(std::int16_t& mode) {
+    ProgramStore& store = parts_.Store;
+    FileControls& controls = parts_.Controls;
+    Services& platform = parts_.Platform;
+    // 1.
+    Run(parts_.Calls.cmdReturn_Click);
+    // 2.
+    if (store.lvCncProgram.SelectedRow() == 0) {
+        platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
+        return;
+    }
+    // 3.
+    if (mode == save::ToFile && controls.lblPath.Caption.Empty()) mode = save::As;
+    // 4.
+    AddEndCode();
+    // 5.
+    const std::string text = GenerateAll();
+    if (text.empty()) return;
+    // 6.
+    std::string name = controls.lblPath.Caption.Get();
+    if (mode == save::ToClipboard) {
+        try {
+            platform.Clipboard.Clear();
+            platform.Clipboard.SetText(text);
+        } catch (const RunTimeError&) {
+            // Errors are ignored up to the writing of the file.
+        }
+        return;
+    }
+    // 7.
+    if (mode == save::As && !AskForName(name)) return;
+    // 8., 9.
+    WriteFile(name, text);
+}
+
+// The save dialog until it is answered. False when nothing is to be saved.
+bool CncWriter::AskForName(std::string& name) {
+    FileDialog& dialog = parts_.Controls.dlgFile;
+    Services& platform = parts_.Platform;
+    const Texts& texts = parts_.Language;
+    for (;;) {
+        dialog.CancelError = true;
+        dialog.FileName = parts_.Controls.lblPath.Caption.Get();
+        try {
+            if (!platform.Dialogs.ShowSave(dialog)) return false;
+        } catch (const RunTimeError& error) {
+            if (error.Number == fault::Cancelled) return false;
+        }
+        name = dialog.FileName;
+        if (name.empty()) {
+            platform.Dialogs.ShowMessage(Notice(texts.MessageTexts(text::NoFileSpecified)));
+            return false;
+        }
+        if (!platform.Files.Exists(name)) return true;
+        std::string question(texts.MessageTexts(text::Overwrite));
+        question += " ";
+        question += ExtractFileName(name);
+        question += "?";
+        const Answer answer = platform.Dialogs.ShowMessage(Question(question, "", Buttons::YesNoCancel));
+        if (answer == Answer::Yes) return true;
+        if (answer == Answer::Cancel) return false;
+    }
+}
+
+void CncWriter::WriteFile(const std::string& name, const std::string& text) {
+    Services& platform = parts_.Platform;
+    // 8. The flag goes first, also where the write fails: deliberate. The new file takes the old one's place
+    // only when it is whole.
+    parts_.Store.ProgramChanged = false;
+    const bool written = Attempt(saveFileName, [&] { platform.Files.WriteWhole(name, text); });
+    if (!written) {
+        platform.Dialogs.ShowMessage(
+            Notice("The file \"" + name + "\" could not be written. The program is still open.", "Save File",
+                   Icon::Exclamation));
+    }
+    // 9.
+    parts_.Controls.lblPath.Caption = name;
+    parts_.Controls.lblFileName.Caption = ExtractFileName(name);
+    Run(parts_.Calls.RefreshTitle);
+}
+
+void CncWriter::mnuSave_Click() {
+    std::int16_t mode = save::ToFile;
+    SaveFile_Click(mode);
+}
+
+void CncWriter::mnuSaveAs_Click() {
+    std::int16_t mode = save::As;
+    SaveFile_Click(mode);
+}
+
+void CncWriter::mnuSaveClipboard_Click() {
+    std::int16_t mode = save::ToClipboard;
+    SaveFile_Click(mode);
+}
+
+}  // namespace kvt

@@ -1,0 +1,24 @@
+#include "files/folders.h"
+
+#include "basic/number.h"
+#include "basic/run_time_error.h"
+
+namespace kvt {
+
+Folders FoldersBelow(std::string_view localDataFolder) {
+    Folders folders;
+    folders.DataFolder = std::string(localDataFolder) + "/EMCO/KVT_" + PlainNumber(VersionMajor) +
+                         PlainNumber(VersionMinor) + PlainNumber(VersionRevision) + "/";
+    folders.SettingsFolder = folders.DataFolder + "Settings/";
+    folders.PreProcessorFolder = folders.DataFolder + "PreProcessors/";
+    return folders;
+}
+
+void MakeFolders(const Folders& folders, FileService& files, const char* procedure) {
+    for (const std::string* folder :
+         {&folders.DataFolder, &folders.SettingsFolder, &folders.PreProcessorFolder}) {
+        Attempt(procedure, [&] { files.MakeFolder(*folder); });
+    }
+}
+
+}  // namespace kvt

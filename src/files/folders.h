@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/services.h"
+
+namespace kvt {
+
+inline constexpr int VersionMajor = 1, VersionMinor = 0, VersionRevision = 0;
+
+// The folders of a user's data, each with a separator at its end. Every version has its own.
+struct Folders {
+    std::string DataFolder;
+    std::string SettingsFolder;
+    std::string PreProcessorFolder;
+};
+
+// The folders below the user's local application data folder.
+Folders FoldersBelow(std::string_view localDataFolder);
+
+// Makes them, with all parents, where they are missing; a failure is reported under the procedure's name.
+void MakeFolders(const Folders& folders, FileService& files, const char* procedure);
+
+}  // namespace kvt

@@ -1,0 +1,135 @@
+#include "headless/disk_files.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+#include "basic/code_page.h"
+
+namespace kvt {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* service = "file";
+
+fs::path PlainPath(std::string name) {
+    std::replace(name.begin(), name.end(), '\\', '/');
+    return fs::path(name);
+}
+
+// The file that a name means: the name in the system's coding, or its bytes where only they are there.
+fs::path PathOf(std::string_view name) {
+    std::error_code ignored;
+    const fs::path coded = PlainPath(ToUtf8(name));
+    const fs::path bytes = PlainPath(std::string(name));
+    return !fs::exists(coded, ignored) && fs::exists(bytes, ignored) ? bytes : coded;
+}
+
+[[noreturn]] void AccessError() { throw RunTimeError(fault::PathFileAccess); }
+
+// Where a save is to land: what a link points at, so that the link stays one.
+fs::path TargetOf(const fs::path& path) {
+    std::error_code failed;
+    const fs::path target = fs::canonical(path, failed);
+    return failed ? path : target;
+}
+
+}  // namespace
+
+std::string NameFromSystem(std::string_view name) {
+    std::string text = FromUtf8(name);
+    return ToUtf8(text) == name ? text : std::string(name);
+}
+
+bool DiskFiles::Exists(std::string_view path) {
+    std::error_code ignored;
+    return !path.empty() && fs::exists(PathOf(path), ignored);
+}
+
+std::string DiskFiles::ReadWhole(std::string_view path) {
+    faults_.Pass(service, fault::PathFileAccess);
+    const fs::path file = PathOf(path);
+    std::error_code failed;
+    if (!fs::exists(file, failed)) throw RunTimeError(failed ? fault::PathFileAccess : fault::FileNotFound);
+    // What is no plain file may never end, or never begin.
+    if (!fs::is_regular_file(file, failed)) AccessError();
+
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream) AccessError();
+    std::string content;
+    const std::uintmax_t size = fs::file_size(file, failed);
+    if (!failed) {
+        if (size > LargestText) AccessError();
+        content.resize(static_cast<std::size_t>(size));
+        stream.read(content.data(), static_cast<std::streamsize>(content.size()));
+        content.resize(static_cast<std::size_t>(stream.gcount()));
+    }
+    // A file that grows meanwhile, or whose size the system does not tell.
+    char more[4096];
+    while (stream.good()) {
+        stream.read(more, sizeof more);
+        content.append(more, static_cast<std::size_t>(stream.gcount()));
+        if (content.size() > LargestText) AccessError();
+    }
+    if (stream.bad()) AccessError();
+    return content;
+}
+
+void DiskFiles::WriteWhole(std::string_view path, std::string_view content) {
+    faults_.Pass(service, fault::PathFileAccess);
+    const fs::path target = TargetOf(PathOf(path));
+    std::error_code failed;
+    const bool replaces = fs::exists(target, failed);
+    if (replaces) {
+        // What is no plain file is not replaced, and a protected one stays what it is.
+        if (!fs::is_regular_file(target, failed)) AccessError();
+        if (!std::ofstream(target, std::ios::binary | std::ios::app)) AccessError();
+    }
+    fs::path fresh = target;
+    fresh += ".~new";
+    {
+        std::ofstream stream(fresh, std::ios::binary | std::ios::trunc);
+        if (!stream) AccessError();
+        stream.write(content.data(), static_cast<std::streamsize>(content.size()));
+        stream.close();
+        if (!stream) {
+            fs::remove(fresh, failed);
+            AccessError();
+        }
+    }
+    if (replaces) fs::permissions(fresh, fs::status(target, failed).permissions(), failed);
+    fs::rename(fresh, target, failed);
+    if (failed) {
+        std::error_code ignored;
+        fs::remove(fresh, ignored);
+        AccessError();
+    }
+}
+
+void DiskFiles::Append(std::string_view path, std::string_view content) {
+    faults_.Pass(service, fault::PathFileAccess);
+    std::ofstream stream(PathOf(path), std::ios::binary | std::ios::app);
+    stream.write(content.data(), static_cast<std::streamsize>(content.size()));
+    stream.close();
+    if (!stream) AccessError();
+}
+
+void DiskFiles::Delete(std::string_view path) {
+    faults_.Pass(service, fault::PathFileAccess);
+    std::error_code failed;
+    const bool removed = fs::remove(PathOf(path), failed);
+    if (failed) AccessError();
+    if (!removed) throw RunTimeError(fault::FileNotFound);
+}
+
+void DiskFiles::MakeFolder(std::string_view path) {
+    faults_.Pass(service, fault::PathFileAccess);
+    std::error_code failed;
+    const fs::path folder = PathOf(path);
+    fs::create_directories(folder, failed);
+    if (failed && !fs::is_directory(folder)) AccessError();
+}
+
+}  // namespace kvt

@@ -1,0 +1,266 @@
+// G02, G03, M99 and M99R. All tests are in program units; the points are truncated to whole numbers.
+
+#include <algorithm>
+#include <cmath>
+
+#include "basic/number.h"
+#include "basic/run_time_error.h"
+#include "basic/text.h"
+#include "interpreter/check_pass.h"
+#include "program/word.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr double pi = 3.14159265358979;
+constexpr double tolerance = 80;
+
+float Truncated(float value) { return static_cast<float>(WholePart(value)); }
+
+double Length(double u, double v) { return std::sqrt(u * u + v * v); }
+
+}  // namespace
+
+void CheckPass::InPlane(float x, float y, float z, float& u, float& v) const {
+    if (store_.ActivePlane == "XY") {
+        u = x;
+        v = y;
+    } else if (store_.ActivePlane == "XZ") {
+        u = x;
+        v = z;
+    } else if (store_.ActivePlane == "YZ") {
+        u = y;
+        v = z;
+    }
+}
+
+bool CheckPass::Arc() {
+    ListRow& item = *item_;
+    // 1.
+    if (mk2_) DeriveMK2ArcZ();
+    // 2.
+    InPlane(Truncated(xBefore_), Truncated(yBefore_), Truncated(zBefore_), store_.ArcStartU,
+            store_.ArcStartV);
+    // 3.
+    ApplyMove();
+    // 4.
+    InPlane(Truncated(x_), Truncated(y_), Truncated(z_), store_.ArcEndU, store_.ArcEndV);
+    // 5.
+    if (store_.ArcStartU == store_.ArcEndU && store_.ArcStartV == store_.ArcEndV) {
+        return EndWith(text::StartAndEndSame);
+    }
+    // 6. On the last row the flags keep their values from the arc before.
+    if (store_.LineCount() > itemRow_) {
+        const ListRow& next = list_.Row(itemRow_ + 1);
+        const CodeKey nextKey = KeyOf(next[column::Code]);
+        nextIsM99_ = nextKey == code::M99;
+        nextIsM99R_ = nextKey == code::M99R;
+        if (nextIsM99_) {
+            Attempt(interpreterName, [&] {
+                i_ = ReadWord(next[column::X]).Value;
+                j_ = ReadWord(next[column::Y]).Value;
+                k_ = ReadWord(next[column::Z]).Value;
+            });
+        }
+    }
+    // 7. to 9.
+    if (FindRadius()) return true;
+    // 10.
+    item[column::Radius] = FieldOfSix(radius_);
+    // 11.
+    const bool direction = (key_ == code::G02) != mill_;
+    // 12. These two moves whatever the plane: deliberate.
+    if (std::abs(dX_) > radius_ || std::abs(dZ_) > radius_) return EndWith(text::RadiusTooSmall);
+    // 13.
+    store_.ArcCenterU = 0;
+    store_.ArcCenterV = 0;
+    Attempt(interpreterName, [&] {
+        FindCenter(store_.ArcStartU, store_.ArcStartV, store_.ArcEndU, store_.ArcEndV, radius_, direction,
+                   store_.ArcCenterU, store_.ArcCenterV);
+    });
+    // 14.
+    WriteArcCenter();
+    // 15.
+    float startU = 0, startV = 0, endU = 0, endV = 0;
+    InPlane(xBefore_, yBefore_, zBefore_, startU, startV);
+    InPlane(x_, y_, z_, endU, endV);
+    Attempt(interpreterName, [&] {
+        WriteArcAngle(Divide(Length(double(endU) - startU, double(endV) - startV) / 2, radius_));
+    });
+    return false;
+}
+
+// That control derives the Z of an arc from its X; what was typed is replaced.
+void CheckPass::DeriveMK2ArcZ() {
+    ListRow& item = *item_;
+    const double x = xNumber_;
+    double derived = std::abs(x);
+    if (store_.AbsoluteMode) {
+        double previousX = 0;
+        double previousZ = 0;
+        Attempt(interpreterName, [&] { previousX = Val(list_.Row(itemRow_ - 1)[column::ToolX]); });
+        Attempt(interpreterName, [&] { previousZ = Val(list_.Row(itemRow_ - 1)[column::ToolZ]); });
+        const double d = std::abs(previousX - (store_.RadiusMode ? x : x / 2));
+        derived = ToLong(std::abs(previousZ - d));
+    }
+    item[column::Z] = "-" + RightPad(Format(derived, "###00"), 5);
+    zTarget_ = static_cast<float>(Val(item[column::Z]));
+    if (store_.AbsoluteMode) dZ_ = zTarget_ - zBefore_;
+}
+
+// True ends the run.
+bool CheckPass::FindRadius() {
+    if (nextIsM99_) return RadiusFromNextLine();
+    if (nextIsM99R_) {
+        radius_ = store_.M99Radius;
+        return false;
+    }
+    return RadiusOfQuadrant();
+}
+
+bool CheckPass::RadiusFromNextLine() {
+    double u = i_;
+    double v = k_;
+    if (store_.ActivePlane == "XY") {
+        v = j_;
+    } else if (store_.ActivePlane == "YZ") {
+        u = j_;
+    }
+    radius_ = static_cast<float>(Length(u, v));
+    // The whole run ends here without a word: deliberate.
+    if (radius_ == 0) return true;
+    (*item_)[column::Radius] = FieldOfSix(radius_);
+    WriteArcAngle(Length(double(x_) - xBefore_, double(z_) - zBefore_) / 2 / radius_);
+    return false;
+}
+
+bool CheckPass::RadiusOfQuadrant() {
+    if (!mk2_) {
+        float first = 0;
+        float second = 0;
+        if (dX_ == 0) {
+            first = dY_;
+            second = dZ_;
+        } else if (dY_ == 0) {
+            first = dX_;
+            second = dZ_;
+        } else if (dZ_ == 0) {
+            first = dX_;
+            second = dY_;
+        }
+        if (std::abs(first) != std::abs(second)) return EndWith(text::NotFullQuadrant);
+    }
+    radius_ = std::abs(store_.ArcStartU - store_.ArcEndU);
+    return false;
+}
+
+void CheckPass::WriteArcCenter() {
+    ListRow& item = *item_;
+    const std::string u = Format(store_.ArcCenterU, "0");
+    const std::string v = Format(store_.ArcCenterV, "0");
+    if (store_.ActivePlane == "XY") {
+        item[column::CenterX] = u;
+        item[column::CenterY] = v;
+        item[column::CenterZ] = Format(z_, "0");
+    } else if (store_.ActivePlane == "XZ") {
+        item[column::CenterX] = u;
+        item[column::CenterZ] = v;
+        item[column::CenterY] = Format(y_, "0");
+    } else if (store_.ActivePlane == "YZ") {
+        item[column::CenterY] = u;
+        item[column::CenterZ] = v;
+        item[column::CenterX] = Format(x_, "0");
+    }
+}
+
+void CheckPass::WriteArcAngle(double half) {
+    const double square = 1 - half * half;
+    if (square <= 0) return;
+    (*item_)[column::Angle] = Format(std::atan(half / std::sqrt(square)) * 360 / pi, "0.0");
+}
+
+// M99 and M99R: the arc in front of them is judged by its centre.
+bool CheckPass::ArcCenterLine(bool radiusForm) {
+    if (itemRow_ == 1) return false;
+    // 1.
+    const CodeKey previous = KeyOf(list_.Row(itemRow_ - 1)[column::Code]);
+    if (previous != code::G02 && previous != code::G03) return EndWith(text::MustFollowArc);
+    // 2.
+    quadrantFlag_ = OverQuadrantLimit();
+    // 3.
+    if (radiusForm) {
+        RewriteRadiusLine();
+        return false;
+    }
+    const double toStart =
+        ArcDistance(store_.ArcCenterU, store_.ArcCenterV, store_.ArcStartU, store_.ArcStartV);
+    const double toEnd = ArcDistance(store_.ArcCenterU, store_.ArcCenterV, store_.ArcEndU, store_.ArcEndV);
+    invalidArcFlag_ = std::abs(toStart - toEnd) > tolerance;
+    return false;
+}
+
+// Whether start and end lie on different sides of the centre. The 1 is deliberate.
+bool CheckPass::OverQuadrantLimit() const {
+    const double startU = store_.ArcStartU, endU = store_.ArcEndU, centerU = store_.ArcCenterU;
+    const double startV = store_.ArcStartV, endV = store_.ArcEndV, centerV = store_.ArcCenterV;
+    return (startU - centerU > tolerance && centerU - endU > 1) ||
+           (centerU - startU > tolerance && endU - centerU > tolerance) ||
+           (startV - centerV > tolerance && centerV - endV > tolerance) ||
+           (centerV - startV > tolerance && endV - centerV > tolerance);
+}
+
+// Turns the radius line into an ordinary M99 for good.
+void CheckPass::RewriteRadiusLine() {
+    ListRow& item = *item_;
+    const double u = WholePart(std::abs(double(store_.ArcStartU) - store_.ArcCenterU));
+    const double v = WholePart(std::abs(double(store_.ArcStartV) - store_.ArcCenterV));
+    const auto cell = [](char letter, double value, std::string_view pattern, std::size_t width) {
+        return letter + RightPad(Format(value, pattern), width);
+    };
+    item[column::Code] = "M99 ";
+    if (!mill_) {
+        item[column::X] = cell('I', u, "##00", 4);
+        item[column::Z] = cell('K', v, "###00", 5);
+        return;
+    }
+    double i = 0, j = 0, k = 0;
+    if (store_.ActivePlane == "XY") {
+        i = u;
+        j = v;
+    } else if (store_.ActivePlane == "XZ") {
+        i = u;
+        k = v;
+    } else if (store_.ActivePlane == "YZ") {
+        j = u;
+        k = v;
+    }
+    item[column::X] = cell('I', i, "##00", 5);
+    item[column::Y] = cell('J', j, "##00", 4);
+    item[column::Z] = cell('K', k, "###00", 5);
+}
+
+double ArcDistance(double aU, double aV, double bU, double bV) { return WholePart(Length(bU - aU, bV - aV)); }
+
+void FindCenter(float startU, float startV, float endU, float endV, float radius, bool direction,
+                float& centerU, float& centerV) {
+    if (radius == 0) return;
+    const double dU = double(endU) - startU;
+    const double dV = double(endV) - startV;
+    const double d = Length(dU, dV);
+    const double s = SquareRoot(double(radius) * radius - (d / 2) * (d / 2));
+    const double offsetU = s * Divide(-dV, d);
+    const double offsetV = s * Divide(dU, d);
+    const double middleU = (double(startU) + endU) / 2;
+    const double middleV = (double(startV) + endV) / 2;
+    const auto aU = static_cast<float>(middleU + offsetU), aV = static_cast<float>(middleV + offsetV);
+    const auto bU = static_cast<float>(middleU - offsetU), bV = static_cast<float>(middleV - offsetV);
+
+    const bool endAboveStart = endV > startV;
+    const bool takesLargerU = direction != endAboveStart;
+    const bool takesA = takesLargerU ? aU >= bU : aU < bU;
+    centerU = Truncated(takesA ? aU : bU);
+    centerV = Truncated(takesA ? aV : bV);
+}
+
+}  // namespace kvt

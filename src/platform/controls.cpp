@@ -1,0 +1,73 @@
+#include "platform/controls.h"
+
+#include "basic/run_time_error.h"
+#include "basic/text.h"
+
+namespace kvt {
+
+void detail::TellChanged(Control& owner, PropertyId id) { owner.Changed(id); }
+
+Control::Control(Form& form, ControlKind kind, std::string_view name, int index)
+    : form_(form), kind_(kind), index_(index), name_(name) {
+    if (kind != ControlKind::Form) {
+        Container = &form;
+        form.controls_.push_back(this);
+    }
+}
+
+Control::~Control() {
+    if (kind_ != ControlKind::Form) std::erase(form_.controls_, this);
+}
+
+void Control::Changed(PropertyId id) {
+    if (View) View->PropertyChanged(*this, id);
+}
+
+bool Control::ReallyVisible() const { return Visible && (!Container || Container->ReallyVisible()); }
+
+bool Control::ReallyEnabled() const { return Enabled && (!Container || Container->ReallyEnabled()); }
+
+Form::Form(std::string_view name) : Control(*this, ControlKind::Form, name) {}
+
+Control* Form::FindControl(std::string_view name, int index) const {
+    for (Control* control : controls_) {
+        if (control->Index() == index && EqualIgnoringCase(control->Name(), name)) return control;
+    }
+    return nullptr;
+}
+
+void TextBox::Changed(PropertyId id) {
+    if (id == PropertyId::Text) {
+        const int length = static_cast<int>(Text.Get().size());
+        const TextSelection selection = Selection.Get();
+        if (selection.Start + selection.Length > length) Selection = TextSelection{};
+    }
+    Control::Changed(id);
+    if (id == PropertyId::Text && OnChange) OnChange();
+}
+
+const std::string& ListBox::Entry(int index) const {
+    if (index < 0 || index >= Count()) throw RunTimeError(fault::SubscriptOutOfRange);
+    return entries_[static_cast<std::size_t>(index)];
+}
+
+void ListBox::SetEntry(int index, std::string_view text) {
+    if (index < 0 || index >= Count()) throw RunTimeError(fault::SubscriptOutOfRange);
+    entries_[static_cast<std::size_t>(index)] = text;
+    Changed(PropertyId::Entries);
+}
+
+void ListBox::AddEntry(std::string_view text) {
+    entries_.emplace_back(text);
+    Changed(PropertyId::Entries);
+}
+
+void ListBox::Clear() {
+    entries_.clear();
+    ListIndex = -1;
+    Changed(PropertyId::Entries);
+}
+
+std::string_view FileDialog::FileTitle() const { return ExtractFileName(FileName); }
+
+}  // namespace kvt

@@ -1,0 +1,227 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/property.h"
+
+namespace kvt {
+
+class Form;
+
+enum class ControlKind : std::uint8_t {
+    Form,
+    Label,
+    TextBox,
+    CheckBox,
+    OptionButton,
+    CommandButton,
+    Frame,
+    ListBox,
+    ListView,
+    Menu,
+    PictureBox,
+    RichText,
+    FileDialog,
+};
+
+// Colours have red in the low byte.
+using Color = std::uint32_t;
+
+// Watches one control and shows it. The logic never looks at views.
+class ControlView {
+public:
+    virtual ~ControlView() = default;
+    virtual void PropertyChanged(Control& control, PropertyId id) = 0;
+};
+
+// What every control has. A control registers with its form under its name; an element of a control array has
+// an index, others -1. Lengths are twips.
+class Control {
+public:
+    Control(Form& form, ControlKind kind, std::string_view name, int index = -1);
+    virtual ~Control();
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    ControlKind Kind() const { return kind_; }
+    const std::string& Name() const { return name_; }
+    int Index() const { return index_; }
+    Form& OwningForm() const { return form_; }
+
+    // The frame or form that the control lies in; the form where nothing was set.
+    Control* Container = nullptr;
+    ControlView* View = nullptr;
+
+    Property<int> Left{*this, PropertyId::Left};
+    Property<int> Top{*this, PropertyId::Top};
+    Property<int> Width{*this, PropertyId::Width};
+    Property<int> Height{*this, PropertyId::Height};
+    Property<bool> Visible{*this, PropertyId::Visible, true};
+    Property<bool> Enabled{*this, PropertyId::Enabled, true};
+    Property<int> TabIndex{*this, PropertyId::TabIndex, -1};
+    TextProperty Tag{*this, PropertyId::Tag};
+    TextProperty ToolTip{*this, PropertyId::ToolTip};
+
+    std::function<void()> OnClick;
+    std::function<void()> OnGotFocus;
+    std::function<void()> OnLostFocus;
+
+    // What a click does, by hand or by code.
+    void Click() {
+        if (OnClick) OnClick();
+    }
+    // Whether the control and all that it lies in are visible (or enabled).
+    bool ReallyVisible() const;
+    bool ReallyEnabled() const;
+
+protected:
+    friend void detail::TellChanged(Control& owner, PropertyId id);
+    virtual void Changed(PropertyId id);
+
+private:
+    Form& form_;
+    ControlKind kind_;
+    int index_;
+    std::string name_;
+};
+
+enum class WindowState { Normal, Minimised, Maximised };
+
+// A window. Keeps the list of its controls in the order of their making.
+class Form : public Control {
+public:
+    explicit Form(std::string_view name);
+
+    TextProperty Caption{*this, PropertyId::Caption};
+    Property<WindowState> State{*this, PropertyId::WindowState, WindowState::Normal};
+
+    const std::vector<Control*>& Controls() const { return controls_; }
+    // The control of a name (case ignored) and index; null where there is none.
+    Control* FindControl(std::string_view name, int index = -1) const;
+
+private:
+    friend class Control;
+    std::vector<Control*> controls_;
+};
+
+class Label : public Control {
+public:
+    Label(Form& form, std::string_view name, std::string_view caption = {})
+        : Control(form, ControlKind::Label, name), Caption(*this, PropertyId::Caption, caption) {}
+    TextProperty Caption;
+    Property<Color> ForeColor{*this, PropertyId::ForeColor};
+};
+
+// Selection positions count from 0, as characters in front.
+struct TextSelection {
+    int Start = 0;
+    int Length = 0;
+    bool operator==(const TextSelection&) const = default;
+};
+
+class TextBox : public Control {
+public:
+    TextBox(Form& form, std::string_view name) : Control(form, ControlKind::TextBox, name) {}
+    TextProperty Text{*this, PropertyId::Text};
+    Property<TextSelection> Selection{*this, PropertyId::Selection};
+    Property<Color> ForeColor{*this, PropertyId::ForeColor};
+
+    std::function<void()> OnChange;
+
+    void SelectAll() { Selection = TextSelection{0, static_cast<int>(Text.Get().size())}; }
+
+protected:
+    void Changed(PropertyId id) override;
+};
+
+class CommandButton : public Control {
+public:
+    CommandButton(Form& form, std::string_view name, std::string_view caption = {}, int index = -1)
+        : Control(form, ControlKind::CommandButton, name, index),
+          Caption(*this, PropertyId::Caption, caption) {}
+    TextProperty Caption;
+};
+
+// Value is 0 or 1.
+class CheckBox : public Control {
+public:
+    CheckBox(Form& form, std::string_view name, std::string_view caption = {}, int value = 0)
+        : Control(form, ControlKind::CheckBox, name),
+          Caption(*this, PropertyId::Caption, caption),
+          Value(*this, PropertyId::Value, value) {}
+    TextProperty Caption;
+    Property<int> Value;
+};
+
+class OptionButton : public Control {
+public:
+    OptionButton(Form& form, std::string_view name, std::string_view caption = {}, int index = -1)
+        : Control(form, ControlKind::OptionButton, name, index),
+          Caption(*this, PropertyId::Caption, caption) {}
+    TextProperty Caption;
+    Property<bool> Value{*this, PropertyId::Value};
+};
+
+class Frame : public Control {
+public:
+    Frame(Form& form, std::string_view name, std::string_view caption = {})
+        : Control(form, ControlKind::Frame, name), Caption(*this, PropertyId::Caption, caption) {}
+    TextProperty Caption;
+};
+
+class Menu : public Control {
+public:
+    Menu(Form& form, std::string_view name, std::string_view caption = {}, int index = -1)
+        : Control(form, ControlKind::Menu, name, index), Caption(*this, PropertyId::Caption, caption) {}
+    TextProperty Caption;
+    Property<bool> Checked{*this, PropertyId::Checked};
+};
+
+// A picture without a pen, and a document laid over the program list.
+class Picture : public Control {
+public:
+    Picture(Form& form, std::string_view name) : Control(form, ControlKind::PictureBox, name) {}
+};
+
+class RichText : public Control {
+public:
+    RichText(Form& form, std::string_view name) : Control(form, ControlKind::RichText, name) {}
+    TextProperty Text{*this, PropertyId::Text};
+};
+
+// An ordered list of texts with a selected index; both count from 0, -1 for no selection.
+class ListBox : public Control {
+public:
+    ListBox(Form& form, std::string_view name) : Control(form, ControlKind::ListBox, name) {}
+    Property<int> ListIndex{*this, PropertyId::ListIndex, -1};
+    Property<Color> ForeColor{*this, PropertyId::ForeColor};
+
+    int Count() const { return static_cast<int>(entries_.size()); }
+    // The entry at an index, error 9 outside the list.
+    const std::string& Entry(int index) const;
+    void SetEntry(int index, std::string_view text);
+    void AddEntry(std::string_view text);
+    void Clear();
+    const std::vector<std::string>& Entries() const { return entries_; }
+
+private:
+    std::vector<std::string> entries_;
+};
+
+// What the user chose for a file. FileName is the whole path, FileTitle the name without its folder.
+class FileDialog : public Control {
+public:
+    FileDialog(Form& form, std::string_view name) : Control(form, ControlKind::FileDialog, name) {
+        Visible = false;
+    }
+    std::string FileName;
+    std::string Filter;
+    bool CancelError = false;
+
+    std::string_view FileTitle() const;
+};
+
+}  // namespace kvt

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "platform/cell.h"
+#include "platform/controls.h"
+
+namespace kvt {
+
+inline constexpr int SubItemCount = 19;
+
+// One row of a list view: column 0 is the item text, columns 1 to 18 the sub-items.
+class ListRow {
+public:
+    // The cell of a column, 0 to 18; another column is error 9.
+    Cell& operator[](int column) { return cells_[Checked(column)]; }
+    const Cell& operator[](int column) const { return cells_[Checked(column)]; }
+
+    // Text colour of sub-items 1 to 7.
+    Color ForeColor = 0;
+
+private:
+    static std::size_t Checked(int column) {
+        if (column < 0 || column >= SubItemCount) NoSuchColumn();
+        return static_cast<std::size_t>(column);
+    }
+    [[noreturn]] static void NoSuchColumn();
+    std::array<Cell, SubItemCount> cells_;
+};
+
+struct ColumnHeader {
+    std::string Text;
+    int Width = 0;
+};
+
+// A list of rows of cells, addressed by a 1-based row index. While it has rows one of them is selected.
+// Writing a cell does not tell the view; RowsChanged does, once, at the end of an operation.
+class ListView : public Control {
+public:
+    ListView(Form& form, std::string_view name) : Control(form, ControlKind::ListView, name) {}
+
+    int Count() const { return static_cast<int>(rows_.size()); }
+    // A row, 1 to Count; another index is error 9.
+    ListRow& Row(int row) {
+        if (row < 1 || row > Count()) NoSuchRow();
+        return rows_[static_cast<std::size_t>(row) - 1];
+    }
+    const ListRow& Row(int row) const { return const_cast<ListView*>(this)->Row(row); }
+
+    void Reserve(int rows) { rows_.reserve(static_cast<std::size_t>(rows)); }
+    ListRow& AddRow();
+    // Puts an empty row at a place, 1 to Count + 1; the selected row stays selected.
+    ListRow& InsertRow(int row);
+    void RemoveRow(int row);
+    void Clear();
+
+    // 0 where the list is empty. Selecting by code calls no click handler; an index outside is error 9.
+    int SelectedRow() const { return selected_; }
+    void Select(int row);
+    // First row in sight, 1 for an empty list.
+    int TopRow() const { return top_; }
+    // Scrolls as little as it takes to have the row in sight.
+    void EnsureVisible(int row);
+    // How many rows the list's height shows, at least 1.
+    int VisibleRows() const;
+
+    // Column headers count from 1; header c + 1 belongs to sub-item c. Another index is error 9.
+    const ColumnHeader& Header(int header) const { return headers_[CheckedHeader(header)]; }
+    void SetHeaderText(int header, std::string_view text);
+    void SetHeaderWidth(int header, int twips);
+
+    // Tells the view that cells, colours or rows have changed.
+    void RowsChanged() { Changed(PropertyId::Rows); }
+
+    std::function<void(int header)> OnColumnClick;
+
+private:
+    [[noreturn]] static void NoSuchRow();
+    static std::size_t CheckedHeader(int header);
+
+    std::vector<ListRow> rows_;
+    std::array<ColumnHeader, SubItemCount> headers_;
+    int selected_ = 0;
+    int top_ = 1;
+};
+
+}  // namespace kvt

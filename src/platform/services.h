@@ -1,0 +1,107 @@
+#pragma once
+
+#include <ctime>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/controls.h"
+
+// What the rooms ask of the platform. Each half implements it; failures are RunTimeErrors.
+namespace kvt {
+
+// A text longer than this is refused with error 75.
+inline constexpr std::size_t LargestText = std::size_t{64} << 20;
+
+// Files by path; both "\" and "/" separate folders.
+class FileService {
+public:
+    virtual ~FileService() = default;
+    virtual bool Exists(std::string_view path) = 0;
+    // The whole content. No file is error 53; a folder, what is no plain file, no permission or a text beyond
+    // LargestText error 75.
+    virtual std::string ReadWhole(std::string_view path) = 0;
+    // Writes the whole content through a new file, which takes the place of the old one only when it is
+    // complete. A failure is error 75 and leaves the old file as it was.
+    virtual void WriteWhole(std::string_view path, std::string_view content) = 0;
+    // Adds to a file's end and makes the file where it is missing; error 75.
+    virtual void Append(std::string_view path, std::string_view content) = 0;
+    // No file is error 53, another failure error 75.
+    virtual void Delete(std::string_view path) = 0;
+    // Makes a folder with its parents; one that exists is fine. Error 75.
+    virtual void MakeFolder(std::string_view path) = 0;
+};
+
+enum class Icon : std::uint8_t { None, Information, Exclamation, Question, Critical };
+enum class Buttons : std::uint8_t { Ok, YesNo, YesNoCancel };
+enum class Answer : std::uint8_t { Ok, Yes, No, Cancel };
+
+struct MessageBox {
+    std::string Text;
+    std::string Title;
+    Icon Picture = Icon::None;
+    Buttons Choice = Buttons::Ok;
+};
+
+// A box with a text and an OK button.
+inline MessageBox Notice(std::string_view text, std::string_view title = {}, Icon picture = Icon::None) {
+    return {std::string(text), std::string(title), picture, Buttons::Ok};
+}
+// A question under a title.
+inline MessageBox Question(std::string_view text, std::string_view title, Buttons choice = Buttons::YesNo) {
+    return {std::string(text), std::string(title), Icon::None, choice};
+}
+
+class DialogService {
+public:
+    virtual ~DialogService() = default;
+    virtual Answer ShowMessage(const MessageBox& box) = 0;
+    // Show the dialog and put the chosen name into FileName. False when it was cancelled: the name stays then,
+    // and with CancelError set the cancel is error 32755.
+    virtual bool ShowOpen(FileDialog& dialog) = 0;
+    virtual bool ShowSave(FileDialog& dialog) = 0;
+};
+
+class ClipboardService {
+public:
+    virtual ~ClipboardService() = default;
+    virtual std::string GetText() = 0;
+    virtual void Clear() = 0;
+    virtual void SetText(std::string_view text) = 0;
+};
+
+// Twips.
+class ScreenService {
+public:
+    virtual ~ScreenService() = default;
+    virtual int Width() = 0;
+    virtual int Height() = 0;
+    virtual int WorkAreaHeight() = 0;
+};
+
+class SystemService {
+public:
+    virtual ~SystemService() = default;
+    // Lets the system deliver what has come up. False when nothing can come any more: a wait then ends.
+    virtual bool DoEvents() = 0;
+    virtual std::tm Now() = 0;
+};
+
+// The control that takes the keys. One that is hidden or disabled does not take the focus.
+class FocusService {
+public:
+    virtual ~FocusService() = default;
+    virtual void SetFocus(Control& control) = 0;
+    virtual Control* Focused() = 0;
+};
+
+struct Services {
+    FileService& Files;
+    DialogService& Dialogs;
+    ClipboardService& Clipboard;
+    ScreenService& Screen;
+    SystemService& System;
+    FocusService& Focus;
+};
+
+}  // namespace kvt

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+namespace kvt {
+
+// The bounds of the machines, in program units (1/100 mm or 1/1000 inch), indexed from 1.
+class LimitTable {
+public:
+    static constexpr int Size = 23;
+
+    // Fills the table; with limits disabled each entry passes through NoLimit.
+    void Fill(bool disableLimitsCheck);
+    // The entry of an index, 1 to 23.
+    std::int32_t operator()(int index) const { return values_[static_cast<std::size_t>(index) - 1]; }
+
+private:
+    std::array<std::int32_t, Size> values_ = {};
+};
+
+// Indices of LimitTable by the number that stands there.
+namespace limit {
+inline constexpr int Zero = 1, Two = 2, Ten = 3, N199 = 4, N221 = 5, N499 = 6, N999 = 7, Minus1999 = 8,
+                     Plus1999 = 9, Minus3999 = 10, Plus3999 = 11, Minus5999 = 12, Plus5999 = 13,
+                     Minus7999 = 14, Plus7999 = 15, Minus9999 = 16, Plus9999 = 17, Minus12900 = 18,
+                     Plus12900 = 19, Minus19999 = 20, Plus19999 = 21, Minus32760 = 22, Plus32760 = 23;
+}  // namespace limit
+
+// Widens a bound to the largest number of the same decimal width. Positive lower bounds rise with it: 2 gives
+// 9 and 10 gives 99, which is deliberate.
+std::int32_t NoLimit(std::int32_t value);
+
+}  // namespace kvt

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/controls.h"
+#include "program/program_store.h"
+
+namespace kvt {
+
+// The options and menu entries that choose the machine and the units, and the label that names the units.
+class MachineControls {
+public:
+    MachineControls(Form& form, ProgramStore& store);
+
+    OptionButton optSettingsMK2, optSettingsMK4, optSettingsF1CNC;
+    OptionButton optSettingsMm, optSettingsInch;
+    OptionButton optSettingsHmm, optSettingsHinch, optSettingsVmm, optSettingsVinch;
+    Menu mnuINCHtoMM, mnuMMtoINCH;
+    Label lblPPUnits;
+
+    // Sets Metric from "Metric" or "Imperial" and lets the options, menu entries and the label follow. Runs no
+    // click handler. Another name changes nothing.
+    void SetUnits(std::string_view name);
+    // The same with the units that are in force.
+    void RefreshUnits();
+    // Puts the machine options to the machine in force.
+    void RefreshMachineOptions();
+
+private:
+    ProgramStore& store_;
+};
+
+}  // namespace kvt

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/list_view.h"
+#include "program/limits.h"
+
+namespace kvt {
+
+// Columns of a program row. Column header c + 1 belongs to column c.
+namespace column {
+inline constexpr int Number = 1, Code = 2, X = 3, Y = 4, Z = 5, F = 6, H = 7, Error = 8, ToolX = 9,
+                     ToolY = 10, ToolZ = 11, CenterX = 12, CenterY = 13, CenterZ = 14, Radius = 15,
+                     Angle = 16, Time = 17, Comment = 18;
+}  // namespace column
+
+inline constexpr int ErrorHeader = 9;
+
+// The program and the state that several rooms read. The rows of lvCncProgram are the program: row i holds
+// line number i - 1, and whoever reads it parses the cells anew. Numbers in cells are whole numbers of
+// 1/100 mm when Metric, 1/1000 inch otherwise.
+struct ProgramStore {
+    explicit ProgramStore(Form& form);
+
+    ListView lvCncProgram;
+
+    // Settings.
+    std::string Machine = "MK4";
+    bool Metric = true;
+    bool Horizontal = false;
+    bool DisableLimitsCheck = false;
+    Color AbsColor = 0x000000;
+    Color IncrColor = 0xFF0000;
+    LimitTable LimitValues;
+
+    // State of the check pass that outlives it.
+    bool AbsoluteMode = false;
+    bool RadiusMode = false;
+    bool EndCodePresent = false;
+    bool ArcPresent = false;
+    bool ProgramChanged = false;
+    bool EditorRunMode = false;
+    bool StepGranted = false;
+    bool ErrorFlagged = false;
+    int ErrorRow = 0;
+    float ErrorLine = 0;
+    std::string ActivePlane;
+    float ArcStartU = 0, ArcStartV = 0, ArcEndU = 0, ArcEndV = 0, ArcCenterU = 0, ArcCenterV = 0;
+    float M99Radius = 0;
+
+    bool TransmitActive = false;
+
+    bool IsMK2() const;
+    bool IsMK4() const;
+    bool IsF1() const;
+
+    // Number of program lines; the trailing "NN" row does not count.
+    int LineCount() const;
+    // 160 lines on MK2, 210 otherwise; one less while no end code is present, which reserves its row.
+    int MaxLines() const;
+    // Restores the trailing blank row after any change of the rows, and selects it or the row selected before.
+    void AddBlankLine(bool selectNew);
+};
+
+}  // namespace kvt

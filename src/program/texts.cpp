@@ -1,0 +1,95 @@
+#include "program/texts.h"
+
+#include "basic/run_time_error.h"
+#include "basic/text.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr DefaultText programErrorDefaults[] = {
+    {1, "!Unknown ControlCommand"},
+    {2, "!Start and End same value"},
+    {3, "!1 quadrant max"},
+    {4, "!G24 must precede G90/G92"},
+    {5, "!Invalid SUB"},
+    {6, "!Max 5 nested SUBs"},
+    {7, "!Endless loop"},
+    {8, "!Line doesn't exist"},
+    {9, "!RETURN without SUB"},
+    {10, "!Must be preceded by G02/03"},
+    {12, "!Division-of-cut error"},
+    {13, "!Not a full quadrant"},
+    {14, "!Invalid arc"},
+    {15, "!Radius too small"},
+    {16, "!Must be preceded by M06"},
+    {17, "!Pocket too small for tool radius"},
+    {18, "!Too many lines executed"},
+};
+
+constexpr DefaultText errorDefaults[] = {
+    {1, "No Lines of code present"},
+    {3, "Delete selected line?"},
+    {4, "Maximum number of lines has been reached"},
+    {6, "Entered value must be numeric"},
+    {8, "!No 3-d allowed"},
+    {9, "Unknown code"},
+};
+
+constexpr DefaultText messageDefaults[] = {
+    {1, "Do you want to save the open file now?"},
+    {2, "File has been changed. Clear anyway?"},
+    {3, "Continue?"},
+    {4, "Clear?"},
+    {5, "No file specified"},
+    {11, "minimum"},
+    {12, "maximum"},
+    {13, "Program Version"},
+    {14, "Language Module"},
+    {15, "The file"},
+    {16, " does not appear to be an Emco CNC formatted file"},
+    {17, "File Recognizing Problem"},
+    {19, "Overwrite"},
+    {20, "Lowest value for this field is"},
+    {21, "Highest value for this field is"},
+    {23, "max RPM"},
+    {24, "L"},
+    {25, "R"},
+    {26, "To maximise the screen, drag down taskbar until it is invisible or set it to auto hide"},
+    {27,
+     "The lower part of your view will be blocked by the taskbar. You could drag down the taskbar until it "
+     "is "
+     "invisible or set it to auto hide."},
+};
+
+constexpr DefaultText drawErrorDefaults[] = {
+    {6, " (ControlCommand not recognised)"},
+};
+
+}  // namespace
+
+std::string_view LanguageText(std::string_view defaultText, std::string_view text) {
+    return Trim(text).empty() ? defaultText : text;
+}
+
+std::string_view TextTable::operator()(int index) const {
+    if (index < 1 || index > Size()) throw RunTimeError(fault::SubscriptOutOfRange);
+    std::string_view defaultText;
+    for (std::size_t i = 0; i < defaultCount_; ++i) {
+        if (defaults_[i].Index == index) defaultText = defaults_[i].Text;
+    }
+    return LanguageText(defaultText, entries_[static_cast<std::size_t>(index) - 1]);
+}
+
+void TextTable::Set(int index, std::string_view text) {
+    if (index < 1 || index > Size()) throw RunTimeError(fault::SubscriptOutOfRange);
+    entries_[static_cast<std::size_t>(index) - 1] = text;
+}
+
+Texts::Texts()
+    : ProgramErrorTexts(22, programErrorDefaults),
+      ErrorTexts(30, errorDefaults),
+      MessageTexts(31, messageDefaults),
+      DrawErrorTexts(20, drawErrorDefaults) {}
+
+}  // namespace kvt

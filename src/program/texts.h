@@ -1,0 +1,61 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kvt {
+
+// text if it is not blank after trimming, else the default.
+std::string_view LanguageText(std::string_view defaultText, std::string_view text);
+
+struct DefaultText {
+    int Index;
+    const char* Text;
+};
+
+// One table of messages, indexed from 1. The entries come from a language module; a blank one gives the
+// built-in English.
+class TextTable {
+public:
+    template <std::size_t N>
+    TextTable(int size, const DefaultText (&defaults)[N])
+        : entries_(static_cast<std::size_t>(size)), defaults_(defaults), defaultCount_(N) {}
+
+    int Size() const { return static_cast<int>(entries_.size()); }
+    // The text to show; an index outside the table is error 9.
+    std::string_view operator()(int index) const;
+    // What the language module set; an index outside the table is error 9.
+    void Set(int index, std::string_view text);
+
+private:
+    std::vector<std::string> entries_;
+    const DefaultText* defaults_;
+    std::size_t defaultCount_;
+};
+
+// All texts that the logic shows or tests.
+struct Texts {
+    Texts();
+
+    TextTable ProgramErrorTexts;
+    TextTable ErrorTexts;
+    TextTable MessageTexts;
+    TextTable DrawErrorTexts;
+    std::string ErrorHeaderText = "Error in line";
+    std::string EntryCaption = "Parameters";
+};
+
+// Indices that several places use.
+namespace text {
+inline constexpr int UnknownControlCommand = 1, StartAndEndSame = 2, OneQuadrantMax = 3, G24BeforeG90 = 4,
+                     InvalidSub = 5, MaxNestedSubs = 6, EndlessLoop = 7, NoSuchLine = 8, ReturnWithoutSub = 9,
+                     MustFollowArc = 10, DivisionOfCut = 12, NotFullQuadrant = 13, InvalidArc = 14,
+                     RadiusTooSmall = 15, MustFollowM06 = 16, PocketTooSmall = 17, TooManyLines = 18;
+inline constexpr int NoLines = 1, MaximumLines = 4, No3d = 8;
+inline constexpr int SaveNow = 1, ClearAnyway = 2, ContinueTitle = 3, ClearTitle = 4, NoFileSpecified = 5,
+                     Minimum = 11, Maximum = 12, TheFile = 15, NotACncFile = 16, RecognizingProblem = 17,
+                     Overwrite = 19, LeftAngle = 24, RightAngle = 25;
+}  // namespace text
+
+}  // namespace kvt

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace kvt {
+
+// What a lower room sets off in one above it. The shell fills it once; a call that no window has filled does
+// nothing.
+struct WorkbenchCalls {
+    std::function<void()> cmdReturn_Click;
+    std::function<void()> ClearProgram_Click;
+    // Repaints the drawing where its window is up; with the argument only if it follows every edit.
+    std::function<void()> mnuDraw_Click;
+    std::function<void()> RedrawAfterEdit;
+    std::function<void()> ControlsPositioning;
+    std::function<void()> RefreshMachine;
+    std::function<void()> RefreshTitle;
+    std::function<void(std::string_view initial)> FirstFieldFocus;
+    std::function<void(const std::string& fileName)> LoadLanguageModule;
+};
+
+// Runs a call where one is there.
+template <class Call, class... Arguments>
+void Run(const std::function<Call>& call, Arguments&&... arguments) {
+    if (call) call(std::forward<Arguments>(arguments)...);
+}
+
+}  // namespace kvt

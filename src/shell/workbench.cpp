@@ -1,0 +1,200 @@
+#include "shell/workbench.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr const char* windowTitle = "Kestrel Vise Toolkit";
+constexpr int firstWidth = 13800;
+constexpr int firstHeight = 8720;
+constexpr int listHeight = firstHeight - 3370;
+
+}  // namespace
+
+Workbench::Workbench(Services& services)
+    : Platform(services),
+      Log(services),
+      frmMain("frmMain"),
+      Main(frmMain),
+      Store(frmMain),
+      Lists(frmMain),
+      Machine(frmMain, Store),
+      Results(frmMain),
+      Entry(frmMain),
+      File(frmMain),
+      View(frmMain, Store, services.Screen),
+      Interpreter(Store, Language, Lists, Results, View, Entry.txtComment, services, Calls),
+      Options(Store, View, Lists, Interpreter, Calls),
+      Layout(Entry, Store, Lists, services.Focus),
+      Lines(Entry, Layout, Store, View, Interpreter, services.Focus, Calls),
+      Writer({Store, File, Entry, Layout, Lines, Language, services, Calls}),
+      Reader({Store, File, Entry, Layout, Machine, View, Options, Interpreter, Language, services, Calls,
+              Writer}) {
+    frmMain.Caption = windowTitle;
+    frmMain.Width = firstWidth;
+    frmMain.Height = firstHeight;
+    Store.lvCncProgram.Height = listHeight;
+    PlaceInFrames();
+    FillCalls();
+    RefreshMachine();
+    View.MakeMachineTimeColumn();
+    ShowCodeLists();
+}
+
+void Workbench::FillCalls() {
+    Calls.cmdReturn_Click = [this] { cmdReturn_Click(); };
+    Calls.ClearProgram_Click = [this] { ClearProgram_Click(); };
+    Calls.RefreshMachine = [this] { RefreshMachine(); };
+    Calls.FirstFieldFocus = [this](std::string_view initial) { Layout.FirstFieldFocus(initial); };
+    Entry.cmdReturn.OnClick = [this] { cmdReturn_Click(); };
+}
+
+void Workbench::PlaceInFrames() {
+    const auto put = [](Frame& frame, std::initializer_list<Control*> inside) {
+        for (Control* control : inside) control->Container = &frame;
+    };
+    put(Main.frControlPanel, {&File.lblPath, &File.lblFileName});
+    put(Main.frSetReplace, {&Entry.txtFeedA, &Entry.txtFeedB, &Entry.cmdFeedA, &Entry.cmdFeedB});
+    put(Main.frView, {&View.chkViewToolPos, &View.chkViewLineProperties, &View.chkViewMachineTime,
+                      &View.chkViewGcode, &View.chkViewFileNotes});
+    put(Main.frProgramProperties,
+        {&Machine.lblPPUnits, &Results.lblPPLines, &Results.lblPPLinesExe, &Results.lblPPMachineTime});
+    put(Main.frAxesProperties, {&Main.frXAxis, &Main.frYaxis, &Main.frZAxis});
+    put(Main.frXAxis, {&Results.lblXAxisMin, &Results.lblXAxisMax, &Results.lblXAxisTravel});
+    put(Main.frYaxis, {&Results.lblYAxisMin, &Results.lblYAxisMax, &Results.lblYAxisTravel});
+    put(Main.frZAxis, {&Results.lblZAxisMin, &Results.lblZAxisMax, &Results.lblZAxisTravel});
+    put(Main.frFileNotes, {&File.txtFileNotes});
+    put(Main.frCmdEditor1, {&Main.cmdInsert, &Main.cmdDelete});
+    put(Main.frCmdEditor3, {&Results.cmdRun, &Results.cmdStep, &Results.cmdStop});
+
+    frozenControls_ = {&Main.mnuFile,
+                       &Main.mnuSettings,
+                       &Main.mnuXfer,
+                       &Main.mnuConvert,
+                       &Main.mnuHelp,
+                       &Main.frControlPanel,
+                       &Main.frSetReplace,
+                       &Entry.txtFeedA,
+                       &Entry.txtFeedB,
+                       &Main.frView,
+                       &View.chkViewToolPos,
+                       &View.chkViewLineProperties,
+                       &View.chkViewMachineTime,
+                       &View.chkViewGcode,
+                       &View.chkViewFileNotes,
+                       &Main.frProgramProperties,
+                       &Machine.lblPPUnits,
+                       &Results.lblPPLines,
+                       &Results.lblPPLinesExe,
+                       &Results.lblPPMachineTime,
+                       &Main.frAxesProperties,
+                       &Main.frXAxis,
+                       &Main.frYaxis,
+                       &Main.frZAxis,
+                       &Results.lblXAxisMin,
+                       &Results.lblXAxisMax,
+                       &Results.lblXAxisTravel,
+                       &Results.lblYAxisMin,
+                       &Results.lblYAxisMax,
+                       &Results.lblYAxisTravel,
+                       &Results.lblZAxisMin,
+                       &Results.lblZAxisMax,
+                       &Results.lblZAxisTravel,
+                       &Lists.lstMK2Gcodes,
+                       &Main.lstMK2Mcodes,
+                       &Lists.lstMK4Gcodes,
+                       &Lists.lstMK4Mcodes,
+                       &Main.frFileNotes,
+                       &File.txtFileNotes,
+                       &Entry.frEntry,
+                       &Main.frCmdEditor1,
+                       &Main.frCmdEditor2,
+                       &Main.cmdInsert,
+                       &Results.cmdRun,
+                       &Main.cmdDelete,
+                       &Results.cmdStep,
+                       &Results.cmdStop,
+                       &Entry.cmdFeedA,
+                       &Entry.cmdFeedB};
+    for (const auto& button : Main.cmdTopButtons) frozenControls_.push_back(button.get());
+}
+
+void Workbench::ControlsEnable(int enable) {
+    ControlsOn = enable != 0;
+    for (Control* control : frozenControls_) control->Enabled = ControlsOn;
+    if (!Store.EditorRunMode) Main.frCmdEditor3.Enabled = ControlsOn;
+    // A transmission can be stopped.
+    if (Store.TransmitActive) Results.cmdStop.Enabled = true;
+}
+
+void Workbench::cmdReturn_Click() {
+    ControlsEnable(1);
+    for (Control* overlay : std::initializer_list<Control*>{
+             &Entry.cmdReturn, &Main.rtfAbout, &Main.lstAbout, &Main.rtfHelp, &Main.rtfGcodeHelpMK2,
+             &Main.rtfGcodeHelpMK4, &Entry.picXYaxes, &Entry.picZXaxes}) {
+        overlay->Visible = false;
+    }
+}
+
+void Workbench::ClearProgram_Click() {
+    // 1.
+    cmdReturn_Click();
+    // 2.
+    if (Store.LineCount() > 0 && Store.ProgramChanged) {
+        const Answer answer = Platform.Dialogs.ShowMessage(
+            Question(Language.MessageTexts(text::ClearAnyway), Language.MessageTexts(text::ClearTitle)));
+        if (answer == Answer::No) return;
+    }
+    // 3.
+    Store.lvCncProgram.Clear();
+    Entry.txtGMcode.Text = "";
+    Entry.txtComment.Text = "";
+    Lists.lstMK4Gcodes.ListIndex = -1;
+    Lists.lstMK4Mcodes.ListIndex = -1;
+    File.lblPath.Caption = "";
+    File.lblFileName.Caption = "";
+    File.txtFileNotes.Text = "";
+    Entry.frEntry.Caption = Language.EntryCaption;
+    Store.ProgramChanged = false;
+    Store.EndCodePresent = false;
+    // 4.
+    Interpreter.ClearAxesProperties();
+    Layout.ClearEntryFields();
+    Interpreter.RefreshLineCount();
+    View.MakeLinePropertiesColumns();
+    RefreshMachine();
+    Interpreter.Interpreter();
+    // 5.
+    Run(Calls.mnuDraw_Click);
+    // 6.
+    ShowCodeLists();
+    if (Entry.txtGMcode.ReallyVisible()) Platform.Focus.SetFocus(Entry.txtGMcode);
+}
+
+void Workbench::RefreshMachine() {
+    Run(Calls.RefreshTitle);
+    Machine.RefreshMachineOptions();
+    View.MakeToolpositionColums();
+    View.MakeLinePropertiesColumns();
+    View.MakeMachineColumns();
+    Run(Calls.ControlsPositioning);
+    Entry.lblGMcode.Caption = "G";
+    Machine.RefreshUnits();
+    if (Store.IsF1()) {
+        Entry.picXYaxes.Visible = true;
+        Entry.picXYaxes.Enabled = true;
+        Entry.cmdReturn.Visible = true;
+        Entry.cmdReturn.Enabled = true;
+    }
+}
+
+void Workbench::ShowCodeLists() {
+    Lists.lstMK2Gcodes.Visible = Store.IsMK2();
+    Main.lstMK2Mcodes.Visible = Store.IsMK2();
+    Lists.lstMK4Gcodes.Visible = Store.IsMK4();
+    Lists.lstMK4Mcodes.Visible = Store.IsMK4();
+    Lists.lstF1Gcodes.Visible = Store.IsF1();
+    Lists.lstF1Mcodes.Visible = Store.IsF1();
+}
+
+}  // namespace kvt

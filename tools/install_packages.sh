@@ -1,0 +1,54 @@
+#!/usr/bin/env bash
+# Installs those packages of tools/packages.txt that this machine lacks.
+#
+# Usage: tools/install_packages.sh [build]
+#   build   only the packages that building and running need; without it all of them
+set -euo pipefail
+
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+group=${1:-all}
+case $group in
+    all | build) ;;
+    *) echo "usage: tools/install_packages.sh [build]" >&2; exit 2 ;;
+esac
+
+# Names of the group, a line each: comments and blanks off, what stands under "# [test]" only for all.
+names() {
+    if [ "$group" = build ]; then
+        sed '/^# \[test\]/,$d' "$here/packages.txt"
+    else
+        cat "$here/packages.txt"
+    fi | sed -e 's/#.*//' -e 's/[[:space:]]//g' -e '/^$/d'
+}
+mapfile -t wanted < <(names)
+
+if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+    echo "install_packages: no Debian packages on this system, so please see to these yourself: ${wanted[*]}" >&2
+    exit 0
+fi
+
+# dpkg-query answers for all names in one call; one that it does not know is missing like any other.
+installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' "${wanted[@]}" 2>/dev/null | sed -n 's/^installed //p') ||
+    true
+missing=()
+for name in "${wanted[@]}"; do
+    grep -qxF -- "$name" <<<"$installed" || missing+=("$name")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+        echo "install_packages: you are not root and there is no sudo; have these installed: ${missing[*]}" >&2
+        exit 1
+    fi
+    as_root=(sudo)
+fi
+
+echo "Installing: ${missing[*]}" >&2
+apt() { "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq "$@" >&2; }
+apt update || echo "install_packages: the package lists could not be brought up to date, trying with the old ones" >&2
+if ! apt install -y --no-install-recommends "${missing[@]}"; then
+    echo "install_packages: not all of these could be installed: ${missing[*]}" >&2
+    exit 1
+fi

@@ -1,0 +1,48 @@
+#!/usr/bin/env bash
+# Builds the workbench and opens it.
+#
+# Usage: tools/run.sh [FILE]
+#   With a display the window opens, with FILE in it if one is named. Without one, FILE is checked in the
+#   terminal, and its exit status is that of kvtc check.
+set -euo pipefail
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+if [ $# -gt 1 ] || [[ ${1:-} == -* ]]; then
+    echo "usage: tools/run.sh [FILE]" >&2
+    exit 2
+fi
+
+# What comes of the building goes to standard error, so that the output is the workbench's alone.
+"$root/tools/install_packages.sh" build
+(
+    cd "$root"
+    cmake --preset release --log-level=WARNING
+    cmake --build --preset release --target apps
+) >&2
+bin=$root/build/release/bin
+
+if [ -x "$bin/kvt" ] && [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    exec "$bin/kvt" "$@"
+fi
+
+if [ -x "$bin/kvt" ]; then
+    why="there is no display here"
+else
+    why="the window is not part of this build"
+fi
+if [ $# -eq 0 ]; then
+    echo "usage: tools/run.sh FILE ($why, so name a program to check; there are some in $root/samples/)" >&2
+    exit 2
+fi
+echo "Checking $1 in the terminal: $why." >&2
+status=0
+"$bin/kvtc" check "$1" || status=$?
+
+# A console that cannot draw answers with its general help, which tells of no picture.
+if [ $status -lt 2 ] && "$bin/kvtc" draw --help 2>/dev/null | grep -q 'svg'; then
+    folder=$(dirname "$1")
+    name=$(basename "$1")
+    picture=$folder/${name%.*}.svg
+    "$bin/kvtc" draw "$1" -o "$picture" && echo "Drawing: $picture" >&2
+fi
+exit $status
