@@ -1,8 +1,10 @@
 #include "basic/number.h"
 
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <limits>
 
 #include "basic/run_time_error.h"
@@ -218,38 +220,45 @@ std::string NumberText(float value) {
     return text;
 }
 
-std::string FieldOfSix(float value) {
-    constexpr std::size_t width = 6;
-    const float twice = value * 2;
-    if (twice == std::trunc(twice) && std::abs(value) < 1000) {
-        // The short road of nearly every position: whole numbers and halves with their sign place.
-        char field[width] = {' ', ' ', ' ', ' ', ' ', ' '};
-        char* at = field + width;
-        auto whole = static_cast<unsigned>(std::abs(value));
-        if (static_cast<float>(whole) != std::abs(value)) {
-            *--at = '5';
-            *--at = '.';
-            if (whole == 0) {
-                if (value < 0) *--at = '-';
-                return {field, width};
-            }
+// Characters are packed into words first byte lowest.
+static_assert(std::endian::native == std::endian::little);
+
+SixCharacters FieldOfSix(float value) {
+    SixCharacters field = {{' ', ' ', ' ', ' ', ' ', ' '}};
+    constexpr std::size_t width = sizeof field.Text;
+    const float magnitude = std::abs(value);
+    const float twice = magnitude * 2;
+    if (magnitude < 1'000'000 && twice == static_cast<float>(static_cast<int>(twice))) {
+        // The short road of nearly every position: whole numbers and halves, written from the right into a
+        // word that begins as six blanks.
+        std::uint64_t characters = 0x202020202020;
+        int at = 40;
+        const auto put = [&](char c) {
+            if (at >= 0) characters ^= static_cast<std::uint64_t>(c ^ ' ') << at;
+            at -= 8;
+        };
+        auto whole = static_cast<unsigned>(twice) / 2;
+        if (static_cast<unsigned>(twice) % 2 != 0) {
+            put('5');
+            put('.');
         }
-        do {
-            *--at = static_cast<char>('0' + whole % 10);
-            whole /= 10;
-        } while (whole != 0);
-        if (value < 0) *--at = '-';
-        return {field, width};
+        for (; whole != 0 || at == 40; whole /= 10) put(static_cast<char>('0' + whole % 10));
+        if (value < 0) put('-');
+        if (at >= -8) {
+            std::memcpy(field.Text, &characters, width);
+            return field;
+        }
     }
     std::string text = NumberText(value);
-    if (text.size() <= width) return RightPad(text, width);
-    if (text[0] == ' ') text.erase(0, 1);
+    if (text.size() > width && text[0] == ' ') text.erase(0, 1);
     for (std::size_t point = text.find('.'); text.size() > width && point != std::string::npos;
          point = text.find('.')) {
         const std::size_t room = width > point + 1 ? width - point - 1 : 0;
         text = room > 0 ? Format(value, "#." + std::string(room, '0')) : Format(value, "0");
     }
-    return RightPad(text, width);
+    const std::string padded = RightPad(text, width);
+    padded.copy(field.Text, width);
+    return field;
 }
 
 std::string PlainNumber(float value) {

@@ -40,7 +40,11 @@ std::string NumberText(float value);
 
 // NumberText right-justified in a field of six: where it is longer the sign's blank gives way, then decimals
 // are rounded off until it fits; a whole part that does not fit loses characters on the left.
-std::string FieldOfSix(float value);
+struct SixCharacters {
+    char Text[6];
+    operator std::string_view() const { return {Text, sizeof Text}; }
+};
+SixCharacters FieldOfSix(float value);
 
 // No blank in front, "-" when negative, a 0 in front of a leading point.
 std::string PlainNumber(float value);

@@ -3,8 +3,8 @@
 namespace kvt {
 
 void JsonSink::Flush() {
-    std::fwrite(buffer_.data(), 1, buffer_.size(), file_);
-    buffer_.clear();
+    std::fwrite(buffer_.get(), 1, used_, file_);
+    used_ = 0;
 }
 
 }  // namespace kvt

@@ -1,8 +1,7 @@
 #pragma once
 
 #include <cstdio>
-#include <string>
-#include <string_view>
+#include <memory>
 
 namespace kvt {
 
@@ -11,14 +10,14 @@ class JsonSink {
 public:
     using Ch = char;
 
-    explicit JsonSink(std::FILE* file) : file_(file) { buffer_.reserve(Size); }
+    explicit JsonSink(std::FILE* file) : file_(file), buffer_(std::make_unique<char[]>(Size)) {}
     ~JsonSink() { Flush(); }
     JsonSink(const JsonSink&) = delete;
     JsonSink& operator=(const JsonSink&) = delete;
 
     void Put(char c) {
-        if (buffer_.size() == Size) Flush();
-        buffer_.push_back(c);
+        if (used_ == Size) Flush();
+        buffer_[used_++] = c;
     }
     // Hands on what is there.
     void Flush();
@@ -26,7 +25,8 @@ public:
 private:
     static constexpr std::size_t Size = std::size_t{64} << 10;
     std::FILE* file_;
-    std::string buffer_;
+    std::unique_ptr<char[]> buffer_;
+    std::size_t used_ = 0;
 };
 
 }  // namespace kvt

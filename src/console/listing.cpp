@@ -107,10 +107,7 @@ private:
             std::string line;
             for (const ListedColumn& one : columns) {
                 line += GapBefore(one.Column);
-                // The code cell keeps its place: the letter in front, the digits in line.
-                const std::string_view cell =
-                    one.Column == column::Code ? row[one.Column].View() : TrimRight(row[one.Column]);
-                line += RightPad(cell, one.Width);
+                line += RightPad(TrimRight(row[one.Column]), one.Width);
             }
             line += "   ";
             line += row[column::Comment].View();

@@ -32,11 +32,26 @@ struct LineBuffer {
     }
 };
 
-// The prefix and the digits put into a column's pattern and width.
+// Whether digits already stand as every pattern of the columns writes them: blanks alone, or two digits and
+// more, right-justified, without a 0 too many in front. Most cells of a file do.
+bool StandsFormatted(std::string_view digits) {
+    const std::string_view number = TrimLeft(digits);
+    if (number.empty()) return true;
+    if (number.size() < 2 || (number.size() > 2 && number[0] == '0')) return false;
+    return number.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+// A text in a column's pattern and width.
+std::string Digits(std::string_view digits, std::string_view pattern, std::size_t width) {
+    if (digits.size() == width && StandsFormatted(digits)) return std::string(digits);
+    return RightPad(FormatText(digits, pattern), width);
+}
+
+// The prefix in front of the digits.
 std::string ParameterCell(std::string_view prefix, std::string_view digits, std::string_view pattern,
                           std::size_t width) {
     std::string cell(prefix);
-    cell += RightPad(FormatText(digits, pattern), width);
+    cell += Digits(digits, pattern, width);
     return cell;
 }
 
@@ -235,7 +250,7 @@ bool CncReader::ReadMK4(std::string_view record, bool withoutComments) {
         return false;
     }
     ListRow& row = parts_.Store.lvCncProgram.AddRow();
-    row[column::Number] = RightPad(FormatText(Field(record, cnc::Number), "#00"), 3);
+    row[column::Number] = Digits(Field(record, cnc::Number), "#00", 3);
     row[column::Code] = std::string(record.substr(cnc::Letter.At, 3)) + " ";
     const ForcedPrefix forced = PrefixesOf(KeyOf(row[column::Code]), mk4Prefixes);
     row[column::X] = ParameterCell(PrefixOr(forced.First, Field(record, cnc::MK4First.Prefix)),
@@ -244,7 +259,7 @@ bool CncReader::ReadMK4(std::string_view record, bool withoutComments) {
                                    Field(record, cnc::MK4Third.Digits), "###00", 5);
     row[column::F] = ParameterCell(PrefixOr(forced.Fourth, Field(record, cnc::MK4Fourth.Prefix)),
                                    Field(record, cnc::MK4Fourth.Digits), "#00", 3);
-    row[column::H] = RightPad(FormatText(Field(record, cnc::MK4Fifth), "#00"), 3);
+    row[column::H] = Digits(Field(record, cnc::MK4Fifth), "#00", 3);
     ClearResultCells(row);
     row[column::Comment] = withoutComments ? std::string_view() : Trim(Field(record, cnc::Comment));
     return true;
@@ -259,7 +274,7 @@ bool CncReader::ReadF1(std::string_view record) {
         return false;
     }
     ListRow& row = parts_.Store.lvCncProgram.AddRow();
-    row[column::Number] = RightPad(FormatText(Field(record, cnc::Number), "#00"), 3);
+    row[column::Number] = Digits(Field(record, cnc::Number), "#00", 3);
     row[column::Code] = std::string(record.substr(cnc::Letter.At, 3)) + " ";
     const ForcedPrefix forced = PrefixesOf(KeyOf(row[column::Code]), f1Prefixes);
     row[column::X] = ParameterCell(PrefixOr(forced.First, Field(record, cnc::F1First.Prefix)),

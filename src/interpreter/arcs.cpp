@@ -23,13 +23,13 @@ double Length(double u, double v) { return std::sqrt(u * u + v * v); }
 }  // namespace
 
 void CheckPass::InPlane(float x, float y, float z, float& u, float& v) const {
-    if (store_.ActivePlane == "XY") {
+    if (plane_ == Plane::XY) {
         u = x;
         v = y;
-    } else if (store_.ActivePlane == "XZ") {
+    } else if (plane_ == Plane::XZ) {
         u = x;
         v = z;
-    } else if (store_.ActivePlane == "YZ") {
+    } else if (plane_ == Plane::YZ) {
         u = y;
         v = z;
     }
@@ -122,9 +122,9 @@ bool CheckPass::FindRadius() {
 bool CheckPass::RadiusFromNextLine() {
     double u = i_;
     double v = k_;
-    if (store_.ActivePlane == "XY") {
+    if (plane_ == Plane::XY) {
         v = j_;
-    } else if (store_.ActivePlane == "YZ") {
+    } else if (plane_ == Plane::YZ) {
         u = j_;
     }
     radius_ = static_cast<float>(Length(u, v));
@@ -159,15 +159,15 @@ void CheckPass::WriteArcCenter() {
     ListRow& item = *item_;
     const std::string u = Format(store_.ArcCenterU, "0");
     const std::string v = Format(store_.ArcCenterV, "0");
-    if (store_.ActivePlane == "XY") {
+    if (plane_ == Plane::XY) {
         item[column::CenterX] = u;
         item[column::CenterY] = v;
         item[column::CenterZ] = Format(z_, "0");
-    } else if (store_.ActivePlane == "XZ") {
+    } else if (plane_ == Plane::XZ) {
         item[column::CenterX] = u;
         item[column::CenterZ] = v;
         item[column::CenterY] = Format(y_, "0");
-    } else if (store_.ActivePlane == "YZ") {
+    } else if (plane_ == Plane::YZ) {
         item[column::CenterY] = u;
         item[column::CenterZ] = v;
         item[column::CenterX] = Format(x_, "0");
@@ -225,13 +225,13 @@ void CheckPass::RewriteRadiusLine() {
         return;
     }
     double i = 0, j = 0, k = 0;
-    if (store_.ActivePlane == "XY") {
+    if (plane_ == Plane::XY) {
         i = u;
         j = v;
-    } else if (store_.ActivePlane == "XZ") {
+    } else if (plane_ == Plane::XZ) {
         i = u;
         k = v;
-    } else if (store_.ActivePlane == "YZ") {
+    } else if (plane_ == Plane::YZ) {
         j = u;
         k = v;
     }

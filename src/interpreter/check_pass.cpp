@@ -122,7 +122,8 @@ CheckPass::Next CheckPass::Step() {
         Find(texts_.ErrorTexts(text::MaximumLines));
     }
     // 17.
-    if (!comment_.empty()) (*item_)[column::Comment] = comment_;
+    Cell& comment = (*item_)[column::Comment];
+    if (!comment_.empty() && !(comment == comment_)) comment = comment_;
     // No program of these machines runs that long; nested calls could go on for ever.
     if (linesExecuted_ >= MaxExecutedLines && row_ < store_.LineCount()) {
         EndWith(text::TooManyLines);

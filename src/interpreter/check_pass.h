@@ -26,6 +26,7 @@ private:
     void Pass2();
 
     enum class Next { GoOn, EndRun, Abandoned };
+    enum class Plane { None, XY, XZ, YZ };
 
     // One row of pass 2; the numbered steps stand in check_pass.cpp.
     Next Step();
@@ -62,9 +63,11 @@ private:
     void LineAngle();
     void SetRegister();
     void ChoosePlane();
+    void SetPlane(Plane plane);
     void UpdateAxes();
     void WriteToolCells();
     double TimeOfLine();
+    double MoveTime(double feed);
     double ArcTime(double feed);
 
     // Mill rules.
@@ -108,6 +111,9 @@ private:
     bool nextIsM99R_ = false;
     double i_ = 0, j_ = 0, k_ = 0;  // centre offsets of the last M99 that followed an arc
     double arcLength_ = 0;
+    CodeKey describedKey_ = 0;  // the cycle whose description was looked up last
+    std::string description_;
+    Plane plane_ = Plane::None;  // the same as ActivePlane
     struct Range {
         float Min = 0;
         float Max = 0;

@@ -91,12 +91,18 @@ bool CheckPass::CountRepeats() {
 
 // "@  (3x)" and the description. It is the same list on every machine.
 void CheckPass::CycleComment() {
-    const std::string_view digits = Trim((*item_)[column::Code].View());
-    for (const std::string& entry : room_.lists_.lstMK4Gcodes.Entries()) {
-        if (kvt::Find(Left(entry, 3), digits, Compare::IgnoreCase) == 0) continue;
-        comment_ = "@  (" + PlainNumber(repeats_) + "x)" + EntryDescription(entry);
-        return;
+    if (describedKey_ != key_) {
+        describedKey_ = key_;
+        description_.clear();
+        const std::string_view digits = Trim((*item_)[column::Code]);
+        for (const std::string& entry : room_.lists_.lstMK4Gcodes.Entries()) {
+            // The letter in front of the two digits is never one of them.
+            if (Mid(entry, 2, 2) != digits) continue;
+            description_ = EntryDescription(entry);
+            break;
+        }
     }
+    comment_ = "@  (" + PlainNumber(repeats_) + "x)" + description_;
 }
 
 }  // namespace kvt

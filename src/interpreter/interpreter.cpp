@@ -126,7 +126,15 @@ std::string MakeTimeString(double seconds) {
     const double hours = WholePart(whole / 3600);
     const double rest = whole - hours * 3600;
     const double minutes = WholePart(rest / 60);
-    return Format(hours, "00") + ":" + Format(minutes, "00") + ":" + Format(rest - minutes * 60, "00");
+    std::string time = Format(hours, "00") + ":00:00";
+    const auto put = [&](std::size_t fromEnd, double part) {
+        const auto number = static_cast<unsigned>(part);
+        time[time.size() - fromEnd] = static_cast<char>('0' + number / 10);
+        time[time.size() - fromEnd + 1] = static_cast<char>('0' + number % 10);
+    };
+    put(5, minutes);
+    put(2, rest - minutes * 60);
+    return time;
 }
 
 }  // namespace kvt

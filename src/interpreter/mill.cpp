@@ -20,11 +20,11 @@ bool CheckPass::PocketTooSmall() {
     const double radius = toolRadius_;
     const auto fits = [radius](float move) { return 2 * radius <= std::abs(double(move)) + radius; };
     bool room = true;
-    if (store_.ActivePlane == "XY") {
+    if (plane_ == Plane::XY) {
         room = fits(dX_) && fits(dY_);
-    } else if (store_.ActivePlane == "XZ") {
+    } else if (plane_ == Plane::XZ) {
         room = fits(dX_) && fits(dZ_);
-    } else if (store_.ActivePlane == "YZ") {
+    } else if (plane_ == Plane::YZ) {
         room = fits(dY_) && fits(dZ_);
     }
     return room ? false : EndWith(text::PocketTooSmall);

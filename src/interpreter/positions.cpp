@@ -37,20 +37,23 @@ void CheckPass::WorkOutMove() {
 }
 
 void CheckPass::ChoosePlane() {
-    const auto set = [this](const char* plane) {
-        if (store_.ActivePlane != plane) store_.ActivePlane = plane;
-    };
     if (!mill_) {
-        set("XZ");
+        SetPlane(Plane::XZ);
     } else if (IsOneOf(key_, planeKeys)) {
         if (dZ_ == 0) {
-            set("XY");
+            SetPlane(Plane::XY);
         } else if (dY_ == 0) {
-            set("XZ");
+            SetPlane(Plane::XZ);
         } else if (dX_ == 0) {
-            set("YZ");
+            SetPlane(Plane::YZ);
         }
     }
+}
+
+void CheckPass::SetPlane(Plane plane) {
+    if (plane == plane_) return;
+    plane_ = plane;
+    store_.ActivePlane = plane == Plane::XY ? "XY" : plane == Plane::XZ ? "XZ" : "YZ";
 }
 
 void CheckPass::ApplyMove() {
@@ -124,22 +127,10 @@ void CheckPass::WriteToolCells() {
 }
 
 double CheckPass::TimeOfLine() {
-    const double unit = store_.Metric ? 1 : unitsPerInchFactor;
     const double feed = std::max(raw_.F, 1);
-    float a = 0;
-    float b = 0;
-    InPlane(std::abs(x_ - xBefore_), std::abs(y_ - yBefore_), std::abs(z_ - zBefore_), a, b);
-    const double c = a != 0 && b != 0 ? std::sqrt(double(a) * a + double(b) * b) : 0;
-
     switch (key_) {
         case code::G00:
-            if (b == 0) return double(a) / 1000 * 1.1 * unit + 0.45;
-            if (a == 0) return double(b) / 1000 * 1.1 * unit + 0.45;
-            return c / 1000 * 1.3 * unit + 0.45;
-        case code::G01:
-            if (b == 0) return a * 0.006 * (100 / feed) * unit;
-            if (a == 0) return b * 0.006 * (100 / feed) * unit;
-            return c * 0.006 * (100 / feed) * 1.1 * unit;
+        case code::G01: return MoveTime(feed);
         case code::G02:
         case code::G03: return ArcTime(feed);
         case code::G04: return raw_.X / 100.0;
@@ -154,6 +145,19 @@ double CheckPass::TimeOfLine() {
         }
         default: return 0;
     }
+}
+
+double CheckPass::MoveTime(double feed) {
+    const double unit = store_.Metric ? 1 : unitsPerInchFactor;
+    float a = 0;
+    float b = 0;
+    InPlane(std::abs(x_ - xBefore_), std::abs(y_ - yBefore_), std::abs(z_ - zBefore_), a, b);
+    // Along one axis, the length of the move is that of the axis.
+    const bool sloping = a != 0 && b != 0;
+    const double length = sloping ? std::sqrt(double(a) * a + double(b) * b) : b == 0 ? a : b;
+    if (key_ == code::G00) return length / 1000 * (sloping ? 1.3 : 1.1) * unit + 0.45;
+    const double time = length * 0.006 * (100 / feed);
+    return (sloping ? time * 1.1 : time) * unit;
 }
 
 // An arc without an angle takes the length of the arc before: deliberate.

@@ -50,6 +50,13 @@ public:
         return {HeapText(), HeapSize()};
     }
     operator std::string_view() const { return View(); }
+    // The first eight bytes as a word, the first character lowest. Those behind the text mean nothing; only
+    // for a text that stands in place.
+    std::uint64_t FirstEight() const {
+        std::uint64_t word = 0;
+        std::memcpy(&word, bytes_, sizeof word);
+        return word;
+    }
     std::size_t Size() const { return Tag() <= InPlace ? Tag() : HeapSize(); }
     bool Empty() const { return Tag() == 0; }
 
@@ -58,11 +65,10 @@ public:
     // text may look into this cell.
     void Assign(std::string_view text) {
         if (text.size() <= InPlace) {
-            char staged[InPlace] = {};
-            if (!text.empty()) std::memcpy(staged, text.data(), text.size());
-            Drop();
-            std::memcpy(bytes_, staged, sizeof staged);
+            char* const heap = Tag() == OnHeap ? HeapText() : nullptr;
+            if (!text.empty()) std::memmove(bytes_, text.data(), text.size());
             SetTag(static_cast<unsigned char>(text.size()));
+            delete[] heap;
         } else {
             AssignLong(text);
         }

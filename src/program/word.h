@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/cell.h"
+
 namespace kvt {
 
 // A parameter cell, read both ways that the control's rules ask for.
@@ -14,6 +16,7 @@ struct Word {
 };
 
 // Splits a cell as WordVal does. A number past the 32-bit range is error 6.
+Word ReadWord(const Cell& cell);
 Word ReadWord(std::string_view cell);
 
 // If the first character of word is one of M, I, J, K, T, L, D, S (case ignored), letter receives it and value

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "headless/memory_platform.h"
+#include "shell/workbench.h"
+
+namespace kvt::test {
+
+// Texts of program files, made line by line. A cell is given as it stands in the file, prefix included.
+struct Line {
+    const char* Code;  // "00", "M06"
+    std::string X, Y, Z, F, H, Comment;
+};
+
+// A whole file of a machine ("MK2", "MK4", "F1"); units is the text of the units line behind its blanks.
+std::string FileText(const std::string& machine, const std::vector<Line>& lines, const std::string& units = "M",
+                     const std::string& notes = "");
+
+// A workbench on the memory half, with a folder of its own that goes with it.
+class BenchTest : public ::testing::Test {
+protected:
+    BenchTest();
+    ~BenchTest() override;
+
+    // Puts a text into a file of the folder and loads it.
+    LoadResult Load(const std::string& text, const std::string& name = "program.cnc");
+    // Loads a program made of lines and gives back the workbench's rows.
+    void Check(const std::string& machine, const std::vector<Line>& lines, const std::string& units = "M");
+
+    // The cell of the row of line number N (row N + 1).
+    std::string Cell(int line, int column) const;
+    std::string Error(int line) const;  // trimmed
+    std::string Path(const std::string& name) const { return Folder + "/" + name; }
+    std::string FileContent(const std::string& name);
+
+    std::string Folder;
+    MemoryPlatform Platform;
+    std::unique_ptr<Workbench> Bench;
+};
+
+}  // namespace kvt::test
