@@ -23,6 +23,7 @@ EntryRow::EntryRow(Form& form)
       txtFeedB(form, "txtFeedB"),
       cmdFeedA(form, "cmdFeedA", "Feed A"),
       cmdFeedB(form, "cmdFeedB", "Feed B"),
+      chkSettingsDWC(form, "chkSettingsDWC", "Delete without confirmation"),
       picXYaxes(form, "picXYaxes"),
       picZXaxes(form, "picZXaxes"),
       cmdReturn(form, "cmdReturn") {

@@ -17,6 +17,7 @@ struct EntryRow {
     TextBox txtComment;
     TextBox txtFeedA, txtFeedB;
     CommandButton cmdFeedA, cmdFeedB;
+    CheckBox chkSettingsDWC;  // delete without confirmation
     Picture picXYaxes, picZXaxes;
     CommandButton cmdReturn;
 

@@ -1,10 +1,12 @@
 #include "editor/line_operations.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "program/word.h"
 
 namespace kvt {
 
@@ -12,6 +14,8 @@ namespace {
 
 constexpr const char* lineEditName = "LineEdit";
 constexpr const char* formatInputsName = "FormatInputs";
+constexpr const char* lineInsertName = "LineInsert";
+constexpr const char* lineDeleteName = "LineDelete";
 
 // How a field is written into its column.
 struct FieldFormat {
@@ -34,18 +38,130 @@ std::string Prefix(std::string_view label, double value) {
 
 }  // namespace
 
-LineOperations::LineOperations(EntryRow& entry, FieldLayout& layout, ProgramStore& store,
-                               const ViewColumns& view, ControlInterpreter& interpreter, FocusService& focus,
-                               WorkbenchCalls& calls)
-    : entry_(entry),
-      layout_(layout),
-      store_(store),
-      view_(view),
-      interpreter_(interpreter),
-      focus_(focus),
-      calls_(calls) {}
+LineOperations::LineOperations(Parts parts)
+    : entry_(parts.Entry),
+      layout_(parts.Layout),
+      store_(parts.Store),
+      view_(parts.View),
+      interpreter_(parts.Interpreter),
+      texts_(parts.Language),
+      platform_(parts.Platform),
+      calls_(parts.Calls) {}
 
 ListRow& LineOperations::SelectedRow() { return store_.lvCncProgram.Row(store_.lvCncProgram.SelectedRow()); }
+
+void LineOperations::Renumber(int firstRow) {
+    const int lines = store_.LineCount();
+    for (int row = firstRow; row <= lines; ++row) {
+        store_.lvCncProgram.Row(row)[column::Number] = RightPad(Format(row - 1, "#00"), 3);
+    }
+}
+
+void LineOperations::MovePointers(int bound, int step) {
+    const int rows = store_.lvCncProgram.Count();
+    for (int i = 1; i <= rows; ++i) {
+        ListRow& row = store_.lvCncProgram.Row(i);
+        const Word pointer = ReadWord(row[column::F]);
+        if (UpperChar(pointer.Letter) != 'L' || pointer.Value < bound) continue;
+        if (BeginsWithIgnoringCase(row[column::Comment], "CMDNORENUM")) continue;
+        row[column::F] = "L" + RightPad(Format(pointer.Value + step, "#00"), 3);
+    }
+}
+
+void LineOperations::LineDelete() {
+    ListView& list = store_.lvCncProgram;
+    // 1.
+    if (store_.LineCount() < 1) return;
+    // 2. The open line.
+    if (SelectedRow()[column::Number].View().find_first_of("Nn") != std::string_view::npos) return;
+    // 3.
+    int selected = list.SelectedRow();
+    // 4.
+    if (entry_.chkSettingsDWC.Value == 0) {
+        const Answer answer =
+            platform_.Dialogs.ShowMessage(Question(texts_.ErrorTexts(text::DeleteLine), "Confirm"));
+        if (answer == Answer::No) return;
+    }
+    // 5.
+    interpreter_.EndStepRun();
+    store_.ProgramChanged = true;
+    list.RemoveRow(selected);
+    // 6. Nothing further runs where no line is left: deliberate.
+    if (store_.LineCount() < 1) return;
+    // 7.
+    Renumber(1);
+    // 8. A pointer to the deleted line now aims at the line that moved up into its place.
+    Attempt(lineDeleteName, [&] { MovePointers(selected, -1); });
+    // 9.
+    interpreter_.Interpreter();
+    // 10.
+    Run(calls_.RedrawAfterEdit);
+    // 11.
+    if (selected - 1 >= store_.LineCount()) selected = store_.LineCount();
+    if (selected > 0) Attempt(lineDeleteName, [&] { list.Select(selected); });
+    // 12.
+    store_.AddBlankLine(false);
+    platform_.Focus.SetFocus(list);
+}
+
+void LineOperations::LineInsert() {
+    ListView& list = store_.lvCncProgram;
+    // 1.
+    if (store_.LineCount() >= store_.MaxLines() && !store_.DisableLimitsCheck) {
+        platform_.Dialogs.ShowMessage(Notice(texts_.ErrorTexts(text::MaximumLines)));
+        return;
+    }
+    // 2.
+    const int top = list.TopRow();
+    const int selected = std::max(list.SelectedRow(), 1);
+    const int behind = list.Count() - selected + 1;
+    // 3.
+    store_.ProgramChanged = true;
+    entry_.lblGMcode.Caption = "G";
+    entry_.txtGMcode.Text = "21";
+    std::string code = "21";
+    layout_.InputFields(code);
+    // 4. Rows stand by place; nothing sorts them.
+    // 5.
+    Attempt(lineInsertName, [&] {
+        ListRow& row = list.InsertRow(selected);
+        row[column::Number] = RightPad(Format(selected - 1, "#00"), 3);
+        row[column::Code] = " 21 ";
+        row[column::X] = "     ";
+        row[column::Y] = "     ";
+        row[column::Z] = "      ";
+        row[column::F] = "    ";
+        row[column::H] = "   ";
+        row[column::Error] = "";
+        for (const int c : {column::ToolX, column::ToolZ, column::CenterX, column::CenterZ, column::Radius}) {
+            row[c] = "      ";
+        }
+        row[column::Angle] = "   ";
+        row[column::Time] = "        ";
+        list.Select(selected);
+    });
+    // 6., 7.
+    Renumber(selected + 1);
+    // 8., 9. D, the number of the new line, in a list that has its open line.
+    const int newLine = store_.LineCount() - behind;
+    Attempt(lineInsertName, [&] { MovePointers(newLine, 1); });
+    // 10.
+    Attempt(lineInsertName, [&] {
+        if (view_.chkViewGcode.Value != 0) {
+            layout_.CodeDescription();
+            list.Row(selected)[column::Comment] = entry_.txtComment.Text;
+        } else {
+            list.Row(selected)[column::Comment] = "";
+        }
+    });
+    // 11.
+    interpreter_.Interpreter();
+    store_.AddBlankLine(false);
+    // 12.
+    Attempt(lineInsertName, [&] { list.EnsureVisible(top + 1); });
+    Attempt(lineInsertName, [&] { list.Select(selected); });
+    platform_.Focus.SetFocus(list);
+}
 
 void LineOperations::LineEdit() {
     // 1.
@@ -94,7 +210,7 @@ void LineOperations::LineEdit() {
     });
     // 13.
     entry_.txtGMcode.SelectAll();
-    focus_.SetFocus(entry_.txtGMcode);
+    platform_.Focus.SetFocus(entry_.txtGMcode);
 }
 
 void LineOperations::FormatInputs() {

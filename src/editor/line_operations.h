@@ -10,9 +10,22 @@ namespace kvt {
 // What changes a line of the program. Each operation runs the check pass and restores the open line "NN".
 class LineOperations {
 public:
-    LineOperations(EntryRow& entry, FieldLayout& layout, ProgramStore& store, const ViewColumns& view,
-                   ControlInterpreter& interpreter, FocusService& focus, WorkbenchCalls& calls);
+    struct Parts {
+        EntryRow& Entry;
+        FieldLayout& Layout;
+        ProgramStore& Store;
+        const ViewColumns& View;
+        ControlInterpreter& Interpreter;
+        const Texts& Language;
+        Services& Platform;
+        WorkbenchCalls& Calls;
+    };
+    explicit LineOperations(Parts parts);
 
+    // Puts an empty G21 line in front of the selected one; refused at the line cap.
+    void LineInsert();
+    // Removes the selected line, after a question unless that is switched off. The open line stays.
+    void LineDelete();
     // Writes the entry fields into whichever row is selected at this moment.
     void LineEdit();
     // Writes columns 1 and 3 to 7 of the selected row from the fields.
@@ -20,13 +33,19 @@ public:
 
 private:
     ListRow& SelectedRow();
+    // Numbers the rows from one on by their places.
+    void Renumber(int firstRow);
+    // Moves the pointers of all lines but those whose comment forbids it: from the line number bound on, by
+    // step.
+    void MovePointers(int bound, int step);
 
     EntryRow& entry_;
     FieldLayout& layout_;
     ProgramStore& store_;
     const ViewColumns& view_;
     ControlInterpreter& interpreter_;
-    FocusService& focus_;
+    const Texts& texts_;
+    Services& platform_;
     WorkbenchCalls& calls_;
 };
 

@@ -42,33 +42,4 @@ void MemoryClipboard::SetText(std::string_view text) {
     Content = text;
 }
 
-bool MemorySystem::DoEvents() {
-    if (Events.empty()) return false;
-    const std::function<void()> event = std::move(Events.front());
-    Events.pop_front();
-    event();
-    return true;
-}
-
-std::tm MemorySystem::Now() {
-    const std::time_t now = std::time(nullptr);
-    std::tm local = {};
-#if defined(_WIN32)
-    localtime_s(&local, &now);
-#else
-    localtime_r(&now, &local);
-#endif
-    return local;
-}
-
-void MemoryFocus::SetFocus(Control& control) {
-    if (control.Kind() == ControlKind::Form || &control == focused_) return;
-    if (!control.ReallyVisible() || !control.ReallyEnabled()) return;
-    Control* before = focused_;
-    focused_ = &control;
-    if (before && before->OnLostFocus) before->OnLostFocus();
-    // The handler may have sent the focus elsewhere.
-    if (focused_ == &control && control.OnGotFocus) control.OnGotFocus();
-}
-
 }  // namespace kvt

@@ -7,6 +7,7 @@
 
 #include "headless/disk_files.h"
 #include "headless/fault_plan.h"
+#include "platform/focus_keeper.h"
 #include "platform/services.h"
 
 namespace kvt {
@@ -57,23 +58,51 @@ public:
     int WorkAreaTwips = 15600;
 };
 
-// Events are functions that a test or a script has put here; a wait takes one at a time.
+// The system without a display. Time is virtual and starts at 0; keys go to the control with the focus, with the
+// editing that a text box does by itself. What a wait takes next comes from NextEvent.
 class MemorySystem : public SystemService {
 public:
+    explicit MemorySystem(FocusKeeper& focus) : focus_(focus) {}
+
     bool DoEvents() override;
     std::tm Now() override;
+    void PressKey(int key) override;
+    void ShowPopupMenu(Menu& menu) override { ShownPopup = &menu; }
+    void EndProgram() override { Ended = true; }
 
+    // Events put here by a test; a wait takes one at a time, then asks NextEvent. Where that gives false too
+    // nothing can come any more.
     std::deque<std::function<void()>> Events;
-};
+    std::function<bool()> NextEvent;
 
-class MemoryFocus : public FocusService {
-public:
-    void SetFocus(Control& control) override;
-    Control* Focused() override { return focused_; }
+    // A key or a character as a user presses it.
+    void Press(int key, int held = 0);
+    void Type(char character);
+    // Lets the virtual clock run on, with the timers of the forms that are given to it.
+    void Advance(int milliseconds);
+    void Watch(Form& form) { forms_.push_back(&form); }
+
+    long long Clock = 0;  // milliseconds
+    bool Ended = false;
+    Menu* ShownPopup = nullptr;
 
 private:
-    Control* focused_ = nullptr;
+    struct KeyPress {
+        int Key;  // 0 for a character alone
+        int Held;
+        int Character;  // 0 for a key without one
+    };
+    void Deliver(KeyPress press);
+    void DeliverOne(const KeyPress& press);
+    void MoveFocus(bool backwards);
+
+    FocusKeeper& focus_;
+    std::deque<KeyPress> keys_;
+    bool delivering_ = false;
+    std::vector<Form*> forms_;
 };
+
+using MemoryFocus = FocusKeeper;
 
 // The memory half of the platform: all services without a display. Files are those of the disk.
 class MemoryPlatform {
@@ -83,8 +112,8 @@ public:
     MemoryDialogs Dialogs;
     MemoryClipboard Clipboard{Faults};
     MemoryScreen Screen;
-    MemorySystem System;
-    MemoryFocus Focus;
+    FocusKeeper Focus;
+    MemorySystem System{Focus};
 
     kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus};
 };

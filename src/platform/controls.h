@@ -25,6 +25,8 @@ enum class ControlKind : std::uint8_t {
     PictureBox,
     RichText,
     FileDialog,
+    TabStrip,
+    Timer,
 };
 
 // Colours have red in the low byte.
@@ -51,8 +53,10 @@ public:
     int Index() const { return index_; }
     Form& OwningForm() const { return form_; }
 
-    // The frame or form that the control lies in; the form where nothing was set.
+    // The frame, tab strip, menu or form that the control lies in; the form where nothing was set.
     Control* Container = nullptr;
+    // Which page of a tab strip the control lies on, from 0; -1 elsewhere.
+    int Page = -1;
     ControlView* View = nullptr;
 
     Property<int> Left{*this, PropertyId::Left};
@@ -68,6 +72,10 @@ public:
     std::function<void()> OnClick;
     std::function<void()> OnGotFocus;
     std::function<void()> OnLostFocus;
+    // A key goes down (a number of keys.h, and what is held), then a character arrives. The handler may change
+    // the character; 0 cancels it.
+    std::function<void(int key, int held)> OnKeyDown;
+    std::function<void(int& character)> OnKeyPress;
 
     // What a click does, by hand or by code.
     void Click() {
@@ -101,6 +109,14 @@ public:
     const std::vector<Control*>& Controls() const { return controls_; }
     // The control of a name (case ignored) and index; null where there is none.
     Control* FindControl(std::string_view name, int index = -1) const;
+
+    // The size has changed, by hand or by code; the form has come to the front.
+    std::function<void()> OnResize;
+    std::function<void()> OnActivate;
+    // The window's own close control was used. The form decides what happens; by itself nothing does.
+    std::function<void()> OnQueryUnload;
+    // A file was dropped on the window.
+    std::function<void(const std::string& path)> OnDropFile;
 
 private:
     friend class Control;
@@ -178,6 +194,31 @@ public:
         : Control(form, ControlKind::Menu, name, index), Caption(*this, PropertyId::Caption, caption) {}
     TextProperty Caption;
     Property<bool> Checked{*this, PropertyId::Checked};
+    // The key that chooses the entry, as it is shown: "Ctrl+S", "F5". Empty for none.
+    std::string Shortcut;
+};
+
+// Pages of controls behind tabs. Value is the page in front, from 0.
+class TabStrip : public Control {
+public:
+    TabStrip(Form& form, std::string_view name) : Control(form, ControlKind::TabStrip, name) {}
+    Property<int> Value{*this, PropertyId::Value};
+    std::vector<std::string> Captions;
+    void SetCaption(int page, std::string_view caption) {
+        Captions.at(static_cast<std::size_t>(page)) = caption;
+        Changed(PropertyId::Caption);
+    }
+};
+
+// Runs OnTimer every Interval milliseconds while it is enabled; 0 is never.
+class Timer : public Control {
+public:
+    Timer(Form& form, std::string_view name, int interval) : Control(form, ControlKind::Timer, name) {
+        Interval = interval;
+        Visible = false;
+    }
+    Property<int> Interval{*this, PropertyId::Value};
+    std::function<void()> OnTimer;
 };
 
 // A picture without a pen, and a document laid over the program list.

@@ -75,6 +75,8 @@ public:
     void RowsChanged() { Changed(PropertyId::Rows); }
 
     std::function<void(int header)> OnColumnClick;
+    // The right button was pressed; the row under the pointer is selected by then.
+    std::function<void()> OnRightClick;
 
 private:
     [[noreturn]] static void NoSuchRow();

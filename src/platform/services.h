@@ -85,6 +85,13 @@ public:
     // Lets the system deliver what has come up. False when nothing can come any more: a wait then ends.
     virtual bool DoEvents() = 0;
     virtual std::tm Now() = 0;
+    // Puts a key press (a number of keys.h) into the input, as if the user had pressed it. It arrives when the
+    // handler that is running has ended.
+    virtual void PressKey(int key) = 0;
+    // Shows the entries of a menu at the pointer.
+    virtual void ShowPopupMenu(Menu& menu) = 0;
+    // Ends the program: no window is left and no wait goes on.
+    virtual void EndProgram() = 0;
 };
 
 // The control that takes the keys. One that is hidden or disabled does not take the focus.

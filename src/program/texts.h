@@ -52,10 +52,11 @@ inline constexpr int UnknownControlCommand = 1, StartAndEndSame = 2, OneQuadrant
                      InvalidSub = 5, MaxNestedSubs = 6, EndlessLoop = 7, NoSuchLine = 8, ReturnWithoutSub = 9,
                      MustFollowArc = 10, DivisionOfCut = 12, NotFullQuadrant = 13, InvalidArc = 14,
                      RadiusTooSmall = 15, MustFollowM06 = 16, PocketTooSmall = 17, TooManyLines = 18;
-inline constexpr int NoLines = 1, MaximumLines = 4, No3d = 8;
+inline constexpr int NoLines = 1, DeleteLine = 3, MaximumLines = 4, MustBeNumeric = 6, No3d = 8,
+                     UnknownCode = 9;
 inline constexpr int SaveNow = 1, ClearAnyway = 2, ContinueTitle = 3, ClearTitle = 4, NoFileSpecified = 5,
                      Minimum = 11, Maximum = 12, TheFile = 15, NotACncFile = 16, RecognizingProblem = 17,
-                     Overwrite = 19, LeftAngle = 24, RightAngle = 25;
+                     Overwrite = 19, LowestValue = 20, HighestValue = 21, LeftAngle = 24, RightAngle = 25;
 }  // namespace text
 
 }  // namespace kvt

@@ -26,7 +26,7 @@ Workbench::Workbench(Services& services)
       Interpreter(Store, Language, Lists, Results, View, Entry.txtComment, services, Calls),
       Options(Store, View, Lists, Interpreter, Calls),
       Layout(Entry, Store, Lists, services.Focus),
-      Lines(Entry, Layout, Store, View, Interpreter, services.Focus, Calls),
+      Lines({Entry, Layout, Store, View, Interpreter, Language, services, Calls}),
       Writer({Store, File, Entry, Layout, Lines, Language, services, Calls}),
       Reader({Store, File, Entry, Layout, Machine, View, Options, Interpreter, Language, services, Calls,
               Writer}) {

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+
+#include "platform/controls.h"
+#include "platform/services.h"
+#include "program/program_store.h"
+#include "program/texts.h"
+
+namespace kvt {
+
+// Works out a small expression strictly from left to right, without priorities; P is pi. Up to ten operands of
+// 32-bit floats. text is consumed. Gives the result rounded to a whole number with at least two digits. A
+// division by 0 and an operand beyond the tenth are reported, and the statement is skipped.
+std::string MathString(std::string& text);
+
+// Checks entry fields when they are left.
+class CalculatedInputs {
+public:
+    CalculatedInputs(const ProgramStore& store, const Texts& texts, DialogService& dialogs,
+                     FocusService& focus);
+
+    // Checks the text of a field against the range in its Tag. A value outside is told, the field is emptied
+    // and gets the focus back. A text that is no number is told, and no more.
+    void EvalText(TextBox& field);
+    // What the parameter fields do when they are left: the expression becomes its value, which is checked.
+    // With keepsEmpty an empty field stays empty.
+    void LeaveField(TextBox& field, bool keepsEmpty);
+
+private:
+    void Refuse(TextBox& field, int message, std::int32_t bound, Icon icon);
+
+    const ProgramStore& store_;
+    const Texts& texts_;
+    DialogService& dialogs_;
+    FocusService& focus_;
+};
+
+}  // namespace kvt
