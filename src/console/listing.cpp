@@ -24,12 +24,8 @@ std::string_view UnitsName(const ProgramStore& store) {
     return store.Metric ? "lengths in 1/100 mm" : "lengths in 1/1000 inch";
 }
 
-// The finding of a row as people read it, without its mark; empty for none.
-std::string_view FindingOf(const ListRow& row) {
-    std::string_view finding = Trim(row[column::Error]);
-    if (!finding.empty() && finding[0] == '!') finding.remove_prefix(1);
-    return finding;
-}
+// The finding of a row; empty for none.
+std::string_view FindingOf(const ListRow& row) { return Trim(row[column::Error]); }
 
 std::string LineName(const ListRow& row) { return "N" + std::string(Trim(row[column::Number])); }
 
@@ -46,9 +42,14 @@ std::vector<ListedColumn> ColumnsOf(const ProgramStore& store) {
         // Findings stand under their lines.
         if (c == column::Error || list.Header(c + 1).Width == 0) continue;
         std::size_t width = list.Header(c + 1).Text.size();
-        for (int i = 1; i <= store.LineCount(); ++i)
-            width = std::max(width, TrimRight(list.Row(i)[c]).size());
-        columns.push_back({c, width});
+        bool used = false;
+        for (int i = 1; i <= store.LineCount(); ++i) {
+            const std::size_t length = TrimRight(list.Row(i)[c]).size();
+            width = std::max(width, length);
+            used = used || length > 0;
+        }
+        // A column that the machine has no use for, as H on most, only widens the page.
+        if (used) columns.push_back({c, width});
     }
     return columns;
 }
@@ -83,8 +84,9 @@ private:
         line += ", ";
         line += UnitsName(store);
         Line(line);
-        const std::string notes = ToUtf8(workbench_.File.txtFileNotes.Text);
-        for (const std::string_view note : Split(Replace(Replace(notes, "\r\n", "\n"), "\r", "\n"), "\n")) {
+        const std::string notes =
+            Replace(Replace(ToUtf8(workbench_.File.txtFileNotes.Text), "\r\n", "\n"), "\r", "\n");
+        for (const std::string_view note : Split(notes, "\n")) {
             if (!Trim(note).empty()) Line("  " + std::string(note));
         }
         Line("");

@@ -193,7 +193,7 @@ void FieldLayout::FirstFieldFocus(std::string_view initial) {
     // 4.
     target->Visible = true;
     if (!initial.empty() && target != &entry_.txtComment) target->Text = initial;
-    focus_.SetFocus(*target);
+    if (!FocusStays) focus_.SetFocus(*target);
 }
 
 void FieldLayout::CodeDescription() {

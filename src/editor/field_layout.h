@@ -23,6 +23,9 @@ public:
     // The focus goes to the first field of the code that stands in the row, which takes the text initial if
     // that is not empty. Nothing where the row is not in use.
     void FirstFieldFocus(std::string_view initial);
+    // While set, FirstFieldFocus lays out but leaves the focus where it was put: the code field was left for a
+    // place outside the chain.
+    bool FocusStays = false;
     // Fills the comment with the description of the code that stands in the row, "@  " in front.
     void CodeDescription();
     // No fields, and every text of the row empty.

@@ -66,6 +66,7 @@ public:
 
     bool DoEvents() override;
     std::tm Now() override;
+    std::string LocalDataFolder() override { return DataFolder; }
     void PressKey(int key) override;
     void ShowPopupMenu(Menu& menu) override { ShownPopup = &menu; }
     void EndProgram() override { Ended = true; }
@@ -82,6 +83,7 @@ public:
     void Advance(int milliseconds);
     void Watch(Form& form) { forms_.push_back(&form); }
 
+    std::string DataFolder;
     long long Clock = 0;  // milliseconds
     bool Ended = false;
     Menu* ShownPopup = nullptr;

@@ -85,6 +85,8 @@ public:
     // Lets the system deliver what has come up. False when nothing can come any more: a wait then ends.
     virtual bool DoEvents() = 0;
     virtual std::tm Now() = 0;
+    // The user's folder for local application data, without a separator at its end.
+    virtual std::string LocalDataFolder() = 0;
     // Puts a key press (a number of keys.h) into the input, as if the user had pressed it. It arrives when the
     // handler that is running has ended.
     virtual void PressKey(int key) = 0;

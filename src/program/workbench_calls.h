@@ -11,7 +11,7 @@ namespace kvt {
 struct WorkbenchCalls {
     std::function<void()> cmdReturn_Click;
     std::function<void()> ClearProgram_Click;
-    // Repaints the drawing where its window is up; with the argument only if it follows every edit.
+    // Repaints the drawing where its window is up; RedrawAfterEdit only if it follows every edit.
     std::function<void()> mnuDraw_Click;
     std::function<void()> RedrawAfterEdit;
     std::function<void()> ControlsPositioning;
@@ -19,6 +19,8 @@ struct WorkbenchCalls {
     std::function<void()> RefreshTitle;
     std::function<void(std::string_view initial)> FirstFieldFocus;
     std::function<void(const std::string& fileName)> LoadLanguageModule;
+    std::function<void()> LoadClipboardModule;
+    std::function<void()> HideSettings;
 };
 
 // Runs a call where one is there.

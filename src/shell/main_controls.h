@@ -2,7 +2,6 @@
 
 #include <array>
 #include <memory>
-#include <vector>
 
 #include "platform/controls.h"
 
@@ -13,14 +12,36 @@ struct MainControls {
     explicit MainControls(Form& form);
 
     std::array<std::unique_ptr<CommandButton>, 10> cmdTopButtons;
-    Menu mnuFile, mnuSettings, mnuXfer, mnuConvert, mnuHelp;
+
+    Menu mnuFile, mnuOpen, mnuNew, mnuSave, mnuSaveAs, mnuFileBar1, mnuLoadClipboard, mnuSaveClipboard,
+        mnuFileBar2, mnuExit;
+    Menu mnuSettings, mnuGeneral, mnuMachine;
+    Menu mnuXfer, mnuConvert, mnuHelp;
+    Menu mnuRightClick, RCmnuInsert, RCmnuDelete;
+
     Frame frControlPanel, frSetReplace, frView, frProgramProperties;
     Frame frAxesProperties, frXAxis, frYaxis, frZAxis;
     Frame frFileNotes, frCmdEditor1, frCmdEditor2, frCmdEditor3;
     Picture lstMK2Mcodes;  // the MK2 has no M codes: a picture stands in the place of their list
     CommandButton cmdInsert, cmdDelete;
+
+    // The settings lie over the program list, a page each.
+    TabStrip tabSettings;
+    Frame frCompact5, frF1CNC, frMachineType, frHorizontal, frVertical;
+    Label lblSettingsIncrColor, lblSettingsAbsColor;
+
+    // Names beside what the rooms show.
+    Label lblComment, lblMachineType, lblUnits, lblLines, lblLinesExecuted, lblMachineTime;
+    Label lblMin, lblMax, lblTravel;
+
     RichText rtfHelp, rtfGcodeHelpMK2, rtfGcodeHelpMK4, rtfAbout;
     ListBox lstAbout;
+    Timer tmr1sec;
 };
+
+// Pages of tabSettings.
+namespace settings_page {
+inline constexpr int General = 0, Machine = 1;
+}  // namespace settings_page
 
 }  // namespace kvt

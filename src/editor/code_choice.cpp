@@ -1,0 +1,134 @@
+#include "editor/code_choice.h"
+
+#include "basic/run_time_error.h"
+#include "basic/text.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr const char* openLineName = "lvCncProgram_Click";
+
+std::string Without(std::string_view cell, std::string_view letters) {
+    std::string text;
+    for (const char c : cell) {
+        if (letters.find(UpperChar(c)) == std::string_view::npos) text += c;
+    }
+    return std::string(Trim(text));
+}
+
+}  // namespace
+
+CodeChoice::CodeChoice(Parts parts) : parts_(parts) {
+    CodeLists& lists = parts_.Lists;
+    lists.lstMK2Gcodes.OnClick = [this] { lstMK2Gcodes_Click(); };
+    lists.lstMK4Gcodes.OnClick = [this] { lstMK4Gcodes_Click(); };
+    lists.lstMK4Mcodes.OnClick = [this] { lstMK4Mcodes_Click(); };
+    lists.lstF1Gcodes.OnClick = [this] { lstF1Gcodes_Click(); };
+    lists.lstF1Mcodes.OnClick = [this] { lstF1Mcodes_Click(); };
+    parts_.Store.lvCncProgram.OnClick = [this] { lvCncProgram_Click(); };
+    parts_.Store.lvCncProgram.OnColumnClick = [this](int header) { lvCncProgram_ColumnClick(header); };
+}
+
+ListBox& CodeChoice::ListOf(std::string_view mode) {
+    CodeLists& lists = parts_.Lists;
+    if (parts_.Store.IsMK2()) return lists.lstMK2Gcodes;
+    if (parts_.Store.IsMK4()) return mode == "M" ? lists.lstMK4Mcodes : lists.lstMK4Gcodes;
+    return mode == "M" ? lists.lstF1Mcodes : lists.lstF1Gcodes;
+}
+
+void CodeChoice::ListClick(ListBox& list, ListBox* other, const char* mode) {
+    EntryRow& entry = parts_.Entry;
+    // 1.
+    if (list.ListIndex < 0) return;
+    const std::string row = list.Entry(list.ListIndex);
+    // 2.
+    entry.frEntry.Caption = EntryDescription(row);
+    // 3.
+    entry.lblGMcode.Caption = mode;
+    entry.txtGMcode.Text = Trim(Mid(row, 2, 3));
+    entry.txtGMcode.ForeColor = list.ForeColor;
+    // 4.
+    if (other) other->ListIndex = -1;
+    entry.txtComment.Text = "";
+    // 5.
+    std::string code = entry.txtGMcode.Text.Get();
+    parts_.Layout.InputFields(code);
+    parts_.Layout.FirstFieldFocus("");
+    // 6.
+    if (parts_.View.chkViewGcode.Value != 0) {
+        entry.txtComment.Text = "@  " + std::string(Mid(row, 6));
+    } else {
+        entry.txtComment.Text = "";
+    }
+}
+
+void CodeChoice::lvCncProgram_Click() {
+    EntryRow& entry = parts_.Entry;
+    ProgramStore& store = parts_.Store;
+    // 1.
+    if (store.TransmitActive || store.EditorRunMode) return;
+    // 2.
+    Run(parts_.Calls.HideSettings);
+    parts_.Interpreter.RefreshLineCount();
+    // 3.
+    if (store.lvCncProgram.SelectedRow() == 0) return;
+    const ListRow row = store.lvCncProgram.Row(store.lvCncProgram.SelectedRow());
+    // The open line has no code: the fields go, and a new code is awaited.
+    if (Trim(row[column::Code]).empty()) {
+        parts_.Layout.HideInputFields();
+        entry.txtComment.Text = "";
+        parts_.Platform.Focus.SetFocus(entry.txtGMcode);
+        return;
+    }
+    // 4.
+    std::string code(TrimLeft(row[column::Code]));
+    if (UpperChar(code[0]) != 'M') code.insert(0, "G");
+    // 5. Choosing the list's row acts as a click on it.
+    CodeLists& lists = parts_.Lists;
+    for (ListBox* list : {&lists.lstMK2Gcodes, &lists.lstMK4Gcodes, &lists.lstMK4Mcodes, &lists.lstF1Gcodes,
+                          &lists.lstF1Mcodes}) {
+        list->ListIndex = -1;
+    }
+    // A code that no list knows is taken from the row, so that the entry row never holds that of another line.
+    const std::string mode = UpperCase(code.substr(0, 1));
+    entry.lblGMcode.Caption = mode;
+    entry.txtGMcode.Text = Trim(Mid(code, 2, 3));
+    ListBox& list = ListOf(mode);
+    for (int i = 0; i < list.Count(); ++i) {
+        if (!EqualIgnoringCase(Left(list.Entry(i), 4), Left(code, 4))) continue;
+        list.ListIndex = i;
+        list.Click();
+        break;
+    }
+    // 6.
+    parts_.Layout.InputFields(code);
+    // 7.
+    FillFields(row);
+    // 8.
+    entry.txtGMcode.SelectAll();
+    parts_.Platform.Focus.SetFocus(entry.txtGMcode);
+}
+
+void CodeChoice::FillFields(const ListRow& row) {
+    EntryRow& entry = parts_.Entry;
+    entry.txtXI.Text = Without(row[column::X], "DI");
+    entry.txtYJ.Text = Without(row[column::Y], "JS");
+    entry.txtZK.Text = Without(row[column::Z], "K");
+    entry.txtFKTL.Text = Without(row[column::F], "KTL");
+    entry.txtH.Text = Without(row[column::H], "");
+    entry.txtComment.Text = row[column::Comment];
+}
+
+void CodeChoice::lvCncProgram_ColumnClick(int header) {
+    if (header != ErrorHeader) return;
+    ListView& list = parts_.Store.lvCncProgram;
+    Attempt(openLineName, [&] {
+        const int row = static_cast<int>(parts_.Store.ErrorLine) + 1;
+        list.EnsureVisible(row);
+        list.Select(row);
+        lvCncProgram_Click();
+    });
+}
+
+}  // namespace kvt

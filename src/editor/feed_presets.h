@@ -1,0 +1,31 @@
+#pragma once
+
+#include "editor/entry_row.h"
+#include "platform/services.h"
+#include "program/program_store.h"
+
+namespace kvt {
+
+// The two feed presets beside the entry row.
+class FeedPresets {
+public:
+    FeedPresets(EntryRow& entry, const ProgramStore& store, FocusService& focus);
+
+    // Clamps the presets to the units in force, and sets their ranges.
+    void SetFeedLimits();
+    // Puts a preset into the feed field and goes on to the comment.
+    void cmdFeedA_Click() { Take(entry_.txtFeedA); }
+    void cmdFeedB_Click() { Take(entry_.txtFeedB); }
+
+private:
+    void Take(const TextBox& preset);
+
+    EntryRow& entry_;
+    const ProgramStore& store_;
+    FocusService& focus_;
+};
+
+// The last four characters of three blanks and the trimmed preset: as a feed field holds it.
+std::string PresetText(const TextBox& preset);
+
+}  // namespace kvt

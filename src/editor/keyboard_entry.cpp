@@ -1,0 +1,290 @@
+#include "editor/keyboard_entry.h"
+
+#include <algorithm>
+
+#include "basic/number.h"
+#include "basic/run_time_error.h"
+#include "basic/text.h"
+#include "editor/feed_presets.h"
+#include "platform/keys.h"
+#include "program/code_key.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr const char* codeCheckName = "txtGMcode_LostFocus";
+constexpr const char* automaticZName = "txtZK_GotFocus";
+constexpr std::size_t codeField = 0;
+constexpr std::size_t firstParameter = 1;
+
+// Default of an empty feed field, by the digits of the code alone.
+constexpr std::string_view feedACodes[] = {"01", "02", "03", "72", "84"};
+constexpr std::string_view feedBCodes[] = {"73", "81", "82", "83", "85", "86", "88", "89"};
+
+constexpr std::string_view linearAndArcCodes[] = {"G00", "G01", "G02", "G03"};
+constexpr std::string_view boringCodes[] = {"G73", "G81", "G82", "G83", "G85", "G89"};
+constexpr CodeKey boringDepthKeys[] = {code::G81, code::G82, code::G83, code::G85, code::G89};
+
+template <std::size_t N>
+bool Holds(const std::string_view (&codes)[N], std::string_view code) {
+    return std::find(std::begin(codes), std::end(codes), code) != std::end(codes);
+}
+
+}  // namespace
+
+KeyboardEntry::KeyboardEntry(Parts parts) : parts_(parts) {
+    EntryRow& entry = parts_.Entry;
+    chain_ = {&entry.txtGMcode, &entry.txtXI, &entry.txtYJ,     &entry.txtZK,
+              &entry.txtFKTL,   &entry.txtH,  &entry.txtComment};
+    for (std::size_t place = 0; place < chain_.size(); ++place) {
+        chain_[place]->OnKeyDown = [this, place](int key, int) { Chain_KeyDown(place, key); };
+    }
+    entry.txtGMcode.OnChange = [this] { codeChanged_ = true; };
+    entry.txtGMcode.OnKeyPress = [this](int& character) { txtGMcode_KeyPress(character); };
+    entry.txtGMcode.OnGotFocus = [&entry] { entry.txtGMcode.SelectAll(); };
+    entry.txtGMcode.OnLostFocus = [this] { txtGMcode_LostFocus(); };
+    entry.txtComment.OnKeyPress = [this](int& character) { txtComment_KeyPress(character); };
+    entry.txtComment.OnGotFocus = [&entry] { entry.txtComment.SelectAll(); };
+
+    for (TextBox* field : {&entry.txtXI, &entry.txtYJ, &entry.txtZK, &entry.txtFKTL, &entry.txtH}) {
+        const bool keepsEmpty = field == &entry.txtFKTL || field == &entry.txtH;
+        field->OnKeyPress = [this, field](int& character) { Parameter_KeyPress(*field, character); };
+        field->OnLostFocus = [this, field, keepsEmpty] { parts_.Calculated.LeaveField(*field, keepsEmpty); };
+        field->OnGotFocus = [field] {
+            if (field->Text.Empty()) field->Text = "00";
+            field->SelectAll();
+        };
+    }
+    entry.txtZK.OnGotFocus = [this] { txtZK_GotFocus(); };
+    entry.txtFKTL.OnGotFocus = [this] { txtFKTL_GotFocus(); };
+    for (TextBox* preset : {&entry.txtFeedA, &entry.txtFeedB}) {
+        preset->OnGotFocus = [preset] { preset->SelectAll(); };
+    }
+    parts_.Store.lvCncProgram.OnKeyDown = [this](int key, int) { lvCncProgram_KeyDown(key); };
+}
+
+void KeyboardEntry::SetMode(const char* mode) {
+    modeKeyUsed_ = true;
+    // MK2 has no M codes.
+    if (parts_.Store.IsMK4() || parts_.Store.IsF1()) parts_.Entry.lblGMcode.Caption = mode;
+}
+
+void KeyboardEntry::Terminate(int& character) {
+    parts_.Platform.System.PressKey(key::Tab);
+    character = 0;
+}
+
+void KeyboardEntry::txtGMcode_KeyPress(int& character) {
+    EntryRow& entry = parts_.Entry;
+    character =
+        character < 256 ? static_cast<unsigned char>(UpperChar(static_cast<char>(character))) : character;
+    switch (character) {
+        case key::CtrlC:
+        case key::Backspace:
+        case key::CtrlX: return;
+        case key::Enter:
+        case ' ':
+        case ',':
+        case '.':
+        case '\'': return Terminate(character);
+        case key::CtrlV:
+            character = 0;
+            entry.txtGMcode.Text = "";
+            Run(parts_.Calls.LoadClipboardModule);
+            return;
+        case '-':
+            SetMode(entry.lblGMcode.Caption == "G" ? "M" : "G");
+            character = 0;
+            return;
+        case 'G':
+            SetMode("G");
+            character = 0;
+            return;
+        case 'M':
+            SetMode("M");
+            character = 0;
+            return;
+        default:
+            if ((character < '0' || character > '9') && character != 'R') character = 0;
+    }
+}
+
+void KeyboardEntry::Parameter_KeyPress(TextBox& field, int& character) {
+    EntryRow& entry = parts_.Entry;
+    character =
+        character < 256 ? static_cast<unsigned char>(UpperChar(static_cast<char>(character))) : character;
+    switch (character) {
+        case key::CtrlC:
+        case key::Backspace:
+        case key::CtrlV:
+        case key::CtrlX:
+        case '*':
+        case '+':
+        case '-':
+        case '/':
+        case 'P': return;
+        case key::Enter:
+        case ' ':
+        case ',':
+        case '.': return Terminate(character);
+        case 'A':
+            if (&field == &entry.txtFKTL) return TakePreset(entry.txtFeedA, character);
+            break;
+        case 'B':
+            if (&field == &entry.txtFKTL) return TakePreset(entry.txtFeedB, character);
+            break;
+        default:
+            if (character >= '0' && character <= '9') return;
+    }
+    character = 0;
+}
+
+void KeyboardEntry::TakePreset(const TextBox& preset, int& character) {
+    parts_.Entry.txtFKTL.Text = PresetText(preset);
+    Terminate(character);
+}
+
+void KeyboardEntry::txtComment_KeyPress(int& character) {
+    if (character == key::Enter) {
+        character = 0;
+        parts_.Lines.LineEdit();
+        return;
+    }
+    const bool passes = character == key::CtrlC || character == key::Backspace || character == key::CtrlV ||
+                        character == key::CtrlX || (character >= 32 && character <= 126);
+    if (!passes) character = 0;
+}
+
+// Moves between the fields with the arrow keys; Insert, and up and down to the list.
+void KeyboardEntry::Chain_KeyDown(std::size_t place, int pressed) {
+    FocusService& focus = parts_.Platform.Focus;
+    TextBox& field = *chain_[place];
+    const TextSelection selection = field.Selection;
+    const int length = static_cast<int>(field.Text.Get().size());
+    const auto takes = [](const TextBox& box) { return box.ReallyVisible() && box.ReallyEnabled(); };
+    switch (pressed) {
+        case key::Insert: return parts_.Lines.LineInsert();
+        case key::Up:
+        case key::Down: return focus.SetFocus(parts_.Store.lvCncProgram);
+        case key::Left:
+            if (selection.Start != 0) return;
+            for (std::size_t before = place; before-- > 0;) {
+                if (takes(*chain_[before])) return focus.SetFocus(*chain_[before]);
+            }
+            return;
+        case key::Right: {
+            const bool allSelected = selection.Start == 0 && selection.Length == length;
+            const bool atEnd = selection.Start + selection.Length == length && selection.Length == 0;
+            if (place == codeField ? !atEnd : !allSelected) return;
+            for (std::size_t behind = place + 1; behind < chain_.size(); ++behind) {
+                if (takes(*chain_[behind])) return focus.SetFocus(*chain_[behind]);
+            }
+            return;
+        }
+        default: return;
+    }
+}
+
+void KeyboardEntry::lvCncProgram_KeyDown(int pressed) {
+    switch (pressed) {
+        case key::Delete: return parts_.Lines.LineDelete();
+        case key::Enter: return parts_.Codes.lvCncProgram_Click();
+        case key::Insert: return parts_.Lines.LineInsert();
+        case key::F2: return parts_.Platform.System.PressKey(key::Enter);
+        default: return;
+    }
+}
+
+bool KeyboardEntry::InChain(const Control* control) const {
+    return std::find(chain_.begin() + firstParameter, chain_.end(), control) != chain_.end();
+}
+
+void KeyboardEntry::txtGMcode_LostFocus() {
+    // A place outside the chain keeps the focus that it was given; along the chain the code decides.
+    parts_.Layout.FocusStays = !InChain(parts_.Platform.Focus.Focused());
+    Attempt(codeCheckName, [&] { CheckCode(); });
+    parts_.Layout.FocusStays = false;
+}
+
+void KeyboardEntry::CheckCode() {
+    EntryRow& entry = parts_.Entry;
+    ProgramStore& store = parts_.Store;
+    // 1.
+    if (entry.txtGMcode.Text.Empty()) return;
+    // 2. Only the last two digits count, so that a typing mistake needs no correction.
+    std::string text = entry.txtGMcode.Text.Get();
+    text = UpperChar(text.back()) == 'R' ? "99R" : std::string(Right("0" + text, 2));
+    entry.txtGMcode.Text = text;
+    // 3.
+    bool unknownCode = true;
+    for (const std::string& row : parts_.Codes.ListOf(entry.lblGMcode.Caption.Get()).Entries()) {
+        if (Left(text, 2) == Mid(row, 2, 2)) unknownCode = false;
+    }
+    // 4.
+    if (unknownCode) {
+        parts_.Platform.Focus.SetFocus(entry.txtGMcode);
+        entry.txtGMcode.SelectAll();
+        parts_.Platform.Dialogs.ShowMessage(
+            Notice(entry.lblGMcode.Caption.Get() + text + " " +
+                   std::string(parts_.Language.ErrorTexts(text::UnknownCode))));
+        entry.txtGMcode.Text = "";
+        return;
+    }
+    // 5.
+    if (store.LineCount() < 1) {
+        parts_.Layout.InputFields(text);
+        // 6. The same digits typed over leave the layout and the fields alone.
+    } else {
+        const ListView& list = store.lvCncProgram;
+        const std::string_view digits = Trim(Mid(list.Row(list.SelectedRow())[column::Code], 2, 2));
+        if (digits != text || modeKeyUsed_) {
+            codeChanged_ = false;
+            modeKeyUsed_ = false;
+            parts_.Layout.InputFields(text);
+            if (parts_.View.chkViewGcode.Value != 0) parts_.Layout.CodeDescription();
+        }
+    }
+    // 7.
+    if (parts_.View.chkViewGcode.Value != 0 && entry.txtComment.Text.Empty()) parts_.Layout.CodeDescription();
+}
+
+// Automatic Z, on the mill: the depth that stands already is the default.
+void KeyboardEntry::txtZK_GotFocus() {
+    EntryRow& entry = parts_.Entry;
+    ProgramStore& store = parts_.Store;
+    const ListView& list = store.lvCncProgram;
+    Attempt(automaticZName, [&] {
+        if (!store.IsF1() || store.LineCount() <= 1) return;
+        // 1.
+        const std::string code(Trim(entry.lblGMcode.Caption.Get() + entry.txtGMcode.Text.Get()));
+        const int selected = list.SelectedRow();
+        if (Holds(linearAndArcCodes, code)) {
+            // 2. The open line has no tool position yet: that of the last program line.
+            if (store.AbsoluteMode) {
+                entry.txtZK.Text = Trim(list.Row(std::min(selected, store.LineCount()))[column::ToolZ]);
+            }
+        } else if (Holds(boringCodes, code)) {
+            // 3. The last boring depth above or at this line. G73 takes it but is no source itself.
+            for (int row = 1; row <= selected; ++row) {
+                if (IsOneOf(KeyOf(list.Row(row)[column::Code]), boringDepthKeys)) {
+                    entry.txtZK.Text = Trim(list.Row(row)[column::Z]);
+                }
+            }
+        }
+    });
+    if (entry.txtZK.Text.Empty()) entry.txtZK.Text = "00";
+    entry.txtZK.SelectAll();
+}
+
+void KeyboardEntry::txtFKTL_GotFocus() {
+    EntryRow& entry = parts_.Entry;
+    const std::string_view code = Trim(entry.txtGMcode.Text);
+    if (entry.txtFKTL.Text.Empty()) {
+        if (Holds(feedACodes, code)) entry.txtFKTL.Text = PresetText(entry.txtFeedA);
+        if (Holds(feedBCodes, code)) entry.txtFKTL.Text = PresetText(entry.txtFeedB);
+    }
+    entry.txtFKTL.SelectAll();
+}
+
+}  // namespace kvt
