@@ -50,25 +50,41 @@ std::string ToUtf8(std::string_view text) {
     return out;
 }
 
+namespace {
+
+// The character at a position and its length in bytes; a stray byte gives false and a length of 1.
+bool NextCharacter(std::string_view utf8, std::size_t at, std::uint32_t& character, std::size_t& length) {
+    const auto lead = static_cast<unsigned char>(utf8[at]);
+    length = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC2 ? 2 : 0;
+    bool whole = length > 0 && lead < 0xF5 && at + length <= utf8.size();
+    character = length == 1 ? lead : lead & (0x7FU >> length);
+    for (std::size_t k = 1; whole && k < length; ++k) {
+        const auto next = static_cast<unsigned char>(utf8[at + k]);
+        whole = (next & 0xC0) == 0x80;
+        character = (character << 6) | (next & 0x3F);
+    }
+    if (!whole) length = 1;
+    return whole;
+}
+
+}  // namespace
+
+bool IsUtf8(std::string_view bytes) {
+    std::uint32_t character = 0;
+    std::size_t length = 0;
+    for (std::size_t at = 0; at < bytes.size(); at += length) {
+        if (!NextCharacter(bytes, at, character, length)) return false;
+    }
+    return true;
+}
+
 std::string FromUtf8(std::string_view utf8) {
     std::string text;
     text.reserve(utf8.size());
-    for (std::size_t i = 0; i < utf8.size();) {
-        const auto lead = static_cast<unsigned char>(utf8[i]);
-        const std::size_t length = lead < 0x80    ? 1
-                                   : lead >= 0xF0 ? 4
-                                   : lead >= 0xE0 ? 3
-                                   : lead >= 0xC0 ? 2
-                                                  : 0;
-        bool whole = length > 0 && lead < 0xF8 && i + length <= utf8.size();
-        std::uint32_t character = length == 1 ? lead : lead & (0x7FU >> length);
-        for (std::size_t k = 1; whole && k < length; ++k) {
-            const auto next = static_cast<unsigned char>(utf8[i + k]);
-            whole = (next & 0xC0) == 0x80;
-            character = (character << 6) | (next & 0x3F);
-        }
-        text += whole ? ByteOf(character) : '?';
-        i += whole ? length : 1;
+    std::uint32_t character = 0;
+    std::size_t length = 0;
+    for (std::size_t at = 0; at < utf8.size(); at += length) {
+        text += NextCharacter(utf8, at, character, length) ? ByteOf(character) : '?';
     }
     return text;
 }

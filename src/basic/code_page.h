@@ -10,6 +10,9 @@ namespace kvt {
 std::string ToUtf8(std::string_view text);
 void AppendUtf8(std::string_view text, std::string& out);
 
+// Whether the bytes are well-formed UTF-8.
+bool IsUtf8(std::string_view bytes);
+
 // The text of UTF-8; a character that the code page lacks, or a stray byte, becomes "?".
 std::string FromUtf8(std::string_view utf8);
 

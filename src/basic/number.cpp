@@ -249,12 +249,14 @@ SixCharacters FieldOfSix(float value) {
             return field;
         }
     }
+    // Decimals are rounded off the shortest text, not off the float behind it.
     std::string text = NumberText(value);
+    const double shortest = Val(text);
     if (text.size() > width && text[0] == ' ') text.erase(0, 1);
     for (std::size_t point = text.find('.'); text.size() > width && point != std::string::npos;
          point = text.find('.')) {
         const std::size_t room = width > point + 1 ? width - point - 1 : 0;
-        text = room > 0 ? Format(value, "#." + std::string(room, '0')) : Format(value, "0");
+        text = room > 0 ? Format(shortest, "#." + std::string(room, '0')) : Format(shortest, "0");
     }
     const std::string padded = RightPad(text, width);
     padded.copy(field.Text, width);

@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 
 #include "console/commands.h"
+#include "console/script.h"
 #include "files/folders.h"
 
 namespace kvt {
@@ -22,7 +23,15 @@ int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& opti
     std::string target;
     CLI::App* format = app.add_subcommand("format", "Write a program back in the layout of its machine");
     format->add_option("FILE", source, "Program file")->required();
-    format->add_option("-o", target, "File to write")->required();
+    format->add_option("-o", target, "File to write")->required()->check([](const std::string& name) {
+        return name.empty() ? std::string("-o names no file") : std::string();
+    });
+
+    std::string scriptFile;
+    ScriptOptions scriptOptions;
+    CLI::App* script = app.add_subcommand("script", "Run a script of user actions");
+    script->add_option("FILE", scriptFile, "Script, - for standard input")->required();
+    scriptOptions.Declare(*script);
 
     try {
         // The words are taken from the end of the list.
@@ -33,7 +42,9 @@ int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& opti
         std::fprintf(stderr, "kvtc: %s (kvtc --help tells the usage)\n", error.what());
         return status::Usage;
     }
-    return check->parsed() ? Check(files, json, options) : FormatFile(source, target);
+    if (check->parsed()) return Check(files, json, options);
+    if (format->parsed()) return FormatFile(source, target);
+    return RunScript(scriptFile, scriptOptions);
 }
 
 }  // namespace kvt

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <new>
 
 #include "console/listing.h"
 #include "console/state.h"
@@ -49,14 +50,30 @@ private:
     const char* error_ = nullptr;
 };
 
+// Whether a file has line ends of LF or CR alone, which the machines' files do not: its lines are not found then.
+bool HasBareLineEnds(LoadedFile& loaded, const std::string& file) {
+    const std::string text = loaded.Platform.Files.ReadWhole(NameFromSystem(file));
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\n') return true;
+        if (text[i] != '\r') continue;
+        if (i + 1 == text.size() || text[i + 1] != '\n') return true;
+        ++i;
+    }
+    return false;
+}
+
 int CheckOne(const std::string& file, const ConsoleOptions& options, bool first) {
-    const LoadedFile loaded(file);
+    LoadedFile loaded(file);
     if (const char* error = loaded.Error()) {
         Complain(file, error);
         return status::Usage;
     }
     if (!first) std::fputc('\n', stdout);
-    const std::string listing = Listing(file, *loaded.Bench, options.Colour);
+    std::string listing = Listing(file, *loaded.Bench, options.Colour);
+    if (HasBareLineEnds(loaded, file)) {
+        listing +=
+            "Not all lines of this file end in CR LF, as the machines' files do: some were not found.\n";
+    }
     std::fwrite(listing.data(), 1, listing.size(), stdout);
     return loaded.Status();
 }
@@ -82,7 +99,12 @@ int Check(const std::vector<std::string>& files, bool json, const ConsoleOptions
     bool first = true;
     JsonSink out(stdout);
     for (const std::string& file : files) {
-        const int one = json ? CheckOneAsJson(file, out) : CheckOne(file, options, first);
+        int one = status::Usage;
+        try {
+            one = json ? CheckOneAsJson(file, out) : CheckOne(file, options, first);
+        } catch (const std::bad_alloc&) {
+            Complain(file, "is too large for the memory of this machine");
+        }
         worst = std::max(worst, one);
         first = false;
     }
@@ -96,6 +118,11 @@ int FormatFile(const std::string& file, const std::string& out) {
         return status::Usage;
     }
     Workbench& bench = *loaded.Bench;
+    // Writing these back would lose what was not found.
+    if (HasBareLineEnds(loaded, file)) {
+        Complain(file, "not all of its lines end in CR LF; nothing was written");
+        return status::Usage;
+    }
     bench.File.lblPath.Caption = NameFromSystem(out);
     const std::size_t shown = loaded.Platform.Dialogs.Shown.size();
     bench.Writer.mnuSave_Click();

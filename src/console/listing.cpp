@@ -54,6 +54,16 @@ std::vector<ListedColumn> ColumnsOf(const ProgramStore& store) {
     return columns;
 }
 
+// Text for a terminal: nothing in a file may steer it.
+std::string Printable(std::string text) {
+    for (char& c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < 32 || byte == 127) c = '.';
+    }
+    // The control characters of the bytes without a character in the code page.
+    return Replace(text, "\xC2\x9B", ".");
+}
+
 // What belongs to the program stands closely, as on the control; results stand apart.
 const char* GapBefore(int column) { return column < column::ToolX ? "  " : "   "; }
 
@@ -79,7 +89,7 @@ private:
 
     void Head(std::string_view file) {
         const ProgramStore& store = workbench_.Store;
-        Line(Painted(bold, file));
+        Line(Painted(bold, Printable(std::string(file))));
         std::string line(MachineName(store));
         line += ", ";
         line += UnitsName(store);
@@ -87,7 +97,7 @@ private:
         const std::string notes =
             Replace(Replace(ToUtf8(workbench_.File.txtFileNotes.Text), "\r\n", "\n"), "\r", "\n");
         for (const std::string_view note : Split(notes, "\n")) {
-            if (!Trim(note).empty()) Line("  " + std::string(note));
+            if (!Trim(note).empty()) Line("  " + Printable(std::string(note)));
         }
         Line("");
     }
@@ -113,7 +123,7 @@ private:
             }
             line += "   ";
             line += row[column::Comment].View();
-            Line(ToUtf8(line));
+            Line(Printable(ToUtf8(line)));
             const std::string_view finding = FindingOf(row);
             if (!finding.empty()) Line(Painted(red, "   ^ " + LineName(row) + ": " + ToUtf8(finding)));
         }
@@ -143,7 +153,7 @@ private:
         if (lines == 0) return Line("The file holds no program line.");
         int findings = 0;
         for (int i = 1; i <= lines; ++i) findings += FindingOf(list.Row(i)).empty() ? 0 : 1;
-        if (findings == 0) return Line(Complete() ? "No errors." : Unfinished());
+        if (findings == 0) return Line(Complete() ? WellDone() : Unfinished());
 
         // The first error is the one that the header of the error column names.
         const int first = std::clamp(static_cast<int>(store.ErrorLine) + 1, 1, lines);
@@ -154,10 +164,15 @@ private:
     }
 
     bool Complete() const { return workbench_.Results.lblPPMachineTime.Caption.Get() != "xx:xx:xx"; }
-    // An arc whose centre offsets are both 0 ends the run without a finding.
+    // An arc whose centre offsets are both 0 ends the run without a finding, as does what cannot be run.
     std::string Unfinished() const {
-        return "No errors, but the check ends before the program does, after " +
-               workbench_.Results.lblPPLinesExe.Caption.Get() + " lines.";
+        const std::string executed = workbench_.Results.lblPPLinesExe.Caption.Get();
+        if (executed == "xxx") return "No errors, but the check ends before a line has run.";
+        return "No errors, but the check ends before the program does, after " + executed + " lines.";
+    }
+    std::string WellDone() const {
+        if (workbench_.Store.EndCodePresent) return "No errors.";
+        return "No errors. The end code is missing; it is added when the program is saved.";
     }
 
     const Workbench& workbench_;

@@ -6,7 +6,7 @@
 #include <iterator>
 
 #include "basic/code_page.h"
-#include "basic/number.h"
+#include "console/control_access.h"
 
 namespace kvt {
 
@@ -37,12 +37,14 @@ public:
     }
     // A text that is UTF-8 already, such as a file's name.
     void Utf8(std::string_view text) {
+        // A file's name may be any bytes.
+        if (!IsUtf8(text)) return Text(text);
         json_.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
     }
 
-    // A 32-bit float as a plain number.
-    void Float(float value) {
-        const std::string number = PlainNumber(value);
+    void Any(const PlainValue& value) {
+        if (const auto* text = std::get_if<std::string>(&value)) return Text(*text);
+        const std::string number = TextOf(value);
         json_.RawValue(number.data(), number.size(), rapidjson::kNumberType);
     }
 
@@ -50,23 +52,15 @@ public:
         Key(key);
         Text(text);
     }
-    void Member(std::string_view key, bool value) {
-        Key(key);
-        json_.Bool(value);
-    }
     void Member(std::string_view key, int value) {
         Key(key);
         json_.Int(value);
     }
-    void Member(std::string_view key, const char*) = delete;
-
-    template <class Items, class Write>
-    void Array(std::string_view key, const Items& items, Write write) {
+    void Member(std::string_view key, const PlainValue& value) {
         Key(key);
-        json_.StartArray();
-        for (const auto& item : items) write(item);
-        json_.EndArray();
+        Any(value);
     }
+    void Member(std::string_view key, const char*) = delete;
 
     JsonWriter& Json() { return json_; }
 
@@ -74,33 +68,48 @@ private:
     JsonWriter json_;
 };
 
-void WriteScalars(StateWriter& out, const Workbench& workbench) {
-    const ProgramStore& store = workbench.Store;
-    out.Member("machine", std::string_view(store.Machine));
-    out.Member("metric", store.Metric);
-    out.Member("horizontal", store.Horizontal);
-    out.Member("disableLimitsCheck", store.DisableLimitsCheck);
-    out.Member("notes", std::string_view(workbench.File.txtFileNotes.Text));
-    out.Member("lineCount", store.LineCount());
-    out.Member("maxLines", store.MaxLines());
-    out.Member("endCodePresent", store.EndCodePresent);
-    out.Member("arcPresent", store.ArcPresent);
-    out.Member("programChanged", store.ProgramChanged);
-    out.Member("errorFlagged", store.ErrorFlagged);
-    out.Member("errorRow", store.ErrorRow);
-    out.Key("errorLine");
-    out.Float(store.ErrorLine);
-    out.Member("errorHeader", std::string_view(store.lvCncProgram.Header(ErrorHeader).Text));
-    out.Member("absoluteMode", store.AbsoluteMode);
-    out.Member("radiusMode", store.RadiusMode);
-    out.Member("activePlane", std::string_view(store.ActivePlane));
-    out.Member("editorRunMode", store.EditorRunMode);
-    out.Member("transmitActive", store.TransmitActive);
-    out.Member("oldFeedA", std::string_view(workbench.Entry.OldFeedA));
-    out.Member("oldFeedB", std::string_view(workbench.Entry.OldFeedB));
+struct Scalar {
+    const char* Name;
+    PlainValue (*Read)(const Workbench& bench);
+};
+
+using Bench = const Workbench&;
+
+// In the order of the object: what stands in front of the rows, and what stands behind them.
+constexpr Scalar programScalars[] = {
+    {"machine", [](Bench b) -> PlainValue { return b.Store.Machine; }},
+    {"metric", [](Bench b) -> PlainValue { return b.Store.Metric; }},
+    {"horizontal", [](Bench b) -> PlainValue { return b.Store.Horizontal; }},
+    {"disableLimitsCheck", [](Bench b) -> PlainValue { return b.Store.DisableLimitsCheck; }},
+    {"notes", [](Bench b) -> PlainValue { return b.File.txtFileNotes.Text.Get(); }},
+    {"lineCount", [](Bench b) -> PlainValue { return b.Store.LineCount(); }},
+    {"maxLines", [](Bench b) -> PlainValue { return b.Store.MaxLines(); }},
+    {"endCodePresent", [](Bench b) -> PlainValue { return b.Store.EndCodePresent; }},
+    {"arcPresent", [](Bench b) -> PlainValue { return b.Store.ArcPresent; }},
+    {"programChanged", [](Bench b) -> PlainValue { return b.Store.ProgramChanged; }},
+    {"errorFlagged", [](Bench b) -> PlainValue { return b.Store.ErrorFlagged; }},
+    {"errorRow", [](Bench b) -> PlainValue { return b.Store.ErrorRow; }},
+    {"errorLine", [](Bench b) -> PlainValue { return b.Store.ErrorLine; }},
+    {"errorHeader", [](Bench b) -> PlainValue { return b.Store.lvCncProgram.Header(ErrorHeader).Text; }},
+    {"absoluteMode", [](Bench b) -> PlainValue { return b.Store.AbsoluteMode; }},
+    {"radiusMode", [](Bench b) -> PlainValue { return b.Store.RadiusMode; }},
+    {"activePlane", [](Bench b) -> PlainValue { return b.Store.ActivePlane; }},
+    {"editorRunMode", [](Bench b) -> PlainValue { return b.Store.EditorRunMode; }},
+    {"transmitActive", [](Bench b) -> PlainValue { return b.Store.TransmitActive; }},
+    {"oldFeedA", [](Bench b) -> PlainValue { return b.Entry.OldFeedA; }},
+    {"oldFeedB", [](Bench b) -> PlainValue { return b.Entry.OldFeedB; }},
+};
+constexpr Scalar listScalars[] = {
+    {"selectedRow", [](Bench b) -> PlainValue { return b.Store.lvCncProgram.SelectedRow(); }},
+    {"topRow", [](Bench b) -> PlainValue { return b.Store.lvCncProgram.TopRow(); }},
+};
+
+void WriteScalars(StateWriter& out, std::span<const Scalar> scalars, const Workbench& workbench) {
+    for (const Scalar& scalar : scalars) out.Member(scalar.Name, scalar.Read(workbench));
 }
 
-void WriteRows(StateWriter& out, const ListView& list) {
+void WriteRows(StateWriter& out, const Workbench& workbench) {
+    const ListView& list = workbench.Store.lvCncProgram;
     JsonWriter& json = out.Json();
     out.Key("rows");
     json.StartArray();
@@ -117,8 +126,7 @@ void WriteRows(StateWriter& out, const ListView& list) {
     for (int i = 1; i <= list.Count(); ++i) json.Uint(list.Row(i).ForeColor);
     json.EndArray();
 
-    out.Member("selectedRow", list.SelectedRow());
-    out.Member("topRow", list.TopRow());
+    WriteScalars(out, listScalars, workbench);
     out.Key("columnWidths");
     json.StartArray();
     for (int header = 1; header <= SubItemCount; ++header) json.Int(list.Header(header).Width);
@@ -139,33 +147,96 @@ void WriteLabels(StateWriter& out, const Workbench& workbench) {
     out.End();
 }
 
-}  // namespace
-
-void WriteState(JsonSink& sink, std::string_view file, const Workbench& workbench,
-                const MemoryDialogs& dialogs) {
-    StateWriter out(sink);
-    out.Begin();
-    out.Key("file");
-    out.Utf8(file);
-    WriteScalars(out, workbench);
-    WriteRows(out, workbench.Store.lvCncProgram);
-    WriteLabels(out, workbench);
-    out.Array("messages", dialogs.Shown, [&](const MessageBox& box) {
+void WriteBoxes(StateWriter& out, std::span<const MessageBox> boxes) {
+    out.Json().StartArray();
+    for (const MessageBox& box : boxes) {
         out.Begin();
         out.Member("text", std::string_view(box.Text));
         out.Member("title", std::string_view(box.Title));
-        out.Member("icon", std::string_view(iconNames[static_cast<std::size_t>(box.Picture)]));
-        out.Member("buttons", std::string_view(buttonNames[static_cast<std::size_t>(box.Choice)]));
+        out.Member("icon", IconName(box.Picture));
+        out.Member("buttons", ButtonsName(box.Choice));
         out.End();
-    });
-    out.Array("log", workbench.Log.Records(), [&](const ErrorLog::Record& record) {
+    }
+    out.Json().EndArray();
+}
+
+void WriteLog(StateWriter& out, const Workbench& workbench) {
+    out.Key("log");
+    out.Json().StartArray();
+    for (const ErrorLog::Record& record : workbench.Log.Records()) {
         out.Begin();
         out.Member("number", record.Number);
         out.Member("description", std::string_view(record.Description));
         out.Member("procedure", std::string_view(record.Procedure));
         out.End();
-    });
+    }
+    out.Json().EndArray();
+}
+
+// The members that every state has.
+void WriteCommon(StateWriter& out, std::string_view file, const Workbench& workbench,
+                 const MemoryDialogs& dialogs) {
+    out.Key("file");
+    out.Utf8(file);
+    WriteScalars(out, programScalars, workbench);
+    WriteRows(out, workbench);
+    WriteLabels(out, workbench);
+    out.Key("messages");
+    WriteBoxes(out, dialogs.Shown);
+    WriteLog(out, workbench);
+}
+
+void WriteControl(StateWriter& out, const std::vector<Form*>& forms, const Control& control) {
+    out.Key(NameOf(forms, control));
+    out.Begin();
+    for (const auto& [name, value] : PropertiesOf(control)) out.Member(name, value);
     out.End();
+}
+
+}  // namespace
+
+std::string_view IconName(Icon icon) { return iconNames[static_cast<std::size_t>(icon)]; }
+
+std::string_view ButtonsName(Buttons buttons) { return buttonNames[static_cast<std::size_t>(buttons)]; }
+
+std::optional<PlainValue> StateScalar(std::string_view name, const Workbench& workbench) {
+    for (const std::span<const Scalar> scalars :
+         {std::span<const Scalar>(programScalars), std::span<const Scalar>(listScalars)}) {
+        for (const Scalar& scalar : scalars) {
+            if (name == scalar.Name) return scalar.Read(workbench);
+        }
+    }
+    return std::nullopt;
+}
+
+void WriteState(JsonSink& sink, std::string_view file, const Workbench& workbench,
+                const MemoryDialogs& dialogs) {
+    StateWriter out(sink);
+    out.Begin();
+    WriteCommon(out, file, workbench, dialogs);
+    out.End();
+}
+
+void WriteDump(JsonSink& sink, std::string_view file, Workbench& workbench, MemoryPlatform& platform) {
+    const std::vector<Form*> forms = FormsOf(workbench);
+    StateWriter out(sink);
+    out.Begin();
+    WriteCommon(out, file, workbench, platform.Dialogs);
+    const Control* const focused = platform.Focus.Focused();
+    out.Member("focus", std::string_view(focused ? NameOf(forms, *focused) : std::string()));
+    out.Key("controls");
+    out.Begin();
+    for (const Form* form : forms) {
+        WriteControl(out, forms, *form);
+        for (const Control* control : form->Controls()) WriteControl(out, forms, *control);
+    }
+    out.End();
+    out.End();
+}
+
+void WriteMessages(JsonSink& sink, std::span<const MessageBox> boxes) {
+    StateWriter out(sink);
+    WriteBoxes(out, boxes);
 }
 
 void WriteFileError(JsonSink& sink, std::string_view file, std::string_view error) {

@@ -50,7 +50,10 @@ KeyboardEntry::KeyboardEntry(Parts parts) : parts_(parts) {
     for (TextBox* field : {&entry.txtXI, &entry.txtYJ, &entry.txtZK, &entry.txtFKTL, &entry.txtH}) {
         const bool keepsEmpty = field == &entry.txtFKTL || field == &entry.txtH;
         field->OnKeyPress = [this, field](int& character) { Parameter_KeyPress(*field, character); };
-        field->OnLostFocus = [this, field, keepsEmpty] { parts_.Calculated.LeaveField(*field, keepsEmpty); };
+        field->OnLostFocus = [this, field, keepsEmpty] {
+            // A field that the next code does not have went away with its text.
+            if (field->Visible) parts_.Calculated.LeaveField(*field, keepsEmpty);
+        };
         field->OnGotFocus = [field] {
             if (field->Text.Empty()) field->Text = "00";
             field->SelectAll();

@@ -32,7 +32,7 @@ struct Span {
     std::size_t Length;
 };
 
-// One parameter of a record with its prefix character (a length of 0 for none) and its column of the row.
+// One parameter of a record: its prefix character and its digits.
 struct Parameter {
     Span Prefix;
     Span Digits;

@@ -180,7 +180,10 @@ void CncReader::ReportNotRecognised() {
     message += " \"";
     message += parts_.Controls.dlgFile.FileTitle();
     message += "\" ";
-    message += texts.MessageTexts(text::NotACncFile);
+    // The built-in text begins with a blank; a translated one has lost its own.
+    const std::string_view notCnc = texts.MessageTexts(text::NotACncFile);
+    if (notCnc.substr(0, 1) != " ") message += ' ';
+    message += notCnc;
     parts_.Platform.Dialogs.ShowMessage(
         Notice(message, texts.MessageTexts(text::RecognizingProblem), Icon::Exclamation));
 }

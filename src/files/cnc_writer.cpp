@@ -26,6 +26,15 @@ void AppendColumn(std::string& text, std::string_view column) {
     text += column;
 }
 
+// Errors are ignored up to the writing of the file.
+template <class Statement>
+void Ignoring(Statement statement) {
+    try {
+        statement();
+    } catch (const RunTimeError&) {
+    }
+}
+
 }  // namespace
 
 CncWriter::CncWriter(Parts parts) : parts_(parts) {}
@@ -148,10 +157,10 @@ void CncWriter::AddEndCode() {
     ListView& list = store.lvCncProgram;
     const int selected = list.SelectedRow();
     const int top = list.TopRow();
-    Attempt(saveFileName, [&] { list.Select(list.Count()); });
+    Ignoring([&] { list.Select(list.Count()); });
     parts_.Lines.LineEdit();
-    Attempt(saveFileName, [&] { list.Select(selected); });
-    Attempt(saveFileName, [&] { list.EnsureVisible(top); });
+    Ignoring([&] { list.Select(selected); });
+    Ignoring([&] { list.EnsureVisible(top); });
 }
 
 void CncWriter::SaveFile_Click(std::int16_t& mode) {
@@ -175,12 +184,8 @@ void CncWriter::SaveFile_Click(std::int16_t& mode) {
     // 6.
     std::string name = controls.lblPath.Caption.Get();
     if (mode == save::ToClipboard) {
-        try {
-            platform.Clipboard.Clear();
-            platform.Clipboard.SetText(text);
-        } catch (const RunTimeError&) {
-            // Errors are ignored up to the writing of the file.
-        }
+        Ignoring([&] { platform.Clipboard.Clear(); });
+        Ignoring([&] { platform.Clipboard.SetText(text); });
         return;
     }
     // 7.
@@ -220,8 +225,8 @@ bool CncWriter::AskForName(std::string& name) {
 
 void CncWriter::WriteFile(const std::string& name, const std::string& text) {
     Services& platform = parts_.Platform;
-    // 8. The flag goes first, also where the write fails: deliberate. The new file takes the old one's place
-    // only when it is whole.
+    // 8. The flag goes first, also where the write fails: deliberate. Deleting the old file and writing the new
+    // one are one step of the platform, so that the old one goes only when the new one is whole.
     parts_.Store.ProgramChanged = false;
     const bool written = Attempt(saveFileName, [&] { platform.Files.WriteWhole(name, text); });
     if (!written) {

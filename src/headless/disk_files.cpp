@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <random>
 
 #include "basic/code_page.h"
 
@@ -19,11 +20,16 @@ fs::path PlainPath(std::string name) {
     return fs::path(name);
 }
 
-// The file that a name means: the name in the system's coding, or its bytes where only they are there.
+// The file that a name means. A name that the code page holds is coded for the system; one that it does not hold
+// is the system's own bytes, as NameFromSystem left it.
 fs::path PathOf(std::string_view name) {
+    const fs::path bytes = PlainPath(std::string(name));
+    if (IsUtf8(name)) {
+        const bool codePageHoldsIt = ToUtf8(FromUtf8(name)) == name;
+        return codePageHoldsIt ? PlainPath(ToUtf8(name)) : bytes;
+    }
     std::error_code ignored;
     const fs::path coded = PlainPath(ToUtf8(name));
-    const fs::path bytes = PlainPath(std::string(name));
     return !fs::exists(coded, ignored) && fs::exists(bytes, ignored) ? bytes : coded;
 }
 
@@ -33,7 +39,27 @@ fs::path PathOf(std::string_view name) {
 fs::path TargetOf(const fs::path& path) {
     std::error_code failed;
     const fs::path target = fs::canonical(path, failed);
-    return failed ? path : target;
+    if (!failed) return target;
+    // A link to what is not there yet.
+    const fs::path named = fs::read_symlink(path, failed);
+    return failed ? path : path.parent_path() / named;
+}
+
+// A name beside the target that no file has.
+fs::path FreshName(const fs::path& target) {
+    std::random_device random;
+    std::error_code ignored;
+    for (;;) {
+        fs::path fresh = target.parent_path() / (".~" + std::to_string(random()));
+        if (!fs::exists(fs::symlink_status(fresh, ignored))) return fresh;
+    }
+}
+
+bool WriteStream(const fs::path& path, std::string_view content) {
+    std::ofstream stream(path, std::ios::binary | std::ios::trunc);
+    stream.write(content.data(), static_cast<std::streamsize>(content.size()));
+    stream.close();
+    return static_cast<bool>(stream);
 }
 
 }  // namespace
@@ -44,8 +70,10 @@ std::string NameFromSystem(std::string_view name) {
 }
 
 bool DiskFiles::Exists(std::string_view path) {
-    std::error_code ignored;
-    return !path.empty() && fs::exists(PathOf(path), ignored);
+    if (path.empty()) return false;
+    std::error_code failed;
+    // What may not be looked at is there, as far as one can tell: reading it says why not.
+    return fs::exists(PathOf(path), failed) || failed == std::errc::permission_denied;
 }
 
 std::string DiskFiles::ReadWhole(std::string_view path) {
@@ -87,17 +115,10 @@ void DiskFiles::WriteWhole(std::string_view path, std::string_view content) {
         if (!fs::is_regular_file(target, failed)) AccessError();
         if (!std::ofstream(target, std::ios::binary | std::ios::app)) AccessError();
     }
-    fs::path fresh = target;
-    fresh += ".~new";
-    {
-        std::ofstream stream(fresh, std::ios::binary | std::ios::trunc);
-        if (!stream) AccessError();
-        stream.write(content.data(), static_cast<std::streamsize>(content.size()));
-        stream.close();
-        if (!stream) {
-            fs::remove(fresh, failed);
-            AccessError();
-        }
+    const fs::path fresh = FreshName(target);
+    if (!WriteStream(fresh, content)) {
+        fs::remove(fresh, failed);
+        AccessError();
     }
     if (replaces) fs::permissions(fresh, fs::status(target, failed).permissions(), failed);
     fs::rename(fresh, target, failed);
@@ -129,7 +150,8 @@ void DiskFiles::MakeFolder(std::string_view path) {
     std::error_code failed;
     const fs::path folder = PathOf(path);
     fs::create_directories(folder, failed);
-    if (failed && !fs::is_directory(folder)) AccessError();
+    std::error_code ignored;
+    if (failed && !fs::is_directory(folder, ignored)) AccessError();
 }
 
 }  // namespace kvt

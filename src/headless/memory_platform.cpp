@@ -4,6 +4,8 @@ namespace kvt {
 
 Answer MemoryDialogs::ShowMessage(const MessageBox& box) {
     Shown.push_back(box);
+    // Titles that nobody named are the program's.
+    if (box.Title.empty()) Shown.back().Title = "Kestrel Vise Toolkit";
     if (Answers.empty()) {
         if (OnUnanswered) OnUnanswered(box);
         return box.Choice == Buttons::Ok ? Answer::Ok : Answer::Yes;

@@ -58,11 +58,14 @@ public:
     int WorkAreaTwips = 15600;
 };
 
-// The system without a display. Time is virtual and starts at 0; keys go to the control with the focus, with the
-// editing that a text box does by itself. What a wait takes next comes from NextEvent.
+// The system without a display. Time is virtual and starts at 0. A key chooses the menu entry whose shortcut it
+// is, or goes to the control with the focus, with the editing that a text box does by itself. What a wait takes
+// next comes from NextEvent.
 class MemorySystem : public SystemService {
 public:
-    explicit MemorySystem(FocusKeeper& focus) : focus_(focus) {}
+    // Without a clipboard the keys of copying and pasting do nothing.
+    explicit MemorySystem(FocusKeeper& focus, ClipboardService* clipboard = nullptr)
+        : focus_(focus), clipboard_(clipboard) {}
 
     bool DoEvents() override;
     std::tm Now() override;
@@ -82,6 +85,8 @@ public:
     // Lets the virtual clock run on, with the timers of the forms that are given to it.
     void Advance(int milliseconds);
     void Watch(Form& form) { forms_.push_back(&form); }
+    // Forgets the forms and keys of a run that has ended; the clock runs on.
+    void BeginRun();
 
     std::string DataFolder;
     long long Clock = 0;  // milliseconds
@@ -95,10 +100,13 @@ private:
         int Character;  // 0 for a key without one
     };
     void Deliver(KeyPress press);
+    void DeliverWaiting();
     void DeliverOne(const KeyPress& press);
-    void MoveFocus(bool backwards);
+    std::vector<Timer*> RunningTimers() const;
+    long long NextTick(long long end) const;
 
     FocusKeeper& focus_;
+    ClipboardService* clipboard_;
     std::deque<KeyPress> keys_;
     bool delivering_ = false;
     std::vector<Form*> forms_;
@@ -115,9 +123,15 @@ public:
     MemoryClipboard Clipboard{Faults};
     MemoryScreen Screen;
     FocusKeeper Focus;
-    MemorySystem System{Focus};
+    MemorySystem System{Focus, &Clipboard};
 
     kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus};
+
+    // For a new run of the program: its windows have gone, with the focus; what lies outside it stays.
+    void BeginRun() {
+        Focus = FocusKeeper();
+        System.BeginRun();
+    }
 };
 
 }  // namespace kvt

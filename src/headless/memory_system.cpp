@@ -1,32 +1,52 @@
 #include <algorithm>
+#include <utility>
 
 #include "basic/stack_guard.h"
+#include "basic/text.h"
+#include "headless/key_names.h"
 #include "headless/memory_platform.h"
 #include "headless/text_editing.h"
 #include "platform/keys.h"
 #include "platform/list_view.h"
+#include "platform/tab_order.h"
 
 namespace kvt {
 
 namespace {
 
-bool TakesTab(const Control& control) {
-    switch (control.Kind()) {
-        case ControlKind::TextBox:
-        case ControlKind::CheckBox:
-        case ControlKind::OptionButton:
-        case ControlKind::CommandButton:
-        case ControlKind::ListBox:
-        case ControlKind::ListView:
-        case ControlKind::TabStrip:
-            return control.TabIndex >= 0 && control.ReallyVisible() && control.ReallyEnabled();
-        default: return false;
+bool IsClipboardKey(const KeyStroke& stroke) {
+    return stroke.Held == key::CtrlHeld && (stroke.Key == 'C' || stroke.Key == 'X' || stroke.Key == 'V');
+}
+
+// The entry that a key chooses: one of the form's menus that is in sight and enabled.
+Menu* EntryOfKey(const Form& form, const KeyStroke& stroke) {
+    for (Control* control : form.Controls()) {
+        auto* entry = dynamic_cast<Menu*>(control);
+        if (!entry || entry->Shortcut.empty() || KeyNamed(entry->Shortcut) != stroke) continue;
+        if (entry->ReallyVisible() && entry->ReallyEnabled()) return entry;
     }
+    return nullptr;
+}
+
+// Moves the selection of a list of texts, which counts as a click.
+void MoveInList(ListBox& list, int pressed) {
+    if (list.Count() == 0) return;
+    int index = list.ListIndex;
+    if (pressed == key::Up) --index;
+    if (pressed == key::Down) ++index;
+    if (pressed == key::Home) index = 0;
+    if (pressed == key::End) index = list.Count() - 1;
+    if (index == list.ListIndex) return;
+    index = std::clamp(index, 0, list.Count() - 1);
+    if (index == list.ListIndex) return;
+    list.ListIndex = index;
+    list.Click();
 }
 
 // What a key does to a control by itself, when its handlers have let it pass.
 void OwnKey(Control& control, int pressed) {
     if (auto* box = dynamic_cast<TextBox*>(&control)) return EditByKey(*box, pressed);
+    if (auto* box = dynamic_cast<ListBox*>(&control)) return MoveInList(*box, pressed);
     if (auto* list = dynamic_cast<ListView*>(&control)) {
         if (list->Count() == 0) return;
         int row = list->SelectedRow();
@@ -44,10 +64,21 @@ void OwnKey(Control& control, int pressed) {
 
 bool MemorySystem::DoEvents() {
     if (Ended) return false;
-    if (Events.empty()) return NextEvent && NextEvent();
-    const std::function<void()> event = std::move(Events.front());
-    Events.pop_front();
-    event();
+    // Keys arrive inside a wait too, also inside one that a key has begun.
+    struct Opened {
+        bool& Delivering;
+        bool Before = std::exchange(Delivering, false);
+        ~Opened() { Delivering = Before; }
+    } const opened{delivering_};
+    if (!keys_.empty()) {
+        DeliverWaiting();
+    } else if (!Events.empty()) {
+        const std::function<void()> event = std::move(Events.front());
+        Events.pop_front();
+        event();
+    } else if (!NextEvent || !NextEvent()) {
+        return false;
+    }
     return !Ended;
 }
 
@@ -71,11 +102,21 @@ void MemorySystem::Press(int pressed, int held) {
     Deliver({pressed, held, character});
 }
 
-void MemorySystem::Type(char character) { Deliver({0, 0, static_cast<unsigned char>(character)}); }
+// Letters and digits are keys too, by their upper case.
+void MemorySystem::Type(char character) {
+    const char upper = UpperChar(character);
+    const bool isKey = (upper >= 'A' && upper <= 'Z') || (upper >= '0' && upper <= '9') || upper == ' ';
+    const int held = character >= 'A' && character <= 'Z' ? key::ShiftHeld : 0;
+    Deliver({isKey ? upper : 0, held, static_cast<unsigned char>(character)});
+}
 
 // A key that a handler presses arrives when the handler has ended.
 void MemorySystem::Deliver(KeyPress press) {
     keys_.push_back(press);
+    DeliverWaiting();
+}
+
+void MemorySystem::DeliverWaiting() {
     const StackGuard guard(delivering_);
     if (!guard.Entered()) return;
     while (!keys_.empty() && !Ended) {
@@ -89,8 +130,17 @@ void MemorySystem::Deliver(KeyPress press) {
 void MemorySystem::DeliverOne(const KeyPress& press) {
     Control* const control = focus_.Focused();
     if (!control) return;
-    if (press.Key == key::Tab) return MoveFocus((press.Held & key::ShiftHeld) != 0);
     Form& form = control->OwningForm();
+    const KeyStroke stroke{press.Key, press.Held};
+    const bool keepsKey = control->Kind() == ControlKind::TextBox && IsClipboardKey(stroke);
+    if (press.Key != 0 && !keepsKey) {
+        if (Menu* entry = EntryOfKey(form, stroke)) return entry->Click();
+    }
+    if (press.Key == key::Tab) {
+        Control* const next = NextInTabOrder(*control, (press.Held & key::ShiftHeld) != 0);
+        if (next) focus_.SetFocus(*next);
+        return;
+    }
     if (press.Key != 0) {
         if (form.OnKeyDown) form.OnKeyDown(press.Key, press.Held);
         if (Ended || focus_.Focused() != control) return;
@@ -109,40 +159,54 @@ void MemorySystem::DeliverOne(const KeyPress& press) {
             ClickByHand(*control, focus_);
             return;
         }
-        if (auto* box = dynamic_cast<TextBox*>(control)) return EditByCharacter(*box, character);
+        if (auto* box = dynamic_cast<TextBox*>(control)) {
+            const bool byClipboard =
+                character == key::CtrlC || character == key::CtrlX || character == key::CtrlV;
+            if (byClipboard && clipboard_) return EditByClipboard(*box, character, *clipboard_);
+            return EditByCharacter(*box, character);
+        }
         return;
     }
     OwnKey(*control, press.Key);
 }
 
-// To the next control of the tab order, round its end.
-void MemorySystem::MoveFocus(bool backwards) {
-    Control* const from = focus_.Focused();
-    std::vector<Control*> stops;
-    for (Control* control : from->OwningForm().Controls()) {
-        if (control == from || TakesTab(*control)) stops.push_back(control);
-    }
-    std::stable_sort(stops.begin(), stops.end(), [](const Control* a, const Control* b) {
-        return a->TabIndex.Get() < b->TabIndex.Get();
-    });
-    if (backwards) std::reverse(stops.begin(), stops.end());
-    const auto at = std::find(stops.begin(), stops.end(), from);
-    const auto next = std::next(at) == stops.end() ? stops.begin() : std::next(at);
-    if (*next != from) focus_.SetFocus(**next);
+void MemorySystem::BeginRun() {
+    keys_.clear();
+    forms_.clear();
+    ShownPopup = nullptr;
+    Ended = false;
 }
 
 void MemorySystem::Advance(int milliseconds) {
-    for (int passed = 0; passed < milliseconds && !Ended; ++passed) {
-        ++Clock;
-        for (Form* form : forms_) {
-            for (Control* control : form->Controls()) {
-                auto* timer = dynamic_cast<Timer*>(control);
-                if (!timer || !timer->Enabled || timer->Interval <= 0 || Clock % timer->Interval != 0)
-                    continue;
-                if (timer->OnTimer) timer->OnTimer();
-            }
+    const long long end = Clock + milliseconds;
+    while (Clock < end && !Ended) {
+        Clock = NextTick(end);
+        for (Timer* timer : RunningTimers()) {
+            if (timer->Enabled && timer->Interval > 0 && Clock % timer->Interval == 0 && timer->OnTimer)
+                timer->OnTimer();
         }
     }
+}
+
+std::vector<Timer*> MemorySystem::RunningTimers() const {
+    std::vector<Timer*> timers;
+    for (const Form* form : forms_) {
+        for (Control* control : form->Controls()) {
+            if (control->Kind() != ControlKind::Timer) continue;
+            auto* const timer = static_cast<Timer*>(control);
+            if (timer->Enabled && timer->Interval > 0) timers.push_back(timer);
+        }
+    }
+    return timers;
+}
+
+// When the next timer is due, at the latest end.
+long long MemorySystem::NextTick(long long end) const {
+    long long next = end;
+    for (const Timer* timer : RunningTimers()) {
+        next = std::min(next, (Clock / timer->Interval + 1) * timer->Interval);
+    }
+    return next;
 }
 
 }  // namespace kvt

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "basic/run_time_error.h"
 #include "platform/keys.h"
 
 namespace kvt {
@@ -53,9 +54,42 @@ void EditByKey(TextBox& box, int pressed) {
     }
 }
 
+void EditByClipboard(TextBox& box, int character, ClipboardService& clipboard) {
+    const TextSelection selection = box.Selection;
+    const auto start = static_cast<std::size_t>(selection.Start);
+    const auto length = static_cast<std::size_t>(selection.Length);
+    try {
+        if (character == key::CtrlV) {
+            std::string text = clipboard.GetText();
+            std::erase_if(text, [](char c) { return c == '\r' || c == '\n'; });
+            if (!text.empty()) PutIn(box, start, length, text);
+        } else if (length > 0) {
+            const std::string text = box.Text.Get().substr(start, length);
+            clipboard.Clear();
+            clipboard.SetText(text);
+            if (character == key::CtrlX) PutIn(box, start, length, "");
+        }
+    } catch (const RunTimeError&) {
+        // The box itself has nobody to tell.
+    }
+}
+
+bool TakesFocus(const Control& control) {
+    switch (control.Kind()) {
+        case ControlKind::TextBox:
+        case ControlKind::CheckBox:
+        case ControlKind::OptionButton:
+        case ControlKind::CommandButton:
+        case ControlKind::ListBox:
+        case ControlKind::ListView:
+        case ControlKind::TabStrip: return true;
+        default: return control.TabIndex >= 0;
+    }
+}
+
 bool ClickByHand(Control& control, FocusService& focus) {
     if (!control.ReallyVisible() || !control.ReallyEnabled()) return false;
-    if (control.TabIndex >= 0) focus.SetFocus(control);
+    if (TakesFocus(control)) focus.SetFocus(control);
     // Leaving the control before may have taken this one away.
     if (!control.ReallyVisible() || !control.ReallyEnabled()) return false;
     Form& form = control.OwningForm();

@@ -120,12 +120,17 @@ bool CheckPass::FindRadius() {
 }
 
 bool CheckPass::RadiusFromNextLine() {
-    double u = i_;
-    double v = k_;
+    double u = 0;
+    double v = 0;
     if (plane_ == Plane::XY) {
+        u = i_;
         v = j_;
+    } else if (plane_ == Plane::XZ) {
+        u = i_;
+        v = k_;
     } else if (plane_ == Plane::YZ) {
         u = j_;
+        v = k_;
     }
     radius_ = static_cast<float>(Length(u, v));
     // The whole run ends here without a word: deliberate.
@@ -177,7 +182,8 @@ void CheckPass::WriteArcCenter() {
 void CheckPass::WriteArcAngle(double half) {
     const double square = 1 - half * half;
     if (square <= 0) return;
-    (*item_)[column::Angle] = Format(std::atan(half / std::sqrt(square)) * 360 / pi, "0.0");
+    const auto angle = static_cast<float>(std::atan(half / std::sqrt(square)) * 360 / pi);
+    (*item_)[column::Angle] = Format(angle, "0.0");
 }
 
 // M99 and M99R: the arc in front of them is judged by its centre.
@@ -249,8 +255,8 @@ void FindCenter(float startU, float startV, float endU, float endV, float radius
     const double dV = double(endV) - startV;
     const double d = Length(dU, dV);
     const double s = SquareRoot(double(radius) * radius - (d / 2) * (d / 2));
-    const double offsetU = s * Divide(-dV, d);
-    const double offsetV = s * Divide(dU, d);
+    const double offsetU = Divide(s * -dV, d);
+    const double offsetV = Divide(s * dU, d);
     const double middleU = (double(startU) + endU) / 2;
     const double middleV = (double(startV) + endV) / 2;
     const auto aU = static_cast<float>(middleU + offsetU), aV = static_cast<float>(middleV + offsetV);

@@ -69,6 +69,12 @@ void CheckPass::Pass2() {
 CheckPass::Next CheckPass::Step() {
     // 1.
     itemRow_ = ++row_;
+    // No program of these machines runs that long; nested calls could go on for ever.
+    item_ = &list_.Row(itemRow_);
+    if (linesExecuted_ >= MaxExecutedLines) {
+        EndWith(text::TooManyLines);
+        return Next::EndRun;
+    }
     // 2.
     comment_.clear();
     // 3.
@@ -85,7 +91,9 @@ CheckPass::Next CheckPass::Step() {
     // 6. A line that the drawing skips is walked and checked like any other: deliberate.
     // 7.
     WorkOutMove();
-    if (ApplyKey()) return Next::EndRun;
+    bool ends = false;
+    Attempt(interpreterName, [&] { ends = ApplyKey(); });
+    if (ends) return Next::EndRun;
     // 8.
     if (quadrantFlag_ || invalidArcFlag_) {
         EndWith(quadrantFlag_ ? text::OneQuadrantMax : text::InvalidArc);
@@ -101,16 +109,19 @@ CheckPass::Next CheckPass::Step() {
     RestorePosition();
     WriteToolCells();
     // 13.
-    if (!mk2_ && CountRepeats()) return Next::EndRun;
+    if (!mk2_) Attempt(interpreterName, [&] { ends = CountRepeats(); });
+    if (ends) return Next::EndRun;
     // 14.
     if (key_ == code::G02 || key_ == code::G03) store_.ArcPresent = true;
     if (key_ == code::M06) {
         toolFound_ = true;
-        toolRadius_ = static_cast<float>(Val(Right((*item_)[column::X], 4)));
+        Attempt(interpreterName,
+                [&] { toolRadius_ = static_cast<float>(Val(Right((*item_)[column::X], 4))); });
     }
     // 15.
     ++linesExecuted_;
-    const auto time = static_cast<float>(TimeOfLine());
+    float time = 0;
+    Attempt(interpreterName, [&] { time = static_cast<float>(TimeOfLine()); });
     if (time > 0) {
         (*item_)[column::Time] = MakeTimeString(time);
     } else {
@@ -124,11 +135,6 @@ CheckPass::Next CheckPass::Step() {
     // 17.
     Cell& comment = (*item_)[column::Comment];
     if (!comment_.empty() && !(comment == comment_)) comment = comment_;
-    // No program of these machines runs that long; nested calls could go on for ever.
-    if (linesExecuted_ >= MaxExecutedLines && row_ < store_.LineCount()) {
-        EndWith(text::TooManyLines);
-        return Next::EndRun;
-    }
     return Next::GoOn;
 }
 
@@ -152,6 +158,7 @@ CheckPass::Next CheckPass::WaitForStep() {
 
 void CheckPass::ReadValues() {
     const ListRow& item = *item_;
+    // A parameter cell is too short for a number past the range; a longer one keeps the values of the row before.
     Attempt(interpreterName, [&] {
         const Word x = ReadWord(item[column::X]);
         const Word y = ReadWord(item[column::Y]);

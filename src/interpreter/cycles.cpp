@@ -96,13 +96,12 @@ void CheckPass::CycleComment() {
         description_.clear();
         const std::string_view digits = Trim((*item_)[column::Code]);
         for (const std::string& entry : room_.lists_.lstMK4Gcodes.Entries()) {
-            // The letter in front of the two digits is never one of them.
-            if (Mid(entry, 2, 2) != digits) continue;
+            if (kvt::Find(Left(entry, 3), digits) == 0) continue;
             description_ = EntryDescription(entry);
             break;
         }
     }
-    comment_ = "@  (" + PlainNumber(repeats_) + "x)" + description_;
+    if (!description_.empty()) comment_ = "@  (" + PlainNumber(repeats_) + "x)" + description_;
 }
 
 }  // namespace kvt

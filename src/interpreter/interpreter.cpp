@@ -92,7 +92,6 @@ void ControlInterpreter::cmdRun_Click() {
         return;
     }
     store_.EditorRunMode = true;
-    store_.StepGranted = false;
     controls_.cmdRun.Visible = false;
     controls_.cmdStep.Visible = true;
     controls_.cmdStep.Enabled = true;
@@ -126,6 +125,9 @@ std::string MakeTimeString(double seconds) {
     const double hours = WholePart(whole / 3600);
     const double rest = whole - hours * 3600;
     const double minutes = WholePart(rest / 60);
+    const double secondsLeft = rest - minutes * 60;
+    // A dwell or a count of cuts below 0 counts backwards.
+    if (whole < 0) return Format(hours, "00") + ":" + Format(minutes, "00") + ":" + Format(secondsLeft, "00");
     std::string time = Format(hours, "00") + ":00:00";
     const auto put = [&](std::size_t fromEnd, double part) {
         const auto number = static_cast<unsigned>(part);
@@ -133,7 +135,7 @@ std::string MakeTimeString(double seconds) {
         time[time.size() - fromEnd + 1] = static_cast<char>('0' + number % 10);
     };
     put(5, minutes);
-    put(2, rest - minutes * 60);
+    put(2, secondsLeft);
     return time;
 }
 

@@ -77,7 +77,7 @@ void CheckPass::ThreadMove() {
 // The angle of a sloping line, with the side that it leans to.
 void CheckPass::LineAngle() {
     if (dX_ == 0 || dZ_ == 0) return;
-    const double angle = 90 - std::abs(std::atan(double(dZ_) / dX_) * 180 / pi);
+    const auto angle = static_cast<float>(90 - std::abs(std::atan(double(dZ_) / dX_) * 180 / pi));
     const bool sameSign = (dX_ > 0) == (dZ_ > 0);
     std::string cell(texts_.MessageTexts(sameSign ? text::LeftAngle : text::RightAngle));
     cell += Format(angle, "0.0");

@@ -6,13 +6,6 @@
 
 namespace kvt {
 
-namespace {
-
-constexpr int headerHeight = 300;
-constexpr int rowHeight = 255;
-
-}  // namespace
-
 void ListRow::NoSuchColumn() { throw RunTimeError(fault::SubscriptOutOfRange); }
 
 void ListView::NoSuchRow() { throw RunTimeError(fault::SubscriptOutOfRange); }
@@ -62,16 +55,23 @@ void ListView::Select(int row) {
     Changed(PropertyId::SelectedRow);
 }
 
-int ListView::VisibleRows() const { return std::max(1, (Height - headerHeight) / rowHeight); }
-
 void ListView::EnsureVisible(int row) {
     if (row < 1 || row > Count()) NoSuchRow();
     int top = top_;
     if (row < top) top = row;
     if (row >= top + VisibleRows()) top = row - VisibleRows() + 1;
-    if (top == top_) return;
-    top_ = top;
+    ScrollTo(top);
+}
+
+void ListView::ScrollTo(int row) {
+    if (row < 1 || row > Count()) NoSuchRow();
+    if (row == top_) return;
+    top_ = row;
     Changed(PropertyId::TopRow);
+}
+
+int ListView::VisibleRows() const {
+    return std::max(1, rowsInSight_ > 0 ? rowsInSight_ : (Height - HeaderHeight) / RowHeight);
 }
 
 void ListView::SetHeaderText(int header, std::string_view text) {

@@ -35,6 +35,9 @@ struct ColumnHeader {
     int Width = 0;
 };
 
+// The column whose texts are findings; a view makes them stand out.
+inline constexpr int FindingColumn = 8;
+
 // A list of rows of cells, addressed by a 1-based row index. While it has rows one of them is selected.
 // Writing a cell does not tell the view; RowsChanged does, once, at the end of an operation.
 class ListView : public Control {
@@ -63,8 +66,11 @@ public:
     int TopRow() const { return top_; }
     // Scrolls as little as it takes to have the row in sight.
     void EnsureVisible(int row);
-    // How many rows the list's height shows, at least 1.
+    // Scrolls so that a row is the first in sight; an index outside is error 9.
+    void ScrollTo(int row);
+    // How many rows are in sight, at least 1: those that a view has told, or what the list's height shows.
     int VisibleRows() const;
+    void SetRowsInSight(int rows) { rowsInSight_ = rows; }
 
     // Column headers count from 1; header c + 1 belongs to sub-item c. Another index is error 9.
     const ColumnHeader& Header(int header) const { return headers_[CheckedHeader(header)]; }
@@ -73,6 +79,10 @@ public:
 
     // Tells the view that cells, colours or rows have changed.
     void RowsChanged() { Changed(PropertyId::Rows); }
+
+    // Twips.
+    static constexpr int HeaderHeight = 300;
+    static constexpr int RowHeight = 255;
 
     std::function<void(int header)> OnColumnClick;
     // The right button was pressed; the row under the pointer is selected by then.
@@ -86,6 +96,7 @@ private:
     std::array<ColumnHeader, SubItemCount> headers_;
     int selected_ = 0;
     int top_ = 1;
+    int rowsInSight_ = 0;
 };
 
 }  // namespace kvt

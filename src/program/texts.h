@@ -56,7 +56,8 @@ inline constexpr int NoLines = 1, DeleteLine = 3, MaximumLines = 4, MustBeNumeri
                      UnknownCode = 9;
 inline constexpr int SaveNow = 1, ClearAnyway = 2, ContinueTitle = 3, ClearTitle = 4, NoFileSpecified = 5,
                      Minimum = 11, Maximum = 12, TheFile = 15, NotACncFile = 16, RecognizingProblem = 17,
-                     Overwrite = 19, LowestValue = 20, HighestValue = 21, LeftAngle = 24, RightAngle = 25;
+                     Overwrite = 19, LowestValue = 20, HighestValue = 21, LeftAngle = 24, RightAngle = 25,
+                     DragTaskbar = 26, BlockedByTaskbar = 27;
 }  // namespace text
 
 }  // namespace kvt

@@ -27,7 +27,8 @@ struct MainControls {
 
     // The settings lie over the program list, a page each.
     TabStrip tabSettings;
-    Frame frCompact5, frF1CNC, frMachineType, frHorizontal, frVertical;
+    Frame frCompact5, frF1CNC, frMachineType;
+    Label lblHorizontal, lblVertical;
     Label lblSettingsIncrColor, lblSettingsAbsColor;
 
     // Names beside what the rooms show.

@@ -1,10 +1,11 @@
 #include "shell/workbench.h"
 
+#include "shell/layout.h"
+
 namespace kvt {
 
 namespace {
 
-constexpr const char* windowTitle = "Kestrel Vise Toolkit";
 constexpr int firstWidth = 13800;
 constexpr int firstHeight = 8720;
 constexpr int listHeight = firstHeight - 3370;
@@ -27,14 +28,20 @@ Workbench::Workbench(Services& services)
       Options(Store, View, Lists, Interpreter, Calls),
       Layout(Entry, Store, Lists, services.Focus),
       Lines({Entry, Layout, Store, View, Interpreter, Language, services, Calls}),
+      Feeds(Entry, Store, services.Focus),
+      Calculated(Store, Language, services.Dialogs, services.Focus),
+      Codes({Entry, Layout, Store, Lists, View, Interpreter, services, Calls}),
+      Keyboard({Entry, Layout, Codes, Calculated, Lines, Store, View, Language, services, Calls}),
       Writer({Store, File, Entry, Layout, Lines, Language, services, Calls}),
       Reader({Store, File, Entry, Layout, Machine, View, Options, Interpreter, Language, services, Calls,
-              Writer}) {
-    frmMain.Caption = windowTitle;
+              Writer}),
+      Received(frmMain, {Store, File, Reader, Language, services, Calls}),
+      Window(*this) {
     frmMain.Width = firstWidth;
     frmMain.Height = firstHeight;
     Store.lvCncProgram.Height = listHeight;
     PlaceInFrames();
+    OrderTabs();
     FillCalls();
     RefreshMachine();
     View.MakeMachineTimeColumn();
@@ -45,6 +52,10 @@ void Workbench::FillCalls() {
     Calls.cmdReturn_Click = [this] { cmdReturn_Click(); };
     Calls.ClearProgram_Click = [this] { ClearProgram_Click(); };
     Calls.RefreshMachine = [this] { RefreshMachine(); };
+    Calls.RefreshTitle = [this] { Window.RefreshTitle(); };
+    Calls.ControlsPositioning = [this] { PlaceMainWindow(*this); };
+    Calls.LoadClipboardModule = [this] { Received.LoadClipboardModule(); };
+    Calls.HideSettings = [this] { Main.tabSettings.Visible = false; };
     Calls.FirstFieldFocus = [this](std::string_view initial) { Layout.FirstFieldFocus(initial); };
     Entry.cmdReturn.OnClick = [this] { cmdReturn_Click(); };
 }
@@ -65,7 +76,26 @@ void Workbench::PlaceInFrames() {
     put(Main.frZAxis, {&Results.lblZAxisMin, &Results.lblZAxisMax, &Results.lblZAxisTravel});
     put(Main.frFileNotes, {&File.txtFileNotes});
     put(Main.frCmdEditor1, {&Main.cmdInsert, &Main.cmdDelete});
-    put(Main.frCmdEditor3, {&Results.cmdRun, &Results.cmdStep, &Results.cmdStop});
+    put(Entry.frEntry, {&Main.lblComment});
+    put(Main.frMachineType, {&Machine.optSettingsMK2, &Machine.optSettingsMK4, &Machine.optSettingsF1CNC});
+    put(Main.frCompact5, {&Machine.optSettingsMm, &Machine.optSettingsInch});
+    put(Main.frF1CNC, {&Machine.optSettingsHmm, &Machine.optSettingsHinch, &Machine.optSettingsVmm,
+                       &Machine.optSettingsVinch, &Main.lblHorizontal, &Main.lblVertical});
+    const auto onPage = [this](int page, std::initializer_list<Control*> controls) {
+        for (Control* control : controls) {
+            control->Container = &Main.tabSettings;
+            control->Page = page;
+        }
+    };
+    onPage(settings_page::General, {&View.chkSettingsAutowidth, &Entry.chkSettingsDWC,
+                                    &Main.lblSettingsIncrColor, &Main.lblSettingsAbsColor});
+    onPage(settings_page::Machine, {&Main.frMachineType, &Main.frCompact5, &Main.frF1CNC});
+    for (const auto& button : Main.cmdTopButtons) button->Container = &Main.frControlPanel;
+    put(Main.frAxesProperties, {&Main.lblMin, &Main.lblMax, &Main.lblTravel});
+    put(Main.frProgramProperties,
+        {&Main.lblMachineType, &Main.lblUnits, &Main.lblLines, &Main.lblLinesExecuted, &Main.lblMachineTime});
+    // cmdStop stands over that frame, not in it: a frozen window keeps it.
+    put(Main.frCmdEditor3, {&Results.cmdRun, &Results.cmdStep});
 
     frozenControls_ = {&Main.mnuFile,
                        &Main.mnuSettings,
@@ -87,6 +117,14 @@ void Workbench::PlaceInFrames() {
                        &Results.lblPPLines,
                        &Results.lblPPLinesExe,
                        &Results.lblPPMachineTime,
+                       &Main.lblMachineType,
+                       &Main.lblUnits,
+                       &Main.lblLines,
+                       &Main.lblLinesExecuted,
+                       &Main.lblMachineTime,
+                       &Main.lblMin,
+                       &Main.lblMax,
+                       &Main.lblTravel,
                        &Main.frAxesProperties,
                        &Main.frXAxis,
                        &Main.frYaxis,
@@ -117,6 +155,55 @@ void Workbench::PlaceInFrames() {
                        &Entry.cmdFeedA,
                        &Entry.cmdFeedB};
     for (const auto& button : Main.cmdTopButtons) frozenControls_.push_back(button.get());
+}
+
+// The chain of the entry row first, then the list and what lies around it.
+void Workbench::OrderTabs() {
+    int next = 0;
+    for (Control* control : std::initializer_list<Control*>{&Entry.txtGMcode,
+                                                            &Entry.txtXI,
+                                                            &Entry.txtYJ,
+                                                            &Entry.txtZK,
+                                                            &Entry.txtFKTL,
+                                                            &Entry.txtH,
+                                                            &Entry.txtComment,
+                                                            &Store.lvCncProgram,
+                                                            &Main.cmdInsert,
+                                                            &Main.cmdDelete,
+                                                            &Results.cmdRun,
+                                                            &Results.cmdStep,
+                                                            &Results.cmdStop,
+                                                            &Entry.cmdFeedA,
+                                                            &Entry.txtFeedA,
+                                                            &Entry.cmdFeedB,
+                                                            &Entry.txtFeedB,
+                                                            &View.chkViewToolPos,
+                                                            &View.chkViewLineProperties,
+                                                            &View.chkViewMachineTime,
+                                                            &View.chkViewGcode,
+                                                            &View.chkViewFileNotes,
+                                                            &Lists.lstMK2Gcodes,
+                                                            &Lists.lstMK4Gcodes,
+                                                            &Lists.lstMK4Mcodes,
+                                                            &Lists.lstF1Gcodes,
+                                                            &Lists.lstF1Mcodes,
+                                                            &File.txtFileNotes,
+                                                            &Main.tabSettings,
+                                                            &View.chkSettingsAutowidth,
+                                                            &Entry.chkSettingsDWC,
+                                                            &Machine.optSettingsMK2,
+                                                            &Machine.optSettingsMK4,
+                                                            &Machine.optSettingsF1CNC,
+                                                            &Machine.optSettingsMm,
+                                                            &Machine.optSettingsInch,
+                                                            &Machine.optSettingsVmm,
+                                                            &Machine.optSettingsVinch,
+                                                            &Machine.optSettingsHmm,
+                                                            &Machine.optSettingsHinch,
+                                                            &Entry.cmdReturn}) {
+        control->TabIndex = next++;
+    }
+    for (const auto& button : Main.cmdTopButtons) button->TabIndex = next++;
 }
 
 void Workbench::ControlsEnable(int enable) {
@@ -180,6 +267,9 @@ void Workbench::RefreshMachine() {
     Run(Calls.ControlsPositioning);
     Entry.lblGMcode.Caption = "G";
     Machine.RefreshUnits();
+    Main.lblMachineType.Caption = Store.IsF1()    ? "F1 CNC"
+                                  : Store.IsMK2() ? "Compact5 CNC MK2"
+                                                  : "Compact5 CNC MK4";
     if (Store.IsF1()) {
         Entry.picXYaxes.Visible = true;
         Entry.picXYaxes.Enabled = true;

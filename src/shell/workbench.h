@@ -1,12 +1,18 @@
 #pragma once
 
+#include "editor/calculated_inputs.h"
+#include "editor/code_choice.h"
+#include "editor/feed_presets.h"
+#include "editor/keyboard_entry.h"
 #include "editor/line_operations.h"
 #include "files/cnc_reader.h"
 #include "files/cnc_writer.h"
+#include "files/received_program.h"
 #include "interpreter/view_options.h"
 #include "program/machine_controls.h"
 #include "shell/error_log.h"
 #include "shell/main_controls.h"
+#include "shell/main_window.h"
 
 namespace kvt {
 
@@ -35,15 +41,25 @@ public:
     ViewOptions Options;
     FieldLayout Layout;
     LineOperations Lines;
+    FeedPresets Feeds;
+    CalculatedInputs Calculated;
+    CodeChoice Codes;
+    KeyboardEntry Keyboard;
     CncWriter Writer;
     CncReader Reader;
+    ReceivedProgram Received;
+    MainWindow Window;
 
+    // Starts the workbench; see MainWindow.
+    void Form_Load(std::string_view commandLine) { Window.Form_Load(commandLine); }
     // Leaves all overlays and returns to the editor view.
     void cmdReturn_Click();
     // Asks about unsaved changes, then empties the program, its names and its notes.
     void ClearProgram_Click();
     // Applies the machine and its units to the window.
     void RefreshMachine();
+    // The code lists of the machine, and no others.
+    void ShowCodeLists();
     // Freezes the window (0) or frees it (1), but for the stop of a transmission.
     void ControlsEnable(int enable);
     bool ControlsOn = true;
@@ -51,7 +67,7 @@ public:
 private:
     void FillCalls();
     void PlaceInFrames();
-    void ShowCodeLists();
+    void OrderTabs();
 
     // What ControlsEnable works on.
     std::vector<Control*> frozenControls_;

@@ -1,0 +1,141 @@
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QTimer>
+#include <QWindow>
+#include <cstdio>
+#include <functional>
+#include <utility>
+
+#include "desktop/desktop_platform.h"
+#include "desktop/end_signals.h"
+#include "desktop/form_view.h"
+#include "desktop/text.h"
+#include "headless/disk_files.h"
+#include "shell/workbench.h"
+
+namespace {
+
+constexpr const char* programName = "Kestrel Vise Toolkit";
+constexpr const char* version = "1.0.0";
+constexpr int wrongUsage = 2;
+constexpr int lookInterval = 50;  // milliseconds
+constexpr int longestWait = 5000;
+
+struct Options {
+    QString File;
+    double Scale = 0;  // 0 for that of the screen
+    QString Screenshot;
+};
+
+void Describe(QCommandLineParser& parser) {
+    parser.setApplicationDescription(
+        QStringLiteral("Workbench for the CNC programs of small lathes and mills."));
+    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The program to open."),
+                                 QStringLiteral("[FILE]"));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOptions(
+        {{QStringLiteral("scale"), QStringLiteral("Size of everything, 1 to 2."), QStringLiteral("F")},
+         {QStringLiteral("screenshot"), QStringLiteral("Show the window, save a picture of it and end."),
+          QStringLiteral("PNG")}});
+}
+
+// Help and version need no display. True when one of them was asked for.
+bool TellAboutIt(int argc, char** argv) {
+    QCommandLineParser parser;
+    Describe(parser);
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) arguments += QString::fromLocal8Bit(argv[i]);
+    // What is meant for the toolkit is unknown here.
+    parser.parse(arguments);
+    if (parser.isSet(QStringLiteral("version"))) {
+        std::printf("kvt %s\n", version);
+        return true;
+    }
+    if (!parser.isSet(QStringLiteral("help"))) return false;
+    const QString help =
+        parser.helpText().replace(QStringLiteral("<executable_name>"), QStringLiteral("kvt"));
+    std::fputs(help.toLocal8Bit().constData(), stdout);
+    return true;
+}
+
+bool Read(const QStringList& arguments, Options& options, QString& problem) {
+    QCommandLineParser parser;
+    Describe(parser);
+    if (!parser.parse(arguments)) {
+        problem = parser.errorText();
+        return false;
+    }
+    const QStringList files = parser.positionalArguments();
+    if (files.size() > 1) {
+        problem = QStringLiteral("more than one file");
+        return false;
+    }
+    if (!files.isEmpty()) options.File = files.constFirst();
+    options.Screenshot = parser.value(QStringLiteral("screenshot"));
+    if (!parser.isSet(QStringLiteral("scale"))) return true;
+    bool isNumber = false;
+    options.Scale = parser.value(QStringLiteral("scale")).toDouble(&isNumber);
+    if (isNumber && options.Scale >= 1 && options.Scale <= 2) return true;
+    problem = QStringLiteral("--scale takes a number from 1 to 2");
+    return false;
+}
+
+// Does something once a window has been painted, or has had the time for it.
+void WhenPainted(QMainWindow& window, const std::function<void()>& then) {
+    auto* clock = new QTimer(&window);
+    QObject::connect(clock, &QTimer::timeout, clock, [&window, clock, then, left = longestWait]() mutable {
+        left -= clock->interval();
+        // Exposed at the look before too, so that what was left to be painted has been.
+        const bool exposed = window.windowHandle() && window.windowHandle()->isExposed();
+        const bool painted = exposed && clock->property("exposed").toBool();
+        clock->setProperty("exposed", exposed);
+        if (!painted && left > 0) return;
+        clock->stop();
+        then();
+    });
+    clock->start(lookInterval);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (TellAboutIt(argc, argv)) return 0;
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QString::fromLatin1(programName));
+    Options options;
+    QString problem;
+    if (!Read(QApplication::arguments(), options, problem)) {
+        std::fprintf(stderr, "kvt: %s\n", problem.toLocal8Bit().constData());
+        return wrongUsage;
+    }
+
+    kvt::FaultPlan noFaults;
+    kvt::DiskFiles files(noFaults);
+    kvt::DesktopPlatform platform(files,
+                                  options.Scale > 0 ? options.Scale : kvt::DesktopPlatform::ScreenFactor());
+    kvt::DesktopSystem& system = platform.Desktop.System;
+    kvt::Workbench workbench(platform.Services);
+    workbench.Form_Load(kvt::PathText(options.File));
+    if (system.Ended()) return 0;
+
+    kvt::Form& main = workbench.frmMain;
+    const kvt::FormView window(platform.Desktop, main);
+    // A second signal does not wait for the answer to the question that the first one has led to.
+    bool ending = false;
+    const kvt::EndSignals signalsToEnd([&] {
+        if (std::exchange(ending, true) || !main.OnQueryUnload) return system.EndProgram();
+        system.Run(main, "QueryUnload", main.OnQueryUnload);
+        ending = false;
+    });
+    const bool takesPicture = !options.Screenshot.isEmpty();
+    bool saved = false;
+    if (takesPicture) {
+        WhenPainted(window.Window(), [&] {
+            saved = window.Window().grab().save(options.Screenshot);
+            system.EndProgram();
+        });
+    }
+    QApplication::exec();
+    return !takesPicture || saved ? 0 : 1;
+}

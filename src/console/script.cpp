@@ -1,0 +1,83 @@
+#include "console/script.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <iterator>
+
+#include "console/commands.h"
+#include "console/script_run.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr std::string_view optionsMark = "# options:";
+
+std::string ReadStandardInput() {
+    std::string text;
+    char piece[4096];
+    for (std::size_t size = 0; (size = std::fread(piece, 1, sizeof piece, stdin)) > 0;)
+        text.append(piece, size);
+    return text;
+}
+
+std::string ReadScript(const std::string& file) {
+    if (file == "-") return ReadStandardInput();
+    FaultPlan none;
+    return DiskFiles(none).ReadWhole(NameFromSystem(file));
+}
+
+// The words behind "# options:" in the comments at the top.
+std::vector<std::string> OptionWords(std::string_view script) {
+    std::vector<std::string> words;
+    while (script.substr(0, 1) == "#") {
+        const std::size_t end = std::min(script.find('\n'), script.size());
+        std::string_view line = script.substr(0, end);
+        if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+        if (line.substr(0, optionsMark.size()) == optionsMark) {
+            line.remove_prefix(optionsMark.size());
+            for (std::string_view word = TakeWord(line); !word.empty(); word = TakeWord(line))
+                words.emplace_back(word);
+        }
+        script.remove_prefix(std::min(end + 1, script.size()));
+    }
+    return words;
+}
+
+// Those of the script, and over them those of the call.
+ScriptOptions Merged(ScriptOptions own, const ScriptOptions& call) {
+    if (!call.Data.empty()) own.Data = call.Data;
+    if (!call.Screen.empty()) own.Screen = call.Screen;
+    if (!call.WorkArea.empty()) own.WorkArea = call.WorkArea;
+    return own;
+}
+
+}  // namespace
+
+void ScriptOptions::Declare(CLI::App& app) {
+    app.add_option("--data", Data, "What stands for the user's local application data folder");
+    app.add_option("--screen", Screen, "Width and height of the screen in twips")->expected(2);
+    app.add_option("--workarea", WorkArea, "Height of the work area in twips")->expected(1);
+}
+
+int RunScript(const std::string& file, const ScriptOptions& options) {
+    try {
+        const std::string script = ReadScript(file);
+        ScriptOptions own;
+        CLI::App parser;
+        own.Declare(parser);
+        const std::vector<std::string> words = OptionWords(script);
+        parser.parse(std::vector<std::string>(words.rbegin(), words.rend()));
+        return ScriptRun(file, script, Merged(own, options)).Run();
+    } catch (const RunTimeError& error) {
+        std::fprintf(stderr, "kvtc: %s: %s\n", file.c_str(),
+                     error.Number == fault::FileNotFound ? "no such file" : "cannot be read");
+    } catch (const ScriptError& error) {
+        std::fprintf(stderr, "kvtc: %s: %s\n", file.c_str(), error.What.c_str());
+    } catch (const CLI::ParseError& error) {
+        std::fprintf(stderr, "kvtc: %s: %s\n", file.c_str(), error.what());
+    }
+    return status::Usage;
+}
+
+}  // namespace kvt

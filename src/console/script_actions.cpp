@@ -1,0 +1,317 @@
+#include <algorithm>
+#include <cstdio>
+
+#include "basic/code_page.h"
+#include "console/script_run.h"
+#include "console/state.h"
+#include "headless/key_names.h"
+#include "headless/text_editing.h"
+#include "platform/keys.h"
+
+// What a script can do to the workbench, as a user or as what surrounds it.
+namespace kvt {
+
+namespace {
+
+using Script = ScriptRun;
+using Given = const Arguments&;
+
+template <class Kind>
+Kind& OfKind(Script& run, std::string_view name, const char* what) {
+    if (auto* one = dynamic_cast<Kind*>(&run.Session.Named(name))) return *one;
+    throw ScriptError{Quoted(name) + " is no " + what};
+}
+
+// Tells why a user cannot act on a control; true where he can.
+bool InReach(Script& run, const Control& control) {
+    const char* const why = run.Session.WhyOutOfReach(control);
+    if (why) run.Note(NameOf(run.Session.Forms(), control) + ": " + why);
+    return !why;
+}
+
+// As a mouse does before it clicks. What the control before did on its leaving may have taken this one away.
+bool GoTo(Script& run, Control& control) {
+    if (!InReach(run, control)) return false;
+    if (TakesFocus(control)) run.Session.Platform.Focus.SetFocus(control);
+    return InReach(run, control);
+}
+
+void Start(Script& run, Given given) {
+    if (run.Session.Running() || !run.AtTopLevel()) throw ScriptError{"the program is running already"};
+    run.Session.Start(given.Last());
+}
+
+// Keys.
+
+bool KeysArrive(Script& run) {
+    MemoryPlatform& platform = run.Session.Platform;
+    const char* const why = platform.System.Ended       ? "the program has ended"
+                            : !platform.Focus.Focused() ? "no control has the focus"
+                                                        : nullptr;
+    if (why) run.Note(why);
+    return !why;
+}
+
+void Type(Script& run, Given given) {
+    if (!KeysArrive(run)) return;
+    MemorySystem& system = run.Session.Platform.System;
+    for (const char c : FromUtf8(given.Last())) {
+        const bool isKey = c == key::Enter || c == key::Tab || c == key::Backspace || c == key::Escape;
+        if (isKey) {
+            system.Press(c);
+        } else {
+            system.Type(c);
+        }
+        if (system.Ended) return;
+    }
+}
+
+void Press(Script& run, Given given) {
+    const std::optional<KeyStroke> stroke = KeyNamed(given.Text(0));
+    if (!stroke) throw ScriptError{"unknown key " + Quoted(given.Text(0))};
+    if (KeysArrive(run)) run.Session.Platform.System.Press(stroke->Key, stroke->Held);
+}
+
+void Focus(Script& run, Given given) {
+    Control& control = run.Session.Named(given.Text(0));
+    if (!TakesFocus(control)) return run.Note(given.Text(0) + " takes no focus");
+    GoTo(run, control);
+}
+
+// The mouse.
+
+void Click(Script& run, Given given) {
+    Control& control = run.Session.Named(given.Text(0), given.Count() > 1 ? given.Number(1) : -1);
+    if (!InReach(run, control)) return;
+    // A click closes the menu at the pointer.
+    const Menu* const popup = std::exchange(run.Session.Platform.System.ShownPopup, nullptr);
+    if (popup && control.Container == popup) return control.Click();
+    if (!ClickByHand(control, run.Session.Platform.Focus)) InReach(run, control);
+}
+
+void Pick(Script& run, Given given) {
+    auto& list = OfKind<ListBox>(run, given.Text(0), "list");
+    const int index = given.Number(1);
+    if (!GoTo(run, list)) return;
+    if (index < 0 || index >= list.Count()) return run.Note("there is no such entry");
+    list.ListIndex = index;
+    list.Click();
+}
+
+bool IsRow(Script& run, int row) {
+    if (row >= 1 && row <= run.Session.Program().Count()) return true;
+    run.Note("there is no such row");
+    return false;
+}
+
+void Row(Script& run, Given given) {
+    if (IsRow(run, given.Number(0))) run.Session.Program().Select(given.Number(0));
+}
+
+bool GoToRow(Script& run, int row) {
+    ListView& list = run.Session.Program();
+    if (!GoTo(run, list) || !IsRow(run, row)) return false;
+    list.Select(row);
+    return true;
+}
+
+void ClickRow(Script& run, Given given) {
+    if (GoToRow(run, given.Number(0))) run.Session.Program().Click();
+}
+
+void RightClickRow(Script& run, Given given) {
+    if (!GoToRow(run, given.Number(0))) return;
+    const ListView& list = run.Session.Program();
+    if (list.OnRightClick) list.OnRightClick();
+}
+
+// Headers count from 1; a wrong one is a ScriptError.
+int HeaderNumber(int header) {
+    if (header < 1 || header > SubItemCount) throw ScriptError{"column headers count from 1 to 19"};
+    return header;
+}
+
+void ClickHeader(Script& run, Given given) {
+    const int header = HeaderNumber(given.Number(0));
+    ListView& list = run.Session.Program();
+    if (!GoTo(run, list)) return;
+    if (list.Header(header).Width == 0) return run.Note("this column is hidden");
+    if (list.OnColumnClick) list.OnColumnClick(header);
+}
+
+// Fields.
+
+void Set(Script& run, Given given) {
+    auto& box = OfKind<TextBox>(run, given.Text(0), "field");
+    if (!GoTo(run, box)) return;
+    box.Text = FromUtf8(given.Last());
+}
+
+// As a text that is pasted over the notes.
+void Notes(Script& run, Given given) {
+    auto& box = OfKind<TextBox>(run, "txtFileNotes", "field");
+    if (!GoTo(run, box)) return;
+    int character = key::CtrlV;
+    if (box.OnKeyPress) box.OnKeyPress(character);
+    if (character != 0) box.Text = FromUtf8(given.Last());
+}
+
+// Answers.
+
+void QueueAnswer(Script& run, Given given) {
+    constexpr std::pair<std::string_view, Answer> answers[] = {
+        {"yes", Answer::Yes}, {"no", Answer::No}, {"cancel", Answer::Cancel}, {"ok", Answer::Ok}};
+    for (const auto& [word, answer] : answers) {
+        if (word == given.Text(0)) return run.Session.Platform.Dialogs.Answers.push_back(answer);
+    }
+    throw ScriptError{"unknown answer " + Quoted(given.Text(0))};
+}
+
+void QueueFile(Script& run, Given given) {
+    const bool cancelled = given.Last() == "cancel";
+    run.Session.Platform.Dialogs.FileAnswers.push_back(
+        {cancelled, cancelled ? std::string() : NameFromSystem(given.Last())});
+}
+
+// What surrounds the program.
+
+void PutOnClipboard(Script& run, Given given) {
+    run.Session.Platform.Clipboard.Content = FromUtf8(given.Last());
+}
+
+// A text that begins with the mark of UTF-8 is written as such.
+void WriteFile(Script& run, Given given) {
+    const std::string& text = given.Last();
+    const std::string content = text.substr(0, 3) == "\xEF\xBB\xBF" ? text : FromUtf8(text);
+    try {
+        run.Session.Files().WriteWhole(NameFromSystem(given.Text(0)), content);
+    } catch (const RunTimeError&) {
+        throw ScriptError{Quoted(given.Text(0)) + " cannot be written"};
+    }
+}
+
+void WriteProgram(Script& run, Given given) {
+    WriteFile(run, given);
+    namespace fs = std::filesystem;
+    std::error_code ignored;
+    fs::permissions(given.Text(0), fs::perms::owner_exec, fs::perm_options::add, ignored);
+}
+
+void DeleteFile(Script& run, Given given) {
+    try {
+        run.Session.Files().Delete(NameFromSystem(given.Last()));
+    } catch (const RunTimeError& error) {
+        run.Note(Quoted(given.Last()) + " was not removed: " + error.Description);
+    }
+}
+
+void PlanFailure(Script& run, Given given) {
+    constexpr std::string_view services[] = {"file", "port", "printer", "clipboard", "program"};
+    if (std::find(std::begin(services), std::end(services), given.Text(0)) == std::end(services)) {
+        throw ScriptError{"unknown service " + Quoted(given.Text(0))};
+    }
+    if (given.Number(1) < 1) throw ScriptError{"calls are counted from 1"};
+    run.Session.Platform.Faults.Fail(given.Text(0), given.Number(1));
+}
+
+void Advance(Script& run, Given given) { run.Session.Platform.System.Advance(given.Number(0)); }
+
+void During(Script& run, Given given) { run.PutOff(given.Number(0), given.Last()); }
+
+// Windows.
+
+void Resize(Script& run, Given given) {
+    Form& form = run.Session.FormNamed(given.Text(0));
+    if (!InReach(run, form)) return;
+    if (form.State != WindowState::Normal) return run.Note("only a restored window has a size of its own");
+    run.Session.WindowOf(form).Resize(given.Number(1), given.Number(2));
+}
+
+void ChangeState(Script& run, Given given, WindowState state) {
+    Form& form = run.Session.FormNamed(given.Text(0));
+    if (InReach(run, form)) form.State = state;
+}
+
+void Maximise(Script& run, Given given) { ChangeState(run, given, WindowState::Maximised); }
+void Minimise(Script& run, Given given) { ChangeState(run, given, WindowState::Minimised); }
+void Restore(Script& run, Given given) { ChangeState(run, given, WindowState::Normal); }
+
+void Close(Script& run, Given given) {
+    const Form& form = run.Session.FormNamed(given.Text(0));
+    if (InReach(run, form) && form.OnQueryUnload) form.OnQueryUnload();
+}
+
+// Output.
+
+void Show(Script& run, Given given) {
+    const std::string& name = given.Text(0);
+    std::printf("%s = %s\n", name.c_str(), Escaped(run.ValueNamed(name)).c_str());
+}
+
+void Dump(Script& run, Given) {
+    JsonSink out(stdout);
+    WriteDump(out, run.Session.CommandLine(), run.Session.Bench(), run.Session.Platform);
+    out.Put('\n');
+}
+
+void PrintMessages(Script& run, Given) {
+    const std::vector<MessageBox>& shown = run.Session.Platform.Dialogs.Shown;
+    JsonSink out(stdout);
+    WriteMessages(out, std::span(shown).subspan(run.PrintedBoxes));
+    out.Put('\n');
+    run.PrintedBoxes = shown.size();
+}
+
+void Expect(Script& run, Given given) {
+    std::string_view line = given.Last();
+    const std::string_view word = TakeWord(line);
+    if (const ScriptAction* expectation = FindAction(ScriptExpectations(), word)) {
+        expectation->Do(run, Arguments(line, expectation->Arguments, run.Session.Variables()));
+        return;
+    }
+    const Arguments text(line, {Arg::Text}, run.Session.Variables());
+    run.Compare(text.Last(), run.ValueNamed(word));
+}
+
+constexpr bool ofUser = true;
+
+constexpr ScriptAction actions[] = {
+    {"start", {Arg::Text}, Start, ofUser},
+    {"type", {Arg::Text}, Type, ofUser},
+    {"press", {Arg::Word}, Press, ofUser},
+    {"focus", {Arg::Word}, Focus, ofUser},
+    {"click", {Arg::Word, Arg::MaybeNumber}, Click, ofUser},
+    {"pick", {Arg::Word, Arg::Number}, Pick, ofUser},
+    {"row", {Arg::Number}, Row, ofUser},
+    {"clickrow", {Arg::Number}, ClickRow, ofUser},
+    {"rightclickrow", {Arg::Number}, RightClickRow, ofUser},
+    {"clickheader", {Arg::Number}, ClickHeader, ofUser},
+    {"set", {Arg::Word, Arg::Text}, Set, ofUser},
+    {"notes", {Arg::Text}, Notes, ofUser},
+    {"resize", {Arg::Word, Arg::Number, Arg::Number}, Resize, ofUser},
+    {"maximise", {Arg::Word}, Maximise, ofUser},
+    {"minimise", {Arg::Word}, Minimise, ofUser},
+    {"restore", {Arg::Word}, Restore, ofUser},
+    {"close", {Arg::Word}, Close, ofUser},
+    {"advance", {Arg::Number}, Advance, ofUser},
+
+    {"answer", {Arg::Word}, QueueAnswer},
+    {"file", {Arg::Text}, QueueFile},
+    {"clipboard", {Arg::Text}, PutOnClipboard},
+    {"write", {Arg::Word, Arg::Text}, WriteFile},
+    {"program", {Arg::Word, Arg::Text}, WriteProgram},
+    {"delete", {Arg::Text}, DeleteFile},
+    {"fails", {Arg::Word, Arg::Number}, PlanFailure},
+    {"during", {Arg::Number, Arg::Line}, During},
+
+    {"show", {Arg::Word}, Show},
+    {"expect", {Arg::Line}, Expect},
+    {"dump", {}, Dump},
+    {"messages", {}, PrintMessages},
+};
+
+}  // namespace
+
+std::span<const ScriptAction> ScriptActions() { return actions; }
+
+}  // namespace kvt

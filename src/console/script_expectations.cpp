@@ -1,0 +1,209 @@
+#include <algorithm>
+
+#include "basic/code_page.h"
+#include "basic/number.h"
+#include "console/script_run.h"
+#include "console/state.h"
+
+// What a script can expect of the workbench. The text that is expected ends the line.
+namespace kvt {
+
+namespace {
+
+using Script = ScriptRun;
+using Given = const Arguments&;
+
+const MessageBox* LastExpectedBox(Script& run) {
+    const std::vector<MessageBox>& shown = run.Session.Platform.Dialogs.Shown;
+    return run.ExpectedBoxes > 0 ? &shown[run.ExpectedBoxes - 1] : nullptr;
+}
+
+void ExpectCell(Script& run, Given given) {
+    const ListView& list = run.Session.Program();
+    const int row = given.Number(0);
+    const int column = given.Number(1);
+    if (column < 0 || column >= SubItemCount) throw ScriptError{"columns count from 0 to 18"};
+    if (row < 1 || row > list.Count()) return run.Fail(Quoted(given.Last()), "no such row");
+    run.Compare(given.Last(), ToUtf8(list.Row(row)[column]));
+}
+
+void ExpectRowColor(Script& run, Given given) {
+    const ListView& list = run.Session.Program();
+    const int row = given.Number(0);
+    if (row < 1 || row > list.Count()) return run.Fail(Quoted(given.Last()), "no such row");
+    run.Compare(given.Last(), PlainNumber(static_cast<std::int64_t>(list.Row(row).ForeColor)));
+}
+
+// Column headers count from 1; a wrong one is a ScriptError.
+const ColumnHeader& HeaderOf(Script& run, int header) {
+    if (header < 1 || header > SubItemCount) throw ScriptError{"column headers count from 1 to 19"};
+    return run.Session.Program().Header(header);
+}
+
+void ExpectHeader(Script& run, Given given) {
+    run.Compare(given.Last(), ToUtf8(HeaderOf(run, given.Number(0)).Text));
+}
+
+void ExpectColumnWidth(Script& run, Given given) {
+    run.Compare(given.Last(), PlainNumber(HeaderOf(run, given.Number(0)).Width));
+}
+
+const ListBox& ListNamed(Script& run, const std::string& name) {
+    if (const auto* list = dynamic_cast<const ListBox*>(&run.Session.Named(name))) return *list;
+    throw ScriptError{Quoted(name) + " is no list"};
+}
+
+void ExpectEntry(Script& run, Given given) {
+    const ListBox& list = ListNamed(run, given.Text(0));
+    const int index = given.Number(1);
+    if (index < 0 || index >= list.Count()) return run.Fail(Quoted(given.Last()), "no such entry");
+    run.Compare(given.Last(), ToUtf8(list.Entry(index)));
+}
+
+void ExpectEntries(Script& run, Given given) {
+    run.Compare(given.Last(), PlainNumber(ListNamed(run, given.Text(0)).Count()));
+}
+
+// Message boxes.
+
+void ExpectMessage(Script& run, Given given) {
+    const std::vector<MessageBox>& shown = run.Session.Platform.Dialogs.Shown;
+    if (run.ExpectedBoxes == shown.size()) return run.Fail(Quoted(given.Last()), "no message box");
+    run.Compare(given.Last(), ToUtf8(shown[run.ExpectedBoxes++].Text));
+}
+
+void ExpectTitle(Script& run, Given given) {
+    const MessageBox* const box = LastExpectedBox(run);
+    if (!box) return run.Fail(Quoted(given.Last()), "no message box");
+    run.Compare(given.Last(), ToUtf8(box->Title));
+}
+
+void ExpectIcon(Script& run, Given given) {
+    const MessageBox* const box = LastExpectedBox(run);
+    if (!box) return run.Fail(Quoted(given.Last()), "no message box");
+    run.Compare(given.Last(), std::string(IconName(box->Picture)));
+}
+
+void ExpectButtons(Script& run, Given given) {
+    const MessageBox* const box = LastExpectedBox(run);
+    if (!box) return run.Fail(Quoted(given.Last()), "no message box");
+    run.Compare(given.Last(), std::string(ButtonsName(box->Choice)));
+}
+
+void ExpectNoMessage(Script& run, Given) {
+    const std::vector<MessageBox>& shown = run.Session.Platform.Dialogs.Shown;
+    if (run.ExpectedBoxes < shown.size())
+        run.Fail("no message box", Quoted(ToUtf8(shown[run.ExpectedBoxes].Text)));
+}
+
+// Files.
+
+// The content in UTF-8; nothing where the file cannot be read.
+std::optional<std::string> ContentOf(Script& run, const std::string& path) {
+    try {
+        return ToUtf8(run.Session.Files().ReadWhole(NameFromSystem(path)));
+    } catch (const RunTimeError&) {
+        return std::nullopt;
+    }
+}
+
+void ExpectFile(Script& run, Given given) {
+    const std::optional<std::string> content = ContentOf(run, given.Text(0));
+    if (!content) return run.Fail(Quoted(given.Last()), "no such file");
+    run.Compare(given.Last(), *content);
+}
+
+void ExpectFileHas(Script& run, Given given) {
+    const std::optional<std::string> content = ContentOf(run, given.Text(0));
+    if (!content) return run.Fail("a file with " + Quoted(given.Last()), "no such file");
+    if (content->find(given.Last()) == std::string::npos)
+        run.Fail("a file with " + Quoted(given.Last()), Quoted(*content));
+}
+
+void ExpectNoFile(Script& run, Given given) {
+    if (run.Session.Files().Exists(NameFromSystem(given.Last())))
+        run.Fail("no file " + Quoted(given.Last()), "one");
+}
+
+// The procedures that Errors.log names, a record each: the last text in quotes of its line.
+std::vector<std::string> LoggedProcedures(Script& run) {
+    std::vector<std::string> procedures;
+    const std::string log = ContentOf(run, run.Session.ErrorLogPath()).value_or("");
+    for (std::string_view rest = log; !rest.empty();) {
+        const std::size_t end = std::min(rest.find("\r\n"), rest.size());
+        const std::string_view record = rest.substr(0, end);
+        const std::size_t name = record.rfind(",\"");
+        if (name != std::string_view::npos && record.back() == '"')
+            procedures.emplace_back(record.substr(name + 2, record.size() - name - 3));
+        rest.remove_prefix(std::min(end + 2, rest.size()));
+    }
+    return procedures;
+}
+
+void ExpectLog(Script& run, Given given) {
+    const std::vector<std::string> logged = LoggedProcedures(run);
+    if (std::find(logged.begin(), logged.end(), given.Last()) != logged.end()) return;
+    std::string got;
+    for (const std::string& procedure : logged) got += (got.empty() ? "" : ", ") + Quoted(procedure);
+    run.Fail("a record of " + Quoted(given.Last()), got.empty() ? "no record" : got);
+}
+
+void ExpectNoLog(Script& run, Given) {
+    const std::vector<std::string> logged = LoggedProcedures(run);
+    if (!logged.empty()) run.Fail("no record", "one of " + Quoted(logged.front()));
+}
+
+void ExpectLogCount(Script& run, Given given) {
+    run.Compare(given.Last(), PlainNumber(static_cast<std::int64_t>(LoggedProcedures(run).size())));
+}
+
+// The rest of the world.
+
+void ExpectFocus(Script& run, Given given) {
+    const Control* const focused = run.Session.Platform.Focus.Focused();
+    if (focused == (given.Last().empty() ? nullptr : &run.Session.Named(given.Last()))) return;
+    run.Fail(Quoted(given.Last()), focused ? Quoted(NameOf(run.Session.Forms(), *focused)) : "no focus");
+}
+
+void ExpectClipboard(Script& run, Given given) {
+    run.Compare(given.Last(), ToUtf8(run.Session.Platform.Clipboard.Content));
+}
+
+void ExpectClock(Script& run, Given given) {
+    run.Compare(given.Last(), PlainNumber(static_cast<std::int64_t>(run.Session.Platform.System.Clock)));
+}
+
+void ExpectRunning(Script& run, Given given) {
+    if (given.Last() != "yes" && given.Last() != "no") throw ScriptError{"either yes or no"};
+    run.Compare(given.Last(), run.Session.Running() ? "yes" : "no");
+}
+
+constexpr ScriptAction expectations[] = {
+    {"cell", {Arg::Number, Arg::Number, Arg::Text}, ExpectCell},
+    {"rowcolor", {Arg::Number, Arg::Text}, ExpectRowColor},
+    {"header", {Arg::Number, Arg::Text}, ExpectHeader},
+    {"columnwidth", {Arg::Number, Arg::Text}, ExpectColumnWidth},
+    {"entry", {Arg::Word, Arg::Number, Arg::Text}, ExpectEntry},
+    {"entries", {Arg::Word, Arg::Text}, ExpectEntries},
+    {"message", {Arg::Text}, ExpectMessage},
+    {"title", {Arg::Text}, ExpectTitle},
+    {"icon", {Arg::Text}, ExpectIcon},
+    {"buttons", {Arg::Text}, ExpectButtons},
+    {"nomessage", {}, ExpectNoMessage},
+    {"file", {Arg::Word, Arg::Text}, ExpectFile},
+    {"filehas", {Arg::Word, Arg::Text}, ExpectFileHas},
+    {"nofile", {Arg::Text}, ExpectNoFile},
+    {"log", {Arg::Text}, ExpectLog},
+    {"nolog", {}, ExpectNoLog},
+    {"logcount", {Arg::Text}, ExpectLogCount},
+    {"focus", {Arg::Text}, ExpectFocus},
+    {"clipboard", {Arg::Text}, ExpectClipboard},
+    {"clock", {Arg::Text}, ExpectClock},
+    {"running", {Arg::Text}, ExpectRunning},
+};
+
+}  // namespace
+
+std::span<const ScriptAction> ScriptExpectations() { return expectations; }
+
+}  // namespace kvt

@@ -1,0 +1,115 @@
+#include "console/script_session.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "basic/text.h"
+#include "files/folders.h"
+
+namespace kvt {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// Folders of the program end in a separator, those of a script do not.
+std::string WithoutSeparator(std::string folder) {
+    while (folder.size() > 1 && folder.back() == '/') folder.pop_back();
+    return folder;
+}
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder() {
+    std::error_code failed;
+    std::string pattern = (fs::temp_directory_path(failed) / "kvtc-XXXXXX").string();
+    if (failed || !mkdtemp(pattern.data())) throw ScriptError{"no temporary folder can be made"};
+    path_ = pattern;
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::error_code ignored;
+    fs::remove_all(path_, ignored);
+}
+
+ScriptSession::ScriptSession(const ScriptOptions& options) {
+    const fs::path own = temporary_.Path() / "tmp";
+    const std::string data =
+        WithoutSeparator(options.Data.empty() ? (temporary_.Path() / "data").string() : options.Data);
+    Platform.System.DataFolder = NameFromSystem(data);
+    const Folders folders = FoldersBelow(Platform.System.DataFolder);
+    dataFolder_ = folders.DataFolder;
+    try {
+        for (const std::string& folder : {NameFromSystem(own.string()), folders.DataFolder,
+                                          folders.SettingsFolder, folders.PreProcessorFolder}) {
+            files_.MakeFolder(folder);
+        }
+    } catch (const RunTimeError&) {
+        throw ScriptError{"the folders of the data cannot be made in " + data};
+    }
+    const auto below = [&](const std::string& folder) {
+        return WithoutSeparator(data + folder.substr(Platform.System.DataFolder.size()));
+    };
+    variables_ = {{"TMP", own.string()},
+                  {"DATA", below(folders.DataFolder)},
+                  {"SETTINGS", below(folders.SettingsFolder)},
+                  {"PP", below(folders.PreProcessorFolder)}};
+
+    if (options.Screen.size() == 2) {
+        Platform.Screen.WidthTwips = options.Screen[0];
+        Platform.Screen.HeightTwips = options.Screen[1];
+    }
+    if (!options.WorkArea.empty()) Platform.Screen.WorkAreaTwips = options.WorkArea[0];
+    NewBench();
+}
+
+void ScriptSession::NewBench() {
+    windows_.clear();
+    bench_.reset();
+    Platform.BeginRun();
+    bench_ = std::make_unique<Workbench>(Platform.Services);
+    forms_ = FormsOf(*bench_);
+    for (Form* form : forms_) {
+        Platform.System.Watch(*form);
+        windows_.push_back(std::make_unique<MemoryWindow>(*form, Platform.Screen));
+    }
+}
+
+void ScriptSession::Start(const std::string& commandLine) {
+    if (started_) NewBench();
+    started_ = true;
+    commandLine_ = commandLine;
+    bench_->Form_Load(NameFromSystem(commandLine));
+}
+
+Control& ScriptSession::Named(std::string_view name, int index) const {
+    if (Control* control = FindByName(forms_, name, index)) return *control;
+    std::string asked(name);
+    if (index >= 0) asked += " " + std::to_string(index);
+    throw ScriptError{"unknown name " + Quoted(asked)};
+}
+
+Form& ScriptSession::FormNamed(std::string_view name) const {
+    if (auto* form = dynamic_cast<Form*>(&Named(name))) return *form;
+    throw ScriptError{Quoted(name) + " is no window"};
+}
+
+MemoryWindow& ScriptSession::WindowOf(const Form& form) const {
+    const auto found = std::find_if(windows_.begin(), windows_.end(),
+                                    [&](const auto& window) { return &window->Shown() == &form; });
+    return **found;
+}
+
+const char* ScriptSession::WhyOutOfReach(const Control& control) const {
+    if (Platform.System.Ended) return "the program has ended";
+    // The entries of a menu at the pointer are there although that menu has no place in the menu bar.
+    const Menu* const popup = Platform.System.ShownPopup;
+    const bool inPopup = popup && control.Container == popup;
+    if (!(inPopup ? control.Visible.Get() : control.ReallyVisible())) return "not to be seen";
+    if (!(inPopup ? control.Enabled.Get() : control.ReallyEnabled())) return "disabled";
+    return nullptr;
+}
+
+std::string ScriptSession::ErrorLogPath() const { return dataFolder_ + "Errors.log"; }
+
+}  // namespace kvt

@@ -1,0 +1,115 @@
+#include "desktop/desktop_dialogs.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+
+#include "basic/text.h"
+#include "desktop/text.h"
+
+namespace kvt {
+
+namespace {
+
+// A question of Yes and No is answered by these alone: neither Escape nor closing the box stands for one.
+class Box : public QMessageBox {
+public:
+    using QMessageBox::QMessageBox;
+    bool MustAnswer = false;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (!MustAnswer || event->key() != Qt::Key_Escape) QMessageBox::keyPressEvent(event);
+    }
+    void closeEvent(QCloseEvent* event) override {
+        if (!MustAnswer) return QMessageBox::closeEvent(event);
+        event->ignore();
+    }
+};
+
+QMessageBox::Icon IconOf(Icon icon) {
+    switch (icon) {
+        case Icon::None: return QMessageBox::NoIcon;
+        case Icon::Information: return QMessageBox::Information;
+        case Icon::Exclamation: return QMessageBox::Warning;
+        case Icon::Question: return QMessageBox::Question;
+        case Icon::Critical: return QMessageBox::Critical;
+    }
+    return QMessageBox::NoIcon;
+}
+
+// What a box belongs to: the window in front, or any that is to be seen.
+QWidget* WindowInFront() {
+    if (QWidget* active = QApplication::activeWindow()) return active;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->windowType() == Qt::Window) return window;
+    }
+    return nullptr;
+}
+
+// "name|*.a;*.b|..." as the toolkit has it; "*.*" is any file.
+QStringList FiltersOf(std::string_view filter) {
+    QStringList filters;
+    const std::vector<std::string_view> parts = Split(filter, "|");
+    for (std::size_t i = 0; i + 1 < parts.size(); i += 2) {
+        QString name = ToQt(parts[i]);
+        name.truncate(name.indexOf(u'(') < 0 ? name.size() : name.indexOf(u'('));
+        QStringList patterns = ToQt(parts[i + 1]).split(u';', Qt::SkipEmptyParts);
+        patterns.replaceInStrings(QStringLiteral("*.*"), QStringLiteral("*"));
+        if (!patterns.isEmpty()) filters += name.trimmed() + " (" + patterns.join(u' ') + ")";
+    }
+    return filters;
+}
+
+}  // namespace
+
+Answer DesktopDialogs::ShowMessage(const MessageBox& box) {
+    const bool asks = box.Choice != Buttons::Ok;
+    const Answer refusal = box.Choice == Buttons::YesNoCancel ? Answer::Cancel
+                           : asks                             ? Answer::No
+                                                              : Answer::Ok;
+    if (desktop_.System.Ended()) return refusal;
+    ++desktop_.DialogsShown;
+    Box window(WindowInFront());
+    window.setWindowTitle(box.Title.empty() ? QCoreApplication::applicationName() : ToQt(box.Title));
+    window.setTextFormat(Qt::PlainText);
+    window.setText(ToQt(box.Text));
+    window.setIcon(IconOf(box.Picture));
+    QMessageBox::StandardButtons buttons = asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok;
+    buttons.setFlag(QMessageBox::Cancel, box.Choice == Buttons::YesNoCancel);
+    window.setStandardButtons(buttons);
+    window.setDefaultButton(asks ? QMessageBox::Yes : QMessageBox::Ok);
+    window.MustAnswer = box.Choice == Buttons::YesNo;
+    switch (window.exec()) {
+        case QMessageBox::Yes: return Answer::Yes;
+        case QMessageBox::No: return Answer::No;
+        case QMessageBox::Cancel: return Answer::Cancel;
+        default: return refusal;
+    }
+}
+
+bool DesktopDialogs::Choose(FileDialog& dialog, bool saves) {
+    bool chosen = false;
+    if (!desktop_.System.Ended()) {
+        ++desktop_.DialogsShown;
+        QFileDialog window(WindowInFront());
+        // Whether a file is to be written over is asked by the program.
+        window.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
+        window.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+        window.setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+        const QStringList filters = FiltersOf(dialog.Filter);
+        if (!filters.isEmpty()) window.setNameFilters(filters);
+        if (const QFileInfo before(PathToQt(dialog.FileName)); !dialog.FileName.empty()) {
+            if (before.dir().exists()) window.setDirectory(before.dir());
+            if (saves || before.exists()) window.selectFile(before.fileName());
+        }
+        chosen = window.exec() == QDialog::Accepted && !window.selectedFiles().isEmpty();
+        if (chosen) dialog.FileName = PathText(window.selectedFiles().constFirst());
+    }
+    if (!chosen && dialog.CancelError) throw RunTimeError(fault::Cancelled);
+    return chosen;
+}
+
+}  // namespace kvt

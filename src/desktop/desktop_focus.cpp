@@ -1,0 +1,84 @@
+#include "desktop/desktop_focus.h"
+
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QWidget>
+
+#include "desktop/view.h"
+#include "platform/tab_order.h"
+
+namespace kvt {
+
+void DesktopFocus::MoveOn(Form& form, bool backwards) {
+    Control* const from = Focused();
+    Control* const next =
+        from && &from->OwningForm() == &form ? NextInTabOrder(*from, backwards) : FirstInTabOrder(form);
+    if (next) SetFocus(*next);
+}
+
+bool DesktopFocus::Take(Control& control) {
+    SetFocus(control);
+    return Focused() == &control;
+}
+
+void DesktopFocus::WindowActivated(Form& form) {
+    Control* const now = Focused();
+    if (!now || &now->OwningForm() != &form) {
+        const auto last = last_.find(&form);
+        Control* const next = last != last_.end() ? last->second : FirstInTabOrder(form);
+        if (next) SetFocus(*next);
+    }
+    RestoreSoon();
+}
+
+void DesktopFocus::RestoreSoon() {
+    if (restoring_) return;
+    restoring_ = true;
+    QMetaObject::invokeMethod(
+        &later_,
+        [this] {
+            restoring_ = false;
+            Restore();
+        },
+        Qt::QueuedConnection);
+}
+
+void DesktopFocus::Restore() {
+    if (!Focused()) return;
+    View* const view = View::Of(*Focused());
+    if (!view) return;
+    QWidget* const window = view->Widget()->window();
+    QWidget* const wanted =
+        view->Widget()->isVisible() && view->Widget()->isEnabled() ? view->Widget() : window;
+    if (window->focusWidget() != wanted) wanted->setFocus(Qt::OtherFocusReason);
+}
+
+// Lists and documents have no mark of their own around them.
+void DesktopFocus::Frame(QWidget* widget) {
+    auto* const area = qobject_cast<QAbstractScrollArea*>(widget);
+    if (area && !frame_) {
+        frame_ = new QFocusFrame(area);
+        QPalette palette = frame_->palette();
+        palette.setColor(QPalette::WindowText, palette.color(QPalette::Highlight));
+        frame_->setPalette(palette);
+    }
+    if (frame_) frame_->setWidget(area);
+}
+
+void DesktopFocus::ShowFocus(Control& control) {
+    last_[&control.OwningForm()] = &control;
+    View* const view = View::Of(control);
+    if (!view) return;
+    view->Widget()->setFocus(Qt::OtherFocusReason);
+    Frame(view->Widget());
+    // The mark of the focus shows however the focus came.
+    view->Widget()->window()->setAttribute(Qt::WA_KeyboardFocusChange);
+    // To another window of the program; never away from another program.
+    QWidget* const window = view->Widget()->window();
+    QWidget* const active = QApplication::activeWindow();
+    if (active && active != window && !QApplication::activeModalWidget() && window->isVisible()) {
+        window->activateWindow();
+    }
+}
+
+}  // namespace kvt

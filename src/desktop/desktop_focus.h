@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QFocusFrame>
+#include <QObject>
+#include <QPointer>
+#include <map>
+
+#include "platform/focus_keeper.h"
+
+namespace kvt {
+
+// The focus with windows. Only the keeper says who has it: a click, a Tab or a handler tells the keeper, and
+// the toolkit's own focus follows. So a window that loses the activation loses no focus.
+class DesktopFocus : public FocusKeeper {
+public:
+    // By hand, to the next control of the tab order.
+    void MoveOn(Form& form, bool backwards);
+    // By hand, to a control that was pressed. False where it did not stay there.
+    bool Take(Control& control);
+    // A window has come to the front: the control that had the focus there last gets it back.
+    void WindowActivated(Form& form);
+    // Lets the toolkit's focus follow again, once the events that have come up are through; it strays when a
+    // control is hidden or disabled. The window itself takes the keys of such a control.
+    void RestoreSoon();
+
+protected:
+    void ShowFocus(Control& control) override;
+
+private:
+    void Restore();
+    void Frame(QWidget* widget);
+
+    QObject later_;
+    bool restoring_ = false;
+    // The control of each form that had the focus last.
+    std::map<const Form*, Control*> last_;
+    QPointer<QFocusFrame> frame_;
+};
+
+}  // namespace kvt

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "desktop/desktop_dialogs.h"
+#include "desktop/view.h"
+#include "platform/services.h"
+
+namespace kvt {
+
+class DesktopClipboard : public ClipboardService {
+public:
+    std::string GetText() override;
+    void Clear() override;
+    void SetText(std::string_view text) override;
+};
+
+// The main screen.
+class DesktopScreen : public ScreenService {
+public:
+    explicit DesktopScreen(const Scale& lengths) : lengths_(lengths) {}
+    int Width() override;
+    int Height() override;
+    int WorkAreaHeight() override;
+
+private:
+    const Scale& lengths_;
+};
+
+// The windowing half of the platform. Stands on a QApplication, and on files that it is given.
+class DesktopPlatform {
+public:
+    // The factor by which lengths grow: that of the screen's resolution, 1 to 2.
+    static double ScreenFactor();
+
+    DesktopPlatform(FileService& files, double factor);
+
+    // What a FormView needs, which shows a form.
+    DesktopContext Desktop;
+    kvt::Services Services;
+
+private:
+    DesktopFocus focus_;
+    DesktopSystem system_;
+    DesktopDialogs dialogs_;
+    DesktopClipboard clipboard_;
+    DesktopScreen screen_;
+};
+
+}  // namespace kvt

@@ -1,0 +1,87 @@
+#include "desktop/desktop_system.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QCursor>
+#include <QMenu>
+#include <QStandardPaths>
+#include <QTimer>
+#include <algorithm>
+
+#include "desktop/key_input.h"
+#include "desktop/menu_view.h"
+#include "desktop/text.h"
+#include "desktop/view.h"
+
+namespace kvt {
+
+namespace {
+
+// A caller that is back so soon does nothing but wait.
+constexpr qint64 idleNanoseconds = 200'000;
+constexpr int longestRest = 20;  // milliseconds
+
+}  // namespace
+
+bool DesktopSystem::DoEvents() {
+    if (ended_) return false;
+    auto* dispatcher = QAbstractEventDispatcher::instance();
+    const bool waits = sinceEvents_.isValid() && sinceEvents_.nsecsElapsed() < idleNanoseconds;
+    const bool happened = dispatcher->processEvents(QEventLoop::AllEvents);
+    if (!happened && waits && !ended_) {
+        QTimer wake;
+        wake.setSingleShot(true);
+        wake.start(longestRest);
+        dispatcher->processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    }
+    sinceEvents_.start();
+    return !ended_;
+}
+
+std::tm DesktopSystem::Now() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local = {};
+    localtime_r(&now, &local);
+    return local;
+}
+
+std::string DesktopSystem::LocalDataFolder() {
+    return PathText(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
+}
+
+void DesktopSystem::PressKey(int pressed) {
+    keys_.push_back({pressed, std::max(depth_, 1)});
+    if (depth_ == 0) SendKeysSoon();
+}
+
+void DesktopSystem::SendKeysSoon() {
+    QMetaObject::invokeMethod(
+        &later_, [this] { SendKeys(); }, Qt::QueuedConnection);
+}
+
+void DesktopSystem::SendKeys() {
+    while (!ended_ && !keys_.empty() && keys_.front().Depth > depth_) {
+        const int pressed = keys_.front().Key;
+        keys_.pop_front();
+        Control* const focused = focus_.Focused();
+        View* const view = focused ? View::Of(*focused) : nullptr;
+        QWidget* const target = view ? view->KeyTarget() : QApplication::activeWindow();
+        if (!target) continue;
+        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event = EventOf(pressed, type);
+            QCoreApplication::sendEvent(target, &event);
+        }
+    }
+}
+
+void DesktopSystem::ShowPopupMenu(Menu& menu) {
+    if (auto* view = dynamic_cast<MenuView*>(menu.View)) view->PopUp(QCursor::pos());
+}
+
+void DesktopSystem::EndProgram() {
+    ended_ = true;
+    for (QWidget* window : QApplication::topLevelWidgets()) window->hide();
+    QCoreApplication::quit();
+}
+
+}  // namespace kvt

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <deque>
+#include <utility>
+
+#include "basic/run_time_error.h"
+#include "desktop/desktop_focus.h"
+#include "platform/services.h"
+
+namespace kvt {
+
+// The event loop, and the handlers that run in it.
+class DesktopSystem : public SystemService {
+public:
+    explicit DesktopSystem(DesktopFocus& focus) : focus_(focus) {}
+
+    // Where it is called over and over and nothing comes up, it waits a little: a wait takes no processor.
+    bool DoEvents() override;
+    std::tm Now() override;
+    std::string LocalDataFolder() override;
+    void PressKey(int key) override;
+    void ShowPopupMenu(Menu& menu) override;
+    void EndProgram() override;
+
+    bool Ended() const { return ended_; }
+
+    // Runs a handler of a control. A failure that comes out of it is reported under the control's name and the
+    // event's.
+    template <class Handler>
+    void Run(const Control& control, const char* event, Handler&& handler) {
+        ++depth_;
+        try {
+            std::forward<Handler>(handler)();
+        } catch (const RunTimeError& error) {
+            TellError(error, (control.Name() + "_" + event).c_str());
+        }
+        --depth_;
+        if (!keys_.empty()) SendKeysSoon();
+    }
+
+    // Delivers the pressed keys whose handler has ended.
+    void SendKeys();
+
+private:
+    struct PressedKey {
+        int Key;
+        int Depth;  // of the handler that pressed it
+    };
+    void SendKeysSoon();
+
+    DesktopFocus& focus_;
+    QObject later_;
+    QElapsedTimer sinceEvents_;
+    std::deque<PressedKey> keys_;
+    int depth_ = 0;
+    bool ended_ = false;
+};
+
+}  // namespace kvt

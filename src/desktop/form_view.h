@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+#include <vector>
+
+#include "desktop/menu_view.h"
+#include "desktop/view.h"
+
+class QDropEvent;
+
+namespace kvt {
+
+// A form as a window with a menu bar. The form's size is that of the field below the menu bar. Makes the views
+// of all its controls; the form must outlive it.
+class FormView : public View {
+public:
+    FormView(DesktopContext& desktop, Form& form);
+    ~FormView() override;
+
+    QWidget* Inside() const override { return field_; }
+    QMainWindow& Window() const { return *window_; }
+
+protected:
+    void Follow(PropertyId id) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool TakesFocus() const override { return false; }
+
+private:
+    void MakeViews();
+    ControlView* MakeView(Control& control);
+    QWidget* MenuParent(const Menu& menu);
+    void Stack();
+
+    void ApplySize();
+    void ApplyPosition();
+    void ApplyState();
+    // The window has changed by the user's hand, or by the system's.
+    void Resized();
+    void Moved();
+    void StateChanged();
+    void Activated();
+    void Closed();
+    void Dropped(const QDropEvent& event);
+
+    Form& form_;
+    std::unique_ptr<QMainWindow> window_;
+    QWidget* field_;
+    std::vector<std::unique_ptr<ControlView>> views_;
+    // The window follows the form, or the form the window; never both.
+    bool following_ = false;
+    bool noting_ = false;
+};
+
+}  // namespace kvt

@@ -1,0 +1,258 @@
+#include "desktop/list_area.h"
+
+#include <QContextMenuEvent>
+#include <QFontDatabase>
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyleOptionHeader>
+#include <QToolTip>
+#include <algorithm>
+
+#include "basic/stack_guard.h"
+#include "desktop/colors.h"
+#include "desktop/text.h"
+
+namespace kvt {
+
+namespace {
+
+// Twips. Columns are made for characters of this width, with this room at either side.
+constexpr int characterTwips = 105;
+constexpr int paddingTwips = 75;
+
+constexpr int firstColored = 1;
+constexpr int lastColored = 7;
+constexpr double focusedTint = 0.3;  // of the selected row
+constexpr double tint = 0.15;
+const QColor findingColor(0xC0, 0x00, 0x20);
+
+}  // namespace
+
+ListArea::ListArea(ListView& list, const Scale& lengths, QWidget* parent)
+    : QAbstractScrollArea(parent),
+      list_(list),
+      lengths_(lengths),
+      headerHeight_(lengths.Pixels(ListView::HeaderHeight)),
+      rowHeight_(lengths.Pixels(ListView::RowHeight)),
+      padding_(lengths.Pixels(paddingTwips)) {
+    ChooseFont();
+    viewport()->setBackgroundRole(QPalette::Base);
+    horizontalScrollBar()->setSingleStep(characterWidth_);
+}
+
+// The largest face whose characters fit the columns.
+void ListArea::ChooseFont() {
+    font_ = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    const int widest = lengths_.Pixels(characterTwips);
+    for (int size = rowHeight_ - 2; size >= 6; --size) {
+        font_.setPixelSize(size);
+        characterWidth_ = std::max(1, QFontMetrics(font_).horizontalAdvance(u'0'));
+        if (characterWidth_ <= widest) break;
+    }
+}
+
+std::vector<ListArea::Column> ListArea::Columns() const {
+    std::vector<Column> columns;
+    int twips = 0;
+    for (int subItem = 0; subItem < SubItemCount; ++subItem) {
+        const int width = list_.Header(subItem + 1).Width;
+        if (width <= 0) continue;
+        const int left = lengths_.Pixels(twips);
+        twips += width;
+        columns.push_back(
+            {subItem,
+             {left - horizontalScrollBar()->value(), 0, lengths_.Pixels(twips) - left, headerHeight_}});
+    }
+    return columns;
+}
+
+int ListArea::RowsInSight() const { return std::max(1, (viewport()->height() - headerHeight_) / rowHeight_); }
+
+void ListArea::FollowRows() {
+    const StackGuard guard(following_);
+    int width = 0;
+    for (const Column& column : Columns()) width += column.Place.width();
+    horizontalScrollBar()->setPageStep(viewport()->width());
+    horizontalScrollBar()->setRange(0, std::max(0, width - viewport()->width()));
+
+    const int rows = RowsInSight();
+    list_.SetRowsInSight(rows);
+    verticalScrollBar()->setPageStep(rows);
+    verticalScrollBar()->setRange(0, std::max(0, list_.Count() - rows));
+    verticalScrollBar()->setValue(list_.TopRow() - 1);
+    // Where there are too few rows below, the first in sight is another one.
+    if (list_.Count() > 0) list_.ScrollTo(verticalScrollBar()->value() + 1);
+    viewport()->update();
+}
+
+void ListArea::resizeEvent(QResizeEvent* event) {
+    QAbstractScrollArea::resizeEvent(event);
+    FollowRows();
+}
+
+void ListArea::scrollContentsBy(int, int) {
+    if (!following_ && list_.Count() > 0) {
+        list_.ScrollTo(std::clamp(verticalScrollBar()->value() + 1, 1, list_.Count()));
+    }
+    viewport()->update();
+}
+
+void ListArea::focusInEvent(QFocusEvent*) { viewport()->update(); }
+
+void ListArea::focusOutEvent(QFocusEvent*) { viewport()->update(); }
+
+void ListArea::changeEvent(QEvent* event) {
+    QAbstractScrollArea::changeEvent(event);
+    viewport()->update();
+}
+
+QRect ListArea::RowPlace(int row) const {
+    return {0, headerHeight_ + (row - list_.TopRow()) * rowHeight_, viewport()->width(), rowHeight_};
+}
+
+int ListArea::RowAt(QPoint point) const {
+    if (point.y() < headerHeight_) return 0;
+    const int row = list_.TopRow() + (point.y() - headerHeight_) / rowHeight_;
+    return row <= list_.Count() ? row : 0;
+}
+
+int ListArea::HeaderAt(QPoint point) const {
+    for (const Column& column : Columns()) {
+        if (column.Place.contains(point)) return column.SubItem + 1;
+    }
+    return 0;
+}
+
+void ListArea::mousePressEvent(QMouseEvent* event) {
+    const QPoint point = event->position().toPoint();
+    const bool left = event->button() == Qt::LeftButton;
+    pressedHeader_ = left ? HeaderAt(point) : 0;
+    const int row = RowAt(point);
+    rowPressed_ = left && row > 0;
+    if (pressedHeader_ > 0) viewport()->update();
+    if (row == 0 || (!left && event->button() != Qt::RightButton)) return;
+    list_.Select(row);
+    if (!left && OnRowRightClick) OnRowRightClick();
+}
+
+void ListArea::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
+    const QPoint point = event->position().toPoint();
+    const int header = std::exchange(pressedHeader_, 0);
+    const bool rowPressed = std::exchange(rowPressed_, false);
+    viewport()->update();
+    if (header > 0 && HeaderAt(point) == header && OnHeaderClick) OnHeaderClick(header);
+    if (rowPressed && RowAt(point) == list_.SelectedRow() && OnRowClick) OnRowClick();
+}
+
+// The mouse has its own way; this is for the key.
+void ListArea::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() == QContextMenuEvent::Keyboard && list_.Count() > 0 && OnRowRightClick)
+        OnRowRightClick();
+}
+
+// Shows a cell whole that its column cuts.
+bool ListArea::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(event);
+    const auto& help = static_cast<const QHelpEvent&>(*event);
+    const int row = RowAt(help.pos());
+    for (const Column& column : Columns()) {
+        const bool inColumn = help.pos().x() >= column.Place.left() && help.pos().x() <= column.Place.right();
+        if (row == 0 || !inColumn) continue;
+        const QString cell = ToQt(list_.Row(row)[column.SubItem]);
+        if (Cut(cell, column.Place.width()) == cell) break;
+        QToolTip::showText(help.globalPos(), "<qt>" + cell.trimmed().toHtmlEscaped() + "</qt>", viewport());
+        return true;
+    }
+    QToolTip::hideText();
+    return true;
+}
+
+QString ListArea::Cut(const QString& text, int width) const {
+    const int fits = std::max(0, (width - padding_ - 1) / characterWidth_);
+    if (text.size() <= fits) return text;
+    // Blanks at the end are not missed.
+    const QString shown = text.left(fits);
+    if (QStringView(text).mid(fits).trimmed().isEmpty() || fits == 0) return shown;
+    return text.left(fits - 1) + QChar(0x2026);
+}
+
+QColor ListArea::CellColor(int row, int subItem) const {
+    const ListRow& cells = list_.Row(row);
+    const QColor plain = palette().color(QPalette::Text);
+    if (!isEnabled()) return palette().color(QPalette::Disabled, QPalette::Text);
+    const QColor ground = palette().color(QPalette::Base);
+    if (subItem == FindingColumn) return Readable(findingColor, ground);
+    if (subItem < firstColored || subItem > lastColored || cells.ForeColor == 0) return plain;
+    return Readable(ColorOf(cells.ForeColor), ground);
+}
+
+void ListArea::PaintHeaders(QPainter& painter, const std::vector<Column>& columns) const {
+    QStyleOptionHeader option;
+    option.initFrom(this);
+    option.state &= ~(QStyle::State_HasFocus | QStyle::State_MouseOver);
+    option.state |= QStyle::State_Raised | QStyle::State_Horizontal;
+    option.orientation = Qt::Horizontal;
+    // The strip behind the last column.
+    option.rect = QRect(0, 0, viewport()->width(), headerHeight_);
+    option.section = -1;
+    style()->drawControl(QStyle::CE_HeaderEmptyArea, &option, &painter, this);
+    const QStyle::State plain = option.state;
+    for (const Column& column : columns) {
+        const bool pressed = pressedHeader_ == column.SubItem + 1;
+        option.rect = column.Place;
+        option.section = column.SubItem;
+        option.position = QStyleOptionHeader::Middle;
+        option.state = pressed ? (plain & ~QStyle::State_Raised) | QStyle::State_Sunken : plain;
+        style()->drawControl(QStyle::CE_HeaderSection, &option, &painter, this);
+        const QRect place = column.Place.adjusted(padding_, 0, -1, 0);
+        const QString text = ToQt(list_.Header(column.SubItem + 1).Text);
+        style()->drawItemText(&painter, place, Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(),
+                              fontMetrics().elidedText(text, Qt::ElideRight, place.width()),
+                              QPalette::ButtonText);
+    }
+}
+
+void ListArea::PaintRow(QPainter& painter, int row, const std::vector<Column>& columns) const {
+    const QRect place = RowPlace(row);
+    const QColor ground = palette().color(QPalette::Base);
+    const bool selected = row == list_.SelectedRow();
+    if (selected) {
+        // A tint, on which the colours of the row can still be told apart.
+        const QColor mark = palette().color(QPalette::Active, QPalette::Highlight);
+        painter.fillRect(place, Mixed(ground, mark, hasFocus() ? focusedTint : tint));
+        if (hasFocus()) {
+            painter.setPen(mark);
+            painter.drawRect(place.adjusted(0, 0, -1, -1));
+        }
+    }
+    const QFontMetrics metrics(font_);
+    const int baseline = place.top() + (rowHeight_ - metrics.height()) / 2 + metrics.ascent();
+    for (const Column& column : columns) {
+        const std::string_view cell = list_.Row(row)[column.SubItem];
+        if (cell.find_first_not_of(' ') == std::string_view::npos) continue;
+        painter.setPen(CellColor(row, column.SubItem));
+        painter.drawText(column.Place.left() + padding_, baseline, Cut(ToQt(cell), column.Place.width()));
+    }
+}
+
+void ListArea::paintEvent(QPaintEvent*) {
+    QPainter painter(viewport());
+    std::vector<Column> columns = Columns();
+    std::erase_if(columns, [this](const Column& column) {
+        return column.Place.right() < 0 || column.Place.left() >= viewport()->width();
+    });
+    const int last = std::min(list_.Count(), list_.TopRow() + RowsInSight());
+    painter.setFont(font_);
+    for (int row = list_.TopRow(); row <= last; ++row) PaintRow(painter, row, columns);
+    painter.setPen(Mixed(palette().color(QPalette::Base), palette().color(QPalette::Text), 0.12));
+    for (const Column& column : columns) {
+        painter.drawLine(column.Place.right(), headerHeight_, column.Place.right(), viewport()->height());
+    }
+    painter.setFont(font());
+    PaintHeaders(painter, columns);
+}
+
+}  // namespace kvt

@@ -1,0 +1,138 @@
+#include "desktop/list_box_view.h"
+
+#include <QAbstractListModel>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <algorithm>
+
+#include "basic/stack_guard.h"
+#include "desktop/colors.h"
+#include "desktop/text.h"
+#include "platform/keys.h"
+
+namespace kvt {
+
+namespace {
+
+class EntriesModel : public QAbstractListModel {
+public:
+    EntriesModel(const ListBox& list, QObject* parent) : QAbstractListModel(parent), list_(list) {}
+    int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : list_.Count(); }
+    QVariant data(const QModelIndex& index, int role) const override {
+        if (role != Qt::DisplayRole || index.row() >= list_.Count()) return {};
+        return ToQt(list_.Entry(index.row()));
+    }
+    void Changed() {
+        beginResetModel();
+        endResetModel();
+    }
+
+private:
+    const ListBox& list_;
+};
+
+constexpr double tint = 0.2;
+
+class EntryPainter : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const QSize size = QStyledItemDelegate::sizeHint(option, index);
+        return {size.width(), option.fontMetrics.height() + 3};
+    }
+
+    // The selected entry of a list without the keys is but tinted.
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (!option->widget || option->widget->hasFocus()) return;
+        QPalette& palette = option->palette;
+        palette.setColor(QPalette::Highlight,
+                         Mixed(palette.color(QPalette::Base), palette.color(QPalette::Highlight), tint));
+        palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        const QString entry = index.data().toString();
+        const qsizetype tab = entry.indexOf(u'\t');
+        if (tab < 0) return QStyledItemDelegate::paint(painter, option, index);
+        // The ground of the entry without its text, then the text in its columns.
+        QStyleOptionViewItem ground = option;
+        initStyleOption(&ground, index);
+        ground.text.clear();
+        const QStyle& style = *option.widget->style();
+        style.drawControl(QStyle::CE_ItemViewItem, &ground, painter, option.widget);
+        const bool selected = option.state.testFlag(QStyle::State_Selected);
+        const auto role = selected ? QPalette::HighlightedText : QPalette::Text;
+        const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+        const QFontMetrics& metrics = option.fontMetrics;
+        QRect place = option.rect.adjusted(4, 0, -2, 0);
+        const auto draw = [&](const QString& text) {
+            style.drawItemText(painter, place, Qt::AlignLeft | Qt::AlignVCenter, ground.palette, enabled,
+                               metrics.elidedText(text, Qt::ElideRight, place.width()), role);
+        };
+        draw(entry.left(tab).trimmed());
+        place.setLeft(place.left() + metrics.horizontalAdvance(QStringLiteral("M99R  ")));
+        draw(entry.mid(tab + 1).trimmed());
+    }
+};
+
+}  // namespace
+
+ListBoxView::ListBoxView(DesktopContext& desktop, ListBox& control, QWidget* parent)
+    : View(desktop, control, new QListView(parent)),
+      list_(control),
+      face_(static_cast<QListView*>(Widget())) {
+    Watch(face_->viewport());
+    face_->setModel(new EntriesModel(list_, face_));
+    face_->setItemDelegate(new EntryPainter(face_));
+    face_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    face_->setUniformItemSizes(true);
+    face_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    connect(face_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& index) {
+                if (!following_) list_.ListIndex = index.row();
+            });
+    connect(face_, &QListView::clicked, this, [this] { Click(); });
+}
+
+void ListBoxView::Follow(PropertyId id) {
+    const StackGuard guard(following_);
+    switch (id) {
+        case PropertyId::Entries: static_cast<EntriesModel*>(face_->model())->Changed(); [[fallthrough]];
+        case PropertyId::ListIndex:
+            // An index of no entry selects none.
+            face_->setCurrentIndex(face_->model()->index(list_.ListIndex, 0));
+            break;
+        case PropertyId::ForeColor: SetTextColor(*face_, list_.ForeColor); break;
+        default: View::Follow(id);
+    }
+}
+
+bool ListBoxView::Act(const KeyInput& input) {
+    int index = list_.ListIndex;
+    switch (input.Key) {
+        case key::Enter:
+        case key::Space:
+            if (index >= 0) Click();
+            return true;
+        case key::Up: --index; break;
+        case key::Down: ++index; break;
+        case key::Home: index = 0; break;
+        case key::End: index = list_.Count() - 1; break;
+        default: return false;
+    }
+    if (list_.Count() == 0) return true;
+    index = std::clamp(index, 0, list_.Count() - 1);
+    if (index == list_.ListIndex) return true;
+    list_.ListIndex = index;
+    Click();
+    return true;
+}
+
+void ListBoxView::Click() {
+    Desktop.System.Run(list_, "Click", [this] { list_.Click(); });
+}
+
+}  // namespace kvt

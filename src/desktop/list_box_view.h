@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QListView>
+
+#include "desktop/view.h"
+
+namespace kvt {
+
+// The entries of a list box; what stands behind a tab stands in a second column. Moving the selection by key
+// counts as a click, and so do Enter and the blank.
+class ListBoxView : public View {
+public:
+    ListBoxView(DesktopContext& desktop, ListBox& control, QWidget* parent);
+
+protected:
+    void Follow(PropertyId id) override;
+    bool Act(const KeyInput& input) override;
+
+private:
+    void Click();
+
+    ListBox& list_;
+    QListView* face_;
+    bool following_ = false;
+};
+
+}  // namespace kvt

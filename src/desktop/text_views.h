@@ -1,0 +1,95 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+#include "desktop/view.h"
+
+namespace kvt {
+
+// A text box. What the user writes goes into the control at once, and the selection with it; what enters by
+// other ways than single characters enters as Ctrl-V does, if the handlers let that pass.
+class TextBoxView : public View {
+public:
+    // A text that was dropped on the box.
+    void Drop(const QString& text);
+
+protected:
+    TextBoxView(DesktopContext& desktop, TextBox& control, QWidget* widget);
+
+    void Follow(PropertyId id) override;
+    bool Act(const KeyInput& input) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    // The widget, as text of the toolkit and of the program.
+    virtual QString Shown() const = 0;
+    virtual void SetShown(const QString& text) = 0;
+    virtual TextSelection ShownSelection() const = 0;
+    virtual void SetShownSelection(TextSelection selection) = 0;
+    virtual void Insert(const QString& text) = 0;
+    virtual void Copy() = 0;
+    virtual void Cut() = 0;
+    virtual void SelectAll() = 0;
+    // A text as the widget has it, and what may enter at once.
+    virtual QString Wanted() const = 0;
+    virtual QString Fit(const QString& text) const = 0;
+
+    void PutIn(int number) override;
+    // The user has changed the text, or the selection alone.
+    void Edited();
+    void SelectionMoved();
+
+    TextBox& Box;
+
+private:
+    void Paste(const QString& text);
+    void ShowMenu(QPoint at);
+
+    bool following_ = false;
+    // What Ctrl-V puts in: the clipboard where it is not set.
+    QString incoming_;
+};
+
+// One line.
+class LineView : public TextBoxView {
+public:
+    LineView(DesktopContext& desktop, TextBox& control, QWidget* parent);
+
+protected:
+    QString Shown() const override { return edit_->text(); }
+    void SetShown(const QString& text) override { edit_->setText(text); }
+    TextSelection ShownSelection() const override;
+    void SetShownSelection(TextSelection selection) override;
+    void Insert(const QString& text) override { edit_->insert(text); }
+    void Copy() override { edit_->copy(); }
+    void Cut() override { edit_->cut(); }
+    void SelectAll() override { edit_->selectAll(); }
+    QString Wanted() const override;
+    QString Fit(const QString& text) const override;
+
+private:
+    QLineEdit* edit_;
+};
+
+// Several lines, which end with CR LF in the control.
+class NotesView : public TextBoxView {
+public:
+    NotesView(DesktopContext& desktop, TextBox& control, QWidget* parent);
+
+protected:
+    QString Shown() const override;
+    void SetShown(const QString& text) override;
+    TextSelection ShownSelection() const override;
+    void SetShownSelection(TextSelection selection) override;
+    void Insert(const QString& text) override { edit_->insertPlainText(text); }
+    void Copy() override { edit_->copy(); }
+    void Cut() override { edit_->cut(); }
+    void SelectAll() override { edit_->selectAll(); }
+    QString Wanted() const override;
+    QString Fit(const QString& text) const override;
+
+private:
+    QPlainTextEdit* edit_;
+};
+
+}  // namespace kvt

@@ -1,0 +1,167 @@
+#include "desktop/view.h"
+
+#include <QInputMethodEvent>
+
+#include "basic/stack_guard.h"
+#include "desktop/text.h"
+#include "platform/keys.h"
+
+namespace kvt {
+
+namespace {
+
+bool OnFrontPage(const Control& control) {
+    const auto* strip = dynamic_cast<const TabStrip*>(control.Container);
+    return !strip || control.Page < 0 || control.Page == strip->Value;
+}
+
+// A tool tip that is shown letter by letter, whatever mark-up it looks like.
+QString PlainToolTip(const QString& text) {
+    return text.isEmpty() ? text : "<qt>" + text.toHtmlEscaped() + "</qt>";
+}
+
+}  // namespace
+
+View::View(DesktopContext& desktop, Control& control, QWidget* widget)
+    : Desktop(desktop), control_(control), widget_(widget) {
+    control.View = this;
+    widget_->setObjectName(QString::fromStdString(control.Name()));
+    // Presses of the mouse and the Tab key give the focus by way of the keeper, not of the toolkit.
+    widget_->setFocusPolicy(Qt::NoFocus);
+    Watch(widget_);
+}
+
+View::~View() { control_.View = nullptr; }
+
+void View::Follow(PropertyId id) {
+    switch (id) {
+        case PropertyId::Left:
+        case PropertyId::Top:
+        case PropertyId::Width:
+        case PropertyId::Height:
+            widget_->setGeometry(
+                Desktop.Lengths.Rectangle(control_.Left, control_.Top, control_.Width, control_.Height));
+            break;
+        case PropertyId::Visible:
+            widget_->setVisible(control_.Visible && OnFrontPage(control_));
+            Desktop.Focus.RestoreSoon();
+            break;
+        case PropertyId::Enabled:
+            widget_->setEnabled(control_.Enabled);
+            Desktop.Focus.RestoreSoon();
+            break;
+        case PropertyId::ToolTip: widget_->setToolTip(PlainToolTip(ToQt(control_.ToolTip))); break;
+        default: break;
+    }
+}
+
+bool View::eventFilter(QObject* watched, QEvent* event) {
+    if (passing_) return false;
+    switch (event->type()) {
+        case QEvent::KeyPress: return KeyPressed(watched, *static_cast<QKeyEvent*>(event));
+        case QEvent::InputMethod: return TextCommitted(watched, *static_cast<QInputMethodEvent*>(event));
+        case QEvent::MouseButtonPress: return MousePressed();
+        default: return false;
+    }
+}
+
+bool View::KeyPressed(QObject* watched, QKeyEvent& event) {
+    const KeyInput input = InputOf(event);
+    if (input.Empty()) return false;
+    event.accept();
+    if (input.Key == key::Tab) {
+        Desktop.System.Run(control_, "LostFocus", [&] {
+            Desktop.Focus.MoveOn(control_.OwningForm(), (input.Held & key::ShiftHeld) != 0);
+        });
+    } else if (input.Text.size() > 1) {
+        if (OfferKey(input)) Type(input.Text);
+    } else if (Offer(input)) {
+        PassOn(watched, event);
+        event.accept();
+    }
+    Desktop.System.SendKeys();
+    return true;
+}
+
+void View::Press(const KeyInput& input) {
+    Offer(input);
+    Desktop.System.SendKeys();
+}
+
+// What composed characters, dead keys and the like give is typed as well. What is still being composed is shown
+// by the widget itself.
+bool View::TextCommitted(QObject* watched, QInputMethodEvent& event) {
+    if (event.commitString().isEmpty()) return false;
+    const QString text = event.commitString().normalized(QString::NormalizationForm_C);
+    QInputMethodEvent composing(event.preeditString(), event.attributes());
+    PassOn(watched, composing);
+    Type(text);
+    event.accept();
+    return true;
+}
+
+bool View::MousePressed() {
+    if (!TakesFocus() || !control_.ReallyEnabled()) return false;
+    const int dialogsBefore = Desktop.DialogsShown;
+    bool stays = false;
+    Desktop.System.Run(control_, "GotFocus", [&] { stays = Desktop.Focus.Take(control_); });
+    // Where the control that was left has refused, or has asked something, the press is used up.
+    return !stays || Desktop.DialogsShown != dialogsBefore;
+}
+
+// To the widget alone: what it has no use for must not come up again at the window, which has seen it.
+void View::PassOn(QObject* watched, QEvent& event) {
+    const StackGuard guard(passing_);
+    watched->event(&event);
+}
+
+// The form sees keys first.
+std::array<Control*, 2> View::Receivers() const {
+    Control* const form = &control_.OwningForm();
+    return {form, form != &control_ ? &control_ : nullptr};
+}
+
+bool View::OfferKey(const KeyInput& input) {
+    Control* const focused = Desktop.Focus.Focused();
+    for (Control* receiver : Receivers()) {
+        if (input.Key == 0 || !receiver || !receiver->OnKeyDown) continue;
+        Desktop.System.Run(*receiver, "KeyDown", [&] { receiver->OnKeyDown(input.Key, input.Held); });
+        if (Desktop.System.Ended() || Desktop.Focus.Focused() != focused) return false;
+    }
+    return true;
+}
+
+bool View::OfferCharacter(int& number) {
+    Control* const focused = Desktop.Focus.Focused();
+    for (Control* receiver : Receivers()) {
+        if (!receiver || !receiver->OnKeyPress) continue;
+        Desktop.System.Run(*receiver, "KeyPress", [&] { receiver->OnKeyPress(number); });
+        if (Desktop.System.Ended() || Desktop.Focus.Focused() != focused || number == 0) return false;
+    }
+    return true;
+}
+
+// True where the widget is to use the input itself.
+bool View::Offer(const KeyInput& input) {
+    if (!OfferKey(input)) return false;
+    if (input.Text.isEmpty()) return !Act(input);
+    const int pressed = CharacterNumber(input.Text.at(0));
+    int number = pressed;
+    if (number == 0 || !OfferCharacter(number)) return false;
+    if (number == pressed) return !Act(input);
+    PutIn(number);
+    return false;
+}
+
+void View::Type(const QString& text) {
+    for (const QChar character : text) {
+        // What was typed before may have moved the focus on.
+        Control* const focused = Desktop.Focus.Focused();
+        View* const receiver = focused && Of(*focused) ? Of(*focused) : this;
+        int number = CharacterNumber(character);
+        if (number != 0 && receiver->OfferCharacter(number)) receiver->PutIn(number);
+        Desktop.System.SendKeys();
+    }
+}
+
+}  // namespace kvt

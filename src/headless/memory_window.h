@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/controls.h"
+#include "platform/services.h"
+
+namespace kvt {
+
+// A window without a display: a maximised form has the work area, a restored one the place that it had before,
+// and a form hears of every new size, by hand or by code.
+class MemoryWindow : public ControlView {
+public:
+    MemoryWindow(Form& form, ScreenService& screen);
+    ~MemoryWindow() override;
+    MemoryWindow(const MemoryWindow&) = delete;
+    MemoryWindow& operator=(const MemoryWindow&) = delete;
+
+    const Form& Shown() const { return form_; }
+    // Draws the window to a size in twips, which it hears of once.
+    void Resize(int width, int height);
+
+    void PropertyChanged(Control& control, PropertyId id) override;
+
+private:
+    struct Place {
+        int Left, Top, Width, Height;
+    };
+    Place PlaceNow() const { return {form_.Left, form_.Top, form_.Width, form_.Height}; }
+    void Put(const Place& place);
+    void StateChanged();
+    void TellResize() const;
+
+    Form& form_;
+    ScreenService& screen_;
+    WindowState state_;
+    Place normal_;
+    bool placing_ = false;
+};
+
+}  // namespace kvt

@@ -1,0 +1,57 @@
+#include "platform/tab_order.h"
+
+#include <algorithm>
+
+namespace kvt {
+
+namespace {
+
+// Whether every page of a tab strip that the control lies on is the one in front.
+bool OnFrontPage(const Control& control) {
+    for (const Control* inner = &control; inner->Container; inner = inner->Container) {
+        const auto* strip = dynamic_cast<const TabStrip*>(inner->Container);
+        if (strip && inner->Page >= 0 && inner->Page != strip->Value) return false;
+    }
+    return true;
+}
+
+bool Before(const Control* a, const Control* b) { return a->TabIndex.Get() < b->TabIndex.Get(); }
+
+}  // namespace
+
+bool TakesTab(const Control& control) {
+    switch (control.Kind()) {
+        case ControlKind::TextBox:
+        case ControlKind::CheckBox:
+        case ControlKind::OptionButton:
+        case ControlKind::CommandButton:
+        case ControlKind::ListBox:
+        case ControlKind::ListView:
+        case ControlKind::TabStrip:
+            return control.TabIndex >= 0 && control.ReallyVisible() && control.ReallyEnabled() &&
+                   OnFrontPage(control);
+        default: return false;
+    }
+}
+
+Control* NextInTabOrder(Control& from, bool backwards) {
+    std::vector<Control*> stops;
+    for (Control* control : from.OwningForm().Controls()) {
+        if (control == &from || TakesTab(*control)) stops.push_back(control);
+    }
+    std::stable_sort(stops.begin(), stops.end(), Before);
+    if (backwards) std::reverse(stops.begin(), stops.end());
+    const auto at = std::find(stops.begin(), stops.end(), &from);
+    Control* const next = std::next(at) == stops.end() ? stops.front() : *std::next(at);
+    return next != &from ? next : nullptr;
+}
+
+Control* FirstInTabOrder(const Form& form) {
+    std::vector<Control*> stops;
+    std::copy_if(form.Controls().begin(), form.Controls().end(), std::back_inserter(stops),
+                 [](const Control* control) { return TakesTab(*control); });
+    const auto first = std::min_element(stops.begin(), stops.end(), Before);
+    return first == stops.end() ? nullptr : *first;
+}
+
+}  // namespace kvt

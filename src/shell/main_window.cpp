@@ -1,0 +1,317 @@
+#include "shell/main_window.h"
+
+#include "basic/run_time_error.h"
+#include "basic/text.h"
+#include "platform/keys.h"
+#include "shell/layout.h"
+#include "shell/workbench.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr const char* formLoadName = "Form_Load";
+constexpr const char* programName = "Kestrel Vise Toolkit";
+constexpr int smallScreenWidth = 12000;
+constexpr int smallScreenHeight = 9000;
+constexpr int firstWidth = 13800;
+
+// The button of each index that this window has a command for.
+namespace top_button {
+constexpr int Open = 0, Save = 1, New = 2, Print = 3, Settings = 4, Draw = 7, Transmit = 9;
+}  // namespace top_button
+
+}  // namespace
+
+MainWindow::MainWindow(Workbench& bench) : bench_(bench) {
+    WireMenus();
+    WireOptions();
+    WireKeys();
+    Form& form = bench_.frmMain;
+    form.OnActivate = [this] { Form_Activate(); };
+    form.OnResize = [this] { Form_Resize(); };
+    form.OnQueryUnload = [this] { mnuExit_Click(); };
+    form.OnDropFile = [this](const std::string& path) { OpenFile(path); };
+    bench_.Main.tmr1sec.OnTimer = [this] { tmr1sec_Timer(); };
+}
+
+void MainWindow::WireMenus() {
+    MainControls& main = bench_.Main;
+    main.mnuOpen.OnClick = [this] { OpenFile(""); };
+    main.mnuNew.OnClick = [this] { mnuNew_Click(); };
+    main.mnuSave.OnClick = [this] { bench_.Writer.mnuSave_Click(); };
+    main.mnuSaveAs.OnClick = [this] { bench_.Writer.mnuSaveAs_Click(); };
+    main.mnuSaveClipboard.OnClick = [this] { bench_.Writer.mnuSaveClipboard_Click(); };
+    main.mnuLoadClipboard.OnClick = [this] { Run(bench_.Calls.LoadClipboardModule); };
+    main.mnuExit.OnClick = [this] { mnuExit_Click(); };
+    main.mnuGeneral.OnClick = [this] { ShowSettings(settings_page::General); };
+    main.mnuMachine.OnClick = [this] { ShowSettings(settings_page::Machine); };
+    main.RCmnuInsert.OnClick = [this] { bench_.Lines.LineInsert(); };
+    main.RCmnuDelete.OnClick = [this] { bench_.Lines.LineDelete(); };
+    main.cmdInsert.OnClick = [this] { bench_.Lines.LineInsert(); };
+    main.cmdDelete.OnClick = [this] { bench_.Lines.LineDelete(); };
+    for (const auto& button : main.cmdTopButtons) {
+        const int index = button->Index();
+        button->OnClick = [this, index] { cmdTopButtons_Click(index); };
+    }
+    bench_.Store.lvCncProgram.OnRightClick = [this] {
+        bench_.Codes.lvCncProgram_Click();
+        bench_.Platform.System.ShowPopupMenu(bench_.Main.mnuRightClick);
+    };
+    // The path and the file's name stand in one place; a click changes between them.
+    Label& path = bench_.File.lblPath;
+    Label& name = bench_.File.lblFileName;
+    path.OnClick = [&path, &name] {
+        name.Caption = ExtractFileName(path.Caption);
+        path.Visible = false;
+        name.Visible = true;
+    };
+    name.OnClick = [&path, &name] {
+        name.Visible = false;
+        path.Visible = true;
+    };
+}
+
+void MainWindow::WireOptions() {
+    MachineControls& machine = bench_.Machine;
+    machine.optSettingsMK2.OnClick = [this] { ChooseMachine("MK2"); };
+    machine.optSettingsMK4.OnClick = [this] { ChooseMachine("MK4"); };
+    machine.optSettingsF1CNC.OnClick = [this] { ChooseMachine("F1"); };
+    machine.optSettingsMm.OnClick = [this] { ChooseUnits("Metric"); };
+    machine.optSettingsInch.OnClick = [this] { ChooseUnits("Imperial"); };
+    machine.optSettingsHmm.OnClick = [this] { ChooseUnits("Metric", true); };
+    machine.optSettingsHinch.OnClick = [this] { ChooseUnits("Imperial", true); };
+    machine.optSettingsVmm.OnClick = [this] { ChooseUnits("Metric", false); };
+    machine.optSettingsVinch.OnClick = [this] { ChooseUnits("Imperial", false); };
+    bench_.View.chkViewFileNotes.OnClick = [this] { PlaceMainWindow(bench_); };
+}
+
+void MainWindow::WireKeys() {
+    bench_.File.txtFileNotes.OnKeyPress = [this](int& character) { txtFileNotes_KeyPress(character); };
+    bench_.frmMain.OnKeyDown = [this](int pressed, int) {
+        if (pressed != key::Escape) return;
+        bench_.Main.tabSettings.Visible = false;
+        bench_.Platform.Focus.SetFocus(bench_.Store.lvCncProgram);
+    };
+}
+
+void MainWindow::Form_Load(std::string_view commandLine) {
+    Services& platform = bench_.Platform;
+    // 1.
+    bench_.frmMain.Visible = false;
+    Folders = FoldersBelow(platform.System.LocalDataFolder());
+    bench_.Log.DataFolder = Folders.DataFolder;
+    bench_.Received.SettingsFolder = Folders.SettingsFolder;
+    MakeFolders(Folders, platform.Files, formLoadName);
+    // 2. What a crash left.
+    const std::string transmission = Folders.SettingsFolder + "Transmit.txt";
+    if (platform.Files.Exists(transmission))
+        Attempt(formLoadName, [&] { platform.Files.Delete(transmission); });
+    // 5.
+    Form& form = bench_.frmMain;
+    form.Left = std::max(0, (platform.Screen.Width() - form.Width) / 2);
+    form.Top = std::max(0, (platform.Screen.WorkAreaHeight() - form.Height) / 2);
+    std::string file = NamedFile(commandLine);
+    if (!file.empty()) {
+        bench_.Reader.LoadFile(file);
+    } else {
+        bench_.Feeds.SetFeedLimits();
+    }
+    form.Visible = true;
+    // 6., 7., 8.
+    PlaceMainWindow(bench_);
+    FitSmallScreen();
+    Form_Activate();
+    // Without a program the open line awaits the first code; menus and buttons stand as after a tick.
+    if (bench_.Store.lvCncProgram.Count() == 0) mnuNew_Click();
+    tmr1sec_Timer();
+    RefreshTitle();
+    // 10.
+    if (bench_.Entry.txtGMcode.ReallyVisible()) platform.Focus.SetFocus(bench_.Entry.txtGMcode);
+}
+
+std::string MainWindow::NamedFile(std::string_view commandLine) const {
+    std::string_view name = Trim(commandLine);
+    if (!name.empty() && name.front() == '"') {
+        const std::size_t last = name.rfind('"');
+        name = last > 0 ? name.substr(1, last - 1) : name.substr(1);
+    }
+    return !name.empty() && bench_.Platform.Files.Exists(name) ? std::string(name) : std::string();
+}
+
+void MainWindow::FitSmallScreen() {
+    ScreenService& screen = bench_.Platform.Screen;
+    Form& form = bench_.frmMain;
+    const int workArea = screen.WorkAreaHeight();
+    if (workArea < SmallestHeight) {
+        bench_.Platform.Dialogs.ShowMessage(Notice(bench_.Language.MessageTexts(text::BlockedByTaskbar)));
+        if (form.State.Get() == WindowState::Normal) {
+            form.Height = SmallestHeight;
+            form.Width = SmallestWidth;
+        }
+    } else if (screen.Width() <= smallScreenWidth && screen.Height() <= smallScreenHeight) {
+        form.State = WindowState::Maximised;
+    }
+}
+
+void MainWindow::Form_Activate() {
+    bench_.Entry.NoteFeeds();
+    bench_.File.lblFileName.Left = 60;
+    MainControls& main = bench_.Main;
+    for (Control* document : std::initializer_list<Control*>{
+             &main.rtfHelp, &main.rtfGcodeHelpMK2, &main.rtfGcodeHelpMK4, &main.rtfAbout, &main.lstAbout}) {
+        document->Visible = false;
+    }
+    bench_.View.MakeLinePropertiesColumns();
+}
+
+void MainWindow::Form_Resize() {
+    Form& form = bench_.frmMain;
+    // 1.
+    if (form.State.Get() == WindowState::Maximised &&
+        bench_.Platform.Screen.WorkAreaHeight() <= SmallestHeight) {
+        bench_.Platform.Dialogs.ShowMessage(Notice(bench_.Language.MessageTexts(text::DragTaskbar)));
+        form.State = WindowState::Normal;
+    }
+    // 2., 3.
+    if (form.Height < SmallestHeight || form.Width < SmallestWidth) return;
+    PlaceMainWindow(bench_);
+}
+
+void MainWindow::tmr1sec_Timer() {
+    if (!bench_.ControlsOn) return;
+    MainControls& main = bench_.Main;
+    ProgramStore& store = bench_.Store;
+    const bool changed = store.ProgramChanged;
+    // 1.
+    main.mnuSaveAs.Enabled = true;
+    main.cmdTopButtons[top_button::Save]->Enabled = changed;
+    main.mnuSave.Enabled = changed;
+    // 3.
+    if (store.LineCount() == 0) {
+        for (const int index :
+             {top_button::Save, top_button::New, top_button::Print, top_button::Draw, top_button::Transmit}) {
+            main.cmdTopButtons[static_cast<std::size_t>(index)]->Enabled = false;
+        }
+        for (Control* control :
+             std::initializer_list<Control*>{&main.mnuSave, &main.mnuSaveAs, &main.mnuNew, &main.RCmnuDelete,
+                                             &main.RCmnuInsert, &main.cmdDelete, &bench_.Results.cmdRun}) {
+            control->Enabled = false;
+        }
+    } else {
+        for (const int index : {top_button::New, top_button::Print, top_button::Draw}) {
+            main.cmdTopButtons[static_cast<std::size_t>(index)]->Enabled = true;
+        }
+        for (Control* control :
+             std::initializer_list<Control*>{&main.mnuNew, &main.RCmnuDelete, &main.RCmnuInsert,
+                                             &main.cmdDelete, &main.cmdInsert, &bench_.Results.cmdRun}) {
+            control->Enabled = true;
+        }
+    }
+    // 5.
+    Form& form = bench_.frmMain;
+    if (form.State.Get() == WindowState::Normal) {
+        if (form.Height < SmallestHeight) {
+            form.Height = SmallestHeight;
+            PlaceMainWindow(bench_);
+        }
+        if (form.Width < SmallestWidth) {
+            form.Width = SmallestWidth;
+            PlaceMainWindow(bench_);
+        }
+    }
+    RefreshTitle();
+}
+
+void MainWindow::RefreshTitle() {
+    std::string title = programName;
+    const std::string_view name = ExtractFileName(bench_.File.lblPath.Caption);
+    if (!name.empty()) title += " - " + std::string(name);
+    if (bench_.Store.ProgramChanged) title += " *";
+    bench_.frmMain.Caption = title;
+}
+
+void MainWindow::mnuNew_Click() {
+    bench_.ClearProgram_Click();
+    bench_.Store.AddBlankLine(true);
+    RefreshTitle();
+}
+
+void MainWindow::mnuExit_Click() {
+    if (ended_) return;
+    ended_ = true;
+    ProgramStore& store = bench_.Store;
+    // 1. There is no way back from this question.
+    if (store.LineCount() > 0 && store.ProgramChanged) {
+        const Texts& texts = bench_.Language;
+        const Answer answer = bench_.Platform.Dialogs.ShowMessage(
+            Question(texts.MessageTexts(text::SaveNow), texts.MessageTexts(text::ContinueTitle)));
+        if (answer == Answer::Yes) bench_.Writer.mnuSave_Click();
+    }
+    // 2., 3.
+    store.ProgramChanged = false;
+    bench_.Interpreter.EndStepRun();
+    bench_.frmMain.Visible = false;
+    bench_.Platform.System.EndProgram();
+}
+
+void MainWindow::OpenFile(std::string name) {
+    bench_.Reader.LoadFile(name);
+    RefreshTitle();
+}
+
+void MainWindow::cmdTopButtons_Click(int index) {
+    switch (index) {
+        case top_button::Open: return OpenFile("");
+        case top_button::Save: return bench_.Writer.mnuSave_Click();
+        case top_button::New: return mnuNew_Click();
+        case top_button::Settings: return ShowSettings(settings_page::General);
+        default: return;
+    }
+}
+
+void MainWindow::ShowSettings(int page) {
+    TabStrip& settings = bench_.Main.tabSettings;
+    bench_.cmdReturn_Click();
+    const bool leaves = settings.Visible && settings.Value == page;
+    settings.Value = page;
+    settings.Visible = !leaves;
+    if (leaves) bench_.Platform.Focus.SetFocus(bench_.Store.lvCncProgram);
+}
+
+void MainWindow::ChooseMachine(const char* machine) {
+    mnuNew_Click();
+    // Still unsaved: the user kept the program, and the machine stays.
+    if (!bench_.Store.ProgramChanged) bench_.Store.Machine = machine;
+    bench_.RefreshMachine();
+    bench_.ShowCodeLists();
+    PlaceMainWindow(bench_);
+}
+
+void MainWindow::ChooseUnits(const char* units) {
+    bench_.Machine.SetUnits(units);
+    bench_.Feeds.SetFeedLimits();
+    bench_.Interpreter.Interpreter();
+}
+
+void MainWindow::ChooseUnits(const char* units, bool horizontal) {
+    bench_.Store.Horizontal = horizontal;
+    ChooseUnits(units);
+}
+
+void MainWindow::txtFileNotes_KeyPress(int& character) {
+    bench_.Store.ProgramChanged = true;
+    TextBox& notes = bench_.File.txtFileNotes;
+    if (character == '%') {
+        // The character is a mark in the file format.
+        notes.ToolTip = "!No % allowed";
+        character = 0;
+        return;
+    }
+    const bool passes = character == key::CtrlC || character == key::Backspace || character == key::Enter ||
+                        character == key::CtrlV || character == key::CtrlX ||
+                        (character >= 32 && character <= 127);
+    if (!passes) character = 0;
+}
+
+}  // namespace kvt

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "files/folders.h"
+
+namespace kvt {
+
+class Workbench;
+
+// The life of the main window: start, the pulse of every second, modes, options, and the one way out.
+class MainWindow {
+public:
+    explicit MainWindow(Workbench& bench);
+
+    // Starts the workbench with the text of the command line: folders, settings, the file that is named there,
+    // layout, and the focus on the code field.
+    void Form_Load(std::string_view commandLine);
+    void Form_Activate();
+    void Form_Resize();
+    void tmr1sec_Timer();
+    void mnuNew_Click();
+    void mnuExit_Click();
+    // Shows the settings on a page, over the program list; on the page that is in front it leaves them.
+    void ShowSettings(int page);
+    // The title: the file's name, and a mark while the program has changed.
+    void RefreshTitle();
+
+    kvt::Folders Folders;
+
+private:
+    void WireMenus();
+    void WireOptions();
+    void WireKeys();
+    void cmdTopButtons_Click(int index);
+    void ChooseMachine(const char* machine);
+    void ChooseUnits(const char* units);
+    void ChooseUnits(const char* units, bool horizontal);
+    void OpenFile(std::string name);
+    void txtFileNotes_KeyPress(int& character);
+    // The file that a command line names: what stands between its outer double quotes, if there are any.
+    std::string NamedFile(std::string_view commandLine) const;
+    void FitSmallScreen();
+
+    Workbench& bench_;
+    bool ended_ = false;
+};
+
+}  // namespace kvt

@@ -1,0 +1,360 @@
+#include <fcntl.h>
+#include <rapidjson/document.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+
+#include "console/commands.h"
+#include "console/listing.h"
+#include "console/state.h"
+#include "support/bench_fixture.h"
+
+namespace kvt::test {
+
+namespace {
+
+// Sends one of the process's streams into a temporary file while it stands.
+class Captured {
+public:
+    explicit Captured(std::FILE* stream) : stream_(stream), file_(std::tmpfile()) {
+        std::fflush(stream_);
+        before_ = dup(fileno(stream_));
+        dup2(fileno(file_), fileno(stream_));
+    }
+    ~Captured() { End(); }
+    Captured(const Captured&) = delete;
+    Captured& operator=(const Captured&) = delete;
+
+    std::string End() {
+        if (!file_) return text_;
+        std::fflush(stream_);
+        dup2(before_, fileno(stream_));
+        close(before_);
+        std::rewind(file_);
+        for (int c = std::fgetc(file_); c != EOF; c = std::fgetc(file_)) text_ += static_cast<char>(c);
+        std::fclose(file_);
+        file_ = nullptr;
+        return text_;
+    }
+
+private:
+    std::FILE* stream_;
+    std::FILE* file_;
+    int before_ = -1;
+    std::string text_;
+};
+
+std::vector<std::string> LinesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = std::min(text.find('\n', at), text.size());
+        lines.push_back(text.substr(at, end - at));
+        at = end + 1;
+    }
+    return lines;
+}
+
+class ConsoleTest : public BenchTest {
+protected:
+    int Run(const std::vector<std::string>& words, bool colour = false) {
+        Captured out(stdout);
+        Captured error(stderr);
+        const int result = RunConsole(words, {colour});
+        Out = out.End();
+        Errors = error.End();
+        return result;
+    }
+    std::string Put(const std::string& name, const std::string& text) {
+        Platform.Files.WriteWhole(Path(name), text);
+        return Path(name);
+    }
+    // The n-th line of the output as JSON.
+    void Parse(rapidjson::Document& state, std::size_t line = 0) {
+        const std::vector<std::string> lines = LinesOf(Out);
+        ASSERT_LT(line, lines.size());
+        state.Parse<rapidjson::kParseValidateEncodingFlag>(lines[line].c_str());
+        ASSERT_FALSE(state.HasParseError()) << lines[line];
+    }
+
+    const std::string good = FileText("MK4",
+                                      {{"92", "2000", "", "500", "", "", "Bezug \xE4\xF6\xFC \x80\x81"},
+                                       {"01", "2100", "", "-100", "100"},
+                                       {"M30"}},
+                                      "M", "note \xDF");
+    // The feed and the X of line 1 are beyond what the lathe takes; the X of line 2 too.
+    const std::string bad =
+        FileText("MK4", {{"91"}, {"01", "100", "", "0", "900"}, {"00", "9999", "", "0"}, {"M30"}});
+    std::string Out, Errors;
+};
+
+}  // namespace
+
+TEST_F(ConsoleTest, TheWorstFileGivesTheStatus) {
+    const std::string well = Put("well.cnc", good);
+    const std::string wrong = Put("wrong.cnc", bad);
+    const std::string strange = Put("strange.cnc", "%");
+    const std::string module = Put("module.txt", "[Kestrel Vise Toolkit, Language Resource]\r\n");
+    const struct {
+        std::vector<std::string> Words;
+        int Status;
+        std::size_t Complaints;
+    } cases[] = {
+        {{"check", well}, 0, 0},
+        {{"check", well, wrong, well}, 1, 0},
+        {{"check", wrong, strange, well}, 2, 1},
+        {{"check", Path("missing"), Folder, module, strange}, 2, 4},
+        {{"check", "--json", well, wrong}, 1, 0},
+        {{"check", "--json", Path("missing"), wrong}, 2, 1},
+        {{"format", wrong, "-o", Path("out1")}, 1, 0},
+        {{"format", well, "-o", Path("out2")}, 0, 0},
+        {{"format", strange, "-o", Path("out3")}, 2, 1},
+        {{"format", well, "-o", Folder}, 2, 1},
+        {{"format", well, "-o", Path("none/out")}, 2, 1},
+        {{"format", well, "-o", ""}, 2, 1},
+        {{}, 2, 1},
+        {{"check"}, 2, 1},
+        {{"forge", well}, 2, 1},
+        {{"check", "--strange", well}, 2, 1},
+        {{"format", well}, 2, 1},
+        {{"format", well, wrong, "-o", Path("out4")}, 2, 1},
+        {{"--help"}, 0, 0},
+        {{"--version"}, 0, 0},
+    };
+    for (const auto& one : cases) {
+        std::string call;
+        for (const std::string& word : one.Words) call += word + " ";
+        EXPECT_EQ(Run(one.Words), one.Status) << call;
+        EXPECT_EQ(LinesOf(Errors).size(), one.Complaints) << call << Errors;
+    }
+    EXPECT_FALSE(Platform.Files.Exists(Path("out3")));
+    // What cannot be read is named, and the files around it are still listed.
+    EXPECT_EQ(Run({"check", well, Path("missing"), wrong}), 2);
+    EXPECT_NE(Errors.find(Path("missing")), std::string::npos);
+    EXPECT_NE(Out.find("well.cnc"), std::string::npos);
+    EXPECT_NE(Out.find("wrong.cnc"), std::string::npos);
+}
+
+TEST_F(ConsoleTest, TheListingTellsEachFindingUnderItsLine) {
+    EXPECT_EQ(Run({"check", Put("wrong.cnc", bad)}), 1);
+    const std::vector<std::string> lines = LinesOf(Out);
+    const auto lineWith = [&](const std::string& text) {
+        const auto at = std::find_if(lines.begin(), lines.end(), [&](const std::string& line) {
+            return line.find(text) != std::string::npos;
+        });
+        return at == lines.end() ? -1 : static_cast<int>(at - lines.begin());
+    };
+    EXPECT_EQ(lines[0], Path("wrong.cnc"));
+    EXPECT_NE(lines[1].find("MK4"), std::string::npos);
+    EXPECT_NE(lines[1].find("1/100 mm"), std::string::npos);
+    const int row = lineWith("   01   01");
+    ASSERT_GT(row, 0) << Out;
+    EXPECT_NE(lines[static_cast<std::size_t>(row) + 1].find("F=499maximum"), std::string::npos) << Out;
+    EXPECT_EQ(lineWith("X=5999maximum"), row + 3) << Out;
+    EXPECT_NE(lineWith("Lines 4, executed 4, time "), -1) << Out;
+    EXPECT_TRUE(lines.back().starts_with("First error in line N01: ")) << lines.back();
+    EXPECT_TRUE(lines.back().ends_with("F=499maximum. 2 lines have errors.")) << lines.back();
+    // The open row is no line of the program, and nothing is coloured that is piped.
+    EXPECT_EQ(Out.find("NN"), std::string::npos);
+    EXPECT_EQ(Out.find('\x1b'), std::string::npos);
+    Run({"check", Path("wrong.cnc")}, true);
+    EXPECT_NE(Out.find("\x1b[31m"), std::string::npos);
+    EXPECT_EQ(Run({"check", Put("well.cnc", good)}, true), 0);
+    EXPECT_EQ(Out.find("\x1b[31m"), std::string::npos);
+}
+
+TEST_F(ConsoleTest, TheListingShowsNotesAndTextsInUtf8) {
+    // Long notes are no text that stands in place.
+    std::string notes;
+    for (int i = 0; i < 50; ++i)
+        notes += "Zeile " + std::to_string(i) +
+                 " gr\xFC\xDF"
+                 "e\r\n";
+    EXPECT_EQ(Run({"check", Put("well.cnc", notes + good)}), 0);
+    EXPECT_NE(Out.find("\n  Zeile 0 gr\xC3\xBC\xC3\x9F"
+                       "e\n  Zeile 1 gr"),
+              std::string::npos)
+        << Out;
+    EXPECT_NE(Out.find("\n  Zeile 49 gr\xC3\xBC\xC3\x9F"
+                       "e\n  note \xC3\x9F\n"),
+              std::string::npos)
+        << Out;
+    EXPECT_NE(Out.find("Bezug \xC3\xA4\xC3\xB6\xC3\xBC \xE2\x82\xAC"), std::string::npos) << Out;
+    EXPECT_TRUE(Out.ends_with("\nNo errors.\n")) << Out;
+    // A terminal takes no orders from a file.
+    Run({"check", Put("sly.cnc",
+                      FileText("MK4", {{"M30", "", "", "", "", "", "a\x1b[2Jb\rc"}}, "M", "n\x1b[2J\x07"))});
+    EXPECT_EQ(Out.find_first_of("\x1b\r\x07"), std::string::npos);
+    // A file with no line of a program in it says so.
+    Run({"check", Put("bare.cnc", FileText("MK4", {}))});
+    EXPECT_NE(Out.find("no program line"), std::string::npos) << Out;
+}
+
+TEST_F(ConsoleTest, TheStateHasItsMembersInTheirOrder) {
+    ASSERT_EQ(Run({"check", "--json", Put("well.cnc", good), Put("strange.cnc", ""), Put("wrong.cnc", bad)}),
+              2);
+    ASSERT_EQ(LinesOf(Out).size(), 3u);
+    rapidjson::Document state;
+    ASSERT_NO_FATAL_FAILURE(Parse(state));
+    std::string members;
+    for (int i = 0; i < static_cast<int>(state.MemberCount()); ++i)
+        members += std::string((state.MemberBegin() + i)->name.GetString()) + " ";
+    EXPECT_EQ(
+        members,
+        "file machine metric horizontal disableLimitsCheck notes lineCount maxLines endCodePresent "
+        "arcPresent "
+        "programChanged errorFlagged errorRow errorLine errorHeader absoluteMode radiusMode activePlane "
+        "editorRunMode transmitActive oldFeedA oldFeedB rows rowColors selectedRow topRow columnWidths "
+        "labels "
+        "messages log ");
+    EXPECT_EQ(state["file"].GetString(), Path("well.cnc"));
+    EXPECT_STREQ(state["machine"].GetString(), "MK4");
+    EXPECT_TRUE(state["metric"].GetBool());
+    EXPECT_STREQ(state["notes"].GetString(), "note \xC3\x9F\r\n");
+    EXPECT_EQ(state["lineCount"].GetInt(), 3);
+    EXPECT_EQ(state["maxLines"].GetInt(), 210);
+    EXPECT_TRUE(state["endCodePresent"].GetBool());
+    EXPECT_FALSE(state["arcPresent"].GetBool());
+    EXPECT_FALSE(state["programChanged"].GetBool());
+    EXPECT_TRUE(state["absoluteMode"].GetBool());
+    EXPECT_STREQ(state["activePlane"].GetString(), "XZ");
+    EXPECT_STREQ(state["errorHeader"].GetString(), "Error in line");
+    ASSERT_EQ(state["rows"].Size(), 4u);
+    for (const auto& row : state["rows"].GetArray()) EXPECT_EQ(row.Size(), 19u);
+    EXPECT_STREQ(state["rows"][0][2].GetString(), " 92 ");
+    EXPECT_STREQ(state["rows"][0][3].GetString(), " 2000");
+    EXPECT_STREQ(state["rows"][0][18].GetString(), "Bezug \xC3\xA4\xC3\xB6\xC3\xBC \xE2\x82\xAC\xC2\x81");
+    EXPECT_STREQ(state["rows"][1][5].GetString(), "-  100");
+    EXPECT_STREQ(state["rows"][3][1].GetString(), "NN");
+    EXPECT_STREQ(state["rows"][3][18].GetString(), " ");
+    EXPECT_EQ(state["rowColors"].Size(), 4u);
+    EXPECT_EQ(state["columnWidths"].Size(), 19u);
+    EXPECT_EQ(state["columnWidths"][0].GetInt(), 0);
+    EXPECT_EQ(state["selectedRow"].GetInt(), 1);
+    EXPECT_EQ(state["labels"].MemberCount(), 13u);
+    for (const std::string axis : {"X", "Y", "Z"}) {
+        for (const char* end : {"Min", "Max", "Travel"})
+            EXPECT_TRUE(state["labels"].HasMember(("lbl" + axis + "Axis" + end).c_str())) << axis << end;
+    }
+    EXPECT_TRUE(state["labels"].HasMember("lblPPLinesExe"));
+    EXPECT_TRUE(state["labels"].HasMember("lblPPMachineTime"));
+    EXPECT_STREQ(state["labels"]["lblPPLines"].GetString(), "3");
+    EXPECT_STREQ(state["labels"]["lblPPUnits"].GetString(), "1/100 mm");
+    EXPECT_EQ(state["messages"].Size(), 0u);
+    EXPECT_EQ(state["log"].Size(), 0u);
+
+    ASSERT_NO_FATAL_FAILURE(Parse(state, 1));
+    ASSERT_EQ(state.MemberCount(), 2u);
+    EXPECT_EQ(state["file"].GetString(), Path("strange.cnc"));
+    EXPECT_GT(state["error"].GetStringLength(), 0u);
+
+    // Nothing of the files before comes through.
+    ASSERT_NO_FATAL_FAILURE(Parse(state, 2));
+    EXPECT_STREQ(state["notes"].GetString(), "");
+    EXPECT_TRUE(state["errorFlagged"].GetBool());
+    EXPECT_EQ(state["errorLine"].GetDouble(), 1);
+    EXPECT_EQ(state["errorRow"].GetInt(), 3);
+    EXPECT_STREQ(state["rows"][1][8].GetString(), "!F=499maximum");
+}
+
+TEST_F(ConsoleTest, TheStateTellsMessagesAndLog) {
+    // A mark at the very start: the notes fail. Then a save that asks, and one that has nothing to save.
+    ASSERT_EQ(Load(FileText("MK4", {{"M30"}}).substr(3)), LoadResult::Loaded);
+    Put("there", "");
+    Platform.Dialogs.FileAnswers = {{false, Path("there")}};
+    Platform.Dialogs.Answers = {Answer::Cancel};
+    Bench->Writer.mnuSaveAs_Click();
+    Load("no program", "b\xF6se \".txt");
+    std::FILE* file = std::tmpfile();
+    {
+        JsonSink sink(file);
+        WriteState(sink, "given", *Bench, Platform.Dialogs);
+    }
+    std::rewind(file);
+    for (int c = std::fgetc(file); c != EOF; c = std::fgetc(file)) Out += static_cast<char>(c);
+    std::fclose(file);
+    rapidjson::Document state;
+    ASSERT_NO_FATAL_FAILURE(Parse(state));
+    ASSERT_EQ(state["messages"].Size(), 2u);
+    const auto& asked = state["messages"][0];
+    EXPECT_STREQ(asked["text"].GetString(), "Overwrite there?");
+    EXPECT_STREQ(asked["buttons"].GetString(), "yesnocancel");
+    EXPECT_STREQ(asked["icon"].GetString(), "none");
+    const auto& told = state["messages"][1];
+    EXPECT_STREQ(told["text"].GetString(),
+                 "The file \"b\xC3\xB6se \".txt\"  does not appear to be an Emco CNC formatted file");
+    EXPECT_STREQ(told["title"].GetString(), "File Recognizing Problem");
+    EXPECT_STREQ(told["icon"].GetString(), "exclamation");
+    EXPECT_STREQ(told["buttons"].GetString(), "ok");
+    ASSERT_EQ(state["log"].Size(), 1u);
+    EXPECT_EQ(state["log"][0]["number"].GetInt(), 5);
+    EXPECT_STREQ(state["log"][0]["description"].GetString(), "Invalid procedure call or argument");
+    EXPECT_STREQ(state["log"][0]["procedure"].GetString(), "LoadFile");
+}
+
+TEST_F(ConsoleTest, NamesGoThroughAsTheyWereGiven) {
+    for (const std::string name : {"Gr\xC3\xB6\xC3\x9F"
+                                   "e \xE2\x82\xAC.cnc",
+                                   "\xC5\x82\xF0\x9F\x98\x80.cnc", "'q' \"q\".cnc", "check", "a=b"}) {
+        const std::string file = Path(name);
+        std::FILE* out = std::fopen(file.c_str(), "wb");
+        std::fwrite(good.data(), 1, good.size(), out);
+        std::fclose(out);
+        ASSERT_EQ(Run({"check", "--json", file}), 0) << file << Errors;
+        rapidjson::Document state;
+        ASSERT_NO_FATAL_FAILURE(Parse(state));
+        EXPECT_EQ(state["file"].GetString(), file);
+        // And the other way round, into a new file of that name.
+        std::filesystem::remove(file);
+        ASSERT_EQ(Run({"format", Put("source.cnc", good), "-o", file}), 0) << file << Errors;
+        EXPECT_TRUE(std::filesystem::exists(file)) << file;
+        std::filesystem::remove(file);
+    }
+    // A name that is no UTF-8 still gives a line that parses.
+    const std::string odd = Path("lat\xE4.cnc");
+    std::FILE* out = std::fopen(odd.c_str(), "wb");
+    std::fwrite(good.data(), 1, good.size(), out);
+    std::fclose(out);
+    EXPECT_EQ(Run({"check", "--json", odd}), 0);
+    rapidjson::Document state;
+    ASSERT_NO_FATAL_FAILURE(Parse(state));
+}
+
+TEST_F(ConsoleTest, FormatWritesTheLayoutAndTheEndCode) {
+    const std::string head = "    N` G`   X `    Z `  F`  H \r\n";
+    const std::string source =
+        Put("a.cnc", "old\r\n%\r\n" + head + "xx 7   91  1     1     1   1    c\r\n   M\r\nrest");
+    EXPECT_EQ(Run({"format", source, "-o", Path("b.cnc")}), 0);
+    EXPECT_EQ(Out, "");
+    EXPECT_EQ(FileContent("b.cnc"), "old\r\n\r\n%\r\n" + head +
+                                        "    07 91    01     01  01  01  c\r\n    01M30" +
+                                        std::string(23, ' ') + "\r\n   M\r\n");
+    // Onto itself, and once more without a change where there are no notes.
+    const std::string plain = Put("p.cnc", FileText("MK2", {{"91", "", "", "", "", "", "c"}}, "\""));
+    EXPECT_EQ(Run({"format", plain, "-o", plain}), 0);
+    const std::string once = FileContent("p.cnc");
+    EXPECT_NE(once.find("   N01 G22"), std::string::npos);
+    EXPECT_EQ(Run({"format", plain, "-o", plain}), 0);
+    EXPECT_EQ(FileContent("p.cnc"), once);
+    // A file whose lines do not end as the control's do holds no program line: it must not be emptied.
+    std::string unix = good;
+    std::erase(unix, '\r');
+    const std::string lf = Put("lf.cnc", unix);
+    EXPECT_NE(Run({"format", lf, "-o", lf}), 0);
+    EXPECT_EQ(FileContent("lf.cnc"), unix);
+}
+
+TEST_F(ConsoleTest, TooManyLinesAreAFinding) {
+    const auto lines = [](int count, const char* code, const char* end) {
+        std::vector<Line> program(static_cast<std::size_t>(count) - 1, Line{code});
+        program.push_back({end});
+        return program;
+    };
+    EXPECT_EQ(Run({"check", Put("a", FileText("MK4", lines(210, "91", "M30")))}), 0) << Out;
+    EXPECT_EQ(Run({"check", Put("b", FileText("MK4", lines(211, "91", "M30")))}), 1) << Out;
+    EXPECT_NE(Out.find("Maximum number of lines has been reached"), std::string::npos);
+    EXPECT_EQ(Run({"check", Put("c", FileText("MK2", lines(160, "91", "22")))}), 0) << Out;
+    EXPECT_EQ(Run({"check", "--json", Put("d", FileText("MK2", lines(161, "91", "22")))}), 1) << Out;
+}
+
+}  // namespace kvt::test

@@ -1,0 +1,252 @@
+#include <QAbstractButton>
+#include <QClipboard>
+#include <QDropEvent>
+#include <QInputMethodEvent>
+#include <QMimeData>
+#include <QPlainTextEdit>
+
+#include "platform/keys.h"
+#include "test_window.h"
+
+namespace kvt::test {
+namespace {
+
+class DesktopInput : public WindowTest {};
+
+TEST_F(DesktopInput, HandlersSeeEveryKeyBeforeTheField) {
+    std::string told;
+    form.OnKeyDown = [&](int key, int held) {
+        told += "form " + std::to_string(key) + "/" + std::to_string(held) + " ";
+    };
+    txtA.OnKeyDown = [&](int key, int) { told += "field " + std::to_string(key) + " "; };
+    txtA.OnKeyPress = [&](int& character) {
+        if (character == 'x') character = 0;
+        if (character >= 'a' && character <= 'z') character -= 32;
+        if (character == ',') {
+            platform.Services.System.PressKey(key::Tab);
+            character = 0;
+        }
+    };
+    Open();
+    Focus(txtA);
+    Type("ax1");
+    EXPECT_EQ(txtA.Text.Get(), "A1");
+    EXPECT_EQ(told, "form 65/0 field 65 form 88/0 field 88 form 49/0 field 49 ");
+    told.clear();
+    Key(Qt::Key_F2, Qt::ShiftModifier);
+    QTest::keyClick(Keyboard(), Qt::Key_Plus, Qt::KeypadModifier);
+    EXPECT_EQ(told, "form 113/1 field 113 form 107/0 field 107 ");
+    EXPECT_EQ(txtA.Text.Get(), "A1+");
+    // The Tab has arrived when the next key does.
+    Type(",7");
+    EXPECT_EQ(Focused(), &txtB);
+    EXPECT_EQ(txtA.Text.Get(), "A1+");
+    EXPECT_EQ(txtB.Text.Get(), "7");
+    Key(Qt::Key_Backspace);
+    EXPECT_EQ(txtB.Text.Get(), "");
+}
+
+TEST_F(DesktopInput, APressedKeyWaitsForItsHandlerToEnd) {
+    Control* inside = nullptr;
+    bool ran = false;
+    cmdGo.OnClick = [&] {
+        platform.Services.System.PressKey(key::Tab);
+        for (int i = 0; i < 3; ++i) platform.Services.System.DoEvents();
+        inside = Focused();
+        ran = true;
+    };
+    Open();
+    Focus(cmdGo);
+    Key(Qt::Key_Return);
+    EXPECT_TRUE(ran);
+    EXPECT_EQ(inside, &cmdGo);
+    EXPECT_EQ(Focused(), &txtNotes);
+}
+
+TEST_F(DesktopInput, CharactersOfTheCodePagePassAndOthersAreDropped) {
+    Open();
+    txtA.Text = "\xC4\x80";
+    EXPECT_EQ(static_cast<QLineEdit*>(WidgetOf(txtA))->text(), u"\u00C4\u20AC"_s);
+    Focus(txtB);
+    for (const char16_t c : {u'\u00E4', u'\u20AC', u'\u03A9', u'\u0160'}) {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(QChar(c)));
+        QCoreApplication::sendEvent(Keyboard(), &press);
+    }
+    EXPECT_EQ(txtB.Text.Get(), "\xE4\x80\x8A");
+    // Composed characters go through the handler one by one.
+    std::string offered;
+    txtB.OnKeyPress = [&](int& character) {
+        offered += static_cast<char>(character);
+        if (character == '-') character = 0;
+    };
+    QInputMethodEvent composed;
+    composed.setCommitString(u"e\u0301-\u03A92"_s);
+    QCoreApplication::sendEvent(Keyboard(), &composed);
+    EXPECT_EQ(offered, "\xE9-2");
+    EXPECT_EQ(txtB.Text.Get(),
+              "\xE4\x80\x8A\xE9"
+              "2");
+}
+
+TEST_F(DesktopInput, WhatIsPastedIsCutToWhatAFieldHolds) {
+    Open();
+    QClipboard& clipboard = *QGuiApplication::clipboard();
+    Focus(txtA);
+    clipboard.setText(u"12\r\n3\u03A94"_s);
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(txtA.Text.Get(), "1234");
+    txtA.SelectAll();
+    Key(Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(clipboard.text(), "1234");
+    Key(Qt::Key_Insert, Qt::ShiftModifier);
+    EXPECT_EQ(txtA.Text.Get(), "1234");
+    clipboard.setText(QString(20'000, u'7'));
+    txtA.Text = "";
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(txtA.Text.Get().size(), 10'000u);
+
+    // Refused as Ctrl-V, it enters by no other way.
+    txtB.OnKeyPress = [](int& character) {
+        if (character == key::CtrlV) character = 0;
+    };
+    QMimeData dropped;
+    dropped.setText("55");
+    const auto drop = [&](const Control& onto) {
+        const QPoint at = WidgetOf(onto)->mapTo(&window->Window(), QPoint(5, 5));
+        QDragEnterEvent enter(at, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window->Window(), &enter);
+        QDropEvent event(at, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window->Window(), &event);
+    };
+    drop(txtB);
+    EXPECT_EQ(Focused(), &txtB);
+    EXPECT_EQ(txtB.Text.Get(), "");
+    txtA.Text = "";
+    drop(txtA);
+    EXPECT_EQ(txtA.Text.Get(), "55");
+    std::string file;
+    form.OnDropFile = [&](const std::string& path) { file = path; };
+    dropped.setUrls({QUrl::fromLocalFile(u"/tmp/Gr\u00F6\u00DFe.cnc"_s)});
+    drop(txtA);
+    EXPECT_EQ(file,
+              "/tmp/Gr\xF6\xDF"
+              "e.cnc");
+    EXPECT_EQ(txtA.Text.Get(), "55");
+}
+
+TEST_F(DesktopInput, TextAndSelectionGoBothWays) {
+    int changes = 0;
+    txtA.OnChange = [&] { ++changes; };
+    Open();
+    Focus(txtA);
+    txtA.Text = "123";
+    EXPECT_EQ(txtA.Selection.Get(), (TextSelection{0, 0}));
+    txtA.SelectAll();
+    EXPECT_EQ(txtA.Text.Get(), "123");
+    Type("9");
+    EXPECT_EQ(txtA.Text.Get(), "9");
+    EXPECT_EQ(txtA.Selection.Get(), (TextSelection{1, 0}));
+    Key(Qt::Key_Home, Qt::ShiftModifier);
+    EXPECT_EQ(txtA.Selection.Get(), (TextSelection{0, 1}));
+    EXPECT_EQ(changes, 2);
+    // A handler that writes another text has the last word.
+    txtB.OnChange = [&] {
+        if (txtB.Text == "12") txtB.Text = "1";
+    };
+    Focus(txtB);
+    Type("12");
+    EXPECT_EQ(static_cast<QLineEdit*>(WidgetOf(txtB))->text(), "1");
+
+    txtNotes.Text = "one\r\ntwo";
+    txtNotes.Selection = TextSelection{5, 3};
+    auto& notes = dynamic_cast<QPlainTextEdit&>(*WidgetOf(txtNotes));
+    EXPECT_EQ(notes.toPlainText(), "one\ntwo");
+    EXPECT_EQ(notes.textCursor().selectedText(), "two");
+    Focus(txtNotes);
+    Type("x");
+    Key(Qt::Key_Return);
+    Type("y");
+    EXPECT_EQ(txtNotes.Text.Get(), "one\r\nx\r\ny");
+    EXPECT_EQ(txtNotes.Selection.Get(), (TextSelection{9, 0}));
+}
+
+TEST_F(DesktopInput, TabGoesByIndexAndALeftFieldCanKeepTheFocus) {
+    txtB.TabIndex = 9;
+    optOne.Enabled = false;
+    optTwo.Visible = false;
+    std::string told;
+    txtA.OnLostFocus = [&] { told += "A lost "; };
+    chkBox.OnGotFocus = [&] { told += "box got "; };
+    bool clicked = false;
+    cmdGo.OnClick = [&] { clicked = true; };
+    Open();
+    // The first of the order has it where no code has given it.
+    EXPECT_EQ(Focused(), &txtA);
+    std::vector<Control*> passed;
+    for (int i = 0; i < 7; ++i) {
+        Key(Qt::Key_Tab);
+        passed.push_back(Focused());
+    }
+    EXPECT_EQ(passed, (std::vector<Control*>{&chkBox, &cmdGo, &txtNotes, &lvList, &lstCodes, &txtB, &txtA}));
+    EXPECT_EQ(told, "A lost box got ");
+    Key(Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_EQ(Focused(), &txtB);
+    EXPECT_EQ(QApplication::focusWidget(), WidgetOf(txtB));
+
+    // A press on the button is used up where the field takes the focus back.
+    txtA.OnLostFocus = [&] { Focus(txtA); };
+    Focus(txtA);
+    QTest::mouseClick(WidgetOf(cmdGo), Qt::LeftButton);
+    EXPECT_EQ(Focused(), &txtA);
+    EXPECT_FALSE(clicked);
+    txtA.OnLostFocus = nullptr;
+    QTest::mouseClick(WidgetOf(cmdGo), Qt::LeftButton);
+    EXPECT_EQ(Focused(), &cmdGo);
+    EXPECT_TRUE(clicked);
+    // The keys of a hidden control go to the form alone, and come back with it.
+    int keys = 0;
+    form.OnKeyDown = [&](int, int) { ++keys; };
+    cmdGo.Visible = false;
+    QTest::qWait(1);
+    clicked = false;
+    Key(Qt::Key_Return);
+    EXPECT_EQ(keys, 1);
+    EXPECT_FALSE(clicked);
+    cmdGo.Visible = true;
+    QTest::qWait(1);
+    Key(Qt::Key_Return);
+    EXPECT_TRUE(clicked);
+}
+
+TEST_F(DesktopInput, ButtonsAreClickedByHand) {
+    std::string told;
+    chkBox.OnClick = [&] { told += "box" + std::to_string(chkBox.Value) + " "; };
+    optTwo.OnClick = [&] { told += optOne.Value ? "both " : "two "; };
+    cmdGo.OnClick = [&] { told += "go "; };
+    optOne.Value = true;
+    Open();
+    QTest::mouseClick(WidgetOf(chkBox), Qt::LeftButton, {}, {8, 10});
+    Key(Qt::Key_Space);
+    Key(Qt::Key_Return);
+    EXPECT_EQ(told, "box1 box0 ");
+    told.clear();
+    QTest::mouseClick(WidgetOf(optTwo), Qt::LeftButton, {}, {8, 10});
+    QTest::mouseClick(WidgetOf(optTwo), Qt::LeftButton, {}, {8, 10});
+    EXPECT_EQ(told, "two two ");
+    EXPECT_TRUE(optTwo.Value);
+    EXPECT_TRUE(static_cast<QAbstractButton*>(WidgetOf(optTwo))->isChecked());
+    Key(Qt::Key_Down);
+    EXPECT_TRUE(optOne.Value);
+    EXPECT_FALSE(optTwo.Value);
+    EXPECT_EQ(Focused(), &optOne);
+    told.clear();
+    Focus(cmdGo);
+    Key(Qt::Key_Space);
+    Key(Qt::Key_Enter);
+    cmdGo.Enabled = false;
+    QTest::mouseClick(WidgetOf(cmdGo), Qt::LeftButton);
+    EXPECT_EQ(told, "go go ");
+}
+
+}  // namespace
+}  // namespace kvt::test

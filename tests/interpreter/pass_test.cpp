@@ -1,0 +1,344 @@
+#include "basic/number.h"
+#include "support/bench_fixture.h"
+
+namespace kvt::test {
+
+namespace {
+
+Line Plain(const char* code) { return {.Code = code}; }
+
+class PassTest : public BenchTest {
+protected:
+    ListView& List() { return Bench->Store.lvCncProgram; }
+    InterpreterControls& Shown() { return Bench->Results; }
+    std::string Executed() { return Shown().lblPPLinesExe.Caption.Get(); }
+    std::string MachineTime() { return Shown().lblPPMachineTime.Caption.Get(); }
+    std::string Header() { return List().Header(ErrorHeader).Text; }
+    int ErrorWidth() { return List().Header(ErrorHeader).Width; }
+    void Run() { Bench->Interpreter.Interpreter(); }
+};
+
+TEST_F(PassTest, EmptyProgram) {
+    for (const bool blankLine : {false, true}) {
+        Check("MK4", {{.Code = "00", .X = "6000", .Z = "100"}, Plain("M17")});
+        ASSERT_NE(Shown().lblXAxisMax.Caption.Get(), "0");
+        ASSERT_GT(ErrorWidth(), 0);
+        List().Clear();
+        if (blankLine) Bench->Store.AddBlankLine(true);
+        Bench->Store.ProgramChanged = true;
+        Bench->Store.ArcPresent = true;
+        Run();
+        EXPECT_EQ(Shown().lblPPLines.Caption.Get(), "0");
+        EXPECT_EQ(Executed(), "xxx");
+        EXPECT_EQ(MachineTime(), "xx:xx:xx");
+        EXPECT_EQ(ErrorWidth(), 0);
+        EXPECT_FALSE(Bench->Store.ErrorFlagged);
+        EXPECT_FALSE(Bench->Store.ProgramChanged);
+        EXPECT_FALSE(Bench->Store.ArcPresent);
+        for (const Label* label : {&Shown().lblXAxisMin, &Shown().lblXAxisMax, &Shown().lblXAxisTravel,
+                                   &Shown().lblZAxisMin, &Shown().lblZAxisMax, &Shown().lblZAxisTravel}) {
+            EXPECT_EQ(label->Caption.Get(), "0") << label->Name();
+        }
+    }
+}
+
+TEST_F(PassTest, ResultCellsAreClearedAndAFlowErrorLeavesTheRest) {
+    Check("MK4", {{.Code = "04", .X = "150"}, Plain("21"), Plain("21")});
+    EXPECT_EQ(MachineTime(), "00:00:02");
+    for (int row = 1; row <= 3; ++row) {
+        for (int c = column::Error; c <= column::Time; ++c) List().Row(row)[c] = "of a run before";
+    }
+    List().Row(2)[column::Code] = "M17 ";
+    List().Select(4);
+    Run();
+    EXPECT_EQ(Error(1), "!RETURN without SUB");
+    EXPECT_EQ(Cell(1, column::ToolX), "     ?");
+    EXPECT_EQ(Cell(2, column::Error), std::string(15, ' '));
+    for (const int c : {column::ToolX, column::ToolY, column::ToolZ}) EXPECT_EQ(Cell(2, c), "     ?");
+    for (int c = column::CenterX; c <= column::Radius; ++c) EXPECT_EQ(Cell(2, c), std::string(6, ' '));
+    EXPECT_EQ(Cell(2, column::Angle), std::string(3, ' '));
+    EXPECT_EQ(Cell(2, column::Time), std::string(8, ' '));
+    // Time and header as they were before and at the error; the open line gets no crosses.
+    EXPECT_EQ(MachineTime(), "00:00:02");
+    EXPECT_EQ(Cell(0, column::Time), "00:00:02");
+    EXPECT_EQ(Executed(), "1");
+    EXPECT_EQ(Shown().lblPPLines.Caption.Get(), "3");
+    EXPECT_EQ(ErrorWidth(), 3885);
+    EXPECT_EQ(Cell(3, column::ToolX), " ");
+    EXPECT_EQ(List().SelectedRow(), 4);
+}
+
+TEST_F(PassTest, HeaderNamesTheFirstFindingOfPassOne) {
+    Check(
+        "MK4",
+        {Plain("21"), {.Code = "00", .X = "6000"}, Plain("21"), {.Code = "00", .Z = "40000"}, Plain("M30")});
+    EXPECT_EQ(Error(1), "!X=5999maximum");
+    EXPECT_EQ(Error(3), "!Z=32760maximum");
+    EXPECT_EQ(Header(), "Error in line 1");
+    EXPECT_EQ(Bench->Store.ErrorLine, 1.0F);
+    EXPECT_EQ(Bench->Store.ErrorRow, 4);
+    EXPECT_EQ(Executed(), "5");
+    EXPECT_EQ(ErrorWidth(), 3885);
+    // The crosses stand on the selected line, where pass 2 writes over some of them.
+    EXPECT_EQ(Cell(0, column::ToolX), "     0");
+    for (int c = column::CenterX; c <= column::Angle; ++c) EXPECT_EQ(Cell(0, c), " xxxxx") << c;
+    EXPECT_EQ(Cell(0, column::Time), std::string(8, ' '));
+    // Behind the finding pass 1 clears them again.
+    List().Select(3);
+    Run();
+    EXPECT_EQ(Cell(0, column::Radius), "      ");
+    EXPECT_EQ(Cell(2, column::Radius), "      ");
+    // Mended: nothing is left of it.
+    List().Row(2)[column::X] = " 5999";
+    List().Row(4)[column::Z] = " 32760";
+    Run();
+    EXPECT_EQ(Error(1) + Error(3), "");
+    EXPECT_EQ(Bench->Store.ErrorRow, 0);
+    EXPECT_EQ(ErrorWidth(), 0);
+    EXPECT_FALSE(Bench->Store.ErrorFlagged);
+    EXPECT_EQ(List().SelectedRow(), 3);
+}
+
+TEST_F(PassTest, ParameterFindingsOfLoadedLines) {
+    const struct {
+        const char* Machine;
+        const char* Units;
+        Line Of;
+        const char* Message;
+    } cases[] = {
+        {"MK2", "M", {.Code = "01", .Z = "-33000", .F = "100"}, "!Z=-32760minimum"},
+        {"MK2", "\"", {.Code = "84", .X = "2000", .F = "100"}, "!X=1999maximum"},
+        {"MK4", "M", {.Code = "M99", .X = "6000"}, "!I=5999maximum"},
+        {"MK4", "\"", {.Code = "86", .H = "9"}, "!H= 10 minimum"},
+        {"MK4", "M", {.Code = "20", .X = "9999", .Z = "99999", .F = "999", .H = "999"}, ""},
+        {"F1", "M-", {.Code = "00", .X = "10000"}, "!X=-9999maximum"},
+        {"F1", "\"", {.Code = "00", .Y = "-4000"}, "!Y=3999maximum"},
+        {"F1", "M", {.Code = "M06", .X = "20000"}, "!X=19999maximum"},
+        {"F1", "MI", {.Code = "01", .F = "500"}, "!F= 499 maximum"},
+    };
+    for (const auto& one : cases) {
+        Check(one.Machine, {one.Of}, one.Units);
+        EXPECT_EQ(Error(0), one.Message) << one.Machine << one.Units << one.Of.Code;
+        EXPECT_EQ(Bench->Store.ErrorRow, *one.Message ? 1 : 0);
+    }
+}
+
+TEST_F(PassTest, LinesTakeTheColourOfTheirMode) {
+    Bench->Store.AbsColor = 0x112233;
+    Bench->Store.IncrColor = 0x445566;
+    Check("MK4",
+          {Plain("21"), Plain("90"), Plain("21"), Plain("91"), Plain("92"), Plain("M17"), Plain("21")});
+    const Color expected[] = {0x445566, 0x112233, 0x112233, 0x445566, 0x112233, 0, 0};
+    for (int row = 1; row <= 7; ++row) EXPECT_EQ(List().Row(row).ForeColor, expected[row - 1]) << row;
+    EXPECT_TRUE(Bench->Store.AbsoluteMode);
+    // A line that the run does not reach keeps its colour; the mode does not outlive the run.
+    List().Row(1)[column::Code] = "M17 ";
+    Run();
+    EXPECT_EQ(List().Row(3).ForeColor, 0x112233U);
+    EXPECT_FALSE(Bench->Store.AbsoluteMode);
+}
+
+TEST_F(PassTest, ControlCommands) {
+    const auto expect = [this](const std::string& comment, const char* message) {
+        List().Row(2)[column::Comment] = comment;
+        Run();
+        EXPECT_EQ(Error(1), message) << comment;
+        EXPECT_EQ(Bench->Store.ErrorRow, *message ? 2 : 0) << comment;
+        EXPECT_EQ(Executed(), "2") << comment;
+    };
+    Check("MK4", {Plain("21"), Plain("21")});
+    for (const char* good : {"cmdCOLOR Red", "CMDinterval 2", "cmdNOCHECK", "cmdnoradius", "cmdNORENUM",
+                             "CmdRadius", "cmdRUN fast", "cmdSKIP", "cmdSTEP", "cmdstop because of chuck",
+                             "cmdWAIT", "CM", "  cmdFOO", "see cmdFOO", ""}) {
+        expect(good, "");
+    }
+    for (const char* bad : {"CMD", "cmdFOO 3", "Cmdline note", "cmdSKIPPED", "cmd STOP", "cmdSTOP,"}) {
+        expect(bad, "!Unknown ControlCommand");
+    }
+    // The parameters of the same line have the last word.
+    Check("MK4", {{.Code = "04", .X = "6000", .Comment = "cmdFOO"}, {.Code = "04", .Comment = "cmdFOO"}});
+    EXPECT_EQ(Error(0), "!X=5999maximum");
+    EXPECT_EQ(Error(1), "!Unknown ControlCommand");
+    EXPECT_EQ(Header(), "Error in line 0");
+}
+
+TEST_F(PassTest, TextsOfTheLanguage) {
+    Texts& texts = Bench->Language;
+    texts.ErrorHeaderText = "Fehler in Satz";
+    texts.ProgramErrorTexts.Set(1, "!Befehl unbekannt");
+    texts.ProgramErrorTexts.Set(9, "!M17 ohne G25");
+    texts.MessageTexts.Set(11, "mindestens");
+    texts.MessageTexts.Set(12, " hoechstens");
+    texts.ErrorTexts.Set(1, "Keine Zeilen");
+    Check("MK4", {{.Code = "21", .Comment = "cmdX"},
+                  {.Code = "04", .X = "6000"},
+                  {.Code = "01", .F = "1"},
+                  Plain("M17")});
+    EXPECT_EQ(Error(0), "!Befehl unbekannt");
+    EXPECT_EQ(Error(1), "!X=5999 hoechstens");
+    EXPECT_EQ(Error(2), "!F= 2 mindestens");
+    EXPECT_EQ(Error(3), "!M17 ohne G25");
+    EXPECT_EQ(Header(), "Fehler in Satz 0");
+    // An empty entry shows the text that is built in.
+    texts.ProgramErrorTexts.Set(9, " ");
+    Run();
+    EXPECT_EQ(Error(3), "!RETURN without SUB");
+    List().Clear();
+    Shown().cmdRun.Click();
+    ASSERT_EQ(Platform.Dialogs.Shown.size(), 1U);
+    EXPECT_EQ(Platform.Dialogs.Shown[0].Text, "Keine Zeilen");
+    EXPECT_FALSE(Bench->Store.EditorRunMode);
+    EXPECT_TRUE(Shown().cmdRun.Visible);
+}
+
+// Stepping: the wait takes the events that a test has queued.
+class StepTest : public PassTest {
+protected:
+    void Then(std::function<void()> event) { Platform.System.Events.push_back(std::move(event)); }
+    void ThenStep() {
+        Then([this] {
+            Seen.push_back(std::to_string(List().SelectedRow()) + " " + Executed());
+            Shown().cmdStep.Click();
+        });
+    }
+    void ExpectLeft() {
+        EXPECT_FALSE(Bench->Store.EditorRunMode);
+        EXPECT_TRUE(Shown().cmdRun.Visible);
+    }
+    std::vector<std::string> Seen;
+};
+
+TEST_F(StepTest, EachGrantRunsOneLineAndTheEndGivesTheSelectionBack) {
+    Check("MK4", {{.Code = "27", .F = "02"}, Plain("21"), {.Code = "04", .X = "100"}});
+    List().Select(2);
+    Shown().cmdStop.Enabled = false;
+    Then([this] {
+        EXPECT_TRUE(Bench->Store.EditorRunMode);
+        EXPECT_FALSE(Shown().cmdRun.Visible);
+        EXPECT_TRUE(Shown().cmdStep.Visible);
+        EXPECT_TRUE(Shown().cmdStep.Enabled);
+        EXPECT_TRUE(Shown().cmdStop.Visible);
+        EXPECT_EQ(Cell(0, column::ToolX), "     ?");
+    });
+    ThenStep();
+    Then([this] {
+        EXPECT_TRUE(Shown().cmdStop.Enabled);
+        EXPECT_FALSE(Bench->Store.StepGranted);
+        EXPECT_EQ(Cell(0, column::ToolX), "     0");
+        EXPECT_EQ(Cell(2, column::ToolX), "     ?");
+    });
+    ThenStep();
+    ThenStep();  // not taken any more
+    Shown().cmdRun.Click();
+    EXPECT_EQ(Seen, (std::vector<std::string>{"1 xxx", "3 1"}));
+    EXPECT_EQ(Platform.System.Events.size(), 1U);
+    EXPECT_EQ(List().SelectedRow(), 2);
+    EXPECT_EQ(Executed(), "2");
+    EXPECT_EQ(MachineTime(), "00:00:01");
+    EXPECT_FALSE(Bench->Store.EditorRunMode);
+    EXPECT_FALSE(Shown().cmdStep.Enabled);
+    EXPECT_TRUE(Shown().cmdStop.Enabled);
+}
+
+// The line that waits is in sight, and the end code keeps the selection.
+TEST_F(StepTest, EndCodeKeepsTheSelection) {
+    std::vector<Line> lines(61, Plain("21"));
+    lines[59] = Plain("M30");
+    Check("F1", lines);
+    for (int line = 0; line < 60; ++line) ThenStep();
+    Shown().cmdRun.Click();
+    EXPECT_EQ(List().SelectedRow(), 60);
+    EXPECT_LE(List().TopRow(), 60);
+    EXPECT_GT(List().TopRow() + List().VisibleRows(), 60);
+    EXPECT_EQ(Executed(), "60");
+    EXPECT_FALSE(Shown().cmdStep.Enabled);
+    // Outside of stepping the end code selects nothing.
+    List().Select(3);
+    Run();
+    EXPECT_EQ(List().SelectedRow(), 3);
+}
+
+TEST_F(StepTest, StopRunsTheWholeProgramAtOnce) {
+    std::vector<std::string> focused;
+    Bench->Calls.FirstFieldFocus = [&](std::string_view initial) { focused.emplace_back(initial); };
+    Check("MK4", {Plain("21"), Plain("21"), Plain("21")});
+    ThenStep();
+    Then([this] { Shown().cmdStop.Click(); });
+    ThenStep();
+    Shown().cmdRun.Click();
+    ExpectLeft();
+    EXPECT_EQ(Platform.System.Events.size(), 1U);
+    EXPECT_EQ(Executed(), "3");
+    EXPECT_EQ(MachineTime(), "00:00:00");
+    EXPECT_EQ(Cell(2, column::ToolX), "     0");
+    EXPECT_EQ(focused, std::vector<std::string>{""});
+}
+
+TEST_F(StepTest, AnEditGivesTheWaitingPassUp) {
+    Check("MK4", {Plain("21"), Plain("21"), Plain("21")});
+    ThenStep();
+    Then([this] {
+        List().Select(1);
+        Bench->Entry.lblGMcode.Caption = "M";
+        Bench->Entry.txtGMcode.Text = "17";
+        Bench->Lines.LineEdit();
+    });
+    ThenStep();
+    Shown().cmdRun.Click();
+    ExpectLeft();
+    EXPECT_TRUE(Shown().cmdStep.Enabled);
+    EXPECT_EQ(Platform.System.Events.size(), 1U);
+    EXPECT_EQ(Error(0), "!RETURN without SUB");
+    EXPECT_EQ(Executed(), "xxx");
+    for (int line = 1; line < 3; ++line) EXPECT_EQ(Cell(line, column::ToolX), "     ?") << line;
+    EXPECT_EQ(List().SelectedRow(), 1);
+}
+
+TEST_F(StepTest, OtherWaysOutOfTheWait) {
+    // The program goes away under the wait.
+    Check("MK4", {Plain("21"), Plain("21")});
+    ThenStep();
+    Then([this] { Bench->ClearProgram_Click(); });
+    Shown().cmdRun.Click();
+    ExpectLeft();
+    EXPECT_EQ(List().Count(), 0);
+    EXPECT_EQ(Shown().lblPPLines.Caption.Get(), "0");
+    EXPECT_EQ(Executed(), "xxx");
+    // The mode is left without a new run.
+    Check("MK4", {Plain("21"), Plain("21")});
+    ThenStep();
+    Then([this] { Bench->Interpreter.EndStepRun(); });
+    Shown().cmdRun.Click();
+    ExpectLeft();
+    EXPECT_EQ(Executed(), "1");
+    EXPECT_EQ(Cell(1, column::ToolX), "     ?");
+    // Nothing can come any more.
+    ThenStep();
+    Shown().cmdRun.Click();
+    EXPECT_EQ(Executed(), "1");
+    EXPECT_EQ(Cell(1, column::ToolX), "     ?");
+    Shown().cmdStop.Click();
+    ExpectLeft();
+    EXPECT_EQ(Executed(), "2");
+    EXPECT_EQ(Cell(1, column::ToolX), "     0");
+}
+
+TEST_F(StepTest, AFlowErrorStaysInTheMode) {
+    Check("MK4", {Plain("21"), Plain("M17"), Plain("21")});
+    ThenStep();
+    ThenStep();
+    Shown().cmdRun.Click();
+    EXPECT_TRUE(Bench->Store.EditorRunMode);
+    EXPECT_FALSE(Shown().cmdRun.Visible);
+    EXPECT_EQ(Error(1), "!RETURN without SUB");
+    // The line is the selected one, so it has the crosses too, and the selection is not given back.
+    EXPECT_EQ(Cell(1, column::ToolX), " xxxxx");
+    EXPECT_EQ(List().SelectedRow(), 2);
+    Shown().cmdStop.Click();
+    ExpectLeft();
+    EXPECT_EQ(Executed(), "1");
+}
+
+}  // namespace
+
+}  // namespace kvt::test

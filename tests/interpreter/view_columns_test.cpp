@@ -1,0 +1,183 @@
+// Which result columns are in sight, the width of the window, and the automatic comments.
+
+#include "shell/layout.h"
+#include "support/short_program.h"
+
+namespace kvt::test {
+
+namespace {
+
+class View : public BenchTest {
+protected:
+    // Widths of the headers from first to last.
+    std::vector<int> Widths(int first, int last) const {
+        std::vector<int> widths;
+        for (int header = first; header <= last; ++header) {
+            widths.push_back(Bench->Store.lvCncProgram.Header(header).Width);
+        }
+        return widths;
+    }
+    static void Click(CheckBox& box, int value) {
+        box.Value = value;
+        box.Click();
+    }
+    std::string Comment(int line) const { return Cell(line, column::Comment); }
+};
+
+using Twips = std::vector<int>;
+const char* const arc = "02 X100 Z100 F50";
+
+}  // namespace
+
+// 104 for each character of the header and 193, or the minimum.
+TEST_F(View, ToolColumns) {
+    Check("MK4", Program(arc));
+    EXPECT_EQ(Widths(10, 12), (Twips{817, 0, 817}));
+    Bench->Store.lvCncProgram.SetHeaderText(10, "Werkzeug X");
+    Bench->Store.lvCncProgram.SetHeaderText(12, "TZ");
+    Bench->View.MakeToolpositionColums();
+    EXPECT_EQ(Widths(10, 12), (Twips{1233, 0, 811}));
+    Check("F1", Program(arc));
+    EXPECT_EQ(Widths(10, 12), (Twips{1233, 817, 811}));
+    Check("MK2", Program("21"));
+    EXPECT_EQ(Widths(10, 12), (Twips{1233, 0, 811}));
+    Click(Bench->View.chkViewToolPos, 0);
+    EXPECT_EQ(Widths(10, 12), (Twips{0, 0, 0}));
+}
+
+TEST_F(View, LinePropertyColumns) {
+    Check("MK4", Program("01 X10 Z10 F50"));
+    EXPECT_EQ(Widths(13, 17), (Twips{0, 0, 0, 0, 811}));
+    Check("MK4", Program(arc));
+    EXPECT_EQ(Widths(13, 17), (Twips{1025, 0, 1025, 817, 811}));
+    Check("F1", Program(arc));
+    EXPECT_EQ(Widths(13, 17), (Twips{1025, 1025, 1025, 817, 811}));
+    for (const int header : {13, 14, 15, 16}) Bench->Store.lvCncProgram.SetHeaderText(header, "C");
+    Bench->Store.lvCncProgram.SetHeaderText(17, "Winkelgrad");
+    Bench->View.MakeLinePropertiesColumns();
+    EXPECT_EQ(Widths(13, 17), (Twips{1020, 1020, 1020, 811, 1233}));
+    Click(Bench->View.chkViewLineProperties, 0);
+    EXPECT_EQ(Widths(13, 17), (Twips{0, 0, 0, 0, 0}));
+    // The run that a check box asks for shows them by itself.
+    Bench->View.chkViewLineProperties.Value = 1;
+    Bench->Interpreter.Interpreter();
+    EXPECT_EQ(Widths(13, 17), (Twips{1020, 1020, 1020, 811, 1233}));
+}
+
+TEST_F(View, CheckBoxesRunThePassAndPlaceTheControls) {
+    Check("MK4", Program("04 X150"));
+    std::string calls;
+    Bench->Calls.ControlsPositioning = [&] { calls += Cell(0, column::Time) + " "; };
+    for (CheckBox* box :
+         {&Bench->View.chkViewToolPos, &Bench->View.chkViewLineProperties, &Bench->View.chkViewMachineTime}) {
+        Bench->Store.lvCncProgram.Row(1)[column::Time] = "";
+        Click(*box, 0);
+    }
+    EXPECT_EQ(calls, "00:00:02 00:00:02 00:00:02 ");
+    EXPECT_EQ(Widths(18, 18), Twips{0});
+    Click(Bench->View.chkViewMachineTime, 1);
+    EXPECT_EQ(Widths(18, 18), Twips{1050});
+}
+
+TEST_F(View, WindowFitsTheColumns) {
+    struct Case {
+        const char* Machine;
+        int Width;
+    };
+    // 17 columns of 100, 8093, and what the machine needs more or less.
+    for (const Case& one : {Case{"MK2", 10288}, Case{"MK4", 9793}, Case{"F1", 9372}}) {
+        SCOPED_TRACE(one.Machine);
+        Check(one.Machine, Program("21"));
+        for (int header = 1; header <= SubItemCount; ++header) {
+            Bench->Store.lvCncProgram.SetHeaderWidth(header, header == 1 || header == 19 ? 5000 : 100);
+        }
+        Form& form = Bench->frmMain;
+        form.Width = 7;
+        Bench->View.chkSettingsAutowidth.Value = 0;
+        Bench->View.SetAutoWidth();
+        EXPECT_EQ(form.Width, 7);
+        Bench->View.chkSettingsAutowidth.Value = 1;
+        form.State = WindowState::Maximised;
+        Bench->View.SetAutoWidth();
+        EXPECT_EQ(form.Width, 7);
+        form.State = WindowState::Normal;
+        Bench->View.SetAutoWidth();
+        EXPECT_EQ(form.Width, one.Width);
+        Platform.Screen.WidthTwips = 9000;
+        Bench->View.SetAutoWidth();
+        EXPECT_EQ(form.Width, 9000);
+        Platform.Screen.WidthTwips = 28800;
+    }
+    // The line properties fit it, shown or not.
+    Check("MK4", Program("21"));
+    const int shown = Bench->frmMain.Width;
+    Click(Bench->View.chkViewLineProperties, 0);
+    EXPECT_EQ(Bench->frmMain.Width, std::max(SmallestWidth, shown - 811));
+}
+
+TEST_F(View, CommentsForEmptyCells) {
+    struct Case {
+        const char* Machine;
+        Line Row;
+        const char* Comment;
+    };
+    const Case cases[] = {
+        {"MK4", {"00"}, "@  Rapid Traverse"},
+        {"MK4", {"00", "", "", "", "", "", "typed"}, "typed"},
+        {"MK4", {"91"}, "@  Incremental (radius) Mode"},
+        {"MK4", {"M03"}, "@  Spindle ON"},
+        {"MK4", {"M99", "1"}, "@  Partial Arc Center"},
+        {"MK4", {"72"}, ""},
+        {"MK4", {"m03"}, "@  Spindle ON"},
+        {"MK2", {"91"}, "@  Incremental Mode"},
+        {"MK2", {"20"}, "@  Programmed Stop (Pause)"},
+        {"MK2", {"25"}, ""},
+        {"F1", {"92"}, "@  Set XYZ Register (ABS)"},
+        {"F1", {"47"}, "@  Add Tool Radius twice"},
+        // M codes come from the lathe's list, which has no M20.
+        {"F1", {"M06", "D100"}, "@  Tool Change and Compensation"},
+        {"F1", {"M20"}, ""},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(std::string(one.Machine) + " " + one.Row.Code);
+        Bench->View.chkViewGcode.Value = 0;
+        Check(one.Machine, {{"21"}, one.Row, {"21"}});
+        Bench->Store.lvCncProgram.Select(3);
+        Click(Bench->View.chkViewGcode, 1);
+        EXPECT_EQ(Comment(1), one.Comment);
+        EXPECT_EQ(Comment(2), "@  Empty Line");
+        EXPECT_EQ(Comment(3), " ");  // the open line
+        EXPECT_EQ(Bench->Store.lvCncProgram.SelectedRow(), 3);
+        EXPECT_TRUE(Bench->Store.ProgramChanged);
+    }
+}
+
+TEST_F(View, CommentsAreTakenOutAgain) {
+    Check("MK4", {{"00", "", "", "", "", "", "typed"},
+                  {"00", "", "", "", "", "", "@  mine"},
+                  {"00", "", "", "", "", "", "@ mine"},
+                  {"00"},
+                  {"73", "", "", "-500", "100"}});
+    Bench->Lists.lstMK4Gcodes.ListIndex = 1;
+    Bench->Lists.lstMK4Mcodes.ListIndex = 2;
+    Click(Bench->View.chkViewGcode, 1);
+    EXPECT_EQ(Bench->Lists.lstMK4Gcodes.ListIndex, -1);
+    EXPECT_EQ(Bench->Lists.lstMK4Mcodes.ListIndex, -1);
+    EXPECT_EQ(Comment(3), "@  Rapid Traverse");
+    std::string focused = "none";
+    Bench->Calls.FirstFieldFocus = [&](std::string_view initial) { focused = initial; };
+    Click(Bench->View.chkViewGcode, 0);
+    EXPECT_EQ(Comment(0), "typed");
+    EXPECT_EQ(Comment(1), "");
+    EXPECT_EQ(Comment(2), "@ mine");
+    EXPECT_EQ(Comment(3), "");
+    // The run that follows counts the cycle again.
+    EXPECT_EQ(Comment(4), "@  (3x)Drilling Cycle with Chip Breakage");
+    EXPECT_EQ(focused, "");
+
+    Check("MK4", {});
+    Click(Bench->View.chkViewGcode, 1);
+    EXPECT_FALSE(Bench->Store.ProgramChanged);
+}
+
+}  // namespace kvt::test
