@@ -26,7 +26,7 @@ EntryRow::EntryRow(Form& form)
       chkSettingsDWC(form, "chkSettingsDWC", "Delete without confirmation"),
       picXYaxes(form, "picXYaxes"),
       picZXaxes(form, "picZXaxes"),
-      cmdReturn(form, "cmdReturn") {
+      cmdReturn(form, "cmdReturn", "Return") {
     for (const Field& field : Fields()) {
         field.Caption.Visible = false;
         field.Box.Visible = false;

@@ -55,11 +55,11 @@ void PlaceTopBand(Workbench& bench, int width) {
            {bench.Entry.cmdFeedB, 90, 780, 660, fieldHeight},
            {bench.Entry.txtFeedB, 780, 780, 570, fieldHeight}});
     ViewColumns& view = bench.View;
-    Place({{view.chkViewToolPos, 90, firstLine, 1440, lineHeight},
-           {view.chkViewLineProperties, 90, firstLine + 310, 1440, lineHeight},
-           {view.chkViewMachineTime, 90, firstLine + 620, 1440, lineHeight},
-           {view.chkViewGcode, 1560, firstLine, 1320, lineHeight},
-           {view.chkViewFileNotes, 1560, firstLine + 310, 1320, lineHeight}});
+    Place({{view.chkViewToolPos, 90, firstLine, 1560, lineHeight},
+           {view.chkViewLineProperties, 90, firstLine + 310, 1560, lineHeight},
+           {view.chkViewMachineTime, 90, firstLine + 620, 1560, lineHeight},
+           {view.chkViewGcode, 1680, firstLine, 1200, lineHeight},
+           {view.chkViewFileNotes, 1680, firstLine + 310, 1200, lineHeight}});
 }
 
 void PlaceCodeLists(Workbench& bench, int width, int bandTop) {
@@ -166,9 +166,9 @@ void PlaceProperties(Workbench& bench, int width, int bandTop) {
     PlaceAxis(main.frYaxis, 870, results.lblYAxisMin, results.lblYAxisMax, results.lblYAxisTravel);
     PlaceAxis(main.frZAxis, 1320, results.lblZAxisMin, results.lblZAxisMax, results.lblZAxisTravel);
 
-    const int nameWidth = 1140;
-    const int valueLeft = 1230;
-    const int valueWidth = 990;
+    const int nameWidth = 1230;
+    const int valueLeft = 1350;
+    const int valueWidth = 930;
     Place({{main.frProgramProperties, 9480, bandTop, std::min(width - 9540, 2400), frameHeight},
            {main.lblMachineType, 90, firstLine, nameWidth + valueWidth, lineHeight},
            {main.lblUnits, 90, firstLine + 310, nameWidth, lineHeight},

@@ -14,7 +14,6 @@ constexpr const char* formLoadName = "Form_Load";
 constexpr const char* programName = "Kestrel Vise Toolkit";
 constexpr int smallScreenWidth = 12000;
 constexpr int smallScreenHeight = 9000;
-constexpr int firstWidth = 13800;
 
 // The button of each index that this window has a command for.
 namespace top_button {

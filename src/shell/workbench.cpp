@@ -77,6 +77,7 @@ void Workbench::PlaceInFrames() {
     put(Main.frFileNotes, {&File.txtFileNotes});
     put(Main.frCmdEditor1, {&Main.cmdInsert, &Main.cmdDelete});
     put(Entry.frEntry, {&Main.lblComment});
+    for (Menu* entry : {&Machine.mnuINCHtoMM, &Machine.mnuMMtoINCH}) entry->Container = &Main.mnuConvert;
     put(Main.frMachineType, {&Machine.optSettingsMK2, &Machine.optSettingsMK4, &Machine.optSettingsF1CNC});
     put(Main.frCompact5, {&Machine.optSettingsMm, &Machine.optSettingsInch});
     put(Main.frF1CNC, {&Machine.optSettingsHmm, &Machine.optSettingsHinch, &Machine.optSettingsVmm,

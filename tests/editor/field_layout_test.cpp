@@ -2,22 +2,13 @@
 
 #include "basic/text.h"
 #include "support/bench_fixture.h"
+#include "support/table.h"
 
 namespace kvt::test {
 
 namespace {
 
-// A machine as the layout sees it; the mill has two orientations.
-struct Bed {
-    const char *Name, *Machine;
-    bool Horizontal;
-};
-constexpr Bed mk2{"MK2", "MK2", false}, mk4{"MK4", "MK4", false}, vertical{"F1 vertical", "F1", false},
-    horizontal{"F1 horizontal", "F1", true};
-// The orientation is the mill's alone.
-constexpr Bed lathes[] = {mk2, mk4, {"MK4 after a mill", "MK4", true}};
-
-// Ranges that several codes share.
+// Ranges that several codes share: inch, then metric.
 struct Named {
     const char *Name, *Inch, *Metric;
 };
@@ -27,84 +18,64 @@ constexpr Named ranges[] = {{"latheX", "-1999TO1999", "-5999TO5999"},
                             {"short", "-3999TO3999", "-9999TO9999"},
                             {"long", "-7999TO7999", "-19999TO19999"},
                             {"tool", "0TO199", "0TO499"},
-                            {"radius", "0TO1999", "0TO5999"}};
+                            {"radius", "0TO1999", "0TO5999"},
+                            {"depth", "0TO12900", "0TO32760"},
+                            {"shortOffset", "0TO3999", "0TO9999"},
+                            {"longOffset", "0TO7999", "0TO19999"},
+                            {"boringFeed", "-7999TO7999", "2TO499"},
+                            {"none", "", ""}};
 
-// What a code shows: label and range of each field in "XI X range, ...". A range is a name from above, or a
-// text for both units, or "inch|metric"; "none" for no range.
-struct Expected {
-    std::vector<const char*> Codes;
-    std::vector<Bed> Beds;
-    const char* Fields;
-    const char* First;
-    bool FeedButtons = false;
-};
-
-const std::vector<Bed> everyLathe(std::begin(lathes), std::end(lathes));
-const std::vector<Bed> everyBed = {mk2, mk4, vertical, horizontal};
-const std::vector<Bed> withH = {mk4, vertical, horizontal};
-const std::vector<Bed> mill = {vertical, horizontal};
-
-const Expected table[] = {
-    {{"G00", "G92"}, everyLathe, "XI X latheX, ZK Z latheZ", "txtXI"},
-    {{"G00", "G92"}, {vertical}, "XI X long, YJ Y short, ZK Z long", "txtXI"},
-    {{"G00", "G92"}, {horizontal}, "XI X short, YJ Y long, ZK Z long", "txtXI"},
-    {{"G01", "G02", "G03"}, everyLathe, "XI X latheX, ZK Z latheZ, FKTL F feed", "txtXI", true},
-    {{"G72"}, everyLathe, "XI X latheX, ZK Z latheZ, FKTL F feed", "txtXI", true},
-    {{"G01", "G02", "G03", "G72"},
-     {vertical},
-     "XI X long, YJ Y short, ZK Z long, FKTL F feed",
-     "txtXI",
-     true},
-    {{"G01", "G02", "G03", "G72"},
-     {horizontal},
-     "XI X short, YJ Y long, ZK Z long, FKTL F feed",
-     "txtXI",
-     true},
-    {{"G26"}, everyLathe, "XI X latheX, ZK Z latheZ, FKTL F feed", "txtXI"},
-    {{"G26"}, {vertical}, "XI X long, YJ Y short, ZK Z long, FKTL F feed", "txtXI"},
-    {{"G26"}, {horizontal}, "XI X short, YJ Y long, ZK Z long, FKTL F feed", "txtXI"},
-    {{"G04"}, everyLathe, "XI X radius", "txtXI"},
-    {{"G04"}, mill, "XI X 0TO19999", "txtXI"},
-    {{"G23"}, everyBed, "XI X 0TO999, ZK Z 0TO999, FKTL T 0TO499", "txtXI"},
-    {{"G25", "G27"}, everyBed, "FKTL Line 0TO221", "txtFKTL"},
-    {{"G33"}, everyBed, "ZK Z latheZ, FKTL K feed", "txtZK"},
-    {{"G73", "G81", "G82", "G83", "G85", "G89"}, everyLathe, "ZK Z latheZ, FKTL F feed", "txtZK", true},
-    {{"G73", "G81", "G82", "G83", "G85", "G89"}, mill, "ZK Z long, FKTL F -7999TO7999|2TO499", "txtZK", true},
-    {{"G78"}, {mk2}, "XI X latheX, ZK Z latheZ, FKTL K feed", "txtXI"},
-    {{"G78"}, withH, "XI X latheX, ZK Z latheZ, FKTL K feed, H H 0TO999", "txtXI"},
-    {{"G84", "G86", "G88"}, {mk2}, "XI X latheX, ZK Z latheZ, FKTL F feed", "txtXI", true},
-    {{"G84", "G88"}, withH, "XI X latheX, ZK Z latheZ, FKTL F feed, H H 0TO999", "txtXI", true},
-    {{"G86"}, withH, "XI X latheX, ZK Z latheZ, FKTL F feed, H H 10TO999", "txtXI", true},
-    {{"M06"}, everyLathe, "XI X latheX, ZK Z latheZ, FKTL T tool", "txtXI"},
-    {{"M06"}, {vertical}, "XI D long, YJ S short, ZK Z long, FKTL T tool", "txtXI"},
-    {{"M06"}, {horizontal}, "XI D short, YJ S long, ZK Z long, FKTL T tool", "txtXI"},
-    {{"M26"}, everyBed, "H H none", "txtH"},
-    {{"M98"}, everyLathe, "XI X 0TO999, ZK Z 0TO999", "txtXI"},
-    {{"M98"}, mill, "XI X 0TO999, YJ Y 0TO999, ZK Z 0TO999", "txtXI"},
-    {{"M99"}, everyLathe, "XI I radius, ZK K 0TO12900|0TO32760", "txtXI"},
-    {{"M99"}, {vertical}, "XI I 0TO7999|0TO19999, YJ J 0TO3999|0TO9999, ZK K 0TO7999|0TO19999", "txtXI"},
-    {{"M99"}, {horizontal}, "XI I 0TO3999|0TO9999, YJ J 0TO7999|0TO19999, ZK K 0TO7999|0TO19999", "txtXI"},
-    {{"M99R"}, everyBed, "XI R radius", "txtXI"},
-    {{"G20", "G21", "G22", "G24", "G40", "G45", "G48", "G74", "G90", "G91", "G94", "G95", "M00", "M01", "M03",
-      "M17", "M30"},
-     everyBed,
-     "",
-     "txtComment"},
+// Codes|machines|first field|feed buttons|what is shown: field, label and range of each. The machines are 2 (MK2),
+// 4 (MK4), V and H (F1 in its two orientations); a range is a name from above, or the same in both units.
+const char* const table[] = {
+    "G00 G92|24|txtXI||XI X latheX, ZK Z latheZ",
+    "G00 G92|V|txtXI||XI X long, YJ Y short, ZK Z long",
+    "G00 G92|H|txtXI||XI X short, YJ Y long, ZK Z long",
+    "G01 G02 G03 G72|24|txtXI|feed|XI X latheX, ZK Z latheZ, FKTL F feed",
+    "G01 G02 G03 G72|V|txtXI|feed|XI X long, YJ Y short, ZK Z long, FKTL F feed",
+    "G01 G02 G03 G72|H|txtXI|feed|XI X short, YJ Y long, ZK Z long, FKTL F feed",
+    "G26|24|txtXI||XI X latheX, ZK Z latheZ, FKTL F feed",
+    "G26|V|txtXI||XI X long, YJ Y short, ZK Z long, FKTL F feed",
+    "G26|H|txtXI||XI X short, YJ Y long, ZK Z long, FKTL F feed",
+    "G04|24|txtXI||XI X radius",
+    "G04|VH|txtXI||XI X 0TO19999",
+    "G23|24VH|txtXI||XI X 0TO999, ZK Z 0TO999, FKTL T 0TO499",
+    "G25 G27|24VH|txtFKTL||FKTL Line 0TO221",
+    "G33|24VH|txtZK||ZK Z latheZ, FKTL K feed",
+    "G73 G81 G82 G83 G85 G89|24|txtZK|feed|ZK Z latheZ, FKTL F feed",
+    "G73 G81 G82 G83 G85 G89|VH|txtZK|feed|ZK Z long, FKTL F boringFeed",
+    "G78|2|txtXI||XI X latheX, ZK Z latheZ, FKTL K feed",
+    "G78|4VH|txtXI||XI X latheX, ZK Z latheZ, FKTL K feed, H H 0TO999",
+    "G84 G86 G88|2|txtXI|feed|XI X latheX, ZK Z latheZ, FKTL F feed",
+    "G84 G88|4VH|txtXI|feed|XI X latheX, ZK Z latheZ, FKTL F feed, H H 0TO999",
+    "G86|4VH|txtXI|feed|XI X latheX, ZK Z latheZ, FKTL F feed, H H 10TO999",
+    "M06|24|txtXI||XI X latheX, ZK Z latheZ, FKTL T tool",
+    "M06|V|txtXI||XI D long, YJ S short, ZK Z long, FKTL T tool",
+    "M06|H|txtXI||XI D short, YJ S long, ZK Z long, FKTL T tool",
+    "M26|24VH|txtH||H H none",
+    "M98|24|txtXI||XI X 0TO999, ZK Z 0TO999",
+    "M98|VH|txtXI||XI X 0TO999, YJ Y 0TO999, ZK Z 0TO999",
+    "M99|24|txtXI||XI I radius, ZK K depth",
+    "M99|V|txtXI||XI I longOffset, YJ J shortOffset, ZK K longOffset",
+    "M99|H|txtXI||XI I shortOffset, YJ J longOffset, ZK K longOffset",
+    "M99R|24VH|txtXI||XI R radius",
+    "G20 G21 G22 G24 G40 G45 G48 G74 G90 G91 G94 G95 M00 M01 M03 M17 M30|24VH|txtComment||",
 };
 
 class FieldLayoutTest : public BenchTest {
 protected:
     // Puts a code into the row as the keyboard does, and lays its fields out.
-    std::string Enter(const std::string& mode, const std::string& digits) {
+    std::string Enter(std::string_view mode, std::string_view digits) {
         Bench->Entry.lblGMcode.Caption = mode;
         Bench->Entry.txtGMcode.Text = digits;
-        std::string code = digits;
+        std::string code(digits);
         Bench->Layout.InputFields(code);
         return code;
     }
-    void Use(const Bed& bed, bool metric) {
-        Bench->Store.Machine = bed.Machine;
-        Bench->Store.Horizontal = bed.Horizontal;
+    void Use(char machine, bool metric) {
+        Bench->Store.Machine = machine == '2' ? "MK2" : machine == '4' ? "MK4" : "F1";
+        // The orientation is the mill's alone: MK4 stands for a lathe after a horizontal mill.
+        Bench->Store.Horizontal = machine == 'H' || machine == '4';
         Bench->Store.Metric = metric;
     }
     // The visible fields with labels and ranges.
@@ -121,27 +92,20 @@ protected:
                 continue;
             }
             if (!shown.empty()) shown += ", ";
-            shown += std::string(names[i]) + " " + label.Caption.Get() + " " +
-                     (box.Tag.Empty() ? "none" : box.Tag.Get());
+            shown += std::string(names[i]) + " " + label.Caption.Get() + " " + box.Tag.Get();
         }
         return shown;
     }
-    static std::string Resolved(std::string fields, bool metric) {
-        for (const Named& range : ranges) {
-            fields = Replace(fields, std::string(" ") + range.Name,
-                             std::string(" ") + (metric ? range.Metric : range.Inch));
-        }
+    // The table's ranges by name, in one of the units.
+    static std::string Resolved(std::string_view fields, bool metric) {
         std::string resolved;
         for (const std::string_view field : Split(fields, ", ")) {
-            const std::size_t bar = field.find('|');
-            if (!resolved.empty()) resolved += ", ";
-            if (bar == std::string_view::npos) {
-                resolved += field;
-            } else {
-                resolved += metric ? std::string(field.substr(0, field.rfind(' ') + 1)) +
-                                         std::string(field.substr(bar + 1))
-                                   : std::string(field.substr(0, bar));
+            const std::size_t at = field.rfind(' ') + 1;
+            std::string range(field.substr(at));
+            for (const Named& named : ranges) {
+                if (range == named.Name) range = metric ? named.Metric : named.Inch;
             }
+            resolved += (resolved.empty() ? "" : ", ") + std::string(field.substr(0, at)) + range;
         }
         return resolved;
     }
@@ -151,29 +115,24 @@ protected:
 }  // namespace
 
 TEST_F(FieldLayoutTest, EveryCodeOnEveryMachineInBothUnits) {
-    int cases = 0;
-    for (const Expected& row : table) {
-        for (const char* code : row.Codes) {
-            for (const Bed& bed : row.Beds) {
+    for (const char* line : table) {
+        const auto row = Fields(line);
+        for (const std::string_view code : Split(row[0], " ")) {
+            for (const char machine : row[1]) {
                 for (const bool metric : {true, false}) {
-                    SCOPED_TRACE(std::string(code) + " " + bed.Name + (metric ? " metric" : " inch"));
-                    Use(bed, metric);
+                    SCOPED_TRACE(std::string(code) + " " + machine + (metric ? " metric" : " inch"));
+                    Use(machine, metric);
                     Platform.Focus.SetFocus(Bench->Store.lvCncProgram);
-                    Enter(std::string(1, code[0]), code + 1);
-                    EXPECT_EQ(Shown(), Resolved(row.Fields, metric));
-                    EXPECT_EQ(Focused(), row.First);
-                    EXPECT_EQ(Bench->Entry.cmdFeedA.Enabled, row.FeedButtons);
-                    EXPECT_EQ(Bench->Entry.cmdFeedB.Enabled, row.FeedButtons);
-                    const std::string text = code;
-                    const bool derived =
-                        std::string_view(bed.Machine) == "MK2" && (text == "G02" || text == "G03");
-                    EXPECT_EQ(Bench->Entry.txtZK.Enabled, !derived);
-                    ++cases;
+                    Enter(code.substr(0, 1), code.substr(1));
+                    EXPECT_EQ(Shown(), Resolved(row[4], metric));
+                    EXPECT_EQ(Focused(), row[2]);
+                    EXPECT_EQ(Bench->Entry.cmdFeedA.Enabled, row[3] == "feed");
+                    EXPECT_EQ(Bench->Entry.cmdFeedB.Enabled, row[3] == "feed");
+                    EXPECT_EQ(Bench->Entry.txtZK.Enabled, machine != '2' || (code != "G02" && code != "G03"));
                 }
             }
         }
     }
-    EXPECT_GT(cases, 400);
 }
 
 TEST_F(FieldLayoutTest, ACodeIsBroughtIntoItsFourCharacters) {
@@ -247,31 +206,20 @@ TEST_F(FieldLayoutTest, TheFirstFieldTakesTheInitialText) {
 }
 
 TEST_F(FieldLayoutTest, TheDescriptionComesFromTheListOfTheMachineAndMode) {
-    struct Case {
-        const char *Machine, *Mode, *Code, *Comment;
-    };
-    const Case cases[] = {{"MK2", "G", "24", "@  Radius Mode (ABS mode only)"},
-                          {"MK2", "M", "01", "old"},
-                          {"MK2", "M", "30", "old"},
-                          {"MK4", "G", "91", "@  Incremental (radius) Mode"},
-                          {"MK4", "M", "06", "@  Tool Change and Compensation"},
-                          {"MK4", "M", "20", "old"},
-                          {"MK4", "M", "99R", "@  Partial Arc Radius"},
-                          {"MK4", "M", "99r", "@  Partial Arc Radius"},
-                          {"MK4", "M", "99", "@  Partial Arc Center"},
-                          {"F1", "M", "06", "@  Tool Change and Radius"},
-                          {"F1", "G", "92", "@  Set XYZ Register (ABS)"},
-                          {"F1", "G", "84", "old"},
-                          {"f1", "M", "20", "@  Switch output X62 PIN 7 HIGH"},
-                          {"MK4", "G", "", "old"}};
-    for (const Case& one : cases) {
-        Bench->Store.Machine = one.Machine;
-        Bench->Entry.lblGMcode.Caption = one.Mode;
-        Bench->Entry.txtGMcode.Text = one.Code;
+    for (const char* line :
+         {"MK2|G|24|@  Radius Mode (ABS mode only)", "MK2|M|01|old", "MK2|M|30|old",
+          "MK4|G|91|@  Incremental (radius) Mode", "MK4|M|06|@  Tool Change and Compensation", "MK4|M|20|old",
+          "MK4|M|99R|@  Partial Arc Radius", "MK4|M|99r|@  Partial Arc Radius",
+          "MK4|M|99|@  Partial Arc Center", "F1|M|06|@  Tool Change and Radius",
+          "F1|G|92|@  Set XYZ Register (ABS)", "F1|G|84|old", "f1|M|20|@  Switch output X62 PIN 7 HIGH",
+          "MK4|G||old"}) {
+        const auto one = Fields(line);
+        Bench->Store.Machine = one[0];
+        Bench->Entry.lblGMcode.Caption = one[1];
+        Bench->Entry.txtGMcode.Text = one[2];
         Bench->Entry.txtComment.Text = "old";
         Bench->Layout.CodeDescription();
-        EXPECT_EQ(Bench->Entry.txtComment.Text.Get(), one.Comment)
-            << one.Machine << " " << one.Mode << one.Code;
+        EXPECT_EQ(Bench->Entry.txtComment.Text.Get(), one[3]) << line;
     }
     // A translated entry.
     Bench->Lists.lstF1Gcodes.SetEntry(1, "G01 \t Gerade\tbahn ");

@@ -18,8 +18,8 @@ struct Line {
 };
 
 // A whole file of a machine ("MK2", "MK4", "F1"); units is the text of the units line behind its blanks.
-std::string FileText(const std::string& machine, const std::vector<Line>& lines, const std::string& units = "M",
-                     const std::string& notes = "");
+std::string FileText(const std::string& machine, const std::vector<Line>& lines,
+                     const std::string& units = "M", const std::string& notes = "");
 
 // A workbench on the memory half, with a folder of its own that goes with it.
 class BenchTest : public ::testing::Test {
