@@ -50,8 +50,8 @@ TEST(NumberTest, NumericIsASignDigitsAndOnePoint) {
     }
 }
 
-TEST(NumberTest, WholeNumbersAreTheNearestHalvesToEven) {
-    // The number, then what it becomes.
+TEST(NumberTest, WholeNumbersAndDivision) {
+    // The number, then the nearest whole one, halves to even.
     const double pairs[] = {0.5, 0,    1.5, 2,    2.5, 2,       2.51,  3,        -0.5,
                             0,   -1.5, -2,  -2.5, -2,  32767.4, 32767, -32768.5, -32768};
     for (std::size_t i = 0; i < std::size(pairs); i += 2) {
@@ -68,9 +68,7 @@ TEST(NumberTest, WholeNumbersAreTheNearestHalvesToEven) {
     }
     EXPECT_EQ(WholePart(2.9), 2);
     EXPECT_EQ(WholePart(-2.9), -2);
-}
 
-TEST(NumberTest, DivisionAndRoots) {
     EXPECT_EQ(Remainder(7.5, 2.5), 0);  // 8 by 2
     EXPECT_EQ(Remainder(-7, 3), -1);
     EXPECT_EQ(Remainder(-2147483648.0, -1), 0);
@@ -82,28 +80,15 @@ TEST(NumberTest, DivisionAndRoots) {
 }
 
 TEST(NumberTest, PatternsRoundHalvesAwayFromZero) {
-    for (const char* line : {"5|00|05",
-                             "123|00|123",
-                             "0|00|00",
-                             "-5|00|-05",
-                             "2.5|00|03",
-                             "-2.5|00|-03",
-                             "-0.5|00|-01",
-                             "-0.4|##00|00",
-                             "5|#00|05",
-                             "12345|##00|12345",
-                             "-99999.5|###00|-100000",
-                             "0|0.0|0.0",
-                             "1.25|0.0|1.3",
-                             "-0.25|0.0|-0.3",
-                             "-0.04|0.0|0.0",
-                             "12|0.0|12.0",
-                             "9.96|0.0|10.0",
-                             "23|100|123",
-                             "7|100|107",
-                             "0|100|100"}) {
-        const auto one = Fields(line);
-        EXPECT_EQ(Format(std::stod(one[0]), one[1]), one[2]) << line;
+    // Number, pattern, text.
+    const std::string_view cases =
+        "5 00 05, 123 00 123, 0 00 00, -5 00 -05, 2.5 00 03, -2.5 00 -03, -0.5 00 -01, -0.4 ##00 00, 5 #00 "
+        "05, "
+        "12345 ##00 12345, -99999.5 ###00 -100000, 0 0.0 0.0, 1.25 0.0 1.3, -0.25 0.0 -0.3, -0.04 0.0 0.0, "
+        "12 0.0 12.0, 9.96 0.0 10.0, 23 100 123, 7 100 107, 0 100 100";
+    for (const std::string_view line : Split(cases, ", ")) {
+        const auto one = Split(line, " ");
+        EXPECT_EQ(Format(std::stod(std::string(one[0])), one[1]), one[2]) << line;
     }
     for (const char* kept : {"", "   ", "12x", "1 2", "-", "- 5"}) EXPECT_EQ(FormatText(kept, "00"), kept);
     EXPECT_EQ(FormatText("  5 ", "00"), "05");

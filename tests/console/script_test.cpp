@@ -176,8 +176,9 @@ TEST_F(ScriptTest, TheDumpListsFocusAndControls) {
     const std::size_t first = Out.find('\n') + 1;
     const std::size_t second = Out.find('\n', first) + 1;
     EXPECT_EQ(Out.substr(0, first), "txtFileNotes.text = first\\r\\nsecond\\r\\n\n");
-    const std::string box = R"([{"text":"G77 Unknown code","title":"Kestrel Vise Toolkit","icon":"none","buttons":"ok"}])"
-                            "\n[]\n";
+    const std::string box =
+        R"([{"text":"G77 Unknown code","title":"Kestrel Vise Toolkit","icon":"none","buttons":"ok"}])"
+        "\n[]\n";
     EXPECT_EQ(Out.substr(second), box);
 
     rapidjson::Document state;

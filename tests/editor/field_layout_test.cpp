@@ -8,22 +8,19 @@ namespace kvt::test {
 
 namespace {
 
-// Ranges that several codes share: inch, then metric.
-struct Named {
-    const char *Name, *Inch, *Metric;
-};
-constexpr Named ranges[] = {{"latheX", "-1999TO1999", "-5999TO5999"},
-                            {"latheZ", "-12900TO12900", "-32760TO32760"},
-                            {"feed", "2TO199", "2TO499"},
-                            {"short", "-3999TO3999", "-9999TO9999"},
-                            {"long", "-7999TO7999", "-19999TO19999"},
-                            {"tool", "0TO199", "0TO499"},
-                            {"radius", "0TO1999", "0TO5999"},
-                            {"depth", "0TO12900", "0TO32760"},
-                            {"shortOffset", "0TO3999", "0TO9999"},
-                            {"longOffset", "0TO7999", "0TO19999"},
-                            {"boringFeed", "-7999TO7999", "2TO499"},
-                            {"none", "", ""}};
+// Ranges that several codes share: name, inch, metric.
+const char* const ranges[] = {"latheX|-1999TO1999|-5999TO5999",
+                              "latheZ|-12900TO12900|-32760TO32760",
+                              "feed|2TO199|2TO499",
+                              "short|-3999TO3999|-9999TO9999",
+                              "long|-7999TO7999|-19999TO19999",
+                              "tool|0TO199|0TO499",
+                              "radius|0TO1999|0TO5999",
+                              "depth|0TO12900|0TO32760",
+                              "shortOffset|0TO3999|0TO9999",
+                              "longOffset|0TO7999|0TO19999",
+                              "boringFeed|-7999TO7999|2TO499",
+                              "none||"};
 
 // Codes|machines|first field|feed buttons|what is shown: field, label and range of each. The machines are 2 (MK2),
 // 4 (MK4), V and H (F1 in its two orientations); a range is a name from above, or the same in both units.
@@ -102,8 +99,8 @@ protected:
         for (const std::string_view field : Split(fields, ", ")) {
             const std::size_t at = field.rfind(' ') + 1;
             std::string range(field.substr(at));
-            for (const Named& named : ranges) {
-                if (range == named.Name) range = metric ? named.Metric : named.Inch;
+            for (const char* named : ranges) {
+                if (range == Fields(named)[0]) range = Fields(named)[metric ? 2 : 1];
             }
             resolved += (resolved.empty() ? "" : ", ") + std::string(field.substr(0, at)) + range;
         }

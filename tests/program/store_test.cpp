@@ -2,7 +2,6 @@
 
 #include <random>
 
-#include "program/code_tables.h"
 #include "program/program_store.h"
 #include "program/texts.h"
 #include "program/word.h"
@@ -173,30 +172,6 @@ TEST(TextsTest, ABlankEntryGivesTheBuiltInText) {
             EXPECT_EQ(ErrorOf([&] { table->Set(index, "x"); }), fault::SubscriptOutOfRange);
         }
     }
-}
-
-TEST(CodeTablesTest, EachMachineKnowsItsCodesInOrder) {
-    Form window("frmTest");
-    CodeLists lists(window);
-    const auto codes = [](const ListBox& list) {
-        std::string all;
-        for (const std::string& entry : list.Entries()) {
-            EXPECT_EQ(entry.at(4), '\t') << entry;
-            EXPECT_GT(EntryDescription(entry).size(), 8u) << entry;
-            all += entry.substr(0, 4);
-        }
-        return all;
-    };
-    EXPECT_EQ(codes(lists.lstMK2Gcodes),
-              "G00 G01 G02 G03 G20 G21 G22 G23 G24 G26 G33 G78 G84 G90 G91 G92 G94 G95 ");
-    EXPECT_EQ(codes(lists.lstMK4Gcodes),
-              "G00 G01 G02 G03 G04 G21 G24 G25 G27 G33 G73 G78 G81 G82 G83 G84 G85 G86 G88 G89 G90 G91 G92 "
-              "G94 G95 ");
-    EXPECT_EQ(codes(lists.lstMK4Mcodes), "M00 M03 M05 M06 M08 M09 M17 M22 M23 M26 M30 M98 M99 M99R");
-    EXPECT_EQ(codes(lists.lstF1Gcodes),
-              "G00 G01 G02 G03 G04 G21 G25 G27 G40 G45 G46 G47 G48 G72 G73 G81 G82 G83 G85 G89 G90 G91 G92 ");
-    EXPECT_EQ(codes(lists.lstF1Mcodes), "M00 M03 M05 M06 M08 M09 M17 M20 M21 M22 M23 M26 M30 M98 M99 M99R");
-    EXPECT_EQ(EntryDescription("M99R\tPartial \tArc  "), "Partial Arc");
 }
 
 }  // namespace kvt::test
