@@ -41,7 +41,7 @@ constexpr Limits millZ{longAxis};
 
 enum FieldIndex { XI, YJ, ZK, FKTL, H };
 
-struct FieldSpec {
+struct ShownField {
     FieldIndex Field;
     const char* Label;
     Limits Range;
@@ -52,7 +52,7 @@ constexpr unsigned mk2 = 1, mk4 = 2, f1 = 4, lathes = mk2 | mk4, withH = mk4 | f
 struct LayoutRow {
     std::initializer_list<const char*> Codes;
     unsigned Machines;
-    std::initializer_list<FieldSpec> Fields;
+    std::initializer_list<ShownField> Fields;
     bool FeedButtons = false;
 };
 
@@ -148,10 +148,10 @@ void FieldLayout::InputFields(std::string& code) {
     auto fields = entry_.Fields();
     for (const LayoutRow& row : layoutTable) {
         if ((row.Machines & machine) == 0 || !Holds(row.Codes, code)) continue;
-        for (const FieldSpec& spec : row.Fields) {
-            const EntryRow::Field& field = fields[spec.Field];
-            const Range& range = store_.Horizontal ? spec.Range.Horizontal : spec.Range.Vertical;
-            field.Caption.Caption = spec.Label;
+        for (const ShownField& shown : row.Fields) {
+            const EntryRow::Field& field = fields[shown.Field];
+            const Range& range = store_.Horizontal ? shown.Range.Horizontal : shown.Range.Vertical;
+            field.Caption.Caption = shown.Label;
             field.Caption.Visible = true;
             field.Box.Visible = true;
             field.Box.Tag = store_.Metric ? range.Metric : range.Inch;

@@ -29,18 +29,19 @@ std::string FileText(const std::string& machine, const std::vector<Line>& lines,
     if (machine == "F1") text += std::string(cnc::HeaderF1) + "\r\n";
     int number = 0;
     for (const Line& line : lines) {
-        const std::string code = std::string(line.Code).size() == 2 ? " " + std::string(line.Code) : line.Code;
+        const std::string code =
+            std::string(line.Code).size() == 2 ? " " + std::string(line.Code) : line.Code;
         const std::string n = RightPad(Format(number, "00"), machine == "MK2" ? 2 : 3);
         ++number;
         if (machine == "MK2") {
-            text += "   N" + n + " G" + code.substr(1) + " X" + Wide(line.X, 5) + " Z" + Wide(line.Z, 6) + " F" +
-                    RightPad(line.F, 3) + " " + line.Comment;
+            text += "   N" + n + " G" + code.substr(1) + " X" + Wide(line.X, 5) + " Z" + Wide(line.Z, 6) +
+                    " F" + RightPad(line.F, 3) + " " + line.Comment;
         } else if (machine == "MK4") {
             text += "   " + n + code + " " + Wide(line.X, 5) + " " + Wide(line.Z, 6) + Wide(line.F, 4) + " " +
                     RightPad(line.H, 3) + "  " + line.Comment;
         } else {
-            text += "   " + n + code + Wide(line.X, 6) + Wide(line.Y, 5) + Wide(line.Z, 6) + Wide(line.F, 4) + " " +
-                    line.Comment;
+            text += "   " + n + code + Wide(line.X, 6) + Wide(line.Y, 5) + Wide(line.Z, 6) + Wide(line.F, 4) +
+                    " " + line.Comment;
         }
         text += "\r\n";
     }
@@ -77,8 +78,6 @@ std::string BenchTest::Error(int line) const {
     return std::string(Trim(Bench->Store.lvCncProgram.Row(line + 1)[column::Error]));
 }
 
-std::string BenchTest::FileContent(const std::string& name) {
-    return Platform.Files.ReadWhole(Path(name));
-}
+std::string BenchTest::FileContent(const std::string& name) { return Platform.Files.ReadWhole(Path(name)); }
 
 }  // namespace kvt::test
