@@ -148,9 +148,9 @@ CheckPass::Next CheckPass::WaitForStep() {
         const bool alive = room_.services_.System.DoEvents();
         room_.waiting_ = false;
         // Another run has gone through, or the mode was left: this pass is given up.
-        if (!alive || room_.runs_ != run_ || !store_.EditorRunMode || itemRow_ > list_.Count()) {
-            return Next::Abandoned;
-        }
+        if (room_.runs_ != run_) return Next::Abandoned;
+        if (!alive) room_.LeaveRunMode();
+        if (!store_.EditorRunMode || itemRow_ > list_.Count()) return Next::Abandoned;
     }
     store_.StepGranted = false;
     return Next::GoOn;

@@ -32,6 +32,8 @@ ControlInterpreter::ControlInterpreter(ProgramStore& store, const Texts& texts, 
 
 void ControlInterpreter::Interpreter() {
     if (waiting_) LeaveRunMode();
+    // A step run that is asked for next, in the same wait, is one of its own.
+    waiting_ = false;
     ++runs_;
 
     // 1.
