@@ -162,14 +162,15 @@ TEST(TextsTest, ABlankEntryGivesTheBuiltInText) {
     texts.MessageTexts.Set(text::ClearAnyway, "   ");
     EXPECT_EQ(texts.MessageTexts(text::ClearAnyway), "File has been changed. Clear anyway?");
     EXPECT_EQ(texts.ErrorTexts(2), "");
-    for (const auto& [table, size] : {std::pair{&texts.ProgramErrorTexts, 22},
-                                      {&texts.ErrorTexts, 30},
-                                      {&texts.MessageTexts, 31},
-                                      {&texts.DrawErrorTexts, 20}}) {
-        EXPECT_EQ(ErrorOf([&] { table->Set(size, "last"); }), 0);
-        for (const int index : {0, size + 1}) {
-            EXPECT_EQ(ErrorOf([&] { (*table)(index); }), fault::SubscriptOutOfRange);
-            EXPECT_EQ(ErrorOf([&] { table->Set(index, "x"); }), fault::SubscriptOutOfRange);
+    const std::pair<TextTable*, int> tables[] = {{&texts.ProgramErrorTexts, 22},
+                                                 {&texts.ErrorTexts, 30},
+                                                 {&texts.MessageTexts, 31},
+                                                 {&texts.DrawErrorTexts, 20}};
+    for (const auto& one : tables) {
+        EXPECT_EQ(ErrorOf([&] { one.first->Set(one.second, "last"); }), 0);
+        for (const int index : {0, one.second + 1}) {
+            EXPECT_EQ(ErrorOf([&] { (*one.first)(index); }), fault::SubscriptOutOfRange);
+            EXPECT_EQ(ErrorOf([&] { one.first->Set(index, "x"); }), fault::SubscriptOutOfRange);
         }
     }
 }
