@@ -220,6 +220,33 @@ std::string NumberText(float value) {
     return text;
 }
 
+namespace {
+
+// Rounds a decimal text off to so many decimals behind its point, halves away from zero; without any the point
+// goes too. Zero has no sign.
+void RoundOff(std::string& text, std::size_t point, std::size_t decimals) {
+    const bool up = text[point + 1 + decimals] >= '5';
+    text.resize(decimals > 0 ? point + 1 + decimals : point);
+    std::size_t at = text.size();
+    for (bool carry = up; carry && at > 0;) {
+        char& digit = text[--at];
+        if (digit == '.') continue;
+        if (!IsDigit(digit)) {
+            ++at;
+            break;
+        }
+        carry = digit == '9';
+        digit = carry ? '0' : static_cast<char>(digit + 1);
+        if (carry && (at == 0 || (!IsDigit(text[at - 1]) && text[at - 1] != '.'))) {
+            text.insert(at, 1, '1');
+            break;
+        }
+    }
+    if (text[0] == '-' && text.find_first_of("123456789") == std::string::npos) text.erase(0, 1);
+}
+
+}  // namespace
+
 // Characters are packed into words first byte lowest.
 static_assert(std::endian::native == std::endian::little);
 
@@ -251,12 +278,10 @@ SixCharacters FieldOfSix(float value) {
     }
     // Decimals are rounded off the shortest text, not off the float behind it.
     std::string text = NumberText(value);
-    const double shortest = Val(text);
     if (text.size() > width && text[0] == ' ') text.erase(0, 1);
     for (std::size_t point = text.find('.'); text.size() > width && point != std::string::npos;
          point = text.find('.')) {
-        const std::size_t room = width > point + 1 ? width - point - 1 : 0;
-        text = room > 0 ? Format(shortest, "#." + std::string(room, '0')) : Format(shortest, "0");
+        RoundOff(text, point, width > point + 1 ? width - point - 1 : 0);
     }
     const std::string padded = RightPad(text, width);
     padded.copy(field.Text, width);

@@ -22,13 +22,14 @@ FeedPresets::FeedPresets(EntryRow& entry, const ProgramStore& store, FocusServic
     : entry_(entry), store_(store), focus_(focus) {
     entry_.cmdFeedA.OnClick = [this] { cmdFeedA_Click(); };
     entry_.cmdFeedB.OnClick = [this] { cmdFeedB_Click(); };
+    // Leaving a preset sets it for later lines; the other one's old value stays known.
+    entry_.txtFeedA.OnLostFocus = [this] { entry_.OldFeedA = " " + std::string(Trim(entry_.txtFeedA.Text)); };
+    entry_.txtFeedB.OnLostFocus = [this] { entry_.OldFeedB = " " + std::string(Trim(entry_.txtFeedB.Text)); };
     for (TextBox* preset : {&entry_.txtFeedA, &entry_.txtFeedB}) {
         preset->OnKeyPress = [](int& character) {
             const bool passes = character == key::Backspace || (character >= '0' && character <= '9');
             if (!passes) character = 0;
         };
-        // Leaving a preset sets it for later lines.
-        preset->OnLostFocus = [this] { entry_.NoteFeeds(); };
     }
 }
 

@@ -265,13 +265,13 @@ void KeyboardEntry::txtZK_GotFocus() {
         if (Holds(linearAndArcCodes, code)) {
             // 2. The open line has no tool position yet: that of the last program line.
             if (store.AbsoluteMode) {
-                entry.txtZK.Text = Trim(list.Row(std::min(selected, store.LineCount()))[column::ToolZ]);
+                entry.txtZK.Text = list.Row(std::min(selected, store.LineCount()))[column::ToolZ];
             }
         } else if (Holds(boringCodes, code)) {
             // 3. The last boring depth above or at this line. G73 takes it but is no source itself.
             for (int row = 1; row <= selected; ++row) {
                 if (IsOneOf(KeyOf(list.Row(row)[column::Code]), boringDepthKeys)) {
-                    entry.txtZK.Text = Trim(list.Row(row)[column::Z]);
+                    entry.txtZK.Text = list.Row(row)[column::Z];
                 }
             }
         }

@@ -31,7 +31,7 @@ constexpr FieldFormat fieldFormats[] = {{column::X, "##00", 4, 5},
                                         {column::F, "#00", 3, 3}};
 
 std::string Prefix(std::string_view label, double value) {
-    if (label == "X" || label == "Y" || label == "Z") return value < 0 ? "-" : " ";
+    if (label == "X" || label == "Y" || label == "Z") return std::round(value) < 0 ? "-" : " ";
     if (label == "F") return " ";
     return std::string(Left(label, 1));
 }
