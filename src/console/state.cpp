@@ -28,19 +28,16 @@ public:
 
     // A text of the program's code page.
     void Text(std::string_view text) {
-        if (std::any_of(text.begin(), text.end(),
-                        [](char c) { return static_cast<unsigned char>(c) >= 0x80; })) {
-            Utf8(ToUtf8(text));
+        const bool ascii = std::all_of(text.begin(), text.end(),
+                                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+        if (ascii) {
+            String(text);
         } else {
-            Utf8(text);
+            String(ToUtf8(text));
         }
     }
-    // A text that is UTF-8 already, such as a file's name.
-    void Utf8(std::string_view text) {
-        // A file's name may be any bytes.
-        if (!IsUtf8(text)) return Text(text);
-        json_.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
-    }
+    // A file's name, which is UTF-8 as a rule but may be any bytes.
+    void Utf8(std::string_view text) { IsUtf8(text) ? String(text) : Text(text); }
 
     void Any(const PlainValue& value) {
         if (const auto* text = std::get_if<std::string>(&value)) return Text(*text);
@@ -65,6 +62,10 @@ public:
     JsonWriter& Json() { return json_; }
 
 private:
+    void String(std::string_view utf8) {
+        json_.String(utf8.data(), static_cast<rapidjson::SizeType>(utf8.size()));
+    }
+
     JsonWriter json_;
 };
 
