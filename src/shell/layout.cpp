@@ -166,9 +166,9 @@ void PlaceProperties(Workbench& bench, int width, int bandTop) {
     PlaceAxis(main.frYaxis, 870, results.lblYAxisMin, results.lblYAxisMax, results.lblYAxisTravel);
     PlaceAxis(main.frZAxis, 1320, results.lblZAxisMin, results.lblZAxisMax, results.lblZAxisTravel);
 
-    const int nameWidth = 1230;
-    const int valueLeft = 1350;
-    const int valueWidth = 930;
+    const int nameWidth = 1380;
+    const int valueLeft = 1470;
+    const int valueWidth = 900;
     Place({{main.frProgramProperties, 9480, bandTop, std::min(width - 9540, 2400), frameHeight},
            {main.lblMachineType, 90, firstLine, nameWidth + valueWidth, lineHeight},
            {main.lblUnits, 90, firstLine + 310, nameWidth, lineHeight},
