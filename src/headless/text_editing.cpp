@@ -4,6 +4,7 @@
 
 #include "basic/run_time_error.h"
 #include "platform/keys.h"
+#include "platform/tab_order.h"
 
 namespace kvt {
 
@@ -74,18 +75,7 @@ void EditByClipboard(TextBox& box, int character, ClipboardService& clipboard) {
     }
 }
 
-bool TakesFocus(const Control& control) {
-    switch (control.Kind()) {
-        case ControlKind::TextBox:
-        case ControlKind::CheckBox:
-        case ControlKind::OptionButton:
-        case ControlKind::CommandButton:
-        case ControlKind::ListBox:
-        case ControlKind::ListView:
-        case ControlKind::TabStrip: return true;
-        default: return control.TabIndex >= 0;
-    }
-}
+bool TakesFocus(const Control& control) { return TakesKeys(control.Kind()) || control.TabIndex >= 0; }
 
 bool ClickByHand(Control& control, FocusService& focus) {
     if (!control.ReallyVisible() || !control.ReallyEnabled()) return false;

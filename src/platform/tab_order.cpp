@@ -19,19 +19,22 @@ bool Before(const Control* a, const Control* b) { return a->TabIndex.Get() < b->
 
 }  // namespace
 
-bool TakesTab(const Control& control) {
-    switch (control.Kind()) {
+bool TakesKeys(ControlKind kind) {
+    switch (kind) {
         case ControlKind::TextBox:
         case ControlKind::CheckBox:
         case ControlKind::OptionButton:
         case ControlKind::CommandButton:
         case ControlKind::ListBox:
         case ControlKind::ListView:
-        case ControlKind::TabStrip:
-            return control.TabIndex >= 0 && control.ReallyVisible() && control.ReallyEnabled() &&
-                   OnFrontPage(control);
+        case ControlKind::TabStrip: return true;
         default: return false;
     }
+}
+
+bool TakesTab(const Control& control) {
+    return TakesKeys(control.Kind()) && control.TabIndex >= 0 && control.ReallyVisible() &&
+           control.ReallyEnabled() && OnFrontPage(control);
 }
 
 Control* NextInTabOrder(Control& from, bool backwards) {

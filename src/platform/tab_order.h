@@ -4,6 +4,9 @@
 
 namespace kvt {
 
+// Whether controls of a kind take keys.
+bool TakesKeys(ControlKind kind);
+
 // Whether the Tab key stops at a control: one of a kind that takes keys, with a tab index, to be seen and enabled.
 bool TakesTab(const Control& control);
 
