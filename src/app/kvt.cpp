@@ -4,7 +4,9 @@
 #include <QWindow>
 #include <cstdio>
 #include <functional>
+#include <memory>
 #include <utility>
+#include <vector>
 
 #include "desktop/desktop_platform.h"
 #include "desktop/end_signals.h"
@@ -120,7 +122,12 @@ int main(int argc, char** argv) {
     if (system.Ended()) return 0;
 
     kvt::Form& main = workbench.frmMain;
-    const kvt::FormView window(platform.Desktop, main);
+    // The windows that the workbench shows later are made with it; they stay hidden until then.
+    std::vector<std::unique_ptr<kvt::FormView>> windows;
+    for (kvt::Form* form : workbench.Forms()) {
+        windows.push_back(std::make_unique<kvt::FormView>(platform.Desktop, *form));
+    }
+    QMainWindow& window = windows.front()->Window();
     // A second signal does not wait for the answer to the question that the first one has led to.
     bool ending = false;
     const kvt::EndSignals signalsToEnd([&] {
@@ -131,8 +138,8 @@ int main(int argc, char** argv) {
     const bool takesPicture = !options.Screenshot.isEmpty();
     bool saved = false;
     if (takesPicture) {
-        WhenPainted(window.Window(), [&] {
-            saved = window.Window().grab().save(options.Screenshot);
+        WhenPainted(window, [&] {
+            saved = window.grab().save(options.Screenshot);
             system.EndProgram();
         });
     }

@@ -71,7 +71,7 @@ constexpr PropertyAccess properties[] = {
     {"caption", Caption},
     {"value",
      [](const Control& c) {
-         return As<CheckBox, OptionButton, TabStrip>(
+         return As<CheckBox, OptionButton, TabStrip, ScrollBar, UpDown>(
              c, [](const auto& one) -> PlainValue { return one.Value.Get(); });
      }},
     {"visible", [](const Control& c) { return IsSeen(c) ? Found(c.Visible.Get()) : std::nullopt; }},
@@ -119,8 +119,6 @@ int TakeIndex(std::string_view& name) {
 }
 
 }  // namespace
-
-std::vector<Form*> FormsOf(Workbench& bench) { return {&bench.frmMain}; }
 
 Control* FindByName(const std::vector<Form*>& forms, std::string_view name, int index) {
     const int own = TakeIndex(name);

@@ -11,9 +11,6 @@
 
 namespace kvt {
 
-// The windows of a workbench, the main one first.
-std::vector<Form*> FormsOf(Workbench& bench);
-
 // A control or a window by its name: "cmdRun", "cmdTopButtons(3)", "frmMain.cmdRun", "frmMain". The form may be
 // left out for controls of the first form, and for others where only one form has the name. index is that of an
 // element where the name does not say it. Null where there is none.

@@ -68,7 +68,7 @@ void ScriptSession::NewBench() {
     bench_.reset();
     Platform.BeginRun();
     bench_ = std::make_unique<Workbench>(Platform.Services);
-    forms_ = FormsOf(*bench_);
+    forms_ = bench_->Forms();
     for (Form* form : forms_) {
         Platform.System.Watch(*form);
         windows_.push_back(std::make_unique<MemoryWindow>(*form, Platform.Screen));

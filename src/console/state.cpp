@@ -219,7 +219,7 @@ void WriteState(JsonSink& sink, std::string_view file, const Workbench& workbenc
 }
 
 void WriteDump(JsonSink& sink, std::string_view file, Workbench& workbench, MemoryPlatform& platform) {
-    const std::vector<Form*> forms = FormsOf(workbench);
+    const std::vector<Form*> forms = workbench.Forms();
     StateWriter out(sink);
     out.Begin();
     WriteCommon(out, file, workbench, platform.Dialogs);

@@ -18,10 +18,10 @@ namespace kvt {
 namespace {
 
 constexpr PropertyId allProperties[] = {
-    PropertyId::Left,    PropertyId::Height,    PropertyId::ToolTip,   PropertyId::Caption,
-    PropertyId::Entries, PropertyId::Rows,      PropertyId::Headers,   PropertyId::Text,
-    PropertyId::Value,   PropertyId::ListIndex, PropertyId::ForeColor, PropertyId::Enabled,
-    PropertyId::Visible,
+    PropertyId::Left,    PropertyId::Height,  PropertyId::ToolTip,   PropertyId::Caption,
+    PropertyId::Entries, PropertyId::Bounds,  PropertyId::Rows,      PropertyId::Headers,
+    PropertyId::Text,    PropertyId::Value,   PropertyId::ListIndex, PropertyId::ForeColor,
+    PropertyId::Enabled, PropertyId::Visible,
 };
 
 // What lies over what: documents and pictures over the list, frames and tabs over these, the rest on top.
@@ -47,6 +47,7 @@ FormView::FormView(DesktopContext& desktop, Form& form)
     : View(desktop, form, new QMainWindow), form_(form), window_(static_cast<QMainWindow*>(Widget())) {
     field_ = new QWidget(window_.get());
     window_->setCentralWidget(field_);
+    if (form.TopMost) window_->setWindowFlag(Qt::WindowStaysOnTopHint);
     window_->setAcceptDrops(true);
     Watch(field_);
     MakeViews();
@@ -154,13 +155,11 @@ void FormView::Resized() {
     bool changed = false;
     {
         const StackGuard guard(noting_);
-        const auto note = [&](Property<int>& length, int pixels) {
-            if (Desktop.Lengths.PixelsUp(length) == pixels) return;
-            length = Desktop.Lengths.Twips(pixels);
-            changed = true;
+        // A length that gives the same pixels stays as it was set.
+        const auto twips = [&](int length, int pixels) {
+            return Desktop.Lengths.PixelsUp(length) == pixels ? length : Desktop.Lengths.Twips(pixels);
         };
-        note(form_.Width, field_->width());
-        note(form_.Height, field_->height());
+        changed = form_.TakeSize(twips(form_.Width, field_->width()), twips(form_.Height, field_->height()));
     }
     if (changed && form_.OnResize) Desktop.System.Run(form_, "Resize", form_.OnResize);
 }

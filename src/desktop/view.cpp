@@ -10,11 +10,6 @@ namespace kvt {
 
 namespace {
 
-bool OnFrontPage(const Control& control) {
-    const auto* strip = dynamic_cast<const TabStrip*>(control.Container);
-    return !strip || control.Page < 0 || control.Page == strip->Value;
-}
-
 // A tool tip that is shown letter by letter, whatever mark-up it looks like.
 QString PlainToolTip(const QString& text) {
     return text.isEmpty() ? text : "<qt>" + text.toHtmlEscaped() + "</qt>";
@@ -43,7 +38,7 @@ void View::Follow(PropertyId id) {
                 Desktop.Lengths.Rectangle(control_.Left, control_.Top, control_.Width, control_.Height));
             break;
         case PropertyId::Visible:
-            widget_->setVisible(control_.Visible && OnFrontPage(control_));
+            widget_->setVisible(control_.Visible && control_.OnFrontPage());
             Desktop.Focus.RestoreSoon();
             break;
         case PropertyId::Enabled:

@@ -4,16 +4,10 @@
 #include "desktop/list_box_view.h"
 #include "desktop/list_view_view.h"
 #include "desktop/plain_views.h"
+#include "desktop/range_views.h"
 #include "desktop/text_views.h"
 
 namespace kvt {
-
-namespace {
-
-// Twips of height from which on a text box has several lines.
-constexpr int severalLines = 600;
-
-}  // namespace
 
 std::unique_ptr<ControlView> NewView(DesktopContext& desktop, Control& control, QWidget* parent) {
     switch (control.Kind()) {
@@ -21,7 +15,7 @@ std::unique_ptr<ControlView> NewView(DesktopContext& desktop, Control& control, 
             return std::make_unique<LabelView>(desktop, static_cast<Label&>(control), parent);
         case ControlKind::TextBox: {
             auto& box = static_cast<TextBox&>(control);
-            if (box.Height > severalLines) return std::make_unique<NotesView>(desktop, box, parent);
+            if (box.MultiLine) return std::make_unique<NotesView>(desktop, box, parent);
             return std::make_unique<LineView>(desktop, box, parent);
         }
         case ControlKind::CheckBox:
@@ -42,6 +36,12 @@ std::unique_ptr<ControlView> NewView(DesktopContext& desktop, Control& control, 
             return std::make_unique<RichTextView>(desktop, static_cast<RichText&>(control), parent);
         case ControlKind::TabStrip:
             return std::make_unique<TabStripView>(desktop, static_cast<TabStrip&>(control), parent);
+        case ControlKind::ComboBox:
+            return std::make_unique<ComboBoxView>(desktop, static_cast<ComboBox&>(control), parent);
+        case ControlKind::ScrollBar:
+            return std::make_unique<ScrollBarView>(desktop, static_cast<ScrollBar&>(control), parent);
+        case ControlKind::UpDown:
+            return std::make_unique<UpDownView>(desktop, static_cast<UpDown&>(control), parent);
         case ControlKind::Timer: return std::make_unique<TimerView>(desktop, static_cast<Timer&>(control));
         case ControlKind::Form:
         case ControlKind::Menu:

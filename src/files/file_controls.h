@@ -12,6 +12,7 @@ struct FileControls {
           txtFileNotes(form, "txtFileNotes"),
           dlgFile(form, "dlgFile") {
         lblFileName.Visible = false;
+        txtFileNotes.MultiLine = true;
     }
 
     Label lblPath;      // the whole path

@@ -19,7 +19,6 @@ void MemoryWindow::Resize(int width, int height) {
 void MemoryWindow::PropertyChanged(Control&, PropertyId id) {
     if (placing_) return;
     if (id == PropertyId::WindowState) StateChanged();
-    if (id == PropertyId::Width || id == PropertyId::Height) TellResize();
 }
 
 void MemoryWindow::StateChanged() {
@@ -34,8 +33,7 @@ void MemoryWindow::Put(const Place& place) {
     placing_ = true;
     form_.Left = place.Left;
     form_.Top = place.Top;
-    form_.Width = place.Width;
-    form_.Height = place.Height;
+    form_.TakeSize(place.Width, place.Height);
     placing_ = false;
 }
 

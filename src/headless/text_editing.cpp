@@ -19,6 +19,27 @@ void PutIn(TextBox& box, std::size_t start, std::size_t length, std::string_view
     box.Selection = TextSelection{std::min(caret, static_cast<int>(box.Text.Get().size())), 0};
 }
 
+// How many characters at a place go together: a line end is two.
+std::size_t Behind(const std::string& text, std::size_t at) {
+    return text.compare(at, 2, "\r\n") == 0 ? 2 : 1;
+}
+std::size_t InFront(const std::string& text, std::size_t at) {
+    return at >= 2 && text.compare(at - 2, 2, "\r\n") == 0 ? 2 : 1;
+}
+
+// The line ends that a box with one line has no place for go; one with several takes each kind as CR LF.
+std::string Fitting(const TextBox& box, const std::string& text) {
+    std::string fitting;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool lineEnd = text[i] == '\r' || text[i] == '\n';
+        if (!lineEnd) fitting += text[i];
+        if (!lineEnd || !box.MultiLine) continue;
+        fitting += "\r\n";
+        i += Behind(text, i) - 1;
+    }
+    return fitting;
+}
+
 }  // namespace
 
 void EditByCharacter(TextBox& box, int character) {
@@ -29,8 +50,11 @@ void EditByCharacter(TextBox& box, int character) {
         if (length > 0) {
             PutIn(box, start, length, "");
         } else if (start > 0) {
-            PutIn(box, start - 1, 1, "");
+            const std::size_t one = InFront(box.Text.Get(), start);
+            PutIn(box, start - one, one, "");
         }
+    } else if (character == key::Enter && box.MultiLine) {
+        PutIn(box, start, length, "\r\n");
     } else if (character >= 32 && character <= 255) {
         PutIn(box, start, length, std::string(1, static_cast<char>(character)));
     }
@@ -48,8 +72,11 @@ void EditByKey(TextBox& box, int pressed) {
         case key::End: return caret(size);
         case key::Delete: {
             const auto start = static_cast<std::size_t>(selection.Start);
-            const int length = selection.Length > 0 ? selection.Length : std::min(1, size - selection.Start);
-            return PutIn(box, start, static_cast<std::size_t>(length), "");
+            if (selection.Length == 0 && selection.Start >= size) return;
+            return PutIn(box, start,
+                         selection.Length > 0 ? static_cast<std::size_t>(selection.Length)
+                                              : Behind(box.Text.Get(), start),
+                         "");
         }
         default: return;
     }
@@ -61,8 +88,7 @@ void EditByClipboard(TextBox& box, int character, ClipboardService& clipboard) {
     const auto length = static_cast<std::size_t>(selection.Length);
     try {
         if (character == key::CtrlV) {
-            std::string text = clipboard.GetText();
-            std::erase_if(text, [](char c) { return c == '\r' || c == '\n'; });
+            const std::string text = Fitting(box, clipboard.GetText());
             if (!text.empty()) PutIn(box, start, length, text);
         } else if (length > 0) {
             const std::string text = box.Text.Get().substr(start, length);

@@ -23,7 +23,14 @@ void Control::Changed(PropertyId id) {
     if (View) View->PropertyChanged(*this, id);
 }
 
-bool Control::ReallyVisible() const { return Visible && (!Container || Container->ReallyVisible()); }
+bool Control::OnFrontPage() const {
+    const auto* strip = dynamic_cast<const TabStrip*>(Container);
+    return !strip || Page < 0 || Page == strip->Value;
+}
+
+bool Control::ReallyVisible() const {
+    return Visible && OnFrontPage() && (!Container || Container->ReallyVisible());
+}
 
 bool Control::ReallyEnabled() const { return Enabled && (!Container || Container->ReallyEnabled()); }
 
@@ -34,6 +41,27 @@ Control* Form::FindControl(std::string_view name, int index) const {
         if (control->Index() == index && EqualIgnoringCase(control->Name(), name)) return control;
     }
     return nullptr;
+}
+
+// The view has taken on the new size before the form lays out its controls.
+void Form::Changed(PropertyId id) {
+    Control::Changed(id);
+    if ((id == PropertyId::Width || id == PropertyId::Height) && !takingSize_ && OnResize) OnResize();
+}
+
+bool Form::TakeSize(int width, int height) {
+    if (width == Width && height == Height) return false;
+    takingSize_ = true;
+    Width = width;
+    Height = height;
+    takingSize_ = false;
+    return true;
+}
+
+void RangeControl::Changed(PropertyId id) {
+    if (id == PropertyId::Bounds) SetValue(Value);
+    Control::Changed(id);
+    if (id == PropertyId::Value && OnChange) OnChange();
 }
 
 void TextBox::Changed(PropertyId id) {

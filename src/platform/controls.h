@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -27,6 +28,9 @@ enum class ControlKind : std::uint8_t {
     FileDialog,
     TabStrip,
     Timer,
+    ComboBox,
+    ScrollBar,
+    UpDown,
 };
 
 // Colours have red in the low byte.
@@ -81,6 +85,8 @@ public:
     void Click() {
         if (OnClick) OnClick();
     }
+    // Whether the control lies on the page that is in front, where it lies on one.
+    bool OnFrontPage() const;
     // Whether the control and all that it lies in are visible (or enabled).
     bool ReallyVisible() const;
     bool ReallyEnabled() const;
@@ -113,14 +119,23 @@ public:
     // The size has changed, by hand or by code; the form has come to the front.
     std::function<void()> OnResize;
     std::function<void()> OnActivate;
+    // A window that stays above the others of the program; set before it is shown.
+    bool TopMost = false;
     // The window's own close control was used. The form decides what happens; by itself nothing does.
     std::function<void()> OnQueryUnload;
     // A file was dropped on the window.
     std::function<void(const std::string& path)> OnDropFile;
 
+    // Takes on the size that its window has got. OnResize is left to the caller; true where the size is another.
+    bool TakeSize(int width, int height);
+
+protected:
+    void Changed(PropertyId id) override;
+
 private:
     friend class Control;
     std::vector<Control*> controls_;
+    bool takingSize_ = false;
 };
 
 class Label : public Control {
@@ -144,6 +159,8 @@ public:
     TextProperty Text{*this, PropertyId::Text};
     Property<TextSelection> Selection{*this, PropertyId::Selection};
     Property<Color> ForeColor{*this, PropertyId::ForeColor};
+    // Takes several lines: Enter and pasted line ends (CR LF) go in. Set before it is shown.
+    bool MultiLine = false;
 
     std::function<void()> OnChange;
 
@@ -236,7 +253,7 @@ public:
 // An ordered list of texts with a selected index; both count from 0, -1 for no selection.
 class ListBox : public Control {
 public:
-    ListBox(Form& form, std::string_view name) : Control(form, ControlKind::ListBox, name) {}
+    ListBox(Form& form, std::string_view name) : ListBox(form, name, ControlKind::ListBox) {}
     Property<int> ListIndex{*this, PropertyId::ListIndex, -1};
     Property<Color> ForeColor{*this, PropertyId::ForeColor};
 
@@ -248,8 +265,50 @@ public:
     void Clear();
     const std::vector<std::string>& Entries() const { return entries_; }
 
+protected:
+    ListBox(Form& form, std::string_view name, ControlKind kind) : Control(form, kind, name) {}
+
 private:
     std::vector<std::string> entries_;
+};
+
+// A list of which the selected entry alone is seen until it is opened.
+class ComboBox : public ListBox {
+public:
+    ComboBox(Form& form, std::string_view name) : ListBox(form, name, ControlKind::ComboBox) {}
+};
+
+// A number between two bounds; values beyond them are held to them. OnChange runs at each new value, by hand or by
+// code.
+class RangeControl : public Control {
+public:
+    Property<int> Min{*this, PropertyId::Bounds};
+    Property<int> Max{*this, PropertyId::Bounds};
+    Property<int> Value{*this, PropertyId::Value};
+    std::function<void()> OnChange;
+
+    // Sets the value within the bounds.
+    void SetValue(int value) { Value = std::clamp(value, Min.Get(), std::max(Min.Get(), Max.Get())); }
+
+protected:
+    RangeControl(Form& form, ControlKind kind, std::string_view name) : Control(form, kind, name) {}
+    void Changed(PropertyId id) override;
+};
+
+class ScrollBar : public RangeControl {
+public:
+    ScrollBar(Form& form, std::string_view name, bool vertical)
+        : RangeControl(form, ControlKind::ScrollBar, name), Vertical(vertical) {}
+    const bool Vertical;
+    // How far a click on an arrow, and one beside the thumb, goes.
+    int SmallChange = 1;
+    int LargeChange = 10;
+};
+
+// Two arrows, up and down.
+class UpDown : public RangeControl {
+public:
+    UpDown(Form& form, std::string_view name) : RangeControl(form, ControlKind::UpDown, name) {}
 };
 
 // What the user chose for a file. FileName is the whole path, FileTitle the name without its folder.

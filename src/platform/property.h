@@ -33,6 +33,7 @@ enum class PropertyId : std::uint8_t {
     SelectedRow,
     TopRow,
     Headers,
+    Bounds,
 };
 
 namespace detail {

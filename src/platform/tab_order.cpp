@@ -6,15 +6,6 @@ namespace kvt {
 
 namespace {
 
-// Whether every page of a tab strip that the control lies on is the one in front.
-bool OnFrontPage(const Control& control) {
-    for (const Control* inner = &control; inner->Container; inner = inner->Container) {
-        const auto* strip = dynamic_cast<const TabStrip*>(inner->Container);
-        if (strip && inner->Page >= 0 && inner->Page != strip->Value) return false;
-    }
-    return true;
-}
-
 bool Before(const Control* a, const Control* b) { return a->TabIndex.Get() < b->TabIndex.Get(); }
 
 }  // namespace
@@ -27,6 +18,7 @@ bool TakesKeys(ControlKind kind) {
         case ControlKind::CommandButton:
         case ControlKind::ListBox:
         case ControlKind::ListView:
+        case ControlKind::ComboBox:
         case ControlKind::TabStrip: return true;
         default: return false;
     }
@@ -34,7 +26,7 @@ bool TakesKeys(ControlKind kind) {
 
 bool TakesTab(const Control& control) {
     return TakesKeys(control.Kind()) && control.TabIndex >= 0 && control.ReallyVisible() &&
-           control.ReallyEnabled() && OnFrontPage(control);
+           control.ReallyEnabled();
 }
 
 Control* NextInTabOrder(Control& from, bool backwards) {

@@ -50,6 +50,9 @@ public:
     ReceivedProgram Received;
     MainWindow Window;
 
+    // All windows, the main one first.
+    std::vector<Form*> Forms() { return {&frmMain}; }
+
     // Starts the workbench; see MainWindow.
     void Form_Load(std::string_view commandLine) { Window.Form_Load(commandLine); }
     // Leaves all overlays and returns to the editor view.

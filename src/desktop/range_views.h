@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QAbstractSlider>
+#include <QComboBox>
+
+#include "desktop/view.h"
+
+// The views of controls that choose from a range or a short list.
+namespace kvt {
+
+// The selected entry, and the others when it is opened.
+class ComboBoxView : public View {
+public:
+    ComboBoxView(DesktopContext& desktop, ComboBox& control, QWidget* parent);
+
+protected:
+    void Follow(PropertyId id) override;
+    bool Act(const KeyInput& input) override;
+
+private:
+    ComboBox& box_;
+    QComboBox* face_;
+    bool following_ = false;
+};
+
+class ScrollBarView : public View {
+public:
+    ScrollBarView(DesktopContext& desktop, ScrollBar& control, QWidget* parent);
+
+protected:
+    void Follow(PropertyId id) override;
+    bool TakesFocus() const override { return false; }
+
+private:
+    ScrollBar& bar_;
+    QAbstractSlider* face_;
+    bool following_ = false;
+};
+
+// Two arrow buttons, which repeat while they are held.
+class UpDownView : public View {
+public:
+    UpDownView(DesktopContext& desktop, UpDown& control, QWidget* parent);
+
+protected:
+    void Follow(PropertyId id) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool TakesFocus() const override { return false; }
+
+private:
+    void Place();
+
+    UpDown& range_;
+    QWidget* up_;
+    QWidget* down_;
+};
+
+}  // namespace kvt
