@@ -131,7 +131,7 @@ int main(int argc, char** argv) {
     // A second signal does not wait for the answer to the question that the first one has led to.
     bool ending = false;
     const kvt::EndSignals signalsToEnd([&] {
-        if (std::exchange(ending, true) || !main.OnQueryUnload) return system.EndProgram();
+        if (std::exchange(ending, true) || workbench.Window.Ending()) return system.EndProgram();
         system.Run(main, "QueryUnload", main.OnQueryUnload);
         ending = false;
     });

@@ -62,7 +62,12 @@ bool View::eventFilter(QObject* watched, QEvent* event) {
 
 bool View::KeyPressed(QObject* watched, QKeyEvent& event) {
     const KeyInput input = InputOf(event);
-    if (input.Empty()) return false;
+    if (input.Empty()) {
+        // A letter with Alt is for menus: no text box may take it past its handlers.
+        const bool letter = !event.text().isEmpty() && event.text().at(0).isPrint();
+        event.ignore();
+        return letter && control_.Kind() == ControlKind::TextBox;
+    }
     event.accept();
     if (input.Key == key::Tab) {
         Desktop.System.Run(control_, "LostFocus", [&] {

@@ -48,7 +48,9 @@ void OwnKey(Control& control, int pressed) {
     if (auto* box = dynamic_cast<TextBox*>(&control)) return EditByKey(*box, pressed);
     if (auto* box = dynamic_cast<ListBox*>(&control)) return MoveInList(*box, pressed);
     if (auto* list = dynamic_cast<ListView*>(&control)) {
-        if (list->Count() == 0) return;
+        const bool moves =
+            pressed == key::Up || pressed == key::Down || pressed == key::Home || pressed == key::End;
+        if (list->Count() == 0 || !moves) return;
         int row = list->SelectedRow();
         if (pressed == key::Up) --row;
         if (pressed == key::Down) ++row;
@@ -130,6 +132,10 @@ void MemorySystem::DeliverWaiting() {
 void MemorySystem::DeliverOne(const KeyPress& press) {
     Control* const control = focus_.Focused();
     if (!control) return;
+    if (press.Key == key::Escape && ShownPopup) {
+        ShownPopup = nullptr;
+        return;
+    }
     Form& form = control->OwningForm();
     const KeyStroke stroke{press.Key, press.Held};
     const bool keepsKey = control->Kind() == ControlKind::TextBox && IsClipboardKey(stroke);
@@ -157,6 +163,11 @@ void MemorySystem::DeliverOne(const KeyPress& press) {
         if (button && (character == key::Space ||
                        (character == key::Enter && control->Kind() == ControlKind::CommandButton))) {
             ClickByHand(*control, focus_);
+            return;
+        }
+        if (auto* list = dynamic_cast<ListBox*>(control)) {
+            const bool chooses = character == key::Enter || character == key::Space;
+            if (chooses && list->ListIndex >= 0) list->Click();
             return;
         }
         if (auto* box = dynamic_cast<TextBox*>(control)) {

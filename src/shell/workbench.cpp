@@ -57,7 +57,11 @@ void Workbench::FillCalls() {
     Calls.LoadClipboardModule = [this] { Received.LoadClipboardModule(); };
     Calls.HideSettings = [this] { Main.tabSettings.Visible = false; };
     Calls.FirstFieldFocus = [this](std::string_view initial) { Layout.FirstFieldFocus(initial); };
-    Entry.cmdReturn.OnClick = [this] { cmdReturn_Click(); };
+    Entry.cmdReturn.OnClick = [this] {
+        cmdReturn_Click();
+        // The button has gone; the next key is a code.
+        if (Platform.Focus.Focused() == &Entry.cmdReturn) Platform.Focus.SetFocus(Entry.txtGMcode);
+    };
 }
 
 void Workbench::PlaceInFrames() {
@@ -82,6 +86,13 @@ void Workbench::PlaceInFrames() {
     put(Main.frCompact5, {&Machine.optSettingsMm, &Machine.optSettingsInch});
     put(Main.frF1CNC, {&Machine.optSettingsHmm, &Machine.optSettingsHinch, &Machine.optSettingsVmm,
                        &Machine.optSettingsVinch, &Main.lblHorizontal, &Main.lblVertical});
+    for (Label* number :
+         {&Machine.lblPPUnits, &Results.lblPPLines, &Results.lblPPLinesExe, &Results.lblPPMachineTime,
+          &Results.lblXAxisMin, &Results.lblXAxisMax, &Results.lblXAxisTravel, &Results.lblYAxisMin,
+          &Results.lblYAxisMax, &Results.lblYAxisTravel, &Results.lblZAxisMin, &Results.lblZAxisMax,
+          &Results.lblZAxisTravel}) {
+        number->AtRight = true;
+    }
     const auto onPage = [this](int page, std::initializer_list<Control*> controls) {
         for (Control* control : controls) {
             control->Container = &Main.tabSettings;
@@ -217,6 +228,7 @@ void Workbench::ControlsEnable(int enable) {
 
 void Workbench::cmdReturn_Click() {
     ControlsEnable(1);
+    Main.tabSettings.Visible = false;
     for (Control* overlay : std::initializer_list<Control*>{
              &Entry.cmdReturn, &Main.rtfAbout, &Main.lstAbout, &Main.rtfHelp, &Main.rtfGcodeHelpMK2,
              &Main.rtfGcodeHelpMK4, &Entry.picXYaxes, &Entry.picZXaxes}) {
@@ -266,11 +278,14 @@ void Workbench::RefreshMachine() {
     View.MakeLinePropertiesColumns();
     View.MakeMachineColumns();
     Run(Calls.ControlsPositioning);
+    View.SetAutoWidth();
     Entry.lblGMcode.Caption = "G";
     Machine.RefreshUnits();
     Main.lblMachineType.Caption = Store.IsF1()    ? "F1 CNC"
                                   : Store.IsMK2() ? "Compact5 CNC MK2"
                                                   : "Compact5 CNC MK4";
+    Main.cmdTopButtons[5]->Visible = !Store.IsF1();
+    Main.cmdTopButtons[6]->Visible = Store.IsF1();
     if (Store.IsF1()) {
         Entry.picXYaxes.Visible = true;
         Entry.picXYaxes.Enabled = true;
