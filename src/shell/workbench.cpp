@@ -1,5 +1,6 @@
 #include "shell/workbench.h"
 
+#include "shell/draw_wiring.h"
 #include "shell/layout.h"
 
 namespace kvt {
@@ -36,6 +37,7 @@ Workbench::Workbench(Services& services)
       Reader({Store, File, Entry, Layout, Machine, View, Options, Interpreter, Language, services, Calls,
               Writer}),
       Received(frmMain, {Store, File, Reader, Language, services, Calls}),
+      Draw({Store, Machine, Results, File, Language, services}),
       Window(*this) {
     frmMain.Width = firstWidth;
     frmMain.Height = firstHeight;
@@ -58,6 +60,7 @@ void Workbench::FillCalls() {
     Calls.HideSettings = [this] { Main.tabSettings.Visible = false; };
     Calls.FirstFieldFocus = [this](std::string_view initial) { Layout.FirstFieldFocus(initial); };
     Entry.cmdReturn.OnClick = [this] { cmdReturn_Click(); };
+    WireDrawing(*this);
 }
 
 void Workbench::PlaceInFrames() {
