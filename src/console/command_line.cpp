@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 
 #include "console/commands.h"
+#include "console/drawing.h"
 #include "console/script.h"
 #include "files/folders.h"
 
@@ -27,6 +28,16 @@ int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& opti
         return name.empty() ? std::string("-o names no file") : std::string();
     });
 
+    std::vector<std::string> drawn;
+    std::string picture;
+    bool operations = false;
+    CLI::App* draw = app.add_subcommand("draw", "Draw the tool path");
+    draw->add_option("FILE", drawn, "Program file; several with --json")->required();
+    CLI::Option* const pictureOption =
+        draw->add_option("-o", picture, "Picture to write: .svg, .png or .bmp");
+    draw->add_flag("--json", operations, "The drawing operations of each file, one array a line")
+        ->excludes(pictureOption);
+
     std::string scriptFile;
     ScriptOptions scriptOptions;
     CLI::App* script = app.add_subcommand("script", "Run a script of user actions");
@@ -43,6 +54,12 @@ int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& opti
         return status::Usage;
     }
     if (check->parsed()) return Check(files, json, options);
+    if (draw->parsed()) {
+        if (operations) return DrawAsJson(drawn);
+        if (!picture.empty() && drawn.size() == 1) return DrawPicture(drawn.front(), picture, {});
+        std::fprintf(stderr, "kvtc: draw takes one FILE and -o OUT, or --json and files\n");
+        return status::Usage;
+    }
     if (format->parsed()) return FormatFile(source, target);
     return RunScript(scriptFile, scriptOptions);
 }

@@ -19,7 +19,8 @@ namespace {
 
 // A caller that is back so soon does nothing but wait.
 constexpr qint64 idleNanoseconds = 200'000;
-constexpr int longestRest = 20;  // milliseconds
+constexpr int longestRest = 20;    // milliseconds
+constexpr int longestBreath = 30;  // milliseconds
 
 }  // namespace
 
@@ -35,6 +36,15 @@ bool DesktopSystem::DoEvents() {
         dispatcher->processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
     }
     sinceEvents_.start();
+    return !ended_;
+}
+
+bool DesktopSystem::Breathe(long long turn) {
+    if (turn == 1) sinceBreath_.start();
+    if (!ended_ && sinceBreath_.elapsed() >= longestBreath) {
+        QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents);
+        sinceBreath_.start();
+    }
     return !ended_;
 }
 

@@ -1,6 +1,7 @@
 #include "desktop/list_box_view.h"
 
 #include <QAbstractListModel>
+#include <QFontDatabase>
 #include <QPainter>
 #include <QStyledItemDelegate>
 #include <algorithm>
@@ -33,6 +34,18 @@ private:
 
 constexpr double tint = 0.2;
 constexpr int entrySpace = 3;  // pixels between the lines of two entries
+constexpr int twipsAFixedCharacter = 105;
+
+// Heads above a list of fixed pitch stand at the places of its characters.
+QFont FixedFont(const Scale& lengths) {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    const double wanted = lengths.Exact(twipsAFixedCharacter);
+    font.setStyleHint(QFont::Monospace);
+    font.setPixelSize(std::max(8, static_cast<int>(wanted / 0.6)));
+    const double width = QFontMetricsF(font).horizontalAdvance(QLatin1Char('0'));
+    font.setLetterSpacing(QFont::AbsoluteSpacing, wanted - width);
+    return font;
+}
 
 class EntryPainter : public QStyledItemDelegate {
 public:
@@ -116,6 +129,7 @@ ListBoxView::ListBoxView(DesktopContext& desktop, ListBox& control, QWidget* par
         list_.ListIndex = index.row();
         Click();
     });
+    if (list_.FixedPitch) face_->setFont(FixedFont(desktop.Lengths));
 }
 
 void ListBoxView::Follow(PropertyId id) {

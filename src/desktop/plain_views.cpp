@@ -99,7 +99,10 @@ bool LabelView::eventFilter(QObject* watched, QEvent* event) {
 }
 
 FrameView::FrameView(DesktopContext& desktop, Frame& control, QWidget* parent)
-    : View(desktop, control, new FrameFace(control, parent)) {}
+    : View(desktop, control, new FrameFace(control, parent)) {
+    // It may lie over a picture, which must not shine through.
+    Widget()->setAutoFillBackground(true);
+}
 
 void FrameView::Follow(PropertyId id) {
     if (id == PropertyId::Caption) {

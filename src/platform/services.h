@@ -84,8 +84,15 @@ public:
 class SystemService {
 public:
     virtual ~SystemService() = default;
-    // Lets the system deliver what has come up. False when nothing can come any more: a wait then ends.
+    // One turn of a wait for what the user does: lets the system deliver what has come up. False when nothing can
+    // come any more: the wait then ends.
     virtual bool DoEvents() = 0;
+    // One turn of a wait for a timer's next tick; otherwise the same.
+    virtual bool AwaitTick(Timer& timer) = 0;
+    // Work that goes on, no wait, calls this often, with the number of its turn from 1: what has come up is
+    // delivered every now and then, at least every 50 ms. False when the work is to end: the program has, or
+    // nothing can end endless work any more.
+    virtual bool Breathe(long long turn) = 0;
     virtual std::tm Now() = 0;
     // The user's folder for local application data, without a separator at its end.
     virtual std::string LocalDataFolder() = 0;

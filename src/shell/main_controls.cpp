@@ -43,6 +43,7 @@ MainControls::MainControls(Form& form)
       mnuNew(form, "mnuNew", "New"),
       mnuSave(form, "mnuSave", "Save"),
       mnuSaveAs(form, "mnuSaveAs", "Save As"),
+      mnuDraw(form, "mnuDraw", "Draw"),
       mnuFileBar1(form, "mnuFileBar1", "-"),
       mnuLoadClipboard(form, "mnuLoadClipboard", "Load from Clipboard"),
       mnuSaveClipboard(form, "mnuSaveClipboard", "Save to Clipboard"),
@@ -102,8 +103,8 @@ MainControls::MainControls(Form& form)
         cmdTopButtons[i]->Visible = topButtons[i].Visible;
         cmdTopButtons[i]->Picture = topButtons[i].Picture;
     }
-    Put(mnuFile, {&mnuOpen, &mnuNew, &mnuSave, &mnuSaveAs, &mnuFileBar1, &mnuLoadClipboard, &mnuSaveClipboard,
-                  &mnuFileBar2, &mnuExit});
+    Put(mnuFile, {&mnuOpen, &mnuNew, &mnuSave, &mnuSaveAs, &mnuDraw, &mnuFileBar1, &mnuLoadClipboard,
+                  &mnuSaveClipboard, &mnuFileBar2, &mnuExit});
     Put(mnuSettings, {&mnuGeneral, &mnuMachine});
     Put(mnuRightClick, {&RCmnuInsert, &RCmnuDelete});
     mnuOpen.Shortcut = "Ctrl+O";
@@ -111,6 +112,7 @@ MainControls::MainControls(Form& form)
     mnuSave.Shortcut = "Ctrl+S";
     mnuSaveAs.Shortcut = "Ctrl+Shift+S";
     for (Label* head : {&lblMin, &lblMax, &lblTravel}) head->AtRight = true;
+    mnuDraw.Shortcut = "F5";
     tabSettings.Captions = {"General", "Machine"};
     for (Control* hidden : std::initializer_list<Control*>{&mnuXfer, &mnuConvert, &mnuHelp, &mnuRightClick,
                                                            &rtfHelp, &rtfGcodeHelpMK2, &rtfGcodeHelpMK4,

@@ -14,8 +14,8 @@ struct MainControls {
 
     std::array<std::unique_ptr<CommandButton>, 10> cmdTopButtons;
 
-    Menu mnuFile, mnuOpen, mnuNew, mnuSave, mnuSaveAs, mnuFileBar1, mnuLoadClipboard, mnuSaveClipboard,
-        mnuFileBar2, mnuExit;
+    Menu mnuFile, mnuOpen, mnuNew, mnuSave, mnuSaveAs, mnuDraw, mnuFileBar1, mnuLoadClipboard,
+        mnuSaveClipboard, mnuFileBar2, mnuExit;
     Menu mnuSettings, mnuGeneral, mnuMachine;
     Menu mnuXfer, mnuConvert, mnuHelp;
     Menu mnuRightClick, RCmnuInsert, RCmnuDelete;

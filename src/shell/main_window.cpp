@@ -3,6 +3,7 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "platform/keys.h"
+#include "shell/draw_wiring.h"
 #include "shell/layout.h"
 #include "shell/workbench.h"
 
@@ -158,6 +159,7 @@ void MainWindow::FitSmallScreen() {
 }
 
 void MainWindow::Form_Activate() {
+    bench_.Draw.Listing.Hide();
     bench_.Entry.NoteFeeds();
     bench_.File.lblFileName.Left = 60;
     MainControls& main = bench_.Main;
@@ -212,6 +214,8 @@ void MainWindow::tmr1sec_Timer() {
             control->Enabled = true;
         }
     }
+    // 4.
+    RefreshDrawCommands(bench_);
     // 5.
     Form& form = bench_.frmMain;
     if (form.State.Get() == WindowState::Normal) {
@@ -255,6 +259,7 @@ void MainWindow::mnuExit_Click() {
     // 2., 3.
     store.ProgramChanged = false;
     bench_.Interpreter.EndStepRun();
+    if (bench_.Draw.Controls.frmDraw.Visible) bench_.Draw.Form_QueryUnload();
     bench_.frmMain.Visible = false;
     bench_.Platform.System.EndProgram();
 }

@@ -1,5 +1,6 @@
 #include "shell/workbench.h"
 
+#include "shell/draw_wiring.h"
 #include "shell/layout.h"
 
 namespace kvt {
@@ -36,6 +37,7 @@ Workbench::Workbench(Services& services)
       Reader({Store, File, Entry, Layout, Machine, View, Options, Interpreter, Language, services, Calls,
               Writer}),
       Received(frmMain, {Store, File, Reader, Language, services, Calls}),
+      Draw({Store, Machine, Results, File, Language, services}),
       Window(*this) {
     frmMain.Width = firstWidth;
     frmMain.Height = firstHeight;
@@ -62,6 +64,7 @@ void Workbench::FillCalls() {
         // The button has gone; the next key is a code.
         if (Platform.Focus.Focused() == &Entry.cmdReturn) Platform.Focus.SetFocus(Entry.txtGMcode);
     };
+    WireDrawing(*this);
 }
 
 void Workbench::PlaceInFrames() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "draw/draw_window.h"
 #include "editor/calculated_inputs.h"
 #include "editor/code_choice.h"
 #include "editor/feed_presets.h"
@@ -48,10 +49,11 @@ public:
     CncWriter Writer;
     CncReader Reader;
     ReceivedProgram Received;
+    DrawWindow Draw;
     MainWindow Window;
 
     // All windows, the main one first.
-    std::vector<Form*> Forms() { return {&frmMain}; }
+    std::vector<Form*> Forms() { return {&frmMain, &Draw.Controls.frmDraw, &Draw.Listing.frmProgramWindow}; }
 
     // Starts the workbench; see MainWindow.
     void Form_Load(std::string_view commandLine) { Window.Form_Load(commandLine); }
