@@ -98,7 +98,10 @@ bool LabelView::eventFilter(QObject* watched, QEvent* event) {
 }
 
 FrameView::FrameView(DesktopContext& desktop, Frame& control, QWidget* parent)
-    : View(desktop, control, new FrameFace(control, parent)) {}
+    : View(desktop, control, new FrameFace(control, parent)) {
+    // Some lie over others.
+    Widget()->setAutoFillBackground(true);
+}
 
 void FrameView::Follow(PropertyId id) {
     if (id == PropertyId::Caption) {

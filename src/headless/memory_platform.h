@@ -7,6 +7,7 @@
 
 #include "headless/disk_files.h"
 #include "headless/fault_plan.h"
+#include "headless/memory_port.h"
 #include "platform/focus_keeper.h"
 #include "platform/services.h"
 
@@ -68,9 +69,12 @@ public:
         : focus_(focus), clipboard_(clipboard) {}
 
     bool DoEvents() override;
+    // Takes one thing that has come up, then lets the clock run on.
+    bool WaitUntil(const std::function<double()>& left) override;
     std::tm Now() override;
     std::string LocalDataFolder() override { return DataFolder; }
     void PressKey(int key) override;
+    void Beep() override { ++Beeps; }
     void ShowPopupMenu(Menu& menu) override { ShownPopup = &menu; }
     void EndProgram() override { Ended = true; }
 
@@ -78,6 +82,10 @@ public:
     // nothing can come any more.
     std::deque<std::function<void()>> Events;
     std::function<bool()> NextEvent;
+    // The same for a wait that ends by itself: it asks this and nothing else.
+    std::function<void()> NextInTimedWait;
+    // Runs whenever the clock has moved on.
+    std::function<void()> OnClock;
 
     // A key or a character as a user presses it.
     void Press(int key, int held = 0);
@@ -91,6 +99,7 @@ public:
     std::string DataFolder;
     long long Clock = 0;  // milliseconds
     bool Ended = false;
+    int Beeps = 0;
     Menu* ShownPopup = nullptr;
 
 private:
@@ -99,6 +108,7 @@ private:
         int Held;
         int Character;  // 0 for a key without one
     };
+    bool ServeWaiting();
     void Deliver(KeyPress press);
     void DeliverWaiting();
     void DeliverOne(const KeyPress& press);
@@ -124,13 +134,20 @@ public:
     MemoryScreen Screen;
     FocusKeeper Focus;
     MemorySystem System{Focus, &Clipboard};
+    MemoryPort Port{Faults, System.Clock};
 
-    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus};
+    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port};
+
+    MemoryPlatform() {
+        System.OnClock = [this] { Port.ClockMoved(); };
+    }
 
     // For a new run of the program: its windows have gone, with the focus; what lies outside it stays.
     void BeginRun() {
         Focus = FocusKeeper();
         System.BeginRun();
+        Port.Reset();
+        Port.OnComm = nullptr;
     }
 };
 

@@ -4,6 +4,7 @@
 #include "basic/text.h"
 #include "platform/keys.h"
 #include "shell/layout.h"
+#include "shell/transfer_wiring.h"
 #include "shell/workbench.h"
 
 namespace kvt {
@@ -89,6 +90,7 @@ void MainWindow::WireKeys() {
     bench_.File.txtFileNotes.OnKeyPress = [this](int& character) { txtFileNotes_KeyPress(character); };
     bench_.frmMain.OnKeyDown = [this](int pressed, int) {
         if (pressed != key::Escape) return;
+        if (bench_.Transfer.frRXcode.Visible) bench_.Received.cmdReceiveExit_Click();
         bench_.Main.tabSettings.Visible = false;
         bench_.Platform.Focus.SetFocus(bench_.Store.lvCncProgram);
     };
@@ -101,6 +103,7 @@ void MainWindow::Form_Load(std::string_view commandLine) {
     Folders = FoldersBelow(platform.System.LocalDataFolder());
     bench_.Log.DataFolder = Folders.DataFolder;
     bench_.Received.SettingsFolder = Folders.SettingsFolder;
+    bench_.Transmit.SettingsFolder = Folders.SettingsFolder;
     MakeFolders(Folders, platform.Files, formLoadName);
     // 2. What a crash left.
     const std::string transmission = Folders.SettingsFolder + "Transmit.txt";
@@ -121,6 +124,8 @@ void MainWindow::Form_Load(std::string_view commandLine) {
     PlaceMainWindow(bench_);
     FitSmallScreen();
     Form_Activate();
+    // 9.
+    bench_.Port.StartPort();
     // Without a program the open line awaits the first code; menus and buttons stand as after a tick.
     if (bench_.Store.lvCncProgram.Count() == 0) mnuNew_Click();
     tmr1sec_Timer();
@@ -186,6 +191,8 @@ void MainWindow::tmr1sec_Timer() {
     main.mnuSaveAs.Enabled = true;
     main.cmdTopButtons[top_button::Save]->Enabled = changed;
     main.mnuSave.Enabled = changed;
+    // 2.
+    RefreshTransferMenus(bench_);
     // 3.
     if (store.LineCount() == 0) {
         for (const int index :

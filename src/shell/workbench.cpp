@@ -1,6 +1,7 @@
 #include "shell/workbench.h"
 
 #include "shell/layout.h"
+#include "shell/transfer_wiring.h"
 
 namespace kvt {
 
@@ -35,7 +36,18 @@ Workbench::Workbench(Services& services)
       Writer({Store, File, Entry, Layout, Lines, Language, services, Calls}),
       Reader({Store, File, Entry, Layout, Machine, View, Options, Interpreter, Language, services, Calls,
               Writer}),
-      Received(frmMain, {Store, File, Reader, Language, services, Calls}),
+      Transfer(frmMain),
+      Port({Store, Transfer, services, Calls}),
+      Transmit({Store, Transfer, Port, Writer, Main.tmr1sec, Results.cmdStop, Language, services, Calls}),
+      Received({Store,
+                Transfer,
+                Port,
+                File,
+                Reader,
+                {&Main.frCmdEditor1, &Main.frCmdEditor2, &Main.frCmdEditor3},
+                Language,
+                services,
+                Calls}),
       Window(*this) {
     frmMain.Width = firstWidth;
     frmMain.Height = firstHeight;
@@ -43,6 +55,7 @@ Workbench::Workbench(Services& services)
     PlaceInFrames();
     OrderTabs();
     FillCalls();
+    WireTransfer(*this);
     RefreshMachine();
     View.MakeMachineTimeColumn();
     ShowCodeLists();
@@ -54,6 +67,7 @@ void Workbench::FillCalls() {
     Calls.RefreshMachine = [this] { RefreshMachine(); };
     Calls.RefreshTitle = [this] { Window.RefreshTitle(); };
     Calls.ControlsPositioning = [this] { PlaceMainWindow(*this); };
+    Calls.ControlsEnable = [this](int enable) { ControlsEnable(enable); };
     Calls.LoadClipboardModule = [this] { Received.LoadClipboardModule(); };
     Calls.HideSettings = [this] { Main.tabSettings.Visible = false; };
     Calls.FirstFieldFocus = [this](std::string_view initial) { Layout.FirstFieldFocus(initial); };
@@ -216,7 +230,8 @@ void Workbench::ControlsEnable(int enable) {
 }
 
 void Workbench::cmdReturn_Click() {
-    ControlsEnable(1);
+    // What is being sent keeps the window frozen.
+    ControlsEnable(Store.TransmitActive ? 0 : 1);
     for (Control* overlay : std::initializer_list<Control*>{
              &Entry.cmdReturn, &Main.rtfAbout, &Main.lstAbout, &Main.rtfHelp, &Main.rtfGcodeHelpMK2,
              &Main.rtfGcodeHelpMK4, &Entry.picXYaxes, &Entry.picZXaxes}) {
