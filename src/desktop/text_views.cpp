@@ -2,6 +2,7 @@
 
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMouseEvent>
@@ -181,6 +182,11 @@ NotesView::NotesView(DesktopContext& desktop, TextBox& control, QWidget* parent)
       edit_(static_cast<QPlainTextEdit*>(Widget())) {
     Watch(edit_->viewport());
     edit_->viewport()->setAcceptDrops(false);
+    if (control.FixedPitch) {
+        QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+        font.setPixelSize(edit_->fontInfo().pixelSize());
+        edit_->setFont(font);
+    }
     showing_.setSingleShot(true);
     connect(&showing_, &QTimer::timeout, this, [this] { ShowMore(); });
     connect(edit_, &QPlainTextEdit::textChanged, this, [this] { Edited(); });

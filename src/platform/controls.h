@@ -168,6 +168,8 @@ public:
     Property<Color> ForeColor{*this, PropertyId::ForeColor};
     // Takes several lines: Enter and pasted line ends (CR LF) go in. Set before it is shown.
     bool MultiLine = false;
+    // All characters have the same width, for columns of numbers. Set before it is shown.
+    bool FixedPitch = false;
 
     std::function<void()> OnChange;
 

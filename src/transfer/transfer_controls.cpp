@@ -99,6 +99,7 @@ TransferControls::TransferControls(Form& form)
     cmdReceiveNew.ToolTip = "Clear Received Code";
     cmdReceiveExit.ToolTip = "Exit Transfer Mode";
     txtRX.MultiLine = true;
+    txtRX.FixedPitch = true;
     const auto put = [](Control& around, std::initializer_list<Control*> inside) {
         for (Control* control : inside) control->Container = &around;
     };
