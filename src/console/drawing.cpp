@@ -81,7 +81,8 @@ public:
         };
         draw.Show();
         if (draw.GivenUp())
-            Complain(file, "the drawing was ended after " + PlainNumber(std::int64_t{MemorySystem::Patience}) +
+            Complain(file, "the drawing was ended after " +
+                               PlainNumber(std::int64_t{MemorySystem::Patience}) +
                                " turns: this program never ends");
     }
 

@@ -50,6 +50,7 @@ std::vector<std::string> OptionWords(std::string_view script) {
 ScriptOptions Merged(ScriptOptions own, const ScriptOptions& call) {
     if (!call.Data.empty()) own.Data = call.Data;
     if (!call.Screen.empty()) own.Screen = call.Screen;
+    if (!call.Ports.empty()) own.Ports = call.Ports;
     if (!call.WorkArea.empty()) own.WorkArea = call.WorkArea;
     return own;
 }
@@ -60,6 +61,9 @@ void ScriptOptions::Declare(CLI::App& app) {
     app.add_option("--data", Data, "What stands for the user's local application data folder");
     app.add_option("--screen", Screen, "Width and height of the screen in twips")->expected(2);
     app.add_option("--workarea", WorkArea, "Height of the work area in twips")->expected(1);
+    app.add_option("--ports", Ports, "How many serial ports open, 0 to 4")
+        ->expected(1)
+        ->check(CLI::Range(0, PortCount));
 }
 
 int RunScript(const std::string& file, const ScriptOptions& options) {

@@ -240,6 +240,13 @@ void PlanFailure(Script& run, Given given) {
     run.Session.Platform.Faults.Fail(given.Text(0), given.Number(1));
 }
 
+void Receive(Script& run, Given given) {
+    if (!run.Session.Platform.Port.Receive(FromUtf8(given.Last())))
+        run.Note("no port is open, nothing arrives");
+}
+
+void FailPort(Script& run, Given) { run.Session.Platform.Port.NextOpeningFails = true; }
+
 void Advance(Script& run, Given given) { run.Session.Platform.System.Advance(given.Number(0)); }
 
 void During(Script& run, Given given) { run.PutOff(given.Number(0), given.Last()); }
@@ -320,6 +327,7 @@ constexpr ScriptAction actions[] = {
     {"restore", {Arg::Word}, Restore, ofUser},
     {"close", {Arg::Word}, Close, ofUser},
     {"advance", {Arg::Number}, Advance, ofUser},
+    {"receive", {Arg::Text}, Receive, ofUser},
 
     {"answer", {Arg::Word}, QueueAnswer},
     {"file", {Arg::Text}, QueueFile},
@@ -328,6 +336,7 @@ constexpr ScriptAction actions[] = {
     {"write", {Arg::Word, Arg::Text}, WriteFile},
     {"program", {Arg::Word, Arg::Text}, WriteProgram},
     {"delete", {Arg::Text}, DeleteFile},
+    {"portfails", {}, FailPort},
     {"fails", {Arg::Word, Arg::Number}, PlanFailure},
     {"during", {Arg::Number, Arg::Line}, During},
 

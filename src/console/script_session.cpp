@@ -61,6 +61,7 @@ ScriptSession::ScriptSession(const ScriptOptions& options) {
         Platform.Screen.HeightTwips = options.Screen[1];
     }
     if (!options.WorkArea.empty()) Platform.Screen.WorkAreaTwips = options.WorkArea[0];
+    if (!options.Ports.empty()) Platform.Port.Ports = options.Ports[0];
     NewBench();
 }
 

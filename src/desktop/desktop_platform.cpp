@@ -57,7 +57,7 @@ double DesktopPlatform::ScreenFactor() {
 
 DesktopPlatform::DesktopPlatform(FileService& files, double factor)
     : Desktop{Scale(factor), focus_, system_},
-      Services{files, dialogs_, clipboard_, screen_, system_, focus_},
+      Services{files, dialogs_, clipboard_, screen_, system_, focus_, port_},
       system_(focus_),
       dialogs_(Desktop),
       screen_(Desktop.Lengths) {

@@ -20,9 +20,11 @@ public:
     bool DoEvents() override;
     bool AwaitTick(Timer&) override { return DoEvents(); }
     bool Breathe(long long turn) override;
+    bool WaitUntil(const std::function<double()>& left) override;
     std::tm Now() override;
     std::string LocalDataFolder() override;
     void PressKey(int key) override;
+    void Beep() override;
     void ShowPopupMenu(Menu& menu) override;
     void EndProgram() override;
 

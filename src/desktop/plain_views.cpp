@@ -100,7 +100,7 @@ bool LabelView::eventFilter(QObject* watched, QEvent* event) {
 
 FrameView::FrameView(DesktopContext& desktop, Frame& control, QWidget* parent)
     : View(desktop, control, new FrameFace(control, parent)) {
-    // It may lie over a picture, which must not shine through.
+    // It may lie over a picture or another frame, which must not shine through.
     Widget()->setAutoFillBackground(true);
 }
 

@@ -45,6 +45,13 @@ void View::Follow(PropertyId id) {
             widget_->setEnabled(control_.Enabled);
             Desktop.Focus.RestoreSoon();
             break;
+        case PropertyId::MousePointer:
+            if (control_.MousePointer == pointer::ArrowAndHourglass) {
+                widget_->setCursor(Qt::BusyCursor);
+            } else {
+                widget_->unsetCursor();
+            }
+            break;
         case PropertyId::ToolTip: widget_->setToolTip(PlainToolTip(ToQt(control_.ToolTip))); break;
         default: break;
     }

@@ -2,13 +2,14 @@
 
 #include <deque>
 #include <functional>
-#include <optional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "headless/disk_files.h"
 #include "headless/fault_plan.h"
+#include "headless/memory_port.h"
 #include "platform/focus_keeper.h"
 #include "platform/services.h"
 
@@ -77,9 +78,12 @@ public:
     bool AwaitTick(Timer& timer) override;
     // Only after a great many turns the user loses his patience: then what he does next comes, as in a wait.
     bool Breathe(long long turn) override;
+    // Takes one thing that has come up, then lets the clock run on.
+    bool WaitUntil(const std::function<double()>& left) override;
     std::tm Now() override;
     std::string LocalDataFolder() override { return DataFolder; }
     void PressKey(int key) override;
+    void Beep() override { ++Beeps; }
     void ShowPopupMenu(Menu& menu) override { ShownPopup = &menu; }
     void EndProgram() override { Ended = true; }
 
@@ -90,6 +94,10 @@ public:
     // Told at the beginning of a wait for a timer, which takes nothing from NextEvent.
     std::function<void()> OnTimerWait;
     static constexpr long long Patience = 1'000'000;
+    // The same for a wait that ends by itself: it asks this and nothing else.
+    std::function<void()> NextInTimedWait;
+    // Runs whenever the clock has moved on.
+    std::function<void()> OnClock;
 
     // A key or a character as a user presses it.
     void Press(int key, int held = 0);
@@ -103,6 +111,7 @@ public:
     std::string DataFolder;
     long long Clock = 0;  // milliseconds
     bool Ended = false;
+    int Beeps = 0;
     Menu* ShownPopup = nullptr;
 
 private:
@@ -111,6 +120,7 @@ private:
         int Held;
         int Character;  // 0 for a key without one
     };
+    bool ServeWaiting();
     void Deliver(KeyPress press);
     void DeliverWaiting();
     void DeliverOne(const KeyPress& press);
@@ -149,13 +159,20 @@ public:
     MemoryScreen Screen;
     FocusKeeper Focus;
     MemorySystem System{Focus, &Clipboard};
+    MemoryPort Port{Faults, System.Clock};
 
-    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus};
+    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port};
+
+    MemoryPlatform() {
+        System.OnClock = [this] { Port.ClockMoved(); };
+    }
 
     // For a new run of the program: its windows have gone, with the focus; what lies outside it stays.
     void BeginRun() {
         Focus = FocusKeeper();
         System.BeginRun();
+        Port.Reset();
+        Port.OnComm = nullptr;
     }
 };
 

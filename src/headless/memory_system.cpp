@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "basic/stack_guard.h"
@@ -62,26 +63,48 @@ void OwnKey(Control& control, int pressed) {
     }
 }
 
+// Keys arrive inside a wait too, also inside one that a key has begun.
+class OpenedForKeys {
+public:
+    explicit OpenedForKeys(bool& delivering) : delivering_(delivering) {}
+    ~OpenedForKeys() { delivering_ = before_; }
+    OpenedForKeys(const OpenedForKeys&) = delete;
+    OpenedForKeys& operator=(const OpenedForKeys&) = delete;
+
+private:
+    bool& delivering_;
+    bool before_ = std::exchange(delivering_, false);
+};
+
 }  // namespace
 
 bool MemorySystem::DoEvents() {
     if (Ended) return false;
-    // Keys arrive inside a wait too, also inside one that a key has begun.
-    struct Opened {
-        bool& Delivering;
-        bool Before = std::exchange(Delivering, false);
-        ~Opened() { Delivering = Before; }
-    } const opened{delivering_};
+    const OpenedForKeys opened(delivering_);
+    if (!ServeWaiting() && (!NextEvent || !NextEvent())) return false;
+    return !Ended;
+}
+
+bool MemorySystem::WaitUntil(const std::function<double()>& left) {
+    if (Ended) return false;
+    const OpenedForKeys opened(delivering_);
+    ServeWaiting();
+    if (NextInTimedWait) NextInTimedWait();
+    for (double more = left(); more > 0 && !Ended; more = left()) Advance(static_cast<int>(std::ceil(more)));
+    return !Ended;
+}
+
+// The keys that wait, or one of the events; false where there is neither.
+bool MemorySystem::ServeWaiting() {
     if (!keys_.empty()) {
         DeliverWaiting();
-    } else if (!Events.empty()) {
-        const std::function<void()> event = std::move(Events.front());
-        Events.pop_front();
-        event();
-    } else if (!NextEvent || !NextEvent()) {
-        return false;
+        return true;
     }
-    return !Ended;
+    if (Events.empty()) return false;
+    const std::function<void()> event = std::move(Events.front());
+    Events.pop_front();
+    event();
+    return true;
 }
 
 std::tm MemorySystem::Now() {
@@ -225,8 +248,8 @@ void MemorySystem::Watch(Form& form) {
 }
 
 MemorySystem::TimerPhase* MemorySystem::PhaseOf(const Timer& timer) const {
-    const auto found =
-        std::find_if(timers_.begin(), timers_.end(), [&](const auto& one) { return &one->Subject == &timer; });
+    const auto found = std::find_if(timers_.begin(), timers_.end(),
+                                    [&](const auto& one) { return &one->Subject == &timer; });
     return found == timers_.end() ? nullptr : found->get();
 }
 
@@ -242,6 +265,7 @@ void MemorySystem::Advance(int milliseconds) {
             due.push_back(&timer->Subject);
         }
         Clock = next;
+        if (OnClock) OnClock();
         for (Timer* timer : due) {
             if (timer->Enabled && timer->OnTimer) timer->OnTimer();
         }

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <ctime>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/controls.h"
+#include "platform/serial_port.h"
 
 // What the rooms ask of the platform. Each half implements it; failures are RunTimeErrors.
 namespace kvt {
@@ -93,12 +95,16 @@ public:
     // delivered every now and then, at least every 50 ms. False when the work is to end: the program has, or
     // nothing can end endless work any more.
     virtual bool Breathe(long long turn) = 0;
+    // A wait that ends by itself: serves events until left, asked over and over, gives no more milliseconds that
+    // are to pass. False when the program has ended.
+    virtual bool WaitUntil(const std::function<double()>& left) = 0;
     virtual std::tm Now() = 0;
     // The user's folder for local application data, without a separator at its end.
     virtual std::string LocalDataFolder() = 0;
     // Puts a key press (a number of keys.h) into the input, as if the user had pressed it. It arrives when the
     // handler that is running has ended.
     virtual void PressKey(int key) = 0;
+    virtual void Beep() = 0;
     // Shows the entries of a menu at the pointer.
     virtual void ShowPopupMenu(Menu& menu) = 0;
     // Ends the program: no window is left and no wait goes on.
@@ -120,6 +126,7 @@ struct Services {
     ScreenService& Screen;
     SystemService& System;
     FocusService& Focus;
+    SerialPort& Port;
 };
 
 }  // namespace kvt

@@ -4,25 +4,13 @@
 #include <utility>
 
 #include "shell/axes_pictures.h"
+#include "shell/placing.h"
+#include "shell/transfer_wiring.h"
 #include "shell/workbench.h"
 
 namespace kvt {
 
 namespace {
-
-struct Box {
-    Control& Of;
-    int Left, Top, Width, Height;
-};
-
-void Place(std::initializer_list<Box> boxes) {
-    for (const Box& box : boxes) {
-        box.Of.Left = box.Left;
-        box.Of.Top = box.Top;
-        box.Of.Width = box.Width;
-        box.Of.Height = box.Height;
-    }
-}
 
 // The bands of the window.
 constexpr int listTop = 1360;
@@ -250,6 +238,7 @@ void PlaceMainWindow(Workbench& bench) {
     DrawLatheAxes(bench.Entry.picZXaxes);
     DrawLatheAxes(bench.Main.lstMK2Mcodes);
     DrawMillAxes(bench.Entry.picXYaxes);
+    PlaceTransfer(bench, width, height);
 
     FileControls& file = bench.File;
     file.lblPath.ToolTip = file.lblFileName.Caption;

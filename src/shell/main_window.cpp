@@ -5,6 +5,7 @@
 #include "platform/keys.h"
 #include "shell/draw_wiring.h"
 #include "shell/layout.h"
+#include "shell/transfer_wiring.h"
 #include "shell/workbench.h"
 
 namespace kvt {
@@ -93,6 +94,7 @@ void MainWindow::WireKeys() {
     bench_.File.txtFileNotes.OnKeyPress = [this](int& character) { txtFileNotes_KeyPress(character); };
     bench_.frmMain.OnKeyDown = [this](int pressed, int) {
         if (pressed != key::Escape) return;
+        if (bench_.Transfer.frRXcode.Visible) bench_.Received.cmdReceiveExit_Click();
         bench_.Main.tabSettings.Visible = false;
         if (bench_.Entry.cmdReturn.Visible) bench_.cmdReturn_Click();
         bench_.Platform.Focus.SetFocus(bench_.Store.lvCncProgram);
@@ -106,6 +108,7 @@ void MainWindow::Form_Load(std::string_view commandLine) {
     Folders = FoldersBelow(platform.System.LocalDataFolder());
     bench_.Log.DataFolder = Folders.DataFolder;
     bench_.Received.SettingsFolder = Folders.SettingsFolder;
+    bench_.Transmit.SettingsFolder = Folders.SettingsFolder;
     MakeFolders(Folders, platform.Files, formLoadName);
     // 2. What a crash left.
     const std::string transmission = Folders.SettingsFolder + "Transmit.txt";
@@ -126,6 +129,8 @@ void MainWindow::Form_Load(std::string_view commandLine) {
     PlaceMainWindow(bench_);
     FitSmallScreen();
     Form_Activate();
+    // 9.
+    bench_.Port.StartPort();
     // Without a program the open line awaits the first code; menus and buttons stand as after a tick.
     if (bench_.Store.lvCncProgram.Count() == 0) mnuNew_Click();
     tmr1sec_Timer();
@@ -193,6 +198,8 @@ void MainWindow::tmr1sec_Timer() {
     main.mnuSaveAs.Enabled = true;
     main.cmdTopButtons[top_button::Save]->Enabled = changed;
     main.mnuSave.Enabled = changed;
+    // 2.
+    RefreshTransferMenus(bench_);
     // 3.
     if (store.LineCount() == 0) {
         for (const int index :

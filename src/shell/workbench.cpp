@@ -2,6 +2,7 @@
 
 #include "shell/draw_wiring.h"
 #include "shell/layout.h"
+#include "shell/transfer_wiring.h"
 
 namespace kvt {
 
@@ -36,7 +37,18 @@ Workbench::Workbench(Services& services)
       Writer({Store, File, Entry, Layout, Lines, Language, services, Calls}),
       Reader({Store, File, Entry, Layout, Machine, View, Options, Interpreter, Language, services, Calls,
               Writer}),
-      Received(frmMain, {Store, File, Reader, Language, services, Calls}),
+      Transfer(frmMain),
+      Port({Store, Transfer, services, Calls}),
+      Transmit({Store, Transfer, Port, Writer, Main.tmr1sec, Results.cmdStop, Language, services, Calls}),
+      Received({Store,
+                Transfer,
+                Port,
+                File,
+                Reader,
+                {&Main.frCmdEditor1, &Main.frCmdEditor2, &Main.frCmdEditor3},
+                Language,
+                services,
+                Calls}),
       Draw({Store, Machine, Results, File, Language, services}),
       Window(*this) {
     frmMain.Width = firstWidth;
@@ -45,6 +57,7 @@ Workbench::Workbench(Services& services)
     PlaceInFrames();
     OrderTabs();
     FillCalls();
+    WireTransfer(*this);
     RefreshMachine();
     View.MakeMachineTimeColumn();
     ShowCodeLists();
@@ -56,6 +69,7 @@ void Workbench::FillCalls() {
     Calls.RefreshMachine = [this] { RefreshMachine(); };
     Calls.RefreshTitle = [this] { Window.RefreshTitle(); };
     Calls.ControlsPositioning = [this] { PlaceMainWindow(*this); };
+    Calls.ControlsEnable = [this](int enable) { ControlsEnable(enable); };
     Calls.LoadClipboardModule = [this] { Received.LoadClipboardModule(); };
     Calls.HideSettings = [this] { Main.tabSettings.Visible = false; };
     Calls.FirstFieldFocus = [this](std::string_view initial) { Layout.FirstFieldFocus(initial); };
@@ -230,7 +244,8 @@ void Workbench::ControlsEnable(int enable) {
 }
 
 void Workbench::cmdReturn_Click() {
-    ControlsEnable(1);
+    // What is being sent keeps the window frozen.
+    ControlsEnable(Store.TransmitActive ? 0 : 1);
     Main.tabSettings.Visible = false;
     for (Control* overlay : std::initializer_list<Control*>{
              &Entry.cmdReturn, &Main.rtfAbout, &Main.lstAbout, &Main.rtfHelp, &Main.rtfGcodeHelpMK2,

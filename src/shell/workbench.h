@@ -8,12 +8,13 @@
 #include "editor/line_operations.h"
 #include "files/cnc_reader.h"
 #include "files/cnc_writer.h"
-#include "files/received_program.h"
 #include "interpreter/view_options.h"
 #include "program/machine_controls.h"
 #include "shell/error_log.h"
 #include "shell/main_controls.h"
 #include "shell/main_window.h"
+#include "transfer/receiver.h"
+#include "transfer/transmitter.h"
 
 namespace kvt {
 
@@ -48,7 +49,10 @@ public:
     KeyboardEntry Keyboard;
     CncWriter Writer;
     CncReader Reader;
-    ReceivedProgram Received;
+    TransferControls Transfer;
+    PortControl Port;
+    Transmitter Transmit;
+    Receiver Received;
     DrawWindow Draw;
     MainWindow Window;
 
