@@ -117,6 +117,7 @@ int main(int argc, char** argv) {
     kvt::DesktopPlatform platform(files,
                                   options.Scale > 0 ? options.Scale : kvt::DesktopPlatform::ScreenFactor());
     kvt::DesktopSystem& system = platform.Desktop.System;
+    kvt::BringResetCopies(files, system.LocalDataFolder());
     kvt::Workbench workbench(platform.Services);
     workbench.Form_Load(kvt::PathText(options.File));
     if (system.Ended()) return 0;

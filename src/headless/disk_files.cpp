@@ -13,8 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* service = "file";
-
 fs::path PlainPath(std::string name) {
     std::replace(name.begin(), name.end(), '\\', '/');
     return fs::path(name);
@@ -76,8 +74,13 @@ bool DiskFiles::Exists(std::string_view path) {
     return fs::exists(PathOf(path), failed) || failed == std::errc::permission_denied;
 }
 
+FileService& DiskFiles::InBackground() {
+    if (!background_) background_ = std::make_unique<DiskFiles>(faults_, "background");
+    return *background_;
+}
+
 std::string DiskFiles::ReadWhole(std::string_view path) {
-    faults_.Pass(service, fault::PathFileAccess);
+    faults_.Pass(service_, fault::PathFileAccess);
     const fs::path file = PathOf(path);
     std::error_code failed;
     if (!fs::exists(file, failed)) throw RunTimeError(failed ? fault::PathFileAccess : fault::FileNotFound);
@@ -106,7 +109,7 @@ std::string DiskFiles::ReadWhole(std::string_view path) {
 }
 
 void DiskFiles::WriteWhole(std::string_view path, std::string_view content) {
-    faults_.Pass(service, fault::PathFileAccess);
+    faults_.Pass(service_, fault::PathFileAccess);
     const fs::path target = TargetOf(PathOf(path));
     std::error_code failed;
     const bool replaces = fs::exists(target, failed);
@@ -130,7 +133,7 @@ void DiskFiles::WriteWhole(std::string_view path, std::string_view content) {
 }
 
 void DiskFiles::Append(std::string_view path, std::string_view content) {
-    faults_.Pass(service, fault::PathFileAccess);
+    faults_.Pass(service_, fault::PathFileAccess);
     std::ofstream stream(PathOf(path), std::ios::binary | std::ios::app);
     stream.write(content.data(), static_cast<std::streamsize>(content.size()));
     stream.close();
@@ -138,7 +141,7 @@ void DiskFiles::Append(std::string_view path, std::string_view content) {
 }
 
 void DiskFiles::Delete(std::string_view path) {
-    faults_.Pass(service, fault::PathFileAccess);
+    faults_.Pass(service_, fault::PathFileAccess);
     std::error_code failed;
     const bool removed = fs::remove(PathOf(path), failed);
     if (failed) AccessError();
@@ -146,7 +149,7 @@ void DiskFiles::Delete(std::string_view path) {
 }
 
 void DiskFiles::MakeFolder(std::string_view path) {
-    faults_.Pass(service, fault::PathFileAccess);
+    faults_.Pass(service_, fault::PathFileAccess);
     std::error_code failed;
     const fs::path folder = PathOf(path);
     fs::create_directories(folder, failed);

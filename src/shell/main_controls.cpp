@@ -38,6 +38,7 @@ MainControls::MainControls(Form& form)
       mnuSettings(form, "mnuSettings", "Settings"),
       mnuGeneral(form, "mnuGeneral", "General"),
       mnuMachine(form, "mnuMachine", "Machine"),
+      mnuReset(form, "mnuReset", "Reset all settings"),
       mnuXfer(form, "mnuXfer", "Transfer"),
       mnuConvert(form, "mnuConvert", "Convert"),
       mnuHelp(form, "mnuHelp", "Help"),
@@ -67,6 +68,7 @@ MainControls::MainControls(Form& form)
       lblVertical(form, "lblVertical", "Vertical"),
       lblSettingsIncrColor(form, "lblSettingsIncrColor", "Color Incremental"),
       lblSettingsAbsColor(form, "lblSettingsAbsColor", "Color Absolute"),
+      cmdResetAll(form, "cmdResetAll", "Reset all settings"),
       lblComment(form, "lblComment", "Comment"),
       lblMachineType(form, "lblMachineType"),
       lblUnits(form, "lblUnits", "Units"),
@@ -90,12 +92,13 @@ MainControls::MainControls(Form& form)
     }
     Put(mnuFile, {&mnuOpen, &mnuNew, &mnuSave, &mnuSaveAs, &mnuFileBar1, &mnuLoadClipboard, &mnuSaveClipboard,
                   &mnuFileBar2, &mnuExit});
-    Put(mnuSettings, {&mnuGeneral, &mnuMachine});
+    Put(mnuSettings, {&mnuGeneral, &mnuMachine, &mnuReset});
     Put(mnuRightClick, {&RCmnuInsert, &RCmnuDelete});
     mnuOpen.Shortcut = "Ctrl+O";
     mnuNew.Shortcut = "Ctrl+N";
     mnuSave.Shortcut = "Ctrl+S";
     mnuSaveAs.Shortcut = "Ctrl+Shift+S";
+    lblMachineType.ToolTip = "Machine Type";
     tabSettings.Captions = {"General", "Machine"};
     for (Control* hidden : std::initializer_list<Control*>{&mnuXfer, &mnuConvert, &mnuHelp, &mnuRightClick,
                                                            &rtfHelp, &rtfGcodeHelpMK2, &rtfGcodeHelpMK4,

@@ -36,7 +36,10 @@ Workbench::Workbench(Services& services)
       Reader({Store, File, Entry, Layout, Machine, View, Options, Interpreter, Language, services, Calls,
               Writer}),
       Received(frmMain, {Store, File, Reader, Language, services, Calls}),
-      Window(*this) {
+      Window(*this),
+      Modules(*this),
+      Settings(*this),
+      Kept(*this) {
     frmMain.Width = firstWidth;
     frmMain.Height = firstHeight;
     Store.lvCncProgram.Height = listHeight;
@@ -55,6 +58,7 @@ void Workbench::FillCalls() {
     Calls.RefreshTitle = [this] { Window.RefreshTitle(); };
     Calls.ControlsPositioning = [this] { PlaceMainWindow(*this); };
     Calls.LoadClipboardModule = [this] { Received.LoadClipboardModule(); };
+    Calls.LoadLanguageModule = [this](const std::string& file) { Modules.LoadLanguageModule(file); };
     Calls.HideSettings = [this] { Main.tabSettings.Visible = false; };
     Calls.FirstFieldFocus = [this](std::string_view initial) { Layout.FirstFieldFocus(initial); };
     Entry.cmdReturn.OnClick = [this] { cmdReturn_Click(); };
@@ -88,8 +92,9 @@ void Workbench::PlaceInFrames() {
             control->Page = page;
         }
     };
-    onPage(settings_page::General, {&View.chkSettingsAutowidth, &Entry.chkSettingsDWC,
-                                    &Main.lblSettingsIncrColor, &Main.lblSettingsAbsColor});
+    onPage(settings_page::General,
+           {&View.chkSettingsAutowidth, &Entry.chkSettingsDWC, &Main.lblSettingsIncrColor,
+            &Main.lblSettingsAbsColor, &Main.cmdResetAll});
     onPage(settings_page::Machine, {&Main.frMachineType, &Main.frCompact5, &Main.frF1CNC});
     for (const auto& button : Main.cmdTopButtons) button->Container = &Main.frControlPanel;
     put(Main.frAxesProperties, {&Main.lblMin, &Main.lblMax, &Main.lblTravel});
@@ -192,6 +197,7 @@ void Workbench::OrderTabs() {
                                                             &Main.tabSettings,
                                                             &View.chkSettingsAutowidth,
                                                             &Entry.chkSettingsDWC,
+                                                            &Main.cmdResetAll,
                                                             &Machine.optSettingsMK2,
                                                             &Machine.optSettingsMK4,
                                                             &Machine.optSettingsF1CNC,
@@ -224,6 +230,13 @@ void Workbench::cmdReturn_Click() {
     }
 }
 
+void Workbench::TellUnkept() {
+    if (std::exchange(unkeptTold_, true)) return;
+    Platform.Dialogs.ShowMessage(
+        Notice(std::string(Language.MessageTexts(text::Unkept)) + " " + Window.Folders.DataFolder, "",
+               Icon::Exclamation));
+}
+
 void Workbench::ClearProgram_Click() {
     // 1.
     cmdReturn_Click();
@@ -245,6 +258,7 @@ void Workbench::ClearProgram_Click() {
     Entry.frEntry.Caption = Language.EntryCaption;
     Store.ProgramChanged = false;
     Store.EndCodePresent = false;
+    Writer.SaveFailed = false;
     // 4.
     Interpreter.ClearAxesProperties();
     Layout.ClearEntryFields();
@@ -259,6 +273,13 @@ void Workbench::ClearProgram_Click() {
     if (Entry.txtGMcode.ReallyVisible()) Platform.Focus.SetFocus(Entry.txtGMcode);
 }
 
+void Workbench::ShowMachineName() {
+    const OptionButton& option = Store.IsF1()    ? Machine.optSettingsF1CNC
+                                 : Store.IsMK2() ? Machine.optSettingsMK2
+                                                 : Machine.optSettingsMK4;
+    Main.lblMachineType.Caption = option.Caption;
+}
+
 void Workbench::RefreshMachine() {
     Run(Calls.RefreshTitle);
     Machine.RefreshMachineOptions();
@@ -268,9 +289,7 @@ void Workbench::RefreshMachine() {
     Run(Calls.ControlsPositioning);
     Entry.lblGMcode.Caption = "G";
     Machine.RefreshUnits();
-    Main.lblMachineType.Caption = Store.IsF1()    ? "F1 CNC"
-                                  : Store.IsMK2() ? "Compact5 CNC MK2"
-                                                  : "Compact5 CNC MK4";
+    ShowMachineName();
     if (Store.IsF1()) {
         Entry.picXYaxes.Visible = true;
         Entry.picXYaxes.Enabled = true;
