@@ -1,5 +1,8 @@
 #include "headless/disk_files.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -60,6 +63,14 @@ bool WriteStream(const fs::path& path, std::string_view content) {
     return static_cast<bool>(stream);
 }
 
+// Has the content on the disk before its name is, so that a power cut leaves the old file or the new one.
+void Settle(const fs::path& path) {
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) return;
+    fsync(file);
+    close(file);
+}
+
 }  // namespace
 
 std::string NameFromSystem(std::string_view name) {
@@ -75,7 +86,11 @@ bool DiskFiles::Exists(std::string_view path) {
 }
 
 FileService& DiskFiles::InBackground() {
-    if (!background_) background_ = std::make_unique<DiskFiles>(faults_, "background");
+    if (!background_) {
+        background_ = std::make_unique<DiskFiles>(faults_, "background");
+        // Twice a second, while somebody types.
+        background_->waitsForDisk_ = false;
+    }
     return *background_;
 }
 
@@ -123,6 +138,7 @@ void DiskFiles::WriteWhole(std::string_view path, std::string_view content) {
         fs::remove(fresh, failed);
         AccessError();
     }
+    if (waitsForDisk_) Settle(fresh);
     if (replaces) fs::permissions(fresh, fs::status(target, failed).permissions(), failed);
     fs::rename(fresh, target, failed);
     if (failed) {

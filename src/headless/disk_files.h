@@ -27,6 +27,7 @@ public:
 private:
     FaultPlan& faults_;
     const char* service_;
+    bool waitsForDisk_ = true;
     std::unique_ptr<DiskFiles> background_;
 };
 

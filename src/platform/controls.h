@@ -176,6 +176,10 @@ public:
         : Control(form, ControlKind::CommandButton, name, index),
           Caption(*this, PropertyId::Caption, caption) {}
     TextProperty Caption;
+    // Strokes in a square of PictureSide units: "x,y x,y; x,y x,y". Empty for a button of words; set before it is
+    // shown.
+    std::string_view Picture;
+    static constexpr int PictureSide = 24;
 };
 
 // Value is 0 or 1.

@@ -190,7 +190,9 @@ std::string ModuleLoader::WriteModule() const {
         key = row.Key;
         Control* const control = ControlOf(forms, row);
         const TextProperty* const text = control ? TextOf(*control, row.What) : nullptr;
-        module.Line(key, text && !text->Empty() ? text->Get() : std::string(key));
+        const bool isEntry = control == &bench_.Entry.frEntry;  // it shows the code that is entered
+        const std::string shown = isEntry ? texts.EntryCaption : text ? text->Get() : std::string();
+        module.Line(key, shown.empty() ? std::string(key) : shown);
     }
     const auto numbered = [&](int number, std::string_view text) {
         if (!Trim(text).empty()) module.Comment(Trim(text));

@@ -128,7 +128,7 @@ void PlaceEntry(Workbench& bench, int bandTop) {
            {entry.txtFKTL, at.F, fieldTop, fieldWidth, fieldHeight},
            {entry.lblH, at.H, labelTop, fieldWidth, 240},
            {entry.txtH, at.H, fieldTop, fieldWidth, fieldHeight},
-           {bench.Main.lblComment, 120, commentTop + 60, 900, 240},
+           {bench.Main.lblComment, 90, commentTop + 60, 975, 240},
            {entry.txtComment, 1080, commentTop, 3720, fieldHeight}});
 }
 
@@ -150,9 +150,9 @@ void PlaceEditorButtons(Workbench& bench, int bandTop) {
 // The axes of one frame: minimum, maximum and travel in columns under their heads.
 void PlaceAxis(Frame& frame, int top, Label& min, Label& max, Label& travel) {
     Place({{frame, 60, top, 2310, 420},
-           {min, 600, 90, 540, 240},
-           {max, 1170, 90, 540, 240},
-           {travel, 1740, 90, 540, 240}});
+           {min, 630, 150, 540, 240},
+           {max, 1185, 150, 540, 240},
+           {travel, 1740, 150, 540, 240}});
 }
 
 void PlaceProperties(Workbench& bench, int width, int bandTop) {
@@ -171,8 +171,8 @@ void PlaceProperties(Workbench& bench, int width, int bandTop) {
     const int valueWidth = 900;
     Place({{main.frProgramProperties, 9480, bandTop, std::min(width - 9540, 2400), frameHeight},
            {main.lblMachineType, 90, firstLine, nameWidth + valueWidth, lineHeight},
-           {main.lblUnits, 90, firstLine + 310, nameWidth, lineHeight},
-           {bench.Machine.lblPPUnits, valueLeft, firstLine + 310, valueWidth, lineHeight},
+           {main.lblUnits, 90, firstLine + 310, nameWidth - 300, lineHeight},
+           {bench.Machine.lblPPUnits, valueLeft - 300, firstLine + 310, valueWidth + 300, lineHeight},
            {main.lblLines, 90, firstLine + 620, nameWidth, lineHeight},
            {results.lblPPLines, valueLeft, firstLine + 620, valueWidth, lineHeight},
            {main.lblLinesExecuted, 90, firstLine + 930, nameWidth, lineHeight},

@@ -8,14 +8,22 @@ struct TopButton {
     const char* Caption;
     const char* ToolTip;
     bool Visible;
+    const char* Picture;
 };
 
 // Those whose command is not part of this window stay away.
 constexpr TopButton topButtons[] = {
-    {"Open", "Open File", true},    {"Save", "Save File", true},      {"New", "New File", true},
-    {"Print", "Print File", false}, {"Set", "Settings", true},        {"Axes", "Show Axes", false},
-    {"Axes", "Show Axes", false},   {"Draw", "Draw Toolpath", false}, {"RX", "Receive File", false},
-    {"TX", "Transmit File", false},
+    {"Open", "Open File", true, "3,20 3,5 9,5 11,8 18,8 18,11; 3,20 7,11 22,11 18,20 3,20"},
+    {"Save", "Save File", true, "4,4 17,4 20,7 20,20 4,20 4,4; 8,4 8,9 15,9 15,4; 7,20 7,13 17,13 17,20"},
+    {"New", "New File", true, "6,3 14,3 19,8 19,21 6,21 6,3; 14,3 14,8 19,8"},
+    {"Print", "Print File", false,
+     "6,16 3,16 3,9 21,9 21,16 18,16; 6,9 6,3 18,3 18,9; 6,13 18,13 18,21 6,21 6,13"},
+    {"Set", "Settings", true, "3,6 21,6; 8,4 8,8; 3,12 21,12; 15,10 15,14; 3,18 21,18; 10,16 10,20"},
+    {"Axes", "Show Axes", false, "5,19 5,3; 3,6 5,3 7,6; 5,19 21,19; 18,17 21,19 18,21"},
+    {"Axes", "Show Axes", false, "5,19 5,3; 3,6 5,3 7,6; 5,19 21,19; 18,17 21,19 18,21"},
+    {"Draw", "Draw Toolpath", false, "3,20 3,14 8,14 12,8 17,8 20,4; 1,20 23,20"},
+    {"RX", "Receive File", false, "12,3 12,15; 7,10 12,15 17,10; 4,16 4,20 20,20 20,16"},
+    {"TX", "Transmit File", false, "12,15 12,3; 7,8 12,3 17,8; 4,16 4,20 20,20 20,16"},
 };
 
 void Put(Menu& parent, std::initializer_list<Menu*> entries) {
@@ -89,6 +97,7 @@ MainControls::MainControls(Form& form)
                                                            static_cast<int>(i));
         cmdTopButtons[i]->ToolTip = topButtons[i].ToolTip;
         cmdTopButtons[i]->Visible = topButtons[i].Visible;
+        cmdTopButtons[i]->Picture = topButtons[i].Picture;
     }
     Put(mnuFile, {&mnuOpen, &mnuNew, &mnuSave, &mnuSaveAs, &mnuFileBar1, &mnuLoadClipboard, &mnuSaveClipboard,
                   &mnuFileBar2, &mnuExit});
