@@ -34,13 +34,18 @@ int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& opti
     check->add_flag("--json", json, "The whole state of each file, one JSON object a line");
     check->add_option("FILE", files, "Program files")->required();
 
+    const auto namesFile = [](const std::string& name) {
+        return name.empty() ? std::string("-o names no file") : std::string();
+    };
     std::string source;
     std::string target;
     CLI::App* format = app.add_subcommand("format", "Write a program back in the layout of its machine");
     format->add_option("FILE", source, "Program file")->required();
-    format->add_option("-o", target, "File to write")->required()->check([](const std::string& name) {
-        return name.empty() ? std::string("-o names no file") : std::string();
-    });
+    format->add_option("-o", target, "File to write")->required()->check(namesFile);
+
+    std::string moduleFile;
+    CLI::App* language = app.add_subcommand("language", "Write a language module, ready to be translated");
+    language->add_option("-o", moduleFile, "File to write")->required()->check(namesFile);
 
     std::vector<std::string> drawn;
     std::string picture;
@@ -103,6 +108,7 @@ int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& opti
     if (send->parsed()) return SendFile(serial);
     if (receive->parsed()) return ReceiveFile(serial);
     if (machine->parsed()) return PlayMachine(played);
+    if (language->parsed()) return WriteLanguageModule(moduleFile);
     return RunScript(scriptFile, scriptOptions);
 }
 

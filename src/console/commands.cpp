@@ -75,6 +75,18 @@ int Check(const std::vector<std::string>& files, bool json, const ConsoleOptions
     return worst;
 }
 
+int WriteLanguageModule(const std::string& out) {
+    MemoryPlatform platform;
+    const auto bench = std::make_unique<Workbench>(platform.Services);
+    try {
+        platform.Files.WriteWhole(NameFromSystem(out), bench->Modules.WriteModule());
+        return status::Well;
+    } catch (const RunTimeError&) {
+        Complain(out, "could not be written");
+        return status::Usage;
+    }
+}
+
 int FormatFile(const std::string& file, const std::string& out) {
     LoadedFile loaded(file);
     if (const char* error = loaded.Error()) {

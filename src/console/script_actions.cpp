@@ -232,7 +232,7 @@ void DeleteFile(Script& run, Given given) {
 }
 
 void PlanFailure(Script& run, Given given) {
-    constexpr std::string_view services[] = {"file", "port", "printer", "clipboard", "program"};
+    constexpr std::string_view services[] = {"file", "background", "port", "printer", "clipboard", "program"};
     if (std::find(std::begin(services), std::end(services), given.Text(0)) == std::end(services)) {
         throw ScriptError{"unknown service " + Quoted(given.Text(0))};
     }

@@ -48,6 +48,8 @@ void View::Follow(PropertyId id) {
         case PropertyId::MousePointer:
             if (control_.MousePointer == pointer::ArrowAndHourglass) {
                 widget_->setCursor(Qt::BusyCursor);
+            } else if (control_.MousePointer == pointer::Cross) {
+                widget_->setCursor(Qt::CrossCursor);
             } else {
                 widget_->unsetCursor();
             }

@@ -171,8 +171,8 @@ LoadResult CncReader::ReadText(std::string& name, std::string& text) {
     // 5.
     const bool whole = Attempt(loadFileName, [&] { text = platform.Files.ReadWhole(name); });
     if (whole) return LoadResult::Loaded;
-    platform.Dialogs.ShowMessage(
-        Notice("The file \"" + name + "\" cannot be read.", "Open File", Icon::Exclamation));
+    platform.Dialogs.ShowMessage(Notice(FileMessage(parts_.Language, name, text::CannotRead),
+                                        parts_.Language.ErrorTexts(text::OpenTitle), Icon::Exclamation));
     return LoadResult::Unreadable;
 }
 

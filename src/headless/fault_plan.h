@@ -12,7 +12,7 @@ namespace kvt {
 // Lets the n-th next call of a service fail, so that every failure path can be walked.
 class FaultPlan {
 public:
-    // service is one of file, port, printer, clipboard, program; call counts from 1.
+    // service is one of file, background, port, printer, clipboard, program; call counts from 1.
     void Fail(std::string_view service, int call) { calls_[std::string(service)].push_back(call); }
 
     // Counts one call; the planned one throws the error.

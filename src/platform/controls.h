@@ -38,7 +38,7 @@ enum class ControlKind : std::uint8_t {
 using Color = std::uint32_t;
 
 namespace pointer {
-inline constexpr int Usual = 0, ArrowAndHourglass = 13;
+inline constexpr int Usual = 0, Cross = 2, ArrowAndHourglass = 13;
 }  // namespace pointer
 
 // Watches one control and shows it. The logic never looks at views.

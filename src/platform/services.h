@@ -32,6 +32,8 @@ public:
     virtual void Delete(std::string_view path) = 0;
     // Makes a folder with its parents; one that exists is fine. Error 75.
     virtual void MakeFolder(std::string_view path) = 0;
+    // The same files for what the program keeps by itself, aside from what its user does.
+    virtual FileService& InBackground() { return *this; }
 };
 
 enum class Icon : std::uint8_t { None, Information, Exclamation, Question, Critical };

@@ -118,7 +118,7 @@ void PlaceEntry(Workbench& bench, int bandTop) {
            {entry.txtFKTL, at.F, fieldTop, fieldWidth, fieldHeight},
            {entry.lblH, at.H, labelTop, fieldWidth, 240},
            {entry.txtH, at.H, fieldTop, fieldWidth, fieldHeight},
-           {bench.Main.lblComment, 120, commentTop + 60, 900, 240},
+           {bench.Main.lblComment, 90, commentTop + 60, 975, 240},
            {entry.txtComment, 1080, commentTop, 3720, fieldHeight}});
 }
 
@@ -197,6 +197,7 @@ void PlaceSettings(Workbench& bench) {
            {bench.Entry.chkSettingsDWC, 240, top + 390, 3000, lineHeight},
            {main.lblSettingsAbsColor, 240, top + 900, 2400, 300},
            {main.lblSettingsIncrColor, 240, top + 1260, 2400, 300},
+           {main.cmdResetAll, 240, top + 1800, 2400, 420},
            {main.frMachineType, 240, top, 2600, 1500},
            {machine.optSettingsMK2, 120, firstLine, 2400, lineHeight},
            {machine.optSettingsMK4, 120, firstLine + 360, 2400, lineHeight},

@@ -52,6 +52,7 @@ MainControls::MainControls(Form& form)
       mnuSettings(form, "mnuSettings", "Settings"),
       mnuGeneral(form, "mnuGeneral", "General"),
       mnuMachine(form, "mnuMachine", "Machine"),
+      mnuReset(form, "mnuReset", "Reset all settings"),
       mnuXfer(form, "mnuXfer", "Transfer"),
       mnuConvert(form, "mnuConvert", "Convert"),
       mnuHelp(form, "mnuHelp", "Help"),
@@ -81,6 +82,7 @@ MainControls::MainControls(Form& form)
       lblVertical(form, "lblVertical", "Vertical"),
       lblSettingsIncrColor(form, "lblSettingsIncrColor", "Color Incremental"),
       lblSettingsAbsColor(form, "lblSettingsAbsColor", "Color Absolute"),
+      cmdResetAll(form, "cmdResetAll", "Reset all settings"),
       lblComment(form, "lblComment", "Comment"),
       lblMachineType(form, "lblMachineType"),
       lblUnits(form, "lblUnits", "Units"),
@@ -105,7 +107,7 @@ MainControls::MainControls(Form& form)
     }
     Put(mnuFile, {&mnuOpen, &mnuNew, &mnuSave, &mnuSaveAs, &mnuDraw, &mnuFileBar1, &mnuLoadClipboard,
                   &mnuSaveClipboard, &mnuFileBar2, &mnuExit});
-    Put(mnuSettings, {&mnuGeneral, &mnuMachine});
+    Put(mnuSettings, {&mnuGeneral, &mnuMachine, &mnuReset});
     Put(mnuRightClick, {&RCmnuInsert, &RCmnuDelete});
     mnuOpen.Shortcut = "Ctrl+O";
     mnuNew.Shortcut = "Ctrl+N";
@@ -113,6 +115,7 @@ MainControls::MainControls(Form& form)
     mnuSaveAs.Shortcut = "Ctrl+Shift+S";
     for (Label* head : {&lblMin, &lblMax, &lblTravel}) head->AtRight = true;
     mnuDraw.Shortcut = "F5";
+    lblMachineType.ToolTip = "Machine Type";
     tabSettings.Captions = {"General", "Machine"};
     for (Control* hidden : std::initializer_list<Control*>{&mnuXfer, &mnuConvert, &mnuHelp, &mnuRightClick,
                                                            &rtfHelp, &rtfGcodeHelpMK2, &rtfGcodeHelpMK4,

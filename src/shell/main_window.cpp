@@ -109,43 +109,28 @@ void MainWindow::Form_Load(std::string_view commandLine) {
     bench_.Log.DataFolder = Folders.DataFolder;
     bench_.Received.SettingsFolder = Folders.SettingsFolder;
     bench_.Transmit.SettingsFolder = Folders.SettingsFolder;
-    MakeFolders(Folders, platform.Files, formLoadName);
+    const bool foldersMade = MakeFolders(Folders, platform.Files, formLoadName);
     // 2. What a crash left.
     const std::string transmission = Folders.SettingsFolder + "Transmit.txt";
     if (platform.Files.Exists(transmission))
         Attempt(formLoadName, [&] { platform.Files.Delete(transmission); });
     // 5.
-    Form& form = bench_.frmMain;
-    form.Left = std::max(0, (platform.Screen.Width() - form.Width) / 2);
-    form.Top = std::max(0, (platform.Screen.WorkAreaHeight() - form.Height) / 2);
-    std::string file = NamedFile(commandLine);
-    if (!file.empty()) {
-        bench_.Reader.LoadFile(file);
-    } else {
-        bench_.Feeds.SetFeedLimits();
-    }
-    form.Visible = true;
+    bench_.Settings.CommandLine = commandLine;
+    bench_.Settings.LoadSettings();
     // 6., 7., 8.
     PlaceMainWindow(bench_);
     FitSmallScreen();
     Form_Activate();
     // 9.
     bench_.Port.StartPort();
+    bench_.Kept.Restore();
     // Without a program the open line awaits the first code; menus and buttons stand as after a tick.
     if (bench_.Store.lvCncProgram.Count() == 0) mnuNew_Click();
     tmr1sec_Timer();
     RefreshTitle();
     // 10.
     if (bench_.Entry.txtGMcode.ReallyVisible()) platform.Focus.SetFocus(bench_.Entry.txtGMcode);
-}
-
-std::string MainWindow::NamedFile(std::string_view commandLine) const {
-    std::string_view name = Trim(commandLine);
-    if (!name.empty() && name.front() == '"') {
-        const std::size_t last = name.rfind('"');
-        name = last > 0 ? name.substr(1, last - 1) : name.substr(1);
-    }
-    return !name.empty() && bench_.Platform.Files.Exists(name) ? std::string(name) : std::string();
+    if (!foldersMade) bench_.TellUnkept();
 }
 
 void MainWindow::FitSmallScreen() {
@@ -256,17 +241,21 @@ void MainWindow::mnuExit_Click() {
     if (ended_) return;
     ended_ = true;
     ProgramStore& store = bench_.Store;
+    bool dropped = false;
     // 1. There is no way back from this question.
     if (store.LineCount() > 0 && store.ProgramChanged) {
         const Texts& texts = bench_.Language;
         const Answer answer = bench_.Platform.Dialogs.ShowMessage(
             Question(texts.MessageTexts(text::SaveNow), texts.MessageTexts(text::ContinueTitle)));
         if (answer == Answer::Yes) bench_.Writer.mnuSave_Click();
+        dropped = answer != Answer::Yes;
     }
+    bench_.Kept.End(dropped);
     // 2., 3.
     store.ProgramChanged = false;
+    bench_.Settings.SaveSettings();
+    Run(bench_.Calls.UnloadDraw);
     bench_.Interpreter.EndStepRun();
-    if (bench_.Draw.Controls.frmDraw.Visible) bench_.Draw.Form_QueryUnload();
     bench_.frmMain.Visible = false;
     bench_.Platform.System.EndProgram();
 }
@@ -342,7 +331,7 @@ void MainWindow::txtFileNotes_KeyPress(int& character) {
     TextBox& notes = bench_.File.txtFileNotes;
     if (character == '%') {
         // The character is a mark in the file format.
-        notes.ToolTip = "!No % allowed";
+        notes.ToolTip = bench_.Language.ErrorTexts(text::NoPercent);
         character = 0;
         return;
     }

@@ -46,8 +46,6 @@ private:
     void ShowAxes(PictureBox& picture);
     void OpenFile(std::string name);
     void txtFileNotes_KeyPress(int& character);
-    // The file that a command line names: what stands between its outer double quotes, if there are any.
-    std::string NamedFile(std::string_view commandLine) const;
     void FitSmallScreen();
 
     Workbench& bench_;

@@ -50,7 +50,10 @@ Workbench::Workbench(Services& services)
                 services,
                 Calls}),
       Draw({Store, Machine, Results, File, Language, services}),
-      Window(*this) {
+      Window(*this),
+      Modules(*this),
+      Settings(*this),
+      Kept(*this) {
     frmMain.Width = firstWidth;
     frmMain.Height = firstHeight;
     Store.lvCncProgram.Height = listHeight;
@@ -71,6 +74,7 @@ void Workbench::FillCalls() {
     Calls.ControlsPositioning = [this] { PlaceMainWindow(*this); };
     Calls.ControlsEnable = [this](int enable) { ControlsEnable(enable); };
     Calls.LoadClipboardModule = [this] { Received.LoadClipboardModule(); };
+    Calls.LoadLanguageModule = [this](const std::string& file) { Modules.LoadLanguageModule(file); };
     Calls.HideSettings = [this] { Main.tabSettings.Visible = false; };
     Calls.FirstFieldFocus = [this](std::string_view initial) { Layout.FirstFieldFocus(initial); };
     Entry.cmdReturn.OnClick = [this] {
@@ -116,8 +120,9 @@ void Workbench::PlaceInFrames() {
             control->Page = page;
         }
     };
-    onPage(settings_page::General, {&View.chkSettingsAutowidth, &Entry.chkSettingsDWC,
-                                    &Main.lblSettingsIncrColor, &Main.lblSettingsAbsColor});
+    onPage(settings_page::General,
+           {&View.chkSettingsAutowidth, &Entry.chkSettingsDWC, &Main.lblSettingsIncrColor,
+            &Main.lblSettingsAbsColor, &Main.cmdResetAll});
     onPage(settings_page::Machine, {&Main.frMachineType, &Main.frCompact5, &Main.frF1CNC});
     for (const auto& button : Main.cmdTopButtons) button->Container = &Main.frControlPanel;
     put(Main.frAxesProperties, {&Main.lblMin, &Main.lblMax, &Main.lblTravel});
@@ -220,6 +225,7 @@ void Workbench::OrderTabs() {
                                                             &Main.tabSettings,
                                                             &View.chkSettingsAutowidth,
                                                             &Entry.chkSettingsDWC,
+                                                            &Main.cmdResetAll,
                                                             &Machine.optSettingsMK2,
                                                             &Machine.optSettingsMK4,
                                                             &Machine.optSettingsF1CNC,
@@ -254,6 +260,13 @@ void Workbench::cmdReturn_Click() {
     }
 }
 
+void Workbench::TellUnkept() {
+    if (std::exchange(unkeptTold_, true)) return;
+    Platform.Dialogs.ShowMessage(
+        Notice(std::string(Language.MessageTexts(text::Unkept)) + " " + Window.Folders.DataFolder, "",
+               Icon::Exclamation));
+}
+
 void Workbench::ClearProgram_Click() {
     // 1.
     cmdReturn_Click();
@@ -275,6 +288,7 @@ void Workbench::ClearProgram_Click() {
     Entry.frEntry.Caption = Language.EntryCaption;
     Store.ProgramChanged = false;
     Store.EndCodePresent = false;
+    Writer.SaveFailed = false;
     // 4.
     Interpreter.ClearAxesProperties();
     Layout.ClearEntryFields();
@@ -287,6 +301,13 @@ void Workbench::ClearProgram_Click() {
     // 6.
     ShowCodeLists();
     if (Entry.txtGMcode.ReallyVisible()) Platform.Focus.SetFocus(Entry.txtGMcode);
+}
+
+void Workbench::ShowMachineName() {
+    const OptionButton& option = Store.IsF1()    ? Machine.optSettingsF1CNC
+                                 : Store.IsMK2() ? Machine.optSettingsMK2
+                                                 : Machine.optSettingsMK4;
+    Main.lblMachineType.Caption = option.Caption;
 }
 
 void Workbench::RefreshMachine() {
@@ -304,6 +325,7 @@ void Workbench::RefreshMachine() {
                                                   : "Compact5 CNC MK4";
     Main.cmdTopButtons[5]->Visible = !Store.IsF1();
     Main.cmdTopButtons[6]->Visible = Store.IsF1();
+    ShowMachineName();
     if (Store.IsF1()) {
         Entry.picXYaxes.Visible = true;
         Entry.picXYaxes.Enabled = true;
