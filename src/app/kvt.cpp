@@ -13,6 +13,7 @@
 #include "desktop/form_view.h"
 #include "desktop/text.h"
 #include "headless/disk_files.h"
+#include "headless/system_programs.h"
 #include "shell/workbench.h"
 
 namespace {
@@ -114,7 +115,8 @@ int main(int argc, char** argv) {
 
     kvt::FaultPlan noFaults;
     kvt::DiskFiles files(noFaults);
-    kvt::DesktopPlatform platform(files,
+    kvt::SystemPrograms programs;
+    kvt::DesktopPlatform platform(files, programs,
                                   options.Scale > 0 ? options.Scale : kvt::DesktopPlatform::ScreenFactor());
     kvt::DesktopSystem& system = platform.Desktop.System;
     kvt::Workbench workbench(platform.Services);

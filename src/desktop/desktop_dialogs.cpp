@@ -40,15 +40,6 @@ QMessageBox::Icon IconOf(Icon icon) {
     return QMessageBox::NoIcon;
 }
 
-// What a box belongs to: the window in front, or any that is to be seen.
-QWidget* WindowInFront() {
-    if (QWidget* active = QApplication::activeWindow()) return active;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->isVisible() && window->windowType() == Qt::Window) return window;
-    }
-    return nullptr;
-}
-
 // "name|*.a;*.b|..." as the toolkit has it; "*.*" is any file.
 QStringList FiltersOf(std::string_view filter) {
     QStringList filters;
@@ -64,6 +55,14 @@ QStringList FiltersOf(std::string_view filter) {
 }
 
 }  // namespace
+
+QWidget* WindowInFront() {
+    if (QWidget* active = QApplication::activeWindow()) return active;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->windowType() == Qt::Window) return window;
+    }
+    return nullptr;
+}
 
 Answer DesktopDialogs::ShowMessage(const MessageBox& box) {
     const bool asks = box.Choice != Buttons::Ok;

@@ -3,7 +3,12 @@
 #include "desktop/view.h"
 #include "platform/services.h"
 
+class QWidget;
+
 namespace kvt {
+
+// What a dialog belongs to: the window in front, or any that is to be seen.
+QWidget* WindowInFront();
 
 // Message boxes and file dialogs of the toolkit. A box without a title has the program's name.
 class DesktopDialogs : public DialogService {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/desktop_dialogs.h"
+#include "desktop/desktop_printer.h"
 #include "desktop/view.h"
 #include "platform/services.h"
 
@@ -25,13 +26,13 @@ private:
     const Scale& lengths_;
 };
 
-// The windowing half of the platform. Stands on a QApplication, and on files that it is given.
+// The windowing half of the platform. Stands on a QApplication, and on files and programs that it is given.
 class DesktopPlatform {
 public:
     // The factor by which lengths grow: that of the screen's resolution, 1 to 2.
     static double ScreenFactor();
 
-    DesktopPlatform(FileService& files, double factor);
+    DesktopPlatform(FileService& files, ProgramService& programs, double factor);
 
     // What a FormView needs, which shows a form.
     DesktopContext Desktop;
@@ -43,6 +44,7 @@ private:
     DesktopDialogs dialogs_;
     DesktopClipboard clipboard_;
     DesktopScreen screen_;
+    DesktopPrinter printer_;
 };
 
 }  // namespace kvt

@@ -17,10 +17,14 @@ public:
     void Append(std::string_view path, std::string_view content) override;
     void Delete(std::string_view path) override;
     void MakeFolder(std::string_view path) override;
+    std::vector<std::string> List(std::string_view folder, std::string_view pattern) override;
 
 private:
     FaultPlan& faults_;
 };
+
+// A file name as the system has it: that of the file that the program means by it.
+std::string NameForSystem(std::string_view name);
 
 // A file name of the system as the program holds it: in the code page where that is possible without loss.
 std::string NameFromSystem(std::string_view name);

@@ -7,6 +7,8 @@
 
 #include "headless/disk_files.h"
 #include "headless/fault_plan.h"
+#include "headless/memory_printer.h"
+#include "headless/system_programs.h"
 #include "platform/focus_keeper.h"
 #include "platform/services.h"
 
@@ -124,13 +126,16 @@ public:
     MemoryScreen Screen;
     FocusKeeper Focus;
     MemorySystem System{Focus, &Clipboard};
+    MemoryPrinter Printer{Faults};
+    MemoryPrograms Programs{Faults};
 
-    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus};
+    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Printer, Programs};
 
     // For a new run of the program: its windows have gone, with the focus; what lies outside it stays.
     void BeginRun() {
         Focus = FocusKeeper();
         System.BeginRun();
+        Printer.BeginRun();
     }
 };
 

@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "platform/controls.h"
+#include "platform/printer.h"
+#include "platform/programs.h"
 
 // What the rooms ask of the platform. Each half implements it; failures are RunTimeErrors.
 namespace kvt {
@@ -30,6 +32,9 @@ public:
     virtual void Delete(std::string_view path) = 0;
     // Makes a folder with its parents; one that exists is fine. Error 75.
     virtual void MakeFolder(std::string_view path) = 0;
+    // The names of the plain files of a folder that end in what follows the "*" of the pattern (case ignored), in
+    // the order of the alphabet. A folder that is missing has none; one that cannot be read is error 75.
+    virtual std::vector<std::string> List(std::string_view folder, std::string_view pattern) = 0;
 };
 
 enum class Icon : std::uint8_t { None, Information, Exclamation, Question, Critical };
@@ -111,6 +116,8 @@ struct Services {
     ScreenService& Screen;
     SystemService& System;
     FocusService& Focus;
+    PrinterService& Printer;
+    ProgramService& Programs;
 };
 
 }  // namespace kvt
