@@ -49,6 +49,7 @@ ScriptOptions Merged(ScriptOptions own, const ScriptOptions& call) {
     if (!call.Data.empty()) own.Data = call.Data;
     if (!call.Screen.empty()) own.Screen = call.Screen;
     if (!call.WorkArea.empty()) own.WorkArea = call.WorkArea;
+    own.NoPrinter = own.NoPrinter || call.NoPrinter;
     return own;
 }
 
@@ -58,6 +59,7 @@ void ScriptOptions::Declare(CLI::App& app) {
     app.add_option("--data", Data, "What stands for the user's local application data folder");
     app.add_option("--screen", Screen, "Width and height of the screen in twips")->expected(2);
     app.add_option("--workarea", WorkArea, "Height of the work area in twips")->expected(1);
+    app.add_flag("--no-printer", NoPrinter, "A machine without a printer");
 }
 
 int RunScript(const std::string& file, const ScriptOptions& options) {

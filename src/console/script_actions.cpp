@@ -2,6 +2,7 @@
 #include <cstdio>
 
 #include "basic/code_page.h"
+#include "basic/number.h"
 #include "console/script_run.h"
 #include "console/state.h"
 #include "headless/key_names.h"
@@ -173,6 +174,15 @@ void QueueFile(Script& run, Given given) {
         {cancelled, cancelled ? std::string() : NameFromSystem(given.Last())});
 }
 
+void QueuePrinter(Script& run, Given given) {
+    std::deque<int>& answers = run.Session.Platform.Printer.Answers;
+    if (given.Text(0) == "cancel") return answers.push_back(0);
+    const double copies = Val(given.Text(0));
+    if (copies < 1 || copies > 99 || !IsNumeric(given.Text(0)))
+        throw ScriptError{"copies, 1 to 99, or cancel"};
+    answers.push_back(ToLong(copies));
+}
+
 // What surrounds the program.
 
 void PutOnClipboard(Script& run, Given given) {
@@ -297,6 +307,7 @@ constexpr ScriptAction actions[] = {
 
     {"answer", {Arg::Word}, QueueAnswer},
     {"file", {Arg::Text}, QueueFile},
+    {"printer", {Arg::Word}, QueuePrinter},
     {"clipboard", {Arg::Text}, PutOnClipboard},
     {"write", {Arg::Word, Arg::Text}, WriteFile},
     {"program", {Arg::Word, Arg::Text}, WriteProgram},

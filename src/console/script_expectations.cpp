@@ -169,6 +169,13 @@ void ExpectClipboard(Script& run, Given given) {
     run.Compare(given.Last(), ToUtf8(run.Session.Platform.Clipboard.Content));
 }
 
+// All that the printer was given since the last time.
+void ExpectPrinted(Script& run, Given given) {
+    const std::string& printed = run.Session.Platform.Printer.Printed;
+    run.Compare(given.Last(), ToUtf8(std::string_view(printed).substr(run.ExpectedPrint)));
+    run.ExpectedPrint = printed.size();
+}
+
 void ExpectClock(Script& run, Given given) {
     run.Compare(given.Last(), PlainNumber(static_cast<std::int64_t>(run.Session.Platform.System.Clock)));
 }
@@ -198,6 +205,7 @@ constexpr ScriptAction expectations[] = {
     {"logcount", {Arg::Text}, ExpectLogCount},
     {"focus", {Arg::Text}, ExpectFocus},
     {"clipboard", {Arg::Text}, ExpectClipboard},
+    {"printed", {Arg::Text}, ExpectPrinted},
     {"clock", {Arg::Text}, ExpectClock},
     {"running", {Arg::Text}, ExpectRunning},
 };

@@ -42,6 +42,8 @@ public:
     // How many of the message boxes shown have been expected, and how many printed.
     std::size_t ExpectedBoxes = 0;
     std::size_t PrintedBoxes = 0;
+    // How much of what the printer was given has been expected.
+    std::size_t ExpectedPrint = 0;
 
     // Something that is worth knowing about the line, on standard error.
     void Note(const std::string& text);

@@ -13,7 +13,7 @@ struct TopButton {
 // Those whose command is not part of this window stay away.
 constexpr TopButton topButtons[] = {
     {"Open", "Open File", true},    {"Save", "Save File", true},      {"New", "New File", true},
-    {"Print", "Print File", false}, {"Set", "Settings", true},        {"Axes", "Show Axes", false},
+    {"Print", "Print File", true},  {"Set", "Settings", true},        {"Axes", "Show Axes", false},
     {"Axes", "Show Axes", false},   {"Draw", "Draw Toolpath", false}, {"RX", "Receive File", false},
     {"TX", "Transmit File", false},
 };
@@ -31,13 +31,18 @@ MainControls::MainControls(Form& form)
       mnuSave(form, "mnuSave", "Save"),
       mnuSaveAs(form, "mnuSaveAs", "Save As"),
       mnuFileBar1(form, "mnuFileBar1", "-"),
+      mnuImport(form, "mnuImport", "Import"),
       mnuLoadClipboard(form, "mnuLoadClipboard", "Load from Clipboard"),
       mnuSaveClipboard(form, "mnuSaveClipboard", "Save to Clipboard"),
       mnuFileBar2(form, "mnuFileBar2", "-"),
+      mnuFind(form, "mnuFind", "Find"),
+      mnuPrint(form, "mnuPrint", "Print"),
+      mnuFileBar3(form, "mnuFileBar3", "-"),
       mnuExit(form, "mnuExit", "Exit"),
       mnuSettings(form, "mnuSettings", "Settings"),
       mnuGeneral(form, "mnuGeneral", "General"),
       mnuMachine(form, "mnuMachine", "Machine"),
+      mnuPrinter(form, "mnuPrinter", "Printer"),
       mnuXfer(form, "mnuXfer", "Transfer"),
       mnuConvert(form, "mnuConvert", "Convert"),
       mnuHelp(form, "mnuHelp", "Help"),
@@ -88,16 +93,18 @@ MainControls::MainControls(Form& form)
         cmdTopButtons[i]->ToolTip = topButtons[i].ToolTip;
         cmdTopButtons[i]->Visible = topButtons[i].Visible;
     }
-    Put(mnuFile, {&mnuOpen, &mnuNew, &mnuSave, &mnuSaveAs, &mnuFileBar1, &mnuLoadClipboard, &mnuSaveClipboard,
-                  &mnuFileBar2, &mnuExit});
-    Put(mnuSettings, {&mnuGeneral, &mnuMachine});
+    Put(mnuFile, {&mnuOpen, &mnuNew, &mnuSave, &mnuSaveAs, &mnuFileBar1, &mnuImport, &mnuLoadClipboard,
+                  &mnuSaveClipboard, &mnuFileBar2, &mnuFind, &mnuPrint, &mnuFileBar3, &mnuExit});
+    Put(mnuSettings, {&mnuGeneral, &mnuMachine, &mnuPrinter});
     Put(mnuRightClick, {&RCmnuInsert, &RCmnuDelete});
     mnuOpen.Shortcut = "Ctrl+O";
     mnuNew.Shortcut = "Ctrl+N";
     mnuSave.Shortcut = "Ctrl+S";
     mnuSaveAs.Shortcut = "Ctrl+Shift+S";
-    tabSettings.Captions = {"General", "Machine"};
-    for (Control* hidden : std::initializer_list<Control*>{&mnuXfer, &mnuConvert, &mnuHelp, &mnuRightClick,
+    mnuFind.Shortcut = "Ctrl+F";
+    mnuPrint.Shortcut = "Ctrl+P";
+    tabSettings.Captions = {"General", "Machine", "Printer"};
+    for (Control* hidden : std::initializer_list<Control*>{&mnuImport, &mnuXfer, &mnuHelp, &mnuRightClick,
                                                            &rtfHelp, &rtfGcodeHelpMK2, &rtfGcodeHelpMK4,
                                                            &rtfAbout, &lstAbout, &tabSettings}) {
         hidden->Visible = false;

@@ -12,6 +12,8 @@ namespace {
 
 constexpr const char* formLoadName = "Form_Load";
 constexpr const char* programName = "Kestrel Vise Toolkit";
+constexpr const char* noPrinter =
+    "No printer found. A printer MUST be installed in Windows before running KVT";
 constexpr int smallScreenWidth = 12000;
 constexpr int smallScreenHeight = 9000;
 
@@ -42,6 +44,9 @@ void MainWindow::WireMenus() {
     main.mnuSaveAs.OnClick = [this] { bench_.Writer.mnuSaveAs_Click(); };
     main.mnuSaveClipboard.OnClick = [this] { bench_.Writer.mnuSaveClipboard_Click(); };
     main.mnuLoadClipboard.OnClick = [this] { Run(bench_.Calls.LoadClipboardModule); };
+    main.mnuPrint.OnClick = [this] { bench_.Print.mnuPrint_Click(); };
+    main.mnuPrinter.OnClick = [this] { ShowSettings(settings_page::Printer); };
+    bench_.Paper.cmdPrinterDialog.OnClick = [this] { bench_.Print.cmdPrinterDialog_Click(); };
     main.mnuExit.OnClick = [this] { mnuExit_Click(); };
     main.mnuGeneral.OnClick = [this] { ShowSettings(settings_page::General); };
     main.mnuMachine.OnClick = [this] { ShowSettings(settings_page::Machine); };
@@ -106,6 +111,8 @@ void MainWindow::Form_Load(std::string_view commandLine) {
     const std::string transmission = Folders.SettingsFolder + "Transmit.txt";
     if (platform.Files.Exists(transmission))
         Attempt(formLoadName, [&] { platform.Files.Delete(transmission); });
+    // 3.
+    if (!FindPrinter()) return;
     // 5.
     Form& form = bench_.frmMain;
     form.Left = std::max(0, (platform.Screen.Width() - form.Width) / 2);
@@ -136,6 +143,18 @@ std::string MainWindow::NamedFile(std::string_view commandLine) const {
         name = last > 0 ? name.substr(1, last - 1) : name.substr(1);
     }
     return !name.empty() && bench_.Platform.Files.Exists(name) ? std::string(name) : std::string();
+}
+
+bool MainWindow::FindPrinter() {
+    try {
+        bench_.Paper.FillFonts();
+    } catch (const RunTimeError& error) {
+        if (error.Number != fault::PrinterError) return TellError(error, formLoadName), true;
+        bench_.Platform.Dialogs.ShowMessage(Notice(noPrinter));
+        mnuExit_Click();
+        return false;
+    }
+    return true;
 }
 
 void MainWindow::FitSmallScreen() {
@@ -192,18 +211,18 @@ void MainWindow::tmr1sec_Timer() {
              {top_button::Save, top_button::New, top_button::Print, top_button::Draw, top_button::Transmit}) {
             main.cmdTopButtons[static_cast<std::size_t>(index)]->Enabled = false;
         }
-        for (Control* control :
-             std::initializer_list<Control*>{&main.mnuSave, &main.mnuSaveAs, &main.mnuNew, &main.RCmnuDelete,
-                                             &main.RCmnuInsert, &main.cmdDelete, &bench_.Results.cmdRun}) {
+        for (Control* control : std::initializer_list<Control*>{
+                 &main.mnuSave, &main.mnuSaveAs, &main.mnuNew, &main.mnuPrint, &main.RCmnuDelete,
+                 &main.RCmnuInsert, &main.cmdDelete, &bench_.Results.cmdRun}) {
             control->Enabled = false;
         }
     } else {
         for (const int index : {top_button::New, top_button::Print, top_button::Draw}) {
             main.cmdTopButtons[static_cast<std::size_t>(index)]->Enabled = true;
         }
-        for (Control* control :
-             std::initializer_list<Control*>{&main.mnuNew, &main.RCmnuDelete, &main.RCmnuInsert,
-                                             &main.cmdDelete, &main.cmdInsert, &bench_.Results.cmdRun}) {
+        for (Control* control : std::initializer_list<Control*>{
+                 &main.mnuNew, &main.mnuPrint, &main.RCmnuDelete, &main.RCmnuInsert, &main.cmdDelete,
+                 &main.cmdInsert, &bench_.Results.cmdRun}) {
             control->Enabled = true;
         }
     }
@@ -264,6 +283,11 @@ void MainWindow::cmdTopButtons_Click(int index) {
         case top_button::Open: return OpenFile("");
         case top_button::Save: return bench_.Writer.mnuSave_Click();
         case top_button::New: return mnuNew_Click();
+        case top_button::Print:
+            bench_.Print.DirectPrint = true;
+            bench_.Print.mnuPrint_Click();
+            bench_.Print.DirectPrint = false;
+            return;
         case top_button::Settings: return ShowSettings(settings_page::General);
         default: return;
     }

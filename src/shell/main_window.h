@@ -42,6 +42,8 @@ private:
     // The file that a command line names: what stands between its outer double quotes, if there are any.
     std::string NamedFile(std::string_view commandLine) const;
     void FitSmallScreen();
+    // Reads the fonts of the printer. A machine without one ends the program; false then.
+    bool FindPrinter();
 
     Workbench& bench_;
     bool ended_ = false;

@@ -36,6 +36,8 @@ Workbench::Workbench(Services& services)
       Reader({Store, File, Entry, Layout, Machine, View, Options, Interpreter, Language, services, Calls,
               Writer}),
       Received(frmMain, {Store, File, Reader, Language, services, Calls}),
+      Paper(frmMain, services.Printer),
+      Print({Store, File, Writer, Language, services, Calls}),
       Window(*this) {
     frmMain.Width = firstWidth;
     frmMain.Height = firstHeight;
@@ -90,6 +92,8 @@ void Workbench::PlaceInFrames() {
     };
     onPage(settings_page::General, {&View.chkSettingsAutowidth, &Entry.chkSettingsDWC,
                                     &Main.lblSettingsIncrColor, &Main.lblSettingsAbsColor});
+    onPage(settings_page::Printer, {&Paper.lblFontName, &Paper.cboFontName, &Paper.lblFontSize,
+                                    &Paper.cboFontSize, &Paper.cmdPrinterDialog});
     onPage(settings_page::Machine, {&Main.frMachineType, &Main.frCompact5, &Main.frF1CNC});
     for (const auto& button : Main.cmdTopButtons) button->Container = &Main.frControlPanel;
     put(Main.frAxesProperties, {&Main.lblMin, &Main.lblMax, &Main.lblTravel});
@@ -201,6 +205,9 @@ void Workbench::OrderTabs() {
                                                             &Machine.optSettingsVinch,
                                                             &Machine.optSettingsHmm,
                                                             &Machine.optSettingsHinch,
+                                                            &Paper.cboFontName,
+                                                            &Paper.cboFontSize,
+                                                            &Paper.cmdPrinterDialog,
                                                             &Entry.cmdReturn}) {
         control->TabIndex = next++;
     }

@@ -7,12 +7,14 @@
 #include "editor/line_operations.h"
 #include "files/cnc_reader.h"
 #include "files/cnc_writer.h"
+#include "files/program_print.h"
 #include "files/received_program.h"
 #include "interpreter/view_options.h"
 #include "program/machine_controls.h"
 #include "shell/error_log.h"
 #include "shell/main_controls.h"
 #include "shell/main_window.h"
+#include "shell/printer_page.h"
 
 namespace kvt {
 
@@ -48,6 +50,8 @@ public:
     CncWriter Writer;
     CncReader Reader;
     ReceivedProgram Received;
+    PrinterPage Paper;
+    ProgramPrint Print;
     MainWindow Window;
 
     // All windows, the main one first.
