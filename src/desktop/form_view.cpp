@@ -119,6 +119,7 @@ void FormView::Follow(PropertyId id) {
             window_->setVisible(form_.Visible);
             if (form_.Visible) window_->activateWindow();
             break;
+        case PropertyId::Entries: MakeViews(); break;
         case PropertyId::Enabled: field_->setEnabled(form_.Enabled); break;
         default: break;
     }

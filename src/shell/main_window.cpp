@@ -14,6 +14,11 @@ constexpr const char* formLoadName = "Form_Load";
 constexpr const char* programName = "Kestrel Vise Toolkit";
 constexpr const char* noPrinter =
     "No printer found. A printer MUST be installed in Windows before running KVT";
+constexpr const char* noCalculator = "No calculator was found on this machine";
+// Those of the desktops, by the names of their programs.
+constexpr const char* calculators[] = {"gnome-calculator",  "kcalc",         "mate-calc",
+                                       "deepin-calculator", "qalculate-gtk", "qalculate-qt",
+                                       "galculator",        "speedcrunch",   "xcalc"};
 constexpr int smallScreenWidth = 12000;
 constexpr int smallScreenHeight = 9000;
 
@@ -44,6 +49,8 @@ void MainWindow::WireMenus() {
     main.mnuSaveAs.OnClick = [this] { bench_.Writer.mnuSaveAs_Click(); };
     main.mnuSaveClipboard.OnClick = [this] { bench_.Writer.mnuSaveClipboard_Click(); };
     main.mnuLoadClipboard.OnClick = [this] { Run(bench_.Calls.LoadClipboardModule); };
+    main.mnuFind.OnClick = [this] { bench_.Find.mnuFind_Click(); };
+    bench_.Conversions.mnuCalculator.OnClick = [this] { mnuCalculator_Click(); };
     main.mnuPrint.OnClick = [this] { bench_.Print.mnuPrint_Click(); };
     main.mnuPrinter.OnClick = [this] { ShowSettings(settings_page::Printer); };
     bench_.Paper.cmdPrinterDialog.OnClick = [this] { bench_.Print.cmdPrinterDialog_Click(); };
@@ -105,6 +112,7 @@ void MainWindow::Form_Load(std::string_view commandLine) {
     bench_.frmMain.Visible = false;
     Folders = FoldersBelow(platform.System.LocalDataFolder());
     bench_.Log.DataFolder = Folders.DataFolder;
+    bench_.Import.PreProcessorFolder = Folders.PreProcessorFolder;
     bench_.Received.SettingsFolder = Folders.SettingsFolder;
     MakeFolders(Folders, platform.Files, formLoadName);
     // 2. What a crash left.
@@ -249,6 +257,16 @@ void MainWindow::RefreshTitle() {
     bench_.frmMain.Caption = title;
 }
 
+void MainWindow::mnuCalculator_Click() {
+    ProgramService& programs = bench_.Platform.Programs;
+    for (const char* name : calculators) {
+        bool launched = false;
+        Attempt("mnuCalculator_Click", [&] { launched = programs.Launch(name); });
+        if (launched) return;
+    }
+    bench_.Platform.Dialogs.ShowMessage(Notice(noCalculator));
+}
+
 void MainWindow::mnuNew_Click() {
     bench_.ClearProgram_Click();
     bench_.Store.AddBlankLine(true);
@@ -269,6 +287,7 @@ void MainWindow::mnuExit_Click() {
     // 2., 3.
     store.ProgramChanged = false;
     bench_.Interpreter.EndStepRun();
+    bench_.Import.Abort();
     bench_.frmMain.Visible = false;
     bench_.Platform.System.EndProgram();
 }

@@ -42,6 +42,7 @@ private:
     // The file that a command line names: what stands between its outer double quotes, if there are any.
     std::string NamedFile(std::string_view commandLine) const;
     void FitSmallScreen();
+    void mnuCalculator_Click();
     // Reads the fonts of the printer. A machine without one ends the program; false then.
     bool FindPrinter();
 

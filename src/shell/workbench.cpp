@@ -28,7 +28,9 @@ Workbench::Workbench(Services& services)
       Options(Store, View, Lists, Interpreter, Calls),
       Layout(Entry, Store, Lists, services.Focus),
       Lines({Entry, Layout, Store, View, Interpreter, Language, services, Calls}),
-      Feeds(Entry, Store, services.Focus),
+      Feeds(Entry, Store, Interpreter, services.Focus),
+      Find(Store, services.Focus),
+      Conversions(frmMain, Store, Machine),
       Calculated(Store, Language, services.Dialogs, services.Focus),
       Codes({Entry, Layout, Store, Lists, View, Interpreter, services, Calls}),
       Keyboard({Entry, Layout, Codes, Calculated, Lines, Store, View, Language, services, Calls}),
@@ -38,6 +40,7 @@ Workbench::Workbench(Services& services)
       Received(frmMain, {Store, File, Reader, Language, services, Calls}),
       Paper(frmMain, services.Printer),
       Print({Store, File, Writer, Language, services, Calls}),
+      Import({Store, File, Reader, Main.mnuImport, services}),
       Window(*this) {
     frmMain.Width = firstWidth;
     frmMain.Height = firstHeight;
@@ -79,7 +82,10 @@ void Workbench::PlaceInFrames() {
     put(Main.frFileNotes, {&File.txtFileNotes});
     put(Main.frCmdEditor1, {&Main.cmdInsert, &Main.cmdDelete});
     put(Entry.frEntry, {&Main.lblComment});
-    for (Menu* entry : {&Machine.mnuINCHtoMM, &Machine.mnuMMtoINCH}) entry->Container = &Main.mnuConvert;
+    for (Menu* entry : {&Machine.mnuINCHtoMM, &Machine.mnuMMtoINCH, &Conversions.mnuCalculator,
+                        &Conversions.mnuDelComments}) {
+        entry->Container = &Main.mnuConvert;
+    }
     put(Main.frMachineType, {&Machine.optSettingsMK2, &Machine.optSettingsMK4, &Machine.optSettingsF1CNC});
     put(Main.frCompact5, {&Machine.optSettingsMm, &Machine.optSettingsInch});
     put(Main.frF1CNC, {&Machine.optSettingsHmm, &Machine.optSettingsHinch, &Machine.optSettingsVmm,
@@ -272,6 +278,7 @@ void Workbench::RefreshMachine() {
     View.MakeToolpositionColums();
     View.MakeLinePropertiesColumns();
     View.MakeMachineColumns();
+    Import.RefreshPreProcessors();
     Run(Calls.ControlsPositioning);
     Entry.lblGMcode.Caption = "G";
     Machine.RefreshUnits();

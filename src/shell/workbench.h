@@ -2,11 +2,14 @@
 
 #include "editor/calculated_inputs.h"
 #include "editor/code_choice.h"
+#include "editor/conversion.h"
 #include "editor/feed_presets.h"
+#include "editor/find_window.h"
 #include "editor/keyboard_entry.h"
 #include "editor/line_operations.h"
 #include "files/cnc_reader.h"
 #include "files/cnc_writer.h"
+#include "files/pre_processor.h"
 #include "files/program_print.h"
 #include "files/received_program.h"
 #include "interpreter/view_options.h"
@@ -44,6 +47,8 @@ public:
     FieldLayout Layout;
     LineOperations Lines;
     FeedPresets Feeds;
+    FindWindow Find;
+    Conversion Conversions;
     CalculatedInputs Calculated;
     CodeChoice Codes;
     KeyboardEntry Keyboard;
@@ -52,10 +57,11 @@ public:
     ReceivedProgram Received;
     PrinterPage Paper;
     ProgramPrint Print;
+    PreProcessor Import;
     MainWindow Window;
 
     // All windows, the main one first.
-    std::vector<Form*> Forms() { return {&frmMain}; }
+    std::vector<Form*> Forms() { return {&frmMain, &Find.frmFind, &Import.Window.frmPreProcessor}; }
 
     // Starts the workbench; see MainWindow.
     void Form_Load(std::string_view commandLine) { Window.Form_Load(commandLine); }
