@@ -14,6 +14,13 @@
 
 namespace kvt {
 
+namespace {
+
+// Characters that a broken line has below its last column; with less it goes on farther left.
+constexpr qsizetype leastRoom = 10;
+
+}  // namespace
+
 DesktopPrinter::DesktopPrinter(DesktopContext& desktop) : desktop_(desktop) {
     FontName = FromQt(QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
 }
@@ -109,20 +116,31 @@ void DesktopPrinter::Print(std::string_view line) {
     for (const QString& part : ToQt(line).split(QStringLiteral("\r\n"))) PutLine(part);
 }
 
+// A line that is too long is broken at a blank, and goes on below its last column.
 void DesktopPrinter::PutLine(const QString& line) {
     const QFontMetricsF metrics(painter_->font(), device_.get());
     const QRect page = device_->pageLayout().paintRectPixels(device_->resolution());
     QString rest = line;
+    qsizetype indent = 0;
     do {
         if (top_ > 0 && top_ + metrics.height() > page.height()) {
             device_->newPage();
             top_ = 0;
         }
         qsizetype fits = rest.size();
-        while (fits > 1 && metrics.horizontalAdvance(rest.left(fits)) > page.width()) --fits;
+        while (fits > indent + 1 && metrics.horizontalAdvance(rest.left(fits)) > page.width()) --fits;
+        if (fits < rest.size()) {
+            const qsizetype blank = rest.lastIndexOf(u' ', fits);
+            if (blank > std::max(indent, fits / 2)) fits = blank;
+        }
         painter_->drawText(QPointF(0, top_ + metrics.ascent()), rest.left(fits));
-        rest.remove(0, fits);
         top_ += metrics.lineSpacing();
+        if (rest.size() == line.size()) {
+            const qsizetype column = line.left(fits).lastIndexOf(QStringLiteral("  ")) + 2;
+            indent = column >= 2 && column <= fits - leastRoom ? column : std::min<qsizetype>(4, fits / 2);
+        }
+        rest = rest.mid(fits).trimmed();
+        if (!rest.isEmpty()) rest.prepend(QString(indent, u' '));
     } while (!rest.isEmpty());
 }
 
