@@ -341,10 +341,7 @@ void MainWindow::ShowSettings(int page) {
 }
 
 void MainWindow::ChooseMachine(const char* machine) {
-    const bool inSettings = bench_.Main.tabSettings.Visible;
     mnuNew_Click();
-    // The page stays under the user's hand.
-    bench_.Main.tabSettings.Visible = inSettings;
     // Still unsaved: the user kept the program, and the machine stays.
     if (!bench_.Store.ProgramChanged) bench_.Store.Machine = machine;
     bench_.ShowCodeLists();

@@ -40,7 +40,7 @@ TEST_F(WindowTest, AMenuEntryMadeLaterIsShownAndWorks) {
     later.OnClick = [&] { ++clicks; };
     form.TellControlsAdded();
     QMenu* const entries = dynamic_cast<MenuView*>(mnuFile.View)->Entries();
-    ASSERT_EQ(entries->actions().constLast()->text(), u"Later"_s);
+    ASSERT_EQ(entries->actions().constLast()->text(), u"&Later"_s);
     entries->actions().constLast()->trigger();
     EXPECT_EQ(clicks, 1);
     window.reset();
