@@ -83,7 +83,8 @@ void LabelView::Follow(PropertyId id) {
         case PropertyId::Height: {
             const bool wraps = label_.Height >= severalLines;
             face_->setWordWrap(wraps);
-            face_->setAlignment(wraps ? Qt::AlignLeft | Qt::AlignTop : Qt::AlignLeft | Qt::AlignVCenter);
+            const Qt::Alignment side = label_.AtRight ? Qt::AlignRight : Qt::AlignLeft;
+            face_->setAlignment(side | (wraps ? Qt::AlignTop : Qt::AlignVCenter));
             View::Follow(id);
             break;
         }

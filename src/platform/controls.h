@@ -144,6 +144,8 @@ public:
         : Control(form, ControlKind::Label, name), Caption(*this, PropertyId::Caption, caption) {}
     TextProperty Caption;
     Property<Color> ForeColor{*this, PropertyId::ForeColor};
+    // Numbers below one another stand at the right edge. Set before it is shown.
+    bool AtRight = false;
 };
 
 // Selection positions count from 0, as characters in front.
@@ -176,6 +178,9 @@ public:
         : Control(form, ControlKind::CommandButton, name, index),
           Caption(*this, PropertyId::Caption, caption) {}
     TextProperty Caption;
+    // Strokes on a field of 24 by 24, y down: "M x y" goes there, "L x y" draws a line, "C" a curve by three points,
+    // "O x y r" a circle, "Z" closes. Shown above the caption; empty for none. Set before it is shown.
+    std::string Picture;
 };
 
 // Value is 0 or 1.
