@@ -109,19 +109,6 @@ void FrameView::Follow(PropertyId id) {
     }
 }
 
-PictureView::PictureView(DesktopContext& desktop, Picture& control, QWidget* parent)
-    : View(desktop, control, new QFrame(parent)) {
-    static_cast<QFrame*>(Widget())->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    Widget()->setBackgroundRole(QPalette::Base);
-    Widget()->setAutoFillBackground(true);
-}
-
-bool PictureView::eventFilter(QObject* watched, QEvent* event) {
-    if (!IsClick(*Widget(), *event)) return View::eventFilter(watched, event);
-    Desktop.System.Run(Subject(), "Click", [this] { Subject().Click(); });
-    return true;
-}
-
 RichTextView::RichTextView(DesktopContext& desktop, RichText& control, QWidget* parent)
     : View(desktop, control, new QTextBrowser(parent)),
       document_(control),

@@ -243,12 +243,7 @@ public:
     std::function<void()> OnTimer;
 };
 
-// A picture without a pen, and a document laid over the program list.
-class Picture : public Control {
-public:
-    Picture(Form& form, std::string_view name) : Control(form, ControlKind::PictureBox, name) {}
-};
-
+// A document laid over the program list.
 class RichText : public Control {
 public:
     RichText(Form& form, std::string_view name) : Control(form, ControlKind::RichText, name) {}

@@ -34,6 +34,10 @@ enum class PropertyId : std::uint8_t {
     TopRow,
     Headers,
     Bounds,
+    BackColor,
+    MousePointer,
+    Operations,
+    Front,
 };
 
 namespace detail {
