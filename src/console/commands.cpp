@@ -5,6 +5,7 @@
 #include <memory>
 #include <new>
 
+#include "basic/code_page.h"
 #include "console/listing.h"
 #include "console/state.h"
 #include "headless/memory_platform.h"

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <iterator>
 
+#include "basic/code_page.h"
 #include "console/commands.h"
 #include "console/script_run.h"
 

@@ -1,7 +1,9 @@
 #include <algorithm>
+#include <charconv>
 #include <cstdio>
 
 #include "basic/code_page.h"
+#include "basic/text.h"
 #include "console/script_run.h"
 #include "console/state.h"
 #include "headless/key_names.h"
@@ -173,6 +175,24 @@ void QueueFile(Script& run, Given given) {
         {cancelled, cancelled ? std::string() : NameFromSystem(given.Last())});
 }
 
+// A colour is a number with red in the low byte, in decimal or as "&H" and hexadecimal.
+void QueueColor(Script& run, Given given) {
+    std::string_view text = given.Last();
+    std::optional<Color> color;
+    if (text != "cancel") {
+        const bool hexadecimal = EqualIgnoringCase(text.substr(0, 2), "&H");
+        if (hexadecimal) text.remove_prefix(2);
+        Color value = 0;
+        const auto read =
+            std::from_chars(text.data(), text.data() + text.size(), value, hexadecimal ? 16 : 10);
+        if (read.ec != std::errc() || read.ptr != text.data() + text.size()) {
+            throw ScriptError{"no colour: " + Quoted(given.Last())};
+        }
+        color = value;
+    }
+    run.Session.Platform.Dialogs.ColorAnswers.push_back(color);
+}
+
 // What surrounds the program.
 
 void PutOnClipboard(Script& run, Given given) {
@@ -305,6 +325,7 @@ constexpr ScriptAction actions[] = {
 
     {"answer", {Arg::Word}, QueueAnswer},
     {"file", {Arg::Text}, QueueFile},
+    {"colour", {Arg::Text}, QueueColor},
     {"clipboard", {Arg::Text}, PutOnClipboard},
     {"write", {Arg::Word, Arg::Text}, WriteFile},
     {"program", {Arg::Word, Arg::Text}, WriteProgram},

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "basic/code_page.h"
 #include "basic/text.h"
 #include "files/folders.h"
 

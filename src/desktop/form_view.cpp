@@ -18,10 +18,10 @@ namespace kvt {
 namespace {
 
 constexpr PropertyId allProperties[] = {
-    PropertyId::Left,    PropertyId::Height,  PropertyId::ToolTip,   PropertyId::Caption,
-    PropertyId::Entries, PropertyId::Bounds,  PropertyId::Rows,      PropertyId::Headers,
-    PropertyId::Text,    PropertyId::Value,   PropertyId::ListIndex, PropertyId::ForeColor,
-    PropertyId::Enabled, PropertyId::Visible,
+    PropertyId::Left,         PropertyId::Height,  PropertyId::ToolTip,   PropertyId::Caption,
+    PropertyId::Entries,      PropertyId::Bounds,  PropertyId::Rows,      PropertyId::Headers,
+    PropertyId::Text,         PropertyId::Value,   PropertyId::ListIndex, PropertyId::ForeColor,
+    PropertyId::MousePointer, PropertyId::Enabled, PropertyId::Visible,
 };
 
 // What lies over what: documents and pictures over the list, frames and tabs over these, the rest on top.

@@ -32,6 +32,7 @@ private:
 };
 
 constexpr double tint = 0.2;
+constexpr int entrySpace = 3;  // pixels between the lines of two entries
 
 class EntryPainter : public QStyledItemDelegate {
 public:
@@ -39,7 +40,7 @@ public:
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         const QSize size = QStyledItemDelegate::sizeHint(option, index);
-        return {size.width(), option.fontMetrics.height() + 3};
+        return {size.width(), option.fontMetrics.height() + entrySpace};
     }
 
     // The selected entry of a list without the keys is but tinted.
@@ -78,10 +79,24 @@ public:
     }
 };
 
+// Shows whole entries only.
+class WholeEntries : public QListView {
+public:
+    using QListView::QListView;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        const int entry = fontMetrics().height() + entrySpace;
+        const int room = height() - 2 * frameWidth();
+        setViewportMargins(0, 0, 0, room > entry ? room % entry : 0);
+        QListView::resizeEvent(event);
+    }
+};
+
 }  // namespace
 
 ListBoxView::ListBoxView(DesktopContext& desktop, ListBox& control, QWidget* parent)
-    : View(desktop, control, new QListView(parent)),
+    : View(desktop, control, new WholeEntries(parent)),
       list_(control),
       face_(static_cast<QListView*>(Widget())) {
     Watch(face_->viewport());

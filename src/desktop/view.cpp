@@ -45,15 +45,17 @@ void View::Follow(PropertyId id) {
             widget_->setEnabled(control_.Enabled);
             Desktop.Focus.RestoreSoon();
             break;
-        case PropertyId::MousePointer:
-            if (control_.MousePointer == pointer::ArrowAndHourglass) {
-                widget_->setCursor(Qt::BusyCursor);
-            } else {
-                widget_->unsetCursor();
-            }
-            break;
+        case PropertyId::MousePointer: FollowPointer(); break;
         case PropertyId::ToolTip: widget_->setToolTip(PlainToolTip(ToQt(control_.ToolTip))); break;
         default: break;
+    }
+}
+
+void View::FollowPointer() {
+    switch (control_.MousePointer) {
+        case mouse::CrossPointer: return widget_->setCursor(Qt::CrossCursor);
+        case mouse::BusyPointer: return widget_->setCursor(Qt::BusyCursor);
+        default: return widget_->unsetCursor();
     }
 }
 

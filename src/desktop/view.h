@@ -64,6 +64,7 @@ protected:
     DesktopContext& Desktop;
 
 private:
+    void FollowPointer();
     bool KeyPressed(QObject* watched, QKeyEvent& event);
     bool TextCommitted(QObject* watched, QInputMethodEvent& event);
     bool MousePressed();

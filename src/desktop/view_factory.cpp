@@ -3,6 +3,7 @@
 #include "desktop/button_views.h"
 #include "desktop/list_box_view.h"
 #include "desktop/list_view_view.h"
+#include "desktop/picture_box_view.h"
 #include "desktop/plain_views.h"
 #include "desktop/range_views.h"
 #include "desktop/text_views.h"
@@ -31,7 +32,7 @@ std::unique_ptr<ControlView> NewView(DesktopContext& desktop, Control& control, 
         case ControlKind::ListView:
             return std::make_unique<ListViewView>(desktop, static_cast<ListView&>(control), parent);
         case ControlKind::PictureBox:
-            return std::make_unique<PictureView>(desktop, static_cast<Picture&>(control), parent);
+            return std::make_unique<PictureBoxView>(desktop, static_cast<PictureBox&>(control), parent);
         case ControlKind::RichText:
             return std::make_unique<RichTextView>(desktop, static_cast<RichText&>(control), parent);
         case ControlKind::TabStrip:

@@ -64,11 +64,6 @@ bool WriteStream(const fs::path& path, std::string_view content) {
 
 }  // namespace
 
-std::string NameFromSystem(std::string_view name) {
-    std::string text = FromUtf8(name);
-    return ToUtf8(text) == name ? text : std::string(name);
-}
-
 bool DiskFiles::Exists(std::string_view path) {
     if (path.empty()) return false;
     std::error_code failed;

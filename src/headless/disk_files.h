@@ -22,7 +22,4 @@ private:
     FaultPlan& faults_;
 };
 
-// A file name of the system as the program holds it: in the code page where that is possible without loss.
-std::string NameFromSystem(std::string_view name);
-
 }  // namespace kvt

@@ -29,6 +29,14 @@ bool MemoryDialogs::Choose(FileDialog& dialog) {
     return false;
 }
 
+bool MemoryDialogs::ShowColor(Color& color) {
+    if (ColorAnswers.empty()) return false;
+    const std::optional<Color> answer = ColorAnswers.front();
+    ColorAnswers.pop_front();
+    if (answer) color = *answer;
+    return answer.has_value();
+}
+
 std::string MemoryClipboard::GetText() {
     faults_.Pass("clipboard", fault::InvalidCall);
     return Content;

@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,7 @@ public:
     Answer ShowMessage(const MessageBox& box) override;
     bool ShowOpen(FileDialog& dialog) override { return Choose(dialog); }
     bool ShowSave(FileDialog& dialog) override { return Choose(dialog); }
+    bool ShowColor(Color& color) override;
 
     std::vector<MessageBox> Shown;
     std::deque<Answer> Answers;
@@ -29,6 +31,8 @@ public:
         std::string Path;
     };
     std::deque<FileAnswer> FileAnswers;
+    // A colour, or nothing for a cancelled dialog, as it counts without one.
+    std::deque<std::optional<Color>> ColorAnswers;
     std::function<void(const MessageBox&)> OnUnanswered;
 
 private:

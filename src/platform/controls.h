@@ -37,9 +37,9 @@ enum class ControlKind : std::uint8_t {
 // Colours have red in the low byte.
 using Color = std::uint32_t;
 
-namespace pointer {
-inline constexpr int Usual = 0, ArrowAndHourglass = 13;
-}  // namespace pointer
+namespace mouse {
+inline constexpr int DefaultPointer = 0, CrossPointer = 2, BusyPointer = 13;
+}  // namespace mouse
 
 // Watches one control and shows it. The logic never looks at views.
 class ControlView {
@@ -74,8 +74,8 @@ public:
     Property<int> Height{*this, PropertyId::Height};
     Property<bool> Visible{*this, PropertyId::Visible, true};
     Property<bool> Enabled{*this, PropertyId::Enabled, true};
-    // The pointer of the mouse over it, one of pointer::... .
-    Property<int> MousePointer{*this, PropertyId::MousePointer};
+    // The pointer of the mouse over it, one of mouse::...Pointer.
+    Property<int> MousePointer{*this, PropertyId::MousePointer, mouse::DefaultPointer};
     Property<int> TabIndex{*this, PropertyId::TabIndex, -1};
     TextProperty Tag{*this, PropertyId::Tag};
     TextProperty ToolTip{*this, PropertyId::ToolTip};
@@ -151,6 +151,8 @@ public:
         : Control(form, ControlKind::Label, name), Caption(*this, PropertyId::Caption, caption) {}
     TextProperty Caption;
     Property<Color> ForeColor{*this, PropertyId::ForeColor};
+    // Numbers below one another stand at the right edge. Set before it is shown.
+    bool AtRight = false;
 };
 
 // Selection positions count from 0, as characters in front.
@@ -191,6 +193,9 @@ public:
         : Control(form, ControlKind::CommandButton, name, index),
           Caption(*this, PropertyId::Caption, caption) {}
     TextProperty Caption;
+    // Strokes on a field of 24 by 24, y down: "M x y" goes there, "L x y" draws a line, "C" a curve by three points,
+    // "O x y r" a circle, "Z" closes. Shown above the caption; empty for none. Set before it is shown.
+    std::string Picture;
 };
 
 // Value is 0 or 1.
@@ -253,12 +258,7 @@ public:
     std::function<void()> OnTimer;
 };
 
-// A picture without a pen, and a document laid over the program list.
-class Picture : public Control {
-public:
-    Picture(Form& form, std::string_view name) : Control(form, ControlKind::PictureBox, name) {}
-};
-
+// A document laid over the program list.
 class RichText : public Control {
 public:
     RichText(Form& form, std::string_view name) : Control(form, ControlKind::RichText, name) {}

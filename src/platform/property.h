@@ -34,8 +34,11 @@ enum class PropertyId : std::uint8_t {
     TopRow,
     Headers,
     Bounds,
-    Appended,
+    BackColor,
     MousePointer,
+    Operations,
+    Front,
+    Appended,
 };
 
 namespace detail {

@@ -62,6 +62,8 @@ public:
     // and with CancelError set the cancel is error 32755.
     virtual bool ShowOpen(FileDialog& dialog) = 0;
     virtual bool ShowSave(FileDialog& dialog) = 0;
+    // Shows colours, the given one chosen, and takes the one that the user chooses; false when it was cancelled.
+    virtual bool ShowColor(Color& color) = 0;
 };
 
 class ClipboardService {

@@ -83,6 +83,8 @@ void MainWindow::WireOptions() {
     machine.optSettingsHinch.OnClick = [this] { ChooseUnits("Imperial", true); };
     machine.optSettingsVmm.OnClick = [this] { ChooseUnits("Metric", false); };
     machine.optSettingsVinch.OnClick = [this] { ChooseUnits("Imperial", false); };
+    bench_.Main.lblSettingsIncrColor.OnClick = [this] { ChooseColor(bench_.Store.IncrColor); };
+    bench_.Main.lblSettingsAbsColor.OnClick = [this] { ChooseColor(bench_.Store.AbsColor); };
     bench_.View.chkViewFileNotes.OnClick = [this] { PlaceMainWindow(bench_); };
 }
 
@@ -92,6 +94,7 @@ void MainWindow::WireKeys() {
         if (pressed != key::Escape) return;
         if (bench_.Transfer.frRXcode.Visible) bench_.Received.cmdReceiveExit_Click();
         bench_.Main.tabSettings.Visible = false;
+        if (bench_.Entry.cmdReturn.Visible) bench_.cmdReturn_Click();
         bench_.Platform.Focus.SetFocus(bench_.Store.lvCncProgram);
     };
 }
@@ -289,9 +292,8 @@ void MainWindow::ChooseMachine(const char* machine) {
     mnuNew_Click();
     // Still unsaved: the user kept the program, and the machine stays.
     if (!bench_.Store.ProgramChanged) bench_.Store.Machine = machine;
-    bench_.RefreshMachine();
     bench_.ShowCodeLists();
-    PlaceMainWindow(bench_);
+    bench_.RefreshMachine();
 }
 
 void MainWindow::ChooseUnits(const char* units) {
@@ -303,6 +305,13 @@ void MainWindow::ChooseUnits(const char* units) {
 void MainWindow::ChooseUnits(const char* units, bool horizontal) {
     bench_.Store.Horizontal = horizontal;
     ChooseUnits(units);
+}
+
+void MainWindow::ChooseColor(Color& color) {
+    if (!bench_.Platform.Dialogs.ShowColor(color)) return;
+    bench_.Main.lblSettingsIncrColor.ForeColor = bench_.Store.IncrColor;
+    bench_.Main.lblSettingsAbsColor.ForeColor = bench_.Store.AbsColor;
+    bench_.Interpreter.Interpreter();
 }
 
 void MainWindow::txtFileNotes_KeyPress(int& character) {

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "files/folders.h"
+#include "platform/controls.h"
 
 namespace kvt {
 
@@ -37,6 +38,8 @@ private:
     void ChooseMachine(const char* machine);
     void ChooseUnits(const char* units);
     void ChooseUnits(const char* units, bool horizontal);
+    // Asks for one of the mode colours, and colours the lines with it.
+    void ChooseColor(Color& color);
     void OpenFile(std::string name);
     void txtFileNotes_KeyPress(int& character);
     // The file that a command line names: what stands between its outer double quotes, if there are any.

@@ -96,6 +96,13 @@ void Workbench::PlaceInFrames() {
     put(Main.frCompact5, {&Machine.optSettingsMm, &Machine.optSettingsInch});
     put(Main.frF1CNC, {&Machine.optSettingsHmm, &Machine.optSettingsHinch, &Machine.optSettingsVmm,
                        &Machine.optSettingsVinch, &Main.lblHorizontal, &Main.lblVertical});
+    for (Label* number :
+         {&Machine.lblPPUnits, &Results.lblPPLines, &Results.lblPPLinesExe, &Results.lblPPMachineTime,
+          &Results.lblXAxisMin, &Results.lblXAxisMax, &Results.lblXAxisTravel, &Results.lblYAxisMin,
+          &Results.lblYAxisMax, &Results.lblYAxisTravel, &Results.lblZAxisMin, &Results.lblZAxisMax,
+          &Results.lblZAxisTravel}) {
+        number->AtRight = true;
+    }
     const auto onPage = [this](int page, std::initializer_list<Control*> controls) {
         for (Control* control : controls) {
             control->Container = &Main.tabSettings;

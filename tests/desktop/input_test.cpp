@@ -137,6 +137,7 @@ TEST_F(DesktopInput, WhatIsPastedIsCutToWhatAFieldHolds) {
 TEST_F(DesktopInput, TextAndSelectionGoBothWays) {
     int changes = 0;
     txtA.OnChange = [&] { ++changes; };
+    txtNotes.MultiLine = true;
     Open();
     Focus(txtA);
     txtA.Text = "123";
