@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 
 #include "console/commands.h"
+#include "console/drawing.h"
 #include "console/script.h"
 #include "console/serial_commands.h"
 #include "files/folders.h"
@@ -33,13 +34,28 @@ int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& opti
     check->add_flag("--json", json, "The whole state of each file, one JSON object a line");
     check->add_option("FILE", files, "Program files")->required();
 
+    const auto namesFile = [](const std::string& name) {
+        return name.empty() ? std::string("-o names no file") : std::string();
+    };
     std::string source;
     std::string target;
     CLI::App* format = app.add_subcommand("format", "Write a program back in the layout of its machine");
     format->add_option("FILE", source, "Program file")->required();
-    format->add_option("-o", target, "File to write")->required()->check([](const std::string& name) {
-        return name.empty() ? std::string("-o names no file") : std::string();
-    });
+    format->add_option("-o", target, "File to write")->required()->check(namesFile);
+
+    std::string moduleFile;
+    CLI::App* language = app.add_subcommand("language", "Write a language module, ready to be translated");
+    language->add_option("-o", moduleFile, "File to write")->required()->check(namesFile);
+
+    std::vector<std::string> drawn;
+    std::string picture;
+    bool operations = false;
+    CLI::App* draw = app.add_subcommand("draw", "Draw the tool path");
+    draw->add_option("FILE", drawn, "Program file; several with --json")->required();
+    CLI::Option* const pictureOption =
+        draw->add_option("-o", picture, "Picture to write: .svg, .png or .bmp");
+    draw->add_flag("--json", operations, "The drawing operations of each file, one array a line")
+        ->excludes(pictureOption);
 
     std::string scriptFile;
     ScriptOptions scriptOptions;
@@ -82,10 +98,17 @@ int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& opti
         return status::Usage;
     }
     if (check->parsed()) return Check(files, json, options);
+    if (draw->parsed()) {
+        if (operations) return DrawAsJson(drawn);
+        if (!picture.empty() && drawn.size() == 1) return DrawPicture(drawn.front(), picture, {});
+        std::fprintf(stderr, "kvtc: draw takes one FILE and -o OUT, or --json and files\n");
+        return status::Usage;
+    }
     if (format->parsed()) return FormatFile(source, target);
     if (send->parsed()) return SendFile(serial);
     if (receive->parsed()) return ReceiveFile(serial);
     if (machine->parsed()) return PlayMachine(played);
+    if (language->parsed()) return WriteLanguageModule(moduleFile);
     return RunScript(scriptFile, scriptOptions);
 }
 

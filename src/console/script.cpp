@@ -30,6 +30,7 @@ std::string ReadScript(const std::string& file) {
 
 // The words behind "# options:" in the comments at the top.
 std::vector<std::string> OptionWords(std::string_view script) {
+    if (script.substr(0, 3) == "\xEF\xBB\xBF") script.remove_prefix(3);
     std::vector<std::string> words;
     while (script.substr(0, 1) == "#") {
         const std::size_t end = std::min(script.find('\n'), script.size());

@@ -34,8 +34,14 @@ bool InReach(Script& run, const Control& control) {
 // As a mouse does before it clicks. What the control before did on its leaving may have taken this one away.
 bool GoTo(Script& run, Control& control) {
     if (!InReach(run, control)) return false;
-    if (TakesFocus(control)) run.Session.Platform.Focus.SetFocus(control);
-    return InReach(run, control);
+    FocusService& focus = run.Session.Platform.Focus;
+    if (FocusByHand(control, focus)) return true;
+    if (InReach(run, control)) {
+        const Control* const kept = focus.Focused();
+        run.Note("the focus stays in " +
+                 (kept ? NameOf(run.Session.Forms(), *kept) : std::string("no control")));
+    }
+    return false;
 }
 
 void Start(Script& run, Given given) {
@@ -226,7 +232,7 @@ void DeleteFile(Script& run, Given given) {
 }
 
 void PlanFailure(Script& run, Given given) {
-    constexpr std::string_view services[] = {"file", "port", "printer", "clipboard", "program"};
+    constexpr std::string_view services[] = {"file", "background", "port", "printer", "clipboard", "program"};
     if (std::find(std::begin(services), std::end(services), given.Text(0)) == std::end(services)) {
         throw ScriptError{"unknown service " + Quoted(given.Text(0))};
     }

@@ -6,6 +6,7 @@
 #include "basic/code_page.h"
 #include "basic/text.h"
 #include "files/folders.h"
+#include "files/settings_file.h"
 
 namespace kvt {
 
@@ -81,6 +82,8 @@ void ScriptSession::Start(const std::string& commandLine) {
     if (started_) NewBench();
     started_ = true;
     commandLine_ = commandLine;
+    // As the window's main function does.
+    BringResetCopies(files_, Platform.System.DataFolder);
     bench_->Form_Load(NameFromSystem(commandLine));
 }
 

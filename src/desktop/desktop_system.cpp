@@ -19,7 +19,8 @@ namespace {
 
 // A caller that is back so soon does nothing but wait.
 constexpr qint64 idleNanoseconds = 200'000;
-constexpr int longestRest = 20;  // milliseconds
+constexpr int longestRest = 20;    // milliseconds
+constexpr int longestBreath = 30;  // milliseconds
 
 // Serves the next event, for which it waits some milliseconds at the most.
 void Rest(int milliseconds) {
@@ -40,6 +41,15 @@ bool DesktopSystem::DoEvents() {
     const bool happened = dispatcher->processEvents(QEventLoop::AllEvents);
     if (!happened && waits && !ended_) Rest(longestRest);
     sinceEvents_.start();
+    return !ended_;
+}
+
+bool DesktopSystem::Breathe(long long turn) {
+    if (turn == 1) sinceBreath_.start();
+    if (!ended_ && sinceBreath_.elapsed() >= longestBreath) {
+        QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents);
+        sinceBreath_.start();
+    }
     return !ended_;
 }
 

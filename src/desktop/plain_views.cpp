@@ -100,7 +100,7 @@ bool LabelView::eventFilter(QObject* watched, QEvent* event) {
 
 FrameView::FrameView(DesktopContext& desktop, Frame& control, QWidget* parent)
     : View(desktop, control, new FrameFace(control, parent)) {
-    // Some lie over others.
+    // It may lie over a picture or another frame, which must not shine through.
     Widget()->setAutoFillBackground(true);
 }
 

@@ -97,6 +97,8 @@ void TextBoxView::Drop(const QString& text) {
 
 void TextBoxView::Paste(const QString& text) {
     if (text.isEmpty()) return;
+    // One line takes it as if it were typed: the handlers see each character.
+    if (!Box.MultiLine) return Type(Cleaned(text, false));
     incoming_ = text;
     Press(WithCtrl(key::CtrlV));
     incoming_ = {};

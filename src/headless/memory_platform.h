@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -73,6 +74,10 @@ public:
         : focus_(focus), clipboard_(clipboard) {}
 
     bool DoEvents() override;
+    // Lets the clock run on to the tick, with what was put off for this wait in front.
+    bool AwaitTick(Timer& timer) override;
+    // Only after a great many turns the user loses his patience: then what he does next comes, as in a wait.
+    bool Breathe(long long turn) override;
     // Takes one thing that has come up, then lets the clock run on.
     bool WaitUntil(const std::function<double()>& left) override;
     std::tm Now() override;
@@ -86,6 +91,9 @@ public:
     // nothing can come any more.
     std::deque<std::function<void()>> Events;
     std::function<bool()> NextEvent;
+    // Told at the beginning of a wait for a timer, which takes nothing from NextEvent.
+    std::function<void()> OnTimerWait;
+    static constexpr long long Patience = 1'000'000;
     // The same for a wait that ends by itself: it asks this and nothing else.
     std::function<void()> NextInTimedWait;
     // Runs whenever the clock has moved on.
@@ -96,7 +104,7 @@ public:
     void Type(char character);
     // Lets the virtual clock run on, with the timers of the forms that are given to it.
     void Advance(int milliseconds);
-    void Watch(Form& form) { forms_.push_back(&form); }
+    void Watch(Form& form);
     // Forgets the forms and keys of a run that has ended; the clock runs on.
     void BeginRun();
 
@@ -116,14 +124,27 @@ private:
     void Deliver(KeyPress press);
     void DeliverWaiting();
     void DeliverOne(const KeyPress& press);
-    std::vector<Timer*> RunningTimers() const;
-    long long NextTick(long long end) const;
+    // A timer of a form, and when it was set going: it ticks from there on.
+    class TimerPhase : public ControlView {
+    public:
+        TimerPhase(MemorySystem& system, Timer& timer);
+        void PropertyChanged(Control&, PropertyId id) override;
+        bool Runs() const { return Subject.Enabled && Subject.Interval > 0; }
+        long long NextTick() const;
+
+        Timer& Subject;
+
+    private:
+        MemorySystem& system_;
+        long long start_;
+    };
+    TimerPhase* PhaseOf(const Timer& timer) const;
 
     FocusKeeper& focus_;
     ClipboardService* clipboard_;
     std::deque<KeyPress> keys_;
     bool delivering_ = false;
-    std::vector<Form*> forms_;
+    std::vector<std::unique_ptr<TimerPhase>> timers_;
 };
 
 using MemoryFocus = FocusKeeper;

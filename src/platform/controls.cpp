@@ -102,6 +102,12 @@ void ListBox::AddEntry(std::string_view text) {
     Changed(PropertyId::Entries);
 }
 
+void ListBox::SetEntries(std::vector<std::string> entries) {
+    entries_ = std::move(entries);
+    ListIndex = -1;
+    Changed(PropertyId::Entries);
+}
+
 void ListBox::Clear() {
     entries_.clear();
     ListIndex = -1;

@@ -37,9 +37,9 @@ enum class ControlKind : std::uint8_t {
 // Colours have red in the low byte.
 using Color = std::uint32_t;
 
-namespace mouse {
-inline constexpr int DefaultPointer = 0, CrossPointer = 2, BusyPointer = 13;
-}  // namespace mouse
+namespace pointer {
+inline constexpr int Usual = 0, Cross = 2, ArrowAndHourglass = 13;
+}  // namespace pointer
 
 // Watches one control and shows it. The logic never looks at views.
 class ControlView {
@@ -74,8 +74,8 @@ public:
     Property<int> Height{*this, PropertyId::Height};
     Property<bool> Visible{*this, PropertyId::Visible, true};
     Property<bool> Enabled{*this, PropertyId::Enabled, true};
-    // The pointer of the mouse over it, one of mouse::...Pointer.
-    Property<int> MousePointer{*this, PropertyId::MousePointer, mouse::DefaultPointer};
+    // The pointer of the mouse over it, one of pointer::... .
+    Property<int> MousePointer{*this, PropertyId::MousePointer};
     Property<int> TabIndex{*this, PropertyId::TabIndex, -1};
     TextProperty Tag{*this, PropertyId::Tag};
     TextProperty ToolTip{*this, PropertyId::ToolTip};
@@ -126,8 +126,13 @@ public:
     // The size has changed, by hand or by code; the form has come to the front.
     std::function<void()> OnResize;
     std::function<void()> OnActivate;
-    // A window that stays above the others of the program; set before it is shown.
+    // A window that stays above the others of the program and takes no activation; set before it is shown.
     bool TopMost = false;
+    // What of the form's size the window's edges, title and menus take; 0 where the size is that of the field
+    // alone. Set before it is shown.
+    int EdgeWidth = 0, EdgeHeight = 0;
+    // Brings the window in front of the others, with the keys.
+    void BringToFront() { Control::Changed(PropertyId::Front); }
     // The window's own close control was used. The form decides what happens; by itself nothing does.
     std::function<void()> OnQueryUnload;
     // A file was dropped on the window.
@@ -278,7 +283,11 @@ public:
     void SetEntry(int index, std::string_view text);
     void AddEntry(std::string_view text);
     void Clear();
+    // Puts these in the place of all entries; none is selected.
+    void SetEntries(std::vector<std::string> entries);
     const std::vector<std::string>& Entries() const { return entries_; }
+    // Characters of one width; set before it is shown.
+    bool FixedPitch = false;
 
 protected:
     ListBox(Form& form, std::string_view name, ControlKind kind) : Control(form, kind, name) {}

@@ -48,6 +48,7 @@ using MouseHandler = std::function<void(int button, int shift, float x, float y)
 namespace mouse {
 inline constexpr int Left = 1, Right = 2, Middle = 4;
 inline constexpr int ShiftHeld = 1, CtrlHeld = 2, AltHeld = 4;
+inline constexpr int DefaultPointer = 0, CrossPointer = 2;
 }  // namespace mouse
 
 // A field that is drawn on with a pen. What was drawn since the last clearing is kept as a list of operations, for

@@ -32,6 +32,8 @@ public:
     virtual void Delete(std::string_view path) = 0;
     // Makes a folder with its parents; one that exists is fine. Error 75.
     virtual void MakeFolder(std::string_view path) = 0;
+    // The same files for what the program keeps by itself, aside from what its user does.
+    virtual FileService& InBackground() { return *this; }
 };
 
 enum class Icon : std::uint8_t { None, Information, Exclamation, Question, Critical };
@@ -86,8 +88,15 @@ public:
 class SystemService {
 public:
     virtual ~SystemService() = default;
-    // Lets the system deliver what has come up. False when nothing can come any more: a wait then ends.
+    // One turn of a wait for what the user does: lets the system deliver what has come up. False when nothing can
+    // come any more: the wait then ends.
     virtual bool DoEvents() = 0;
+    // One turn of a wait for a timer's next tick; otherwise the same.
+    virtual bool AwaitTick(Timer& timer) = 0;
+    // Work that goes on, no wait, calls this often, with the number of its turn from 1: what has come up is
+    // delivered every now and then, at least every 50 ms. False when the work is to end: the program has, or
+    // nothing can end endless work any more.
+    virtual bool Breathe(long long turn) = 0;
     // A wait that ends by itself: serves events until left, asked over and over, gives no more milliseconds that
     // are to pass. False when the program has ended.
     virtual bool WaitUntil(const std::function<double()>& left) = 0;

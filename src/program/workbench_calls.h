@@ -23,6 +23,8 @@ struct WorkbenchCalls {
     std::function<void(const std::string& fileName)> LoadLanguageModule;
     std::function<void()> LoadClipboardModule;
     std::function<void()> HideSettings;
+    // Closes the windows of the drawing, which write their settings then.
+    std::function<void()> UnloadDraw;
 };
 
 // Runs a call where one is there.

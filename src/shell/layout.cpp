@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "shell/axes_pictures.h"
 #include "shell/placing.h"
 #include "shell/transfer_wiring.h"
 #include "shell/workbench.h"
@@ -117,7 +118,7 @@ void PlaceEntry(Workbench& bench, int bandTop) {
            {entry.txtFKTL, at.F, fieldTop, fieldWidth, fieldHeight},
            {entry.lblH, at.H, labelTop, fieldWidth, 240},
            {entry.txtH, at.H, fieldTop, fieldWidth, fieldHeight},
-           {bench.Main.lblComment, 120, commentTop + 60, 900, 240},
+           {bench.Main.lblComment, 90, commentTop + 60, 975, 240},
            {entry.txtComment, 1080, commentTop, 3720, fieldHeight}});
 }
 
@@ -196,6 +197,7 @@ void PlaceSettings(Workbench& bench) {
            {bench.Entry.chkSettingsDWC, 240, top + 390, 3000, lineHeight},
            {main.lblSettingsAbsColor, 240, top + 900, 2400, 300},
            {main.lblSettingsIncrColor, 240, top + 1260, 2400, 300},
+           {main.cmdResetAll, 240, top + 1800, 2400, 420},
            {main.frMachineType, 240, top, 2600, 1500},
            {machine.optSettingsMK2, 120, firstLine, 2400, lineHeight},
            {machine.optSettingsMK4, 120, firstLine + 360, 2400, lineHeight},
@@ -234,6 +236,9 @@ void PlaceMainWindow(Workbench& bench) {
     PlaceAxes(bench, bandTop);
     PlaceProperties(bench, width, bandTop);
     PlaceSettings(bench);
+    DrawLatheAxes(bench.Entry.picZXaxes);
+    DrawLatheAxes(bench.Main.lstMK2Mcodes);
+    DrawMillAxes(bench.Entry.picXYaxes);
     PlaceTransfer(bench, width, height);
 
     FileControls& file = bench.File;
@@ -243,6 +248,12 @@ void PlaceMainWindow(Workbench& bench) {
     bench.Main.lblSettingsAbsColor.ForeColor = bench.Store.AbsColor;
     bench.Entry.picXYaxes.Visible = false;
     bench.Entry.picZXaxes.Visible = false;
+    // Nothing is left to return from but a document.
+    const auto& main = bench.Main;
+    if (!main.rtfHelp.Visible && !main.rtfGcodeHelpMK2.Visible && !main.rtfGcodeHelpMK4.Visible &&
+        !main.rtfAbout.Visible) {
+        bench.Entry.cmdReturn.Visible = false;
+    }
     bench.Main.frYaxis.Visible = bench.Store.IsF1();
 }
 

@@ -43,6 +43,7 @@ MainControls::MainControls(Form& form)
       mnuNew(form, "mnuNew", "New"),
       mnuSave(form, "mnuSave", "Save"),
       mnuSaveAs(form, "mnuSaveAs", "Save As"),
+      mnuDraw(form, "mnuDraw", "Draw"),
       mnuFileBar1(form, "mnuFileBar1", "-"),
       mnuLoadClipboard(form, "mnuLoadClipboard", "Load from Clipboard"),
       mnuSaveClipboard(form, "mnuSaveClipboard", "Save to Clipboard"),
@@ -51,6 +52,7 @@ MainControls::MainControls(Form& form)
       mnuSettings(form, "mnuSettings", "Settings"),
       mnuGeneral(form, "mnuGeneral", "General"),
       mnuMachine(form, "mnuMachine", "Machine"),
+      mnuReset(form, "mnuReset", "Reset all settings"),
       mnuXfer(form, "mnuXfer", "Transfer"),
       mnuConvert(form, "mnuConvert", "Convert"),
       mnuHelp(form, "mnuHelp", "Help"),
@@ -80,6 +82,7 @@ MainControls::MainControls(Form& form)
       lblVertical(form, "lblVertical", "Vertical"),
       lblSettingsIncrColor(form, "lblSettingsIncrColor", "Color Incremental"),
       lblSettingsAbsColor(form, "lblSettingsAbsColor", "Color Absolute"),
+      cmdResetAll(form, "cmdResetAll", "Reset all settings"),
       lblComment(form, "lblComment", "Comment"),
       lblMachineType(form, "lblMachineType"),
       lblUnits(form, "lblUnits", "Units"),
@@ -102,15 +105,17 @@ MainControls::MainControls(Form& form)
         cmdTopButtons[i]->Visible = topButtons[i].Visible;
         cmdTopButtons[i]->Picture = topButtons[i].Picture;
     }
-    Put(mnuFile, {&mnuOpen, &mnuNew, &mnuSave, &mnuSaveAs, &mnuFileBar1, &mnuLoadClipboard, &mnuSaveClipboard,
-                  &mnuFileBar2, &mnuExit});
-    Put(mnuSettings, {&mnuGeneral, &mnuMachine});
+    Put(mnuFile, {&mnuOpen, &mnuNew, &mnuSave, &mnuSaveAs, &mnuDraw, &mnuFileBar1, &mnuLoadClipboard,
+                  &mnuSaveClipboard, &mnuFileBar2, &mnuExit});
+    Put(mnuSettings, {&mnuGeneral, &mnuMachine, &mnuReset});
     Put(mnuRightClick, {&RCmnuInsert, &RCmnuDelete});
     mnuOpen.Shortcut = "Ctrl+O";
     mnuNew.Shortcut = "Ctrl+N";
     mnuSave.Shortcut = "Ctrl+S";
     mnuSaveAs.Shortcut = "Ctrl+Shift+S";
     for (Label* head : {&lblMin, &lblMax, &lblTravel}) head->AtRight = true;
+    mnuDraw.Shortcut = "F5";
+    lblMachineType.ToolTip = "Machine Type";
     tabSettings.Captions = {"General", "Machine"};
     for (Control* hidden : std::initializer_list<Control*>{&mnuXfer, &mnuConvert, &mnuHelp, &mnuRightClick,
                                                            &rtfHelp, &rtfGcodeHelpMK2, &rtfGcodeHelpMK4,

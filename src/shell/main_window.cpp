@@ -3,6 +3,7 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "platform/keys.h"
+#include "shell/draw_wiring.h"
 #include "shell/layout.h"
 #include "shell/transfer_wiring.h"
 #include "shell/workbench.h"
@@ -18,7 +19,8 @@ constexpr int smallScreenHeight = 9000;
 
 // The button of each index that this window has a command for.
 namespace top_button {
-constexpr int Open = 0, Save = 1, New = 2, Print = 3, Settings = 4, Draw = 7, Transmit = 9;
+constexpr int Open = 0, Save = 1, New = 2, Print = 3, Settings = 4, LatheAxes = 5, MillAxes = 6, Draw = 7,
+              Transmit = 9;
 }  // namespace top_button
 
 }  // namespace
@@ -107,43 +109,28 @@ void MainWindow::Form_Load(std::string_view commandLine) {
     bench_.Log.DataFolder = Folders.DataFolder;
     bench_.Received.SettingsFolder = Folders.SettingsFolder;
     bench_.Transmit.SettingsFolder = Folders.SettingsFolder;
-    MakeFolders(Folders, platform.Files, formLoadName);
+    const bool foldersMade = MakeFolders(Folders, platform.Files, formLoadName);
     // 2. What a crash left.
     const std::string transmission = Folders.SettingsFolder + "Transmit.txt";
     if (platform.Files.Exists(transmission))
         Attempt(formLoadName, [&] { platform.Files.Delete(transmission); });
     // 5.
-    Form& form = bench_.frmMain;
-    form.Left = std::max(0, (platform.Screen.Width() - form.Width) / 2);
-    form.Top = std::max(0, (platform.Screen.WorkAreaHeight() - form.Height) / 2);
-    std::string file = NamedFile(commandLine);
-    if (!file.empty()) {
-        bench_.Reader.LoadFile(file);
-    } else {
-        bench_.Feeds.SetFeedLimits();
-    }
-    form.Visible = true;
+    bench_.Settings.CommandLine = commandLine;
+    bench_.Settings.LoadSettings();
     // 6., 7., 8.
     PlaceMainWindow(bench_);
     FitSmallScreen();
     Form_Activate();
     // 9.
     bench_.Port.StartPort();
+    bench_.Kept.Restore();
     // Without a program the open line awaits the first code; menus and buttons stand as after a tick.
     if (bench_.Store.lvCncProgram.Count() == 0) mnuNew_Click();
     tmr1sec_Timer();
     RefreshTitle();
     // 10.
     if (bench_.Entry.txtGMcode.ReallyVisible()) platform.Focus.SetFocus(bench_.Entry.txtGMcode);
-}
-
-std::string MainWindow::NamedFile(std::string_view commandLine) const {
-    std::string_view name = Trim(commandLine);
-    if (!name.empty() && name.front() == '"') {
-        const std::size_t last = name.rfind('"');
-        name = last > 0 ? name.substr(1, last - 1) : name.substr(1);
-    }
-    return !name.empty() && bench_.Platform.Files.Exists(name) ? std::string(name) : std::string();
+    if (!foldersMade) bench_.TellUnkept();
 }
 
 void MainWindow::FitSmallScreen() {
@@ -162,6 +149,7 @@ void MainWindow::FitSmallScreen() {
 }
 
 void MainWindow::Form_Activate() {
+    bench_.Draw.Listing.Hide();
     bench_.Entry.NoteFeeds();
     bench_.File.lblFileName.Left = 60;
     MainControls& main = bench_.Main;
@@ -180,8 +168,9 @@ void MainWindow::Form_Resize() {
         bench_.Platform.Dialogs.ShowMessage(Notice(bench_.Language.MessageTexts(text::DragTaskbar)));
         form.State = WindowState::Normal;
     }
-    // 2., 3.
-    if (form.Height < SmallestHeight || form.Width < SmallestWidth) return;
+    // 2., 3. A maximised window has what the screen gives.
+    const bool tooSmall = form.Height < SmallestHeight || form.Width < SmallestWidth;
+    if (tooSmall && form.State.Get() == WindowState::Normal) return;
     PlaceMainWindow(bench_);
 }
 
@@ -217,6 +206,8 @@ void MainWindow::tmr1sec_Timer() {
             control->Enabled = true;
         }
     }
+    // 4.
+    RefreshDrawCommands(bench_);
     // 5.
     Form& form = bench_.frmMain;
     if (form.State.Get() == WindowState::Normal) {
@@ -250,15 +241,20 @@ void MainWindow::mnuExit_Click() {
     if (ended_) return;
     ended_ = true;
     ProgramStore& store = bench_.Store;
+    bool dropped = false;
     // 1. There is no way back from this question.
     if (store.LineCount() > 0 && store.ProgramChanged) {
         const Texts& texts = bench_.Language;
         const Answer answer = bench_.Platform.Dialogs.ShowMessage(
             Question(texts.MessageTexts(text::SaveNow), texts.MessageTexts(text::ContinueTitle)));
         if (answer == Answer::Yes) bench_.Writer.mnuSave_Click();
+        dropped = answer != Answer::Yes;
     }
+    bench_.Kept.End(dropped);
     // 2., 3.
     store.ProgramChanged = false;
+    bench_.Settings.SaveSettings();
+    Run(bench_.Calls.UnloadDraw);
     bench_.Interpreter.EndStepRun();
     bench_.frmMain.Visible = false;
     bench_.Platform.System.EndProgram();
@@ -275,21 +271,37 @@ void MainWindow::cmdTopButtons_Click(int index) {
         case top_button::Save: return bench_.Writer.mnuSave_Click();
         case top_button::New: return mnuNew_Click();
         case top_button::Settings: return ShowSettings(settings_page::General);
+        case top_button::LatheAxes: return ShowAxes(bench_.Entry.picZXaxes);
+        case top_button::MillAxes: return ShowAxes(bench_.Entry.picXYaxes);
         default: return;
+    }
+}
+
+void MainWindow::ShowAxes(PictureBox& picture) {
+    const bool leaves = picture.Visible;
+    bench_.cmdReturn_Click();
+    bench_.Main.tabSettings.Visible = false;
+    if (leaves) return;
+    for (Control* control : std::initializer_list<Control*>{&picture, &bench_.Entry.cmdReturn}) {
+        control->Visible = true;
+        control->Enabled = true;
     }
 }
 
 void MainWindow::ShowSettings(int page) {
     TabStrip& settings = bench_.Main.tabSettings;
-    bench_.cmdReturn_Click();
     const bool leaves = settings.Visible && settings.Value == page;
+    bench_.cmdReturn_Click();
     settings.Value = page;
     settings.Visible = !leaves;
     if (leaves) bench_.Platform.Focus.SetFocus(bench_.Store.lvCncProgram);
 }
 
 void MainWindow::ChooseMachine(const char* machine) {
+    const bool inSettings = bench_.Main.tabSettings.Visible;
     mnuNew_Click();
+    // The page stays under the user's hand.
+    bench_.Main.tabSettings.Visible = inSettings;
     // Still unsaved: the user kept the program, and the machine stays.
     if (!bench_.Store.ProgramChanged) bench_.Store.Machine = machine;
     bench_.ShowCodeLists();
@@ -319,7 +331,7 @@ void MainWindow::txtFileNotes_KeyPress(int& character) {
     TextBox& notes = bench_.File.txtFileNotes;
     if (character == '%') {
         // The character is a mark in the file format.
-        notes.ToolTip = "!No % allowed";
+        notes.ToolTip = bench_.Language.ErrorTexts(text::NoPercent);
         character = 0;
         return;
     }

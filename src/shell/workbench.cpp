@@ -1,5 +1,6 @@
 #include "shell/workbench.h"
 
+#include "shell/draw_wiring.h"
 #include "shell/layout.h"
 #include "shell/transfer_wiring.h"
 
@@ -48,7 +49,11 @@ Workbench::Workbench(Services& services)
                 Language,
                 services,
                 Calls}),
-      Window(*this) {
+      Draw({Store, Machine, Results, File, Language, services}),
+      Window(*this),
+      Modules(*this),
+      Settings(*this),
+      Kept(*this) {
     frmMain.Width = firstWidth;
     frmMain.Height = firstHeight;
     Store.lvCncProgram.Height = listHeight;
@@ -69,9 +74,15 @@ void Workbench::FillCalls() {
     Calls.ControlsPositioning = [this] { PlaceMainWindow(*this); };
     Calls.ControlsEnable = [this](int enable) { ControlsEnable(enable); };
     Calls.LoadClipboardModule = [this] { Received.LoadClipboardModule(); };
+    Calls.LoadLanguageModule = [this](const std::string& file) { Modules.LoadLanguageModule(file); };
     Calls.HideSettings = [this] { Main.tabSettings.Visible = false; };
     Calls.FirstFieldFocus = [this](std::string_view initial) { Layout.FirstFieldFocus(initial); };
-    Entry.cmdReturn.OnClick = [this] { cmdReturn_Click(); };
+    Entry.cmdReturn.OnClick = [this] {
+        cmdReturn_Click();
+        // The button has gone; the next key is a code.
+        if (Platform.Focus.Focused() == &Entry.cmdReturn) Platform.Focus.SetFocus(Entry.txtGMcode);
+    };
+    WireDrawing(*this);
 }
 
 void Workbench::PlaceInFrames() {
@@ -109,8 +120,9 @@ void Workbench::PlaceInFrames() {
             control->Page = page;
         }
     };
-    onPage(settings_page::General, {&View.chkSettingsAutowidth, &Entry.chkSettingsDWC,
-                                    &Main.lblSettingsIncrColor, &Main.lblSettingsAbsColor});
+    onPage(settings_page::General,
+           {&View.chkSettingsAutowidth, &Entry.chkSettingsDWC, &Main.lblSettingsIncrColor,
+            &Main.lblSettingsAbsColor, &Main.cmdResetAll});
     onPage(settings_page::Machine, {&Main.frMachineType, &Main.frCompact5, &Main.frF1CNC});
     for (const auto& button : Main.cmdTopButtons) button->Container = &Main.frControlPanel;
     put(Main.frAxesProperties, {&Main.lblMin, &Main.lblMax, &Main.lblTravel});
@@ -213,6 +225,7 @@ void Workbench::OrderTabs() {
                                                             &Main.tabSettings,
                                                             &View.chkSettingsAutowidth,
                                                             &Entry.chkSettingsDWC,
+                                                            &Main.cmdResetAll,
                                                             &Machine.optSettingsMK2,
                                                             &Machine.optSettingsMK4,
                                                             &Machine.optSettingsF1CNC,
@@ -239,11 +252,19 @@ void Workbench::ControlsEnable(int enable) {
 void Workbench::cmdReturn_Click() {
     // What is being sent keeps the window frozen.
     ControlsEnable(Store.TransmitActive ? 0 : 1);
+    Main.tabSettings.Visible = false;
     for (Control* overlay : std::initializer_list<Control*>{
              &Entry.cmdReturn, &Main.rtfAbout, &Main.lstAbout, &Main.rtfHelp, &Main.rtfGcodeHelpMK2,
              &Main.rtfGcodeHelpMK4, &Entry.picXYaxes, &Entry.picZXaxes}) {
         overlay->Visible = false;
     }
+}
+
+void Workbench::TellUnkept() {
+    if (std::exchange(unkeptTold_, true)) return;
+    Platform.Dialogs.ShowMessage(
+        Notice(std::string(Language.MessageTexts(text::Unkept)) + " " + Window.Folders.DataFolder, "",
+               Icon::Exclamation));
 }
 
 void Workbench::ClearProgram_Click() {
@@ -267,6 +288,7 @@ void Workbench::ClearProgram_Click() {
     Entry.frEntry.Caption = Language.EntryCaption;
     Store.ProgramChanged = false;
     Store.EndCodePresent = false;
+    Writer.SaveFailed = false;
     // 4.
     Interpreter.ClearAxesProperties();
     Layout.ClearEntryFields();
@@ -281,6 +303,13 @@ void Workbench::ClearProgram_Click() {
     if (Entry.txtGMcode.ReallyVisible()) Platform.Focus.SetFocus(Entry.txtGMcode);
 }
 
+void Workbench::ShowMachineName() {
+    const OptionButton& option = Store.IsF1()    ? Machine.optSettingsF1CNC
+                                 : Store.IsMK2() ? Machine.optSettingsMK2
+                                                 : Machine.optSettingsMK4;
+    Main.lblMachineType.Caption = option.Caption;
+}
+
 void Workbench::RefreshMachine() {
     Run(Calls.RefreshTitle);
     Machine.RefreshMachineOptions();
@@ -288,11 +317,15 @@ void Workbench::RefreshMachine() {
     View.MakeLinePropertiesColumns();
     View.MakeMachineColumns();
     Run(Calls.ControlsPositioning);
+    View.SetAutoWidth();
     Entry.lblGMcode.Caption = "G";
     Machine.RefreshUnits();
     Main.lblMachineType.Caption = Store.IsF1()    ? "F1 CNC"
                                   : Store.IsMK2() ? "Compact5 CNC MK2"
                                                   : "Compact5 CNC MK4";
+    Main.cmdTopButtons[5]->Visible = !Store.IsF1();
+    Main.cmdTopButtons[6]->Visible = Store.IsF1();
+    ShowMachineName();
     if (Store.IsF1()) {
         Entry.picXYaxes.Visible = true;
         Entry.picXYaxes.Enabled = true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "draw/draw_window.h"
 #include "editor/calculated_inputs.h"
 #include "editor/code_choice.h"
 #include "editor/feed_presets.h"
@@ -10,8 +11,11 @@
 #include "interpreter/view_options.h"
 #include "program/machine_controls.h"
 #include "shell/error_log.h"
+#include "shell/language.h"
 #include "shell/main_controls.h"
 #include "shell/main_window.h"
+#include "shell/recovery.h"
+#include "shell/settings.h"
 #include "transfer/receiver.h"
 #include "transfer/transmitter.h"
 
@@ -52,10 +56,14 @@ public:
     PortControl Port;
     Transmitter Transmit;
     Receiver Received;
+    DrawWindow Draw;
     MainWindow Window;
+    ModuleLoader Modules;
+    EditorSettings Settings;
+    Recovery Kept;
 
     // All windows, the main one first.
-    std::vector<Form*> Forms() { return {&frmMain}; }
+    std::vector<Form*> Forms() { return {&frmMain, &Draw.Controls.frmDraw, &Draw.Listing.frmProgramWindow}; }
 
     // Starts the workbench; see MainWindow.
     void Form_Load(std::string_view commandLine) { Window.Form_Load(commandLine); }
@@ -63,6 +71,8 @@ public:
     void cmdReturn_Click();
     // Asks about unsaved changes, then empties the program, its names and its notes.
     void ClearProgram_Click();
+    // The name of the machine in force, as its option has it.
+    void ShowMachineName();
     // Applies the machine and its units to the window.
     void RefreshMachine();
     // The code lists of the machine, and no others.
@@ -70,12 +80,15 @@ public:
     // Freezes the window (0) or frees it (1), but for the stop of a transmission.
     void ControlsEnable(int enable);
     bool ControlsOn = true;
+    // Tells, once in a run, that what is to outlive it cannot be written.
+    void TellUnkept();
 
 private:
     void FillCalls();
     void PlaceInFrames();
     void OrderTabs();
 
+    bool unkeptTold_ = false;
     // What ControlsEnable works on.
     std::vector<Control*> frozenControls_;
 };

@@ -87,16 +87,16 @@ void Transmitter::Freeze() {
     Run(parts_.Calls.ControlsPositioning);
     parts_.Controls.frTransmit.Visible = true;
     Form& form = parts_.cmdStop.OwningForm();
-    form.MousePointer = mouse::BusyPointer;
-    parts_.Store.lvCncProgram.MousePointer = mouse::BusyPointer;
+    form.MousePointer = pointer::ArrowAndHourglass;
+    parts_.Store.lvCncProgram.MousePointer = pointer::ArrowAndHourglass;
     parts_.tmr1sec.Enabled = false;
 }
 
 void Transmitter::Thaw() {
     parts_.tmr1sec.Enabled = true;
     Form& form = parts_.cmdStop.OwningForm();
-    form.MousePointer = mouse::DefaultPointer;
-    parts_.Store.lvCncProgram.MousePointer = mouse::DefaultPointer;
+    form.MousePointer = pointer::Usual;
+    parts_.Store.lvCncProgram.MousePointer = pointer::Usual;
     parts_.Controls.frTransmit.Visible = false;
     parts_.cmdStop.Visible = false;
     Run(parts_.Calls.cmdReturn_Click);

@@ -44,6 +44,18 @@ protected:
             QCoreApplication::processEvents();
         }
     }
+    // Does something to the dialog that the next key brings up, as soon as it is there.
+    template <class Dialog, class Act>
+    void WhenShown(Act act) {
+        auto* look = new QTimer(qApp);
+        QObject::connect(look, &QTimer::timeout, look, [look, act] {
+            auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+            if (!dialog || !dialog->isVisible()) return;
+            look->deleteLater();
+            act(*dialog);
+        });
+        look->start(20);
+    }
     Control* Focused() { return platform.Services.Focus.Focused(); }
 
     FaultPlan faults;
@@ -69,12 +81,13 @@ TEST_F(DesktopWorkbench, AWholeProgramIsTypedByKeysAlone) {
     EXPECT_EQ(bench.Store.ErrorRow, 0);
 
     const std::string name = data_.filePath("typed.cnc").toStdString();
-    QTimer::singleShot(200, qApp, [&] {
-        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        ASSERT_TRUE(dialog);
-        dialog->findChild<QLineEdit*>()->setText(QString::fromStdString(name));
-        dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
+    WhenShown<QFileDialog>([&](QFileDialog& dialog) {
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(name));
+        dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
     });
+    // The menus follow within a second.
+    const auto canSave = [&] { return bench.Main.mnuSave.Enabled.Get(); };
+    ASSERT_TRUE(QTest::qWaitFor(canSave));
     Key(Qt::Key_S, Qt::ControlModifier);
     const std::string sample = files.ReadWhole(KVT_SOURCE_DIR "/samples/mk4_bolt.cnc");
     ASSERT_TRUE(files.Exists(name));
@@ -91,15 +104,13 @@ TEST_F(DesktopWorkbench, AWholeProgramIsTypedByKeysAlone) {
     EXPECT_EQ(Focused(), &bench.Entry.txtGMcode);
     Key(Qt::Key_Insert);
     EXPECT_EQ(bench.Store.LineCount(), 46);
-    QTimer::singleShot(200, qApp, [&] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        ASSERT_TRUE(box);
-        QTest::keyClick(box, Qt::Key_Return);
-    });
+    WhenShown<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
     Key(Qt::Key_Delete);
     EXPECT_EQ(bench.Store.LineCount(), 45);
     // Saved under its name, left without a question.
+    ASSERT_TRUE(QTest::qWaitFor(canSave));
     Key(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_FALSE(bench.Store.ProgramChanged);
     EXPECT_EQ(files.ReadWhole(name), sample.substr(sample.find('%')));
     windows.front()->Window().close();
     EXPECT_FALSE(windows.front()->Window().isVisible());
