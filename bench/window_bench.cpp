@@ -61,7 +61,8 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     kvt::FaultPlan noFaults;
     kvt::DiskFiles files(noFaults);
-    kvt::DesktopPlatform platform(files, 1);
+    kvt::SystemPrograms programs;
+    kvt::DesktopPlatform platform(files, programs, 1);
     kvt::Workbench bench(platform.Services);
     const std::string program = "/tmp/kvt-window-bench.cnc";
     files.WriteWhole(program, kvt::bench::ProgramText("MK4", lines));

@@ -16,6 +16,7 @@
 #include "desktop/operation_painter.h"
 #include "desktop/text.h"
 #include "headless/disk_files.h"
+#include "headless/system_programs.h"
 #include "shell/workbench.h"
 
 namespace {
@@ -153,7 +154,8 @@ int main(int argc, char** argv) {
 
     kvt::FaultPlan noFaults;
     kvt::DiskFiles files(noFaults);
-    kvt::DesktopPlatform platform(files,
+    kvt::SystemPrograms programs;
+    kvt::DesktopPlatform platform(files, programs,
                                   options.Scale > 0 ? options.Scale : kvt::DesktopPlatform::ScreenFactor());
     kvt::DesktopSystem& system = platform.Desktop.System;
     kvt::BringResetCopies(files, system.LocalDataFolder());

@@ -52,6 +52,7 @@ ScriptOptions Merged(ScriptOptions own, const ScriptOptions& call) {
     if (!call.Screen.empty()) own.Screen = call.Screen;
     if (!call.Ports.empty()) own.Ports = call.Ports;
     if (!call.WorkArea.empty()) own.WorkArea = call.WorkArea;
+    own.NoPrinter = own.NoPrinter || call.NoPrinter;
     return own;
 }
 
@@ -64,6 +65,7 @@ void ScriptOptions::Declare(CLI::App& app) {
     app.add_option("--ports", Ports, "How many serial ports open, 0 to 4")
         ->expected(1)
         ->check(CLI::Range(0, PortCount));
+    app.add_flag("--no-printer", NoPrinter, "A machine without a printer");
 }
 
 int RunScript(const std::string& file, const ScriptOptions& options) {

@@ -15,6 +15,7 @@ struct ScriptOptions {
     std::vector<int> Screen;  // width and height in twips
     std::vector<int> WorkArea;  // height in twips
     std::vector<int> Ports;     // how many serial ports open
+    bool NoPrinter = false;     // a machine without a printer
 
     // Declares the options of the command line, which fill this object.
     void Declare(CLI::App& app);

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "basic/code_page.h"
+#include "basic/number.h"
 #include "basic/text.h"
 #include "console/script_run.h"
 #include "console/state.h"
@@ -199,6 +200,15 @@ void QueueColor(Script& run, Given given) {
     run.Session.Platform.Dialogs.ColorAnswers.push_back(color);
 }
 
+void QueuePrinter(Script& run, Given given) {
+    std::deque<int>& answers = run.Session.Platform.Printer.Answers;
+    if (given.Text(0) == "cancel") return answers.push_back(0);
+    const double copies = Val(given.Text(0));
+    if (copies < 1 || copies > 99 || !IsNumeric(given.Text(0)))
+        throw ScriptError{"copies, 1 to 99, or cancel"};
+    answers.push_back(ToLong(copies));
+}
+
 // What surrounds the program.
 
 void PutOnClipboard(Script& run, Given given) {
@@ -332,6 +342,7 @@ constexpr ScriptAction actions[] = {
     {"answer", {Arg::Word}, QueueAnswer},
     {"file", {Arg::Text}, QueueFile},
     {"colour", {Arg::Text}, QueueColor},
+    {"printer", {Arg::Word}, QueuePrinter},
     {"clipboard", {Arg::Text}, PutOnClipboard},
     {"write", {Arg::Word, Arg::Text}, WriteFile},
     {"program", {Arg::Word, Arg::Text}, WriteProgram},

@@ -190,6 +190,13 @@ void ExpectBeeps(Script& run, Given given) {
     run.Compare(given.Last(), PlainNumber(run.Session.Platform.System.Beeps));
 }
 
+// All that the printer was given since the last time.
+void ExpectPrinted(Script& run, Given given) {
+    const std::string& printed = run.Session.Platform.Printer.Printed;
+    run.Compare(given.Last(), ToUtf8(std::string_view(printed).substr(run.ExpectedPrint)));
+    run.ExpectedPrint = printed.size();
+}
+
 void ExpectClock(Script& run, Given given) {
     run.Compare(given.Last(), PlainNumber(static_cast<std::int64_t>(run.Session.Platform.System.Clock)));
 }
@@ -219,6 +226,7 @@ constexpr ScriptAction expectations[] = {
     {"logcount", {Arg::Text}, ExpectLogCount},
     {"focus", {Arg::Text}, ExpectFocus},
     {"clipboard", {Arg::Text}, ExpectClipboard},
+    {"printed", {Arg::Text}, ExpectPrinted},
     {"clock", {Arg::Text}, ExpectClock},
     {"sent", {Arg::Text}, ExpectSent},
     {"port", {Arg::Text}, ExpectPort},

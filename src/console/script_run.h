@@ -44,6 +44,8 @@ public:
     std::size_t PrintedBoxes = 0;
     // How much of what the port was given has been expected.
     std::size_t ExpectedSent = 0;
+    // How much of what the printer was given has been expected.
+    std::size_t ExpectedPrint = 0;
 
     // Something that is worth knowing about the line, on standard error.
     void Note(const std::string& text);

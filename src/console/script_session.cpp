@@ -57,6 +57,7 @@ ScriptSession::ScriptSession(const ScriptOptions& options) {
                   {"SETTINGS", below(folders.SettingsFolder)},
                   {"PP", below(folders.PreProcessorFolder)}};
 
+    Platform.Printer.Present = !options.NoPrinter;
     if (options.Screen.size() == 2) {
         Platform.Screen.WidthTwips = options.Screen[0];
         Platform.Screen.HeightTwips = options.Screen[1];

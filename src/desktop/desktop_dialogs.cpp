@@ -6,7 +6,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
-#include <QPointer>
 
 #include "basic/text.h"
 #include "desktop/colors.h"
@@ -43,31 +42,6 @@ QMessageBox::Icon IconOf(Icon icon) {
     return QMessageBox::NoIcon;
 }
 
-// What a box belongs to: the window in front, or any that is to be seen.
-class WindowInFront {
-public:
-    WindowInFront() : window_(Found()) {}
-    // Where no window manager does it the window gets the keys back.
-    ~WindowInFront() {
-        if (window_) window_->activateWindow();
-    }
-    WindowInFront(const WindowInFront&) = delete;
-    operator QWidget*() const { return window_; }
-
-private:
-    static QWidget* Found();
-
-    QPointer<QWidget> window_;
-};
-
-QWidget* WindowInFront::Found() {
-    if (QWidget* active = QApplication::activeWindow()) return active;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->isVisible() && window->windowType() == Qt::Window) return window;
-    }
-    return nullptr;
-}
-
 // "name|*.a;*.b|..." as the toolkit has it; "*.*" is any file.
 QStringList FiltersOf(std::string_view filter) {
     QStringList filters;
@@ -84,6 +58,16 @@ QStringList FiltersOf(std::string_view filter) {
 
 }  // namespace
 
+DialogParent::DialogParent() : window_(QApplication::activeWindow()) {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (!window_ && window->isVisible() && window->windowType() == Qt::Window) window_ = window;
+    }
+}
+
+DialogParent::~DialogParent() {
+    if (window_) window_->activateWindow();
+}
+
 Answer DesktopDialogs::ShowMessage(const MessageBox& box) {
     const bool asks = box.Choice != Buttons::Ok;
     const Answer refusal = box.Choice == Buttons::YesNoCancel ? Answer::Cancel
@@ -91,7 +75,7 @@ Answer DesktopDialogs::ShowMessage(const MessageBox& box) {
                                                               : Answer::Ok;
     if (desktop_.System.Ended()) return refusal;
     ++desktop_.DialogsShown;
-    const WindowInFront parent;
+    const DialogParent parent;
     Box window(parent);
     window.setWindowTitle(box.Title.empty() ? QCoreApplication::applicationName() : ToQt(box.Title));
     window.setTextFormat(Qt::PlainText);
@@ -114,7 +98,7 @@ bool DesktopDialogs::Choose(FileDialog& dialog, bool saves) {
     bool chosen = false;
     if (!desktop_.System.Ended()) {
         ++desktop_.DialogsShown;
-        const WindowInFront parent;
+        const DialogParent parent;
         QFileDialog window(parent);
         // Whether a file is to be written over is asked by the program.
         window.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
@@ -136,7 +120,7 @@ bool DesktopDialogs::Choose(FileDialog& dialog, bool saves) {
 bool DesktopDialogs::ShowColor(Color& color) {
     if (desktop_.System.Ended()) return false;
     ++desktop_.DialogsShown;
-    const WindowInFront parent;
+    const DialogParent parent;
     QColorDialog window(ColorOf(color), parent);
     window.setOptions(QColorDialog::DontUseNativeDialog);
     if (window.exec() != QDialog::Accepted) return false;

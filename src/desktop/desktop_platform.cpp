@@ -55,12 +55,13 @@ double DesktopPlatform::ScreenFactor() {
     return std::clamp(QGuiApplication::primaryScreen()->logicalDotsPerInch() / plainResolution, 1.0, 2.0);
 }
 
-DesktopPlatform::DesktopPlatform(FileService& files, double factor)
+DesktopPlatform::DesktopPlatform(FileService& files, ProgramService& programs, double factor)
     : Desktop{Scale(factor), focus_, system_},
-      Services{files, dialogs_, clipboard_, screen_, system_, focus_, port_},
+      Services{files, dialogs_, clipboard_, screen_, system_, focus_, port_, printer_, programs},
       system_(focus_),
       dialogs_(Desktop),
-      screen_(Desktop.Lengths) {
+      screen_(Desktop.Lengths),
+      printer_(Desktop) {
     // The program ends when it says so, not with its windows.
     QGuiApplication::setQuitOnLastWindowClosed(false);
     QApplication::setFont(FormFont(factor));

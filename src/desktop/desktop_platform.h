@@ -2,6 +2,7 @@
 
 #include "desktop/desktop_dialogs.h"
 #include "desktop/desktop_port.h"
+#include "desktop/desktop_printer.h"
 #include "desktop/view.h"
 #include "platform/services.h"
 
@@ -26,13 +27,13 @@ private:
     const Scale& lengths_;
 };
 
-// The windowing half of the platform. Stands on a QApplication, and on files that it is given.
+// The windowing half of the platform. Stands on a QApplication, and on files and programs that it is given.
 class DesktopPlatform {
 public:
     // The factor by which lengths grow: that of the screen's resolution, 1 to 2.
     static double ScreenFactor();
 
-    DesktopPlatform(FileService& files, double factor);
+    DesktopPlatform(FileService& files, ProgramService& programs, double factor);
 
     // What a FormView needs, which shows a form.
     DesktopContext Desktop;
@@ -45,6 +46,7 @@ private:
     DesktopClipboard clipboard_;
     DesktopScreen screen_;
     DesktopPort port_;
+    DesktopPrinter printer_;
 };
 
 }  // namespace kvt

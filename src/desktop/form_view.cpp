@@ -127,6 +127,7 @@ void FormView::Follow(PropertyId id) {
             window_->raise();
             window_->activateWindow();
             break;
+        case PropertyId::Entries: MakeViews(); break;
         case PropertyId::Enabled: field_->setEnabled(form_.Enabled); break;
         default: break;
     }

@@ -122,7 +122,8 @@ RichTextView::RichTextView(DesktopContext& desktop, RichText& control, QWidget* 
 
 void RichTextView::Follow(PropertyId id) {
     if (id == PropertyId::Text) {
-        browser_->setText(ToQt(document_.Text));
+        document_.Plain ? browser_->setPlainText(ToQt(document_.Text))
+                        : browser_->setText(ToQt(document_.Text));
     } else {
         View::Follow(id);
     }

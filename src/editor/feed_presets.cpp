@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "basic/number.h"
+#include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "platform/keys.h"
 
@@ -12,25 +13,61 @@ namespace {
 
 constexpr double lowestFeed = 2;
 
+// A preset as a replacement looks for it.
+std::string OldText(const TextBox& preset) { return " " + std::string(Trim(preset.Text)); }
+
 }  // namespace
 
 std::string PresetText(const TextBox& preset) {
     return std::string(Right("   " + std::string(Trim(preset.Text)), 4));
 }
 
-FeedPresets::FeedPresets(EntryRow& entry, const ProgramStore& store, FocusService& focus)
-    : entry_(entry), store_(store), focus_(focus) {
+FeedPresets::FeedPresets(EntryRow& entry, ProgramStore& store, ControlInterpreter& interpreter,
+                         FocusService& focus)
+    : entry_(entry), store_(store), interpreter_(interpreter), focus_(focus) {
     entry_.cmdFeedA.OnClick = [this] { cmdFeedA_Click(); };
     entry_.cmdFeedB.OnClick = [this] { cmdFeedB_Click(); };
     // Leaving a preset sets it for later lines; the other one's old value stays known.
-    entry_.txtFeedA.OnLostFocus = [this] { entry_.OldFeedA = " " + std::string(Trim(entry_.txtFeedA.Text)); };
-    entry_.txtFeedB.OnLostFocus = [this] { entry_.OldFeedB = " " + std::string(Trim(entry_.txtFeedB.Text)); };
-    for (TextBox* preset : {&entry_.txtFeedA, &entry_.txtFeedB}) {
-        preset->OnKeyPress = [](int& character) {
-            const bool passes = character == key::Backspace || (character >= '0' && character <= '9');
-            if (!passes) character = 0;
-        };
+    entry_.txtFeedA.OnLostFocus = [this] { entry_.OldFeedA = OldText(entry_.txtFeedA); };
+    entry_.txtFeedB.OnLostFocus = [this] { entry_.OldFeedB = OldText(entry_.txtFeedB); };
+    entry_.txtFeedA.OnKeyPress = [this](int& character) { KeyPress("A", character); };
+    entry_.txtFeedB.OnKeyPress = [this](int& character) { KeyPress("B", character); };
+}
+
+void FeedPresets::KeyPress(std::string_view which, int& character) {
+    if (character == key::Enter) {
+        character = 0;
+        SetFeedLimits();
+        ReplaceFeed(which);
+        interpreter_.Interpreter();
+        focus_.SetFocus(entry_.txtComment);
+        return;
     }
+    const bool passes = character == key::Backspace || (character >= '0' && character <= '9');
+    if (!passes) character = 0;
+}
+
+void FeedPresets::ReplaceFeed(std::string_view which) {
+    const TextBox& preset = which == "A" ? entry_.txtFeedA : entry_.txtFeedB;
+    std::string& old = which == "A" ? entry_.OldFeedA : entry_.OldFeedB;
+    // 1., 2.
+    const int lines = store_.LineCount();
+    ListView& list = store_.lvCncProgram;
+    const int selected = list.SelectedRow();
+    double sought = 0;
+    const bool known = Attempt("ReplaceFeed", [&] { sought = Val(old); });
+    // 3., 4. A word with a letter and an empty cell hold no plain number, whatever the preset was.
+    for (int row = 1; known && row <= lines; ++row) {
+        Cell& feed = list.Row(row)[column::F];
+        if (!IsNumeric(feed.View()) || Val(feed.View()) != sought) continue;
+        feed = PresetText(preset);
+        store_.ProgramChanged = true;
+    }
+    // 5., 6.
+    if (lines == 0) return;
+    old = OldText(preset);
+    list.RowsChanged();
+    list.Select(selected);
 }
 
 void FeedPresets::SetFeedLimits() {
@@ -38,7 +75,9 @@ void FeedPresets::SetFeedLimits() {
     const double highest = store_.Metric ? 499 : 199;
     for (TextBox* preset : {&entry_.txtFeedA, &entry_.txtFeedB}) {
         // 2., 3.
-        const double feed = std::max(std::min(Val(preset->Text), highest), lowestFeed);
+        double feed = highest;
+        Attempt("SetFeedLimits", [&] { feed = Val(preset->Text); });
+        feed = std::max(std::min(feed, highest), lowestFeed);
         preset->Text = RightPad(PlainNumber(static_cast<float>(feed)), 5);
         // 4.
         preset->Tag = store_.Metric ? "2TO499" : "2TO199";

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/entry_row.h"
+#include "interpreter/interpreter.h"
 #include "platform/services.h"
 #include "program/program_store.h"
 
@@ -9,7 +10,7 @@ namespace kvt {
 // The two feed presets beside the entry row.
 class FeedPresets {
 public:
-    FeedPresets(EntryRow& entry, const ProgramStore& store, FocusService& focus);
+    FeedPresets(EntryRow& entry, ProgramStore& store, ControlInterpreter& interpreter, FocusService& focus);
 
     // Clamps the presets to the units in force, and sets their ranges.
     void SetFeedLimits();
@@ -17,11 +18,16 @@ public:
     void cmdFeedA_Click() { Take(entry_.txtFeedA); }
     void cmdFeedB_Click() { Take(entry_.txtFeedB); }
 
+    // Gives every line whose plain number in column 6 is the old value of a preset ("A" or "B") the new one.
+    void ReplaceFeed(std::string_view which);
+
 private:
     void Take(const TextBox& preset);
+    void KeyPress(std::string_view which, int& character);
 
     EntryRow& entry_;
-    const ProgramStore& store_;
+    ProgramStore& store_;
+    ControlInterpreter& interpreter_;
     FocusService& focus_;
 };
 

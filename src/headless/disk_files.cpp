@@ -9,6 +9,7 @@
 #include <random>
 
 #include "basic/code_page.h"
+#include "basic/text.h"
 
 namespace kvt {
 
@@ -72,6 +73,7 @@ void Settle(const fs::path& path) {
 }
 
 }  // namespace
+std::string NameForSystem(std::string_view name) { return PathOf(name).string(); }
 
 bool DiskFiles::Exists(std::string_view path) {
     if (path.empty()) return false;
@@ -166,6 +168,24 @@ void DiskFiles::MakeFolder(std::string_view path) {
     fs::create_directories(folder, failed);
     std::error_code ignored;
     if (failed && !fs::is_directory(folder, ignored)) AccessError();
+}
+
+// Not among the calls that can be planned to fail: menus look into folders at any time.
+std::vector<std::string> DiskFiles::List(std::string_view folder, std::string_view pattern) {
+    const std::string_view ending = pattern.substr(pattern.find('*') + 1);
+    std::vector<std::string> names;
+    std::error_code failed;
+    fs::directory_iterator entry(PathOf(folder), failed);
+    if (failed && failed != std::errc::no_such_file_or_directory) AccessError();
+    for (; !failed && entry != fs::directory_iterator(); entry.increment(failed)) {
+        std::error_code ignored;
+        std::string name = NameFromSystem(entry->path().filename().string());
+        const bool fits = name.size() >= ending.size() &&
+                          EqualIgnoringCase(Right(name, static_cast<std::ptrdiff_t>(ending.size())), ending);
+        if (fits && entry->is_regular_file(ignored)) names.push_back(std::move(name));
+    }
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 }  // namespace kvt

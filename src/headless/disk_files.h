@@ -23,6 +23,7 @@ public:
     void MakeFolder(std::string_view path) override;
     // Its failures are planned by themselves, as those of "background".
     FileService& InBackground() override;
+    std::vector<std::string> List(std::string_view folder, std::string_view pattern) override;
 
 private:
     FaultPlan& faults_;
@@ -30,5 +31,8 @@ private:
     bool waitsForDisk_ = true;
     std::unique_ptr<DiskFiles> background_;
 };
+
+// A file name as the system has it: that of the file that the program means by it.
+std::string NameForSystem(std::string_view name);
 
 }  // namespace kvt

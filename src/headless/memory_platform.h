@@ -10,6 +10,8 @@
 #include "headless/disk_files.h"
 #include "headless/fault_plan.h"
 #include "headless/memory_port.h"
+#include "headless/memory_printer.h"
+#include "headless/system_programs.h"
 #include "platform/focus_keeper.h"
 #include "platform/services.h"
 
@@ -160,8 +162,10 @@ public:
     FocusKeeper Focus;
     MemorySystem System{Focus, &Clipboard};
     MemoryPort Port{Faults, System.Clock};
+    MemoryPrinter Printer{Faults};
+    MemoryPrograms Programs{Faults};
 
-    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port};
+    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port, Printer, Programs};
 
     MemoryPlatform() {
         System.OnClock = [this] { Port.ClockMoved(); };
@@ -173,6 +177,7 @@ public:
         System.BeginRun();
         Port.Reset();
         Port.OnComm = nullptr;
+        Printer.BeginRun();
     }
 };
 

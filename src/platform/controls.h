@@ -138,6 +138,8 @@ public:
     // A file was dropped on the window.
     std::function<void(const std::string& path)> OnDropFile;
 
+    // Controls were made after the window: it shows them too from now on.
+    void TellControlsAdded() { Changed(PropertyId::Entries); }
     // Takes on the size that its window has got. OnResize is left to the caller; true where the size is another.
     bool TakeSize(int width, int height);
 
@@ -267,6 +269,8 @@ public:
 class RichText : public Control {
 public:
     RichText(Form& form, std::string_view name) : Control(form, ControlKind::RichText, name) {}
+    // Nothing in the text is markup. Set before it is shown.
+    bool Plain = false;
     TextProperty Text{*this, PropertyId::Text};
 };
 

@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "platform/controls.h"
+#include "platform/printer.h"
+#include "platform/programs.h"
 #include "platform/serial_port.h"
 
 // What the rooms ask of the platform. Each half implements it; failures are RunTimeErrors.
@@ -34,6 +36,9 @@ public:
     virtual void MakeFolder(std::string_view path) = 0;
     // The same files for what the program keeps by itself, aside from what its user does.
     virtual FileService& InBackground() { return *this; }
+    // The names of the plain files of a folder that end in what follows the "*" of the pattern (case ignored), in
+    // the order of the alphabet. A folder that is missing has none; one that cannot be read is error 75.
+    virtual std::vector<std::string> List(std::string_view folder, std::string_view pattern) = 0;
 };
 
 enum class Icon : std::uint8_t { None, Information, Exclamation, Question, Critical };
@@ -129,6 +134,8 @@ struct Services {
     SystemService& System;
     FocusService& Focus;
     SerialPort& Port;
+    PrinterService& Printer;
+    ProgramService& Programs;
 };
 
 }  // namespace kvt

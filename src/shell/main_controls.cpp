@@ -19,7 +19,7 @@ constexpr TopButton topButtons[] = {
     {"Save", "Save File", true,
      "M 4 4 L 17 4 L 20 7 L 20 20 L 4 20 Z M 8 4 L 8 9 L 15 9 L 15 4 M 7 20 L 7 13 L 17 13 L 17 20"},
     {"New", "New File", true, "M 6 3 L 14 3 L 18 7 L 18 21 L 6 21 Z M 14 3 L 14 7 L 18 7"},
-    {"Print", "Print File", false,
+    {"Print", "Print File", true,
      "M 7 9 L 7 3 L 17 3 L 17 9 M 7 17 L 4 17 L 4 9 L 20 9 L 20 17 L 17 17 M 7 14 L 17 14 L 17 21 L 7 21 Z"},
     {"Set", "Settings", true,
      "M 4 7 L 7 7 M 11 7 L 20 7 M 4 12 L 13 12 M 17 12 L 20 12 M 4 17 L 6 17 M 10 17 L 20 17 "
@@ -43,15 +43,20 @@ MainControls::MainControls(Form& form)
       mnuNew(form, "mnuNew", "New"),
       mnuSave(form, "mnuSave", "Save"),
       mnuSaveAs(form, "mnuSaveAs", "Save As"),
-      mnuDraw(form, "mnuDraw", "Draw"),
       mnuFileBar1(form, "mnuFileBar1", "-"),
+      mnuImport(form, "mnuImport", "Import"),
       mnuLoadClipboard(form, "mnuLoadClipboard", "Load from Clipboard"),
       mnuSaveClipboard(form, "mnuSaveClipboard", "Save to Clipboard"),
       mnuFileBar2(form, "mnuFileBar2", "-"),
+      mnuFind(form, "mnuFind", "Find"),
+      mnuDraw(form, "mnuDraw", "Draw"),
+      mnuPrint(form, "mnuPrint", "Print"),
+      mnuFileBar3(form, "mnuFileBar3", "-"),
       mnuExit(form, "mnuExit", "Exit"),
       mnuSettings(form, "mnuSettings", "Settings"),
       mnuGeneral(form, "mnuGeneral", "General"),
       mnuMachine(form, "mnuMachine", "Machine"),
+      mnuPrinter(form, "mnuPrinter", "Printer"),
       mnuReset(form, "mnuReset", "Reset all settings"),
       mnuXfer(form, "mnuXfer", "Transfer"),
       mnuConvert(form, "mnuConvert", "Convert"),
@@ -105,9 +110,9 @@ MainControls::MainControls(Form& form)
         cmdTopButtons[i]->Visible = topButtons[i].Visible;
         cmdTopButtons[i]->Picture = topButtons[i].Picture;
     }
-    Put(mnuFile, {&mnuOpen, &mnuNew, &mnuSave, &mnuSaveAs, &mnuDraw, &mnuFileBar1, &mnuLoadClipboard,
-                  &mnuSaveClipboard, &mnuFileBar2, &mnuExit});
-    Put(mnuSettings, {&mnuGeneral, &mnuMachine, &mnuReset});
+    Put(mnuFile, {&mnuOpen, &mnuNew, &mnuSave, &mnuSaveAs, &mnuFileBar1, &mnuImport, &mnuLoadClipboard,
+                  &mnuSaveClipboard, &mnuFileBar2, &mnuFind, &mnuDraw, &mnuPrint, &mnuFileBar3, &mnuExit});
+    Put(mnuSettings, {&mnuGeneral, &mnuMachine, &mnuPrinter, &mnuReset});
     Put(mnuRightClick, {&RCmnuInsert, &RCmnuDelete});
     mnuOpen.Shortcut = "Ctrl+O";
     mnuNew.Shortcut = "Ctrl+N";
@@ -116,8 +121,10 @@ MainControls::MainControls(Form& form)
     for (Label* head : {&lblMin, &lblMax, &lblTravel}) head->AtRight = true;
     mnuDraw.Shortcut = "F5";
     lblMachineType.ToolTip = "Machine Type";
-    tabSettings.Captions = {"General", "Machine"};
-    for (Control* hidden : std::initializer_list<Control*>{&mnuXfer, &mnuConvert, &mnuHelp, &mnuRightClick,
+    mnuFind.Shortcut = "Ctrl+F";
+    mnuPrint.Shortcut = "Ctrl+P";
+    tabSettings.Captions = {"General", "Machine", "Printer"};
+    for (Control* hidden : std::initializer_list<Control*>{&mnuImport, &mnuXfer, &mnuHelp, &mnuRightClick,
                                                            &rtfHelp, &rtfGcodeHelpMK2, &rtfGcodeHelpMK4,
                                                            &rtfAbout, &lstAbout, &tabSettings}) {
         hidden->Visible = false;

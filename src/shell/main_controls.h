@@ -14,9 +14,9 @@ struct MainControls {
 
     std::array<std::unique_ptr<CommandButton>, 10> cmdTopButtons;
 
-    Menu mnuFile, mnuOpen, mnuNew, mnuSave, mnuSaveAs, mnuDraw, mnuFileBar1, mnuLoadClipboard,
-        mnuSaveClipboard, mnuFileBar2, mnuExit;
-    Menu mnuSettings, mnuGeneral, mnuMachine, mnuReset;
+    Menu mnuFile, mnuOpen, mnuNew, mnuSave, mnuSaveAs, mnuFileBar1, mnuImport, mnuLoadClipboard,
+        mnuSaveClipboard, mnuFileBar2, mnuFind, mnuDraw, mnuPrint, mnuFileBar3, mnuExit;
+    Menu mnuSettings, mnuGeneral, mnuMachine, mnuPrinter, mnuReset;
     Menu mnuXfer, mnuConvert, mnuHelp;
     Menu mnuRightClick, RCmnuInsert, RCmnuDelete;
 
@@ -44,7 +44,7 @@ struct MainControls {
 
 // Pages of tabSettings.
 namespace settings_page {
-inline constexpr int General = 0, Machine = 1;
+inline constexpr int General = 0, Machine = 1, Printer = 2;
 }  // namespace settings_page
 
 }  // namespace kvt

@@ -14,6 +14,13 @@ namespace {
 
 constexpr const char* formLoadName = "Form_Load";
 constexpr const char* programName = "Kestrel Vise Toolkit";
+constexpr const char* noPrinter =
+    "No printer found. A printer MUST be installed in Windows before running KVT";
+constexpr const char* noCalculator = "No calculator was found on this machine";
+// Those of the desktops, by the names of their programs.
+constexpr const char* calculators[] = {"gnome-calculator",  "kcalc",         "mate-calc",
+                                       "deepin-calculator", "qalculate-gtk", "qalculate-qt",
+                                       "galculator",        "speedcrunch",   "xcalc"};
 constexpr int smallScreenWidth = 12000;
 constexpr int smallScreenHeight = 9000;
 
@@ -45,6 +52,11 @@ void MainWindow::WireMenus() {
     main.mnuSaveAs.OnClick = [this] { bench_.Writer.mnuSaveAs_Click(); };
     main.mnuSaveClipboard.OnClick = [this] { bench_.Writer.mnuSaveClipboard_Click(); };
     main.mnuLoadClipboard.OnClick = [this] { Run(bench_.Calls.LoadClipboardModule); };
+    main.mnuFind.OnClick = [this] { bench_.Find.mnuFind_Click(); };
+    bench_.Conversions.mnuCalculator.OnClick = [this] { mnuCalculator_Click(); };
+    main.mnuPrint.OnClick = [this] { bench_.Print.mnuPrint_Click(); };
+    main.mnuPrinter.OnClick = [this] { ShowSettings(settings_page::Printer); };
+    bench_.Paper.cmdPrinterDialog.OnClick = [this] { bench_.Print.cmdPrinterDialog_Click(); };
     main.mnuExit.OnClick = [this] { mnuExit_Click(); };
     main.mnuGeneral.OnClick = [this] { ShowSettings(settings_page::General); };
     main.mnuMachine.OnClick = [this] { ShowSettings(settings_page::Machine); };
@@ -107,6 +119,7 @@ void MainWindow::Form_Load(std::string_view commandLine) {
     bench_.frmMain.Visible = false;
     Folders = FoldersBelow(platform.System.LocalDataFolder());
     bench_.Log.DataFolder = Folders.DataFolder;
+    bench_.Import.PreProcessorFolder = Folders.PreProcessorFolder;
     bench_.Received.SettingsFolder = Folders.SettingsFolder;
     bench_.Transmit.SettingsFolder = Folders.SettingsFolder;
     const bool foldersMade = MakeFolders(Folders, platform.Files, formLoadName);
@@ -114,6 +127,8 @@ void MainWindow::Form_Load(std::string_view commandLine) {
     const std::string transmission = Folders.SettingsFolder + "Transmit.txt";
     if (platform.Files.Exists(transmission))
         Attempt(formLoadName, [&] { platform.Files.Delete(transmission); });
+    // 3.
+    if (!FindPrinter()) return;
     // 5.
     bench_.Settings.CommandLine = commandLine;
     bench_.Settings.LoadSettings();
@@ -131,6 +146,18 @@ void MainWindow::Form_Load(std::string_view commandLine) {
     // 10.
     if (bench_.Entry.txtGMcode.ReallyVisible()) platform.Focus.SetFocus(bench_.Entry.txtGMcode);
     if (!foldersMade) bench_.TellUnkept();
+}
+
+bool MainWindow::FindPrinter() {
+    try {
+        bench_.Paper.FillFonts();
+    } catch (const RunTimeError& error) {
+        if (error.Number != fault::PrinterError) return TellError(error, formLoadName), true;
+        bench_.Platform.Dialogs.ShowMessage(Notice(noPrinter));
+        mnuExit_Click();
+        return false;
+    }
+    return true;
 }
 
 void MainWindow::FitSmallScreen() {
@@ -191,18 +218,18 @@ void MainWindow::tmr1sec_Timer() {
              {top_button::Save, top_button::New, top_button::Print, top_button::Draw, top_button::Transmit}) {
             main.cmdTopButtons[static_cast<std::size_t>(index)]->Enabled = false;
         }
-        for (Control* control :
-             std::initializer_list<Control*>{&main.mnuSave, &main.mnuSaveAs, &main.mnuNew, &main.RCmnuDelete,
-                                             &main.RCmnuInsert, &main.cmdDelete, &bench_.Results.cmdRun}) {
+        for (Control* control : std::initializer_list<Control*>{
+                 &main.mnuSave, &main.mnuSaveAs, &main.mnuNew, &main.mnuPrint, &main.RCmnuDelete,
+                 &main.RCmnuInsert, &main.cmdDelete, &bench_.Results.cmdRun}) {
             control->Enabled = false;
         }
     } else {
         for (const int index : {top_button::New, top_button::Print, top_button::Draw}) {
             main.cmdTopButtons[static_cast<std::size_t>(index)]->Enabled = true;
         }
-        for (Control* control :
-             std::initializer_list<Control*>{&main.mnuNew, &main.RCmnuDelete, &main.RCmnuInsert,
-                                             &main.cmdDelete, &main.cmdInsert, &bench_.Results.cmdRun}) {
+        for (Control* control : std::initializer_list<Control*>{
+                 &main.mnuNew, &main.mnuPrint, &main.RCmnuDelete, &main.RCmnuInsert, &main.cmdDelete,
+                 &main.cmdInsert, &bench_.Results.cmdRun}) {
             control->Enabled = true;
         }
     }
@@ -231,6 +258,16 @@ void MainWindow::RefreshTitle() {
     bench_.frmMain.Caption = title;
 }
 
+void MainWindow::mnuCalculator_Click() {
+    ProgramService& programs = bench_.Platform.Programs;
+    for (const char* name : calculators) {
+        bool launched = false;
+        Attempt("mnuCalculator_Click", [&] { launched = programs.Launch(name); });
+        if (launched) return;
+    }
+    bench_.Platform.Dialogs.ShowMessage(Notice(noCalculator));
+}
+
 void MainWindow::mnuNew_Click() {
     bench_.ClearProgram_Click();
     bench_.Store.AddBlankLine(true);
@@ -256,6 +293,7 @@ void MainWindow::mnuExit_Click() {
     bench_.Settings.SaveSettings();
     Run(bench_.Calls.UnloadDraw);
     bench_.Interpreter.EndStepRun();
+    bench_.Import.Abort();
     bench_.frmMain.Visible = false;
     bench_.Platform.System.EndProgram();
 }
@@ -270,6 +308,11 @@ void MainWindow::cmdTopButtons_Click(int index) {
         case top_button::Open: return OpenFile("");
         case top_button::Save: return bench_.Writer.mnuSave_Click();
         case top_button::New: return mnuNew_Click();
+        case top_button::Print:
+            bench_.Print.DirectPrint = true;
+            bench_.Print.mnuPrint_Click();
+            bench_.Print.DirectPrint = false;
+            return;
         case top_button::Settings: return ShowSettings(settings_page::General);
         case top_button::LatheAxes: return ShowAxes(bench_.Entry.picZXaxes);
         case top_button::MillAxes: return ShowAxes(bench_.Entry.picXYaxes);

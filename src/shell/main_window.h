@@ -47,6 +47,9 @@ private:
     void OpenFile(std::string name);
     void txtFileNotes_KeyPress(int& character);
     void FitSmallScreen();
+    void mnuCalculator_Click();
+    // Reads the fonts of the printer. A machine without one ends the program; false then.
+    bool FindPrinter();
 
     Workbench& bench_;
     bool ended_ = false;

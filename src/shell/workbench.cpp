@@ -30,7 +30,9 @@ Workbench::Workbench(Services& services)
       Options(Store, View, Lists, Interpreter, Calls),
       Layout(Entry, Store, Lists, services.Focus),
       Lines({Entry, Layout, Store, View, Interpreter, Language, services, Calls}),
-      Feeds(Entry, Store, services.Focus),
+      Feeds(Entry, Store, Interpreter, services.Focus),
+      Find(Store, services.Focus),
+      Conversions(frmMain, Store, Machine),
       Calculated(Store, Language, services.Dialogs, services.Focus),
       Codes({Entry, Layout, Store, Lists, View, Interpreter, services, Calls}),
       Keyboard({Entry, Layout, Codes, Calculated, Lines, Store, View, Language, services, Calls}),
@@ -50,6 +52,9 @@ Workbench::Workbench(Services& services)
                 services,
                 Calls}),
       Draw({Store, Machine, Results, File, Language, services}),
+      Paper(frmMain, services.Printer),
+      Print({Store, File, Writer, Language, services, Calls}),
+      Import({Store, File, Reader, Main.mnuImport, services}),
       Window(*this),
       Modules(*this),
       Settings(*this),
@@ -102,7 +107,10 @@ void Workbench::PlaceInFrames() {
     put(Main.frFileNotes, {&File.txtFileNotes});
     put(Main.frCmdEditor1, {&Main.cmdInsert, &Main.cmdDelete});
     put(Entry.frEntry, {&Main.lblComment});
-    for (Menu* entry : {&Machine.mnuINCHtoMM, &Machine.mnuMMtoINCH}) entry->Container = &Main.mnuConvert;
+    for (Menu* entry : {&Machine.mnuINCHtoMM, &Machine.mnuMMtoINCH, &Conversions.mnuCalculator,
+                        &Conversions.mnuDelComments}) {
+        entry->Container = &Main.mnuConvert;
+    }
     put(Main.frMachineType, {&Machine.optSettingsMK2, &Machine.optSettingsMK4, &Machine.optSettingsF1CNC});
     put(Main.frCompact5, {&Machine.optSettingsMm, &Machine.optSettingsInch});
     put(Main.frF1CNC, {&Machine.optSettingsHmm, &Machine.optSettingsHinch, &Machine.optSettingsVmm,
@@ -123,6 +131,8 @@ void Workbench::PlaceInFrames() {
     onPage(settings_page::General,
            {&View.chkSettingsAutowidth, &Entry.chkSettingsDWC, &Main.lblSettingsIncrColor,
             &Main.lblSettingsAbsColor, &Main.cmdResetAll});
+    onPage(settings_page::Printer, {&Paper.lblFontName, &Paper.cboFontName, &Paper.lblFontSize,
+                                    &Paper.cboFontSize, &Paper.cmdPrinterDialog});
     onPage(settings_page::Machine, {&Main.frMachineType, &Main.frCompact5, &Main.frF1CNC});
     for (const auto& button : Main.cmdTopButtons) button->Container = &Main.frControlPanel;
     put(Main.frAxesProperties, {&Main.lblMin, &Main.lblMax, &Main.lblTravel});
@@ -235,6 +245,9 @@ void Workbench::OrderTabs() {
                                                             &Machine.optSettingsVinch,
                                                             &Machine.optSettingsHmm,
                                                             &Machine.optSettingsHinch,
+                                                            &Paper.cboFontName,
+                                                            &Paper.cboFontSize,
+                                                            &Paper.cmdPrinterDialog,
                                                             &Entry.cmdReturn}) {
         control->TabIndex = next++;
     }
@@ -316,6 +329,7 @@ void Workbench::RefreshMachine() {
     View.MakeToolpositionColums();
     View.MakeLinePropertiesColumns();
     View.MakeMachineColumns();
+    Import.RefreshPreProcessors();
     Run(Calls.ControlsPositioning);
     View.SetAutoWidth();
     Entry.lblGMcode.Caption = "G";

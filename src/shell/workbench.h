@@ -3,17 +3,22 @@
 #include "draw/draw_window.h"
 #include "editor/calculated_inputs.h"
 #include "editor/code_choice.h"
+#include "editor/conversion.h"
 #include "editor/feed_presets.h"
+#include "editor/find_window.h"
 #include "editor/keyboard_entry.h"
 #include "editor/line_operations.h"
 #include "files/cnc_reader.h"
 #include "files/cnc_writer.h"
+#include "files/pre_processor.h"
+#include "files/program_print.h"
 #include "interpreter/view_options.h"
 #include "program/machine_controls.h"
 #include "shell/error_log.h"
 #include "shell/language.h"
 #include "shell/main_controls.h"
 #include "shell/main_window.h"
+#include "shell/printer_page.h"
 #include "shell/recovery.h"
 #include "shell/settings.h"
 #include "transfer/receiver.h"
@@ -47,6 +52,8 @@ public:
     FieldLayout Layout;
     LineOperations Lines;
     FeedPresets Feeds;
+    FindWindow Find;
+    Conversion Conversions;
     CalculatedInputs Calculated;
     CodeChoice Codes;
     KeyboardEntry Keyboard;
@@ -57,13 +64,19 @@ public:
     Transmitter Transmit;
     Receiver Received;
     DrawWindow Draw;
+    PrinterPage Paper;
+    ProgramPrint Print;
+    PreProcessor Import;
     MainWindow Window;
     ModuleLoader Modules;
     EditorSettings Settings;
     Recovery Kept;
 
     // All windows, the main one first.
-    std::vector<Form*> Forms() { return {&frmMain, &Draw.Controls.frmDraw, &Draw.Listing.frmProgramWindow}; }
+    std::vector<Form*> Forms() {
+        return {&frmMain, &Draw.Controls.frmDraw, &Draw.Listing.frmProgramWindow, &Find.frmFind,
+                &Import.Window.frmPreProcessor};
+    }
 
     // Starts the workbench; see MainWindow.
     void Form_Load(std::string_view commandLine) { Window.Form_Load(commandLine); }

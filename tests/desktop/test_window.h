@@ -9,6 +9,7 @@
 #include "desktop/desktop_platform.h"
 #include "desktop/form_view.h"
 #include "headless/disk_files.h"
+#include "headless/system_programs.h"
 #include "platform/list_view.h"
 
 namespace kvt::test {
@@ -81,7 +82,8 @@ protected:
 
     FaultPlan faults;
     DiskFiles files{faults};
-    DesktopPlatform platform{files, 1};
+    SystemPrograms programs;
+    DesktopPlatform platform{files, programs, 1};
     Form form{"frmTest"};
     Menu mnuFile{form, "mnuFile", "File"}, mnuOpen{form, "mnuOpen", "Open"}, mnuBar{form, "mnuBar", "-"},
         mnuGrid{form, "mnuGrid", "Grid"};

@@ -60,7 +60,8 @@ protected:
 
     FaultPlan faults;
     DiskFiles files{faults};
-    DesktopPlatform platform{files, 1};
+    SystemPrograms programs;
+    DesktopPlatform platform{files, programs, 1};
     Workbench bench{platform.Services};
     std::vector<std::unique_ptr<FormView>> windows;
     QTemporaryDir data_;

@@ -1,0 +1,90 @@
+#include "editor/conversion.h"
+
+#include "basic/number.h"
+#include "basic/run_time_error.h"
+#include "basic/text.h"
+#include "program/word.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr const char* convertName = "Convert";
+constexpr double inchToMetric = 2.54;
+
+// A parameter column: how its digits are written, and how wide they are on a lathe and on the mill.
+struct ScaledColumn {
+    int Column;
+    const char* Pattern;
+    int LatheWidth;
+    int MillWidth;
+};
+constexpr ScaledColumn scaledColumns[] = {
+    {column::X, "##00", 4, 5},
+    {column::Y, "##00", 0, 4},
+    {column::Z, "###00", 5, 5},
+    {column::F, "#00", 3, 3},
+};
+
+// Whether a cell holds a length. The spindle speed of the mill does not; in column 6 a feed above 1 and a thread
+// pitch do, pointers and tools do not.
+bool IsLength(const Cell& cell, int col) {
+    if (Trim(cell.View()).empty()) return false;
+    if (col == column::Y) return UpperChar(cell.View()[0]) != 'S';
+    if (col != column::F) return true;
+    const Word word = ReadWord(cell);
+    return word.Letter == 0 ? word.Value > 1 : UpperChar(word.Letter) == 'K';
+}
+
+}  // namespace
+
+Conversion::Conversion(Form& form, ProgramStore& store, MachineControls& machine)
+    : mnuCalculator(form, "mnuCalculator", "Calculator"),
+      mnuDelComments(form, "mnuDelComments", "Delete all comments"),
+      store_(store),
+      machine_(machine) {
+    mnuDelComments.OnClick = [this] { mnuDelComments_Click(); };
+    machine_.mnuINCHtoMM.OnClick = [this] { Convert(inchToMetric); };
+    machine_.mnuMMtoINCH.OnClick = [this] { Convert(1 / inchToMetric); };
+}
+
+void Conversion::Convert(double factor) {
+    // 1.
+    const int lines = store_.LineCount();
+    if (lines == 0) return;
+    // 2.
+    store_.ProgramChanged = true;
+    ListView& list = store_.lvCncProgram;
+    const int selected = list.SelectedRow();
+    // 3. to 8. A number that does not fit is not stored, and the one before is written: deliberate.
+    std::int16_t number = 0;
+    for (int row = 1; row <= lines; ++row) {
+        for (const ScaledColumn& one : scaledColumns) {
+            Cell& cell = list.Row(row)[one.Column];
+            bool scales = false;
+            Attempt(convertName, [&] { scales = IsLength(cell, one.Column); });
+            if (!scales) continue;
+            const int width = store_.IsF1() ? one.MillWidth : one.LatheWidth;
+            Attempt(convertName, [&] { number = ToInteger(Val(Right(cell.View(), width)) * factor); });
+            // The first character is the sign or the letter. Where the file has brought a feed without one it is
+            // a digit already.
+            const char first = cell.View()[0];
+            std::string text(1, first >= '0' && first <= '9' ? ' ' : first);
+            text += RightPad(Format(number, one.Pattern), static_cast<std::size_t>(width));
+            cell = text;
+        }
+    }
+    list.RowsChanged();
+    // 9., 10.
+    list.Select(selected);
+    machine_.SetUnits(factor == inchToMetric ? "Metric" : "Imperial");
+}
+
+void Conversion::mnuDelComments_Click() {
+    ListView& list = store_.lvCncProgram;
+    for (int row = 1; row <= list.Count(); ++row) list.Row(row)[column::Comment] = "";
+    list.RowsChanged();
+    store_.ProgramChanged = true;
+}
+
+}  // namespace kvt

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/services.h"
+#include "program/program_store.h"
+
+namespace kvt {
+
+// Searches all columns in sight for a text. The window stays on top of the others.
+class FindWindow {
+public:
+    FindWindow(ProgramStore& store, FocusService& focus);
+
+    Form frmFind;
+    Label lblFind;
+    TextBox txtFind;
+    // The search goes on behind the selected line. A new text starts at the top.
+    bool FindNextMode = false;
+
+    void mnuFind_Click();
+    // Hides the window and selects the next line that matches. Without one nothing moves.
+    void FindNext();
+
+private:
+    void Leave();
+    bool Matches(const ListRow& row) const;
+
+    ProgramStore& store_;
+    FocusService& focus_;
+    // Where the focus was before the window came.
+    Control* before_ = nullptr;
+};
+
+}  // namespace kvt

@@ -1,0 +1,139 @@
+#include "files/pre_processor.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "basic/run_time_error.h"
+#include "basic/stack_guard.h"
+#include "basic/text.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr const char* preProcessorName = "Pre-Processor";
+constexpr const char* errorCaption = "PreProcessor Error!";
+constexpr const char* informationCaption = "PreProcessor Information";
+constexpr const char* waitCaption = "PreProcessor";
+constexpr std::string_view anyFile = "pre-processor files (*.*)|*.*";
+constexpr std::size_t mostEntries = std::numeric_limits<std::int16_t>::max();
+
+}  // namespace
+
+PreProcessor::PreProcessor(Parts parts) : Window(parts.Platform.Focus), parts_(parts) {
+    Entry(0);
+    Window.cmdAbort.OnClick = [this] { Abort(); };
+}
+
+// Entries are made when they are needed for the first time.
+Menu& PreProcessor::Entry(int index) {
+    Form& form = parts_.mnuImport.OwningForm();
+    while (static_cast<int>(entries_.size()) <= index) {
+        const auto next = static_cast<int>(entries_.size());
+        entries_.push_back(std::make_unique<Menu>(form, "mnuPP", "", next));
+        entries_.back()->Container = &parts_.mnuImport;
+        entries_.back()->Visible = false;
+        entries_.back()->OnClick = [this, next] { mnuPP_Click(next); };
+        form.TellControlsAdded();
+    }
+    return *entries_[static_cast<std::size_t>(index)];
+}
+
+void PreProcessor::RefreshPreProcessors() {
+    // 1. Entry 0 always exists.
+    if (PreProcessorCount > 0) {
+        parts_.mnuImport.Visible = false;
+        for (int i = 1; i < PreProcessorCount; ++i) Entry(i).Visible = false;
+    }
+    PreProcessorCount = 0;
+    // 2.
+    const ProgramStore& store = parts_.Store;
+    const char* const pattern = store.IsMK2()   ? "*.MK2"
+                                : store.IsMK4() ? "*.MK4"
+                                : store.IsF1()  ? "*.F1"
+                                                : nullptr;
+    if (!pattern || PreProcessorFolder.empty()) return;
+    // 3.
+    std::vector<std::string> names;
+    Attempt("RefreshPreProcessors", [&] { names = parts_.Platform.Files.List(PreProcessorFolder, pattern); });
+    if (names.size() > mostEntries) names.resize(mostEntries);
+    // 4., 5.
+    for (const std::string& name : names) {
+        Menu& entry = Entry(PreProcessorCount++);
+        entry.Caption = name;
+        entry.Visible = true;
+    }
+    if (PreProcessorCount > 0) parts_.mnuImport.Visible = true;
+}
+
+bool PreProcessor::ChooseFile(std::string& name) {
+    FileDialog& dialog = parts_.Controls.dlgFile;
+    dialog.Filter = anyFile;
+    bool chosen = false;
+    Attempt(preProcessorName, [&] { chosen = parts_.Platform.Dialogs.ShowOpen(dialog); });
+    if (chosen) name = dialog.FileName;
+    return !name.empty();
+}
+
+void PreProcessor::mnuPP_Click(int index) {
+    const StackGuard guard(running_);
+    if (!guard.Entered()) return;
+    // 1.
+    std::string name;
+    if (!ChooseFile(name)) return;
+    const std::string result = name + ".~pp";
+    const std::string error = name + ".~ppERR";
+    const std::string information = name + ".~ppINFO";
+    // 2. The name is not quoted: one with a blank gives two arguments.
+    const std::string command = PreProcessorFolder + Entry(index).Caption.Get() + " " + name;
+    int program = 0;
+    Attempt(preProcessorName, [&] { program = parts_.Platform.Programs.Start(command); });
+    // 3.
+    if (!WaitFor(program, name)) {
+        for (const std::string* left : {&result, &error, &information}) Remove(*left);
+        return;
+    }
+    // 4., 5.
+    if (ShowMessage(error, errorCaption)) return;
+    ShowMessage(information, informationCaption);
+    // 6. The reader empties the name that it is given.
+    std::string file = result;
+    parts_.Reader.LoadFile(file);
+    Remove(result);
+}
+
+bool PreProcessor::WaitFor(int program, const std::string& name) {
+    aborted_ = false;
+    Window.tmrAbort.OnTimer = [this, &name] {
+        Window.tmrAbort.Enabled = false;
+        Window.OfferAbort("The pre-processor is still at work on\r\n" + name, waitCaption);
+    };
+    Window.tmrAbort.Enabled = true;
+    while (!aborted_ && !parts_.Platform.Programs.HasEnded(program)) {
+        if (!parts_.Platform.System.DoEvents()) break;
+    }
+    Window.tmrAbort.Enabled = false;
+    if (Window.cmdAbort.Visible) {
+        Window.Close();
+        Window.cmdAbort.Visible = false;
+    }
+    if (aborted_) parts_.Platform.Programs.End(program);
+    return !aborted_;
+}
+
+// Shows a text that the pre-processor has left, and deletes its file. False where there is none.
+bool PreProcessor::ShowMessage(const std::string& file, const char* caption) {
+    if (!parts_.Platform.Files.Exists(file)) return false;
+    std::string text;
+    Attempt(preProcessorName, [&] { text = parts_.Platform.Files.ReadWhole(file); });
+    Window.ShowText(text, caption);
+    Remove(file);
+    return true;
+}
+
+void PreProcessor::Remove(const std::string& file) {
+    if (!parts_.Platform.Files.Exists(file)) return;
+    Attempt(preProcessorName, [&] { parts_.Platform.Files.Delete(file); });
+}
+
+}  // namespace kvt

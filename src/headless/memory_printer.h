@@ -1,0 +1,39 @@
+#pragma once
+
+#include <deque>
+
+#include "headless/fault_plan.h"
+#include "platform/printer.h"
+
+namespace kvt {
+
+// A printer without paper: it keeps the text that it was given, each line with CR LF.
+class MemoryPrinter : public PrinterService {
+public:
+    explicit MemoryPrinter(FaultPlan& faults) : faults_(faults) { BeginRun(); }
+    // For a new run of the program: face and size as the printer comes.
+    void BeginRun() {
+        FontName = "Courier New";
+        FontSize = 10;
+    }
+
+    std::vector<std::string> Fonts() override;
+    void BeginJob(std::string_view) override {}
+    void ShowPrinter(PrinterDialog& dialog) override;
+    void Print(std::string_view line) override;
+    void EndDocument() override;
+
+    // False for a machine without a printer.
+    bool Present = true;
+    std::string Printed;
+    int Documents = 0;
+    // The copies that a user chooses, 0 for a cancelled dialog. Without an answer the dialog counts as cancelled.
+    std::deque<int> Answers;
+
+private:
+    void Called();
+
+    FaultPlan& faults_;
+};
+
+}  // namespace kvt

@@ -1,0 +1,154 @@
+#include "headless/system_programs.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <thread>
+
+#include "basic/text.h"
+#include "headless/disk_files.h"
+
+extern char** environ;
+
+namespace kvt {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* nowhere = "/dev/null";
+constexpr std::chrono::milliseconds lookInterval{5};
+
+bool IsProgram(const std::string& path) {
+    std::error_code ignored;
+    return fs::is_regular_file(path, ignored) && access(path.c_str(), X_OK) == 0;
+}
+
+// What a process begins with: no files of ours, signals as usual, a group of its own.
+class StartConditions {
+public:
+    StartConditions() {
+        posix_spawn_file_actions_init(&files_);
+        posix_spawn_file_actions_addopen(&files_, STDIN_FILENO, nowhere, O_RDONLY, 0);
+        posix_spawn_file_actions_addopen(&files_, STDOUT_FILENO, nowhere, O_WRONLY, 0);
+        posix_spawn_file_actions_addopen(&files_, STDERR_FILENO, nowhere, O_WRONLY, 0);
+        posix_spawnattr_init(&attributes_);
+        sigset_t none;
+        sigset_t all;
+        sigemptyset(&none);
+        sigfillset(&all);
+        posix_spawnattr_setsigmask(&attributes_, &none);
+        posix_spawnattr_setsigdefault(&attributes_, &all);
+        posix_spawnattr_setpgroup(&attributes_, 0);
+        posix_spawnattr_setflags(&attributes_,
+                                 POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+    }
+    ~StartConditions() {
+        posix_spawn_file_actions_destroy(&files_);
+        posix_spawnattr_destroy(&attributes_);
+    }
+    StartConditions(const StartConditions&) = delete;
+    StartConditions& operator=(const StartConditions&) = delete;
+
+    // A program that cannot be started is error 75.
+    pid_t Spawn(const Command& command) const {
+        std::vector<char*> words = {const_cast<char*>(command.Program.c_str())};
+        for (const std::string& argument : command.Arguments)
+            words.push_back(const_cast<char*>(argument.c_str()));
+        words.push_back(nullptr);
+        pid_t process = 0;
+        if (posix_spawn(&process, command.Program.c_str(), &files_, &attributes_, words.data(), environ) != 0)
+            throw RunTimeError(fault::PathFileAccess);
+        return process;
+    }
+
+private:
+    posix_spawn_file_actions_t files_;
+    posix_spawnattr_t attributes_;
+};
+
+bool Ended(pid_t process) {
+    const pid_t got = waitpid(process, nullptr, WNOHANG);
+    return got == process || (got < 0 && errno == ECHILD);
+}
+
+void Kill(pid_t process) {
+    kill(-process, SIGKILL);
+    while (waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
+    }
+}
+
+}  // namespace
+
+SystemPrograms::~SystemPrograms() {
+    for (const auto& [number, process] : running_) Kill(process);
+}
+
+int SystemPrograms::Start(std::string_view commandLine) {
+    Command command =
+        SplitCommand(commandLine, [](const std::string& path) { return IsProgram(NameForSystem(path)); });
+    if (command.Program.empty()) throw RunTimeError(fault::FileNotFound);
+    command.Program = NameForSystem(command.Program);
+    for (std::string& argument : command.Arguments) argument = NameForSystem(argument);
+    running_[++lastNumber_] = StartConditions().Spawn(command);
+    return lastNumber_;
+}
+
+bool SystemPrograms::HasEnded(int program) {
+    const auto found = running_.find(program);
+    if (found == running_.end()) return true;
+    if (!Ended(found->second)) return false;
+    running_.erase(found);
+    return true;
+}
+
+void SystemPrograms::End(int program) {
+    const auto found = running_.find(program);
+    if (found == running_.end()) return;
+    Kill(found->second);
+    running_.erase(found);
+}
+
+bool SystemPrograms::Launch(std::string_view name) {
+    std::erase_if(launched_, Ended);
+    const char* const path = std::getenv("PATH");
+    for (const std::string_view folder : Split(path ? path : "", ":")) {
+        const std::string program = std::string(folder) + "/" + std::string(name);
+        if (!IsProgram(program)) continue;
+        launched_.push_back(StartConditions().Spawn({program, {}}));
+        return true;
+    }
+    return false;
+}
+
+int MemoryPrograms::Start(std::string_view commandLine) {
+    faults_.Pass("program", fault::FileNotFound);
+    return real_.Start(commandLine);
+}
+
+bool MemoryPrograms::HasEnded(int program) {
+    if (waitedFor_ == program) return real_.HasEnded(program);
+    waitedFor_ = program;
+    const auto end = std::chrono::steady_clock::now() + Patience;
+    while (!real_.HasEnded(program)) {
+        if (std::chrono::steady_clock::now() >= end) return false;
+        std::this_thread::sleep_for(lookInterval);
+    }
+    return true;
+}
+
+bool MemoryPrograms::Launch(std::string_view name) {
+    faults_.Pass("program", fault::FileNotFound);
+    if (std::find(OnDesktop.begin(), OnDesktop.end(), name) == OnDesktop.end()) return false;
+    Launched.emplace_back(name);
+    return true;
+}
+
+}  // namespace kvt

@@ -1,0 +1,24 @@
+#include "platform/programs.h"
+
+#include "basic/text.h"
+
+namespace kvt {
+
+Command SplitCommand(std::string_view commandLine,
+                     const std::function<bool(const std::string& path)>& isProgram) {
+    Command command;
+    std::size_t end = 0;
+    do {
+        end = std::min(commandLine.find(' ', end + 1), commandLine.size());
+        std::string beginning(commandLine.substr(0, end));
+        if (!isProgram(beginning)) continue;
+        command.Program = std::move(beginning);
+        for (const std::string_view word : Split(commandLine.substr(end), " ")) {
+            if (!word.empty()) command.Arguments.emplace_back(word);
+        }
+        break;
+    } while (end < commandLine.size());
+    return command;
+}
+
+}  // namespace kvt
