@@ -100,7 +100,11 @@ TransferEnd PlayedMachine::Take(std::string& received) {
              end = received.find('\n', lineStart)) {
             std::string_view line = std::string_view(received).substr(lineStart, end - lineStart);
             if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-            if (EndsReception(line, inProgram)) return TransferEnd::Well;
+            if (EndsReception(line, inProgram)) {
+                // The control listens no longer.
+                received.resize(end + 1);
+                return TransferEnd::Well;
+            }
             if (line.substr(0, 1) == "%") inProgram = true;
             lineStart = end + 1;
         }

@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QTextBlock>
 #include <QValidator>
 #include <algorithm>
 
@@ -211,9 +212,13 @@ void NotesView::ShowMore() {
     const std::string_view text = Box.Text;
     std::size_t end = text.size();
     if (end > shown_ && text[end - 1] == '\r') --end;
+    const std::string_view more = text.substr(shown_, end - shown_);
+    // Each piece costs the layout of its whole line: one without end waits until it ends.
+    const std::size_t line = static_cast<std::size_t>(edit_->document()->lastBlock().length()) + more.size();
+    if (line > longestLine && more.find_first_of("\r\n") == std::string_view::npos) return;
     QTextCursor cursor(edit_->document());
     cursor.movePosition(QTextCursor::End);
-    cursor.insertText(WithPlainLineEnds(text.substr(shown_, end - shown_)));
+    cursor.insertText(WithPlainLineEnds(more));
     edit_->setTextCursor(cursor);
     shown_ = end;
 }

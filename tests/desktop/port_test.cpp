@@ -1,0 +1,98 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <QTest>
+
+#include "basic/run_time_error.h"
+#include "desktop/desktop_port.h"
+#include "desktop/desktop_system.h"
+
+namespace kvt::test {
+namespace {
+
+// Both ends of a line: a port of the toolkit, and the other end as a handle.
+class DesktopPortTest : public ::testing::Test {
+protected:
+    DesktopPortTest() : other(posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK)) {
+        grantpt(other);
+        unlockpt(other);
+        path = ptsname(other);
+        qputenv("KVT_PORTS", QByteArray::fromStdString("/no/such/device:" + path));
+    }
+    ~DesktopPortTest() override {
+        if (other >= 0) close(other);
+        qunsetenv("KVT_PORTS");
+    }
+    std::string Arrived() {
+        char piece[4096];
+        const ssize_t size = read(other, piece, sizeof piece);
+        return {piece, static_cast<std::size_t>(std::max<ssize_t>(0, size))};
+    }
+    int other;
+    std::string path;
+    DesktopFocus focus;
+    DesktopSystem system{focus};
+};
+
+TEST_F(DesktopPortTest, LinesLeaveAtTheirPaceAndCharactersArrive) {
+    DesktopPort port;
+    std::vector<CommEvent> events;
+    port.OnComm = [&](CommEvent event) { events.push_back(event); };
+    EXPECT_THROW(port.Open(), RunTimeError);
+    EXPECT_EQ(port.DeviceName(2), path);
+    port.SetCommPort(2);
+    port.SetSettings("2400,N,8,1");
+    port.Open();
+    EXPECT_THROW(port.Open(), RunTimeError);
+
+    // 48 characters at 240 a second.
+    QElapsedTimer time;
+    time.start();
+    port.Output(std::string(46, 'x') + "\r\n");
+    port.SetSettings("2400,E,7,1");
+    EXPECT_EQ(port.Unsent(), 48);
+    EXPECT_TRUE(system.WaitUntil([&] { return port.MillisecondsLeft(); }));
+    EXPECT_NEAR(static_cast<double>(time.elapsed()), 200, 60);
+    EXPECT_EQ(Arrived(), std::string(46, 'x') + "\r\n");
+    // The settings have waited; a pseudo-terminal refuses them, and goes on.
+    QTest::qWait(30);
+    EXPECT_EQ(events, (std::vector{CommEvent::Refused, CommEvent::Send}));
+
+    const std::string noise("\x00\xFF\x80\r\nM", 6);
+    ASSERT_EQ(write(other, noise.data(), noise.size()), 6);
+    std::string got;
+    port.OnComm = [&](CommEvent event) {
+        if (event == CommEvent::Receive) got += port.Input();
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return got.size() == noise.size(); }, 2000));
+    EXPECT_EQ(got, noise);
+
+    // A closing does not cut off what is under way.
+    port.SetSettings("2400,N,8,1");
+    port.Output("last line\r\n");
+    port.Close();
+    EXPECT_EQ(Arrived(), "last line\r\n");
+    EXPECT_THROW(port.Output("x"), RunTimeError);
+}
+
+TEST_F(DesktopPortTest, AVanishedPortEndsTheWaitAndIsTold) {
+    DesktopPort port;
+    bool vanished = false;
+    port.OnComm = [&](CommEvent event) { vanished = vanished || event == CommEvent::Vanished; };
+    port.SetCommPort(2);
+    port.Open();
+    port.Output(std::string(3000, 'x'));
+    close(std::exchange(other, -1));
+    QElapsedTimer time;
+    time.start();
+    EXPECT_TRUE(system.WaitUntil([&] { return port.MillisecondsLeft(); }));
+    EXPECT_LT(time.elapsed(), 5000);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return vanished; }, 2000));
+    EXPECT_FALSE(port.IsOpen());
+    EXPECT_THROW(port.Open(), RunTimeError);
+}
+
+}  // namespace
+}  // namespace kvt::test
