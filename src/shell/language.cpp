@@ -189,8 +189,10 @@ std::string ModuleLoader::WriteModule() const {
         if (key == row.Key) continue;
         key = row.Key;
         Control* const control = ControlOf(forms, row);
-        const TextProperty* const text = control ? TextOf(*control, row.What) : nullptr;
+        const TextProperty* text = control ? TextOf(*control, row.What) : nullptr;
         const bool isEntry = control == &bench_.Entry.frEntry;  // it shows the code that is entered
+        // The tool tip of the arrows tells the scale in force, not what they do.
+        if (control && control->Kind() == ControlKind::UpDown) text = nullptr;
         const std::string shown = isEntry ? texts.EntryCaption : text ? text->Get() : std::string();
         module.Line(key, shown.empty() ? std::string(key) : shown);
     }
