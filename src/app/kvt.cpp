@@ -9,9 +9,11 @@
 #include <utility>
 #include <vector>
 
+#include "console/drawing.h"
 #include "desktop/desktop_platform.h"
 #include "desktop/end_signals.h"
 #include "desktop/form_view.h"
+#include "desktop/operation_painter.h"
 #include "desktop/text.h"
 #include "headless/disk_files.h"
 #include "shell/workbench.h"
@@ -23,11 +25,13 @@ constexpr const char* version = "1.0.0";
 constexpr int wrongUsage = 2;
 constexpr int lookInterval = 50;  // milliseconds
 constexpr int longestWait = 5000;
+constexpr QSize pictureSize(1280, 800);  // of the drawing window
 
 struct Options {
     QString File;
     double Scale = 0;  // 0 for that of the screen
     QString Screenshot;
+    QString DrawScreenshot;
 };
 
 void Describe(QCommandLineParser& parser) {
@@ -40,7 +44,11 @@ void Describe(QCommandLineParser& parser) {
     parser.addOptions(
         {{QStringLiteral("scale"), QStringLiteral("Size of everything, 1 to 2."), QStringLiteral("F")},
          {QStringLiteral("screenshot"), QStringLiteral("Show the window, save a picture of it and end."),
-          QStringLiteral("PNG")}});
+          QStringLiteral("PNG")},
+         {QStringLiteral("screenshot-draw"), QStringLiteral("The same with the drawing of the program."),
+          QStringLiteral("PNG")},
+         {QStringLiteral("draw"), QStringLiteral("Draw the program into a picture and end."),
+          QStringLiteral("OUT")}});
 }
 
 // Help and version need no display. True when one of them was asked for.
@@ -77,12 +85,40 @@ bool Read(const QStringList& arguments, Options& options, QString& problem) {
     // Whole, since it becomes the last file of a run that may start elsewhere.
     if (!files.isEmpty()) options.File = QFileInfo(files.constFirst()).absoluteFilePath();
     options.Screenshot = parser.value(QStringLiteral("screenshot"));
+    options.DrawScreenshot = parser.value(QStringLiteral("screenshot-draw"));
     if (!parser.isSet(QStringLiteral("scale"))) return true;
     bool isNumber = false;
     options.Scale = parser.value(QStringLiteral("scale")).toDouble(&isNumber);
     if (isNumber && options.Scale >= 1 && options.Scale <= 2) return true;
     problem = QStringLiteral("--scale takes a number from 1 to 2");
     return false;
+}
+
+// The drawing as points, one for 15 twips.
+bool WritePoints(std::span<const kvt::DrawOperation> operations, const kvt::DrawnArea& area,
+                 const std::string& path) {
+    const kvt::FieldPiece piece{1.0 / 15, 1,
+                                QPoint(static_cast<int>(area.Left / 15), static_cast<int>(area.Top / 15))};
+    QImage image(static_cast<int>(area.Width / 15) + 1, static_cast<int>(area.Height / 15) + 1,
+                 QImage::Format_RGB32);
+    image.fill(Qt::black);
+    kvt::PaintOperations(image, piece, image.rect(), operations, {});
+    return image.save(QString::fromLocal8Bit(path.c_str()));
+}
+
+// Draws a program into a picture without any display; the status of kvtc, or -1 where that was not asked for.
+int DrawAsAsked(int argc, char** argv) {
+    QCommandLineParser parser;
+    Describe(parser);
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) arguments += QString::fromLocal8Bit(argv[i]);
+    if (!parser.parse(arguments) || !parser.isSet(QStringLiteral("draw"))) return -1;
+    if (parser.positionalArguments().size() != 1) {
+        std::fprintf(stderr, "kvt: --draw takes one file\n");
+        return wrongUsage;
+    }
+    return kvt::DrawPicture(parser.positionalArguments().constFirst().toLocal8Bit().toStdString(),
+                            parser.value(QStringLiteral("draw")).toLocal8Bit().toStdString(), WritePoints);
 }
 
 // Does something once a window has been painted, or has had the time for it.
@@ -105,6 +141,7 @@ void WhenPainted(QMainWindow& window, const std::function<void()>& then) {
 
 int main(int argc, char** argv) {
     if (TellAboutIt(argc, argv)) return 0;
+    if (const int result = DrawAsAsked(argc, argv); result >= 0) return result;
     QApplication application(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(programName));
     Options options;
@@ -135,13 +172,24 @@ int main(int argc, char** argv) {
     // A second signal does not wait for the answer to the question that the first one has led to.
     bool ending = false;
     const kvt::EndSignals signalsToEnd([&] {
-        if (std::exchange(ending, true) || !main.OnQueryUnload) return system.EndProgram();
+        if (std::exchange(ending, true) || workbench.Window.Ending()) return system.EndProgram();
         system.Run(main, "QueryUnload", main.OnQueryUnload);
         ending = false;
     });
-    const bool takesPicture = !options.Screenshot.isEmpty();
+    const bool takesPicture = !options.Screenshot.isEmpty() || !options.DrawScreenshot.isEmpty();
     bool saved = false;
-    if (takesPicture) {
+    if (!options.DrawScreenshot.isEmpty()) {
+        workbench.Draw.Show();
+        QMainWindow& drawing = windows[1]->Window();
+        drawing.showNormal();
+        drawing.resize(pictureSize);
+        WhenPainted(drawing, [&] {
+            // In step with the zero point that the window's size has led to.
+            workbench.Draw.Redraw();
+            saved = drawing.grab().save(options.DrawScreenshot);
+            system.EndProgram();
+        });
+    } else if (takesPicture) {
         WhenPainted(window, [&] {
             saved = window.grab().save(options.Screenshot);
             system.EndProgram();

@@ -122,6 +122,12 @@ std::int16_t ToInteger(double value) {
     return static_cast<std::int16_t>(whole);
 }
 
+float ToSingle(double value) {
+    const auto rounded = static_cast<float>(value);
+    if (!std::isfinite(rounded)) throw RunTimeError(fault::Overflow);
+    return rounded;
+}
+
 double WholePart(double value) { return std::trunc(value); }
 
 std::int32_t Remainder(double dividend, double divisor) {

@@ -18,6 +18,9 @@ bool IsNumeric(std::string_view text);
 std::int32_t ToLong(double value);
 std::int16_t ToInteger(double value);
 
+// Rounded to a 32-bit float; beyond its range error 6.
+float ToSingle(double value);
+
 // The whole part, towards zero.
 double WholePart(double value);
 

@@ -5,50 +5,14 @@
 #include <memory>
 #include <new>
 
+#include "basic/code_page.h"
 #include "console/listing.h"
+#include "console/loaded_file.h"
 #include "console/state.h"
-#include "headless/memory_platform.h"
-#include "shell/workbench.h"
 
 namespace kvt {
 
 namespace {
-
-// Goes to standard error in one line that names the file.
-void Complain(std::string_view file, std::string_view what) {
-    std::fprintf(stderr, "kvtc: %.*s: %.*s\n", static_cast<int>(file.size()), file.data(),
-                 static_cast<int>(what.size()), what.data());
-}
-
-// One file in a fresh workbench on the memory half.
-class LoadedFile {
-public:
-    explicit LoadedFile(const std::string& file) : Bench(std::make_unique<Workbench>(Platform.Services)) {
-        std::string name = NameFromSystem(file);
-        error_ = ErrorOf(Bench->Reader.LoadFile(name));
-    }
-
-    MemoryPlatform Platform;
-    std::unique_ptr<Workbench> Bench;
-
-    // Why there is no program; null where there is one.
-    const char* Error() const { return error_; }
-    int Status() const { return HasFinding(*Bench) ? status::Finding : status::Well; }
-
-private:
-    static const char* ErrorOf(LoadResult result) {
-        switch (result) {
-            case LoadResult::Loaded: return nullptr;
-            case LoadResult::Nothing: return "no such file";
-            case LoadResult::Unreadable: return "cannot be read";
-            case LoadResult::LanguageModule: return "is a language module, not a CNC program";
-            case LoadResult::NotRecognised: break;
-        }
-        return "is not recognised as a CNC program";
-    }
-
-    const char* error_ = nullptr;
-};
 
 // Whether a file has line ends of LF or CR alone, which the machines' files do not: its lines are not found then.
 bool HasBareLineEnds(LoadedFile& loaded, const std::string& file) {

@@ -42,6 +42,8 @@ public:
     // How many of the message boxes shown have been expected, and how many printed.
     std::size_t ExpectedBoxes = 0;
     std::size_t PrintedBoxes = 0;
+    // How much of what the port was given has been expected.
+    std::size_t ExpectedSent = 0;
 
     // Something that is worth knowing about the line, on standard error.
     void Note(const std::string& text);
@@ -71,7 +73,9 @@ private:
     bool RunNextLine();
     bool RunAction(std::string_view text, int line);
     void Do(const ScriptAction& action, std::string_view arguments);
+    bool DoPutOff(Frame& frame);
     bool ServeWait();
+    void ServeTimedWait();
     bool GoesOn() const { return !broken_ && next_ < static_cast<int>(lines_.size()); }
     void Tell(const std::string& text) const;
 

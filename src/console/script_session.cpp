@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "basic/code_page.h"
 #include "basic/text.h"
 #include "files/folders.h"
 #include "files/settings_file.h"
@@ -61,6 +62,7 @@ ScriptSession::ScriptSession(const ScriptOptions& options) {
         Platform.Screen.HeightTwips = options.Screen[1];
     }
     if (!options.WorkArea.empty()) Platform.Screen.WorkAreaTwips = options.WorkArea[0];
+    if (!options.Ports.empty()) Platform.Port.Ports = options.Ports[0];
     NewBench();
 }
 

@@ -31,9 +31,10 @@ void ButtonView::Follow(PropertyId id) {
 }
 
 CommandButtonView::CommandButtonView(DesktopContext& desktop, CommandButton& control, QWidget* parent)
-    : ButtonView(
-          desktop, control, control.Caption,
-          control.Picture.empty() ? new QPushButton(parent) : new PictureButton(control.Picture, parent)) {}
+    : ButtonView(desktop, control, control.Caption,
+                 control.Picture.empty()
+                     ? new QPushButton(parent)
+                     : NewPictureButton(control.Picture, desktop.Lengths.Factor(), parent)) {}
 
 bool CommandButtonView::Act(const KeyInput& input) {
     if (input.Key != key::Enter) return false;

@@ -18,10 +18,10 @@ namespace kvt {
 namespace {
 
 constexpr PropertyId allProperties[] = {
-    PropertyId::Left,    PropertyId::Height,  PropertyId::ToolTip,   PropertyId::Caption,
-    PropertyId::Entries, PropertyId::Bounds,  PropertyId::Rows,      PropertyId::Headers,
-    PropertyId::Text,    PropertyId::Value,   PropertyId::ListIndex, PropertyId::ForeColor,
-    PropertyId::Enabled, PropertyId::Visible,
+    PropertyId::Left,         PropertyId::Height,  PropertyId::ToolTip,   PropertyId::Caption,
+    PropertyId::Entries,      PropertyId::Bounds,  PropertyId::Rows,      PropertyId::Headers,
+    PropertyId::Text,         PropertyId::Value,   PropertyId::ListIndex, PropertyId::ForeColor,
+    PropertyId::MousePointer, PropertyId::Enabled, PropertyId::Visible,
 };
 
 // What lies over what: documents and pictures over the list, frames and tabs over these, the rest on top.
@@ -47,7 +47,10 @@ FormView::FormView(DesktopContext& desktop, Form& form)
     : View(desktop, form, new QMainWindow), form_(form), window_(static_cast<QMainWindow*>(Widget())) {
     field_ = new QWidget(window_.get());
     window_->setCentralWidget(field_);
-    if (form.TopMost) window_->setWindowFlag(Qt::WindowStaysOnTopHint);
+    if (form.TopMost) {
+        window_->setWindowFlag(Qt::WindowStaysOnTopHint);
+        window_->setAttribute(Qt::WA_ShowWithoutActivating);
+    }
     window_->setAcceptDrops(true);
     Watch(field_);
     MakeViews();
@@ -117,7 +120,12 @@ void FormView::Follow(PropertyId id) {
         case PropertyId::WindowState: ApplyState(); break;
         case PropertyId::Visible:
             window_->setVisible(form_.Visible);
-            if (form_.Visible) window_->activateWindow();
+            if (form_.Visible && !form_.TopMost) window_->activateWindow();
+            break;
+        case PropertyId::Front:
+            if (window_->isMinimized()) window_->showNormal();
+            window_->raise();
+            window_->activateWindow();
             break;
         case PropertyId::Enabled: field_->setEnabled(form_.Enabled); break;
         default: break;
@@ -126,7 +134,8 @@ void FormView::Follow(PropertyId id) {
 
 void FormView::ApplySize() {
     if (window_->windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) return;
-    const QSize size(Desktop.Lengths.PixelsUp(form_.Width), Desktop.Lengths.PixelsUp(form_.Height));
+    const QSize size(Desktop.Lengths.PixelsUp(form_.Width - form_.EdgeWidth),
+                     Desktop.Lengths.PixelsUp(form_.Height - form_.EdgeHeight));
     const QMenuBar* bar = window_->menuBar();
     const int barHeight =
         bar->isHidden() ? 0 : std::max(bar->heightForWidth(size.width()), bar->sizeHint().height());
@@ -156,10 +165,12 @@ void FormView::Resized() {
     {
         const StackGuard guard(noting_);
         // A length that gives the same pixels stays as it was set.
-        const auto twips = [&](int length, int pixels) {
-            return Desktop.Lengths.PixelsUp(length) == pixels ? length : Desktop.Lengths.Twips(pixels);
+        const auto twips = [&](int length, int edge, int pixels) {
+            if (Desktop.Lengths.PixelsUp(length - edge) == pixels) return length;
+            return Desktop.Lengths.Twips(pixels) + edge;
         };
-        changed = form_.TakeSize(twips(form_.Width, field_->width()), twips(form_.Height, field_->height()));
+        changed = form_.TakeSize(twips(form_.Width, form_.EdgeWidth, field_->width()),
+                                 twips(form_.Height, form_.EdgeHeight, field_->height()));
     }
     if (changed && form_.OnResize) Desktop.System.Run(form_, "Resize", form_.OnResize);
 }

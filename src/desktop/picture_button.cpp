@@ -1,72 +1,92 @@
 #include "desktop/picture_button.h"
 
+#include <QPainterPath>
 #include <QStyleOptionButton>
 #include <QStylePainter>
-#include <algorithm>
-#include <charconv>
-#include <utility>
-
-#include "platform/controls.h"
+#include <sstream>
+#include <string>
 
 namespace kvt {
 
 namespace {
 
-// "x,y x,y; x,y x,y": the points of a stroke, and the strokes.
+constexpr double grid = 24;
+constexpr double pictureSize = 20;  // pixels at factor 1
+constexpr double strokeWidth = 1.7;
+
 QPainterPath PathOf(std::string_view strokes) {
     QPainterPath path;
-    const char* at = strokes.data();
-    const char* const end = at + strokes.size();
-    bool begins = true;
-    while (at < end) {
-        int x = 0;
-        int y = 0;
-        const auto first = std::from_chars(at, end, x);
-        if (first.ec != std::errc() || first.ptr == end) break;
-        const auto second = std::from_chars(first.ptr + 1, end, y);
-        if (second.ec != std::errc()) break;
-        if (begins) {
-            path.moveTo(x, y);
-        } else {
-            path.lineTo(x, y);
+    std::istringstream text{std::string(strokes)};
+    const auto point = [&text] {
+        double x = 0;
+        double y = 0;
+        text >> x >> y;
+        return QPointF(x, y);
+    };
+    for (char command = 0; text >> command;) {
+        switch (command) {
+            case 'M': path.moveTo(point()); break;
+            case 'L': path.lineTo(point()); break;
+            case 'C': {
+                const QPointF first = point();
+                const QPointF second = point();
+                path.cubicTo(first, second, point());
+                break;
+            }
+            case 'O': {
+                const QPointF centre = point();
+                double radius = 0;
+                text >> radius;
+                path.addEllipse(centre, radius, radius);
+                break;
+            }
+            default: path.closeSubpath(); break;
         }
-        at = second.ptr;
-        begins = at < end && *at == ';';
-        while (at < end && (*at == ';' || *at == ' ')) ++at;
     }
     return path;
 }
 
+class PictureButton : public QPushButton {
+public:
+    PictureButton(std::string_view strokes, double factor, QWidget* parent)
+        : QPushButton(parent), strokes_(PathOf(strokes)), scale_(pictureSize * factor / grid) {}
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QStylePainter painter(this);
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        option.text.clear();
+        painter.drawControl(QStyle::CE_PushButton, option);
+
+        const int margin = 3;
+        const bool hasCaption =
+            !text().isEmpty() && fontMetrics().horizontalAdvance(text()) <= width() - 2 * margin;
+        const int captionHeight = hasCaption ? fontMetrics().height() : 0;
+        const double picture = grid * scale_;
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.translate((width() - picture) / 2, (height() - captionHeight - picture) / 2);
+        painter.scale(scale_, scale_);
+        const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
+        painter.setPen(QPen(palette().color(group, QPalette::ButtonText), strokeWidth, Qt::SolidLine,
+                            Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPath(strokes_);
+        painter.restore();
+        if (!hasCaption) return;
+        const QRect place(0, height() - captionHeight - margin, width(), captionHeight);
+        painter.drawItemText(place, Qt::AlignCenter, palette(), isEnabled(), text(), QPalette::ButtonText);
+    }
+
+private:
+    QPainterPath strokes_;
+    double scale_;
+};
+
 }  // namespace
 
-PictureButton::PictureButton(std::string_view strokes, QWidget* parent)
-    : QPushButton(parent), picture_(PathOf(strokes)) {}
-
-void PictureButton::paintEvent(QPaintEvent*) {
-    QStylePainter painter(this);
-    QStyleOptionButton option;
-    initStyleOption(&option);
-    const QString words = std::exchange(option.text, QString());
-    painter.drawControl(QStyle::CE_PushButton, option);
-
-    QRectF room = rect().adjusted(3, 3, -3, -3);
-    if (!words.isEmpty()) {
-        const int height = fontMetrics().height();
-        const QRectF below(room.left(), room.bottom() - height, room.width(), height);
-        painter.setPen(option.palette.color(QPalette::ButtonText));
-        painter.drawText(below, Qt::AlignCenter, words);
-        room.setBottom(below.top());
-    }
-    const double side = std::min({room.width(), room.height(), 2.0 * fontMetrics().height()});
-    const double scale = side / CommandButton::PictureSide;
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(room.center() - QPointF(side / 2, side / 2));
-    painter.scale(scale, scale);
-    QPen pen(option.palette.color(QPalette::ButtonText), 1.5);
-    pen.setCapStyle(Qt::RoundCap);
-    pen.setJoinStyle(Qt::RoundJoin);
-    painter.setPen(pen);
-    painter.drawPath(picture_);
+QPushButton* NewPictureButton(std::string_view strokes, double factor, QWidget* parent) {
+    return new PictureButton(strokes, factor, parent);
 }
 
 }  // namespace kvt

@@ -1,21 +1,12 @@
 #pragma once
 
-#include <QPainterPath>
 #include <QPushButton>
 #include <string_view>
 
 namespace kvt {
 
-// A button with a picture of strokes above its text, or alone where it has no text.
-class PictureButton : public QPushButton {
-public:
-    PictureButton(std::string_view strokes, QWidget* parent);
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
-private:
-    QPainterPath picture_;
-};
+// A button with a picture of strokes (see CommandButton) above its caption. A caption that is too wide for the button is
+// left out. The caller owns the button by way of its parent.
+QPushButton* NewPictureButton(std::string_view strokes, double factor, QWidget* parent);
 
 }  // namespace kvt

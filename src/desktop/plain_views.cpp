@@ -83,7 +83,8 @@ void LabelView::Follow(PropertyId id) {
         case PropertyId::Height: {
             const bool wraps = label_.Height >= severalLines;
             face_->setWordWrap(wraps);
-            face_->setAlignment(wraps ? Qt::AlignLeft | Qt::AlignTop : Qt::AlignLeft | Qt::AlignVCenter);
+            const Qt::Alignment side = label_.AtRight ? Qt::AlignRight : Qt::AlignLeft;
+            face_->setAlignment(side | (wraps ? Qt::AlignTop : Qt::AlignVCenter));
             View::Follow(id);
             break;
         }
@@ -98,7 +99,10 @@ bool LabelView::eventFilter(QObject* watched, QEvent* event) {
 }
 
 FrameView::FrameView(DesktopContext& desktop, Frame& control, QWidget* parent)
-    : View(desktop, control, new FrameFace(control, parent)) {}
+    : View(desktop, control, new FrameFace(control, parent)) {
+    // It may lie over a picture or another frame, which must not shine through.
+    Widget()->setAutoFillBackground(true);
+}
 
 void FrameView::Follow(PropertyId id) {
     if (id == PropertyId::Caption) {
@@ -106,19 +110,6 @@ void FrameView::Follow(PropertyId id) {
     } else {
         View::Follow(id);
     }
-}
-
-PictureView::PictureView(DesktopContext& desktop, Picture& control, QWidget* parent)
-    : View(desktop, control, new QFrame(parent)) {
-    static_cast<QFrame*>(Widget())->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    Widget()->setBackgroundRole(QPalette::Base);
-    Widget()->setAutoFillBackground(true);
-}
-
-bool PictureView::eventFilter(QObject* watched, QEvent* event) {
-    if (!IsClick(*Widget(), *event)) return View::eventFilter(watched, event);
-    Desktop.System.Run(Subject(), "Click", [this] { Subject().Click(); });
-    return true;
 }
 
 RichTextView::RichTextView(DesktopContext& desktop, RichText& control, QWidget* parent)

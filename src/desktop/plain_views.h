@@ -35,16 +35,6 @@ protected:
     bool TakesFocus() const override { return false; }
 };
 
-// An empty field.
-class PictureView : public View {
-public:
-    PictureView(DesktopContext& desktop, Picture& control, QWidget* parent);
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-    bool TakesFocus() const override { return Subject().TabIndex >= 0; }
-};
-
 // A document to read; the mouse may give it the keys, so that they scroll it.
 class RichTextView : public View {
 public:

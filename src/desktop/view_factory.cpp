@@ -3,6 +3,7 @@
 #include "desktop/button_views.h"
 #include "desktop/list_box_view.h"
 #include "desktop/list_view_view.h"
+#include "desktop/picture_box_view.h"
 #include "desktop/plain_views.h"
 #include "desktop/range_views.h"
 #include "desktop/text_views.h"
@@ -31,7 +32,7 @@ std::unique_ptr<ControlView> NewView(DesktopContext& desktop, Control& control, 
         case ControlKind::ListView:
             return std::make_unique<ListViewView>(desktop, static_cast<ListView&>(control), parent);
         case ControlKind::PictureBox:
-            return std::make_unique<PictureView>(desktop, static_cast<Picture&>(control), parent);
+            return std::make_unique<PictureBoxView>(desktop, static_cast<PictureBox&>(control), parent);
         case ControlKind::RichText:
             return std::make_unique<RichTextView>(desktop, static_cast<RichText&>(control), parent);
         case ControlKind::TabStrip:
@@ -42,6 +43,8 @@ std::unique_ptr<ControlView> NewView(DesktopContext& desktop, Control& control, 
             return std::make_unique<ScrollBarView>(desktop, static_cast<ScrollBar&>(control), parent);
         case ControlKind::UpDown:
             return std::make_unique<UpDownView>(desktop, static_cast<UpDown&>(control), parent);
+        case ControlKind::ProgressBar:
+            return std::make_unique<ProgressBarView>(desktop, static_cast<ProgressBar&>(control), parent);
         case ControlKind::Timer: return std::make_unique<TimerView>(desktop, static_cast<Timer&>(control));
         case ControlKind::Form:
         case ControlKind::Menu:

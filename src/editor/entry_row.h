@@ -3,6 +3,7 @@
 #include <array>
 
 #include "platform/controls.h"
+#include "platform/picture_box.h"
 
 namespace kvt {
 
@@ -18,7 +19,7 @@ struct EntryRow {
     TextBox txtFeedA, txtFeedB;
     CommandButton cmdFeedA, cmdFeedB;
     CheckBox chkSettingsDWC;  // delete without confirmation
-    Picture picXYaxes, picZXaxes;
+    PictureBox picXYaxes, picZXaxes;
     CommandButton cmdReturn;
 
     // What a replacement of a feed looks for: a blank and the trimmed number.

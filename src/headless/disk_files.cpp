@@ -73,11 +73,6 @@ void Settle(const fs::path& path) {
 
 }  // namespace
 
-std::string NameFromSystem(std::string_view name) {
-    std::string text = FromUtf8(name);
-    return ToUtf8(text) == name ? text : std::string(name);
-}
-
 bool DiskFiles::Exists(std::string_view path) {
     if (path.empty()) return false;
     std::error_code failed;

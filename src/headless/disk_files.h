@@ -31,7 +31,4 @@ private:
     std::unique_ptr<DiskFiles> background_;
 };
 
-// A file name of the system as the program holds it: in the code page where that is possible without loss.
-std::string NameFromSystem(std::string_view name);
-
 }  // namespace kvt

@@ -31,10 +31,15 @@ enum class ControlKind : std::uint8_t {
     ComboBox,
     ScrollBar,
     UpDown,
+    ProgressBar,
 };
 
 // Colours have red in the low byte.
 using Color = std::uint32_t;
+
+namespace pointer {
+inline constexpr int Usual = 0, Cross = 2, ArrowAndHourglass = 13;
+}  // namespace pointer
 
 // Watches one control and shows it. The logic never looks at views.
 class ControlView {
@@ -69,6 +74,8 @@ public:
     Property<int> Height{*this, PropertyId::Height};
     Property<bool> Visible{*this, PropertyId::Visible, true};
     Property<bool> Enabled{*this, PropertyId::Enabled, true};
+    // The pointer of the mouse over it, one of pointer::... .
+    Property<int> MousePointer{*this, PropertyId::MousePointer};
     Property<int> TabIndex{*this, PropertyId::TabIndex, -1};
     TextProperty Tag{*this, PropertyId::Tag};
     TextProperty ToolTip{*this, PropertyId::ToolTip};
@@ -119,8 +126,13 @@ public:
     // The size has changed, by hand or by code; the form has come to the front.
     std::function<void()> OnResize;
     std::function<void()> OnActivate;
-    // A window that stays above the others of the program; set before it is shown.
+    // A window that stays above the others of the program and takes no activation; set before it is shown.
     bool TopMost = false;
+    // What of the form's size the window's edges, title and menus take; 0 where the size is that of the field
+    // alone. Set before it is shown.
+    int EdgeWidth = 0, EdgeHeight = 0;
+    // Brings the window in front of the others, with the keys.
+    void BringToFront() { Control::Changed(PropertyId::Front); }
     // The window's own close control was used. The form decides what happens; by itself nothing does.
     std::function<void()> OnQueryUnload;
     // A file was dropped on the window.
@@ -144,6 +156,8 @@ public:
         : Control(form, ControlKind::Label, name), Caption(*this, PropertyId::Caption, caption) {}
     TextProperty Caption;
     Property<Color> ForeColor{*this, PropertyId::ForeColor};
+    // Numbers below one another stand at the right edge. Set before it is shown.
+    bool AtRight = false;
 };
 
 // Selection positions count from 0, as characters in front.
@@ -161,13 +175,21 @@ public:
     Property<Color> ForeColor{*this, PropertyId::ForeColor};
     // Takes several lines: Enter and pasted line ends (CR LF) go in. Set before it is shown.
     bool MultiLine = false;
+    // All characters have the same width, for columns of numbers. Set before it is shown.
+    bool FixedPitch = false;
 
     std::function<void()> OnChange;
 
     void SelectAll() { Selection = TextSelection{0, static_cast<int>(Text.Get().size())}; }
+    // Adds to the end, where the selection goes too. The view is told of it as one change, Appended, and the cost
+    // is that of the piece alone.
+    void Append(std::string_view more);
 
 protected:
     void Changed(PropertyId id) override;
+
+private:
+    bool appending_ = false;
 };
 
 class CommandButton : public Control {
@@ -176,10 +198,9 @@ public:
         : Control(form, ControlKind::CommandButton, name, index),
           Caption(*this, PropertyId::Caption, caption) {}
     TextProperty Caption;
-    // Strokes in a square of PictureSide units: "x,y x,y; x,y x,y". Empty for a button of words; set before it is
-    // shown.
-    std::string_view Picture;
-    static constexpr int PictureSide = 24;
+    // Strokes on a field of 24 by 24, y down: "M x y" goes there, "L x y" draws a line, "C" a curve by three points,
+    // "O x y r" a circle, "Z" closes. Shown above the caption; empty for none. Set before it is shown.
+    std::string Picture;
 };
 
 // Value is 0 or 1.
@@ -242,12 +263,7 @@ public:
     std::function<void()> OnTimer;
 };
 
-// A picture without a pen, and a document laid over the program list.
-class Picture : public Control {
-public:
-    Picture(Form& form, std::string_view name) : Control(form, ControlKind::PictureBox, name) {}
-};
-
+// A document laid over the program list.
 class RichText : public Control {
 public:
     RichText(Form& form, std::string_view name) : Control(form, ControlKind::RichText, name) {}
@@ -267,7 +283,11 @@ public:
     void SetEntry(int index, std::string_view text);
     void AddEntry(std::string_view text);
     void Clear();
+    // Puts these in the place of all entries; none is selected.
+    void SetEntries(std::vector<std::string> entries);
     const std::vector<std::string>& Entries() const { return entries_; }
+    // Characters of one width; set before it is shown.
+    bool FixedPitch = false;
 
 protected:
     ListBox(Form& form, std::string_view name, ControlKind kind) : Control(form, kind, name) {}
@@ -307,6 +327,12 @@ public:
     // How far a click on an arrow, and one beside the thumb, goes.
     int SmallChange = 1;
     int LargeChange = 10;
+};
+
+// How much of something is done; the user cannot change it.
+class ProgressBar : public RangeControl {
+public:
+    ProgressBar(Form& form, std::string_view name) : RangeControl(form, ControlKind::ProgressBar, name) {}
 };
 
 // Two arrows, up and down.

@@ -34,6 +34,11 @@ enum class PropertyId : std::uint8_t {
     TopRow,
     Headers,
     Bounds,
+    BackColor,
+    MousePointer,
+    Operations,
+    Front,
+    Appended,
 };
 
 namespace detail {
@@ -86,6 +91,9 @@ public:
         return *this;
     }
     TextProperty& operator=(const TextProperty& other) { return *this = std::string_view(other.value_); }
+
+    // Adds to the end and tells nobody, so that a long text can grow piece by piece.
+    void Extend(std::string_view more) { value_ += more; }
 
     friend bool operator==(const TextProperty& text, std::string_view other) { return text.value_ == other; }
 

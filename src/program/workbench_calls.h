@@ -15,6 +15,8 @@ struct WorkbenchCalls {
     std::function<void()> mnuDraw_Click;
     std::function<void()> RedrawAfterEdit;
     std::function<void()> ControlsPositioning;
+    // Freezes the window (0) or frees it (1).
+    std::function<void(int enable)> ControlsEnable;
     std::function<void()> RefreshMachine;
     std::function<void()> RefreshTitle;
     std::function<void(std::string_view initial)> FirstFieldFocus;

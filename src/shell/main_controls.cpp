@@ -11,19 +11,24 @@ struct TopButton {
     const char* Picture;
 };
 
+constexpr const char* axesPicture = "M 5 3 L 5 19 L 21 19 M 2 6 L 5 3 L 8 6 M 18 16 L 21 19 L 18 22";
+
 // Those whose command is not part of this window stay away.
 constexpr TopButton topButtons[] = {
-    {"Open", "Open File", true, "3,20 3,5 9,5 11,8 18,8 18,11; 3,20 7,11 22,11 18,20 3,20"},
-    {"Save", "Save File", true, "4,4 17,4 20,7 20,20 4,20 4,4; 8,4 8,9 15,9 15,4; 7,20 7,13 17,13 17,20"},
-    {"New", "New File", true, "6,3 14,3 19,8 19,21 6,21 6,3; 14,3 14,8 19,8"},
+    {"Open", "Open File", true, "M 3 19 L 3 5 L 9 5 L 11 7 L 19 7 L 19 10 M 3 19 L 6 10 L 22 10 L 19 19 Z"},
+    {"Save", "Save File", true,
+     "M 4 4 L 17 4 L 20 7 L 20 20 L 4 20 Z M 8 4 L 8 9 L 15 9 L 15 4 M 7 20 L 7 13 L 17 13 L 17 20"},
+    {"New", "New File", true, "M 6 3 L 14 3 L 18 7 L 18 21 L 6 21 Z M 14 3 L 14 7 L 18 7"},
     {"Print", "Print File", false,
-     "6,16 3,16 3,9 21,9 21,16 18,16; 6,9 6,3 18,3 18,9; 6,13 18,13 18,21 6,21 6,13"},
-    {"Set", "Settings", true, "3,6 21,6; 8,4 8,8; 3,12 21,12; 15,10 15,14; 3,18 21,18; 10,16 10,20"},
-    {"Axes", "Show Axes", false, "5,19 5,3; 3,6 5,3 7,6; 5,19 21,19; 18,17 21,19 18,21"},
-    {"Axes", "Show Axes", false, "5,19 5,3; 3,6 5,3 7,6; 5,19 21,19; 18,17 21,19 18,21"},
-    {"Draw", "Draw Toolpath", false, "3,20 3,14 8,14 12,8 17,8 20,4; 1,20 23,20"},
-    {"RX", "Receive File", false, "12,3 12,15; 7,10 12,15 17,10; 4,16 4,20 20,20 20,16"},
-    {"TX", "Transmit File", false, "12,15 12,3; 7,8 12,3 17,8; 4,16 4,20 20,20 20,16"},
+     "M 7 9 L 7 3 L 17 3 L 17 9 M 7 17 L 4 17 L 4 9 L 20 9 L 20 17 L 17 17 M 7 14 L 17 14 L 17 21 L 7 21 Z"},
+    {"Set", "Settings", true,
+     "M 4 7 L 7 7 M 11 7 L 20 7 M 4 12 L 13 12 M 17 12 L 20 12 M 4 17 L 6 17 M 10 17 L 20 17 "
+     "O 9 7 2 O 15 12 2 O 8 17 2"},
+    {"Axes", "Show Axes", false, axesPicture},
+    {"Axes", "Show Axes", false, axesPicture},
+    {"Draw", "Draw Toolpath", false, "M 3 20 L 3 14 L 8 14 C 8 9 11 6 16 6 L 19 6 O 21 6 1.5"},
+    {"RX", "Receive File", false, "M 12 3 L 12 14 M 7 9 L 12 14 L 17 9 M 4 16 L 4 20 L 20 20 L 20 16"},
+    {"TX", "Transmit File", false, "M 12 14 L 12 3 M 7 8 L 12 3 L 17 8 M 4 16 L 4 20 L 20 20 L 20 16"},
 };
 
 void Put(Menu& parent, std::initializer_list<Menu*> entries) {
@@ -38,6 +43,7 @@ MainControls::MainControls(Form& form)
       mnuNew(form, "mnuNew", "New"),
       mnuSave(form, "mnuSave", "Save"),
       mnuSaveAs(form, "mnuSaveAs", "Save As"),
+      mnuDraw(form, "mnuDraw", "Draw"),
       mnuFileBar1(form, "mnuFileBar1", "-"),
       mnuLoadClipboard(form, "mnuLoadClipboard", "Load from Clipboard"),
       mnuSaveClipboard(form, "mnuSaveClipboard", "Save to Clipboard"),
@@ -99,14 +105,16 @@ MainControls::MainControls(Form& form)
         cmdTopButtons[i]->Visible = topButtons[i].Visible;
         cmdTopButtons[i]->Picture = topButtons[i].Picture;
     }
-    Put(mnuFile, {&mnuOpen, &mnuNew, &mnuSave, &mnuSaveAs, &mnuFileBar1, &mnuLoadClipboard, &mnuSaveClipboard,
-                  &mnuFileBar2, &mnuExit});
+    Put(mnuFile, {&mnuOpen, &mnuNew, &mnuSave, &mnuSaveAs, &mnuDraw, &mnuFileBar1, &mnuLoadClipboard,
+                  &mnuSaveClipboard, &mnuFileBar2, &mnuExit});
     Put(mnuSettings, {&mnuGeneral, &mnuMachine, &mnuReset});
     Put(mnuRightClick, {&RCmnuInsert, &RCmnuDelete});
     mnuOpen.Shortcut = "Ctrl+O";
     mnuNew.Shortcut = "Ctrl+N";
     mnuSave.Shortcut = "Ctrl+S";
     mnuSaveAs.Shortcut = "Ctrl+Shift+S";
+    for (Label* head : {&lblMin, &lblMax, &lblTravel}) head->AtRight = true;
+    mnuDraw.Shortcut = "F5";
     lblMachineType.ToolTip = "Machine Type";
     tabSettings.Captions = {"General", "Machine"};
     for (Control* hidden : std::initializer_list<Control*>{&mnuXfer, &mnuConvert, &mnuHelp, &mnuRightClick,

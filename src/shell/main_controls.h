@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "platform/controls.h"
+#include "platform/picture_box.h"
 
 namespace kvt {
 
@@ -13,8 +14,8 @@ struct MainControls {
 
     std::array<std::unique_ptr<CommandButton>, 10> cmdTopButtons;
 
-    Menu mnuFile, mnuOpen, mnuNew, mnuSave, mnuSaveAs, mnuFileBar1, mnuLoadClipboard, mnuSaveClipboard,
-        mnuFileBar2, mnuExit;
+    Menu mnuFile, mnuOpen, mnuNew, mnuSave, mnuSaveAs, mnuDraw, mnuFileBar1, mnuLoadClipboard,
+        mnuSaveClipboard, mnuFileBar2, mnuExit;
     Menu mnuSettings, mnuGeneral, mnuMachine, mnuReset;
     Menu mnuXfer, mnuConvert, mnuHelp;
     Menu mnuRightClick, RCmnuInsert, RCmnuDelete;
@@ -22,7 +23,7 @@ struct MainControls {
     Frame frControlPanel, frSetReplace, frView, frProgramProperties;
     Frame frAxesProperties, frXAxis, frYaxis, frZAxis;
     Frame frFileNotes, frCmdEditor1, frCmdEditor2, frCmdEditor3;
-    Picture lstMK2Mcodes;  // the MK2 has no M codes: a picture stands in the place of their list
+    PictureBox lstMK2Mcodes;  // the MK2 has no M codes: a picture stands in the place of their list
     CommandButton cmdInsert, cmdDelete;
 
     // The settings lie over the program list, a page each.

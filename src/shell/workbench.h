@@ -1,5 +1,6 @@
 #pragma once
 
+#include "draw/draw_window.h"
 #include "editor/calculated_inputs.h"
 #include "editor/code_choice.h"
 #include "editor/feed_presets.h"
@@ -7,7 +8,6 @@
 #include "editor/line_operations.h"
 #include "files/cnc_reader.h"
 #include "files/cnc_writer.h"
-#include "files/received_program.h"
 #include "interpreter/view_options.h"
 #include "program/machine_controls.h"
 #include "shell/error_log.h"
@@ -16,6 +16,8 @@
 #include "shell/main_window.h"
 #include "shell/recovery.h"
 #include "shell/settings.h"
+#include "transfer/receiver.h"
+#include "transfer/transmitter.h"
 
 namespace kvt {
 
@@ -50,14 +52,18 @@ public:
     KeyboardEntry Keyboard;
     CncWriter Writer;
     CncReader Reader;
-    ReceivedProgram Received;
+    TransferControls Transfer;
+    PortControl Port;
+    Transmitter Transmit;
+    Receiver Received;
+    DrawWindow Draw;
     MainWindow Window;
     ModuleLoader Modules;
     EditorSettings Settings;
     Recovery Kept;
 
     // All windows, the main one first.
-    std::vector<Form*> Forms() { return {&frmMain}; }
+    std::vector<Form*> Forms() { return {&frmMain, &Draw.Controls.frmDraw, &Draw.Listing.frmProgramWindow}; }
 
     // Starts the workbench; see MainWindow.
     void Form_Load(std::string_view commandLine) { Window.Form_Load(commandLine); }

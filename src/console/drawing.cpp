@@ -1,0 +1,226 @@
+#include "console/drawing.h"
+
+#include <rapidjson/writer.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <new>
+
+#include "basic/code_page.h"
+#include "basic/number.h"
+#include "basic/text.h"
+#include "console/commands.h"
+#include "console/loaded_file.h"
+#include "console/state.h"
+#include "headless/memory_window.h"
+
+namespace kvt {
+
+namespace {
+
+using OfKind = DrawOperation::Kind;
+
+struct OperationFieldName {
+    const char* Name;
+    bool OfLine, OfBox, OfCircle;
+    std::string (*Text)(const DrawOperation&);
+};
+
+std::string AngleText(const DrawOperation& one, float angle) {
+    return one.IsFullCircle() ? "null" : PlainNumber(angle);
+}
+std::string Whole(std::int64_t value) { return PlainNumber(value); }
+
+// In the order in which they are listed.
+constexpr OperationFieldName fields[] = {
+    {"x1", true, true, false, [](const DrawOperation& one) { return PlainNumber(one.X1); }},
+    {"y1", true, true, false, [](const DrawOperation& one) { return PlainNumber(one.Y1); }},
+    {"x2", true, true, false, [](const DrawOperation& one) { return PlainNumber(one.X2); }},
+    {"y2", true, true, false, [](const DrawOperation& one) { return PlainNumber(one.Y2); }},
+    {"x", false, false, true, [](const DrawOperation& one) { return PlainNumber(one.X1); }},
+    {"y", false, false, true, [](const DrawOperation& one) { return PlainNumber(one.Y1); }},
+    {"radius", false, false, true, [](const DrawOperation& one) { return PlainNumber(one.Radius()); }},
+    {"start", false, false, true, [](const DrawOperation& one) { return AngleText(one, one.Start); }},
+    {"end", false, false, true, [](const DrawOperation& one) { return AngleText(one, one.End); }},
+    {"color", true, true, true, [](const DrawOperation& one) { return Whole(one.Ink); }},
+    {"width", true, true, true, [](const DrawOperation& one) { return Whole(one.Width); }},
+    {"style", true, true, true, [](const DrawOperation& one) { return Whole(one.Style); }},
+    {"mode", true, true, false, [](const DrawOperation& one) { return Whole(one.Mode); }},
+    {"fill", false, true, true, [](const DrawOperation& one) { return Whole(one.Fill); }},
+};
+
+bool HasField(const DrawOperation& operation, const OperationFieldName& field) {
+    switch (operation.What) {
+        case OfKind::Line: return field.OfLine;
+        case OfKind::Box: return field.OfBox;
+        case OfKind::Circle: return field.OfCircle;
+        case OfKind::Clear:
+        case OfKind::Picture: break;
+    }
+    return operation.What == OfKind::Clear && std::string_view(field.Name) == "color";
+}
+
+// A file with its drawing: the window maximised and fitted. Nobody looks on, so what waits for a user goes on.
+class DrawnFile {
+public:
+    explicit DrawnFile(const std::string& file)
+        : Loaded(file), window_(Loaded.Bench->Draw.Controls.frmDraw, Loaded.Platform.Screen) {
+        if (Loaded.Error()) return;
+        DrawWindow& draw = Loaded.Bench->Draw;
+        Loaded.Platform.System.Watch(draw.Controls.frmDraw);
+        Loaded.Platform.System.NextEvent = [&draw] {
+            if (draw.State.WaitingForClick) {
+                draw.State.WaitingForClick = false;
+            } else if (draw.State.StepMode && draw.Controls.cmdStep.Enabled) {
+                draw.Controls.cmdStep.Click();
+            } else {
+                return false;
+            }
+            return true;
+        };
+        draw.Show();
+        if (draw.GivenUp())
+            Complain(file, "the drawing was ended after " +
+                               PlainNumber(std::int64_t{MemorySystem::Patience}) +
+                               " turns: this program never ends");
+    }
+
+    LoadedFile Loaded;
+    std::span<const DrawOperation> Operations() const {
+        return Loaded.Bench->Draw.Controls.pbxDrawField.Operations();
+    }
+
+private:
+    MemoryWindow window_;
+};
+
+int DrawOneAsJson(const std::string& file, JsonSink& out) {
+    const DrawnFile drawn(file);
+    int result = status::Usage;
+    if (const char* error = drawn.Loaded.Error()) {
+        Complain(file, error);
+        WriteFileError(out, file, error);
+    } else {
+        WriteOperations(out, drawn.Operations());
+        result = drawn.Loaded.Status();
+    }
+    out.Put('\n');
+    return result;
+}
+
+SvgHead HeadOf(const DrawnFile& drawn) {
+    const Workbench& bench = *drawn.Loaded.Bench;
+    const PictureBox& field = bench.Draw.Controls.pbxDrawField;
+    return {std::string(ExtractFileName(bench.File.lblPath.Caption)), bench.Draw.State.DrawScale,
+            bench.Store.Metric ? "0.01 mm" : "0.001 inch", field.ScaleWidth(), field.ScaleHeight()};
+}
+
+std::string KindOf(const std::string& path) {
+    return UpperCase(std::filesystem::path(path).extension().string());
+}
+
+// Lets kvt draw, which has what it takes to paint pictures of points.
+int DrawByWindow(const std::string& file, const std::string& out) {
+    std::error_code failed;
+    const std::string program =
+        (std::filesystem::read_symlink("/proc/self/exe", failed).parent_path() / "kvt").string();
+    if (failed || access(program.c_str(), X_OK) != 0) {
+        Complain(out, "only .svg can be drawn without the window's part (kvt) beside this program");
+        return status::Usage;
+    }
+    const pid_t child = fork();
+    if (child == 0) {
+        execl(program.c_str(), program.c_str(), "--draw", out.c_str(), file.c_str(), nullptr);
+        _exit(status::Usage);
+    }
+    int result = 0;
+    if (child < 0 || waitpid(child, &result, 0) != child || !WIFEXITED(result)) return status::Usage;
+    return WEXITSTATUS(result);
+}
+
+}  // namespace
+
+std::string_view OperationName(const DrawOperation& operation) {
+    switch (operation.What) {
+        case OfKind::Clear: return "clear";
+        case OfKind::Line: return "line";
+        case OfKind::Box: return "box";
+        case OfKind::Circle: return "circle";
+        case OfKind::Picture: break;
+    }
+    return "picture";
+}
+
+std::optional<std::string> OperationField(const DrawOperation& operation, std::string_view field) {
+    if (field == "op") return std::string(OperationName(operation));
+    for (const OperationFieldName& one : fields) {
+        if (field == one.Name && HasField(operation, one)) return one.Text(operation);
+    }
+    return std::nullopt;
+}
+
+void WriteOperations(JsonSink& out, std::span<const DrawOperation> operations) {
+    rapidjson::Writer<JsonSink> json(out);
+    const auto key = [&](std::string_view name) {
+        json.Key(name.data(), static_cast<rapidjson::SizeType>(name.size()));
+    };
+    json.StartArray();
+    for (const DrawOperation& one : operations) {
+        json.StartObject();
+        key("op");
+        const std::string_view name = OperationName(one);
+        json.String(name.data(), static_cast<rapidjson::SizeType>(name.size()));
+        for (const OperationFieldName& field : fields) {
+            if (!HasField(one, field)) continue;
+            key(field.Name);
+            const std::string text = field.Text(one);
+            json.RawValue(text.data(), text.size(), rapidjson::kNumberType);
+        }
+        json.EndObject();
+    }
+    json.EndArray();
+}
+
+int DrawAsJson(const std::vector<std::string>& files) {
+    int worst = status::Well;
+    JsonSink out(stdout);
+    for (const std::string& file : files) {
+        int one = status::Usage;
+        try {
+            one = DrawOneAsJson(file, out);
+        } catch (const std::bad_alloc&) {
+            Complain(file, "is too large for the memory of this machine");
+        }
+        worst = std::max(worst, one);
+    }
+    return worst;
+}
+
+int DrawPicture(const std::string& file, const std::string& out, const PictureWriter& writer) {
+    const std::string kind = KindOf(out);
+    if (kind != ".SVG" && kind != ".PNG" && kind != ".BMP") {
+        Complain(out, "is none of .svg, .png and .bmp");
+        return status::Usage;
+    }
+    if (kind != ".SVG" && !writer) return DrawByWindow(file, out);
+    DrawnFile drawn(file);
+    if (const char* error = drawn.Loaded.Error()) {
+        Complain(file, error);
+        return status::Usage;
+    }
+    const SvgHead head = HeadOf(drawn);
+    bool written = false;
+    if (kind == ".SVG") {
+        const std::string text = SvgOf(drawn.Operations(), head);
+        written = Attempt("draw", [&] { drawn.Loaded.Platform.Files.WriteWhole(NameFromSystem(out), text); });
+    } else {
+        written =
+            writer(drawn.Operations(), AreaOf(drawn.Operations(), head.FieldWidth, head.FieldHeight), out);
+    }
+    if (written) return drawn.Loaded.Status();
+    Complain(out, "could not be written");
+    return status::Usage;
+}
+
+}  // namespace kvt

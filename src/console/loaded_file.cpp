@@ -1,0 +1,37 @@
+#include "console/loaded_file.h"
+
+#include <cstdio>
+
+#include "console/commands.h"
+#include "console/listing.h"
+
+namespace kvt {
+
+namespace {
+
+const char* ErrorOf(LoadResult result) {
+    switch (result) {
+        case LoadResult::Loaded: return nullptr;
+        case LoadResult::Nothing: return "no such file";
+        case LoadResult::Unreadable: return "cannot be read";
+        case LoadResult::LanguageModule: return "is a language module, not a CNC program";
+        case LoadResult::NotRecognised: break;
+    }
+    return "is not recognised as a CNC program";
+}
+
+}  // namespace
+
+void Complain(std::string_view file, std::string_view what) {
+    std::fprintf(stderr, "kvtc: %.*s: %.*s\n", static_cast<int>(file.size()), file.data(),
+                 static_cast<int>(what.size()), what.data());
+}
+
+LoadedFile::LoadedFile(const std::string& file) : Bench(std::make_unique<Workbench>(Platform.Services)) {
+    std::string name = NameFromSystem(file);
+    error_ = ErrorOf(Bench->Reader.LoadFile(name));
+}
+
+int LoadedFile::Status() const { return HasFinding(*Bench) ? status::Finding : status::Well; }
+
+}  // namespace kvt

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "headless/memory_platform.h"
+#include "shell/workbench.h"
+
+namespace kvt {
+
+// Goes to standard error in one line that names the file.
+void Complain(std::string_view file, std::string_view what);
+
+// One file in a fresh workbench on the memory half.
+class LoadedFile {
+public:
+    explicit LoadedFile(const std::string& file);
+
+    MemoryPlatform Platform;
+    std::unique_ptr<Workbench> Bench;
+
+    // Why there is no program; null where there is one.
+    const char* Error() const { return error_; }
+    // The exit status that the program's findings give.
+    int Status() const;
+
+private:
+    const char* error_ = nullptr;
+};
+
+}  // namespace kvt

@@ -1,0 +1,52 @@
+#include "draw/cycles.h"
+
+#include <cmath>
+
+#include "basic/number.h"
+
+namespace kvt {
+
+void DrawThread(DrawParts& parts, Simulation& waits, float length, float pitch, std::string_view code) {
+    PictureBox& field = parts.Controls.pbxDrawField;
+    // 1. to 3.
+    const float startX = field.CurrentX;
+    const float startY = field.CurrentY;
+    const float endX = ToSingle(double{startX} + length);
+    const bool forward = length > 0;
+    // 4.
+    const std::int32_t wholePitch = ToLong(pitch);
+    const std::int32_t count = wholePitch == 0 ? 0 : ToLong(std::abs(length)) / wholePitch;
+    // 5., 6.
+    const double half = double{pitch} / 2;
+    const double along = forward ? half : -half;
+    for (std::int32_t turn = 1; turn <= count; ++turn) {
+        field.LineTo(field.CurrentX + along, field.CurrentY - half);
+        field.LineTo(field.CurrentX + along, field.CurrentY + half);
+        waits.Breathe();
+        if (parts.State.StopRequested || parts.State.LeaveWalk) return;
+    }
+    // 7. The tick at the thread's start is meant, as long in twips as there are turns.
+    field.Line(startX, startY + (forward ? count : -count), startX, startY);
+    // 8.
+    if (code == "G33") field.CurrentX = endX;
+}
+
+void DrawBoxOutAndBack(PictureBox& field, double cornerX, double cornerY) {
+    const float startX = field.CurrentX;
+    const float startY = field.CurrentY;
+    field.BoxTo(cornerX, cornerY);
+    field.BoxTo(startX, startY);
+}
+
+// The field's own fill colour stays black, whatever the form's is said to be.
+void SetFillStyle(DrawControls& controls) {
+    if (!controls.mnuFillCycles.Checked) {
+        controls.pbxDrawField.FillStyle = fill_style::Transparent;
+    } else if (controls.mnuGrid.Checked) {
+        controls.pbxDrawField.FillStyle = fill_style::DownwardDiagonal;
+    } else {
+        controls.pbxDrawField.FillStyle = fill_style::Solid;
+    }
+}
+
+}  // namespace kvt

@@ -1,0 +1,198 @@
+#include <cmath>
+
+#include "basic/number.h"
+#include "basic/run_time_error.h"
+#include "basic/text.h"
+#include "draw/arcs.h"
+#include "draw/draw_program.h"
+
+// What each code draws, in the order of the table in draw_program.cpp.
+namespace kvt {
+
+namespace {
+
+constexpr Color white = 0xFFFFFF;
+constexpr Color green = 0x00FF00;
+constexpr Color blue = 0xFF0000;
+constexpr Color red = 0x0000FF;
+constexpr Color magenta = 0xFF00FF;
+constexpr Color cyan = 0xFFFF00;
+constexpr Color yellow = 0x00FFFF;
+constexpr Color grey = 0xC0C0C0;
+
+constexpr int mostCalls = 5;
+constexpr double twipsOfHalfAPixel = 7.5;
+
+// The target of a jump: the last three characters of the F cell.
+std::int32_t Target(std::string_view cell) { return ToInteger(Val(Right(cell, 3))); }
+
+}  // namespace
+
+Color DrawProgram::Overridden(Color color) const {
+    return colorOverride_ >= 0 ? static_cast<Color>(colorOverride_) : color;
+}
+
+void DrawProgram::FeedPen(Color color) {
+    field_.DrawWidth = penMode_ == 1 ? 1 : ToLong(WholePart(state_.ToolWidth));
+    field_.ForeColor = Overridden(pass_ == 1 ? color : white);
+}
+
+void DrawProgram::Rapid() {
+    field_.DrawWidth = 1;
+    field_.ForeColor = Overridden(green);
+    field_.Line(startX_, startY_, field_.CurrentX + move_.H, field_.CurrentY + move_.V);
+    Reference();
+    Wait();
+}
+
+void DrawProgram::Feed() {
+    FeedPen(blue);
+    field_.Line(startX_, startY_, field_.CurrentX + move_.H, field_.CurrentY + move_.V);
+    Reference();
+    Wait();
+}
+
+void DrawProgram::Arc(bool isG03) {
+    FeedPen(isG03 ? cyan : magenta);
+    if (NextLineIsM99()) {
+        arcPending_ = true;
+        arcIsG03_ = isG03;
+        return;
+    }
+    ArcCall arc;
+    arc.IsG03 = isG03;
+    arc.Radius = ToSingle(move_.V);
+    arc.DirV = ToSingle(move_.V);
+    arc.DirH = ToSingle(move_.H);
+    MakeArc(parts_, arc, pass_);
+    Reference();
+    Wait();
+}
+
+// Also without an arc that waits for it: then with the values that stand.
+void DrawProgram::ArcCentre() {
+    arcPending_ = false;
+    FeedPen(arcIsG03_ ? cyan : magenta);
+    ArcCall arc;
+    arc.IsG03 = arcIsG03_;
+    arc.Radius = ToSingle(arcRadius_);
+    arc.EndV = ToSingle(move_.V);
+    arc.EndH = ToSingle(move_.H);
+    arc.CentreV = ToSingle(std::abs(centre_.V));
+    arc.CentreH = ToSingle(std::abs(centre_.H));
+    MakeArc(parts_, arc, pass_);
+    Reference();
+    Wait();
+}
+
+void DrawProgram::EndOfProgram() { state_.StopRequested = true; }
+
+void DrawProgram::RadiusMode() { state_.DrawRadius = true; }
+
+// The step to the next line adds 1: the target's number is the row in front of it.
+void DrawProgram::Call() {
+    const auto depth = static_cast<std::size_t>(callDepth_);
+    if (callDepth_ < 0 || depth >= returnStack_.size()) throw RunTimeError(fault::SubscriptOutOfRange);
+    returnStack_[depth] = lineIndex_;
+    lineIndex_ = std::min(itemCount_, Target(Cell(column::F)));
+    if (++callDepth_ > mostCalls) {
+        parts_.Platform.Dialogs.ShowMessage(Notice("Too many subprog-Calls", "max 5 subcalls"));
+        state_.StopRequested = true;
+    }
+}
+
+void DrawProgram::Jump() { lineIndex_ = Target(Cell(column::F)); }
+
+Color DrawProgram::ThreadColor() const { return Overridden(controls_.mnuBackground.Checked ? blue : yellow); }
+
+// It takes no reference, but moves it along by itself.
+void DrawProgram::Thread() {
+    field_.ForeColor = ThreadColor();
+    DrawThread(parts_, pieces_.Sim, ToSingle(move_.H), ToSingle(pitch_), "G33");
+    previous_.H += move_.H;
+    Wait();
+}
+
+void DrawProgram::ThreadingCycle() {
+    field_.ForeColor = ThreadColor();
+    DrawBoxOutAndBack(field_, startX_ + move_.H, startY_ + move_.V);
+    DrawThread(parts_, pieces_.Sim, ToSingle(move_.H), ToSingle(pitch_), "G78");
+    Wait();
+}
+
+// On the mill nothing shows of it, which is meant.
+void DrawProgram::Boring() {
+    field_.ForeColor = Overridden(blue);
+    if (!mill_) {
+        field_.DrawWidth = 2;
+        field_.LineTo(startX_ + move_.H, startY_);
+        field_.LineTo(startX_, startY_);
+        field_.DrawWidth = 1;
+    }
+    Wait();
+}
+
+void DrawProgram::TurningCycle() {
+    field_.ForeColor = Overridden(red);
+    DrawBoxOutAndBack(field_, startX_ + move_.H, startY_ + move_.V);
+    Wait();
+}
+
+void DrawProgram::PocketCycle() {
+    PocketCall call;
+    call.StartX = startX_;
+    call.StartY = startY_;
+    call.MoveV = move_.V;
+    call.MoveH = move_.H;
+    call.SignH = Val(Cell(column::X));
+    call.SignV = Val(Cell(column::Y));
+    call.Ink = penMode_ == 0 ? grey : red;
+    call.PenWidth = penMode_ == 0 ? state_.ToolWidth : 1;
+    call.ToolDiameter = toolDiameter_;
+    call.Interval = interval_;
+    DrawPocket(parts_, pieces_.Sim, call);
+    leave_ = state_.StopRequested || state_.LeaveWalk;
+    if (!leave_ && penMode_ == 0) FinishingOutline();
+}
+
+void DrawProgram::FinishingOutline() {
+    field_.ForeColor = Overridden(red);
+    field_.DrawWidth = ToLong(state_.ToolWidth);
+    field_.LineTo(state_.PocketX2, state_.PocketY1);
+    field_.LineTo(state_.PocketX1, state_.PocketY1);
+    field_.LineTo(state_.PocketX1, state_.PocketY2);
+    field_.LineTo(state_.PocketX2, state_.PocketY2);
+    field_.MoveTo(state_.PocketX1, state_.PocketY1);
+    field_.DrawWidth = 1;
+}
+
+void DrawProgram::Absolute() {
+    state_.DrawAbsolute = true;
+    Reference();
+}
+
+void DrawProgram::Incremental() { state_.DrawAbsolute = false; }
+
+void DrawProgram::SetRegister() {
+    const double v = state_.DrawRadius ? move_.V : move_.V / 2;
+    field_.MoveTo(move_.H + state_.ZeroX, v + state_.ZeroY);
+    previous_ = current_;
+    if (!state_.DrawRadius) previous_.V /= 2;
+    state_.DrawAbsolute = true;
+}
+
+void DrawProgram::ToolChange() {
+    toolDiameter_ = ToSingle(Val(Right(Cell(column::X), 4)));
+    state_.ToolWidth = ToSingle(double{toolDiameter_} * state_.DrawScale / twipsOfHalfAPixel);
+    if (state_.ToolWidth < 1) state_.ToolWidth = 1;
+}
+
+void DrawProgram::Return() {
+    --callDepth_;
+    if (callDepth_ < 0) return;
+    if (static_cast<std::size_t>(callDepth_) >= returnStack_.size())
+        throw RunTimeError(fault::SubscriptOutOfRange);
+    lineIndex_ = returnStack_[static_cast<std::size_t>(callDepth_)];
+}
+
+}  // namespace kvt

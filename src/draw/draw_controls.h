@@ -1,0 +1,50 @@
+#pragma once
+
+#include <array>
+#include <memory>
+
+#include "platform/picture_box.h"
+
+namespace kvt {
+
+// Entries of mnuSim.
+namespace simulation {
+inline constexpr int Run = 0, Step = 1, Speed1 = 2, Speed2 = 3, Speed3 = 4;
+}  // namespace simulation
+
+inline constexpr int ScaleCount = 11;
+inline constexpr int SimulationCount = 5;
+
+// The drawing window: its menus, the field behind its view window, and the frames above the drawing.
+struct DrawControls {
+    DrawControls();
+
+    Form frmDraw;
+
+    Menu mnuFile, mnuEditor, mnuRedraw, mnuAutoFit, mnuSaveBMP, mnuSaveClipboard, mnuPrint, mnuExit;
+    Menu mnuView, mnuRadiiArcs, mnuFillCycles, mnuProgramWindow, mnuToolWidth, mnuToolCenter, mnuGrid,
+        mnuBackground;
+    Menu mnuSettings, mnuScaleMenu, mnuSimMenu, mnuAutoRedraw;
+    std::array<std::unique_ptr<Menu>, ScaleCount> mnuScale;
+    std::array<std::unique_ptr<Menu>, SimulationCount> mnuSim;
+
+    PictureBox pbxViewWindow, pbxDrawField;
+    ScrollBar hsbViewWindow, vsbViewWindow;
+
+    Frame frProperties, frDiameter, frX1Z1, frX2Z2, frDelta, frGrid;
+    Label lblDiameter, lblX1, lblZ1, lblX2, lblZ2, lblDeltaX, lblDeltaZ, lblDeltaXZ, lblGrid, lblFileName;
+    TextBox txtDiameter, txtX1, txtZ1, txtX2, txtZ2, txtDeltaX, txtDeltaZ, txtDeltaXZ, txtGrid;
+    CommandButton cmdAutoFit, cmdRedraw;
+    kvt::UpDown UpDown;
+
+    Frame frStepControls;
+    CommandButton cmdStep, cmdStop, cmdRun;
+    Timer Timer1;
+
+private:
+    void MakeMenus();
+    void PlaceField();
+    void PlaceFrames();
+};
+
+}  // namespace kvt

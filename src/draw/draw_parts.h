@@ -1,0 +1,67 @@
+#pragma once
+
+#include "draw/draw_controls.h"
+#include "files/file_controls.h"
+#include "interpreter/interpreter_controls.h"
+#include "platform/services.h"
+#include "program/machine_controls.h"
+#include "program/program_store.h"
+#include "program/texts.h"
+
+namespace kvt {
+
+// What the drawing window keeps between its handlers. Program units are 1/100 mm or 1/1000 inch.
+struct DrawState {
+    float DrawScale = 1;  // twips a program unit
+    double ZeroX = 0, ZeroY = 0;
+    float ToolWidth = 1;  // pixels, at least 1
+    // The last zero point mark, on which the grid aligns itself.
+    float MarkerX = 0, MarkerY = 0;
+    std::int16_t GridStep = 100;
+    float PocketX1 = 0, PocketY1 = 0, PocketX2 = 0, PocketY2 = 0;
+
+    // The walk's own modes.
+    bool DrawAbsolute = false;
+    bool DrawRadius = false;
+    bool NoRadiusLine = false;
+    bool ForceRadiusLine = false;
+
+    bool StopRequested = false;
+    bool StepMode = false;
+    bool StepPressed = false;
+    bool WaitingForClick = false;
+    bool Drawing = false;
+    bool ScaleUpdating = false;
+    std::int16_t TimerTicks = 0;
+
+    bool AutoFitPending = false;
+    // The window is being brought up; a Redraw is wanted when it is there.
+    bool DrawPending = false;
+    bool RedrawRequested = false;
+    // A field that is typed into has the focus: letters are no commands then.
+    bool MeasureFieldFocus = false;
+
+    // The walk is to end at once and draw nothing more: its window or the program has gone, or nothing can
+    // end a wait any more.
+    bool LeaveWalk = false;
+    // Turns of the walk that stands, in its lines and in its pockets and threads.
+    long long Turns = 0;
+};
+
+// What the pieces of the drawing window work on.
+struct DrawParts {
+    DrawControls& Controls;
+    DrawState& State;
+    ProgramStore& Store;
+    MachineControls& Machine;
+    InterpreterControls& Results;
+    FileControls& File;
+    Texts& Language;
+    Services& Platform;
+    // Draws the program anew.
+    std::function<void()> Redraw;
+    // Withdraws the measurement.
+    std::function<void()> ClearMeasure;
+};
+
+}  // namespace kvt

@@ -1,0 +1,318 @@
+#include "draw/draw_program.h"
+
+#include "basic/number.h"
+#include "basic/run_time_error.h"
+#include "basic/text.h"
+#include "interpreter/control_commands.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr const char* drawProgramName = "DrawProgram";
+
+constexpr Color black = 0x000000;
+constexpr Color white = 0xFFFFFF;
+
+struct NamedColor {
+    const char* Name;
+    Color Value;
+};
+
+constexpr NamedColor namedColors[] = {
+    {"Black", black},      {"Blue", 0xFF0000}, {"Cyan", 0xFFFF00}, {"Green", 0x00FF00},
+    {"Magenta", 0xFF00FF}, {"Red", 0x0000FF},  {"White", white},   {"Yellow", 0x00FFFF},
+};
+
+// An unknown name is black.
+Color ColorNamed(std::string_view name) {
+    for (const NamedColor& color : namedColors) {
+        if (EqualIgnoringCase(name, color.Name)) return color.Value;
+    }
+    return black;
+}
+
+// The wait of each entry of mnuSim in milliseconds.
+constexpr int intervalOfSim[SimulationCount] = {0, 0, 500, 200, 50};
+constexpr int intervalOfCommand[] = {0, 100, 500, 1000};
+
+int IntervalOf(std::string_view argument) {
+    return argument.size() == 1 && argument[0] >= '1' && argument[0] <= '3'
+               ? intervalOfCommand[argument[0] - '0']
+               : 0;
+}
+
+// The second word behind single blanks.
+std::string_view SecondWord(std::string_view comment) {
+    const std::size_t blank = comment.find(' ');
+    if (blank == std::string_view::npos) return {};
+    const std::string_view rest = comment.substr(blank + 1);
+    return rest.substr(0, rest.find(' '));
+}
+
+bool IsLetter(char c) { return UpperChar(c) >= 'A' && UpperChar(c) <= 'Z'; }
+
+// A code of three characters as a number, letters in upper case; 0 for one of another length.
+constexpr std::uint32_t CodeOf(char first, char second, char third) {
+    const auto byte = [](char c) { return static_cast<std::uint32_t>(static_cast<unsigned char>(c)); };
+    return byte(UpperChar(first)) << 16 | byte(second) << 8 | byte(third);
+}
+constexpr std::uint32_t CodeOf(std::string_view code) {
+    return code.size() == 3 ? CodeOf(code[0], code[1], code[2]) : 0;
+}
+
+constexpr std::uint32_t codeG02 = CodeOf("G02");
+constexpr std::uint32_t codeG03 = CodeOf("G03");
+constexpr std::uint32_t codeG92 = CodeOf("G92");
+constexpr std::uint32_t codeM99 = CodeOf("M99");
+
+// The code of a cell: without a letter in front it is a G code.
+std::uint32_t CodeOfCell(std::string_view cell) {
+    const std::string_view code = Trim(cell);
+    if (!code.empty() && UpperChar(code[0]) == 'M') return CodeOf(code);
+    return code.size() == 2 ? CodeOf('G', code[0], code[1]) : 0;
+}
+
+// An offset of an M99 without its letters.
+double OffsetIn(std::string_view cell) {
+    std::string number;
+    for (const char c : cell) {
+        const char upper = UpperChar(c);
+        if (upper != 'I' && upper != 'J' && upper != 'K') number += c;
+    }
+    return Val(number);
+}
+
+}  // namespace
+
+DrawProgram::DrawProgram(Pieces& pieces, int penMode, int pass)
+    : pieces_(pieces),
+      parts_(pieces.Parts),
+      controls_(pieces.Parts.Controls),
+      state_(pieces.Parts.State),
+      field_(pieces.Parts.Controls.pbxDrawField),
+      store_(pieces.Parts.Store),
+      list_(pieces.Parts.Store.lvCncProgram),
+      penMode_(penMode),
+      pass_(pass),
+      mill_(pieces.Parts.Store.IsF1()) {}
+
+void DrawProgram::Run() {
+    // 1.
+    if (!controls_.frmDraw.Visible) return;
+    Attempt(drawProgramName, [this] {
+        Begin();
+        while (lineIndex_ <= itemCount_ && !state_.LeaveWalk && Round()) ++lineIndex_;
+        End();
+    });
+}
+
+void DrawProgram::Begin() {
+    const bool full = pass_ == 1;
+    const bool whiteGround = controls_.mnuBackground.Checked;
+    // 2., 3.
+    pieces_.View.ShowGridSize();
+    itemCount_ = list_.Count();
+    if (full) field_.Cls();
+    // 4.
+    state_.Drawing = true;
+    state_.ToolWidth = 1;
+    if (full) pieces_.PositionControls();
+    // 5.
+    const std::string name(ExtractFileName(parts_.File.lblPath.Caption));
+    controls_.lblFileName.Caption = name;
+    controls_.frmDraw.Caption = name;
+    // 6., 7.
+    if (full) field_.BackColor = whiteGround ? white : black;
+    if (controls_.mnuGrid.Checked && full) pieces_.View.MakeGrid();
+    // 9.
+    if (state_.ZeroX > 0) {
+        field_.MoveTo(state_.ZeroX, state_.ZeroY);
+    } else {
+        field_.MoveTo(controls_.frmDraw.Width / 2.0, controls_.frmDraw.Height / 2.0);
+    }
+    // 10., 11.
+    state_.DrawAbsolute = false;
+    state_.StepPressed = false;
+    state_.DrawRadius = mill_;
+    if (full) pieces_.View.MakeZeroPoint();
+    // 8., 12. The Abort button is there for the whole length of every walk.
+    controls_.cmdAutoFit.Enabled = false;
+    controls_.cmdRedraw.Enabled = false;
+    controls_.cmdStop.Visible = true;
+    controls_.cmdStop.Enabled = true;
+    controls_.cmdRun.Enabled = true;
+    controls_.frStepControls.Visible = true;
+    // 13.
+    const int sim = pieces_.Sim.CheckedSim();
+    state_.StepMode = sim == simulation::Step;
+    interval_ = intervalOfSim[sim];
+    controls_.Timer1.Enabled = interval_ > 1;
+    // 14.
+    pieces_.Listing.Begin();
+}
+
+void DrawProgram::End() {
+    // 1.
+    pieces_.Sim.EnableControls(true);
+    // 2.
+    Control* const focused = parts_.Platform.Focus.Focused();
+    if (focused && focused->Container == &controls_.frStepControls)
+        parts_.Platform.Focus.SetFocus(controls_.pbxDrawField);
+    controls_.frStepControls.Visible = false;
+    state_.StopRequested = false;
+    state_.Drawing = false;
+    // 3.
+    state_.ScaleUpdating = true;
+    controls_.UpDown.SetValue(pieces_.View.CheckedScaleIndex());
+    state_.ScaleUpdating = false;
+}
+
+bool DrawProgram::Round() {
+    pieces_.Sim.Breathe();
+    if (state_.LeaveWalk) return false;
+    // 1.
+    if (controls_.mnuProgramWindow.Checked && pieces_.Listing.Follow(lineIndex_, itemCount_))
+        pieces_.Sim.cmdStop_Click();
+    // 2.
+    state_.NoRadiusLine = false;
+    state_.ForceRadiusLine = false;
+    if (!arcPending_) colorOverride_ = -1;
+    // 3.
+    switch (Command(Cell(column::Comment))) {
+        case Rest::WholeLine: break;
+        case Rest::EndOfLine: return EndOfLine();
+        case Rest::Nothing: return false;
+    }
+    // 4.
+    field_.ForeColor = controls_.mnuBackground.Checked ? black : white;
+    // 5. to 8.
+    ReadCode();
+    arcPending_ ? ReadCentre() : ReadValues();
+    const std::string_view feed = Trim(Cell(column::F));
+    pitch_ = Val(feed.substr(!feed.empty() && IsLetter(feed[0]) ? 1 : 0)) * state_.DrawScale;
+    // 9.
+    startX_ = field_.CurrentX;
+    startY_ = field_.CurrentY;
+    // 10. to 12.
+    Dispatch();
+    if (leave_) return false;
+    return EndOfLine();
+}
+
+DrawProgram::Rest DrawProgram::Command(std::string_view comment) {
+    const std::string_view argument = SecondWord(comment);
+    switch (ControlCommandOf(comment)) {
+        case ControlCommand::None: return Rest::WholeLine;
+        case ControlCommand::Skip: return Rest::EndOfLine;
+        case ControlCommand::Stop: return Rest::Nothing;
+        case ControlCommand::Colour: colorOverride_ = static_cast<std::int32_t>(ColorNamed(argument)); break;
+        case ControlCommand::Interval: interval_ = IntervalOf(argument); break;
+        case ControlCommand::NoRadius: state_.NoRadiusLine = true; break;
+        case ControlCommand::Radius: state_.ForceRadiusLine = true; break;
+        case ControlCommand::Run:
+            state_.StepMode = false;
+            interval_ = 1;
+            break;
+        case ControlCommand::Step:
+            controls_.cmdRun.Enabled = false;
+            state_.StepMode = true;
+            break;
+        case ControlCommand::Wait:
+            // An overlay waits nowhere.
+            if (pass_ != 1) break;
+            state_.WaitingForClick = true;
+            pieces_.Sim.WaitUntil(state_.WaitingForClick, false);
+            if (state_.LeaveWalk) return Rest::Nothing;
+            break;
+        case ControlCommand::NoCheck:
+        case ControlCommand::NoRenum:
+        case ControlCommand::Unknown: break;
+    }
+    controls_.Timer1.Enabled = interval_ > 1;
+    return Rest::WholeLine;
+}
+
+// The mill's Y is negated, which turns the sense of its arcs round.
+void DrawProgram::ReadCode() {
+    code_ = CodeOfCell(Cell(column::Code));
+    if (!mill_) return;
+    if (code_ == codeG02) {
+        code_ = codeG03;
+    } else if (code_ == codeG03) {
+        code_ = codeG02;
+    }
+}
+
+void DrawProgram::ReadValues() {
+    const double scale = state_.DrawScale;
+    double v = Val(Cell(mill_ ? column::Y : column::X)) * scale;
+    double vt = Val(Cell(mill_ ? column::ToolY : column::ToolX)) * scale;
+    if (mill_) {
+        v = -v;
+        vt = -vt;
+    }
+    if (state_.DrawAbsolute && !state_.DrawRadius) v /= 2;
+    const double h = Val(Cell(mill_ ? column::X : column::Z)) * scale;
+    const double ht = Val(Cell(mill_ ? column::ToolX : column::ToolZ)) * scale;
+    current_ = code_ == codeG92 ? Pair{v, h} : Pair{vt, ht};
+    move_ = state_.DrawAbsolute ? Pair{v - previous_.V, h - previous_.H} : Pair{v, h};
+}
+
+void DrawProgram::ReadCentre() {
+    const double scale = state_.DrawScale;
+    const double v = OffsetIn(Cell(mill_ ? column::Y : column::X));
+    centre_ = {(mill_ ? -v : v) * scale, OffsetIn(Cell(mill_ ? column::X : column::Z)) * scale};
+    arcRadius_ = SquareRoot(centre_.H * centre_.H + centre_.V * centre_.V);
+}
+
+const DrawProgram::CodeRule DrawProgram::rules[] = {
+    {CodeOf("G00"), &DrawProgram::Rapid},        {CodeOf("G01"), &DrawProgram::Feed},
+    {CodeOf("G02"), &DrawProgram::ArcG02},       {CodeOf("G03"), &DrawProgram::ArcG03},
+    {CodeOf("M99"), &DrawProgram::ArcCentre},    {CodeOf("G22"), &DrawProgram::EndOfProgram},
+    {CodeOf("M30"), &DrawProgram::EndOfProgram}, {CodeOf("G24"), &DrawProgram::RadiusMode},
+    {CodeOf("G25"), &DrawProgram::Call},         {CodeOf("G27"), &DrawProgram::Jump},
+    {CodeOf("G33"), &DrawProgram::Thread},       {CodeOf("G78"), &DrawProgram::ThreadingCycle},
+    {CodeOf("G73"), &DrawProgram::Boring},       {CodeOf("G81"), &DrawProgram::Boring},
+    {CodeOf("G82"), &DrawProgram::Boring},       {CodeOf("G83"), &DrawProgram::Boring},
+    {CodeOf("G85"), &DrawProgram::Boring},       {CodeOf("G89"), &DrawProgram::Boring},
+    {CodeOf("G84"), &DrawProgram::TurningCycle}, {CodeOf("G86"), &DrawProgram::TurningCycle},
+    {CodeOf("G88"), &DrawProgram::TurningCycle}, {CodeOf("G72"), &DrawProgram::PocketCycle},
+    {CodeOf("G90"), &DrawProgram::Absolute},     {CodeOf("G91"), &DrawProgram::Incremental},
+    {CodeOf("G92"), &DrawProgram::SetRegister},  {CodeOf("M06"), &DrawProgram::ToolChange},
+    {CodeOf("M17"), &DrawProgram::Return},
+};
+
+void DrawProgram::Dispatch() {
+    if (code_ == 0) return;
+    for (const CodeRule& rule : rules) {
+        if (rule.Code == code_) return (this->*rule.Draw)();
+    }
+}
+
+bool DrawProgram::EndOfLine() {
+    // 13.
+    startX_ = field_.CurrentX;
+    startY_ = field_.CurrentY;
+    if (state_.StepMode && pass_ == 1) {
+        controls_.frStepControls.Visible = true;
+        controls_.cmdStep.Visible = true;
+        controls_.cmdStep.Enabled = true;
+        parts_.Platform.Focus.SetFocus(controls_.cmdStep);
+        pieces_.Sim.WaitUntil(state_.StepPressed, true);
+        state_.StepPressed = false;
+    }
+    return !state_.StopRequested && !state_.LeaveWalk;
+}
+
+void DrawProgram::Wait() {
+    if (pass_ == 1) pieces_.Sim.WaitTimer(interval_);
+}
+
+bool DrawProgram::NextLineIsM99() const {
+    return lineIndex_ < itemCount_ && CodeOfCell(list_.Row(lineIndex_ + 1)[column::Code]) == codeM99;
+}
+
+std::string_view DrawProgram::Cell(int column) const { return list_.Row(lineIndex_)[column]; }
+
+}  // namespace kvt

@@ -1,0 +1,117 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "draw/cycles.h"
+#include "draw/program_window.h"
+#include "draw/viewport.h"
+
+namespace kvt {
+
+// One walk over the lines of the program, which draws each of them. It reads the rows with a line counter of its
+// own, following jumps and calls, and takes the tool positions that the check pass has written.
+class DrawProgram {
+public:
+    struct Pieces {
+        DrawParts& Parts;
+        Viewport& View;
+        Simulation& Sim;
+        ProgramWindow& Listing;
+        std::function<void()> PositionControls;
+    };
+
+    // PenMode 1 draws with a pen of one pixel, 0 feed moves in the tool's width. Pass 1 is a full drawing, any
+    // other an overlay in white over what stands.
+    DrawProgram(Pieces& pieces, int penMode, int pass);
+
+    // A run-time failure leaves the field as drawn so far, and Drawing set.
+    void Run();
+
+private:
+    // A place or a move on the field, in twips.
+    struct Pair {
+        double V = 0;
+        double H = 0;
+    };
+    struct CodeRule {
+        std::uint32_t Code;
+        void (DrawProgram::*Draw)();
+    };
+    static const CodeRule rules[];
+
+    void Begin();
+    void End();
+    // One line; false where the walk is to be left.
+    bool Round();
+    // The command in a line's comment. What is left of the line to do.
+    enum class Rest { WholeLine, EndOfLine, Nothing };
+    Rest Command(std::string_view comment);
+    void ReadCode();
+    void ReadValues();
+    void ReadCentre();
+    void Dispatch();
+    bool EndOfLine();
+
+    // One procedure for each rule of the table.
+    void Rapid();
+    void Feed();
+    void ArcG02() { Arc(false); }
+    void ArcG03() { Arc(true); }
+    void ArcCentre();
+    void EndOfProgram();
+    void RadiusMode();
+    void Call();
+    void Jump();
+    void Thread();
+    void ThreadingCycle();
+    void Boring();
+    void TurningCycle();
+    void PocketCycle();
+    void Absolute();
+    void Incremental();
+    void SetRegister();
+    void ToolChange();
+    void Return();
+
+    void Arc(bool isG03);
+    void FinishingOutline();
+    void FeedPen(Color color);
+    Color Overridden(Color color) const;
+    Color ThreadColor() const;
+    void Reference() { previous_ = current_; }
+    void Wait();
+    bool NextLineIsM99() const;
+    std::string_view Cell(int column) const;
+
+    Pieces& pieces_;
+    DrawParts& parts_;
+    DrawControls& controls_;
+    DrawState& state_;
+    PictureBox& field_;
+    const ProgramStore& store_;
+    const ListView& list_;
+    const int penMode_;
+    const int pass_;
+    const bool mill_;
+
+    std::int32_t lineIndex_ = 1;
+    std::int32_t itemCount_ = 0;
+    int interval_ = 0;  // milliseconds
+    std::int32_t colorOverride_ = -1;
+    std::array<std::int32_t, 6> returnStack_{};
+    std::int32_t callDepth_ = 0;
+    bool arcPending_ = false;
+    bool arcIsG03_ = false;
+    Pair previous_, current_;
+    Pair move_;    // V and H of the line
+    Pair centre_;  // CV and CH of an M99
+    double arcRadius_ = 0;
+    double pitch_ = 0;  // P
+    float toolDiameter_ = 1;
+    float startX_ = 0, startY_ = 0;
+    std::uint32_t code_ = 0;
+    bool leave_ = false;
+};
+
+}  // namespace kvt

@@ -1,0 +1,334 @@
+#include "draw/draw_window.h"
+
+#include <algorithm>
+
+#include "basic/number.h"
+#include "basic/run_time_error.h"
+#include "basic/stack_guard.h"
+#include "platform/keys.h"
+#include "program/workbench_calls.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr const char* positionControlsName = "PositionControls";
+
+// From a larger screen on the window begins maximised.
+constexpr int smallScreenWidth = 12000;
+constexpr int smallScreenHeight = 9000;
+constexpr int leastWidth = 5700;
+constexpr int leastHeight = 3000;
+constexpr int propertiesHeight = 620;
+constexpr int buttonsTop = 100;
+constexpr int frameGap = 20;
+constexpr int firstScale = 3;
+// How far a notch of the wheel goes, in twips.
+constexpr double twipsANotch = 900;
+
+enum class Zooming { None, In, Out, Draw };
+
+struct DrawKey {
+    int Key;
+    Zooming Does;
+};
+
+constexpr DrawKey drawKeys[] = {
+    {107, Zooming::In},  {'I', Zooming::In},  {187, Zooming::In},   {109, Zooming::Out},
+    {'O', Zooming::Out}, {189, Zooming::Out}, {'R', Zooming::Draw}, {120, Zooming::Draw},
+};
+
+}  // namespace
+
+DrawWindow::DrawWindow(const Rooms& rooms)
+    : parts_{Controls,   State,          rooms.Store,    rooms.Machine,        rooms.Results,
+             rooms.File, rooms.Language, rooms.Platform, [this] { Redraw(); }, nullptr},
+      View(parts_),
+      Sim(parts_),
+      Listing(parts_),
+      pieces_{parts_, View, Sim, Listing, [this] { PositionControls(); }} {
+    Form& form = Controls.frmDraw;
+    form.OnActivate = [this] { Form_Activate(); };
+    form.OnResize = [this] { Form_Resize(); };
+    form.OnQueryUnload = [this] { Form_QueryUnload(); };
+    form.OnKeyDown = [this](int pressed, int held) {
+        if ((held & key::CtrlHeld) == 0) Form_KeyDown(pressed);
+    };
+    Controls.cmdAutoFit.OnClick = [this] { cmdAutoFit_Click(); };
+    Controls.cmdRedraw.OnClick = [this] { cmdRedraw_Click(); };
+    WireMenus();
+    WireField();
+    SetFillStyle(Controls);
+}
+
+// An entry that changes what is drawn.
+void DrawWindow::WireMenus() {
+    for (Menu* entry :
+         {&Controls.mnuRadiiArcs, &Controls.mnuFillCycles, &Controls.mnuProgramWindow, &Controls.mnuToolWidth,
+          &Controls.mnuToolCenter, &Controls.mnuGrid, &Controls.mnuBackground}) {
+        entry->OnClick = [this, entry] {
+            entry->Checked = !entry->Checked;
+            SetFillStyle(Controls);
+            if (Controls.mnuAutoRedraw.Checked) Redraw();
+        };
+    }
+    Controls.mnuAutoRedraw.OnClick = [this] {
+        Controls.mnuAutoRedraw.Checked = !Controls.mnuAutoRedraw.Checked;
+    };
+    Controls.mnuEditor.OnClick = [this] { mnuEditor_Click(); };
+    Controls.mnuRedraw.OnClick = [this] { cmdRedraw_Click(); };
+    Controls.mnuAutoFit.OnClick = [this] { cmdAutoFit_Click(); };
+    Controls.mnuExit.OnClick = [this] {
+        kvt::Run(SaveSettings);
+        Unload();
+    };
+}
+
+void DrawWindow::WireField() {
+    PictureBox& field = Controls.pbxDrawField;
+    field.OnMouseMove = [this](int button, int, float x, float y) { pbxDrawField_MouseMove(button, x, y); };
+    field.OnMouseDown = [this](int button, int, float x, float y) { pbxDrawField_MouseDown(button, x, y); };
+    field.OnMouseWheel = [this](int shift, double notches, bool sideways) {
+        pbxDrawField_MouseWheel(shift, notches, sideways);
+    };
+    field.OnKeyPress = [this](int& character) {
+        if (character == key::Enter) State.WaitingForClick = false;
+    };
+    // What is only read hands the focus on.
+    for (TextBox* shown : {&Controls.txtDiameter, &Controls.txtDeltaX, &Controls.txtDeltaZ,
+                           &Controls.txtDeltaXZ, &Controls.txtGrid}) {
+        shown->OnGotFocus = [this] { parts_.Platform.Focus.SetFocus(Controls.pbxDrawField); };
+    }
+}
+
+void DrawWindow::Redraw() {
+    const StackGuard guard(walking_);
+    redrawAsked_ = true;
+    if (!guard.Entered()) {
+        // An aborted walk would wait on for its step or its click.
+        if (State.StopRequested) {
+            State.StepPressed = true;
+            State.WaitingForClick = false;
+        }
+        return;
+    }
+    givenUp_ = false;
+    // An Abort with nothing to abort leaves nothing behind.
+    State.StopRequested = false;
+    while (redrawAsked_) {
+        redrawAsked_ = false;
+        State.LeaveWalk = false;
+        State.Turns = 0;
+        RunPasses();
+        if (!State.LeaveWalk) continue;
+        // Closed, or ended; where it is up again another Redraw was asked for.
+        givenUp_ = Controls.frmDraw.Visible && !redrawAsked_;
+    }
+}
+
+void DrawWindow::RunPasses() {
+    const bool wide = parts_.Store.IsF1() && Controls.mnuToolWidth.Checked;
+    DrawProgram(pieces_, wide ? 0 : 1, 1).Run();
+    if (wide && Controls.mnuToolCenter.Checked && !State.LeaveWalk) DrawProgram(pieces_, 1, 2).Run();
+}
+
+void DrawWindow::Show() {
+    if (State.DrawPending) return;
+    if (Controls.frmDraw.Visible) return Redraw();
+    if (!loaded_) Form_Load();
+    State.DrawPending = true;
+    State.AutoFitPending = true;
+    State.RedrawRequested = true;
+    Controls.frmDraw.Visible = true;
+    // The window's coming to the front has done it already where it is told at once.
+    if (State.DrawPending) Form_Activate();
+}
+
+void DrawWindow::Form_Load() {
+    ScreenService& screen = parts_.Platform.Screen;
+    Form& form = Controls.frmDraw;
+    if (screen.Width() > smallScreenWidth && screen.Height() > smallScreenHeight) {
+        form.State = WindowState::Maximised;
+        form.TakeSize(screen.Width(), screen.WorkAreaHeight());
+    }
+    Controls.pbxDrawField.Cls();
+    State.ZeroX = screen.Width() / 2.0;
+    State.ZeroY = screen.Height() / 2.0;
+    State.DrawScale = 1;
+    View.SetScaleIndex(firstScale);
+    Sim.SelectSim(simulation::Run);
+    PositionControls();
+    kvt::Run(LoadSettings);
+    SetFillStyle(Controls);
+    Form_Activate();
+    loaded_ = true;
+}
+
+void DrawWindow::Unload() {
+    State.LeaveWalk = true;
+    Controls.frmDraw.Visible = false;
+    Listing.Hide();
+    // What a fault in a walk has left.
+    Sim.EnableControls(true);
+    Controls.frStepControls.Visible = false;
+    State.Drawing = false;
+    State.StopRequested = false;
+    State.DrawPending = false;
+    loaded_ = false;
+}
+
+void DrawWindow::Form_QueryUnload() {
+    kvt::Run(SaveSettings);
+    Unload();
+}
+
+void DrawWindow::Form_Activate() {
+    State.DrawPending = false;
+    // 1.
+    parts_.Store.ErrorFlagged = false;
+    // 4. The names of the axes.
+    const bool mill = parts_.Store.IsF1();
+    Controls.lblZ1.Caption = mill ? "Y1" : "Z1";
+    Controls.lblZ2.Caption = mill ? "Y2" : "Z2";
+    Controls.lblDeltaZ.Caption = mill ? "Y" : "Z";
+    Controls.lblDeltaXZ.Caption = mill ? "XY1-XY2" : "XZ1-XZ2";
+    for (Control* control : std::initializer_list<Control*>{&Controls.frDiameter, &Controls.lblDiameter,
+                                                            &Controls.txtDiameter}) {
+        control->Visible = !mill;
+        control->Enabled = !mill;
+    }
+    PlaceFramesInRow();
+    // 5.
+    Controls.frProperties.Height = propertiesHeight;
+    Controls.frStepControls.Top = Controls.frProperties.Top + Controls.frProperties.Height - frameGap;
+    for (Control* button : {&Controls.cmdStep, &Controls.cmdStop, &Controls.cmdRun}) button->Top = buttonsTop;
+    // 6.
+    Controls.lblDiameter.Caption = "\xD8";
+    Control* const focused = parts_.Platform.Focus.Focused();
+    if (!focused || &focused->OwningForm() != &Controls.frmDraw)
+        parts_.Platform.Focus.SetFocus(Controls.pbxDrawField);
+    // 3. Last, for a walk may wait.
+    View.Autofit();
+    if (std::exchange(State.RedrawRequested, false)) Redraw();
+}
+
+void DrawWindow::PlaceFramesInRow() {
+    const Control* before = nullptr;
+    for (Control* frame : std::initializer_list<Control*>{
+             &Controls.frDiameter, &Controls.frX1Z1, &Controls.frX2Z2, &Controls.frDelta, &Controls.frGrid,
+             &Controls.cmdAutoFit, &Controls.cmdRedraw, &Controls.UpDown}) {
+        // On the mill the next one takes the place of the diameter.
+        if (frame == &Controls.frDiameter && !frame->Visible) continue;
+        frame->Left = before ? before->Left + before->Width + frameGap : Controls.frDiameter.Left.Get();
+        before = frame;
+    }
+    int right = 0;
+    for (const Control* frame :
+         std::initializer_list<Control*>{&Controls.frDelta, &Controls.frGrid, &Controls.cmdAutoFit,
+                                         &Controls.cmdRedraw, &Controls.UpDown}) {
+        if (frame->Visible) right = std::max(right, frame->Left + frame->Width);
+    }
+    Controls.frProperties.Width = right + frameGap;
+}
+
+void DrawWindow::Form_Resize() {
+    PositionControls();
+    State.AutoFitPending = true;
+    if (!State.StepMode && Controls.mnuAutoRedraw.Checked && Controls.mnuSim[simulation::Run]->Checked) {
+        View.Autofit();
+    }
+}
+
+void DrawWindow::PositionControls() {
+    Form& form = Controls.frmDraw;
+    if (form.State == WindowState::Minimised) return;
+    Attempt(positionControlsName, [&] {
+        // 1.
+        if (form.Width < leastWidth) form.Width = leastWidth;
+        if (form.Height < leastHeight) form.Height = leastHeight;
+        const int width = form.Width;
+        const int height = form.Height;
+        // 2.
+        PictureBox& view = Controls.pbxViewWindow;
+        view.Width = width - 460;
+        view.Height = height - 1220;
+        // 3., 4.
+        const PictureBox& field = Controls.pbxDrawField;
+        ScrollBar& across = Controls.hsbViewWindow;
+        across.Top = height - 1200;
+        across.Width = width - 480;
+        across.Max = ToLong((field.Width - view.Width) / 10.0);
+        ScrollBar& down = Controls.vsbViewWindow;
+        down.Left = width - 435;
+        down.Height = height - 1230;
+        down.Max = ToLong((field.Height - view.Height) / 10.0);
+        // 5.
+        Controls.frGrid.Visible = width > 7000;
+        Controls.cmdAutoFit.Visible = width > 7900;
+        Controls.cmdRedraw.Visible = width > 8700;
+        Controls.UpDown.Visible = width > 9000;
+        PlaceFramesInRow();
+        // 6.
+        ShowMenusOfMachine();
+    });
+}
+
+void DrawWindow::ShowMenusOfMachine() {
+    const bool mill = parts_.Store.IsF1();
+    for (Menu* entry :
+         {&Controls.mnuRadiiArcs, &Controls.mnuProgramWindow, &Controls.mnuGrid, &Controls.mnuBackground}) {
+        entry->Visible = true;
+    }
+    Controls.mnuToolWidth.Visible = mill;
+    Controls.mnuToolCenter.Visible = mill;
+    Controls.mnuFillCycles.Visible = !mill;
+    if (mill) Controls.mnuFillCycles.Checked = false;
+}
+
+void DrawWindow::cmdAutoFit_Click() {
+    State.AutoFitPending = true;
+    View.Autofit();
+}
+
+void DrawWindow::cmdRedraw_Click() {
+    Run(parts_.ClearMeasure);
+    Redraw();
+}
+
+void DrawWindow::mnuEditor_Click() {
+    Listing.Hide();
+    Run(ShowEditor);
+}
+
+void DrawWindow::Form_KeyDown(int pressed) {
+    if (State.MeasureFieldFocus) return;
+    for (const DrawKey& one : drawKeys) {
+        if (one.Key != pressed) continue;
+        if (one.Does == Zooming::In) View.Zoom(1);
+        if (one.Does == Zooming::Out) View.Zoom(-1);
+        if (one.Does == Zooming::Draw) Redraw();
+    }
+}
+
+// The middle button draws the field along.
+void DrawWindow::pbxDrawField_MouseMove(int button, float x, float y) {
+    if ((button & mouse::Middle) != 0) View.ScrollBy(double{heldX_} - x, double{heldY_} - y);
+}
+
+void DrawWindow::pbxDrawField_MouseDown(int button, float x, float y) {
+    if (button == mouse::Middle) {
+        heldX_ = x;
+        heldY_ = y;
+        return;
+    }
+    State.WaitingForClick = false;
+}
+
+void DrawWindow::pbxDrawField_MouseWheel(int shift, double notches, bool sideways) {
+    if ((shift & mouse::CtrlHeld) != 0) return View.Zoom(notches > 0 ? 1 : -1);
+    const double twips = -notches * twipsANotch;
+    if (sideways || (shift & mouse::ShiftHeld) != 0) return View.ScrollBy(twips, 0);
+    View.ScrollBy(0, twips);
+}
+
+}  // namespace kvt

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "draw/draw_program.h"
+
+namespace kvt {
+
+// The drawing window: what it shows, its menus, keys and buttons, and the one way to draw the program.
+class DrawWindow {
+public:
+    struct Rooms {
+        ProgramStore& Store;
+        MachineControls& Machine;
+        InterpreterControls& Results;
+        FileControls& File;
+        Texts& Language;
+        Services& Platform;
+    };
+    explicit DrawWindow(const Rooms& rooms);
+    DrawWindow(const DrawWindow&) = delete;
+    DrawWindow& operator=(const DrawWindow&) = delete;
+
+    DrawControls Controls;
+    DrawState State;
+
+private:
+    DrawParts parts_;
+
+public:
+    Viewport View;
+    Simulation Sim;
+    ProgramWindow Listing;
+
+    // Draws the program anew, in the passes that machine and menus ask for. While a walk stands on the stack none
+    // is begun; one follows when that has ended. Does nothing while the window is hidden.
+    void Redraw();
+    // Whether the last Redraw was given up because nothing could end it any more.
+    bool GivenUp() const { return givenUp_; }
+
+    // Shows the window, fitted to the program; the one that is up is drawn anew.
+    void Show();
+    // Closes the window; a walk that stands ends.
+    void Unload();
+
+    void Form_Activate();
+    void Form_Resize();
+    void Form_QueryUnload();
+    void Form_KeyDown(int key);
+    void PositionControls();
+    void cmdAutoFit_Click();
+    void cmdRedraw_Click();
+    void mnuEditor_Click();
+
+    // Called for settings where they are to be taken or kept, and for the editor where it is to come forward.
+    std::function<void()> LoadSettings, SaveSettings, ShowEditor;
+
+private:
+    void Form_Load();
+    void WireMenus();
+    void WireField();
+    void RunPasses();
+    void PlaceFramesInRow();
+    void ShowMenusOfMachine();
+    void pbxDrawField_MouseMove(int button, float x, float y);
+    void pbxDrawField_MouseDown(int button, float x, float y);
+    void pbxDrawField_MouseWheel(int shift, double notches, bool sideways);
+
+    DrawProgram::Pieces pieces_;
+    bool loaded_ = false;
+    bool walking_ = false;
+    bool redrawAsked_ = false;
+    bool givenUp_ = false;
+    // Where the middle button holds the field.
+    float heldX_ = 0, heldY_ = 0;
+};
+
+}  // namespace kvt

@@ -1,0 +1,14 @@
+#pragma once
+
+namespace kvt {
+
+// The value of pi in all of the drawing's arithmetic.
+inline constexpr double Pi = 3.14159265358979;
+
+// The angle of a direction, from 0 up to two pi, counter-clockwise with Y up. Both 0 give pi.
+double Atan2(double x, double y);
+
+// Radians as degrees, in 32-bit floats.
+float RadToDeg(float angle);
+
+}  // namespace kvt

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "draw/draw_parts.h"
+
+namespace kvt {
+
+// The listing of the program beside the drawing, which follows the walk.
+class ProgramWindow {
+public:
+    explicit ProgramWindow(DrawParts& parts);
+
+    Form frmProgramWindow;
+    Label lblN, lblG, lblX, lblY, lblZ, lblF, lblH, lblToolX, lblToolY, lblToolZ, lblComment;
+    ListBox lstCncLines;
+
+    // At the start of a walk: shows the window with a row for each program line, or hides it.
+    void Begin();
+    // Selects the row of a line, 1 for the first one. A line with an error gets a row that tells it, and true.
+    // No such row is error 9.
+    bool Follow(int lineIndex, int itemCount);
+    void Hide() { frmProgramWindow.Visible = false; }
+
+private:
+    void Form_Load();
+    void Form_Resize();
+    void ArrangeHeads();
+    void FillRows();
+
+    DrawParts& parts_;
+    bool loaded_ = false;
+};
+
+}  // namespace kvt

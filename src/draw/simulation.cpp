@@ -1,0 +1,90 @@
+#include "draw/simulation.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr int mostTicks = 1000;
+
+}  // namespace
+
+Simulation::Simulation(DrawParts& parts) : parts_(parts), controls_(parts.Controls), state_(parts.State) {
+    for (const auto& entry : controls_.mnuSim) {
+        const int index = entry->Index();
+        entry->OnClick = [this, index] { mnuSim_Click(index); };
+    }
+    controls_.cmdStep.OnClick = [this] { cmdStep_Click(); };
+    controls_.cmdStop.OnClick = [this] { cmdStop_Click(); };
+    controls_.cmdRun.OnClick = [this] { cmdRun_Click(); };
+    controls_.Timer1.OnTimer = [this] { Timer1_Timer(); };
+}
+
+int Simulation::CheckedSim() const {
+    for (const auto& entry : controls_.mnuSim) {
+        if (entry->Checked) return entry->Index();
+    }
+    return simulation::Run;
+}
+
+void Simulation::SelectSim(int index) {
+    for (const auto& entry : controls_.mnuSim) entry->Checked = entry->Index() == index;
+}
+
+void Simulation::EnableControls(bool flag) {
+    controls_.mnuFile.Enabled = flag;
+    controls_.mnuView.Enabled = flag;
+    controls_.mnuSettings.Enabled = flag;
+    controls_.cmdAutoFit.Enabled = flag;
+    controls_.cmdRedraw.Enabled = !(controls_.mnuRedraw.Checked && !flag);
+    controls_.UpDown.Enabled = flag;
+}
+
+void Simulation::mnuSim_Click(int index) {
+    EnableControls(index == simulation::Run);
+    controls_.cmdStep.Enabled = false;
+    controls_.frStepControls.Visible = index != simulation::Run;
+    SelectSim(index);
+    // A walk that waits for a step would wait for a button that is disabled now: it goes on.
+    if (index != simulation::Step) state_.StepMode = false;
+    state_.StepPressed = true;
+    if (controls_.mnuAutoRedraw.Checked) parts_.Redraw();
+}
+
+void Simulation::cmdStep_Click() {
+    state_.StepPressed = true;
+    controls_.cmdStep.Enabled = false;
+}
+
+void Simulation::cmdStop_Click() {
+    state_.StopRequested = true;
+    SelectSim(simulation::Run);
+    EnableControls(true);
+    controls_.frStepControls.Visible = false;
+}
+
+void Simulation::cmdRun_Click() { mnuSim_Click(simulation::Run); }
+
+void Simulation::Timer1_Timer() {
+    state_.TimerTicks = static_cast<std::int16_t>(state_.TimerTicks >= mostTicks ? 1 : state_.TimerTicks + 1);
+}
+
+void Simulation::WaitTimer(int interval) {
+    if (interval <= 1) return;
+    controls_.Timer1.Interval = interval;
+    const std::int16_t before = state_.TimerTicks;
+    while (state_.TimerTicks == before && !state_.LeaveWalk) {
+        if (!parts_.Platform.System.AwaitTick(controls_.Timer1)) state_.LeaveWalk = true;
+    }
+}
+
+void Simulation::WaitUntil(const bool& flag, bool value) {
+    while (flag != value && !state_.LeaveWalk) {
+        if (!parts_.Platform.System.DoEvents()) state_.LeaveWalk = true;
+    }
+}
+
+void Simulation::Breathe() {
+    if (!parts_.Platform.System.Breathe(++state_.Turns)) state_.LeaveWalk = true;
+}
+
+}  // namespace kvt

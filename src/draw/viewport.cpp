@@ -1,0 +1,199 @@
+#include "draw/viewport.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "basic/number.h"
+
+namespace kvt {
+
+namespace {
+
+// Exponents of two that the fitting tries, and what the view window keeps free.
+constexpr int largestExponent = 4;
+constexpr int smallestExponent = -7;
+constexpr int freeHeight = 1500;
+constexpr int freeWidth = 500;
+
+constexpr int crossArm = 100;  // twips
+constexpr int ringRadius = 150;
+
+constexpr Color black = 0x000000;
+constexpr Color white = 0xFFFFFF;
+constexpr Color red = 0x0000FF;
+constexpr Color yellow = 0x00FFFF;
+constexpr Color darkGrey = 0x404040;
+
+struct Extents {
+    double VTravel, HTravel, VLimit, HLimit;
+};
+
+struct Fit {
+    int Index;
+    double Scale;
+};
+
+// The largest scale at which a travel in program units fits a length of the view window in twips.
+Fit FitOf(double length, double travel) {
+    int n = largestExponent;
+    while (n >= smallestExponent && !(std::ldexp(length, n) < travel)) --n;
+    return {2 - n, std::ldexp(1.0, -1 - n)};
+}
+
+}  // namespace
+
+Viewport::Viewport(DrawParts& parts) : parts_(parts), controls_(parts.Controls), state_(parts.State) {
+    for (const auto& entry : controls_.mnuScale) {
+        const int index = entry->Index();
+        entry->OnClick = [this, index] { mnuScale_Click(index); };
+    }
+    controls_.UpDown.OnChange = [this] { UpDown_Change(); };
+    controls_.hsbViewWindow.OnChange = [this] {
+        controls_.pbxDrawField.Left = -controls_.hsbViewWindow.Value * 10;
+    };
+    controls_.vsbViewWindow.OnChange = [this] {
+        controls_.pbxDrawField.Top = -controls_.vsbViewWindow.Value * 10;
+    };
+}
+
+void Viewport::ScaleFromIndex(int index) {
+    state_.DrawScale = index >= 0 && index < ScaleCount ? std::ldexp(1.0F, index - 3) : 1;
+}
+
+void Viewport::SetScaleIndex(int index) {
+    const int held = std::clamp(index, 0, ScaleCount - 1);
+    for (const auto& entry : controls_.mnuScale) {
+        entry->Checked = entry->Index() == held;
+        if (entry->Checked) controls_.UpDown.ToolTip = entry->Caption;
+    }
+}
+
+int Viewport::CheckedScaleIndex() const {
+    for (const auto& entry : controls_.mnuScale) {
+        if (entry->Checked) return entry->Index();
+    }
+    return 0;
+}
+
+void Viewport::Autofit() {
+    if (!state_.AutoFitPending) return;
+    // 1.
+    const InterpreterControls& axes = parts_.Results;
+    const auto number = [](const Label& label) { return Val(label.Caption); };
+    const bool mill = parts_.Store.IsF1();
+    Extents extents{};
+    if (mill && !parts_.Store.Horizontal) {
+        extents = {number(axes.lblYAxisTravel), number(axes.lblXAxisTravel), number(axes.lblYAxisMax),
+                   number(axes.lblXAxisMin)};
+    } else {
+        extents = {number(axes.lblXAxisTravel), number(axes.lblZAxisTravel),
+                   number(mill ? axes.lblXAxisMax : axes.lblXAxisMin), number(axes.lblZAxisMin)};
+    }
+    // 2., 3.
+    const Fit vertical = FitOf(controls_.pbxViewWindow.Height - freeHeight, extents.VTravel);
+    const Fit horizontal = FitOf(controls_.pbxViewWindow.Width - freeWidth, extents.HTravel);
+    // 4. The menu holds the index; the scale may be smaller than its smallest.
+    const Fit& fit = vertical.Index > horizontal.Index ? horizontal : vertical;
+    SetScaleIndex(fit.Index);
+    state_.DrawScale = static_cast<float>(fit.Scale);
+    // 5.
+    const double scale = state_.DrawScale;
+    const PictureBox& field = controls_.pbxDrawField;
+    state_.ZeroX = (field.ScaleWidth() - extents.HTravel * scale) / 2 + std::abs(extents.HLimit * scale);
+    state_.ZeroY = (field.ScaleHeight() - extents.VTravel * scale) / 2 + std::abs(extents.VLimit * scale);
+    // 6.
+    for (ScrollBar* bar : {&controls_.hsbViewWindow, &controls_.vsbViewWindow}) {
+        bar->SetValue(ToLong((double{1} * bar->Max - bar->Min) / 2));
+    }
+    // 7.
+    state_.AutoFitPending = false;
+    parts_.Redraw();
+}
+
+void Viewport::MakeZeroPoint() {
+    PictureBox& field = controls_.pbxDrawField;
+    // 1.
+    state_.MarkerX = field.CurrentX;
+    state_.MarkerY = field.CurrentY;
+    const double x = state_.MarkerX;
+    const double y = state_.MarkerY;
+    field.DrawWidth = 1;
+    // 2.
+    field.ForeColor = red;
+    field.Line(0, y, field.ScaleWidth(), y);
+    field.Line(x, 0, x, field.ScaleHeight());
+    // 3.
+    field.ForeColor = controls_.mnuBackground.Checked ? black : white;
+    field.Line(x - crossArm, y, x + crossArm, y);
+    field.Line(x, y - crossArm, x, y + crossArm);
+    // 4.
+    const int fillBefore = field.FillStyle;
+    field.FillStyle = fill_style::Transparent;
+    field.Circle(x, y, ringRadius);
+    field.FillStyle = fillBefore;
+    // 5.
+    field.MoveTo(x, y);
+}
+
+void Viewport::MakeGrid() {
+    PictureBox& field = controls_.pbxDrawField;
+    // 1.
+    const float scale = state_.DrawScale;
+    state_.GridStep = scale < 1 ? 1000 : scale > 16 ? 10 : 100;
+    // 2.
+    const double step = state_.GridStep * double{scale};
+    const std::int32_t columns = ToLong(field.ScaleWidth() / step);
+    const std::int32_t rows = ToLong(field.ScaleHeight() / step);
+    // 3.
+    const float penX = field.CurrentX;
+    const float penY = field.CurrentY;
+    field.DrawWidth = 1;
+    field.ForeColor = controls_.mnuBackground.Checked ? yellow : darkGrey;
+    // 4.
+    const auto phase = [&](float marker) { return Remainder(WholePart(marker), WholePart(step)); };
+    const double phaseX = phase(state_.MarkerX);
+    const double phaseY = phase(state_.MarkerY);
+    // 5.
+    for (std::int32_t i = 0; i <= rows; ++i) {
+        const double y = penY + step * i + phaseY;
+        field.Line(0, y, field.ScaleWidth(), y);
+    }
+    // 6.
+    for (std::int32_t i = 0; i <= columns; ++i) {
+        const double x = penX + step * i + phaseX;
+        field.Line(x, 0, x, field.ScaleHeight());
+    }
+    // 7.
+    field.MoveTo(penX, penY);
+    ShowGridSize();
+}
+
+void Viewport::ShowGridSize() {
+    const bool metric = parts_.Store.Metric;
+    const MachineControls& machine = parts_.Machine;
+    controls_.txtGrid.Text =
+        PlainNumber(std::int32_t{state_.GridStep}) + (metric ? " x 0.01 " : " x 0.001 ") +
+        (metric ? machine.optSettingsMm.Caption.Get() : machine.optSettingsInch.Caption.Get());
+}
+
+void Viewport::mnuScale_Click(int index) {
+    ScaleFromIndex(index);
+    SetScaleIndex(index);
+    if (controls_.mnuAutoRedraw.Checked) parts_.Redraw();
+}
+
+void Viewport::UpDown_Change() {
+    if (state_.ScaleUpdating) return;
+    ScaleFromIndex(controls_.UpDown.Value);
+    SetScaleIndex(controls_.UpDown.Value);
+    parts_.Redraw();
+}
+
+void Viewport::Zoom(int step) { controls_.UpDown.SetValue(controls_.UpDown.Value + step); }
+
+void Viewport::ScrollBy(double right, double down) {
+    controls_.hsbViewWindow.SetValue(ToLong(controls_.hsbViewWindow.Value + right / 10));
+    controls_.vsbViewWindow.SetValue(ToLong(controls_.vsbViewWindow.Value + down / 10));
+}
+
+}  // namespace kvt

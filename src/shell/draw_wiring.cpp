@@ -1,0 +1,50 @@
+#include "shell/draw_wiring.h"
+
+#include "shell/workbench.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr std::size_t drawButton = 7;
+
+// By hand: the window comes forward.
+void mnuDraw_Click(Workbench& bench) {
+    bench.Draw.Show();
+    bench.Draw.Controls.frmDraw.BringToFront();
+}
+
+void ShowEditor(Workbench& bench) {
+    bench.frmMain.Visible = true;
+    bench.frmMain.BringToFront();
+    if (bench.Entry.txtGMcode.ReallyVisible()) bench.Platform.Focus.SetFocus(bench.Entry.txtGMcode);
+}
+
+}  // namespace
+
+void WireDrawing(Workbench& bench) {
+    CommandButton& button = *bench.Main.cmdTopButtons[drawButton];
+    button.Visible = true;
+    button.OnClick = [&bench] { mnuDraw_Click(bench); };
+    bench.Main.mnuDraw.OnClick = [&bench] { mnuDraw_Click(bench); };
+    DrawWindow& draw = bench.Draw;
+    // From below the drawing is repainted where it is, not brought up.
+    bench.Calls.mnuDraw_Click = [&draw] {
+        if (draw.Controls.frmDraw.Visible) draw.Show();
+    };
+    bench.Calls.RedrawAfterEdit = [&draw] {
+        if (draw.Controls.frmDraw.Visible && draw.Controls.mnuAutoRedraw.Checked) draw.Show();
+    };
+    bench.Calls.UnloadDraw = [&draw] {
+        if (draw.Controls.frmDraw.Visible) draw.Form_QueryUnload();
+    };
+    draw.ShowEditor = [&bench] { ShowEditor(bench); };
+}
+
+void RefreshDrawCommands(Workbench& bench) {
+    const bool hasLines = bench.Store.LineCount() > 0;
+    bench.Main.mnuDraw.Enabled = hasLines;
+    bench.Main.cmdTopButtons[drawButton]->Enabled = hasLines && !bench.Draw.State.DrawPending;
+}
+
+}  // namespace kvt
