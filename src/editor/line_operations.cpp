@@ -78,8 +78,8 @@ void LineOperations::LineDelete() {
     int selected = list.SelectedRow();
     // 4.
     if (entry_.chkSettingsDWC.Value == 0) {
-        const Answer answer =
-            platform_.Dialogs.ShowMessage(Question(texts_.ErrorTexts(text::DeleteLine), "Confirm"));
+        const Answer answer = platform_.Dialogs.ShowMessage(
+            Question(texts_.ErrorTexts(text::DeleteLine), texts_.ErrorTexts(text::DeleteTitle)));
         if (answer == Answer::No) return;
     }
     // 5.

@@ -39,6 +39,9 @@ constexpr DefaultText errorDefaults[] = {
     {12, "could not be written. The program is still open."},
     {13, "Open File"},
     {14, "Save File"},
+    {15, "Confirm"},
+    {16, "port problem"},
+    {17, "No printer found. A printer MUST be installed in Windows before running KVT"},
 };
 
 constexpr DefaultText messageDefaults[] = {
@@ -75,6 +78,7 @@ constexpr DefaultText drawViewDefaults[] = {
 };
 
 constexpr DefaultText drawErrorDefaults[] = {
+    {1, "has been saved"},
     {6, " (ControlCommand not recognised)"},
 };
 

@@ -6,7 +6,6 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "files/settings_file.h"
-#include "shell/language_tables.h"
 #include "shell/workbench.h"
 
 namespace kvt {
@@ -97,23 +96,39 @@ void ModuleLoader::LoadLanguageModule(const std::string& fileName) {
 }
 
 void ModuleLoader::TakeSection(const LanguageSection& section) {
-    const auto is = [&](const char* name) { return EqualIgnoringCase(section.Name, name); };
+    TakeLabels(section);
+    TakeOrderedLines(section);
+    if (EqualIgnoringCase(section.Name, language_section::System)) {
+        for (const LanguageLine& line : section.Lines) TakeSystemLine(line);
+    }
+    if (EqualIgnoringCase(section.Name, language_section::Toolbar)) TakeToolbar();
+}
+
+void ModuleLoader::TakeLabels(const LanguageSection& section) {
     const std::vector<Form*> forms = bench_.Forms();
     for (const LabelRow& row : LabelRows()) {
-        if (!is(row.Section)) continue;
+        if (!EqualIgnoringCase(section.Name, row.Section)) continue;
+        Control* const control = ControlOf(forms, row);
+        if (!control) continue;
         for (const LanguageLine& line : section.Lines) {
-            if (!EqualIgnoringCase(line.Key, row.Key) || line.Value.empty()) continue;
-            Control* const control = ControlOf(forms, row);
-            if (!control) continue;
-            if (row.What == ShownText::Tab) {
-                const int page = TabOf(builtInTabs_, row.Key);
-                if (page >= 0) bench_.Main.tabSettings.SetCaption(page, line.Value);
-            } else if (TextProperty* text = TextOf(*control, row.What)) {
-                *text = line.Value;
-                if (control == &bench_.Entry.frEntry) bench_.Language.EntryCaption = line.Value;
-            }
+            if (EqualIgnoringCase(line.Key, row.Key) && !line.Value.empty())
+                SetLabel(*control, row, line.Value);
         }
     }
+}
+
+void ModuleLoader::SetLabel(Control& control, const LabelRow& row, const std::string& value) {
+    if (row.What == ShownText::Tab) {
+        const int page = TabOf(builtInTabs_, row.Key);
+        if (page >= 0) bench_.Main.tabSettings.SetCaption(page, value);
+        return;
+    }
+    if (TextProperty* text = TextOf(control, row.What)) *text = value;
+    if (&control == &bench_.Entry.frEntry) bench_.Language.EntryCaption = value;
+}
+
+void ModuleLoader::TakeOrderedLines(const LanguageSection& section) {
+    const auto is = [&](const char* name) { return EqualIgnoringCase(section.Name, name); };
     const auto inOrder = [&](int first, const auto& take) {
         int place = first;
         int failures = 0;
@@ -134,10 +149,6 @@ void ModuleLoader::TakeSection(const LanguageSection& section) {
     }
     if (is(language_section::Headers))
         inOrder(firstNamedHeader, [&](int i, const std::string& text) { TakeHeader(i, text); });
-    if (is(language_section::System)) {
-        for (const LanguageLine& line : section.Lines) TakeSystemLine(line);
-    }
-    if (is(language_section::Toolbar)) TakeToolbar();
 }
 
 void ModuleLoader::TakeSystemLine(const LanguageLine& line) {
@@ -168,15 +179,7 @@ void ModuleLoader::TakeHeader(int header, const std::string& text) {
     if (header == ErrorHeader && !text.empty()) bench_.Language.ErrorHeaderText = text;
 }
 
-std::string ModuleLoader::WriteModule() const {
-    LanguageModuleText module;
-    module.Comment("Put your words behind each =. What stands in a comment is the English.");
-    module.Section(language_section::System);
-    const Texts& texts = bench_.Language;
-    module.Line("Language Name", texts.LanguageName.empty() ? "English" : texts.LanguageName);
-    module.Line("Translated by", texts.TranslatedBy);
-    module.Line("Help File Name", "");
-
+void ModuleLoader::WriteLabels(LanguageModuleText& module) const {
     const std::vector<Form*> forms = bench_.Forms();
     std::string_view section;
     std::string_view key;
@@ -189,11 +192,25 @@ std::string ModuleLoader::WriteModule() const {
         if (key == row.Key) continue;
         key = row.Key;
         Control* const control = ControlOf(forms, row);
-        const TextProperty* const text = control ? TextOf(*control, row.What) : nullptr;
+        const TextProperty* text = control ? TextOf(*control, row.What) : nullptr;
         const bool isEntry = control == &bench_.Entry.frEntry;  // it shows the code that is entered
-        const std::string shown = isEntry ? texts.EntryCaption : text ? text->Get() : std::string();
+        // The tool tip of the arrows tells the scale in force, not what they do.
+        if (control && control->Kind() == ControlKind::UpDown) text = nullptr;
+        const std::string shown = isEntry ? bench_.Language.EntryCaption : text ? text->Get() : std::string();
         module.Line(key, shown.empty() ? std::string(key) : shown);
     }
+}
+
+std::string ModuleLoader::WriteModule() const {
+    LanguageModuleText module;
+    module.Comment("Put your words behind each =. What stands in a comment is the English.");
+    module.Section(language_section::System);
+    const Texts& texts = bench_.Language;
+    module.Line("Language Name", texts.LanguageName.empty() ? "English" : texts.LanguageName);
+    module.Line("Translated by", texts.TranslatedBy);
+    module.Line("Help File Name", "");
+
+    WriteLabels(module);
     const auto numbered = [&](int number, std::string_view text) {
         if (!Trim(text).empty()) module.Comment(Trim(text));
         module.Line(PlainNumber(number), Trim(text));

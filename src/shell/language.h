@@ -4,9 +4,11 @@
 #include <vector>
 
 #include "files/language_module.h"
+#include "shell/language_tables.h"
 
 namespace kvt {
 
+class Control;
 class Workbench;
 
 // The language of the window: brings the texts of a module into controls, lists, headers and message tables. What
@@ -25,9 +27,14 @@ public:
 
 private:
     void TakeSection(const LanguageSection& section);
+    void TakeLabels(const LanguageSection& section);
+    void SetLabel(Control& control, const LabelRow& row, const std::string& value);
+    // Tables, code lists and headers: the place of a line decides.
+    void TakeOrderedLines(const LanguageSection& section);
     void TakeSystemLine(const LanguageLine& line);
     void LoadHelp(const std::string& name);
     void TakeToolbar();
+    void WriteLabels(LanguageModuleText& module) const;
     void TakeHeader(int header, const std::string& text);
 
     Workbench& bench_;
