@@ -2,6 +2,7 @@
 #include <cstdio>
 
 #include "basic/code_page.h"
+#include "console/script_drawing.h"
 #include "console/script_run.h"
 #include "console/state.h"
 #include "headless/key_names.h"
@@ -294,6 +295,9 @@ constexpr ScriptAction actions[] = {
     {"restore", {Arg::Word}, Restore, ofUser},
     {"close", {Arg::Word}, Close, ofUser},
     {"advance", {Arg::Number}, Advance, ofUser},
+    {"mousemove", {Arg::Number, Arg::Number}, script::MouseMove, ofUser},
+    {"mousedown", {Arg::Number, Arg::Number}, script::MouseDown, ofUser},
+    {"scroll", {Arg::Word, Arg::Number}, script::Scroll, ofUser},
 
     {"answer", {Arg::Word}, QueueAnswer},
     {"file", {Arg::Text}, QueueFile},
@@ -308,6 +312,7 @@ constexpr ScriptAction actions[] = {
     {"expect", {Arg::Line}, Expect},
     {"dump", {}, Dump},
     {"messages", {}, PrintMessages},
+    {"ops", {}, script::PrintOperations},
 };
 
 }  // namespace

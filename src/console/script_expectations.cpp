@@ -2,6 +2,7 @@
 
 #include "basic/code_page.h"
 #include "basic/number.h"
+#include "console/script_drawing.h"
 #include "console/script_run.h"
 #include "console/state.h"
 
@@ -199,6 +200,8 @@ constexpr ScriptAction expectations[] = {
     {"focus", {Arg::Text}, ExpectFocus},
     {"clipboard", {Arg::Text}, ExpectClipboard},
     {"clock", {Arg::Text}, ExpectClock},
+    {"op", {Arg::Number, Arg::Word, Arg::Text}, script::ExpectOperation},
+    {"opcount", {Arg::Word, Arg::Text}, script::ExpectOperationCount},
     {"running", {Arg::Text}, ExpectRunning},
 };
 

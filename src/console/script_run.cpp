@@ -51,6 +51,7 @@ const ScriptAction* FindAction(std::span<const ScriptAction> actions, std::strin
 ScriptRun::ScriptRun(std::string name, std::string_view script, const ScriptOptions& options)
     : Session(options), name_(std::move(name)), lines_(LinesOf(script)) {
     Session.Platform.System.NextEvent = [this] { return ServeWait(); };
+    Session.Platform.System.OnTimerWait = [this] { ServePutOff(); };
     Session.Platform.Dialogs.OnUnanswered = [this](const MessageBox& box) {
         Note("no answer for the message box " + Quoted(ToUtf8(box.Text)) + ", it takes its default");
     };
@@ -108,8 +109,8 @@ void ScriptRun::Do(const ScriptAction& action, std::string_view text) {
     }
 }
 
-// What comes up while the workbench waits. Lines that only look or prepare something do not end its turn.
-bool ScriptRun::ServeWait() {
+// Another wait begins: does what was put off for it. True where that was a user's action.
+bool ScriptRun::ServePutOff() {
     if (!frame_ || broken_) return false;
     Frame& frame = *frame_;
     ++frame.Waits;
@@ -120,7 +121,13 @@ bool ScriptRun::ServeWait() {
         frame.InWaits.erase(due);
         if (RunAction(action.Text, action.Line)) acted = true;
     }
-    if (acted) return !broken_;
+    return acted;
+}
+
+// What comes up while the workbench waits. Lines that only look or prepare something do not end its turn.
+bool ScriptRun::ServeWait() {
+    if (!frame_ || broken_) return false;
+    if (ServePutOff()) return !broken_;
     while (GoesOn() && !Session.Platform.System.Ended) {
         if (RunNextLine()) return !broken_;
     }

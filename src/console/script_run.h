@@ -42,6 +42,9 @@ public:
     // How many of the message boxes shown have been expected, and how many printed.
     std::size_t ExpectedBoxes = 0;
     std::size_t PrintedBoxes = 0;
+    // The numbers of the drawing operations behind the last `ops`, and behind the last count of them.
+    long long OperationsMark = 0;
+    long long CountMark = 0;
 
     // Something that is worth knowing about the line, on standard error.
     void Note(const std::string& text);
@@ -72,6 +75,7 @@ private:
     bool RunAction(std::string_view text, int line);
     void Do(const ScriptAction& action, std::string_view arguments);
     bool ServeWait();
+    bool ServePutOff();
     bool GoesOn() const { return !broken_ && next_ < static_cast<int>(lines_.size()); }
     void Tell(const std::string& text) const;
 

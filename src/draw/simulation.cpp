@@ -83,7 +83,9 @@ void Simulation::WaitUntil(const bool& flag, bool value) {
     }
 }
 
+// What is to end at its next turn needs nothing more from outside.
 void Simulation::Breathe() {
+    if (state_.StopRequested) return;
     if (!parts_.Platform.System.Breathe(++state_.Turns)) state_.LeaveWalk = true;
 }
 

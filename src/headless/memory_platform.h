@@ -85,7 +85,7 @@ public:
     std::function<bool()> NextEvent;
     // Told at the beginning of a wait for a timer, which takes nothing from NextEvent.
     std::function<void()> OnTimerWait;
-    static constexpr long long Patience = 1'000'000;
+    long long Patience = 1'000'000;
 
     // A key or a character as a user presses it.
     void Press(int key, int held = 0);
