@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QFileInfo>
 #include <QTimer>
 #include <QWindow>
 #include <cstdio>
@@ -81,7 +82,8 @@ bool Read(const QStringList& arguments, Options& options, QString& problem) {
         problem = QStringLiteral("more than one file");
         return false;
     }
-    if (!files.isEmpty()) options.File = files.constFirst();
+    // Whole, since it becomes the last file of a run that may start elsewhere.
+    if (!files.isEmpty()) options.File = QFileInfo(files.constFirst()).absoluteFilePath();
     options.Screenshot = parser.value(QStringLiteral("screenshot"));
     options.DrawScreenshot = parser.value(QStringLiteral("screenshot-draw"));
     if (!parser.isSet(QStringLiteral("scale"))) return true;
@@ -154,7 +156,9 @@ int main(int argc, char** argv) {
     kvt::DesktopPlatform platform(files,
                                   options.Scale > 0 ? options.Scale : kvt::DesktopPlatform::ScreenFactor());
     kvt::DesktopSystem& system = platform.Desktop.System;
+    kvt::BringResetCopies(files, system.LocalDataFolder());
     kvt::Workbench workbench(platform.Services);
+    workbench.Modules.StartFolder = kvt::PathText(QApplication::applicationDirPath()) + "/";
     workbench.Form_Load(kvt::PathText(options.File));
     if (system.Ended()) return 0;
 
@@ -168,7 +172,7 @@ int main(int argc, char** argv) {
     // A second signal does not wait for the answer to the question that the first one has led to.
     bool ending = false;
     const kvt::EndSignals signalsToEnd([&] {
-        if (std::exchange(ending, true) || !main.OnQueryUnload) return system.EndProgram();
+        if (std::exchange(ending, true) || workbench.Window.Ending()) return system.EndProgram();
         system.Run(main, "QueryUnload", main.OnQueryUnload);
         ending = false;
     });

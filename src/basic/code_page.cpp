@@ -89,4 +89,9 @@ std::string FromUtf8(std::string_view utf8) {
     return text;
 }
 
+std::string NameFromSystem(std::string_view name) {
+    std::string text = FromUtf8(name);
+    return ToUtf8(text) == name ? text : std::string(name);
+}
+
 }  // namespace kvt

@@ -3,9 +3,23 @@
 #include "console/commands.h"
 #include "console/drawing.h"
 #include "console/script.h"
+#include "console/serial_commands.h"
 #include "files/folders.h"
 
 namespace kvt {
+
+namespace {
+
+std::string IsSettings(const std::string& text) {
+    try {
+        ParseLineSettings(text);
+        return {};
+    } catch (const RunTimeError&) {
+        return text + " are no settings of a serial line";
+    }
+}
+
+}  // namespace
 
 int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& options) {
     CLI::App app("Checks and formats programs of the Compact 5 CNC (MK2, MK4) and F1 CNC machines.", "kvtc");
@@ -20,13 +34,18 @@ int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& opti
     check->add_flag("--json", json, "The whole state of each file, one JSON object a line");
     check->add_option("FILE", files, "Program files")->required();
 
+    const auto namesFile = [](const std::string& name) {
+        return name.empty() ? std::string("-o names no file") : std::string();
+    };
     std::string source;
     std::string target;
     CLI::App* format = app.add_subcommand("format", "Write a program back in the layout of its machine");
     format->add_option("FILE", source, "Program file")->required();
-    format->add_option("-o", target, "File to write")->required()->check([](const std::string& name) {
-        return name.empty() ? std::string("-o names no file") : std::string();
-    });
+    format->add_option("-o", target, "File to write")->required()->check(namesFile);
+
+    std::string moduleFile;
+    CLI::App* language = app.add_subcommand("language", "Write a language module, ready to be translated");
+    language->add_option("-o", moduleFile, "File to write")->required()->check(namesFile);
 
     std::vector<std::string> drawn;
     std::string picture;
@@ -43,6 +62,31 @@ int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& opti
     CLI::App* script = app.add_subcommand("script", "Run a script of user actions");
     script->add_option("FILE", scriptFile, "Script, - for standard input")->required();
     scriptOptions.Declare(*script);
+
+    SerialOptions serial;
+    CLI::App* send = app.add_subcommand("send", "Send a program to the machine");
+    send->add_option("FILE", serial.File, "Program file")->required();
+    CLI::App* receive = app.add_subcommand("receive", "Take in what the machine sends, until Ctrl+C");
+    receive->add_option("OUT", serial.File, "File to write")->required();
+    for (CLI::App* one : {send, receive}) {
+        one->add_option("--port", serial.Port, "Device of the serial port")->required();
+        one->add_option("--settings", serial.Settings, "Baud, parity, data bits, stop bits: 300,N,8,1")
+            ->check(IsSettings);
+    }
+    send->add_flag("--comments", serial.WithComments, "Send notes and comments too");
+    receive->add_option("--idle", serial.Idle, "End after so many seconds without a character");
+
+    MachineOptions played;
+    CLI::App* machine = app.add_subcommand("machine", "Play the machine at the other end of the line");
+    machine->add_option("--machine", played.Machine, "MK2, MK4 or F1")
+        ->check(CLI::IsMember({"MK2", "MK4", "F1"}, CLI::ignore_case));
+    machine->add_option("--baud", played.Baud, "Characters pass at this rate")
+        ->check(CLI::Range(110, 115200));
+    machine->add_option("--port", played.Port, "Device; without one a pseudo-terminal is made");
+    machine->add_option("--send", played.Send, "Program file to send");
+    machine->add_option("--receive", played.Receive, "File for what arrives");
+    machine->add_option("--drop-after", played.DropAfter, "Drop the line after so many characters")
+        ->check(CLI::NonNegativeNumber);
 
     try {
         // The words are taken from the end of the list.
@@ -61,6 +105,10 @@ int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& opti
         return status::Usage;
     }
     if (format->parsed()) return FormatFile(source, target);
+    if (send->parsed()) return SendFile(serial);
+    if (receive->parsed()) return ReceiveFile(serial);
+    if (machine->parsed()) return PlayMachine(played);
+    if (language->parsed()) return WriteLanguageModule(moduleFile);
     return RunScript(scriptFile, scriptOptions);
 }
 

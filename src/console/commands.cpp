@@ -5,6 +5,7 @@
 #include <memory>
 #include <new>
 
+#include "basic/code_page.h"
 #include "console/listing.h"
 #include "console/loaded_file.h"
 #include "console/state.h"
@@ -72,6 +73,18 @@ int Check(const std::vector<std::string>& files, bool json, const ConsoleOptions
         first = false;
     }
     return worst;
+}
+
+int WriteLanguageModule(const std::string& out) {
+    MemoryPlatform platform;
+    const auto bench = std::make_unique<Workbench>(platform.Services);
+    try {
+        platform.Files.WriteWhole(NameFromSystem(out), bench->Modules.WriteModule());
+        return status::Well;
+    } catch (const RunTimeError&) {
+        Complain(out, "could not be written");
+        return status::Usage;
+    }
 }
 
 int FormatFile(const std::string& file, const std::string& out) {

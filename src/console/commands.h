@@ -23,6 +23,9 @@ int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& opti
 // A listing (or with json the state, one object a line) of each file. The worst status of all files.
 int Check(const std::vector<std::string>& files, bool json, const ConsoleOptions& options);
 
+// Writes a language module with the program's own texts.
+int WriteLanguageModule(const std::string& out);
+
 // Loads a file and writes it back in the layout of its machine.
 int FormatFile(const std::string& file, const std::string& out);
 

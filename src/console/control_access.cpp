@@ -71,7 +71,7 @@ constexpr PropertyAccess properties[] = {
     {"caption", Caption},
     {"value",
      [](const Control& c) {
-         return As<CheckBox, OptionButton, TabStrip, ScrollBar, UpDown>(
+         return As<CheckBox, OptionButton, TabStrip, ScrollBar, UpDown, ProgressBar>(
              c, [](const auto& one) -> PlainValue { return one.Value.Get(); });
      }},
     {"visible", [](const Control& c) { return IsSeen(c) ? Found(c.Visible.Get()) : std::nullopt; }},

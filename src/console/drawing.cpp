@@ -81,7 +81,8 @@ public:
         };
         draw.Show();
         if (draw.GivenUp())
-            Complain(file, "the drawing was ended after " + PlainNumber(std::int64_t{Loaded.Platform.System.Patience}) +
+            Complain(file, "the drawing was ended after " +
+                               PlainNumber(std::int64_t{Loaded.Platform.System.Patience}) +
                                " turns: this program never ends");
     }
 

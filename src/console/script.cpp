@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <iterator>
 
+#include "basic/code_page.h"
 #include "console/commands.h"
 #include "console/script_run.h"
 
@@ -29,6 +30,7 @@ std::string ReadScript(const std::string& file) {
 
 // The words behind "# options:" in the comments at the top.
 std::vector<std::string> OptionWords(std::string_view script) {
+    if (script.substr(0, 3) == "\xEF\xBB\xBF") script.remove_prefix(3);
     std::vector<std::string> words;
     while (script.substr(0, 1) == "#") {
         const std::size_t end = std::min(script.find('\n'), script.size());
@@ -48,6 +50,7 @@ std::vector<std::string> OptionWords(std::string_view script) {
 ScriptOptions Merged(ScriptOptions own, const ScriptOptions& call) {
     if (!call.Data.empty()) own.Data = call.Data;
     if (!call.Screen.empty()) own.Screen = call.Screen;
+    if (!call.Ports.empty()) own.Ports = call.Ports;
     if (!call.WorkArea.empty()) own.WorkArea = call.WorkArea;
     return own;
 }
@@ -58,6 +61,9 @@ void ScriptOptions::Declare(CLI::App& app) {
     app.add_option("--data", Data, "What stands for the user's local application data folder");
     app.add_option("--screen", Screen, "Width and height of the screen in twips")->expected(2);
     app.add_option("--workarea", WorkArea, "Height of the work area in twips")->expected(1);
+    app.add_option("--ports", Ports, "How many serial ports open, 0 to 4")
+        ->expected(1)
+        ->check(CLI::Range(0, PortCount));
 }
 
 int RunScript(const std::string& file, const ScriptOptions& options) {

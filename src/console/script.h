@@ -14,6 +14,7 @@ struct ScriptOptions {
     std::string Data;         // stands for the user's local application data; a folder of the run without it
     std::vector<int> Screen;  // width and height in twips
     std::vector<int> WorkArea;  // height in twips
+    std::vector<int> Ports;     // how many serial ports open
 
     // Declares the options of the command line, which fill this object.
     void Declare(CLI::App& app);

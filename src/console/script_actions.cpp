@@ -1,7 +1,9 @@
 #include <algorithm>
+#include <charconv>
 #include <cstdio>
 
 #include "basic/code_page.h"
+#include "basic/text.h"
 #include "console/script_drawing.h"
 #include "console/script_run.h"
 #include "console/state.h"
@@ -33,8 +35,14 @@ bool InReach(Script& run, const Control& control) {
 // As a mouse does before it clicks. What the control before did on its leaving may have taken this one away.
 bool GoTo(Script& run, Control& control) {
     if (!InReach(run, control)) return false;
-    if (TakesFocus(control)) run.Session.Platform.Focus.SetFocus(control);
-    return InReach(run, control);
+    FocusService& focus = run.Session.Platform.Focus;
+    if (FocusByHand(control, focus)) return true;
+    if (InReach(run, control)) {
+        const Control* const kept = focus.Focused();
+        run.Note("the focus stays in " +
+                 (kept ? NameOf(run.Session.Forms(), *kept) : std::string("no control")));
+    }
+    return false;
 }
 
 void Start(Script& run, Given given) {
@@ -174,6 +182,24 @@ void QueueFile(Script& run, Given given) {
         {cancelled, cancelled ? std::string() : NameFromSystem(given.Last())});
 }
 
+// A colour is a number with red in the low byte, in decimal or as "&H" and hexadecimal.
+void QueueColor(Script& run, Given given) {
+    std::string_view text = given.Last();
+    std::optional<Color> color;
+    if (text != "cancel") {
+        const bool hexadecimal = EqualIgnoringCase(text.substr(0, 2), "&H");
+        if (hexadecimal) text.remove_prefix(2);
+        Color value = 0;
+        const auto read =
+            std::from_chars(text.data(), text.data() + text.size(), value, hexadecimal ? 16 : 10);
+        if (read.ec != std::errc() || read.ptr != text.data() + text.size()) {
+            throw ScriptError{"no colour: " + Quoted(given.Last())};
+        }
+        color = value;
+    }
+    run.Session.Platform.Dialogs.ColorAnswers.push_back(color);
+}
+
 // What surrounds the program.
 
 void PutOnClipboard(Script& run, Given given) {
@@ -207,13 +233,20 @@ void DeleteFile(Script& run, Given given) {
 }
 
 void PlanFailure(Script& run, Given given) {
-    constexpr std::string_view services[] = {"file", "port", "printer", "clipboard", "program"};
+    constexpr std::string_view services[] = {"file", "background", "port", "printer", "clipboard", "program"};
     if (std::find(std::begin(services), std::end(services), given.Text(0)) == std::end(services)) {
         throw ScriptError{"unknown service " + Quoted(given.Text(0))};
     }
     if (given.Number(1) < 1) throw ScriptError{"calls are counted from 1"};
     run.Session.Platform.Faults.Fail(given.Text(0), given.Number(1));
 }
+
+void Receive(Script& run, Given given) {
+    if (!run.Session.Platform.Port.Receive(FromUtf8(given.Last())))
+        run.Note("no port is open, nothing arrives");
+}
+
+void FailPort(Script& run, Given) { run.Session.Platform.Port.NextOpeningFails = true; }
 
 void Advance(Script& run, Given given) { run.Session.Platform.System.Advance(given.Number(0)); }
 
@@ -298,13 +331,16 @@ constexpr ScriptAction actions[] = {
     {"mousemove", {Arg::Number, Arg::Number}, script::MouseMove, ofUser},
     {"mousedown", {Arg::Number, Arg::Number}, script::MouseDown, ofUser},
     {"scroll", {Arg::Word, Arg::Number}, script::Scroll, ofUser},
+    {"receive", {Arg::Text}, Receive, ofUser},
 
     {"answer", {Arg::Word}, QueueAnswer},
     {"file", {Arg::Text}, QueueFile},
+    {"colour", {Arg::Text}, QueueColor},
     {"clipboard", {Arg::Text}, PutOnClipboard},
     {"write", {Arg::Word, Arg::Text}, WriteFile},
     {"program", {Arg::Word, Arg::Text}, WriteProgram},
     {"delete", {Arg::Text}, DeleteFile},
+    {"portfails", {}, FailPort},
     {"fails", {Arg::Word, Arg::Number}, PlanFailure},
     {"during", {Arg::Number, Arg::Line}, During},
 

@@ -170,6 +170,27 @@ void ExpectClipboard(Script& run, Given given) {
     run.Compare(given.Last(), ToUtf8(run.Session.Platform.Clipboard.Content));
 }
 
+// The port.
+
+void ExpectSent(Script& run, Given given) {
+    const std::string& all = run.Session.Platform.Port.Given;
+    run.Compare(given.Last(), ToUtf8(std::string_view(all).substr(run.ExpectedSent)));
+    run.ExpectedSent = all.size();
+}
+
+void ExpectPort(Script& run, Given given) {
+    if (given.Last() != "open" && given.Last() != "closed") throw ScriptError{"either open or closed"};
+    run.Compare(given.Last(), run.Session.Platform.Port.IsOpen() ? "open" : "closed");
+}
+
+void ExpectPortSettings(Script& run, Given given) {
+    run.Compare(given.Last(), run.Session.Platform.Port.Settings());
+}
+
+void ExpectBeeps(Script& run, Given given) {
+    run.Compare(given.Last(), PlainNumber(run.Session.Platform.System.Beeps));
+}
+
 void ExpectClock(Script& run, Given given) {
     run.Compare(given.Last(), PlainNumber(static_cast<std::int64_t>(run.Session.Platform.System.Clock)));
 }
@@ -202,6 +223,10 @@ constexpr ScriptAction expectations[] = {
     {"clock", {Arg::Text}, ExpectClock},
     {"op", {Arg::Number, Arg::Word, Arg::Text}, script::ExpectOperation},
     {"opcount", {Arg::Word, Arg::Text}, script::ExpectOperationCount},
+    {"sent", {Arg::Text}, ExpectSent},
+    {"port", {Arg::Text}, ExpectPort},
+    {"portsettings", {Arg::Text}, ExpectPortSettings},
+    {"beeps", {Arg::Text}, ExpectBeeps},
     {"running", {Arg::Text}, ExpectRunning},
 };
 

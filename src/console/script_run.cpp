@@ -51,7 +51,7 @@ const ScriptAction* FindAction(std::span<const ScriptAction> actions, std::strin
 ScriptRun::ScriptRun(std::string name, std::string_view script, const ScriptOptions& options)
     : Session(options), name_(std::move(name)), lines_(LinesOf(script)) {
     Session.Platform.System.NextEvent = [this] { return ServeWait(); };
-    Session.Platform.System.OnTimerWait = [this] { ServePutOff(); };
+    Session.Platform.System.NextInTimedWait = [this] { ServeTimedWait(); };
     Session.Platform.Dialogs.OnUnanswered = [this](const MessageBox& box) {
         Note("no answer for the message box " + Quoted(ToUtf8(box.Text)) + ", it takes its default");
     };
@@ -109,10 +109,8 @@ void ScriptRun::Do(const ScriptAction& action, std::string_view text) {
     }
 }
 
-// Another wait begins: does what was put off for it. True where that was a user's action.
-bool ScriptRun::ServePutOff() {
-    if (!frame_ || broken_) return false;
-    Frame& frame = *frame_;
+// Begins a wait and does what was put off until then; true where something of it was a user's action.
+bool ScriptRun::DoPutOff(Frame& frame) {
     ++frame.Waits;
     bool acted = false;
     for (auto due = frame.InWaits.find(frame.Waits); due != frame.InWaits.end();
@@ -127,11 +125,16 @@ bool ScriptRun::ServePutOff() {
 // What comes up while the workbench waits. Lines that only look or prepare something do not end its turn.
 bool ScriptRun::ServeWait() {
     if (!frame_ || broken_) return false;
-    if (ServePutOff()) return !broken_;
+    if (DoPutOff(*frame_)) return !broken_;
     while (GoesOn() && !Session.Platform.System.Ended) {
         if (RunNextLine()) return !broken_;
     }
     return false;
+}
+
+// A wait that ends by itself: the lines behind it are for later.
+void ScriptRun::ServeTimedWait() {
+    if (frame_ && !broken_) DoPutOff(*frame_);
 }
 
 std::string ScriptRun::ValueNamed(std::string_view name) {

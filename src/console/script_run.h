@@ -45,6 +45,8 @@ public:
     // The numbers of the drawing operations behind the last `ops`, and behind the last count of them.
     long long OperationsMark = 0;
     long long CountMark = 0;
+    // How much of what the port was given has been expected.
+    std::size_t ExpectedSent = 0;
 
     // Something that is worth knowing about the line, on standard error.
     void Note(const std::string& text);
@@ -74,8 +76,9 @@ private:
     bool RunNextLine();
     bool RunAction(std::string_view text, int line);
     void Do(const ScriptAction& action, std::string_view arguments);
+    bool DoPutOff(Frame& frame);
     bool ServeWait();
-    bool ServePutOff();
+    void ServeTimedWait();
     bool GoesOn() const { return !broken_ && next_ < static_cast<int>(lines_.size()); }
     void Tell(const std::string& text) const;
 

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "basic/code_page.h"
 #include "basic/text.h"
 #include "files/folders.h"
+#include "files/settings_file.h"
 
 namespace kvt {
 
@@ -60,6 +62,7 @@ ScriptSession::ScriptSession(const ScriptOptions& options) {
         Platform.Screen.HeightTwips = options.Screen[1];
     }
     if (!options.WorkArea.empty()) Platform.Screen.WorkAreaTwips = options.WorkArea[0];
+    if (!options.Ports.empty()) Platform.Port.Ports = options.Ports[0];
     NewBench();
 }
 
@@ -79,6 +82,8 @@ void ScriptSession::Start(const std::string& commandLine) {
     if (started_) NewBench();
     started_ = true;
     commandLine_ = commandLine;
+    // As the window's main function does.
+    BringResetCopies(files_, Platform.System.DataFolder);
     bench_->Form_Load(NameFromSystem(commandLine));
 }
 

@@ -5,6 +5,7 @@
 #include <QRadioButton>
 #include <algorithm>
 
+#include "desktop/picture_button.h"
 #include "desktop/text.h"
 #include "platform/keys.h"
 
@@ -30,7 +31,10 @@ void ButtonView::Follow(PropertyId id) {
 }
 
 CommandButtonView::CommandButtonView(DesktopContext& desktop, CommandButton& control, QWidget* parent)
-    : ButtonView(desktop, control, control.Caption, new QPushButton(parent)) {}
+    : ButtonView(desktop, control, control.Caption,
+                 control.Picture.empty()
+                     ? new QPushButton(parent)
+                     : NewPictureButton(control.Picture, desktop.Lengths.Factor(), parent)) {}
 
 bool CommandButtonView::Act(const KeyInput& input) {
     if (input.Key != key::Enter) return false;

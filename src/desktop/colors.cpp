@@ -44,6 +44,10 @@ QColor ColorOf(Color color) {
     return {part(0), part(8), part(16)};
 }
 
+Color NumberOf(const QColor& color) {
+    return static_cast<Color>(color.red() | color.green() << 8 | color.blue() << 16);
+}
+
 void SetTextColor(QWidget& widget, Color color) {
     QPalette palette;
     const auto set = [&](QPalette::ColorRole text, QPalette::ColorRole ground) {

@@ -12,6 +12,7 @@ namespace kvt {
 QColor Readable(QColor color, QColor ground);
 
 QColor ColorOf(Color color);
+Color NumberOf(const QColor& color);
 
 // Between two colours: the first where share is 0, the second where it is 1.
 QColor Mixed(QColor color, QColor other, double share);

@@ -2,11 +2,14 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QColorDialog>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QPointer>
 
 #include "basic/text.h"
+#include "desktop/colors.h"
 #include "desktop/text.h"
 
 namespace kvt {
@@ -41,7 +44,23 @@ QMessageBox::Icon IconOf(Icon icon) {
 }
 
 // What a box belongs to: the window in front, or any that is to be seen.
-QWidget* WindowInFront() {
+class WindowInFront {
+public:
+    WindowInFront() : window_(Found()) {}
+    // Where no window manager does it the window gets the keys back.
+    ~WindowInFront() {
+        if (window_) window_->activateWindow();
+    }
+    WindowInFront(const WindowInFront&) = delete;
+    operator QWidget*() const { return window_; }
+
+private:
+    static QWidget* Found();
+
+    QPointer<QWidget> window_;
+};
+
+QWidget* WindowInFront::Found() {
     if (QWidget* active = QApplication::activeWindow()) return active;
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (window->isVisible() && window->windowType() == Qt::Window) return window;
@@ -72,7 +91,8 @@ Answer DesktopDialogs::ShowMessage(const MessageBox& box) {
                                                               : Answer::Ok;
     if (desktop_.System.Ended()) return refusal;
     ++desktop_.DialogsShown;
-    Box window(WindowInFront());
+    const WindowInFront parent;
+    Box window(parent);
     window.setWindowTitle(box.Title.empty() ? QCoreApplication::applicationName() : ToQt(box.Title));
     window.setTextFormat(Qt::PlainText);
     window.setText(ToQt(box.Text));
@@ -94,7 +114,8 @@ bool DesktopDialogs::Choose(FileDialog& dialog, bool saves) {
     bool chosen = false;
     if (!desktop_.System.Ended()) {
         ++desktop_.DialogsShown;
-        QFileDialog window(WindowInFront());
+        const WindowInFront parent;
+        QFileDialog window(parent);
         // Whether a file is to be written over is asked by the program.
         window.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
         window.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
@@ -110,6 +131,17 @@ bool DesktopDialogs::Choose(FileDialog& dialog, bool saves) {
     }
     if (!chosen && dialog.CancelError) throw RunTimeError(fault::Cancelled);
     return chosen;
+}
+
+bool DesktopDialogs::ShowColor(Color& color) {
+    if (desktop_.System.Ended()) return false;
+    ++desktop_.DialogsShown;
+    const WindowInFront parent;
+    QColorDialog window(ColorOf(color), parent);
+    window.setOptions(QColorDialog::DontUseNativeDialog);
+    if (window.exec() != QDialog::Accepted) return false;
+    color = NumberOf(window.selectedColor());
+    return true;
 }
 
 }  // namespace kvt

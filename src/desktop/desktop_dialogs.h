@@ -13,6 +13,7 @@ public:
     Answer ShowMessage(const MessageBox& box) override;
     bool ShowOpen(FileDialog& dialog) override { return Choose(dialog, false); }
     bool ShowSave(FileDialog& dialog) override { return Choose(dialog, true); }
+    bool ShowColor(Color& color) override;
 
 private:
     bool Choose(FileDialog& dialog, bool saves);

@@ -32,7 +32,12 @@ QFont FormFont(double factor) {
 
 }  // namespace
 
-std::string DesktopClipboard::GetText() { return FromQt(QGuiApplication::clipboard()->text()); }
+// Line ends are CR LF here, whatever those of the program that the text comes from.
+std::string DesktopClipboard::GetText() {
+    QString text = QGuiApplication::clipboard()->text();
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+    return FromQt(text.replace(u'\n', QStringLiteral("\r\n")));
+}
 
 void DesktopClipboard::Clear() { QGuiApplication::clipboard()->clear(); }
 
@@ -52,7 +57,7 @@ double DesktopPlatform::ScreenFactor() {
 
 DesktopPlatform::DesktopPlatform(FileService& files, double factor)
     : Desktop{Scale(factor), focus_, system_},
-      Services{files, dialogs_, clipboard_, screen_, system_, focus_},
+      Services{files, dialogs_, clipboard_, screen_, system_, focus_, port_},
       system_(focus_),
       dialogs_(Desktop),
       screen_(Desktop.Lengths) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/desktop_dialogs.h"
+#include "desktop/desktop_port.h"
 #include "desktop/view.h"
 #include "platform/services.h"
 
@@ -43,6 +44,7 @@ private:
     DesktopDialogs dialogs_;
     DesktopClipboard clipboard_;
     DesktopScreen screen_;
+    DesktopPort port_;
 };
 
 }  // namespace kvt

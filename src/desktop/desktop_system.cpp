@@ -22,6 +22,16 @@ constexpr qint64 idleNanoseconds = 200'000;
 constexpr int longestRest = 20;    // milliseconds
 constexpr int longestBreath = 30;  // milliseconds
 
+// Serves the next event, for which it waits some milliseconds at the most.
+void Rest(int milliseconds) {
+    QTimer wake;
+    wake.setTimerType(Qt::PreciseTimer);
+    wake.setSingleShot(true);
+    wake.start(milliseconds);
+    QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents |
+                                                        QEventLoop::WaitForMoreEvents);
+}
+
 }  // namespace
 
 bool DesktopSystem::DoEvents() {
@@ -29,12 +39,7 @@ bool DesktopSystem::DoEvents() {
     auto* dispatcher = QAbstractEventDispatcher::instance();
     const bool waits = sinceEvents_.isValid() && sinceEvents_.nsecsElapsed() < idleNanoseconds;
     const bool happened = dispatcher->processEvents(QEventLoop::AllEvents);
-    if (!happened && waits && !ended_) {
-        QTimer wake;
-        wake.setSingleShot(true);
-        wake.start(longestRest);
-        dispatcher->processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-    }
+    if (!happened && waits && !ended_) Rest(longestRest);
     sinceEvents_.start();
     return !ended_;
 }
@@ -45,6 +50,14 @@ bool DesktopSystem::Breathe(long long turn) {
         QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents);
         sinceBreath_.start();
     }
+    return !ended_;
+}
+
+bool DesktopSystem::WaitUntil(const std::function<double()>& left) {
+    if (ended_) return false;
+    QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents);
+    for (double more = left(); more > 0 && !ended_; more = left())
+        Rest(std::clamp(static_cast<int>(more), 1, longestRest));
     return !ended_;
 }
 
@@ -83,6 +96,8 @@ void DesktopSystem::SendKeys() {
         }
     }
 }
+
+void DesktopSystem::Beep() { QApplication::beep(); }
 
 void DesktopSystem::ShowPopupMenu(Menu& menu) {
     if (auto* view = dynamic_cast<MenuView*>(menu.View)) view->PopUp(QCursor::pos());

@@ -10,6 +10,8 @@ namespace kvt {
 
 namespace {
 
+constexpr int endSignals[] = {SIGTERM, SIGINT, SIGHUP};
+
 volatile std::sig_atomic_t writeEnd = -1;
 
 // Does nothing but wake the event loop.
@@ -38,11 +40,11 @@ EndSignals::EndSignals(std::function<void()> onSignal) : onSignal_(std::move(onS
         while (read(pipe_[0], bytes, sizeof bytes) > 0) continue;
         onSignal_();
     });
-    for (const int signal : {SIGTERM, SIGINT}) Handle(signal, Wake);
+    for (const int signal : endSignals) Handle(signal, Wake);
 }
 
 EndSignals::~EndSignals() {
-    for (const int signal : {SIGTERM, SIGINT}) Handle(signal, SIG_DFL);
+    for (const int signal : endSignals) Handle(signal, SIG_DFL);
     arrival_.reset();
     for (const int end : pipe_) {
         if (end >= 0) close(end);

@@ -5,8 +5,8 @@
 #include <QPainter>
 #include <QStyledItemDelegate>
 #include <algorithm>
+#include <functional>
 
-#include "basic/stack_guard.h"
 #include "desktop/colors.h"
 #include "desktop/text.h"
 #include "platform/keys.h"
@@ -33,6 +33,7 @@ private:
 };
 
 constexpr double tint = 0.2;
+constexpr int entrySpace = 3;  // pixels between the lines of two entries
 constexpr int twipsAFixedCharacter = 105;
 
 // Heads above a list of fixed pitch stand at the places of its characters.
@@ -52,7 +53,7 @@ public:
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         const QSize size = QStyledItemDelegate::sizeHint(option, index);
-        return {size.width(), option.fontMetrics.height() + 3};
+        return {size.width(), option.fontMetrics.height() + entrySpace};
     }
 
     // The selected entry of a list without the keys is but tinted.
@@ -91,10 +92,29 @@ public:
     }
 };
 
+// Shows whole entries only.
+class WholeEntries : public QListView {
+public:
+    using QListView::QListView;
+    std::function<void()> OnRelease;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        const int entry = fontMetrics().height() + entrySpace;
+        const int room = height() - 2 * frameWidth();
+        setViewportMargins(0, 0, 0, room > entry ? room % entry : 0);
+        QListView::resizeEvent(event);
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        QListView::mouseReleaseEvent(event);
+        OnRelease();
+    }
+};
+
 }  // namespace
 
 ListBoxView::ListBoxView(DesktopContext& desktop, ListBox& control, QWidget* parent)
-    : View(desktop, control, new QListView(parent)),
+    : View(desktop, control, new WholeEntries(parent)),
       list_(control),
       face_(static_cast<QListView*>(Widget())) {
     Watch(face_->viewport());
@@ -103,16 +123,16 @@ ListBoxView::ListBoxView(DesktopContext& desktop, ListBox& control, QWidget* par
     face_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     face_->setUniformItemSizes(true);
     face_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // Only a whole click chooses: a mouse that is let go elsewhere leaves what was chosen before.
+    static_cast<WholeEntries*>(face_)->OnRelease = [this] { Follow(PropertyId::ListIndex); };
+    connect(face_, &QListView::clicked, this, [this](const QModelIndex& index) {
+        list_.ListIndex = index.row();
+        Click();
+    });
     if (list_.FixedPitch) face_->setFont(FixedFont(desktop.Lengths));
-    connect(face_->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex& index) {
-                if (!following_) list_.ListIndex = index.row();
-            });
-    connect(face_, &QListView::clicked, this, [this] { Click(); });
 }
 
 void ListBoxView::Follow(PropertyId id) {
-    const StackGuard guard(following_);
     switch (id) {
         case PropertyId::Entries: static_cast<EntriesModel*>(face_->model())->Changed(); [[fallthrough]];
         case PropertyId::ListIndex:
@@ -126,6 +146,8 @@ void ListBoxView::Follow(PropertyId id) {
 
 bool ListBoxView::Act(const KeyInput& input) {
     int index = list_.ListIndex;
+    const int page =
+        std::max(1, face_->viewport()->height() / (face_->fontMetrics().height() + entrySpace) - 1);
     switch (input.Key) {
         case key::Enter:
         case key::Space:
@@ -135,7 +157,10 @@ bool ListBoxView::Act(const KeyInput& input) {
         case key::Down: ++index; break;
         case key::Home: index = 0; break;
         case key::End: index = list_.Count() - 1; break;
-        default: return false;
+        case key::PageUp: index -= page; break;
+        case key::PageDown: index += page; break;
+        // A letter would move the toolkit's own selection.
+        default: return !input.Text.isEmpty();
     }
     if (list_.Count() == 0) return true;
     index = std::clamp(index, 0, list_.Count() - 1);

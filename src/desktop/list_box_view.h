@@ -21,7 +21,6 @@ private:
 
     ListBox& list_;
     QListView* face_;
-    bool following_ = false;
 };
 
 }  // namespace kvt

@@ -4,8 +4,31 @@
 
 namespace kvt {
 
+namespace {
+
+// Gives each entry of a menu the first letter of its caption that no entry before it has, as the key that chooses it
+// while the menu is open.
+void GiveAccessKeys(const QWidget& menu) {
+    QString taken;
+    for (QAction* entry : menu.actions()) {
+        QString caption = entry->data().toString();
+        qsizetype at = 0;
+        while (at < caption.size() &&
+               (!caption.at(at).isLetterOrNumber() || taken.contains(caption.at(at).toUpper()))) {
+            ++at;
+        }
+        const bool hasKey = at < caption.size();
+        if (hasKey) taken += caption.at(at).toUpper();
+        const QString rest = caption.mid(at).replace(u'&', QStringLiteral("&&"));
+        entry->setText(caption.left(at).replace(u'&', QStringLiteral("&&")) + (hasKey ? "&" : "") + rest);
+    }
+}
+
+}  // namespace
+
 MenuView::MenuView(DesktopContext& desktop, Menu& control, QWidget* parent, bool hasEntries)
     : menu_(control),
+      parent_(parent),
       entries_(hasEntries ? new QMenu(parent) : nullptr),
       action_(hasEntries ? entries_->menuAction() : new QAction(parent)) {
     control.View = this;
@@ -27,7 +50,10 @@ MenuView::MenuView(DesktopContext& desktop, Menu& control, QWidget* parent, bool
 
 void MenuView::PropertyChanged(Control&, PropertyId id) {
     switch (id) {
-        case PropertyId::Caption: action_->setText(ToQt(menu_.Caption)); break;
+        case PropertyId::Caption:
+            action_->setData(ToQt(menu_.Caption));
+            GiveAccessKeys(*parent_);
+            break;
         case PropertyId::Visible: action_->setVisible(menu_.Visible); break;
         case PropertyId::Enabled: action_->setEnabled(menu_.Enabled); break;
         case PropertyId::Checked: FollowCheck(); break;

@@ -25,6 +25,7 @@ private:
     void FollowCheck();
 
     Menu& menu_;
+    QWidget* parent_;
     QMenu* entries_;
     QAction* action_;
 };

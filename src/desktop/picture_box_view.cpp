@@ -50,9 +50,6 @@ void PictureBoxView::Follow(PropertyId id) {
     switch (id) {
         case PropertyId::BackColor:
         case PropertyId::Operations: Widget()->update(); break;
-        case PropertyId::MousePointer:
-            Widget()->setCursor(box_.MousePointer == mouse::CrossPointer ? Qt::CrossCursor : Qt::ArrowCursor);
-            break;
         default: View::Follow(id);
     }
 }

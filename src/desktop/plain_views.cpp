@@ -83,7 +83,8 @@ void LabelView::Follow(PropertyId id) {
         case PropertyId::Height: {
             const bool wraps = label_.Height >= severalLines;
             face_->setWordWrap(wraps);
-            face_->setAlignment(wraps ? Qt::AlignLeft | Qt::AlignTop : Qt::AlignLeft | Qt::AlignVCenter);
+            const Qt::Alignment side = label_.AtRight ? Qt::AlignRight : Qt::AlignLeft;
+            face_->setAlignment(side | (wraps ? Qt::AlignTop : Qt::AlignVCenter));
             View::Follow(id);
             break;
         }
@@ -99,7 +100,7 @@ bool LabelView::eventFilter(QObject* watched, QEvent* event) {
 
 FrameView::FrameView(DesktopContext& desktop, Frame& control, QWidget* parent)
     : View(desktop, control, new FrameFace(control, parent)) {
-    // It may lie over a picture, which must not shine through.
+    // It may lie over a picture or another frame, which must not shine through.
     Widget()->setAutoFillBackground(true);
 }
 

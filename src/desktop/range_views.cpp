@@ -73,6 +73,22 @@ void ScrollBarView::Follow(PropertyId id) {
     }
 }
 
+ProgressBarView::ProgressBarView(DesktopContext& desktop, ProgressBar& control, QWidget* parent)
+    : View(desktop, control, new QProgressBar(parent)),
+      bar_(control),
+      face_(static_cast<QProgressBar*>(Widget())) {
+    face_->setTextVisible(false);
+}
+
+void ProgressBarView::Follow(PropertyId id) {
+    if (id == PropertyId::Bounds || id == PropertyId::Value) {
+        face_->setRange(bar_.Min, bar_.Max);
+        face_->setValue(bar_.Value);
+    } else {
+        View::Follow(id);
+    }
+}
+
 UpDownView::UpDownView(DesktopContext& desktop, UpDown& control, QWidget* parent)
     : View(desktop, control, new QWidget(parent)), range_(control) {
     const auto arrow = [&](Qt::ArrowType type, int step) {

@@ -2,6 +2,7 @@
 
 #include <QAbstractSlider>
 #include <QComboBox>
+#include <QProgressBar>
 
 #include "desktop/view.h"
 
@@ -35,6 +36,19 @@ private:
     ScrollBar& bar_;
     QAbstractSlider* face_;
     bool following_ = false;
+};
+
+class ProgressBarView : public View {
+public:
+    ProgressBarView(DesktopContext& desktop, ProgressBar& control, QWidget* parent);
+
+protected:
+    void Follow(PropertyId id) override;
+    bool TakesFocus() const override { return false; }
+
+private:
+    ProgressBar& bar_;
+    QProgressBar* face_;
 };
 
 // Two arrow buttons, which repeat while they are held.

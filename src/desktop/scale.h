@@ -10,6 +10,8 @@ class Scale {
 public:
     explicit Scale(double factor) : factor_(factor) {}
 
+    double Factor() const { return factor_; }
+
     double Exact(double twips) const { return twips * factor_ / TwipsAPixel; }
     int Pixels(double twips) const { return static_cast<int>(std::lround(twips * factor_ / TwipsAPixel)); }
     // Rounded up, so that a window is never smaller than it was asked to be.

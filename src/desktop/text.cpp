@@ -31,11 +31,7 @@ QString Cleaned(const QString& text, bool keepLineEnds) {
     return cleaned;
 }
 
-std::string PathText(const QString& path) {
-    const std::string system = QFile::encodeName(path).toStdString();
-    const std::string text = FromUtf8(system);
-    return ToUtf8(text) == system ? text : system;
-}
+std::string PathText(const QString& path) { return NameFromSystem(QFile::encodeName(path).toStdString()); }
 
 QString PathToQt(std::string_view path) {
     const QByteArray bytes(path.data(), static_cast<qsizetype>(path.size()));

@@ -2,6 +2,7 @@
 
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMouseEvent>
@@ -20,6 +21,13 @@ namespace {
 constexpr int ctrlA = 1;
 constexpr int longestLine = 10'000;
 constexpr int longestNotes = 1'000'000;
+constexpr int showInterval = 50;  // milliseconds
+
+// Line ends as the widget has them.
+QString WithPlainLineEnds(std::string_view text) {
+    QString plain = Cleaned(ToQt(text), true).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    return plain.replace(u'\r', u'\n');
+}
 
 KeyInput WithCtrl(int character) { return {'A' + character - 1, key::CtrlHeld, QString(QChar(character))}; }
 
@@ -32,7 +40,7 @@ TextBoxView::TextBoxView(DesktopContext& desktop, TextBox& control, QWidget* wid
 }
 
 void TextBoxView::Follow(PropertyId id) {
-    const StackGuard guard(following_);
+    const StackGuard guard(Following);
     switch (id) {
         case PropertyId::Text:
             if (const QString wanted = Wanted(); Shown() != wanted) {
@@ -88,6 +96,8 @@ void TextBoxView::Drop(const QString& text) {
 
 void TextBoxView::Paste(const QString& text) {
     if (text.isEmpty()) return;
+    // One line takes it as if it were typed: the handlers see each character.
+    if (!Box.MultiLine) return Type(Cleaned(text, false));
     incoming_ = text;
     Press(WithCtrl(key::CtrlV));
     incoming_ = {};
@@ -110,16 +120,16 @@ void TextBoxView::ShowMenu(QPoint at) {
 }
 
 void TextBoxView::Edited() {
-    if (following_) return;
+    if (Following) return;
     Desktop.System.Run(Box, "Change", [this] {
         // The selection goes first: it lies within the new text.
         Box.Selection = ShownSelection();
-        Box.Text = FromQt(Shown().replace(u'\n', QStringLiteral("\r\n")));
+        Box.Text = FromQt(Shown().replace(u'\n', QStringLiteral("\r\n"))) + NotShown();
     });
 }
 
 void TextBoxView::SelectionMoved() {
-    if (!following_) Box.Selection = ShownSelection();
+    if (!Following) Box.Selection = ShownSelection();
 }
 
 namespace {
@@ -174,9 +184,38 @@ NotesView::NotesView(DesktopContext& desktop, TextBox& control, QWidget* parent)
       edit_(static_cast<QPlainTextEdit*>(Widget())) {
     Watch(edit_->viewport());
     edit_->viewport()->setAcceptDrops(false);
+    if (control.FixedPitch) {
+        QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+        font.setPixelSize(edit_->fontInfo().pixelSize());
+        edit_->setFont(font);
+    }
+    showing_.setSingleShot(true);
+    connect(&showing_, &QTimer::timeout, this, [this] { ShowMore(); });
     connect(edit_, &QPlainTextEdit::textChanged, this, [this] { Edited(); });
     connect(edit_, &QPlainTextEdit::selectionChanged, this, [this] { SelectionMoved(); });
     connect(edit_, &QPlainTextEdit::cursorPositionChanged, this, [this] { SelectionMoved(); });
+}
+
+void NotesView::Follow(PropertyId id) {
+    if (id == PropertyId::Appended) {
+        if (!showing_.isActive()) showing_.start(showInterval);
+        return;
+    }
+    if (id == PropertyId::Text) shown_ = Box.Text.Get().size();
+    TextBoxView::Follow(id);
+}
+
+// The first half of a line end waits for the second.
+void NotesView::ShowMore() {
+    const StackGuard guard(Following);
+    const std::string_view text = Box.Text;
+    std::size_t end = text.size();
+    if (end > shown_ && text[end - 1] == '\r') --end;
+    QTextCursor cursor(edit_->document());
+    cursor.movePosition(QTextCursor::End);
+    cursor.insertText(WithPlainLineEnds(text.substr(shown_, end - shown_)));
+    edit_->setTextCursor(cursor);
+    shown_ = end;
 }
 
 QString NotesView::Shown() const { return edit_->toPlainText(); }
@@ -205,10 +244,7 @@ void NotesView::SetShownSelection(TextSelection selection) {
     edit_->setTextCursor(cursor);
 }
 
-QString NotesView::Wanted() const {
-    QString text = Cleaned(ToQt(Box.Text), true).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    return text.replace(u'\r', u'\n');
-}
+QString NotesView::Wanted() const { return WithPlainLineEnds(Box.Text); }
 
 QString NotesView::Fit(const QString& text) const {
     QString fit =

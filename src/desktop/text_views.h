@@ -2,6 +2,7 @@
 
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QTimer>
 
 #include "desktop/view.h"
 
@@ -35,17 +36,19 @@ protected:
     virtual QString Fit(const QString& text) const = 0;
 
     void PutIn(int number) override;
+    // What has been added to the control's text and is not in the widget yet.
+    virtual std::string NotShown() const { return {}; }
     // The user has changed the text, or the selection alone.
     void Edited();
     void SelectionMoved();
 
     TextBox& Box;
+    bool Following = false;
 
 private:
     void Paste(const QString& text);
     void ShowMenu(QPoint at);
 
-    bool following_ = false;
     // What Ctrl-V puts in: the clipboard where it is not set.
     QString incoming_;
 };
@@ -77,6 +80,8 @@ public:
     NotesView(DesktopContext& desktop, TextBox& control, QWidget* parent);
 
 protected:
+    void Follow(PropertyId id) override;
+    std::string NotShown() const override { return Box.Text.Get().substr(shown_); }
     QString Shown() const override;
     void SetShown(const QString& text) override;
     TextSelection ShownSelection() const override;
@@ -89,7 +94,12 @@ protected:
     QString Fit(const QString& text) const override;
 
 private:
+    void ShowMore();
+
     QPlainTextEdit* edit_;
+    // How much of the control's text is in the widget: a text that grows is shown a few times a second.
+    std::size_t shown_ = 0;
+    QTimer showing_;
 };
 
 }  // namespace kvt

@@ -45,6 +45,15 @@ void View::Follow(PropertyId id) {
             widget_->setEnabled(control_.Enabled);
             Desktop.Focus.RestoreSoon();
             break;
+        case PropertyId::MousePointer:
+            if (control_.MousePointer == pointer::ArrowAndHourglass) {
+                widget_->setCursor(Qt::BusyCursor);
+            } else if (control_.MousePointer == pointer::Cross) {
+                widget_->setCursor(Qt::CrossCursor);
+            } else {
+                widget_->unsetCursor();
+            }
+            break;
         case PropertyId::ToolTip: widget_->setToolTip(PlainToolTip(ToQt(control_.ToolTip))); break;
         default: break;
     }
@@ -62,7 +71,12 @@ bool View::eventFilter(QObject* watched, QEvent* event) {
 
 bool View::KeyPressed(QObject* watched, QKeyEvent& event) {
     const KeyInput input = InputOf(event);
-    if (input.Empty()) return false;
+    if (input.Empty()) {
+        // A letter with Alt is for menus: no text box may take it past its handlers.
+        const bool letter = !event.text().isEmpty() && event.text().at(0).isPrint();
+        event.ignore();
+        return letter && control_.Kind() == ControlKind::TextBox;
+    }
     event.accept();
     if (input.Key == key::Tab) {
         Desktop.System.Run(control_, "LostFocus", [&] {

@@ -60,6 +60,8 @@ protected:
     void Watch(QWidget* part) { part->installEventFilter(this); }
     // What an input does that comes from elsewhere than the keyboard, a menu for one.
     void Press(const KeyInput& input);
+    // Text that comes a character at a time.
+    void Type(const QString& text);
 
     DesktopContext& Desktop;
 
@@ -74,7 +76,6 @@ private:
     bool OfferKey(const KeyInput& input);
     bool OfferCharacter(int& number);
     bool Offer(const KeyInput& input);
-    void Type(const QString& text);
 
     Control& control_;
     QWidget* widget_;

@@ -43,6 +43,8 @@ std::unique_ptr<ControlView> NewView(DesktopContext& desktop, Control& control, 
             return std::make_unique<ScrollBarView>(desktop, static_cast<ScrollBar&>(control), parent);
         case ControlKind::UpDown:
             return std::make_unique<UpDownView>(desktop, static_cast<UpDown&>(control), parent);
+        case ControlKind::ProgressBar:
+            return std::make_unique<ProgressBarView>(desktop, static_cast<ProgressBar&>(control), parent);
         case ControlKind::Timer: return std::make_unique<TimerView>(desktop, static_cast<Timer&>(control));
         case ControlKind::Form:
         case ControlKind::Menu:

@@ -74,9 +74,15 @@ void CodeChoice::lvCncProgram_Click() {
     // 3.
     if (store.lvCncProgram.SelectedRow() == 0) return;
     const ListRow row = store.lvCncProgram.Row(store.lvCncProgram.SelectedRow());
-    // The open line has no code: the fields go, and a new code is awaited.
+    CodeLists& lists = parts_.Lists;
+    for (ListBox* list : {&lists.lstMK2Gcodes, &lists.lstMK4Gcodes, &lists.lstMK4Mcodes, &lists.lstF1Gcodes,
+                          &lists.lstF1Mcodes}) {
+        list->ListIndex = -1;
+    }
+    // The open line has no code: the fields go, with what stood in them, and a new code is awaited.
     if (Trim(row[column::Code]).empty()) {
         parts_.Layout.HideInputFields();
+        FillFields(row);
         entry.txtComment.Text = "";
         parts_.Platform.Focus.SetFocus(entry.txtGMcode);
         return;
@@ -85,11 +91,6 @@ void CodeChoice::lvCncProgram_Click() {
     std::string code(TrimLeft(row[column::Code]));
     if (UpperChar(code[0]) != 'M') code.insert(0, "G");
     // 5. Choosing the list's row acts as a click on it.
-    CodeLists& lists = parts_.Lists;
-    for (ListBox* list : {&lists.lstMK2Gcodes, &lists.lstMK4Gcodes, &lists.lstMK4Mcodes, &lists.lstF1Gcodes,
-                          &lists.lstF1Mcodes}) {
-        list->ListIndex = -1;
-    }
     // A code that no list knows is taken from the row, so that the entry row never holds that of another line.
     const std::string mode = UpperCase(code.substr(0, 1));
     entry.lblGMcode.Caption = mode;

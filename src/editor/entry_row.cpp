@@ -36,6 +36,7 @@ EntryRow::EntryRow(Form& form)
                                          &txtXI, &txtYJ, &txtZK, &txtFKTL, &txtH, &txtComment}) {
         inEntry->Container = &frEntry;
     }
+    lblGMcode.ToolTip = "Code";
     cmdFeedA.Enabled = false;
     cmdFeedB.Enabled = false;
     picXYaxes.Visible = false;

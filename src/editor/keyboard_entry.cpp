@@ -208,6 +208,9 @@ void KeyboardEntry::txtGMcode_LostFocus() {
     parts_.Layout.FocusStays = !InChain(parts_.Platform.Focus.Focused());
     Attempt(codeCheckName, [&] { CheckCode(); });
     parts_.Layout.FocusStays = false;
+    // A feed button that the new code does not have.
+    const Control* const focused = parts_.Platform.Focus.Focused();
+    if (focused && !(focused->ReallyVisible() && focused->ReallyEnabled())) parts_.Layout.FirstFieldFocus("");
 }
 
 void KeyboardEntry::CheckCode() {

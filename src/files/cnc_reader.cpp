@@ -160,6 +160,8 @@ LoadResult CncReader::ReadText(std::string& name, std::string& text) {
     } else {
         // 3.
         bool chosen = false;
+        // A save may have left it on; here a cancelled dialog is no failure.
+        dialog.CancelError = false;
         Attempt(loadFileName, [&] { chosen = platform.Dialogs.ShowOpen(dialog); });
         if (chosen) name = dialog.FileName;
         if (name.empty()) return LoadResult::Nothing;
@@ -169,8 +171,8 @@ LoadResult CncReader::ReadText(std::string& name, std::string& text) {
     // 5.
     const bool whole = Attempt(loadFileName, [&] { text = platform.Files.ReadWhole(name); });
     if (whole) return LoadResult::Loaded;
-    platform.Dialogs.ShowMessage(
-        Notice("The file \"" + name + "\" cannot be read.", "Open File", Icon::Exclamation));
+    platform.Dialogs.ShowMessage(Notice(FileMessage(parts_.Language, name, text::CannotRead),
+                                        parts_.Language.ErrorTexts(text::OpenTitle), Icon::Exclamation));
     return LoadResult::Unreadable;
 }
 
@@ -295,6 +297,8 @@ bool CncReader::ReadF1(std::string_view record) {
 
 void CncReader::Finish(const std::string& name) {
     ProgramStore& store = parts_.Store;
+    // Saving the program before may have named another file.
+    parts_.Controls.dlgFile.FileName = name;
     parts_.Controls.lblPath.Caption = Replace(name, preProcessorResult, "", 1, -1, Compare::IgnoreCase);
     if (parts_.View.chkViewGcode.Value != 0) parts_.Options.chkViewGcode_Click();
     parts_.Layout.ClearEntryFields();

@@ -229,10 +229,10 @@ void CncWriter::WriteFile(const std::string& name, const std::string& text) {
     // one are one step of the platform, so that the old one goes only when the new one is whole.
     parts_.Store.ProgramChanged = false;
     const bool written = Attempt(saveFileName, [&] { platform.Files.WriteWhole(name, text); });
+    SaveFailed = !written;
     if (!written) {
-        platform.Dialogs.ShowMessage(
-            Notice("The file \"" + name + "\" could not be written. The program is still open.", "Save File",
-                   Icon::Exclamation));
+        platform.Dialogs.ShowMessage(Notice(FileMessage(parts_.Language, name, text::CannotWrite),
+                                            parts_.Language.ErrorTexts(text::SaveTitle), Icon::Exclamation));
     }
     // 9.
     parts_.Controls.lblPath.Caption = name;

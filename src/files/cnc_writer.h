@@ -31,6 +31,8 @@ public:
 
     // Set while the text is made for the printer: other heads, and the result columns that are in sight.
     bool PrintMode = false;
+    // Set while the last save of the program has not reached its file: what was to be saved is here alone.
+    bool SaveFailed = false;
 
     // The whole text, lines ended by CR LF; empty for a program without lines.
     std::string GenerateAll();

@@ -14,11 +14,13 @@ Folders FoldersBelow(std::string_view localDataFolder) {
     return folders;
 }
 
-void MakeFolders(const Folders& folders, FileService& files, const char* procedure) {
+bool MakeFolders(const Folders& folders, FileService& files, const char* procedure) {
+    bool made = true;
     for (const std::string* folder :
          {&folders.DataFolder, &folders.SettingsFolder, &folders.PreProcessorFolder}) {
-        Attempt(procedure, [&] { files.MakeFolder(*folder); });
+        if (!Attempt(procedure, [&] { files.MakeFolder(*folder); })) made = false;
     }
+    return made;
 }
 
 }  // namespace kvt

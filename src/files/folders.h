@@ -19,7 +19,8 @@ struct Folders {
 // The folders below the user's local application data folder.
 Folders FoldersBelow(std::string_view localDataFolder);
 
-// Makes them, with all parents, where they are missing; a failure is reported under the procedure's name.
-void MakeFolders(const Folders& folders, FileService& files, const char* procedure);
+// Makes them, with all parents, where they are missing; a failure is reported under the procedure's name. False
+// where one of them is not there then.
+bool MakeFolders(const Folders& folders, FileService& files, const char* procedure);
 
 }  // namespace kvt

@@ -1,5 +1,8 @@
 #include "headless/disk_files.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -12,8 +15,6 @@ namespace kvt {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr const char* service = "file";
 
 fs::path PlainPath(std::string name) {
     std::replace(name.begin(), name.end(), '\\', '/');
@@ -62,12 +63,15 @@ bool WriteStream(const fs::path& path, std::string_view content) {
     return static_cast<bool>(stream);
 }
 
-}  // namespace
-
-std::string NameFromSystem(std::string_view name) {
-    std::string text = FromUtf8(name);
-    return ToUtf8(text) == name ? text : std::string(name);
+// Has the content on the disk before its name is, so that a power cut leaves the old file or the new one.
+void Settle(const fs::path& path) {
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) return;
+    fsync(file);
+    close(file);
 }
+
+}  // namespace
 
 bool DiskFiles::Exists(std::string_view path) {
     if (path.empty()) return false;
@@ -76,8 +80,17 @@ bool DiskFiles::Exists(std::string_view path) {
     return fs::exists(PathOf(path), failed) || failed == std::errc::permission_denied;
 }
 
+FileService& DiskFiles::InBackground() {
+    if (!background_) {
+        background_ = std::make_unique<DiskFiles>(faults_, "background");
+        // Twice a second, while somebody types.
+        background_->waitsForDisk_ = false;
+    }
+    return *background_;
+}
+
 std::string DiskFiles::ReadWhole(std::string_view path) {
-    faults_.Pass(service, fault::PathFileAccess);
+    faults_.Pass(service_, fault::PathFileAccess);
     const fs::path file = PathOf(path);
     std::error_code failed;
     if (!fs::exists(file, failed)) throw RunTimeError(failed ? fault::PathFileAccess : fault::FileNotFound);
@@ -106,7 +119,7 @@ std::string DiskFiles::ReadWhole(std::string_view path) {
 }
 
 void DiskFiles::WriteWhole(std::string_view path, std::string_view content) {
-    faults_.Pass(service, fault::PathFileAccess);
+    faults_.Pass(service_, fault::PathFileAccess);
     const fs::path target = TargetOf(PathOf(path));
     std::error_code failed;
     const bool replaces = fs::exists(target, failed);
@@ -120,6 +133,7 @@ void DiskFiles::WriteWhole(std::string_view path, std::string_view content) {
         fs::remove(fresh, failed);
         AccessError();
     }
+    if (waitsForDisk_) Settle(fresh);
     if (replaces) fs::permissions(fresh, fs::status(target, failed).permissions(), failed);
     fs::rename(fresh, target, failed);
     if (failed) {
@@ -130,7 +144,7 @@ void DiskFiles::WriteWhole(std::string_view path, std::string_view content) {
 }
 
 void DiskFiles::Append(std::string_view path, std::string_view content) {
-    faults_.Pass(service, fault::PathFileAccess);
+    faults_.Pass(service_, fault::PathFileAccess);
     std::ofstream stream(PathOf(path), std::ios::binary | std::ios::app);
     stream.write(content.data(), static_cast<std::streamsize>(content.size()));
     stream.close();
@@ -138,7 +152,7 @@ void DiskFiles::Append(std::string_view path, std::string_view content) {
 }
 
 void DiskFiles::Delete(std::string_view path) {
-    faults_.Pass(service, fault::PathFileAccess);
+    faults_.Pass(service_, fault::PathFileAccess);
     std::error_code failed;
     const bool removed = fs::remove(PathOf(path), failed);
     if (failed) AccessError();
@@ -146,7 +160,7 @@ void DiskFiles::Delete(std::string_view path) {
 }
 
 void DiskFiles::MakeFolder(std::string_view path) {
-    faults_.Pass(service, fault::PathFileAccess);
+    faults_.Pass(service_, fault::PathFileAccess);
     std::error_code failed;
     const fs::path folder = PathOf(path);
     fs::create_directories(folder, failed);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "headless/fault_plan.h"
 #include "platform/services.h"
 
@@ -9,7 +11,9 @@ namespace kvt {
 // of its characters, and the plain bytes of the name otherwise.
 class DiskFiles : public FileService {
 public:
-    explicit DiskFiles(FaultPlan& faults) : faults_(faults) {}
+    // service is the name that planned failures know it by.
+    explicit DiskFiles(FaultPlan& faults, const char* service = "file")
+        : faults_(faults), service_(service) {}
 
     bool Exists(std::string_view path) override;
     std::string ReadWhole(std::string_view path) override;
@@ -17,12 +21,14 @@ public:
     void Append(std::string_view path, std::string_view content) override;
     void Delete(std::string_view path) override;
     void MakeFolder(std::string_view path) override;
+    // Its failures are planned by themselves, as those of "background".
+    FileService& InBackground() override;
 
 private:
     FaultPlan& faults_;
+    const char* service_;
+    bool waitsForDisk_ = true;
+    std::unique_ptr<DiskFiles> background_;
 };
-
-// A file name of the system as the program holds it: in the code page where that is possible without loss.
-std::string NameFromSystem(std::string_view name);
 
 }  // namespace kvt

@@ -6,13 +6,17 @@ Answer MemoryDialogs::ShowMessage(const MessageBox& box) {
     Shown.push_back(box);
     // Titles that nobody named are the program's.
     if (box.Title.empty()) Shown.back().Title = "Kestrel Vise Toolkit";
-    if (Answers.empty()) {
+    const Answer asked = Answers.empty() ? Answer::Ok : Answers.front();
+    const bool asks = box.Choice != Buttons::Ok;
+    const bool fits =
+        asked == Answer::Cancel ? box.Choice == Buttons::YesNoCancel : (asked != Answer::Ok) == asks;
+    if (Answers.empty() || !fits) {
+        if (!Answers.empty()) Answers.pop_front();
         if (OnUnanswered) OnUnanswered(box);
-        return box.Choice == Buttons::Ok ? Answer::Ok : Answer::Yes;
+        return asks ? Answer::Yes : Answer::Ok;
     }
-    const Answer answer = Answers.front();
     Answers.pop_front();
-    return answer;
+    return asked;
 }
 
 bool MemoryDialogs::Choose(FileDialog& dialog) {
@@ -27,6 +31,14 @@ bool MemoryDialogs::Choose(FileDialog& dialog) {
     }
     if (dialog.CancelError) throw RunTimeError(fault::Cancelled);
     return false;
+}
+
+bool MemoryDialogs::ShowColor(Color& color) {
+    if (ColorAnswers.empty()) return false;
+    const std::optional<Color> answer = ColorAnswers.front();
+    ColorAnswers.pop_front();
+    if (answer) color = *answer;
+    return answer.has_value();
 }
 
 std::string MemoryClipboard::GetText() {

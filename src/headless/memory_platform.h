@@ -3,11 +3,13 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "headless/disk_files.h"
 #include "headless/fault_plan.h"
+#include "headless/memory_port.h"
 #include "platform/focus_keeper.h"
 #include "platform/services.h"
 
@@ -20,6 +22,7 @@ public:
     Answer ShowMessage(const MessageBox& box) override;
     bool ShowOpen(FileDialog& dialog) override { return Choose(dialog); }
     bool ShowSave(FileDialog& dialog) override { return Choose(dialog); }
+    bool ShowColor(Color& color) override;
 
     std::vector<MessageBox> Shown;
     std::deque<Answer> Answers;
@@ -29,6 +32,8 @@ public:
         std::string Path;
     };
     std::deque<FileAnswer> FileAnswers;
+    // A colour, or nothing for a cancelled dialog, as it counts without one.
+    std::deque<std::optional<Color>> ColorAnswers;
     std::function<void(const MessageBox&)> OnUnanswered;
 
 private:
@@ -69,13 +74,14 @@ public:
         : focus_(focus), clipboard_(clipboard) {}
 
     bool DoEvents() override;
-    // Lets the clock run on to the tick, with what was put off for this wait in front.
-    bool AwaitTick(Timer& timer) override;
     // Only after a great many turns the user loses his patience: then what he does next comes, as in a wait.
     bool Breathe(long long turn) override;
+    // Takes one thing that has come up, then lets the clock run on, from tick to tick.
+    bool WaitUntil(const std::function<double()>& left) override;
     std::tm Now() override;
     std::string LocalDataFolder() override { return DataFolder; }
     void PressKey(int key) override;
+    void Beep() override { ++Beeps; }
     void ShowPopupMenu(Menu& menu) override { ShownPopup = &menu; }
     void EndProgram() override { Ended = true; }
 
@@ -83,9 +89,12 @@ public:
     // nothing can come any more.
     std::deque<std::function<void()>> Events;
     std::function<bool()> NextEvent;
-    // Told at the beginning of a wait for a timer, which takes nothing from NextEvent.
-    std::function<void()> OnTimerWait;
+    // The same for a wait that ends by itself: it asks this and nothing else.
+    std::function<void()> NextInTimedWait;
+    // After how many turns of endless work it takes events as a wait does.
     long long Patience = 1'000'000;
+    // Runs whenever the clock has moved on.
+    std::function<void()> OnClock;
 
     // A key or a character as a user presses it.
     void Press(int key, int held = 0);
@@ -99,6 +108,7 @@ public:
     std::string DataFolder;
     long long Clock = 0;  // milliseconds
     bool Ended = false;
+    int Beeps = 0;
     Menu* ShownPopup = nullptr;
 
 private:
@@ -107,6 +117,7 @@ private:
         int Held;
         int Character;  // 0 for a key without one
     };
+    bool ServeWaiting();
     void Deliver(KeyPress press);
     void DeliverWaiting();
     void DeliverOne(const KeyPress& press);
@@ -124,7 +135,7 @@ private:
         MemorySystem& system_;
         long long start_;
     };
-    TimerPhase* PhaseOf(const Timer& timer) const;
+    long long NextTick(long long end) const;
 
     FocusKeeper& focus_;
     ClipboardService* clipboard_;
@@ -145,13 +156,20 @@ public:
     MemoryScreen Screen;
     FocusKeeper Focus;
     MemorySystem System{Focus, &Clipboard};
+    MemoryPort Port{Faults, System.Clock};
 
-    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus};
+    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port};
+
+    MemoryPlatform() {
+        System.OnClock = [this] { Port.ClockMoved(); };
+    }
 
     // For a new run of the program: its windows have gone, with the focus; what lies outside it stays.
     void BeginRun() {
         Focus = FocusKeeper();
         System.BeginRun();
+        Port.Reset();
+        Port.OnComm = nullptr;
     }
 };
 

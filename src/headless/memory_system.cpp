@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "basic/stack_guard.h"
@@ -48,7 +49,9 @@ void OwnKey(Control& control, int pressed) {
     if (auto* box = dynamic_cast<TextBox*>(&control)) return EditByKey(*box, pressed);
     if (auto* box = dynamic_cast<ListBox*>(&control)) return MoveInList(*box, pressed);
     if (auto* list = dynamic_cast<ListView*>(&control)) {
-        if (list->Count() == 0) return;
+        const bool moves =
+            pressed == key::Up || pressed == key::Down || pressed == key::Home || pressed == key::End;
+        if (list->Count() == 0 || !moves) return;
         int row = list->SelectedRow();
         if (pressed == key::Up) --row;
         if (pressed == key::Down) ++row;
@@ -60,26 +63,49 @@ void OwnKey(Control& control, int pressed) {
     }
 }
 
+// Keys arrive inside a wait too, also inside one that a key has begun.
+class OpenedForKeys {
+public:
+    explicit OpenedForKeys(bool& delivering) : delivering_(delivering) {}
+    ~OpenedForKeys() { delivering_ = before_; }
+    OpenedForKeys(const OpenedForKeys&) = delete;
+    OpenedForKeys& operator=(const OpenedForKeys&) = delete;
+
+private:
+    bool& delivering_;
+    bool before_ = std::exchange(delivering_, false);
+};
+
 }  // namespace
 
 bool MemorySystem::DoEvents() {
     if (Ended) return false;
-    // Keys arrive inside a wait too, also inside one that a key has begun.
-    struct Opened {
-        bool& Delivering;
-        bool Before = std::exchange(Delivering, false);
-        ~Opened() { Delivering = Before; }
-    } const opened{delivering_};
+    const OpenedForKeys opened(delivering_);
+    if (!ServeWaiting() && (!NextEvent || !NextEvent())) return false;
+    return !Ended;
+}
+
+bool MemorySystem::WaitUntil(const std::function<double()>& left) {
+    if (Ended) return false;
+    const OpenedForKeys opened(delivering_);
+    ServeWaiting();
+    if (NextInTimedWait) NextInTimedWait();
+    for (double more = left(); more > 0 && !Ended; more = left())
+        Advance(static_cast<int>(NextTick(Clock + static_cast<long long>(std::ceil(more))) - Clock));
+    return !Ended;
+}
+
+// The keys that wait, or one of the events; false where there is neither.
+bool MemorySystem::ServeWaiting() {
     if (!keys_.empty()) {
         DeliverWaiting();
-    } else if (!Events.empty()) {
-        const std::function<void()> event = std::move(Events.front());
-        Events.pop_front();
-        event();
-    } else if (!NextEvent || !NextEvent()) {
-        return false;
+        return true;
     }
-    return !Ended;
+    if (Events.empty()) return false;
+    const std::function<void()> event = std::move(Events.front());
+    Events.pop_front();
+    event();
+    return true;
 }
 
 std::tm MemorySystem::Now() {
@@ -130,6 +156,10 @@ void MemorySystem::DeliverWaiting() {
 void MemorySystem::DeliverOne(const KeyPress& press) {
     Control* const control = focus_.Focused();
     if (!control) return;
+    if (press.Key == key::Escape && ShownPopup) {
+        ShownPopup = nullptr;
+        return;
+    }
     Form& form = control->OwningForm();
     const KeyStroke stroke{press.Key, press.Held};
     const bool keepsKey = control->Kind() == ControlKind::TextBox && IsClipboardKey(stroke);
@@ -159,6 +189,11 @@ void MemorySystem::DeliverOne(const KeyPress& press) {
             ClickByHand(*control, focus_);
             return;
         }
+        if (auto* list = dynamic_cast<ListBox*>(control)) {
+            const bool chooses = character == key::Enter || character == key::Space;
+            if (chooses && list->ListIndex >= 0) list->Click();
+            return;
+        }
         if (auto* box = dynamic_cast<TextBox*>(control)) {
             const bool byClipboard =
                 character == key::CtrlC || character == key::CtrlX || character == key::CtrlV;
@@ -175,16 +210,6 @@ void MemorySystem::BeginRun() {
     timers_.clear();
     ShownPopup = nullptr;
     Ended = false;
-}
-
-bool MemorySystem::AwaitTick(Timer& timer) {
-    if (Ended) return false;
-    if (OnTimerWait) OnTimerWait();
-    if (!Events.empty()) DoEvents();
-    const TimerPhase* const phase = PhaseOf(timer);
-    if (Ended || !phase || !phase->Runs()) return false;
-    Advance(static_cast<int>(phase->NextTick() - Clock));
-    return !Ended;
 }
 
 bool MemorySystem::Breathe(long long turn) {
@@ -213,24 +238,24 @@ void MemorySystem::Watch(Form& form) {
     }
 }
 
-MemorySystem::TimerPhase* MemorySystem::PhaseOf(const Timer& timer) const {
-    const auto found =
-        std::find_if(timers_.begin(), timers_.end(), [&](const auto& one) { return &one->Subject == &timer; });
-    return found == timers_.end() ? nullptr : found->get();
+// When the next timer is due, at the latest end.
+long long MemorySystem::NextTick(long long end) const {
+    for (const auto& timer : timers_) {
+        if (timer->Runs()) end = std::min(end, timer->NextTick());
+    }
+    return end;
 }
 
 void MemorySystem::Advance(int milliseconds) {
     const long long end = Clock + milliseconds;
     while (Clock < end && !Ended) {
+        const long long next = NextTick(end);
         std::vector<Timer*> due;
-        long long next = end;
         for (const auto& timer : timers_) {
-            if (!timer->Runs() || timer->NextTick() > next) continue;
-            if (timer->NextTick() < next) due.clear();
-            next = timer->NextTick();
-            due.push_back(&timer->Subject);
+            if (timer->Runs() && timer->NextTick() == next) due.push_back(&timer->Subject);
         }
         Clock = next;
+        if (OnClock) OnClock();
         for (Timer* timer : due) {
             if (timer->Enabled && timer->OnTimer) timer->OnTimer();
         }

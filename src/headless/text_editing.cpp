@@ -103,11 +103,16 @@ void EditByClipboard(TextBox& box, int character, ClipboardService& clipboard) {
 
 bool TakesFocus(const Control& control) { return TakesKeys(control.Kind()) || control.TabIndex >= 0; }
 
+bool FocusByHand(Control& control, FocusService& focus) {
+    if (!TakesFocus(control)) return true;
+    focus.SetFocus(control);
+    // The control before may have kept the focus, or taken this one away.
+    return focus.Focused() == &control && control.ReallyVisible() && control.ReallyEnabled();
+}
+
 bool ClickByHand(Control& control, FocusService& focus) {
     if (!control.ReallyVisible() || !control.ReallyEnabled()) return false;
-    if (TakesFocus(control)) focus.SetFocus(control);
-    // Leaving the control before may have taken this one away.
-    if (!control.ReallyVisible() || !control.ReallyEnabled()) return false;
+    if (!FocusByHand(control, focus)) return false;
     Form& form = control.OwningForm();
     if (auto* check = dynamic_cast<CheckBox*>(&control)) {
         check->Value = check->Value == 0 ? 1 : 0;

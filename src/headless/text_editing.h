@@ -16,6 +16,10 @@ void EditByClipboard(TextBox& box, int character, ClipboardService& clipboard);
 // Whether a control is of a kind that keys can go to.
 bool TakesFocus(const Control& control);
 
+// Gives the focus to a control that takes it, as a press of the mouse does. False where it did not stay there: the
+// press is used up then.
+bool FocusByHand(Control& control, FocusService& focus);
+
 // A click by hand: gives the focus to a control that takes it, changes a check box or an option, then runs the
 // handler. Nothing where the control or one around it is hidden or disabled; false then.
 bool ClickByHand(Control& control, FocusService& focus);

@@ -31,7 +31,9 @@ ControlInterpreter::ControlInterpreter(ProgramStore& store, const Texts& texts, 
 }
 
 void ControlInterpreter::Interpreter() {
-    if (waiting_) LeaveRunMode();
+    // Whatever asks for a run but the Run button ends the steps; an error may have left them behind.
+    if (store_.EditorRunMode && !runAsked_) LeaveRunMode();
+    runAsked_ = false;
     // A step run that is asked for next, in the same wait, is one of its own.
     waiting_ = false;
     ++runs_;
@@ -94,10 +96,14 @@ void ControlInterpreter::cmdRun_Click() {
         return;
     }
     store_.EditorRunMode = true;
+    store_.StepGranted = false;
+    runAsked_ = true;
+    const bool hadFocus = services_.Focus.Focused() == &controls_.cmdRun;
     controls_.cmdRun.Visible = false;
     controls_.cmdStep.Visible = true;
     controls_.cmdStep.Enabled = true;
     controls_.cmdStop.Visible = true;
+    if (hadFocus) services_.Focus.SetFocus(controls_.cmdStep);
     Interpreter();
 }
 

@@ -53,6 +53,8 @@ private:
     // Counts runs, so that a pass which waited sees that another one has gone through.
     long runs_ = 0;
     bool waiting_ = false;
+    // The Run button has asked for the next run.
+    bool runAsked_ = false;
 };
 
 // "HH:MM:SS" of seconds, rounded to whole ones; hours above 99 widen the text.

@@ -1,6 +1,7 @@
 #include "platform/controls.h"
 
 #include "basic/run_time_error.h"
+#include "basic/stack_guard.h"
 #include "basic/text.h"
 
 namespace kvt {
@@ -64,14 +65,25 @@ void RangeControl::Changed(PropertyId id) {
     if (id == PropertyId::Value && OnChange) OnChange();
 }
 
+void TextBox::Append(std::string_view more) {
+    if (more.empty()) return;
+    {
+        const StackGuard guard(appending_);
+        Text.Extend(more);
+        Selection = TextSelection{static_cast<int>(Text.Get().size()), 0};
+    }
+    Changed(PropertyId::Appended);
+}
+
 void TextBox::Changed(PropertyId id) {
+    if (appending_) return;
     if (id == PropertyId::Text) {
         const int length = static_cast<int>(Text.Get().size());
         const TextSelection selection = Selection.Get();
         if (selection.Start + selection.Length > length) Selection = TextSelection{};
     }
     Control::Changed(id);
-    if (id == PropertyId::Text && OnChange) OnChange();
+    if ((id == PropertyId::Text || id == PropertyId::Appended) && OnChange) OnChange();
 }
 
 const std::string& ListBox::Entry(int index) const {

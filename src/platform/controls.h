@@ -31,10 +31,15 @@ enum class ControlKind : std::uint8_t {
     ComboBox,
     ScrollBar,
     UpDown,
+    ProgressBar,
 };
 
 // Colours have red in the low byte.
 using Color = std::uint32_t;
+
+namespace pointer {
+inline constexpr int Usual = 0, Cross = 2, ArrowAndHourglass = 13;
+}  // namespace pointer
 
 // Watches one control and shows it. The logic never looks at views.
 class ControlView {
@@ -69,6 +74,8 @@ public:
     Property<int> Height{*this, PropertyId::Height};
     Property<bool> Visible{*this, PropertyId::Visible, true};
     Property<bool> Enabled{*this, PropertyId::Enabled, true};
+    // The pointer of the mouse over it, one of pointer::... .
+    Property<int> MousePointer{*this, PropertyId::MousePointer};
     Property<int> TabIndex{*this, PropertyId::TabIndex, -1};
     TextProperty Tag{*this, PropertyId::Tag};
     TextProperty ToolTip{*this, PropertyId::ToolTip};
@@ -149,6 +156,8 @@ public:
         : Control(form, ControlKind::Label, name), Caption(*this, PropertyId::Caption, caption) {}
     TextProperty Caption;
     Property<Color> ForeColor{*this, PropertyId::ForeColor};
+    // Numbers below one another stand at the right edge. Set before it is shown.
+    bool AtRight = false;
 };
 
 // Selection positions count from 0, as characters in front.
@@ -166,13 +175,21 @@ public:
     Property<Color> ForeColor{*this, PropertyId::ForeColor};
     // Takes several lines: Enter and pasted line ends (CR LF) go in. Set before it is shown.
     bool MultiLine = false;
+    // All characters have the same width, for columns of numbers. Set before it is shown.
+    bool FixedPitch = false;
 
     std::function<void()> OnChange;
 
     void SelectAll() { Selection = TextSelection{0, static_cast<int>(Text.Get().size())}; }
+    // Adds to the end, where the selection goes too. The view is told of it as one change, Appended, and the cost
+    // is that of the piece alone.
+    void Append(std::string_view more);
 
 protected:
     void Changed(PropertyId id) override;
+
+private:
+    bool appending_ = false;
 };
 
 class CommandButton : public Control {
@@ -181,6 +198,9 @@ public:
         : Control(form, ControlKind::CommandButton, name, index),
           Caption(*this, PropertyId::Caption, caption) {}
     TextProperty Caption;
+    // Strokes on a field of 24 by 24, y down: "M x y" goes there, "L x y" draws a line, "C" a curve by three points,
+    // "O x y r" a circle, "Z" closes. Shown above the caption; empty for none. Set before it is shown.
+    std::string Picture;
 };
 
 // Value is 0 or 1.
@@ -307,6 +327,12 @@ public:
     // How far a click on an arrow, and one beside the thumb, goes.
     int SmallChange = 1;
     int LargeChange = 10;
+};
+
+// How much of something is done; the user cannot change it.
+class ProgressBar : public RangeControl {
+public:
+    ProgressBar(Form& form, std::string_view name) : RangeControl(form, ControlKind::ProgressBar, name) {}
 };
 
 // Two arrows, up and down.

@@ -69,7 +69,6 @@ public:
 
     // Another colour clears the field to it.
     Property<Color> BackColor{*this, PropertyId::BackColor, 0xFFFFFF};
-    Property<int> MousePointer{*this, PropertyId::MousePointer, mouse::DefaultPointer};
 
     int ScaleWidth() const { return Width; }
     int ScaleHeight() const { return Height; }

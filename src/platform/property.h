@@ -38,6 +38,7 @@ enum class PropertyId : std::uint8_t {
     MousePointer,
     Operations,
     Front,
+    Appended,
 };
 
 namespace detail {
@@ -90,6 +91,9 @@ public:
         return *this;
     }
     TextProperty& operator=(const TextProperty& other) { return *this = std::string_view(other.value_); }
+
+    // Adds to the end and tells nobody, so that a long text can grow piece by piece.
+    void Extend(std::string_view more) { value_ += more; }
 
     friend bool operator==(const TextProperty& text, std::string_view other) { return text.value_ == other; }
 

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <ctime>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/controls.h"
+#include "platform/serial_port.h"
 
 // What the rooms ask of the platform. Each half implements it; failures are RunTimeErrors.
 namespace kvt {
@@ -30,6 +32,8 @@ public:
     virtual void Delete(std::string_view path) = 0;
     // Makes a folder with its parents; one that exists is fine. Error 75.
     virtual void MakeFolder(std::string_view path) = 0;
+    // The same files for what the program keeps by itself, aside from what its user does.
+    virtual FileService& InBackground() { return *this; }
 };
 
 enum class Icon : std::uint8_t { None, Information, Exclamation, Question, Critical };
@@ -60,6 +64,8 @@ public:
     // and with CancelError set the cancel is error 32755.
     virtual bool ShowOpen(FileDialog& dialog) = 0;
     virtual bool ShowSave(FileDialog& dialog) = 0;
+    // Shows colours, the given one chosen, and takes the one that the user chooses; false when it was cancelled.
+    virtual bool ShowColor(Color& color) = 0;
 };
 
 class ClipboardService {
@@ -85,18 +91,20 @@ public:
     // One turn of a wait for what the user does: lets the system deliver what has come up. False when nothing can
     // come any more: the wait then ends.
     virtual bool DoEvents() = 0;
-    // One turn of a wait for a timer's next tick; otherwise the same.
-    virtual bool AwaitTick(Timer& timer) = 0;
     // Work that goes on, no wait, calls this often, with the number of its turn from 1: what has come up is
     // delivered every now and then, at least every 50 ms. False when the work is to end: the program has, or
     // nothing can end endless work any more.
     virtual bool Breathe(long long turn) = 0;
+    // A wait that ends by itself: serves events until left, asked over and over, gives no more milliseconds that
+    // are to pass. False when the program has ended.
+    virtual bool WaitUntil(const std::function<double()>& left) = 0;
     virtual std::tm Now() = 0;
     // The user's folder for local application data, without a separator at its end.
     virtual std::string LocalDataFolder() = 0;
     // Puts a key press (a number of keys.h) into the input, as if the user had pressed it. It arrives when the
     // handler that is running has ended.
     virtual void PressKey(int key) = 0;
+    virtual void Beep() = 0;
     // Shows the entries of a menu at the pointer.
     virtual void ShowPopupMenu(Menu& menu) = 0;
     // Ends the program: no window is left and no wait goes on.
@@ -118,6 +126,7 @@ struct Services {
     ScreenService& Screen;
     SystemService& System;
     FocusService& Focus;
+    SerialPort& Port;
 };
 
 }  // namespace kvt

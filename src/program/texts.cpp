@@ -34,6 +34,11 @@ constexpr DefaultText errorDefaults[] = {
     {6, "Entered value must be numeric"},
     {8, "!No 3-d allowed"},
     {9, "Unknown code"},
+    {10, "!No % allowed"},
+    {11, "cannot be read."},
+    {12, "could not be written. The program is still open."},
+    {13, "Open File"},
+    {14, "Save File"},
 };
 
 constexpr DefaultText messageDefaults[] = {
@@ -60,6 +65,13 @@ constexpr DefaultText messageDefaults[] = {
      "The lower part of your view will be blocked by the taskbar. You could drag down the taskbar until it "
      "is "
      "invisible or set it to auto hide."},
+    {28, "An unsaved program was found. Restore it?"},
+    {29, "Settings and unsaved programs cannot be kept. This folder cannot be written:"},
+};
+
+constexpr DefaultText drawViewDefaults[] = {
+    {1, "View"},       {2, "Radii Arcs"},  {3, "Fill Cycles"}, {4, "Program"},
+    {5, "Tool Width"}, {6, "Tool Center"}, {7, "Grid"},        {8, "Background"},
 };
 
 constexpr DefaultText drawErrorDefaults[] = {
@@ -90,6 +102,16 @@ Texts::Texts()
     : ProgramErrorTexts(22, programErrorDefaults),
       ErrorTexts(30, errorDefaults),
       MessageTexts(31, messageDefaults),
-      DrawErrorTexts(20, drawErrorDefaults) {}
+      DrawErrorTexts(20, drawErrorDefaults),
+      DrawViewTexts(8, drawViewDefaults) {}
+
+std::string FileMessage(const Texts& texts, std::string_view name, int index) {
+    std::string message(texts.MessageTexts(text::TheFile));
+    message += " \"";
+    message += name;
+    message += "\" ";
+    message += texts.ErrorTexts(index);
+    return message;
+}
 
 }  // namespace kvt

@@ -44,7 +44,17 @@ struct Texts {
     TextTable DrawErrorTexts;
     std::string ErrorHeaderText = "Error in line";
     std::string EntryCaption = "Parameters";
+    // The entries of the draw window's View menu.
+    TextTable DrawViewTexts;
+
+    // What the module in use says of itself; all empty while there is none.
+    std::string ModuleFile;  // its path
+    std::string LanguageName;
+    std::string TranslatedBy;
 };
+
+// A sentence about a file, "The file "name" cannot be read.": index is that of its end in ErrorTexts.
+std::string FileMessage(const Texts& texts, std::string_view name, int index);
 
 // Indices that several places use.
 namespace text {
@@ -53,11 +63,12 @@ inline constexpr int UnknownControlCommand = 1, StartAndEndSame = 2, OneQuadrant
                      MustFollowArc = 10, DivisionOfCut = 12, NotFullQuadrant = 13, InvalidArc = 14,
                      RadiusTooSmall = 15, MustFollowM06 = 16, PocketTooSmall = 17, TooManyLines = 18;
 inline constexpr int NoLines = 1, DeleteLine = 3, MaximumLines = 4, MustBeNumeric = 6, No3d = 8,
-                     UnknownCode = 9;
+                     UnknownCode = 9, NoPercent = 10, CannotRead = 11, CannotWrite = 12, OpenTitle = 13,
+                     SaveTitle = 14;
 inline constexpr int SaveNow = 1, ClearAnyway = 2, ContinueTitle = 3, ClearTitle = 4, NoFileSpecified = 5,
                      Minimum = 11, Maximum = 12, TheFile = 15, NotACncFile = 16, RecognizingProblem = 17,
                      Overwrite = 19, LowestValue = 20, HighestValue = 21, LeftAngle = 24, RightAngle = 25,
-                     DragTaskbar = 26, BlockedByTaskbar = 27;
+                     DragTaskbar = 26, BlockedByTaskbar = 27, RestoreUnsaved = 28, Unkept = 29;
 }  // namespace text
 
 }  // namespace kvt

@@ -15,12 +15,16 @@ struct WorkbenchCalls {
     std::function<void()> mnuDraw_Click;
     std::function<void()> RedrawAfterEdit;
     std::function<void()> ControlsPositioning;
+    // Freezes the window (0) or frees it (1).
+    std::function<void(int enable)> ControlsEnable;
     std::function<void()> RefreshMachine;
     std::function<void()> RefreshTitle;
     std::function<void(std::string_view initial)> FirstFieldFocus;
     std::function<void(const std::string& fileName)> LoadLanguageModule;
     std::function<void()> LoadClipboardModule;
     std::function<void()> HideSettings;
+    // Closes the windows of the drawing, which write their settings then.
+    std::function<void()> UnloadDraw;
 };
 
 // Runs a call where one is there.

@@ -35,6 +35,9 @@ void WireDrawing(Workbench& bench) {
     bench.Calls.RedrawAfterEdit = [&draw] {
         if (draw.Controls.frmDraw.Visible && draw.Controls.mnuAutoRedraw.Checked) draw.Show();
     };
+    bench.Calls.UnloadDraw = [&draw] {
+        if (draw.Controls.frmDraw.Visible) draw.Form_QueryUnload();
+    };
     draw.ShowEditor = [&bench] { ShowEditor(bench); };
 }
 

@@ -1,26 +1,16 @@
 #include "shell/layout.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "shell/axes_pictures.h"
+#include "shell/placing.h"
+#include "shell/transfer_wiring.h"
 #include "shell/workbench.h"
 
 namespace kvt {
 
 namespace {
-
-struct Box {
-    Control& Of;
-    int Left, Top, Width, Height;
-};
-
-void Place(std::initializer_list<Box> boxes) {
-    for (const Box& box : boxes) {
-        box.Of.Left = box.Left;
-        box.Of.Top = box.Top;
-        box.Of.Width = box.Width;
-        box.Of.Height = box.Height;
-    }
-}
 
 // The bands of the window.
 constexpr int listTop = 1360;
@@ -128,7 +118,7 @@ void PlaceEntry(Workbench& bench, int bandTop) {
            {entry.txtFKTL, at.F, fieldTop, fieldWidth, fieldHeight},
            {entry.lblH, at.H, labelTop, fieldWidth, 240},
            {entry.txtH, at.H, fieldTop, fieldWidth, fieldHeight},
-           {bench.Main.lblComment, 120, commentTop + 60, 900, 240},
+           {bench.Main.lblComment, 90, commentTop + 60, 975, 240},
            {entry.txtComment, 1080, commentTop, 3720, fieldHeight}});
 }
 
@@ -147,38 +137,56 @@ void PlaceEditorButtons(Workbench& bench, int bandTop) {
            {results.cmdStop, 5970 + 90, bandTop + firstLine + 2 * step, buttonWidth, fieldHeight}});
 }
 
-// The axes of one frame: minimum, maximum and travel in columns under their heads.
+// Right edges of the columns of minimum, maximum and travel, within the frame of an axis.
+constexpr int axisColumns[] = {1200, 1800, 2370};
+constexpr int axisColumnWidth = 645;
+constexpr int axisFrameLeft = 60;
+
 void PlaceAxis(Frame& frame, int top, Label& min, Label& max, Label& travel) {
-    Place({{frame, 60, top, 2310, 420},
-           {min, 600, 90, 540, 240},
-           {max, 1170, 90, 540, 240},
-           {travel, 1740, 90, 540, 240}});
+    Place({{frame, axisFrameLeft, top, 2430, 450}});
+    Label* const values[] = {&min, &max, &travel};
+    for (int i = 0; i < 3; ++i) {
+        Place({{*values[i], axisColumns[i] - axisColumnWidth, 165, axisColumnWidth, 240}});
+    }
 }
 
+void PlaceAxes(Workbench& bench, int bandTop) {
+    MainControls& main = bench.Main;
+    InterpreterControls& results = bench.Results;
+    Place({{main.frAxesProperties, 7020, bandTop, 2550, frameHeight}});
+    Label* const heads[] = {&main.lblMin, &main.lblMax, &main.lblTravel};
+    for (int i = 0; i < 3; ++i) {
+        Place({{*heads[i], axisFrameLeft + axisColumns[i] - axisColumnWidth, 210, axisColumnWidth, 210}});
+    }
+    // Without a Y axis the other two have its room.
+    const bool three = bench.Store.IsF1();
+    const int first = three ? 390 : 480;
+    const int step = three ? 480 : 630;
+    PlaceAxis(main.frXAxis, first, results.lblXAxisMin, results.lblXAxisMax, results.lblXAxisTravel);
+    PlaceAxis(main.frYaxis, first + step, results.lblYAxisMin, results.lblYAxisMax, results.lblYAxisTravel);
+    PlaceAxis(main.frZAxis, first + (three ? 2 : 1) * step, results.lblZAxisMin, results.lblZAxisMax,
+              results.lblZAxisTravel);
+}
+
+// Names at the left edge of the frame, values at the right.
 void PlaceProperties(Workbench& bench, int width, int bandTop) {
     MainControls& main = bench.Main;
     InterpreterControls& results = bench.Results;
-    Place({{main.frAxesProperties, 7020, bandTop, 2430, frameHeight},
-           {main.lblMin, 660, 210, 540, 210},
-           {main.lblMax, 1230, 210, 540, 210},
-           {main.lblTravel, 1740, 210, 640, 210}});
-    PlaceAxis(main.frXAxis, 420, results.lblXAxisMin, results.lblXAxisMax, results.lblXAxisTravel);
-    PlaceAxis(main.frYaxis, 870, results.lblYAxisMin, results.lblYAxisMax, results.lblYAxisTravel);
-    PlaceAxis(main.frZAxis, 1320, results.lblZAxisMin, results.lblZAxisMax, results.lblZAxisTravel);
-
-    const int nameWidth = 1380;
-    const int valueLeft = 1470;
-    const int valueWidth = 900;
-    Place({{main.frProgramProperties, 9480, bandTop, std::min(width - 9540, 2400), frameHeight},
-           {main.lblMachineType, 90, firstLine, nameWidth + valueWidth, lineHeight},
-           {main.lblUnits, 90, firstLine + 310, nameWidth, lineHeight},
-           {bench.Machine.lblPPUnits, valueLeft, firstLine + 310, valueWidth, lineHeight},
-           {main.lblLines, 90, firstLine + 620, nameWidth, lineHeight},
-           {results.lblPPLines, valueLeft, firstLine + 620, valueWidth, lineHeight},
-           {main.lblLinesExecuted, 90, firstLine + 930, nameWidth, lineHeight},
-           {results.lblPPLinesExe, valueLeft, firstLine + 930, valueWidth, lineHeight},
-           {main.lblMachineTime, 90, firstLine + 1240, nameWidth, lineHeight},
-           {results.lblPPMachineTime, valueLeft, firstLine + 1240, valueWidth, lineHeight}});
+    const int frameWidth = std::min(width - 9660, 2700);
+    const int nameWidth = 1500;
+    const int margin = 105;
+    Place({{main.frProgramProperties, 9600, bandTop, frameWidth, frameHeight},
+           {main.lblMachineType, margin, firstLine, frameWidth - 2 * margin, lineHeight}});
+    const std::pair<Label*, Label*> lines[] = {{&main.lblUnits, &bench.Machine.lblPPUnits},
+                                               {&main.lblLines, &results.lblPPLines},
+                                               {&main.lblLinesExecuted, &results.lblPPLinesExe},
+                                               {&main.lblMachineTime, &results.lblPPMachineTime}};
+    int top = firstLine;
+    for (const auto& [name, value] : lines) {
+        top += 310;
+        Place({{*name, margin, top, nameWidth, lineHeight},
+               {*value, 1050, top, frameWidth - margin - 1050, lineHeight}});
+    }
 }
 
 void PlaceSettings(Workbench& bench) {
@@ -189,6 +197,7 @@ void PlaceSettings(Workbench& bench) {
            {bench.Entry.chkSettingsDWC, 240, top + 390, 3000, lineHeight},
            {main.lblSettingsAbsColor, 240, top + 900, 2400, 300},
            {main.lblSettingsIncrColor, 240, top + 1260, 2400, 300},
+           {main.cmdResetAll, 240, top + 1800, 2400, 420},
            {main.frMachineType, 240, top, 2600, 1500},
            {machine.optSettingsMK2, 120, firstLine, 2400, lineHeight},
            {machine.optSettingsMK4, 120, firstLine + 360, 2400, lineHeight},
@@ -224,8 +233,13 @@ void PlaceMainWindow(Workbench& bench) {
     PlaceList(bench, width, height);
     PlaceEntry(bench, bandTop);
     PlaceEditorButtons(bench, bandTop);
+    PlaceAxes(bench, bandTop);
     PlaceProperties(bench, width, bandTop);
     PlaceSettings(bench);
+    DrawLatheAxes(bench.Entry.picZXaxes);
+    DrawLatheAxes(bench.Main.lstMK2Mcodes);
+    DrawMillAxes(bench.Entry.picXYaxes);
+    PlaceTransfer(bench, width, height);
 
     FileControls& file = bench.File;
     file.lblPath.ToolTip = file.lblFileName.Caption;
@@ -234,6 +248,12 @@ void PlaceMainWindow(Workbench& bench) {
     bench.Main.lblSettingsAbsColor.ForeColor = bench.Store.AbsColor;
     bench.Entry.picXYaxes.Visible = false;
     bench.Entry.picZXaxes.Visible = false;
+    // Nothing is left to return from but a document.
+    const auto& main = bench.Main;
+    if (!main.rtfHelp.Visible && !main.rtfGcodeHelpMK2.Visible && !main.rtfGcodeHelpMK4.Visible &&
+        !main.rtfAbout.Visible) {
+        bench.Entry.cmdReturn.Visible = false;
+    }
     bench.Main.frYaxis.Visible = bench.Store.IsF1();
 }
 

@@ -16,7 +16,7 @@ struct MainControls {
 
     Menu mnuFile, mnuOpen, mnuNew, mnuSave, mnuSaveAs, mnuDraw, mnuFileBar1, mnuLoadClipboard,
         mnuSaveClipboard, mnuFileBar2, mnuExit;
-    Menu mnuSettings, mnuGeneral, mnuMachine;
+    Menu mnuSettings, mnuGeneral, mnuMachine, mnuReset;
     Menu mnuXfer, mnuConvert, mnuHelp;
     Menu mnuRightClick, RCmnuInsert, RCmnuDelete;
 
@@ -31,6 +31,7 @@ struct MainControls {
     Frame frCompact5, frF1CNC, frMachineType;
     Label lblHorizontal, lblVertical;
     Label lblSettingsIncrColor, lblSettingsAbsColor;
+    CommandButton cmdResetAll;
 
     // Names beside what the rooms show.
     Label lblComment, lblMachineType, lblUnits, lblLines, lblLinesExecuted, lblMachineTime;

@@ -5,6 +5,7 @@
 #include "platform/keys.h"
 #include "shell/draw_wiring.h"
 #include "shell/layout.h"
+#include "shell/transfer_wiring.h"
 #include "shell/workbench.h"
 
 namespace kvt {
@@ -18,7 +19,8 @@ constexpr int smallScreenHeight = 9000;
 
 // The button of each index that this window has a command for.
 namespace top_button {
-constexpr int Open = 0, Save = 1, New = 2, Print = 3, Settings = 4, Draw = 7, Transmit = 9;
+constexpr int Open = 0, Save = 1, New = 2, Print = 3, Settings = 4, LatheAxes = 5, MillAxes = 6, Draw = 7,
+              Transmit = 9;
 }  // namespace top_button
 
 }  // namespace
@@ -83,6 +85,8 @@ void MainWindow::WireOptions() {
     machine.optSettingsHinch.OnClick = [this] { ChooseUnits("Imperial", true); };
     machine.optSettingsVmm.OnClick = [this] { ChooseUnits("Metric", false); };
     machine.optSettingsVinch.OnClick = [this] { ChooseUnits("Imperial", false); };
+    bench_.Main.lblSettingsIncrColor.OnClick = [this] { ChooseColor(bench_.Store.IncrColor); };
+    bench_.Main.lblSettingsAbsColor.OnClick = [this] { ChooseColor(bench_.Store.AbsColor); };
     bench_.View.chkViewFileNotes.OnClick = [this] { PlaceMainWindow(bench_); };
 }
 
@@ -90,7 +94,9 @@ void MainWindow::WireKeys() {
     bench_.File.txtFileNotes.OnKeyPress = [this](int& character) { txtFileNotes_KeyPress(character); };
     bench_.frmMain.OnKeyDown = [this](int pressed, int) {
         if (pressed != key::Escape) return;
+        if (bench_.Transfer.frRXcode.Visible) bench_.Received.cmdReceiveExit_Click();
         bench_.Main.tabSettings.Visible = false;
+        if (bench_.Entry.cmdReturn.Visible) bench_.cmdReturn_Click();
         bench_.Platform.Focus.SetFocus(bench_.Store.lvCncProgram);
     };
 }
@@ -102,41 +108,29 @@ void MainWindow::Form_Load(std::string_view commandLine) {
     Folders = FoldersBelow(platform.System.LocalDataFolder());
     bench_.Log.DataFolder = Folders.DataFolder;
     bench_.Received.SettingsFolder = Folders.SettingsFolder;
-    MakeFolders(Folders, platform.Files, formLoadName);
+    bench_.Transmit.SettingsFolder = Folders.SettingsFolder;
+    const bool foldersMade = MakeFolders(Folders, platform.Files, formLoadName);
     // 2. What a crash left.
     const std::string transmission = Folders.SettingsFolder + "Transmit.txt";
     if (platform.Files.Exists(transmission))
         Attempt(formLoadName, [&] { platform.Files.Delete(transmission); });
     // 5.
-    Form& form = bench_.frmMain;
-    form.Left = std::max(0, (platform.Screen.Width() - form.Width) / 2);
-    form.Top = std::max(0, (platform.Screen.WorkAreaHeight() - form.Height) / 2);
-    std::string file = NamedFile(commandLine);
-    if (!file.empty()) {
-        bench_.Reader.LoadFile(file);
-    } else {
-        bench_.Feeds.SetFeedLimits();
-    }
-    form.Visible = true;
+    bench_.Settings.CommandLine = commandLine;
+    bench_.Settings.LoadSettings();
     // 6., 7., 8.
     PlaceMainWindow(bench_);
     FitSmallScreen();
     Form_Activate();
+    // 9.
+    bench_.Port.StartPort();
+    bench_.Kept.Restore();
     // Without a program the open line awaits the first code; menus and buttons stand as after a tick.
     if (bench_.Store.lvCncProgram.Count() == 0) mnuNew_Click();
     tmr1sec_Timer();
     RefreshTitle();
     // 10.
     if (bench_.Entry.txtGMcode.ReallyVisible()) platform.Focus.SetFocus(bench_.Entry.txtGMcode);
-}
-
-std::string MainWindow::NamedFile(std::string_view commandLine) const {
-    std::string_view name = Trim(commandLine);
-    if (!name.empty() && name.front() == '"') {
-        const std::size_t last = name.rfind('"');
-        name = last > 0 ? name.substr(1, last - 1) : name.substr(1);
-    }
-    return !name.empty() && bench_.Platform.Files.Exists(name) ? std::string(name) : std::string();
+    if (!foldersMade) bench_.TellUnkept();
 }
 
 void MainWindow::FitSmallScreen() {
@@ -174,8 +168,9 @@ void MainWindow::Form_Resize() {
         bench_.Platform.Dialogs.ShowMessage(Notice(bench_.Language.MessageTexts(text::DragTaskbar)));
         form.State = WindowState::Normal;
     }
-    // 2., 3.
-    if (form.Height < SmallestHeight || form.Width < SmallestWidth) return;
+    // 2., 3. A maximised window has what the screen gives.
+    const bool tooSmall = form.Height < SmallestHeight || form.Width < SmallestWidth;
+    if (tooSmall && form.State.Get() == WindowState::Normal) return;
     PlaceMainWindow(bench_);
 }
 
@@ -188,6 +183,8 @@ void MainWindow::tmr1sec_Timer() {
     main.mnuSaveAs.Enabled = true;
     main.cmdTopButtons[top_button::Save]->Enabled = changed;
     main.mnuSave.Enabled = changed;
+    // 2.
+    RefreshTransferMenus(bench_);
     // 3.
     if (store.LineCount() == 0) {
         for (const int index :
@@ -244,17 +241,21 @@ void MainWindow::mnuExit_Click() {
     if (ended_) return;
     ended_ = true;
     ProgramStore& store = bench_.Store;
+    bool dropped = false;
     // 1. There is no way back from this question.
     if (store.LineCount() > 0 && store.ProgramChanged) {
         const Texts& texts = bench_.Language;
         const Answer answer = bench_.Platform.Dialogs.ShowMessage(
             Question(texts.MessageTexts(text::SaveNow), texts.MessageTexts(text::ContinueTitle)));
         if (answer == Answer::Yes) bench_.Writer.mnuSave_Click();
+        dropped = answer != Answer::Yes;
     }
+    bench_.Kept.End(dropped);
     // 2., 3.
     store.ProgramChanged = false;
+    bench_.Settings.SaveSettings();
+    Run(bench_.Calls.UnloadDraw);
     bench_.Interpreter.EndStepRun();
-    if (bench_.Draw.Controls.frmDraw.Visible) bench_.Draw.Form_QueryUnload();
     bench_.frmMain.Visible = false;
     bench_.Platform.System.EndProgram();
 }
@@ -270,26 +271,41 @@ void MainWindow::cmdTopButtons_Click(int index) {
         case top_button::Save: return bench_.Writer.mnuSave_Click();
         case top_button::New: return mnuNew_Click();
         case top_button::Settings: return ShowSettings(settings_page::General);
+        case top_button::LatheAxes: return ShowAxes(bench_.Entry.picZXaxes);
+        case top_button::MillAxes: return ShowAxes(bench_.Entry.picXYaxes);
         default: return;
+    }
+}
+
+void MainWindow::ShowAxes(PictureBox& picture) {
+    const bool leaves = picture.Visible;
+    bench_.cmdReturn_Click();
+    bench_.Main.tabSettings.Visible = false;
+    if (leaves) return;
+    for (Control* control : std::initializer_list<Control*>{&picture, &bench_.Entry.cmdReturn}) {
+        control->Visible = true;
+        control->Enabled = true;
     }
 }
 
 void MainWindow::ShowSettings(int page) {
     TabStrip& settings = bench_.Main.tabSettings;
-    bench_.cmdReturn_Click();
     const bool leaves = settings.Visible && settings.Value == page;
+    bench_.cmdReturn_Click();
     settings.Value = page;
     settings.Visible = !leaves;
     if (leaves) bench_.Platform.Focus.SetFocus(bench_.Store.lvCncProgram);
 }
 
 void MainWindow::ChooseMachine(const char* machine) {
+    const bool inSettings = bench_.Main.tabSettings.Visible;
     mnuNew_Click();
+    // The page stays under the user's hand.
+    bench_.Main.tabSettings.Visible = inSettings;
     // Still unsaved: the user kept the program, and the machine stays.
     if (!bench_.Store.ProgramChanged) bench_.Store.Machine = machine;
-    bench_.RefreshMachine();
     bench_.ShowCodeLists();
-    PlaceMainWindow(bench_);
+    bench_.RefreshMachine();
 }
 
 void MainWindow::ChooseUnits(const char* units) {
@@ -303,12 +319,19 @@ void MainWindow::ChooseUnits(const char* units, bool horizontal) {
     ChooseUnits(units);
 }
 
+void MainWindow::ChooseColor(Color& color) {
+    if (!bench_.Platform.Dialogs.ShowColor(color)) return;
+    bench_.Main.lblSettingsIncrColor.ForeColor = bench_.Store.IncrColor;
+    bench_.Main.lblSettingsAbsColor.ForeColor = bench_.Store.AbsColor;
+    bench_.Interpreter.Interpreter();
+}
+
 void MainWindow::txtFileNotes_KeyPress(int& character) {
     bench_.Store.ProgramChanged = true;
     TextBox& notes = bench_.File.txtFileNotes;
     if (character == '%') {
         // The character is a mark in the file format.
-        notes.ToolTip = "!No % allowed";
+        notes.ToolTip = bench_.Language.ErrorTexts(text::NoPercent);
         character = 0;
         return;
     }

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "files/folders.h"
+#include "platform/picture_box.h"
 
 namespace kvt {
 
@@ -22,6 +23,8 @@ public:
     void tmr1sec_Timer();
     void mnuNew_Click();
     void mnuExit_Click();
+    // Whether the way out has been taken; a question about unsaved changes may still stand.
+    bool Ending() const { return ended_; }
     // Shows the settings on a page, over the program list; on the page that is in front it leaves them.
     void ShowSettings(int page);
     // The title: the file's name, and a mark while the program has changed.
@@ -37,10 +40,12 @@ private:
     void ChooseMachine(const char* machine);
     void ChooseUnits(const char* units);
     void ChooseUnits(const char* units, bool horizontal);
+    // Asks for one of the mode colours, and colours the lines with it.
+    void ChooseColor(Color& color);
+    // Shows a picture of the axes over the program list, or leaves it.
+    void ShowAxes(PictureBox& picture);
     void OpenFile(std::string name);
     void txtFileNotes_KeyPress(int& character);
-    // The file that a command line names: what stands between its outer double quotes, if there are any.
-    std::string NamedFile(std::string_view commandLine) const;
     void FitSmallScreen();
 
     Workbench& bench_;

@@ -2,6 +2,7 @@
 
 #include "shell/draw_wiring.h"
 #include "shell/layout.h"
+#include "shell/transfer_wiring.h"
 
 namespace kvt {
 
@@ -36,15 +37,30 @@ Workbench::Workbench(Services& services)
       Writer({Store, File, Entry, Layout, Lines, Language, services, Calls}),
       Reader({Store, File, Entry, Layout, Machine, View, Options, Interpreter, Language, services, Calls,
               Writer}),
-      Received(frmMain, {Store, File, Reader, Language, services, Calls}),
+      Transfer(frmMain),
+      Port({Store, Transfer, services, Calls}),
+      Transmit({Store, Transfer, Port, Writer, Main.tmr1sec, Results.cmdStop, Language, services, Calls}),
+      Received({Store,
+                Transfer,
+                Port,
+                File,
+                Reader,
+                {&Main.frCmdEditor1, &Main.frCmdEditor2, &Main.frCmdEditor3},
+                Language,
+                services,
+                Calls}),
       Draw({Store, Machine, Results, File, Language, services}),
-      Window(*this) {
+      Window(*this),
+      Modules(*this),
+      Settings(*this),
+      Kept(*this) {
     frmMain.Width = firstWidth;
     frmMain.Height = firstHeight;
     Store.lvCncProgram.Height = listHeight;
     PlaceInFrames();
     OrderTabs();
     FillCalls();
+    WireTransfer(*this);
     RefreshMachine();
     View.MakeMachineTimeColumn();
     ShowCodeLists();
@@ -56,10 +72,16 @@ void Workbench::FillCalls() {
     Calls.RefreshMachine = [this] { RefreshMachine(); };
     Calls.RefreshTitle = [this] { Window.RefreshTitle(); };
     Calls.ControlsPositioning = [this] { PlaceMainWindow(*this); };
+    Calls.ControlsEnable = [this](int enable) { ControlsEnable(enable); };
     Calls.LoadClipboardModule = [this] { Received.LoadClipboardModule(); };
+    Calls.LoadLanguageModule = [this](const std::string& file) { Modules.LoadLanguageModule(file); };
     Calls.HideSettings = [this] { Main.tabSettings.Visible = false; };
     Calls.FirstFieldFocus = [this](std::string_view initial) { Layout.FirstFieldFocus(initial); };
-    Entry.cmdReturn.OnClick = [this] { cmdReturn_Click(); };
+    Entry.cmdReturn.OnClick = [this] {
+        cmdReturn_Click();
+        // The button has gone; the next key is a code.
+        if (Platform.Focus.Focused() == &Entry.cmdReturn) Platform.Focus.SetFocus(Entry.txtGMcode);
+    };
     WireDrawing(*this);
 }
 
@@ -85,14 +107,22 @@ void Workbench::PlaceInFrames() {
     put(Main.frCompact5, {&Machine.optSettingsMm, &Machine.optSettingsInch});
     put(Main.frF1CNC, {&Machine.optSettingsHmm, &Machine.optSettingsHinch, &Machine.optSettingsVmm,
                        &Machine.optSettingsVinch, &Main.lblHorizontal, &Main.lblVertical});
+    for (Label* number :
+         {&Machine.lblPPUnits, &Results.lblPPLines, &Results.lblPPLinesExe, &Results.lblPPMachineTime,
+          &Results.lblXAxisMin, &Results.lblXAxisMax, &Results.lblXAxisTravel, &Results.lblYAxisMin,
+          &Results.lblYAxisMax, &Results.lblYAxisTravel, &Results.lblZAxisMin, &Results.lblZAxisMax,
+          &Results.lblZAxisTravel}) {
+        number->AtRight = true;
+    }
     const auto onPage = [this](int page, std::initializer_list<Control*> controls) {
         for (Control* control : controls) {
             control->Container = &Main.tabSettings;
             control->Page = page;
         }
     };
-    onPage(settings_page::General, {&View.chkSettingsAutowidth, &Entry.chkSettingsDWC,
-                                    &Main.lblSettingsIncrColor, &Main.lblSettingsAbsColor});
+    onPage(settings_page::General,
+           {&View.chkSettingsAutowidth, &Entry.chkSettingsDWC, &Main.lblSettingsIncrColor,
+            &Main.lblSettingsAbsColor, &Main.cmdResetAll});
     onPage(settings_page::Machine, {&Main.frMachineType, &Main.frCompact5, &Main.frF1CNC});
     for (const auto& button : Main.cmdTopButtons) button->Container = &Main.frControlPanel;
     put(Main.frAxesProperties, {&Main.lblMin, &Main.lblMax, &Main.lblTravel});
@@ -195,6 +225,7 @@ void Workbench::OrderTabs() {
                                                             &Main.tabSettings,
                                                             &View.chkSettingsAutowidth,
                                                             &Entry.chkSettingsDWC,
+                                                            &Main.cmdResetAll,
                                                             &Machine.optSettingsMK2,
                                                             &Machine.optSettingsMK4,
                                                             &Machine.optSettingsF1CNC,
@@ -219,12 +250,21 @@ void Workbench::ControlsEnable(int enable) {
 }
 
 void Workbench::cmdReturn_Click() {
-    ControlsEnable(1);
+    // What is being sent keeps the window frozen.
+    ControlsEnable(Store.TransmitActive ? 0 : 1);
+    Main.tabSettings.Visible = false;
     for (Control* overlay : std::initializer_list<Control*>{
              &Entry.cmdReturn, &Main.rtfAbout, &Main.lstAbout, &Main.rtfHelp, &Main.rtfGcodeHelpMK2,
              &Main.rtfGcodeHelpMK4, &Entry.picXYaxes, &Entry.picZXaxes}) {
         overlay->Visible = false;
     }
+}
+
+void Workbench::TellUnkept() {
+    if (std::exchange(unkeptTold_, true)) return;
+    Platform.Dialogs.ShowMessage(
+        Notice(std::string(Language.MessageTexts(text::Unkept)) + " " + Window.Folders.DataFolder, "",
+               Icon::Exclamation));
 }
 
 void Workbench::ClearProgram_Click() {
@@ -248,6 +288,7 @@ void Workbench::ClearProgram_Click() {
     Entry.frEntry.Caption = Language.EntryCaption;
     Store.ProgramChanged = false;
     Store.EndCodePresent = false;
+    Writer.SaveFailed = false;
     // 4.
     Interpreter.ClearAxesProperties();
     Layout.ClearEntryFields();
@@ -262,6 +303,13 @@ void Workbench::ClearProgram_Click() {
     if (Entry.txtGMcode.ReallyVisible()) Platform.Focus.SetFocus(Entry.txtGMcode);
 }
 
+void Workbench::ShowMachineName() {
+    const OptionButton& option = Store.IsF1()    ? Machine.optSettingsF1CNC
+                                 : Store.IsMK2() ? Machine.optSettingsMK2
+                                                 : Machine.optSettingsMK4;
+    Main.lblMachineType.Caption = option.Caption;
+}
+
 void Workbench::RefreshMachine() {
     Run(Calls.RefreshTitle);
     Machine.RefreshMachineOptions();
@@ -269,11 +317,15 @@ void Workbench::RefreshMachine() {
     View.MakeLinePropertiesColumns();
     View.MakeMachineColumns();
     Run(Calls.ControlsPositioning);
+    View.SetAutoWidth();
     Entry.lblGMcode.Caption = "G";
     Machine.RefreshUnits();
     Main.lblMachineType.Caption = Store.IsF1()    ? "F1 CNC"
                                   : Store.IsMK2() ? "Compact5 CNC MK2"
                                                   : "Compact5 CNC MK4";
+    Main.cmdTopButtons[5]->Visible = !Store.IsF1();
+    Main.cmdTopButtons[6]->Visible = Store.IsF1();
+    ShowMachineName();
     if (Store.IsF1()) {
         Entry.picXYaxes.Visible = true;
         Entry.picXYaxes.Enabled = true;

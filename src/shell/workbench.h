@@ -8,12 +8,16 @@
 #include "editor/line_operations.h"
 #include "files/cnc_reader.h"
 #include "files/cnc_writer.h"
-#include "files/received_program.h"
 #include "interpreter/view_options.h"
 #include "program/machine_controls.h"
 #include "shell/error_log.h"
+#include "shell/language.h"
 #include "shell/main_controls.h"
 #include "shell/main_window.h"
+#include "shell/recovery.h"
+#include "shell/settings.h"
+#include "transfer/receiver.h"
+#include "transfer/transmitter.h"
 
 namespace kvt {
 
@@ -48,9 +52,15 @@ public:
     KeyboardEntry Keyboard;
     CncWriter Writer;
     CncReader Reader;
-    ReceivedProgram Received;
+    TransferControls Transfer;
+    PortControl Port;
+    Transmitter Transmit;
+    Receiver Received;
     DrawWindow Draw;
     MainWindow Window;
+    ModuleLoader Modules;
+    EditorSettings Settings;
+    Recovery Kept;
 
     // All windows, the main one first.
     std::vector<Form*> Forms() { return {&frmMain, &Draw.Controls.frmDraw, &Draw.Listing.frmProgramWindow}; }
@@ -61,6 +71,8 @@ public:
     void cmdReturn_Click();
     // Asks about unsaved changes, then empties the program, its names and its notes.
     void ClearProgram_Click();
+    // The name of the machine in force, as its option has it.
+    void ShowMachineName();
     // Applies the machine and its units to the window.
     void RefreshMachine();
     // The code lists of the machine, and no others.
@@ -68,12 +80,15 @@ public:
     // Freezes the window (0) or frees it (1), but for the stop of a transmission.
     void ControlsEnable(int enable);
     bool ControlsOn = true;
+    // Tells, once in a run, that what is to outlive it cannot be written.
+    void TellUnkept();
 
 private:
     void FillCalls();
     void PlaceInFrames();
     void OrderTabs();
 
+    bool unkeptTold_ = false;
     // What ControlsEnable works on.
     std::vector<Control*> frozenControls_;
 };

@@ -83,7 +83,7 @@ protected:
     DiskFiles files{faults};
     DesktopPlatform platform{files, 1};
     Form form{"frmTest"};
-    Menu mnuFile{form, "mnuFile", "&File"}, mnuOpen{form, "mnuOpen", "Open"}, mnuBar{form, "mnuBar", "-"},
+    Menu mnuFile{form, "mnuFile", "File"}, mnuOpen{form, "mnuOpen", "Open"}, mnuBar{form, "mnuBar", "-"},
         mnuGrid{form, "mnuGrid", "Grid"};
     TextBox txtA{form, "txtA"}, txtB{form, "txtB"}, txtNotes{form, "txtNotes"};
     Frame frGroup{form, "frGroup", "Group"};

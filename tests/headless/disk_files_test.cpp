@@ -9,6 +9,8 @@
 #include <functional>
 #include <iterator>
 
+#include "basic/code_page.h"
+
 namespace kvt::test {
 
 namespace {

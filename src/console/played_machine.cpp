@@ -1,0 +1,153 @@
+#include "console/played_machine.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <thread>
+
+#include "basic/run_time_error.h"
+#include "basic/text.h"
+#include "headless/posix_port.h"
+#include "transfer/outgoing_lines.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr std::size_t commentPosition = 30;
+// What the control's own buffer holds.
+constexpr double mostAtOnce = 16;
+constexpr double longestRest = 20;  // milliseconds
+constexpr double settling = 1000;   // so long the other end is held before it counts as open
+
+double Now() {
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration<double, std::milli>(now).count();
+}
+
+void Rest(double milliseconds) {
+    const auto time = std::chrono::duration<double, std::milli>(std::clamp(milliseconds, 0.0, longestRest));
+    std::this_thread::sleep_for(time);
+}
+
+}  // namespace
+
+PseudoTerminal::PseudoTerminal() : handle_(posix_openpt(O_RDWR | O_NOCTTY)) {
+    if (handle_ < 0 || grantpt(handle_) != 0 || unlockpt(handle_) != 0)
+        throw RunTimeError(fault::PortAlreadyOpen);
+    path_ = ptsname(handle_);
+    fcntl(handle_, F_SETFL, fcntl(handle_, F_GETFL) | O_NONBLOCK);
+    fcntl(handle_, F_SETFD, FD_CLOEXEC);
+    // Opened and closed once, the other end tells from now on whether somebody holds it, and passes bytes as they
+    // are.
+    const int other = open(path_.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    if (other < 0) return;
+    SetUpLine(other, {});
+    close(other);
+}
+
+PseudoTerminal::~PseudoTerminal() { close(handle_); }
+
+bool EndsReception(std::string_view line, bool inProgram) {
+    const std::string_view mark = Trim(line);
+    const bool hasOrientation = mark.size() == 2 && (mark[1] == 'I' || mark[1] == '-');
+    if ((mark.size() == 1 || hasOrientation) && (mark[0] == 'M' || mark[0] == '"')) return true;
+    return inProgram && line.find('M', commentPosition) != std::string_view::npos;
+}
+
+bool PlayedMachine::OtherEndIsOpen() const {
+    pollfd end = {line_.Handle, 0, 0};
+    return poll(&end, 1, 0) == 0 || (end.revents & POLLHUP) == 0;
+}
+
+// How many characters may pass now; at least one, for which it waits.
+std::size_t PlayedMachine::Due() {
+    const double each = line_.Settings.CharacterMilliseconds() / line_.Haste;
+    while (Now() < next_ && !Stops()) Rest(next_ - Now());
+    next_ = std::max(next_, Now() - mostAtOnce * each);
+    return 1 + static_cast<std::size_t>(std::max(0.0, (Now() - next_) / each));
+}
+
+bool PlayedMachine::Drops(std::size_t more) {
+    passed_ += static_cast<long>(more);
+    next_ += static_cast<double>(more) * line_.Settings.CharacterMilliseconds() / line_.Haste;
+    return line_.DropAfter >= 0 && passed_ >= line_.DropAfter;
+}
+
+TransferEnd PlayedMachine::Take(std::string& received) {
+    std::size_t lineStart = 0;
+    bool inProgram = false;
+    for (;;) {
+        const std::size_t due = Due();
+        if (Stops()) return TransferEnd::Stopped;
+        char piece[64];
+        const ssize_t size = read(line_.Handle, piece, std::min(due, sizeof piece));
+        if (size < 0 && errno != EAGAIN && errno != EINTR && !(line_.Pseudo && errno == EIO))
+            return TransferEnd::Gone;
+        if (size == 0 && !line_.Pseudo) return TransferEnd::Gone;
+        if (size <= 0) {
+            Rest(line_.Haste > 1 ? 1 : longestRest / 4);
+            continue;
+        }
+        received.append(piece, static_cast<std::size_t>(size));
+        const bool drops = Drops(static_cast<std::size_t>(size));
+        for (std::size_t end = received.find('\n', lineStart); end != std::string::npos;
+             end = received.find('\n', lineStart)) {
+            std::string_view line = std::string_view(received).substr(lineStart, end - lineStart);
+            if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+            if (EndsReception(line, inProgram)) return TransferEnd::Well;
+            if (line.substr(0, 1) == "%") inProgram = true;
+            lineStart = end + 1;
+        }
+        if (drops) return TransferEnd::Dropped;
+    }
+}
+
+TransferEnd PlayedMachine::AwaitOtherEnd() {
+    for (double since = Now(); Now() - since < settling / line_.Haste;) {
+        if (Stops()) return TransferEnd::Stopped;
+        if (!OtherEndIsOpen()) since = Now();
+        Rest(longestRest / line_.Haste);
+    }
+    return TransferEnd::Well;
+}
+
+void PlayedMachine::AwaitLettingGo() const {
+    while (line_.Pseudo && OtherEndIsOpen() && !Stops()) Rest(longestRest / line_.Haste);
+}
+
+TransferEnd PlayedMachine::Give(std::string_view file) {
+    if (line_.Pseudo) {
+        const TransferEnd awaited = AwaitOtherEnd();
+        if (awaited != TransferEnd::Well) return awaited;
+    }
+    OutgoingLines lines(file, true);
+    std::string text;
+    for (std::string line; lines.Next(line);) {
+        if (line.substr(0, 1) != "%") text += line + "\r\n";
+    }
+    return Send(text);
+}
+
+TransferEnd PlayedMachine::Send(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t due = std::min(Due(), text.size());
+        if (Stops()) return TransferEnd::Stopped;
+        const ssize_t size = write(line_.Handle, text.data(), due);
+        if (size < 0 && errno != EAGAIN && errno != EINTR) return TransferEnd::Gone;
+        if (size <= 0) {
+            Rest(1);
+            continue;
+        }
+        text.remove_prefix(static_cast<std::size_t>(size));
+        if (Drops(static_cast<std::size_t>(size))) return TransferEnd::Dropped;
+    }
+    return TransferEnd::Well;
+}
+
+}  // namespace kvt

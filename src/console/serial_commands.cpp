@@ -1,0 +1,226 @@
+#include "console/serial_commands.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <optional>
+
+#include "basic/code_page.h"
+#include "basic/number.h"
+#include "basic/text.h"
+#include "console/commands.h"
+#include "console/interrupts.h"
+#include "console/played_machine.h"
+
+namespace kvt {
+
+namespace {
+
+int Complain(const std::string& name, const std::string& what) {
+    std::fprintf(stderr, "kvtc: %s: %s\n", name.c_str(), what.c_str());
+    return status::Usage;
+}
+
+// One line of a terminal that is written over and over; nothing where no terminal stands behind it.
+class ProgressLine {
+public:
+    void Show(const std::string& text) {
+        if (!terminal_ || text == shown_) return;
+        std::fprintf(stderr, "\r%-60s", text.c_str());
+        std::fflush(stderr);
+        shown_ = text;
+    }
+    ~ProgressLine() {
+        if (!shown_.empty()) std::fputc('\n', stderr);
+    }
+
+private:
+    bool terminal_ = isatty(STDERR_FILENO) == 1;
+    std::string shown_;
+};
+
+// The boxes that nobody could see; true where there were some.
+bool TellMessages(const std::string& name, const MemoryDialogs& dialogs) {
+    for (const MessageBox& box : dialogs.Shown) Complain(name, Replace(box.Text, "\r\n", " "));
+    return !dialogs.Shown.empty();
+}
+
+void UseSettings(PortSide& side, const LineSettings& line) {
+    side.Baud = PlainNumber(line.Baud);
+    side.Parity = std::string(1, line.Parity);
+    side.DataBits = PlainNumber(line.DataBits);
+    side.StopBits = PlainNumber(line.StopBits);
+}
+
+// Opens the port of a bench; false, and told, where it does not open.
+bool OpenPort(SerialBench& bench, const std::string& name) {
+    if (Attempt("kvtc", [&] { bench.Port.Open(); })) return true;
+    Complain(name, "cannot be opened as a serial port");
+    return false;
+}
+
+}  // namespace
+
+SerialBench::SerialBench(const std::string& device, const std::string& settings, double haste)
+    : Port({device}, haste),
+      System(Platform.Focus, Port),
+      Services{Platform.Files,
+               Platform.Dialogs,
+               Platform.Clipboard,
+               Platform.Screen,
+               System,
+               Platform.Focus,
+               Port},
+      Bench(std::make_unique<Workbench>(Services)) {
+    for (std::string* folder : {&Bench->Transmit.SettingsFolder, &Bench->Received.SettingsFolder})
+        *folder = NameFromSystem(scratch_.Path().string()) + "/";
+    const LineSettings line = ParseLineSettings(settings);
+    for (PortSide* side : {&Bench->Transfer.TX, &Bench->Transfer.RX}) UseSettings(*side, line);
+    Bench->Port.UpdateComSettings();
+    Port.SetSettings(Bench->Transfer.TX.Settings);
+}
+
+int SendFile(const SerialOptions& options) {
+    SerialBench bench(options.Port, options.Settings);
+    std::string name = NameFromSystem(options.File);
+    if (bench.Bench->Reader.LoadFile(name) != LoadResult::Loaded)
+        return Complain(options.File, "cannot be read as a CNC program");
+    bench.Platform.Dialogs.Shown.clear();
+    bench.Bench->Transfer.TX.chkFilter.Value = options.WithComments ? 0 : 1;
+    if (!OpenPort(bench, options.Port)) return status::Usage;
+
+    Interrupts interrupts;
+    bool stopped = false;
+    {
+        ProgressLine progress;
+        const TransferControls& shown = bench.Bench->Transfer;
+        bench.System.OnLook = [&] {
+            progress.Show(shown.lblTransmitLine.Caption.Get() + ", " + shown.lblTransmitLeft.Caption.Get());
+            if (!stopped && interrupts.Came()) {
+                stopped = true;
+                bench.Bench->Results.cmdStop.Click();
+            }
+        };
+        bench.Bench->Transmit.mnuTX_Click();
+    }
+    if (TellMessages(options.Port, bench.Platform.Dialogs)) return status::Usage;
+    std::printf(stopped ? "%s: stopped, the reception was ended with the units mark\n" : "%s: sent\n",
+                options.File.c_str());
+    return stopped ? status::Finding : status::Well;
+}
+
+int ReceiveFile(const SerialOptions& options) {
+    SerialBench bench(options.Port, options.Settings);
+    if (!OpenPort(bench, options.Port)) return status::Usage;
+
+    Interrupts interrupts;
+    const TransferControls& shown = bench.Bench->Transfer;
+    {
+        ProgressLine progress;
+        using Clock = std::chrono::steady_clock;
+        Clock::time_point last = Clock::now();
+        std::size_t size = 0;
+        constexpr double look = 10;  // milliseconds
+        bench.System.WaitUntil([&] {
+            progress.Show(shown.lblReceived.Caption.Get());
+            if (shown.txtRX.Text.Get().size() != size) {
+                size = shown.txtRX.Text.Get().size();
+                last = Clock::now();
+            }
+            const double idle = std::chrono::duration<double>(Clock::now() - last).count();
+            const bool silent = options.Idle > 0 && size > 0 && idle >= options.Idle;
+            return silent || !bench.Port.IsOpen() || interrupts.Came() ? 0.0 : look;
+        });
+    }
+    const bool gone = !bench.Port.IsOpen();
+    bench.Platform.Dialogs.FileAnswers.push_back({false, NameFromSystem(options.File)});
+    bench.Bench->Received.cmdReceiveSave_Click();
+    if (TellMessages(options.File, bench.Platform.Dialogs) && !gone) return status::Usage;
+    std::printf("%s: %s\n", options.File.c_str(), shown.lblReceived.Caption.Get().c_str());
+    return gone ? status::Finding : status::Well;
+}
+
+namespace {
+
+const char* WordsOf(TransferEnd end) {
+    switch (end) {
+        case TransferEnd::Well: return "to the end";
+        case TransferEnd::Stopped: return "and stopped";
+        case TransferEnd::Gone: return "until the line went";
+        case TransferEnd::Dropped: break;
+    }
+    return "and dropped";
+}
+
+// What the machine makes of a program that has come.
+int Judge(const std::string& received, const std::string& machine) {
+    MemoryPlatform platform;
+    const TemporaryFolder folder;
+    std::string name = NameFromSystem((folder.Path() / "received").string());
+    const bool whole = received.find('%') != std::string::npos;
+    platform.Files.WriteWhole(name, whole ? received : "%\r\n" + received);
+    const auto bench = std::make_unique<Workbench>(platform.Services);
+    if (bench->Reader.LoadFile(name) != LoadResult::Loaded) {
+        std::printf("It is no program that a machine takes.\n");
+        return status::Finding;
+    }
+    const bool fits = EqualIgnoringCase(bench->Store.Machine, machine);
+    std::printf("It is a program of %d lines for %s%s.\n", bench->Store.LineCount(),
+                bench->Store.Machine.c_str(), fits ? "" : ", not for this machine");
+    return fits ? status::Well : status::Finding;
+}
+
+}  // namespace
+
+int PlayMachine(const MachineOptions& options) {
+    FaultPlan noFaults;
+    DiskFiles files(noFaults);
+    std::string program;
+    if (!options.Send.empty() &&
+        !Attempt("kvtc", [&] { program = files.ReadWhole(NameFromSystem(options.Send)); }))
+        return Complain(options.Send, "cannot be read");
+
+    std::optional<PseudoTerminal> terminal;
+    PlayedMachine::Line line;
+    line.Settings.Baud = options.Baud;
+    line.DropAfter = options.DropAfter;
+    line.Pseudo = options.Port.empty();
+    if (line.Pseudo) {
+        line.Handle = terminal.emplace().Handle();
+    } else {
+        line.Handle = open(options.Port.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+        if (line.Handle < 0 || !SetUpLine(line.Handle, line.Settings))
+            return Complain(options.Port, "cannot be opened as a serial port");
+    }
+    std::printf("%s at %d baud. The workbench finds it with\nKVT_PORTS=%s\n", options.Machine.c_str(),
+                options.Baud, line.Pseudo ? terminal->Path().c_str() : options.Port.c_str());
+    std::fflush(stdout);
+
+    Interrupts interrupts;
+    PlayedMachine machine(line);
+    machine.StopRequested = [&] { return interrupts.Came(); };
+    int result = status::Well;
+    TransferEnd end = TransferEnd::Well;
+    if (!options.Receive.empty() || options.Send.empty()) {
+        std::string received;
+        end = machine.Take(received);
+        std::printf("Received %d characters %s.\n", static_cast<int>(received.size()), WordsOf(end));
+        if (!options.Receive.empty() &&
+            !Attempt("kvtc", [&] { files.WriteWhole(NameFromSystem(options.Receive), received); }))
+            return Complain(options.Receive, "cannot be written");
+        result = end == TransferEnd::Well ? Judge(received, options.Machine) : status::Finding;
+    }
+    if (!options.Send.empty() && end == TransferEnd::Well) {
+        end = machine.Give(program);
+        std::printf("Sent %s %s.\n", options.Send.c_str(), WordsOf(end));
+        if (end != TransferEnd::Well) result = status::Finding;
+    }
+    std::fflush(stdout);
+    if (end == TransferEnd::Well) machine.AwaitLettingGo();
+    if (!line.Pseudo) close(line.Handle);
+    return result;
+}
+
+}  // namespace kvt

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "console/script_session.h"
+#include "headless/posix_port.h"
+
+namespace kvt {
+
+// A workbench without a window on a real port.
+class SerialBench {
+public:
+    // The device, and the settings of both directions as "300,N,8,1"; see PosixPort for haste.
+    SerialBench(const std::string& device, const std::string& settings, double haste = 1);
+    SerialBench(const SerialBench&) = delete;
+    SerialBench& operator=(const SerialBench&) = delete;
+
+    MemoryPlatform Platform;
+    PosixPort Port;
+    PosixSystem System;
+    kvt::Services Services;
+    std::unique_ptr<Workbench> Bench;
+
+private:
+    TemporaryFolder scratch_;
+};
+
+struct SerialOptions {
+    std::string File;
+    std::string Port;
+    std::string Settings = "300,N,8,1";
+    bool WithComments = false;  // sends notes and comments too
+    double Idle = 0;            // seconds without a character that end a reception; 0 for never
+};
+
+struct MachineOptions {
+    std::string Machine = "MK4";
+    int Baud = 300;
+    std::string Port;  // a pseudo-terminal of its own without one
+    std::string Send;
+    std::string Receive;
+    long DropAfter = -1;
+};
+
+// Sends a program to the machine as the window does; Ctrl+C stops it as the Stop button does.
+int SendFile(const SerialOptions& options);
+// Collects what the machine sends until Ctrl+C, or silence, and writes it as the receive view does.
+int ReceiveFile(const SerialOptions& options);
+// Plays the machine at the other end.
+int PlayMachine(const MachineOptions& options);
+
+}  // namespace kvt

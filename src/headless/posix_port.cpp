@@ -1,0 +1,189 @@
+#include "headless/posix_port.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/file.h>
+#include <sys/ioctl.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <utility>
+
+namespace kvt {
+
+namespace {
+
+constexpr double lead = 12;  // milliseconds
+constexpr double longestRest = 20;
+constexpr double closingGrace = 500;
+
+struct Rate {
+    int Baud;
+    speed_t Speed;
+};
+constexpr Rate rates[] = {{110, B110},     {300, B300},     {600, B600},      {1200, B1200},
+                          {2400, B2400},   {4800, B4800},   {9600, B9600},    {19200, B19200},
+                          {38400, B38400}, {57600, B57600}, {115200, B115200}};
+
+bool SetSpeed(termios& state, int baud) {
+    const auto* const found =
+        std::find_if(std::begin(rates), std::end(rates), [&](const Rate& rate) { return rate.Baud == baud; });
+    return found != std::end(rates) && cfsetispeed(&state, found->Speed) == 0 &&
+           cfsetospeed(&state, found->Speed) == 0;
+}
+
+}  // namespace
+
+bool SetUpLine(int handle, const LineSettings& line) {
+    termios state = {};
+    if (tcgetattr(handle, &state) != 0) return false;
+    cfmakeraw(&state);
+    state.c_cflag &= ~static_cast<tcflag_t>(CRTSCTS | CSTOPB | CSIZE | PARENB | PARODD);
+    state.c_cflag |= CLOCAL | CREAD | CS8;
+    state.c_iflag &= ~static_cast<tcflag_t>(IXON | IXOFF | IXANY);
+    const bool rate = SetSpeed(state, line.Baud);
+    // What every device takes first, so that it is in order whatever becomes of the rest.
+    if (tcsetattr(handle, TCSANOW, &state) != 0) return false;
+    if (line.DataBits == 7) state.c_cflag = (state.c_cflag & ~static_cast<tcflag_t>(CSIZE)) | CS7;
+    if (line.Parity != 'N') state.c_cflag |= PARENB | (line.Parity == 'O' ? PARODD : 0);
+    if (line.StopBits == 2) state.c_cflag |= CSTOPB;
+    const bool frame = tcsetattr(handle, TCSANOW, &state) == 0;
+    // Some devices take what they do not do, and say so only when they are asked.
+    termios held = {};
+    constexpr tcflag_t shape = CSIZE | PARENB;
+    return tcgetattr(handle, &held) == 0 && frame && rate &&
+           (held.c_cflag & shape) == (state.c_cflag & shape);
+}
+
+PosixPort::PosixPort(std::vector<std::string> devices, double haste)
+    : devices_(std::move(devices)), haste_(haste) {}
+
+PosixPort::~PosixPort() {
+    OnComm = nullptr;
+    Close();
+}
+
+// Milliseconds of the line's own clock.
+double PosixPort::Now() const {
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration<double, std::milli>(now).count() * haste_;
+}
+
+void PosixPort::Open() {
+    if (IsOpen() || CommPort() > static_cast<int>(devices_.size()))
+        throw RunTimeError(fault::PortAlreadyOpen);
+    const std::string& device = devices_[static_cast<std::size_t>(CommPort()) - 1];
+    const int handle = open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    if (handle < 0) throw RunTimeError(fault::PortAlreadyOpen);
+    if (isatty(handle) == 0 || flock(handle, LOCK_EX | LOCK_NB) != 0 || ioctl(handle, TIOCEXCL) != 0) {
+        close(handle);
+        throw RunTimeError(fault::PortAlreadyOpen);
+    }
+    handle_ = handle;
+    unwritten_.clear();
+    received_.clear();
+    pace_.Forget();
+    sending_ = false;
+    SettingsChanged();
+}
+
+void PosixPort::Close() {
+    if (!IsOpen()) return;
+    const double latest = Now() + (MillisecondsLeft() + closingGrace) * haste_;
+    while (IsOpen() && MillisecondsLeft() > 0 && Now() < latest)
+        Serve(std::min(MillisecondsLeft(), longestRest));
+    if (!IsOpen()) return;
+    ioctl(handle_, TIOCNXCL);
+    close(std::exchange(handle_, -1));
+}
+
+void PosixPort::Output(std::string_view text) {
+    if (!IsOpen()) throw RunTimeError(fault::PortNotOpen);
+    pace_.Give(Now(), text.size(), Line());
+    unwritten_ += text;
+    sending_ = true;
+    Write();
+}
+
+// Characters that have not yet been given to the line.
+std::size_t PosixPort::Waiting() const {
+    int inDriver = 0;
+    const bool told = ioctl(handle_, TIOCOUTQ, &inDriver) == 0;
+    return unwritten_.size() + static_cast<std::size_t>(told ? std::max(0, inDriver) : 0);
+}
+
+double PosixPort::MillisecondsLeft() const {
+    if (!IsOpen()) return 0;
+    const double waiting = static_cast<double>(Waiting()) * Line().CharacterMilliseconds();
+    return std::max(pace_.Left(Now()), waiting) / haste_;
+}
+
+double PosixPort::Lead() const { return lead; }
+
+std::string PosixPort::Input() {
+    if (!IsOpen()) throw RunTimeError(fault::PortNotOpen);
+    return std::exchange(received_, {});
+}
+
+std::string PosixPort::DeviceName(int number) const {
+    const bool known = number >= 1 && number <= static_cast<int>(devices_.size());
+    return known ? devices_[static_cast<std::size_t>(number) - 1] : std::string();
+}
+
+void PosixPort::SettingsChanged() {
+    settingsWait_ = MillisecondsLeft() > 0;
+    if (!settingsWait_ && !SetUpLine(handle_, Line())) Tell(CommEvent::Refused);
+}
+
+void PosixPort::Serve(double milliseconds) {
+    pollfd device = {handle_, POLLIN, 0};
+    if (!unwritten_.empty()) device.events |= POLLOUT;
+    const int ready = poll(&device, 1, static_cast<int>(milliseconds));
+    if (ready > 0 && (device.revents & POLLIN) != 0) Read();
+    if (ready > 0 && IsOpen() && (device.revents & POLLIN) == 0 &&
+        (device.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0)
+        return Vanish();
+    Write();
+    if (!IsOpen() || !sending_ || MillisecondsLeft() > 0) return;
+    sending_ = false;
+    if (settingsWait_) SettingsChanged();
+    Tell(CommEvent::Send);
+}
+
+void PosixPort::Write() {
+    if (!IsOpen() || unwritten_.empty()) return;
+    const ssize_t written = write(handle_, unwritten_.data(), unwritten_.size());
+    if (written > 0) unwritten_.erase(0, static_cast<std::size_t>(written));
+    if (written < 0 && errno != EAGAIN && errno != EINTR) Vanish();
+}
+
+void PosixPort::Read() {
+    char piece[4096];
+    const ssize_t size = read(handle_, piece, sizeof piece);
+    if (size < 0 && (errno == EAGAIN || errno == EINTR)) return;
+    if (size <= 0) return Vanish();
+    received_.append(piece, static_cast<std::size_t>(size));
+    Tell(CommEvent::Receive);
+}
+
+void PosixPort::Vanish() {
+    if (!IsOpen()) return;
+    close(std::exchange(handle_, -1));
+    sending_ = false;
+    Tell(CommEvent::Vanished);
+}
+
+bool PosixSystem::WaitUntil(const std::function<double()>& left) {
+    port_.Serve(0);
+    if (OnLook) OnLook();
+    for (double more = left(); more > 0 && !Ended; more = left()) {
+        port_.Serve(std::min(more, longestRest));
+        if (OnLook) OnLook();
+    }
+    return !Ended;
+}
+
+}  // namespace kvt

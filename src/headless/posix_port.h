@@ -1,0 +1,70 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "headless/memory_platform.h"
+#include "platform/serial_port.h"
+
+namespace kvt {
+
+// Brings an open terminal device to a state in which bytes pass as they are, at these settings. False where it
+// does not take all of them; it goes on with what it has then.
+bool SetUpLine(int handle, const LineSettings& line);
+
+// A serial device of the system, without a toolkit. What has happened to it is told by Serve.
+class PosixPort : public SerialPort {
+public:
+    // The devices behind the numbers 1, 2 and so on. With a haste of n the line is n times as fast as it says,
+    // for pseudo-terminals, which have no rate of their own.
+    explicit PosixPort(std::vector<std::string> devices, double haste = 1);
+    ~PosixPort() override;
+
+    void Open() override;
+    void Close() override;
+    bool IsOpen() const override { return handle_ >= 0; }
+    void Output(std::string_view text) override;
+    double MillisecondsLeft() const override;
+    double Lead() const override;
+    std::string Input() override;
+    std::string DeviceName(int number) const override;
+
+    // Waits for the device for so many milliseconds at the most, then sends and receives what can be, and tells
+    // the events.
+    void Serve(double milliseconds);
+
+protected:
+    void SettingsChanged() override;
+
+private:
+    double Now() const;
+    std::size_t Waiting() const;
+    void Write();
+    void Read();
+    void Vanish();
+
+    std::vector<std::string> devices_;
+    double haste_;
+    int handle_ = -1;
+    std::string unwritten_;
+    std::string received_;
+    LinePace pace_;
+    bool sending_ = false;
+    bool settingsWait_ = false;
+};
+
+// The system of a console that works with real ports: its clock is that of the wall.
+class PosixSystem : public MemorySystem {
+public:
+    PosixSystem(FocusKeeper& focus, PosixPort& port) : MemorySystem(focus), port_(port) {}
+
+    bool WaitUntil(const std::function<double()>& left) override;
+
+    // Looked at all through a wait.
+    std::function<void()> OnLook;
+
+private:
+    PosixPort& port_;
+};
+
+}  // namespace kvt

@@ -1,0 +1,224 @@
+#include "shell/language.h"
+
+#include <algorithm>
+
+#include "basic/number.h"
+#include "basic/run_time_error.h"
+#include "basic/text.h"
+#include "files/settings_file.h"
+#include "shell/language_tables.h"
+#include "shell/workbench.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr const char* loadModuleName = "LoadLanguageModule";
+constexpr const char* toolbarCaptions[] = {"Open", "Save", "New",  "Print", "Set",
+                                           "Axes", "Axes", "Draw", "RX",    "TX"};
+constexpr int firstNamedHeader = 2;
+constexpr int mostReports = 100;  // of one section
+
+// The control of a row; null where no window has it.
+Control* ControlOf(const std::vector<Form*>& forms, const LabelRow& row) {
+    const std::string_view name = row.Control;
+    const std::size_t point = name.find('.');
+    const std::string_view formName = name.substr(0, point);
+    for (Form* form : forms) {
+        if (!EqualIgnoringCase(form->Name(), formName)) continue;
+        return point == std::string_view::npos ? form : form->FindControl(name.substr(point + 1), row.Index);
+    }
+    return point == std::string_view::npos ? forms.front()->FindControl(name, row.Index) : nullptr;
+}
+
+template <class Kind, class... More>
+TextProperty* CaptionAs(Control& control) {
+    if (auto* one = dynamic_cast<Kind*>(&control)) return &one->Caption;
+    if constexpr (sizeof...(More) > 0) {
+        return CaptionAs<More...>(control);
+    } else {
+        return nullptr;
+    }
+}
+
+// The text that a row sets in its control; null where the control has none.
+TextProperty* TextOf(Control& control, ShownText what) {
+    if (what == ShownText::ToolTip) return &control.ToolTip;
+    return CaptionAs<Label, CheckBox, OptionButton, CommandButton, Frame, Menu, Form>(control);
+}
+
+int TabOf(const std::vector<std::string>& builtIn, std::string_view caption) {
+    const auto found = std::find(builtIn.begin(), builtIn.end(), caption);
+    return found == builtIn.end() ? -1 : static_cast<int>(found - builtIn.begin());
+}
+
+ListBox* ListOf(const Form& form, const ListSection& section) {
+    return dynamic_cast<ListBox*>(form.FindControl(section.List));
+}
+
+// The code stays, the description is translated.
+void DescribeEntry(ListBox& list, int index, const std::string& description) {
+    const std::string code(Left(list.Entry(index), 4));
+    if (!Trim(description).empty()) list.SetEntry(index, code + "\t" + description);
+}
+
+}  // namespace
+
+ModuleLoader::ModuleLoader(Workbench& bench) : bench_(bench), builtInTabs_(bench.Main.tabSettings.Captions) {}
+
+void ModuleLoader::LoadLanguageModule(const std::string& fileName) {
+    FileService& files = bench_.Platform.Files;
+    Texts& texts = bench_.Language;
+    // 1.
+    if (fileName.empty() || !files.Exists(fileName)) return;
+    texts.ModuleFile = fileName;
+    // 2.
+    LanguageModule module;
+    Attempt(loadModuleName, [&] { module = ReadLanguageModule(files.ReadWhole(fileName)); });
+    // 3.
+    if (module.PlaceHolder) return;
+    // 4.
+    texts.LanguageName.clear();
+    texts.TranslatedBy.clear();
+    // 5.
+    for (const LanguageSection& section : module.Sections) TakeSection(section);
+    bench_.ShowMachineName();
+    // 6. Automatic comments appear in the new language.
+    CheckBox& gcode = bench_.View.chkViewGcode;
+    if (gcode.Value != 0) {
+        gcode.Value = 0;
+        gcode.Click();
+        gcode.Value = 1;
+        gcode.Click();
+    }
+    // 7.
+    bench_.Window.Form_Activate();
+    bench_.Interpreter.Interpreter();
+}
+
+void ModuleLoader::TakeSection(const LanguageSection& section) {
+    const auto is = [&](const char* name) { return EqualIgnoringCase(section.Name, name); };
+    const std::vector<Form*> forms = bench_.Forms();
+    for (const LabelRow& row : LabelRows()) {
+        if (!is(row.Section)) continue;
+        for (const LanguageLine& line : section.Lines) {
+            if (!EqualIgnoringCase(line.Key, row.Key) || line.Value.empty()) continue;
+            Control* const control = ControlOf(forms, row);
+            if (!control) continue;
+            if (row.What == ShownText::Tab) {
+                const int page = TabOf(builtInTabs_, row.Key);
+                if (page >= 0) bench_.Main.tabSettings.SetCaption(page, line.Value);
+            } else if (TextProperty* text = TextOf(*control, row.What)) {
+                *text = line.Value;
+                if (control == &bench_.Entry.frEntry) bench_.Language.EntryCaption = line.Value;
+            }
+        }
+    }
+    const auto inOrder = [&](int first, const auto& take) {
+        int place = first;
+        int failures = 0;
+        for (const LanguageLine& line : section.Lines) {
+            // What lies beyond the end is reported, but not a million times.
+            if (!Attempt(loadModuleName, [&] { take(place, line.Value); }) && ++failures == mostReports)
+                return;
+            ++place;
+        }
+    };
+    for (const TableSection& one : TableSections()) {
+        if (is(one.Section))
+            inOrder(1, [&](int i, const std::string& text) { (bench_.Language.*one.Table).Set(i, text); });
+    }
+    for (const ListSection& one : ListSections()) {
+        ListBox* const list = is(one.Section) ? ListOf(bench_.frmMain, one) : nullptr;
+        if (list) inOrder(0, [&](int i, const std::string& text) { DescribeEntry(*list, i, text); });
+    }
+    if (is(language_section::Headers))
+        inOrder(firstNamedHeader, [&](int i, const std::string& text) { TakeHeader(i, text); });
+    if (is(language_section::System)) {
+        for (const LanguageLine& line : section.Lines) TakeSystemLine(line);
+    }
+    if (is(language_section::Toolbar)) TakeToolbar();
+}
+
+void ModuleLoader::TakeSystemLine(const LanguageLine& line) {
+    if (EqualIgnoringCase(line.Key, "Language Name")) bench_.Language.LanguageName = line.Value;
+    if (EqualIgnoringCase(line.Key, "Translated by")) bench_.Language.TranslatedBy = line.Value;
+    if (EqualIgnoringCase(line.Key, "Help File Name") && !line.Value.empty()) LoadHelp(line.Value);
+}
+
+void ModuleLoader::LoadHelp(const std::string& name) {
+    FileService& files = bench_.Platform.Files;
+    const std::string path = StartFolder + "Help/" + name;
+    if (!files.Exists(path)) return;
+    Attempt(loadModuleName, [&] { bench_.Main.rtfHelp.Text = WithoutUtf8Mark(files.ReadWhole(path)); });
+}
+
+// Words in another language would not fit: the pictures remain.
+void ModuleLoader::TakeToolbar() {
+    const bool english = EqualIgnoringCase(bench_.Language.LanguageName, "English");
+    for (std::size_t i = 0; i < bench_.Main.cmdTopButtons.size(); ++i) {
+        bench_.Main.cmdTopButtons[i]->Caption = english ? toolbarCaptions[i] : "";
+    }
+}
+
+void ModuleLoader::TakeHeader(int header, const std::string& text) {
+    ListView& list = bench_.Store.lvCncProgram;
+    // A header past the last one is error 9 also where it would be left.
+    list.SetHeaderText(header, text.empty() ? list.Header(header).Text : text);
+    if (header == ErrorHeader && !text.empty()) bench_.Language.ErrorHeaderText = text;
+}
+
+std::string ModuleLoader::WriteModule() const {
+    LanguageModuleText module;
+    module.Comment("Put your words behind each =. What stands in a comment is the English.");
+    module.Section(language_section::System);
+    const Texts& texts = bench_.Language;
+    module.Line("Language Name", texts.LanguageName.empty() ? "English" : texts.LanguageName);
+    module.Line("Translated by", texts.TranslatedBy);
+    module.Line("Help File Name", "");
+
+    const std::vector<Form*> forms = bench_.Forms();
+    std::string_view section;
+    std::string_view key;
+    for (const LabelRow& row : LabelRows()) {
+        if (section != row.Section) {
+            section = row.Section;
+            key = {};
+            module.Section(section);
+        }
+        if (key == row.Key) continue;
+        key = row.Key;
+        Control* const control = ControlOf(forms, row);
+        const TextProperty* const text = control ? TextOf(*control, row.What) : nullptr;
+        const bool isEntry = control == &bench_.Entry.frEntry;  // it shows the code that is entered
+        const std::string shown = isEntry ? texts.EntryCaption : text ? text->Get() : std::string();
+        module.Line(key, shown.empty() ? std::string(key) : shown);
+    }
+    const auto numbered = [&](int number, std::string_view text) {
+        if (!Trim(text).empty()) module.Comment(Trim(text));
+        module.Line(PlainNumber(number), Trim(text));
+    };
+    for (const TableSection& one : TableSections()) {
+        if (one.Table == &Texts::DrawViewTexts) continue;  // written with its labels
+        module.Section(one.Section);
+        const TextTable& table = texts.*one.Table;
+        for (int i = 1; i <= table.Size(); ++i) numbered(i, table(i));
+    }
+    for (const ListSection& one : ListSections()) {
+        const ListBox* const list = ListOf(bench_.frmMain, one);
+        if (!list) continue;
+        module.Section(one.Section);
+        for (const std::string& entry : list->Entries()) {
+            module.Comment(EntryDescription(entry));
+            module.Line(Trim(Left(entry, 4)), EntryDescription(entry));
+        }
+    }
+    module.Section(language_section::Headers);
+    for (int header = firstNamedHeader; header <= SubItemCount; ++header) {
+        numbered(header, header == ErrorHeader ? std::string_view(texts.ErrorHeaderText)
+                                               : bench_.Store.lvCncProgram.Header(header).Text);
+    }
+    return module.Text();
+}
+
+}  // namespace kvt

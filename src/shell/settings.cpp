@@ -1,0 +1,265 @@
+#include "shell/settings.h"
+
+#include <algorithm>
+
+#include "basic/number.h"
+#include "basic/run_time_error.h"
+#include "basic/text.h"
+#include "shell/layout.h"
+#include "shell/workbench.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr const char* loadSettingsName = "LoadSettings";
+constexpr const char* saveSettingsName = "SaveSettings";
+constexpr const char* resetName = "mnuReset_Click";
+constexpr const char* editorFile = "SettingsEditor.txt";
+constexpr const char* editorResetFile = "SettingsEditorReset.txt";
+constexpr const char* drawFile = "SettingsDraw.txt";
+constexpr const char* drawResetFile = "SettingsDrawReset.txt";
+constexpr const char* defaultModule = "Language.txt";
+constexpr int firstWidth = 13800;
+
+void Copy(FileService& files, const std::string& from, const std::string& to, const char* procedure) {
+    if (files.Exists(from)) Attempt(procedure, [&] { files.WriteWhole(to, files.ReadWhole(from)); });
+}
+
+}  // namespace
+
+EditorSettings::EditorSettings(Workbench& bench) : Keys("EDITOR", EditorSettingKeys()), bench_(bench) {
+    BindSettings();
+    BindView();
+    bench_.Main.cmdResetAll.OnClick = [this] { mnuReset_Click(); };
+    bench_.Main.mnuReset.OnClick = [this] { mnuReset_Click(); };
+}
+
+void EditorSettings::BindSettings() {
+    ProgramStore& store = bench_.Store;
+    Keys.Bind(
+        "LanguageFileName", [this](const std::string& value) { languageFile_ = value; },
+        [this] { return bench_.Language.ModuleFile; });
+    Keys.Bind(
+        "LastFileUsed",
+        [this](const std::string& value) {
+            const std::string named = FileOfCommandLine();
+            lastFile_ = named.empty() ? value : named;
+        },
+        [this] { return bench_.File.lblPath.Caption.Get(); });
+    Keys.Bind(
+        "Horizontal", [&store](const std::string& value) { store.Horizontal = TrueOrFalse(value); },
+        [&store] { return TrueOrFalse(store.Horizontal); });
+    Keys.Bind(
+        "Metric",
+        [this](const std::string& value) {
+            bench_.Machine.SetUnits(TrueOrFalse(value) ? "Metric" : "Imperial");
+        },
+        [&store] { return TrueOrFalse(store.Metric); });
+    Keys.Bind(
+        "Machine", [this](const std::string& value) { ChooseMachine(value); },
+        [&store] { return store.Machine; });
+    Keys.Bind(
+        "DisableLimitsCheck",
+        [&store](const std::string& value) { store.DisableLimitsCheck = TrueOrFalse(value); },
+        [&store] { return TrueOrFalse(store.DisableLimitsCheck); });
+    const auto bindColor = [this](const char* key, Color& color, Label& shown) {
+        Keys.Bind(
+            key,
+            [&color, &shown](const std::string& value) {
+                color = ColorOf(value);
+                shown.ForeColor = color;
+            },
+            [&color] { return ColorText(color); });
+    };
+    bindColor("IncrColor", store.IncrColor, bench_.Main.lblSettingsIncrColor);
+    bindColor("AbsColor", store.AbsColor, bench_.Main.lblSettingsAbsColor);
+    const auto bindFeed = [this](const char* key, TextBox& preset) {
+        Keys.Bind(
+            key,
+            [&preset](const std::string& value) {
+                preset.Text = RightPad(PlainNumber(ToLong(Val(value))), 5);
+            },
+            [&preset] { return std::string(Trim(preset.Text)); });
+    };
+    bindFeed("FeedA", bench_.Entry.txtFeedA);
+    bindFeed("FeedB", bench_.Entry.txtFeedB);
+}
+
+void EditorSettings::BindView() {
+    ViewColumns& view = bench_.View;
+    CheckBox& autoWidth = view.chkSettingsAutowidth;
+    Keys.Bind(
+        "AutoWidth", [&autoWidth](const std::string& value) { autoWidth.Value = TrueOrFalse(value) ? 1 : 0; },
+        [&autoWidth] { return TrueOrFalse(autoWidth.Value != 0); });
+    const auto bindBox = [this](const char* key, CheckBox& box) {
+        Keys.Bind(
+            key, [&box](const std::string& value) { box.Value = ZeroOrOne(value); },
+            [&box] { return PlainNumber(box.Value); });
+    };
+    bindBox("Delete without confirm", bench_.Entry.chkSettingsDWC);
+    bindBox("ToolPosition", view.chkViewToolPos);
+    bindBox("LineProperties", view.chkViewLineProperties);
+    bindBox("FileNotes", view.chkViewFileNotes);
+    bindBox("Gcode", view.chkViewGcode);
+    bindBox("MachineTime", view.chkViewMachineTime);
+    Form& form = bench_.frmMain;
+    Keys.Bind(
+        "EditorWindow", [this](const std::string& value) { Place(WindowPlaceOf(value)); },
+        [&form] {
+            return WindowText({form.Height, form.Left, form.Top, form.Width});
+        });
+}
+
+void EditorSettings::LoadSettings() {
+    FileService& files = bench_.Platform.Files;
+    // 1.
+    bench_.Language.ErrorHeaderText = "Error in line";
+    // 2.
+    if (!files.Exists(InFolder(editorFile)))
+        Copy(files, InFolder(editorResetFile), InFolder(editorFile), loadSettingsName);
+    if (files.Exists(InFolder(editorFile))) {
+        // 4. to 7.
+        ApplyFile();
+    } else {
+        // 3.
+        TakeBuiltInValues();
+    }
+    // 8. Files are closed as they are read.
+    bench_.frmMain.Visible = true;
+}
+
+// The serial settings and the printer's font stand at their delivered values already.
+void EditorSettings::TakeBuiltInValues() {
+    bench_.Store.Machine = "MK4";
+    bench_.RefreshMachine();
+    Centre();
+    bench_.Store.LimitValues.Fill(bench_.Store.DisableLimitsCheck);
+    bench_.ShowCodeLists();
+}
+
+void EditorSettings::ApplyFile() {
+    FileService& files = bench_.Platform.Files;
+    languageFile_.clear();
+    lastFile_.clear();
+    // 4.
+    std::string text;
+    Attempt(loadSettingsName, [&] { text = WithoutUtf8Mark(files.ReadWhole(InFolder(editorFile))); });
+    // 5.
+    Keys.Read(text, loadSettingsName);
+    bench_.View.MakeToolpositionColums();
+    bench_.View.MakeLinePropertiesColumns();
+    bench_.View.MakeMachineTimeColumn();
+    // 6.
+    bench_.Store.LimitValues.Fill(bench_.Store.DisableLimitsCheck);
+    bench_.ShowCodeLists();
+    LoadModule();
+    // 7.
+    LoadLastFile();
+}
+
+void EditorSettings::LoadModule() {
+    FileService& files = bench_.Platform.Files;
+    const std::string standing = InFolder(defaultModule);
+    if (files.Exists(standing)) {
+        Run(bench_.Calls.LoadLanguageModule, standing);
+        return;
+    }
+    constexpr std::size_t nameLength = 12;
+    const bool isDefault = EqualIgnoringCase(Right(languageFile_, nameLength), defaultModule);
+    if (!isDefault && !languageFile_.empty() && files.Exists(languageFile_))
+        Run(bench_.Calls.LoadLanguageModule, languageFile_);
+}
+
+void EditorSettings::LoadLastFile() {
+    if (!LastFileExists()) {
+        bench_.Feeds.SetFeedLimits();
+        return;
+    }
+    std::string name = lastFile_;
+    bench_.Reader.LoadFile(name);
+}
+
+void EditorSettings::SaveSettings() {
+    // 1.
+    bench_.Feeds.SetFeedLimits();
+    // 2.
+    const bool written = Attempt(
+        saveSettingsName, [&] { bench_.Platform.Files.WriteWhole(InFolder(editorFile), Keys.Text()); });
+    if (!written) bench_.TellUnkept();
+}
+
+void EditorSettings::mnuReset_Click() {
+    FileService& files = bench_.Platform.Files;
+    // 1.
+    Run(bench_.Calls.UnloadDraw);
+    // 2., 3.
+    const auto putBack = [&](const char* name, const char* resetName_) {
+        if (files.Exists(InFolder(name))) Attempt(resetName, [&] { files.Delete(InFolder(name)); });
+        Copy(files, InFolder(resetName_), InFolder(name), resetName);
+    };
+    putBack(editorFile, editorResetFile);
+    putBack(drawFile, drawResetFile);
+    // 4.
+    const std::string module = bench_.Language.ModuleFile;
+    const std::string machine = bench_.Store.Machine;
+    bench_.frmMain.State = WindowState::Normal;
+    LoadSettings();
+    // 5.
+    Run(bench_.Calls.LoadLanguageModule, module);
+    bench_.Store.Machine = machine;
+    bench_.RefreshMachine();
+    bench_.ShowCodeLists();
+}
+
+// Read only where no file decides the machine.
+void EditorSettings::ChooseMachine(const std::string& machine) {
+    if (LastFileExists()) return;
+    MachineControls& controls = bench_.Machine;
+    const struct {
+        const char* Name;
+        OptionButton& Option;
+    } options[] = {{"MK2", controls.optSettingsMK2},
+                   {"MK4", controls.optSettingsMK4},
+                   {"F1", controls.optSettingsF1CNC},
+                   {"", controls.optSettingsMK4}};
+    for (const auto& [name, option] : options) {
+        if (EqualIgnoringCase(machine, name)) return option.Click();
+    }
+    throw RunTimeError(fault::TypeMismatch);
+}
+
+std::string EditorSettings::FileOfCommandLine() const {
+    std::string_view name = Trim(CommandLine);
+    if (!name.empty() && name.front() == '"') {
+        const std::size_t last = name.rfind('"');
+        name = last > 0 ? name.substr(1, last - 1) : name.substr(1);
+    }
+    return bench_.Platform.Files.Exists(name) ? std::string(name) : std::string();
+}
+
+bool EditorSettings::LastFileExists() const {
+    return !lastFile_.empty() && bench_.Platform.Files.Exists(lastFile_);
+}
+
+void EditorSettings::Place(const WindowPlace& place) {
+    ScreenService& screen = bench_.Platform.Screen;
+    Form& form = bench_.frmMain;
+    form.Height = place.Height > 0 ? place.Height : SmallestHeight;
+    form.Width = place.Width > 0 ? place.Width : std::min(screen.Width(), firstWidth);
+    form.Left = place.Left > 0 ? place.Left : (screen.Width() - form.Width) / 2;
+    form.Top = place.Top > 0 ? place.Top : (screen.Height() - form.Height) / 2;
+}
+
+void EditorSettings::Centre() {
+    ScreenService& screen = bench_.Platform.Screen;
+    Form& form = bench_.frmMain;
+    form.Left = (screen.Width() - form.Width) / 2;
+    form.Top = (screen.Height() - form.Height) / 2;
+}
+
+std::string EditorSettings::InFolder(const char* name) const {
+    return bench_.Window.Folders.SettingsFolder + name;
+}
+
+}  // namespace kvt

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "files/settings_file.h"
+
+namespace kvt {
+
+class Workbench;
+
+// What outlives a run of the main window, and the way back to the delivered state. The controls are the settings;
+// this brings them into the file and back.
+class EditorSettings {
+public:
+    explicit EditorSettings(Workbench& bench);
+
+    // The keys of the file. A room that is in charge of a value binds its key here.
+    SettingsFile Keys;
+    // The text of the command line, which is looked at where the file names the last file.
+    std::string CommandLine;
+
+    // Reads the file, or takes the built-in values where there is none; then the language module and the last
+    // file, or that of the command line. Shows the window.
+    void LoadSettings();
+    // Writes the file. What cannot be written is told.
+    void SaveSettings();
+    // Back to the reset copies of both files, but for language and machine.
+    void mnuReset_Click();
+
+private:
+    void BindSettings();
+    void BindView();
+    void TakeBuiltInValues();
+    void ApplyFile();
+    void LoadModule();
+    void LoadLastFile();
+    void ChooseMachine(const std::string& machine);
+    // What stands between the outer double quotes of the command line, if it has any; empty where no such file is.
+    std::string FileOfCommandLine() const;
+    void Place(const WindowPlace& place);
+    void Centre();
+    bool LastFileExists() const;
+    std::string InFolder(const char* name) const;
+
+    Workbench& bench_;
+    std::string languageFile_;
+    std::string lastFile_;
+};
+
+}  // namespace kvt

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "platform/services.h"
+#include "program/program_store.h"
+#include "program/workbench_calls.h"
+#include "transfer/transfer_controls.h"
+
+namespace kvt {
+
+// The one serial port of both directions: its start, its parameters, and what goes wrong with it. It stays open as
+// long as communication is enabled, since the machine may send at any moment.
+class PortControl {
+public:
+    struct Parts {
+        ProgramStore& Store;
+        TransferControls& Controls;
+        Services& Platform;
+        WorkbenchCalls& Calls;
+    };
+    explicit PortControl(Parts parts);
+
+    bool ComEnabled = true;
+    // What else is enabled and disabled with the communication.
+    std::vector<Control*> EnabledWithCom;
+    // The device has gone since this was last cleared.
+    bool HasVanished = false;
+
+    PortSide& TX() { return parts_.Controls.TX; }
+    PortSide& RX() { return parts_.Controls.RX; }
+    SerialPort& Port() { return parts_.Platform.Port; }
+
+    // How many ports open, counted from the first up to the one that does not; 5 where all four do.
+    int CountPorts();
+    // Finds the ports and opens the chosen one: the port's part of Form_Load.
+    void StartPort();
+    void chkEnableCom_Click();
+    // A port chosen on either side, by its index from 0.
+    void optPort_Click(int index);
+    // Brings one side to what the machines have from the factory.
+    void cmdEmco_Click(PortSide& side);
+    // Composes the settings strings, and enables the standard buttons where there is something to set.
+    void UpdateComSettings();
+
+    // Runs a statement of a procedure; the errors of a port in the wrong state (8005, 8018) are shown too, and
+    // switch the communication off. Reported are all but those for which isSilent gives true.
+    void AttemptPort(const char* procedure, const std::function<void()>& statement,
+                     const std::function<bool(int number)>& isSilent);
+
+    // The events that are no characters.
+    void Vanished();
+    void Refused();
+    // Tells what could not be told while something was being sent.
+    void TellPending();
+
+    // The port for people: "Com1 (/dev/ttyUSB0)".
+    std::string PortName();
+
+    // The keys Port, 1 to 4, and ComPortEnable of a settings file. Before the port has been started they open
+    // nothing.
+    void SetPort(int number);
+    void SetComEnabled(bool enabled);
+
+private:
+    void Wire();
+    void WireSide(PortSide& side);
+    void SwitchOff();
+    void EnableTransfer(bool enabled);
+    void SelectPorts(int number);
+    void Reopen();
+
+    Parts parts_;
+    int portsFound_ = PortCount;
+    bool started_ = false;
+    // The port whose refusal of settings has been told, and what is still to be told.
+    int refusalTold_ = 0;
+    std::string pending_;
+};
+
+}  // namespace kvt

@@ -1,0 +1,93 @@
+#include "transfer/port_settings.h"
+
+#include "basic/number.h"
+#include "basic/text.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr std::string_view yes = "True";
+constexpr std::string_view no = "False";
+
+void ApplyPort(PortControl& port, std::string_view value) {
+    const int index = port.TX().optPort.Named("Com" + std::string(Trim(value)));
+    if (index < 0) return;
+    port.SetPort(index + 1);
+}
+
+std::string PortValue(PortControl& port) { return PlainNumber(port.TX().Port); }
+
+void ApplyComEnable(PortControl& port, std::string_view value) {
+    if (EqualIgnoringCase(value, yes)) port.SetComEnabled(true);
+    if (EqualIgnoringCase(value, no)) port.SetComEnabled(false);
+}
+
+std::string ComEnableValue(PortControl& port) { return std::string(port.ComEnabled ? yes : no); }
+
+// The members of PortSide that a key stands for.
+using Options = OptionGroup PortSide::*;
+using Chosen = std::string PortSide::*;
+using Box = CheckBox PortSide::*;
+using Side = PortSide& (PortControl::*)();
+
+template <Side side, Options options, Chosen chosen>
+constexpr PortKey Choice(const char* name) {
+    return {name,
+            [](PortControl& port, std::string_view value) {
+                OptionGroup& group = (port.*side)().*options;
+                const int index = group.Named(Trim(value));
+                if (index < 0) return;
+                group.Select(index);
+                (port.*side)().*chosen = group.Text(index);
+                port.UpdateComSettings();
+            },
+            [](PortControl& port) -> std::string { return (port.*side)().*chosen; }};
+}
+
+template <Side side, Box box>
+constexpr PortKey Check(const char* name) {
+    return {name,
+            [](PortControl& port, std::string_view value) {
+                const std::string_view trimmed = Trim(value);
+                if (trimmed != "0" && trimmed != "1") return;
+                ((port.*side)().*box).Value = trimmed == "1" ? 1 : 0;
+                port.UpdateComSettings();
+            },
+            [](PortControl& port) -> std::string { return PlainNumber(((port.*side)().*box).Value.Get()); }};
+}
+
+constexpr PortKey generalKeys[] = {
+    {"Port", ApplyPort, PortValue},
+    {"ComPortEnable", ApplyComEnable, ComEnableValue},
+};
+
+constexpr PortKey transmitKeys[] = {
+    Choice<&PortControl::TX, &PortSide::optBaud, &PortSide::Baud>("BaudTX"),
+    Choice<&PortControl::TX, &PortSide::optParity, &PortSide::Parity>("ParityTX"),
+    Choice<&PortControl::TX, &PortSide::optDataBits, &PortSide::DataBits>("DataBitsTX"),
+    Choice<&PortControl::TX, &PortSide::optStopBits, &PortSide::StopBits>("StopBitsTX"),
+    Check<&PortControl::TX, &PortSide::chkXonXoff>("XonXoffTX"),
+    Check<&PortControl::TX, &PortSide::chkDtrDsr>("DtrDsrTX"),
+    Check<&PortControl::TX, &PortSide::chkRtsCts>("RtsCtsTX"),
+    Check<&PortControl::TX, &PortSide::chkFilter>("TXfilter"),
+};
+
+constexpr PortKey receiveKeys[] = {
+    Choice<&PortControl::RX, &PortSide::optBaud, &PortSide::Baud>("BaudRX"),
+    Choice<&PortControl::RX, &PortSide::optParity, &PortSide::Parity>("ParityRX"),
+    Choice<&PortControl::RX, &PortSide::optDataBits, &PortSide::DataBits>("DataBitsRX"),
+    Choice<&PortControl::RX, &PortSide::optStopBits, &PortSide::StopBits>("StopBitsRX"),
+    Check<&PortControl::RX, &PortSide::chkXonXoff>("XonXoffRX"),
+    Check<&PortControl::RX, &PortSide::chkDtrDsr>("DtrDsrRX"),
+    Check<&PortControl::RX, &PortSide::chkRtsCts>("RtsCtsRX"),
+    Check<&PortControl::RX, &PortSide::chkFilter>("RXfilter"),
+};
+
+}  // namespace
+
+std::span<const PortKey> PortKeysGeneral() { return generalKeys; }
+std::span<const PortKey> PortKeysTransmit() { return transmitKeys; }
+std::span<const PortKey> PortKeysReceive() { return receiveKeys; }
+
+}  // namespace kvt

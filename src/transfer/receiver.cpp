@@ -1,0 +1,190 @@
+#include "transfer/receiver.h"
+
+#include <algorithm>
+
+#include "basic/number.h"
+#include "basic/run_time_error.h"
+#include "basic/text.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr const char* openName = "mnuRX_Click";
+constexpr const char* eventName = "MSComm1_OnComm";
+constexpr const char* importName = "cmdReceiveImport_Click";
+constexpr const char* saveName = "cmdReceiveSave_Click";
+constexpr const char* clipboardName = "LoadClipboardModule";
+
+// What a trimmed text has lost of the beginning of its header, and what makes it a program file without notes.
+constexpr std::string_view fileBeginning = "%\r\n    ";
+
+}  // namespace
+
+Receiver::Receiver(Parts parts) : parts_(parts) {
+    TransferControls& controls = parts_.Controls;
+    for (Menu* entry : {&controls.mnuRX, &controls.RCmnuRX}) entry->OnClick = [this] { mnuRX_Click(); };
+    controls.cmdReceiveImport.OnClick = [this] { cmdReceiveImport_Click(); };
+    controls.cmdReceiveSave.OnClick = [this] { cmdReceiveSave_Click(); };
+    controls.cmdReceiveNew.OnClick = [this] { cmdReceiveNew_Click(); };
+    controls.cmdReceiveExit.OnClick = [this] { cmdReceiveExit_Click(); };
+    parts_.Platform.Port.OnComm = [this](CommEvent event) { MSComm1_OnComm(event); };
+}
+
+Receiver::~Receiver() { parts_.Platform.Port.OnComm = nullptr; }
+
+void Receiver::mnuRX_Click() {
+    if (!parts_.Port.ComEnabled) return;
+    // 1.
+    const bool open = Attempt(openName, [&] {
+        if (!parts_.Port.Port().IsOpen()) parts_.Port.Port().Open();
+    });
+    if (!open) {
+        parts_.Platform.Dialogs.ShowMessage(Notice("port problem"));
+        return;
+    }
+    // 2., 3.
+    Run(parts_.Calls.HideSettings);
+    Run(parts_.Calls.ControlsEnable, 0);
+    ShowView(true);
+    // 4.
+    cmdReceiveNew_Click();
+}
+
+void Receiver::ShowView(bool shown) {
+    for (Frame* frame : parts_.EditorFrames) frame->Visible = !shown;
+    parts_.Controls.frCmdRX.Visible = shown;
+    parts_.Controls.frRXcode.Visible = shown;
+}
+
+void Receiver::MSComm1_OnComm(CommEvent event) {
+    switch (event) {
+        case CommEvent::Send:
+            Attempt(eventName, [&] { parts_.Port.Port().SetSettings(parts_.Port.TX().Settings); });
+            break;
+        case CommEvent::Receive: return TakeCharacters();
+        case CommEvent::Vanished: return parts_.Port.Vanished();
+        case CommEvent::Refused: return parts_.Port.Refused();
+    }
+}
+
+void Receiver::TakeCharacters() {
+    TextBox& box = parts_.Controls.txtRX;
+    // 1. The machine has begun to send.
+    if (!parts_.Controls.frRXcode.Visible) Attempt(eventName, [&] { mnuRX_Click(); });
+    // 2.
+    Attempt(eventName, [&] { parts_.Port.Port().SetSettings(parts_.Port.RX().Settings); });
+    // 3.
+    if (box.ReallyVisible() && box.ReallyEnabled()) parts_.Platform.Focus.SetFocus(box);
+    // 4., 5. What comes always goes to the end, wherever the user has clicked.
+    std::string text;
+    Attempt(eventName, [&] { text = parts_.Port.Port().Input(); });
+    std::erase(text, '\0');
+    box.Append(text);
+    Count(text);
+}
+
+void Receiver::Count(std::string_view text) {
+    for (const char c : text) {
+        if (c == '\r' || (c == '\n' && last_ != '\r')) ++lines_;
+        last_ = c;
+    }
+    characters_ += static_cast<long long>(text.size());
+    ShowCount();
+}
+
+void Receiver::ShowCount() {
+    parts_.Controls.lblReceived.Caption = PlainNumber(std::int64_t{characters_}) + " characters, " +
+                                          PlainNumber(std::int64_t{lines_}) + " lines";
+}
+
+void Receiver::cmdReceiveImport_Click() {
+    FileService& files = parts_.Platform.Files;
+    TextBox& box = parts_.Controls.txtRX;
+    // 1.
+    box.Text = std::string(Trim(box.Text));
+    if (box.Text.Empty()) {
+        parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
+        return;
+    }
+    // 2.
+    const std::string scratch = SettingsFolder + "Receive.txt";
+    if (files.Exists(scratch)) Attempt(importName, [&] { files.Delete(scratch); });
+    Attempt(importName, [&] { files.WriteWhole(scratch, box.Text); });
+    // 3. LoadFile is not to ask.
+    parts_.Store.ProgramChanged = false;
+    std::string name = scratch;
+    parts_.Reader.LoadFile(name);
+    // 4. The program has no file now.
+    if (files.Exists(scratch)) Attempt(importName, [&] { files.Delete(scratch); });
+    parts_.File.dlgFile.FileName.clear();
+    parts_.File.lblPath.Caption = "";
+    parts_.File.lblFileName.Caption = "";
+    // 5.
+    parts_.Store.ProgramChanged = true;
+    // 6.
+    cmdReceiveExit_Click();
+}
+
+void Receiver::cmdReceiveSave_Click() {
+    Services& platform = parts_.Platform;
+    // 1.
+    const std::string text(Trim(parts_.Controls.txtRX.Text));
+    if (text.empty()) {
+        platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
+        return;
+    }
+    // 2. A cancelled dialog gives no name, not that of the program in the editor.
+    FileDialog& dialog = parts_.File.dlgFile;
+    const std::string before = std::exchange(dialog.FileName, {});
+    dialog.CancelError = false;
+    Attempt(saveName, [&] { platform.Dialogs.ShowSave(dialog); });
+    const std::string name = std::exchange(dialog.FileName, before);
+    if (name.empty()) {
+        platform.Dialogs.ShowMessage(Notice(parts_.Language.MessageTexts(text::NoFileSpecified)));
+        return;
+    }
+    // 3., 4. Deleting the old file and writing the new one are one step of the platform.
+    const bool written =
+        Attempt(saveName, [&] { platform.Files.WriteWhole(name, std::string(fileBeginning) + text); });
+    if (!written) {
+        platform.Dialogs.ShowMessage(
+            Notice("The file \"" + name + "\" could not be written. The received code is still here.",
+                   "Save File", Icon::Exclamation));
+    }
+}
+
+void Receiver::cmdReceiveNew_Click() {
+    parts_.Controls.txtRX.Text = "";
+    characters_ = 0;
+    lines_ = 0;
+    last_ = 0;
+    ShowCount();
+}
+
+void Receiver::cmdReceiveExit_Click() {
+    Run(parts_.Calls.ControlsEnable, 1);
+    ShowView(false);
+    cmdReceiveNew_Click();
+    Run(parts_.Calls.cmdReturn_Click);
+    // A transmission keeps the window frozen.
+    if (parts_.Store.TransmitActive) Run(parts_.Calls.ControlsEnable, 0);
+    Run(parts_.Calls.RefreshTitle);
+}
+
+void Receiver::LoadClipboardModule() {
+    const Texts& texts = parts_.Language;
+    // 1.
+    if (parts_.Store.LineCount() > 0 && parts_.Store.ProgramChanged) {
+        const Answer answer = parts_.Platform.Dialogs.ShowMessage(
+            Question(texts.MessageTexts(text::ClearAnyway), texts.MessageTexts(text::ClearTitle)));
+        if (answer == Answer::No) return;
+    }
+    // 2.
+    Attempt(clipboardName,
+            [&] { parts_.Controls.txtRX.Text = std::string(Trim(parts_.Platform.Clipboard.GetText())); });
+    // 3.
+    cmdReceiveImport_Click();
+}
+
+}  // namespace kvt

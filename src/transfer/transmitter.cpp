@@ -1,0 +1,192 @@
+#include "transfer/transmitter.h"
+
+#include <cmath>
+
+#include "basic/number.h"
+#include "basic/run_time_error.h"
+#include "basic/stack_guard.h"
+#include "files/cnc_format.h"
+#include "transfer/outgoing_lines.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr const char* transmitName = "mnuTX_Click";
+
+struct Amount {
+    int Lines = 0;
+    std::size_t Characters = 0;
+};
+
+Amount AmountOf(std::string_view text, bool filter) {
+    Amount amount;
+    OutgoingLines lines(text, filter);
+    for (std::string line; lines.Next(line); ++amount.Lines)
+        amount.Characters += line.size() + cnc::LineEnd.size();
+    return amount;
+}
+
+// "1:05" of seconds.
+std::string MinutesText(double seconds) {
+    const int whole = ToLong(std::ceil(seconds));
+    return PlainNumber(whole / 60) + ":" + Format(whole % 60, "00");
+}
+
+}  // namespace
+
+Transmitter::Transmitter(Parts parts) : parts_(parts) {
+    for (Menu* entry : {&parts_.Controls.mnuTX, &parts_.Controls.RCmnuTX})
+        entry->OnClick = [this] { mnuTX_Click(); };
+}
+
+void Transmitter::Attempt(const std::function<void()>& statement) {
+    // The end of the file is the normal end.
+    parts_.Port.AttemptPort(transmitName, statement,
+                            [](int number) { return number == fault::InputPastEnd; });
+}
+
+void Transmitter::mnuTX_Click() {
+    const StackGuard guard(sending_);
+    if (!guard.Entered()) return;
+    ProgramStore& store = parts_.Store;
+    // 1.
+    if (store.LineCount() < 1) {
+        parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
+        return;
+    }
+    // 2.
+    if (!parts_.Port.ComEnabled) return parts_.Platform.System.Beep();
+    // 3.
+    Attempt([&] {
+        if (!parts_.Port.Port().IsOpen()) parts_.Port.Port().Open();
+    });
+    // 4.
+    store.TransmitActive = true;
+    parts_.Port.HasVanished = false;
+    lastLine_.clear();
+    const int selected = store.lvCncProgram.SelectedRow();
+    // 5., 6.
+    parts_.Writer.AddEndCode();
+    Freeze();
+    // 7. to 11.
+    Send(ScratchText());
+    // 12.
+    if (parts_.Platform.Files.Exists(scratch_)) Attempt([&] { parts_.Platform.Files.Delete(scratch_); });
+    Attempt([&] { store.lvCncProgram.Select(selected); });
+    Attempt([&] { store.lvCncProgram.EnsureVisible(selected); });
+    store.lvCncProgram.RowsChanged();
+    Thaw();
+    TellVanished();
+    parts_.Port.TellPending();
+}
+
+void Transmitter::Freeze() {
+    Run(parts_.Calls.HideSettings);
+    Run(parts_.Calls.ControlsEnable, 0);
+    Run(parts_.Calls.ControlsPositioning);
+    parts_.Controls.frTransmit.Visible = true;
+    Form& form = parts_.cmdStop.OwningForm();
+    form.MousePointer = pointer::ArrowAndHourglass;
+    parts_.Store.lvCncProgram.MousePointer = pointer::ArrowAndHourglass;
+    parts_.tmr1sec.Enabled = false;
+}
+
+void Transmitter::Thaw() {
+    parts_.tmr1sec.Enabled = true;
+    Form& form = parts_.cmdStop.OwningForm();
+    form.MousePointer = pointer::Usual;
+    parts_.Store.lvCncProgram.MousePointer = pointer::Usual;
+    parts_.Controls.frTransmit.Visible = false;
+    parts_.cmdStop.Visible = false;
+    Run(parts_.Calls.cmdReturn_Click);
+    parts_.Store.TransmitActive = false;
+    Run(parts_.Calls.ControlsPositioning);
+    Run(parts_.Calls.ControlsEnable, 1);
+    // What has come meanwhile has brought up the receive view, which keeps the window frozen.
+    if (parts_.Controls.frRXcode.Visible) Run(parts_.Calls.ControlsEnable, 0);
+}
+
+// Through a file the bytes are those of a save. A text that could not be written is not sent: what lies there then
+// is another one.
+std::string Transmitter::ScratchText() {
+    FileService& files = parts_.Platform.Files;
+    scratch_ = SettingsFolder + "Transmit.txt";
+    if (files.Exists(scratch_)) Attempt([&] { files.Delete(scratch_); });
+    bool written = false;
+    Attempt([&] {
+        files.WriteWhole(scratch_, parts_.Writer.GenerateAll());
+        written = true;
+    });
+    std::string text;
+    if (written) Attempt([&] { text = files.ReadWhole(scratch_); });
+    return text;
+}
+
+void Transmitter::Send(std::string_view text) {
+    const bool filter = parts_.Port.TX().chkFilter.Value != 0;
+    Amount left = AmountOf(text, filter);
+    const int all = left.Lines;
+    OutgoingLines lines(text, filter);
+    for (std::string line; lines.Next(line); --left.Lines) {
+        if (!parts_.Store.TransmitActive) {
+            SendUnits();
+            break;
+        }
+        ShowProgress(all - left.Lines + 1, all, left.Characters);
+        if (!Give(line)) Stop();
+        if (parts_.Port.HasVanished) break;
+        left.Characters -= line.size() + cnc::LineEnd.size();
+    }
+    SerialPort& port = parts_.Port.Port();
+    parts_.Platform.System.WaitUntil([&] { return port.MillisecondsLeft(); });
+}
+
+// Gives one line to the port and waits for it, but for the little that the next one is to be early. False when the
+// program has ended.
+bool Transmitter::Give(std::string_view line) {
+    SerialPort& port = parts_.Port.Port();
+    // The settings that a reception has left would spoil it.
+    Attempt([&] { port.SetSettings(parts_.Port.TX().Settings); });
+    Attempt([&] {
+        port.Output(std::string(line) + std::string(cnc::LineEnd));
+        lastLine_ = line;
+    });
+    ShowRow(line);
+    return parts_.Platform.System.WaitUntil([&] { return port.MillisecondsLeft() - port.Lead(); });
+}
+
+void Transmitter::ShowRow(std::string_view line) {
+    ListView& list = parts_.Store.lvCncProgram;
+    int row = 0;
+    Attempt([&] { row = RowOfLine(line, parts_.Store.IsMK2()); });
+    // Line 00 stands in row 1, which is not shown: deliberate.
+    if (row <= 1) return;
+    Attempt([&] { list.EnsureVisible(row); });
+    Attempt([&] { list.Select(row); });
+}
+
+// The control's reception ends with the units.
+void Transmitter::SendUnits() {
+    const std::string units = (parts_.Store.Metric ? "M" : "\"") + std::string(cnc::LineEnd);
+    Attempt([&] { parts_.Port.Port().Output(units); });
+}
+
+void Transmitter::ShowProgress(int line, int lines, std::size_t charactersLeft) {
+    TransferControls& controls = parts_.Controls;
+    controls.prgTransmit.Max = lines;
+    controls.prgTransmit.SetValue(line);
+    controls.lblTransmitLine.Caption = "Line " + PlainNumber(line) + " of " + PlainNumber(lines);
+    const double each = parts_.Port.Port().Line().CharacterMilliseconds();
+    controls.lblTransmitLeft.Caption = MinutesText(static_cast<double>(charactersLeft) * each / 1000) +
+                                       " left at " + parts_.Port.TX().Baud + " baud";
+}
+
+void Transmitter::TellVanished() {
+    if (!parts_.Port.HasVanished) return;
+    parts_.Platform.Dialogs.ShowMessage(Notice(
+        "The serial port " + parts_.Port.PortName() + " has gone. The last line sent was:\r\n" + lastLine_,
+        "Serial port", Icon::Exclamation));
+}
+
+}  // namespace kvt

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "files/cnc_writer.h"
+#include "transfer/port_control.h"
+
+namespace kvt {
+
+// Sends the program to the machine, line by line at the machine's pace: it has no handshake and acknowledges
+// nothing. Each line is given as a whole and waited for, so that the selected row is the one on the wire.
+class Transmitter {
+public:
+    struct Parts {
+        ProgramStore& Store;
+        TransferControls& Controls;
+        PortControl& Port;
+        CncWriter& Writer;
+        // The pulse of the window, which stands still meanwhile, and the button that stops.
+        Timer& tmr1sec;
+        CommandButton& cmdStop;
+        const Texts& Language;
+        Services& Platform;
+        WorkbenchCalls& Calls;
+    };
+    explicit Transmitter(Parts parts);
+
+    // The folder of the scratch file, with a separator at its end.
+    std::string SettingsFolder;
+
+    // Called while one stands already it does nothing.
+    void mnuTX_Click();
+    // What a click on cmdStop adds: the line on the wire is the last one, and the units mark ends the reception.
+    void Stop() { parts_.Store.TransmitActive = false; }
+
+private:
+    void Attempt(const std::function<void()>& statement);
+    void Freeze();
+    void Thaw();
+    std::string ScratchText();
+    void Send(std::string_view text);
+    void SendUnits();
+    bool Give(std::string_view line);
+    void ShowRow(std::string_view line);
+    void ShowProgress(int line, int lines, std::size_t charactersLeft);
+    void TellVanished();
+
+    Parts parts_;
+    std::string scratch_;
+    std::string lastLine_;
+    bool sending_ = false;
+};
+
+}  // namespace kvt

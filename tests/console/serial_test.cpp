@@ -1,0 +1,131 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <thread>
+
+#include "basic/text.h"
+#include "console/played_machine.h"
+#include "console/serial_commands.h"
+
+namespace kvt::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::vector<std::string> Samples() {
+    std::vector<std::string> files;
+    for (const auto& entry : fs::directory_iterator(KVT_SOURCE_DIR "/samples"))
+        if (entry.path().extension() == ".cnc") files.push_back(entry.path().string());
+    return files;
+}
+
+// The lines that go over the wire, by the plain rule.
+std::string Expected(const std::string& file, bool filter, bool fromMachine) {
+    std::string expected;
+    bool begun = !filter;
+    for (std::string_view line : Split(file, "\r\n")) {
+        if (!begun && line != "%") continue;
+        if (!(fromMachine && line == "%") && !line.empty() && line[0] != ';')
+            expected += std::string(filter ? line.substr(0, 30) : line) + "\r\n";
+        begun = true;
+    }
+    return expected;
+}
+
+constexpr double haste = 1000;
+
+}  // namespace
+
+TEST(SerialTest, EverySampleCrossesAPseudoTerminalByteForByte) {
+    constexpr const char* settings[] = {"110,N,8,1",  "300,N,8,1",  "600,N,8,1", "1200,N,8,2",
+                                        "2400,N,8,1", "4800,N,8,1", "9600,N,8,1"};
+    std::size_t next = 0;
+    for (const std::string& sample : Samples()) {
+        for (const bool filter : {true, false}) {
+            const PseudoTerminal terminal;
+            SerialBench bench(terminal.Path(), settings[next++ % std::size(settings)], haste);
+            std::string name = sample;
+            ASSERT_EQ(bench.Bench->Reader.LoadFile(name), LoadResult::Loaded);
+            bench.Bench->Writer.AddEndCode();
+            bench.Bench->Transfer.TX.chkFilter.Value = filter ? 1 : 0;
+            const std::string file = bench.Bench->Writer.GenerateAll();
+            const std::string expected = Expected(file, filter, false);
+            bench.Port.Open();
+            std::string arrived;
+            bool over = false;
+            bench.System.OnLook = [&] {
+                char piece[4096];
+                const ssize_t size = read(terminal.Handle(), piece, sizeof piece);
+                if (size > 0) arrived.append(piece, static_cast<std::size_t>(size));
+            };
+            bench.Bench->Transmit.mnuTX_Click();
+            bench.System.OnLook();
+            EXPECT_TRUE(arrived == expected) << sample << (filter ? " filtered" : "");
+            if (!filter) continue;
+
+            PlayedMachine::Line line;
+            line.Handle = terminal.Handle();
+            line.Haste = haste;
+            PlayedMachine machine(line);
+            std::thread other([&] {
+                machine.Give(file);
+                over = true;
+            });
+            const std::string sent = Expected(file, true, true);
+            bench.System.OnLook = nullptr;
+            const std::string& received = bench.Bench->Transfer.txtRX.Text.Get();
+            for (int looks = 0; received.size() < sent.size() && looks < 10'000; ++looks) bench.Port.Serve(5);
+            other.join();
+            EXPECT_TRUE(over && received == sent) << sample;
+        }
+    }
+}
+
+TEST(SerialTest, ThePlayedMachineTakesUpToTheUnitsMarkAndCanDrop) {
+    const PseudoTerminal terminal;
+    SerialBench bench(terminal.Path(), "300,N,8,1", haste);
+    bench.Port.Open();
+    PlayedMachine::Line line;
+    line.Handle = terminal.Handle();
+    line.Haste = haste;
+    std::string received;
+    bench.Port.Output("notes with M\r\n%\r\n    00M30\r\n   M\r\nmore");
+    EXPECT_EQ(PlayedMachine(line).Take(received), TransferEnd::Well);
+    EXPECT_EQ(received.substr(0, 37), "notes with M\r\n%\r\n    00M30\r\n   M\r\n");
+    line.DropAfter = 3;
+    bench.Port.Output("12345");
+    received.clear();
+    EXPECT_EQ(PlayedMachine(line).Take(received), TransferEnd::Dropped);
+
+    struct Case {
+        const char* Line;
+        bool InProgram, Ends;
+    };
+    for (const Case& one : {Case{"   M", true, true}, Case{"   \"I", true, true}, Case{"M-", false, true},
+                            Case{"    00M30", true, false}, Case{"MM", true, false}, Case{"", true, false},
+                            Case{"    00 00  1000    100          Mill", true, true},
+                            Case{"a note of more than thirty letters M", false, false}})
+        EXPECT_EQ(EndsReception(one.Line, one.InProgram), one.Ends) << one.Line;
+}
+
+TEST(SerialTest, ADeviceBelongsToOneProgram) {
+    const PseudoTerminal terminal;
+    PosixPort first({terminal.Path()});
+    PosixPort second({terminal.Path(), "/dev/null", "/no/such/device"});
+    first.Open();
+    for (int number = 1; number <= 4; ++number) {
+        second.SetCommPort(number);
+        EXPECT_THROW(second.Open(), RunTimeError) << number;
+    }
+    EXPECT_THROW(second.SetCommPort(5), RunTimeError);
+    EXPECT_THROW(second.Output("x"), RunTimeError);
+    // A pseudo-terminal has eight bits and no parity.
+    std::vector<CommEvent> events;
+    first.OnComm = [&](CommEvent event) { events.push_back(event); };
+    first.SetSettings("300,E,7,2");
+    EXPECT_EQ(events, std::vector<CommEvent>{CommEvent::Refused});
+}
+
+}  // namespace kvt::test

@@ -1,0 +1,173 @@
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <cstdlib>
+#include <random>
+#include <sstream>
+
+#include "shell/workbench.h"
+#include "test_window.h"
+
+namespace kvt::test {
+namespace {
+
+// The whole workbench in a real window, with data of its own.
+class DesktopWorkbench : public ::testing::Test {
+protected:
+    DesktopWorkbench() { qputenv("XDG_DATA_HOME", data_.path().toLocal8Bit()); }
+
+    void Open(const std::string& file) {
+        bench.Form_Load(file);
+        for (Form* form : bench.Forms())
+            windows.push_back(std::make_unique<FormView>(platform.Desktop, *form));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&windows.front()->Window()));
+        QTest::qWait(1);
+    }
+    void Key(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) {
+        QWidget* const focus = QApplication::focusWidget();
+        QTest::keyClick(focus ? focus : &windows.front()->Window(), key, held);
+        QCoreApplication::processEvents();
+    }
+    // The text of a script: \r is Enter.
+    void Type(const std::string& text) {
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            if (text.compare(i, 2, "\\r") == 0) {
+                ++i;
+                Key(Qt::Key_Enter, Qt::KeypadModifier);
+                continue;
+            }
+            QTest::keyClick(QApplication::focusWidget(), text[i]);
+            QCoreApplication::processEvents();
+        }
+    }
+    // Does something to the dialog that the next key brings up, as soon as it is there.
+    template <class Dialog, class Act>
+    void WhenShown(Act act) {
+        auto* look = new QTimer(qApp);
+        QObject::connect(look, &QTimer::timeout, look, [look, act] {
+            auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+            if (!dialog || !dialog->isVisible()) return;
+            look->deleteLater();
+            act(*dialog);
+        });
+        look->start(20);
+    }
+    Control* Focused() { return platform.Services.Focus.Focused(); }
+
+    FaultPlan faults;
+    DiskFiles files{faults};
+    DesktopPlatform platform{files, 1};
+    Workbench bench{platform.Services};
+    std::vector<std::unique_ptr<FormView>> windows;
+    QTemporaryDir data_;
+};
+
+// The keys are those of the story that types a sample into the workbench without a display.
+TEST_F(DesktopWorkbench, AWholeProgramIsTypedByKeysAlone) {
+    Open("");
+    EXPECT_EQ(Focused(), &bench.Entry.txtGMcode);
+    std::istringstream story(files.ReadWhole(KVT_SOURCE_DIR "/tests/scripts/type_a_program.kvts"));
+    for (std::string line; std::getline(story, line);) {
+        if (line.starts_with("type ")) Type(line.substr(5));
+        if (line == "press Backspace") Key(Qt::Key_Backspace);
+        if (line == "press Enter") Key(Qt::Key_Enter, Qt::KeypadModifier);
+    }
+    EXPECT_EQ(bench.Store.LineCount(), 45);
+    EXPECT_TRUE(bench.Store.EndCodePresent);
+    EXPECT_EQ(bench.Store.ErrorRow, 0);
+
+    const std::string name = data_.filePath("typed.cnc").toStdString();
+    WhenShown<QFileDialog>([&](QFileDialog& dialog) {
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(name));
+        dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
+    });
+    // The menus follow within a second.
+    const auto canSave = [&] { return bench.Main.mnuSave.Enabled.Get(); };
+    ASSERT_TRUE(QTest::qWaitFor(canSave));
+    Key(Qt::Key_S, Qt::ControlModifier);
+    const std::string sample = files.ReadWhole(KVT_SOURCE_DIR "/samples/mk4_bolt.cnc");
+    ASSERT_TRUE(files.Exists(name));
+    EXPECT_EQ(files.ReadWhole(name), sample.substr(sample.find('%')));
+    EXPECT_FALSE(bench.Store.ProgramChanged);
+
+    // Open a line, leave it, insert and delete, all by keys.
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&windows.front()->Window()));
+    Key(Qt::Key_Up);
+    EXPECT_EQ(Focused(), &bench.Store.lvCncProgram);
+    Key(Qt::Key_Home);
+    Key(Qt::Key_F2);
+    EXPECT_EQ(bench.Entry.txtXI.Text.Get(), "4000");
+    EXPECT_EQ(Focused(), &bench.Entry.txtGMcode);
+    Key(Qt::Key_Insert);
+    EXPECT_EQ(bench.Store.LineCount(), 46);
+    WhenShown<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(bench.Store.LineCount(), 45);
+    // Saved under its name, left without a question.
+    ASSERT_TRUE(QTest::qWaitFor(canSave));
+    Key(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_FALSE(bench.Store.ProgramChanged);
+    EXPECT_EQ(files.ReadWhole(name), sample.substr(sample.find('%')));
+    windows.front()->Window().close();
+    EXPECT_FALSE(windows.front()->Window().isVisible());
+}
+
+// KVT_MONKEY_EVENTS lets it go on for longer.
+TEST_F(DesktopWorkbench, AMonkeyBreaksNothing) {
+    const char* const wanted = std::getenv("KVT_MONKEY_EVENTS");
+    const int events = wanted ? std::atoi(wanted) : 400;
+    const std::string name = data_.filePath("lid.cnc").toStdString();
+    files.WriteWhole(name, files.ReadWhole(KVT_SOURCE_DIR "/samples/f1_lid.cnc"));
+    Open("");
+    std::string file = name;
+    bench.Reader.LoadFile(file);
+    std::mt19937 random(7);
+    const auto below = [&](int bound) { return static_cast<int>(random() % static_cast<unsigned>(bound)); };
+    // Whatever dialog comes up is answered.
+    QTimer answers;
+    QObject::connect(&answers, &QTimer::timeout, &answers, [&] {
+        if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+        QWidget* const modal = QApplication::activeModalWidget();
+        if (auto* box = qobject_cast<QMessageBox*>(modal)) {
+            const auto buttons = box->buttons();
+            buttons[below(static_cast<int>(buttons.size()))]->click();
+        } else if (auto* dialog = qobject_cast<QDialog*>(modal)) {
+            dialog->reject();
+        }
+    });
+    answers.start(5);
+    constexpr char letters[] = "0123456789012345678901234567890GM-+*/P. ,AR%\x7Exy";
+    constexpr Qt::Key keys[] = {Qt::Key_Enter,  Qt::Key_Return, Qt::Key_Tab,     Qt::Key_Backtab,
+                                Qt::Key_Escape, Qt::Key_Up,     Qt::Key_Down,    Qt::Key_Left,
+                                Qt::Key_Right,  Qt::Key_Home,   Qt::Key_End,     Qt::Key_Insert,
+                                Qt::Key_Delete, Qt::Key_F2,     Qt::Key_F1,      Qt::Key_F5,
+                                Qt::Key_F6,     Qt::Key_PageUp, Qt::Key_PageDown};
+    QWidget& main = windows.front()->Window();
+    for (int event = 0; event < events && main.isVisible(); ++event) {
+        QWidget* const focus = QApplication::focusWidget();
+        QWidget* const target = focus ? focus : &main;
+        const int kind = below(10);
+        if (kind < 5) {
+            QTest::keyClick(target, letters[below(sizeof letters - 1)]);
+        } else if (kind < 8) {
+            QTest::keyClick(target, keys[below(std::size(keys))]);
+        } else {
+            const QPoint at(below(main.width()), below(main.height()));
+            QWidget* const under = main.childAt(at);
+            const bool right = below(5) == 0;
+            if (under && under->window() == &main) {
+                QTest::mouseClick(under, right ? Qt::RightButton : Qt::LeftButton, {},
+                                  under->mapFrom(&main, at));
+            }
+        }
+        QCoreApplication::processEvents();
+        ASSERT_LE(bench.Store.lvCncProgram.Count() - bench.Store.LineCount(), 1);
+    }
+}
+
+}  // namespace
+}  // namespace kvt::test

@@ -1,0 +1,133 @@
+#include "files/settings_file.h"
+
+#include "basic/text.h"
+#include "support/bench_fixture.h"
+
+namespace kvt::test {
+
+namespace {
+
+// What a reader of values makes of a text: the value as text, or the number of the error.
+template <class Read>
+std::string Outcome(Read read, std::string_view text) {
+    try {
+        return read(text);
+    } catch (const RunTimeError& error) {
+        return "error " + std::to_string(error.Number);
+    }
+}
+
+}  // namespace
+
+TEST(SettingsFileTest, ValuesAreReadOrRefused) {
+    const auto truth = [](std::string_view text) { return TrueOrFalse(TrueOrFalse(text)); };
+    const auto box = [](std::string_view text) { return std::to_string(ZeroOrOne(text)); };
+    const auto color = [](std::string_view text) { return ColorText(ColorOf(text)); };
+    const auto window = [](std::string_view text) { return WindowText(WindowPlaceOf(text)); };
+    EXPECT_EQ(Outcome(truth, "tRUE"), "True");
+    for (const char* text : {"", "1", "True "}) EXPECT_EQ(Outcome(truth, text), "error 13") << text;
+    EXPECT_EQ(Outcome(box, "1"), "1");
+    EXPECT_EQ(Outcome(box, "2"), "error 6");
+    EXPECT_EQ(Outcome(box, "on"), "error 13");
+    EXPECT_EQ(Outcome(color, "&h00ff"), "&HFF");
+    EXPECT_EQ(Outcome(color, "&HFFFFFF"), "&HFFFFFF");
+    for (const char* text : {"&H1000000", "&H123456789"}) EXPECT_EQ(Outcome(color, text), "error 6") << text;
+    for (const char* text : {"&H", "&H-1", "&HFG", "255", ""})
+        EXPECT_EQ(Outcome(color, text), "error 13") << text;
+    EXPECT_EQ(Outcome(window, "1,-2, 3 ,4.5,Active"), "1, -2, 3, 4");  // halves to even
+    EXPECT_EQ(Outcome(window, "1,2,3"), "error 9");
+    EXPECT_EQ(Outcome(window, "1,2,x,4"), "error 13");
+    EXPECT_EQ(Outcome(window, "1,2,3,1000001"), "error 6");
+}
+
+TEST(SettingsFileTest, ABadValueCostsItselfOrWhatFollows) {
+    const auto read = [](SettingsFile::BadValue after) {
+        SettingsFile file("DRAW", DrawSettingKeys());
+        bool radii = true;
+        bool grid = true;
+        file.Bind(
+            "Radii", [&](const std::string& v) { radii = TrueOrFalse(v); },
+            [&] { return TrueOrFalse(radii); });
+        file.Bind(
+            "grid", [&](const std::string& v) { grid = TrueOrFalse(v); }, [&] { return TrueOrFalse(grid); });
+        file.Read("\xEF\xBB\xBF=\r\n Radii = False\r\nRadii=?\rGRID=False\r\nToolWidth=kept\n",
+                  "LoadSettings", after);
+        return file.Text();
+    };
+    EXPECT_EQ(
+        read(SettingsFile::BadValue::SkipsItsLine),
+        ";KVT 1.0.0 DRAW SETTINGS user file\r\n\r\n;Checks Draw Mode\r\nRadii=False\r\nToolWidth=kept\r\n"
+        "ToolCenter=True\r\nFillCycles=False\r\nProgram=False\r\nGrid=False\r\nBackground=False\r\n"
+        "AutoRedraw=True\r\n\r\n;Windows Parameters HLTW\r\nDrawWindow=9999, 9999, 9999, 9999\r\n"
+        "ProgramWindow=3000, 0, 0, 11790, Inactive\r\n");
+    const std::string stopped = read(SettingsFile::BadValue::EndsTheReading);
+    EXPECT_NE(stopped.find("Radii=False\r\nToolWidth=True\r\n"), std::string::npos);
+    EXPECT_NE(stopped.find("\r\nGrid=True\r\n"), std::string::npos);
+    SettingsFile file("DRAW", DrawSettingKeys());
+    EXPECT_THROW(file.Bind("Gird", {}, {}), RunTimeError);
+}
+
+class StartTest : public BenchTest {
+protected:
+    // Starts the program in a data folder; what it tells then.
+    std::string Start(const std::string& data) {
+        Platform.System.DataFolder = data;
+        Bench->Form_Load("");
+        std::string told;
+        for (const MessageBox& box : Platform.Dialogs.Shown) told += box.Text + "|";
+        Platform.Dialogs.Shown.clear();
+        return told;
+    }
+};
+
+TEST_F(StartTest, WithoutResetCopiesTheBuiltInValuesServe) {
+    EXPECT_EQ(Start(Folder), "");
+    EXPECT_TRUE(Bench->frmMain.Visible);
+    EXPECT_EQ(Bench->frmMain.Left, 7500);
+    EXPECT_EQ(Bench->Store.LimitValues(limit::N499), 499);
+    EXPECT_EQ(Bench->Platform.Focus.Focused(), &Bench->Entry.txtGMcode);
+    Bench->Window.mnuExit_Click();
+    // Values in force at the first end are those of the reset copy, but for the place.
+    BringResetCopies(Platform.Files, Folder);
+    const std::string folder = "EMCO/KVT_100/Settings/";
+    std::string reset = FileContent(folder + "SettingsEditorReset.txt");
+    EXPECT_EQ(Replace(reset, "8720, 0, 0, 13800", "8720, 7500, 3740, 13800"),
+              FileContent(folder + "SettingsEditor.txt"));
+    Platform.Files.WriteWhole(Path(folder + "SettingsDrawReset.txt"), "own");
+    BringResetCopies(Platform.Files, Folder);
+    EXPECT_EQ(FileContent(folder + "SettingsDrawReset.txt"), "own");
+}
+
+TEST_F(StartTest, AFolderThatCannotBeMadeIsToldOfOnce) {
+    Platform.Files.WriteWhole(Path("file"), "");
+    BringResetCopies(Platform.Files, Path("file"));
+    EXPECT_EQ(Start(Path("file")),
+              "Settings and unsaved programs cannot be kept. This folder cannot be written: " +
+                  Path("file/EMCO/KVT_100/|"));
+    ASSERT_EQ(Load(FileText("MK4", {{"M30"}})), LoadResult::Loaded);
+    Bench->Store.ProgramChanged = true;
+    Platform.System.Watch(Bench->frmMain);
+    Platform.System.Advance(2000);
+    Platform.Dialogs.Answers = {Answer::No};
+    Bench->Window.mnuExit_Click();
+    ASSERT_EQ(Platform.Dialogs.Shown.size(), 1u);
+    EXPECT_EQ(Platform.Dialogs.Shown[0].Text, "Do you want to save the open file now?");
+    EXPECT_TRUE(Platform.System.Ended);
+}
+
+TEST_F(StartTest, SettingsOfAnyBytesStart) {
+    const std::string folder = "EMCO/KVT_100/Settings/";
+    Platform.Files.MakeFolder(Path(folder));
+    std::string bytes;
+    for (unsigned i = 0; i < 3'000'000; ++i) bytes += static_cast<char>((i * 2654435761u) >> 13);
+    for (int i = 0; i < 100'000; ++i) bytes += "\rPort=\rFeedA=9e99\rGcode=x";
+    bytes += "\r\nLanguageFileName=" + Path(folder + "SettingsEditor.txt") + "\r\nFeedB=7";
+    Platform.Files.WriteWhole(Path(folder + "SettingsEditor.txt"), bytes);
+    Platform.Files.WriteWhole(Path("EMCO/KVT_100/Recovery.txt"), bytes);
+    EXPECT_EQ(Start(Folder), "");
+    EXPECT_EQ(Bench->Entry.txtFeedB.Text, "    7");
+    EXPECT_LT(Bench->Log.Records().size(), 400u);
+    EXPECT_EQ(FileContent("EMCO/KVT_100/Recovery.old.txt"), bytes);
+}
+
+}  // namespace kvt::test

@@ -1,0 +1,165 @@
+#include "shell/language_tables.h"
+#include "support/bench_fixture.h"
+
+#include "basic/code_page.h"
+#include "basic/text.h"
+
+namespace kvt::test {
+
+namespace {
+
+// A module of lines.
+std::string Module(const std::string& lines) {
+    return "[Kestrel Vise Toolkit, Language Resource]\r\n" + Replace(lines, "\n", "\r\n");
+}
+
+template <class... Kinds>
+std::string CaptionAs(const Control& control) {
+    std::string caption;
+    const auto take = [&](const auto* one) {
+        if (one) caption = one->Caption.Get();
+    };
+    (take(dynamic_cast<const Kinds*>(&control)), ...);
+    return caption;
+}
+
+class LanguageTest : public BenchTest {
+protected:
+    void LoadModule(const std::string& bytes) {
+        Platform.Files.WriteWhole(Path("module.txt"), bytes);
+        std::string name = Path("module.txt");
+        EXPECT_EQ(Bench->Reader.LoadFile(name), LoadResult::LanguageModule);
+    }
+    // Every text that a module can set, one a line.
+    std::string AllTexts() const {
+        std::string all;
+        for (const Control* control : Bench->frmMain.Controls()) {
+            all += control->Name() + "|" + control->ToolTip.Get() + "|";
+            all += CaptionAs<CommandButton, Label, Menu, Frame, CheckBox, OptionButton>(*control);
+            if (const auto* list = dynamic_cast<const ListBox*>(control)) {
+                for (const std::string& entry : list->Entries()) all += entry + "|";
+            }
+            all += "\n";
+        }
+        for (const TableSection& section : TableSections()) {
+            const TextTable& table = Bench->Language.*section.Table;
+            for (int i = 1; i <= table.Size(); ++i) all += std::string(Trim(table(i))) + "\n";
+        }
+        for (int header = 1; header <= SubItemCount; ++header)
+            all += Bench->Store.lvCncProgram.Header(header).Text + "\n";
+        for (const std::string& tab : Bench->Main.tabSettings.Captions) all += tab + "\n";
+        return all + Bench->Language.ErrorHeaderText + Bench->Language.EntryCaption;
+    }
+    std::size_t FailuresOf(const char* procedure) const {
+        std::size_t count = 0;
+        for (const ErrorLog::Record& record : Bench->Log.Records())
+            count += record.Procedure == procedure ? 1 : 0;
+        return count;
+    }
+};
+
+}  // namespace
+
+TEST_F(LanguageTest, TheModuleThatIsWrittenChangesNothing) {
+    const std::string before = AllTexts();
+    const std::string module = Bench->Modules.WriteModule();
+    LoadModule(module);
+    EXPECT_EQ(AllTexts(), before);
+    EXPECT_EQ(Bench->Language.LanguageName, "English");
+    EXPECT_EQ(Bench->Modules.WriteModule(), module);
+    EXPECT_EQ(FailuresOf("LoadLanguageModule"), 0u);
+}
+
+TEST_F(LanguageTest, GermanTranslatesEveryText) {
+    const LanguageModule english = ReadLanguageModule(Bench->Modules.WriteModule());
+    const std::string bytes = Platform.Files.ReadWhole(KVT_SOURCE_DIR "/languages/Deutsch.txt");
+    const LanguageModule german = ReadLanguageModule(bytes);
+    EXPECT_FALSE(IsUtf8(bytes));
+    ASSERT_EQ(german.Sections.size(), english.Sections.size());
+    for (std::size_t i = 0; i < german.Sections.size(); ++i) {
+        const LanguageSection& section = german.Sections[i];
+        SCOPED_TRACE(section.Name);
+        EXPECT_EQ(section.Name, english.Sections[i].Name);
+        ASSERT_EQ(section.Lines.size(), english.Sections[i].Lines.size());
+        for (std::size_t k = 0; k < section.Lines.size(); ++k) {
+            const LanguageLine& line = english.Sections[i].Lines[k];
+            EXPECT_EQ(section.Lines[k].Key, line.Key);
+            EXPECT_EQ(section.Lines[k].Value.empty(), line.Value.empty() && line.Key != "Translated by")
+                << line.Key;
+            // Findings are known by their mark.
+            EXPECT_EQ(section.Lines[k].Value.substr(0, 1) == "!", line.Value.substr(0, 1) == "!") << line.Key;
+        }
+    }
+}
+
+TEST_F(LanguageTest, SectionsKeysAndOrder) {
+    ASSERT_EQ(Load(FileText("MK4", {{"92", "100", "", "100"}, {"77"}, {"M30"}})), LoadResult::Loaded);
+    Bench->View.chkViewGcode.Value = 1;
+    Bench->Options.chkViewGcode_Click();
+    const std::string header = Bench->Store.lvCncProgram.Header(3).Text;
+    LoadModule(
+        Module("[SYSTEM variables]\nLanguage name = Test\nTranslated by=Me\n"
+               "[Frame View]\nTOOL POSITION= Ort \nFile Notes=\nGcode\n;View=no\nNonsense=1\n"
+               "[frame entry]\nParameters=Eingabe\n[Settings]\nMachine=Maschine\nInfo=x\n"
+               "[Error Messages]\na=one=1\nb=\nc=[three]\n"
+               "[Column Headers]\nN=Nr\nG=\n3=\n4=\n5=\n6=\n7=\n8=Fehler\n"
+               "[G-code MK4]\nG00=Eil\nx=\nG02=Kreis\n[M-Code MK4]\n" +
+               std::string("1=\n2=\n3=\n4=\n5=\n6=\n7=\n8=\n9=\n10=\n11=Schluss\n") +
+               "[Toolbar]\nOpen File=Auf\n[DRAW Menu View]\nView=Blick\nBackground=Grund\n"));
+    EXPECT_EQ(Bench->View.chkViewToolPos.Caption, "Ort");
+    EXPECT_EQ(Bench->View.chkViewFileNotes.Caption, "File Notes");
+    EXPECT_EQ(Bench->View.chkViewGcode.Caption, "Gcode");
+    EXPECT_EQ(Bench->Main.frView.Caption, "View");
+    EXPECT_EQ(Bench->Language.EntryCaption, "Eingabe");
+    EXPECT_EQ(Bench->Main.mnuMachine.Caption, "Maschine");
+    EXPECT_EQ(Bench->Main.tabSettings.Captions[settings_page::Machine], "Maschine");
+    EXPECT_EQ(Bench->Language.ErrorTexts(1), "one=1");
+    EXPECT_EQ(Bench->Language.ErrorTexts(3), "three");
+    EXPECT_EQ(Bench->Language.DrawViewTexts(2), "Grund");  // by its order, whatever the key
+    const ListView& list = Bench->Store.lvCncProgram;
+    EXPECT_EQ(list.Header(2).Text, "Nr");
+    EXPECT_EQ(list.Header(3).Text, header);
+    EXPECT_EQ(Bench->Language.ErrorHeaderText, "Fehler");
+    EXPECT_EQ(Bench->Lists.lstMK4Gcodes.Entry(0), "G00 \tEil");
+    EXPECT_EQ(Bench->Lists.lstMK4Gcodes.Entry(1), "G01 \tLinear Interpolation");
+    // Comments of codes follow the language, and so does the header of the finding.
+    EXPECT_EQ(Cell(2, column::Comment), "@  Schluss");
+    EXPECT_EQ(list.Header(9).Text.substr(0, 6), "Fehler");
+    EXPECT_EQ(Bench->Main.cmdTopButtons[0]->ToolTip, "Auf");
+    for (const auto& button : Bench->Main.cmdTopButtons) EXPECT_EQ(button->Caption, "");
+    EXPECT_EQ(Bench->Language.TranslatedBy, "Me");
+    EXPECT_EQ(Bench->Language.ModuleFile, Path("module.txt"));
+    EXPECT_EQ(FailuresOf("LoadLanguageModule"), 0u);
+
+    // A new module clears the names, not the tables; a blank entry brings the English back.
+    LoadModule(
+        "\xEF\xBB\xBF" +
+        Module("[Error Messages]\n=\n2=\xC3\xA4\n[System Variables]\nLanguage Name=English\n[Toolbar]"));
+    EXPECT_EQ(Bench->Language.ErrorTexts(1), "No Lines of code present");
+    EXPECT_EQ(Bench->Language.ErrorTexts(2), "\xE4");
+    EXPECT_EQ(Bench->Language.ErrorTexts(3), "three");
+    EXPECT_EQ(Bench->Language.TranslatedBy, "");
+    EXPECT_EQ(Bench->Main.cmdTopButtons[8]->Caption, "RX");
+
+    // A place holder only keeps its name; it counts in the first line alone.
+    LoadModule("; a DUMMY\r\n" + Module("[Error Messages]\n1=never\n"));
+    EXPECT_EQ(Bench->Language.ErrorTexts(1), "No Lines of code present");
+    EXPECT_EQ(Bench->Language.LanguageName, "English");
+    LoadModule(Module("[Error Messages]\n1=dummy\n"));
+    EXPECT_EQ(Bench->Language.ErrorTexts(1), "dummy");
+    EXPECT_EQ(Bench->Store.LineCount(), 3);
+}
+
+TEST_F(LanguageTest, LinesBeyondTheEndAreReportedAndTheWalkGoesOn) {
+    std::string lines = "[Column Headers]\n";
+    for (int i = 0; i < 18 + 2; ++i) lines += "=h\n";
+    lines += "[Program error codes]\n";
+    for (int i = 0; i < 22 + 1; ++i) lines += "=t\n";
+    lines += "[G-code F1]\n";
+    for (int i = 0; i < 23 + 300; ++i) lines += "=c\n";
+    LoadModule(Module(lines + "[Frame Path]\nCurrent File=Datei"));
+    EXPECT_EQ(FailuresOf("LoadLanguageModule"), 2u + 1 + 100);
+    EXPECT_EQ(Bench->Main.frControlPanel.Caption, "Datei");
+}
+
+}  // namespace kvt::test

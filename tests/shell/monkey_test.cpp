@@ -1,0 +1,139 @@
+#include <cstdlib>
+#include <random>
+
+#include "headless/key_names.h"
+#include "headless/memory_window.h"
+#include "headless/text_editing.h"
+#include "platform/keys.h"
+#include "support/bench_fixture.h"
+
+namespace kvt::test {
+
+namespace {
+
+constexpr const char* keys[] = {
+    "Enter",  "Enter",  "Tab",    "Shift+Tab", "Esc",    "Insert", "Delete", "Backspace", "Up",    "Down",
+    "Left",   "Right",  "Home",   "End",       "F1",     "F2",     "F5",     "F6",        "F9",    "Ctrl+A",
+    "Ctrl+C", "Ctrl+V", "Ctrl+X", "Ctrl+S",    "Ctrl+F", "Ctrl+P", "Ctrl+N", "Ctrl+T",    "Ctrl+R"};
+constexpr char letters[] = "0123456789012345678901234567890123456789GMgmRrABab-+*/P.,' ;%!\"\xE4\xDF\x80";
+
+// Somebody who knows nothing of the workbench: keys, clicks and texts at random, in waits too. Everything comes from
+// one seed.
+class Monkey {
+public:
+    Monkey(MemoryPlatform& platform, const std::string& folder, unsigned seed)
+        : platform_(platform), folder_(folder), random_(seed) {}
+
+    void Start() {
+        windows_.clear();
+        Bench.reset();
+        platform_.BeginRun();
+        Bench = std::make_unique<Workbench>(platform_.Services);
+        for (Form* form : Bench->Forms()) {
+            platform_.System.Watch(*form);
+            windows_.push_back(std::make_unique<MemoryWindow>(*form, platform_.Screen));
+        }
+        // A wait takes a few events of its own, then ends.
+        platform_.System.NextEvent = [this] {
+            if (inWait_ >= mostInWait) return false;
+            ++inWait_;
+            Event();
+            return true;
+        };
+        // A copy: it may be saved over.
+        const std::string name = folder_ + "/lid.cnc";
+        DiskFiles(noFaults_).WriteWhole(name,
+                                        DiskFiles(noFaults_).ReadWhole(KVT_SOURCE_DIR "/samples/f1_lid.cnc"));
+        Bench->Form_Load(Below(2) == 0 ? "" : name);
+    }
+
+    void Step() {
+        inWait_ = 0;
+        platform_.Dialogs.Answers.assign(3, static_cast<Answer>(Below(4)));
+        platform_.Dialogs.FileAnswers.assign(1, {Below(3) == 0, folder_ + "/monkey.cnc"});
+        platform_.Dialogs.Shown.clear();
+        Event();
+        if (platform_.System.Ended) Start();
+    }
+
+    std::unique_ptr<Workbench> Bench;
+
+private:
+    static constexpr int mostInWait = 4;
+
+    int Below(int bound) { return static_cast<int>(random_() % static_cast<unsigned>(bound)); }
+
+    void Event() {
+        const int kind = Below(100);
+        if (kind < 45) return platform_.System.Type(letters[Below(sizeof letters - 1)]);
+        if (kind < 68) {
+            const KeyStroke stroke = *KeyNamed(keys[Below(std::size(keys))]);
+            return platform_.System.Press(stroke.Key, stroke.Held);
+        }
+        if (kind < 84) return ClickSomething();
+        if (kind < 90) return ClickRow();
+        if (kind < 94) return platform_.System.Advance(Below(2500));
+        if (kind < 97) return PutText();
+        if (kind < 99) return windows_[0]->Resize(8000 + Below(20000), 6000 + Below(12000));
+        platform_.Faults.Fail(Below(2) == 0 ? "file" : "clipboard", 1 + Below(5));
+    }
+
+    void ClickSomething() {
+        std::vector<Form*> forms = Bench->Forms();
+        Form& form = *forms[static_cast<std::size_t>(Below(static_cast<int>(forms.size())))];
+        if (!form.Visible || form.Controls().empty()) return;
+        Control& control = *form.Controls()[random_() % form.Controls().size()];
+        // The way out is taken now and then only.
+        if (control.Name() == "mnuExit" && Below(20) != 0) return;
+        if (auto* list = dynamic_cast<ListBox*>(&control);
+            list && list->Count() > 0 && list->ReallyVisible()) {
+            list->ListIndex = Below(list->Count());
+        }
+        ClickByHand(control, platform_.Focus);
+    }
+
+    void ClickRow() {
+        ListView& rows = Bench->Store.lvCncProgram;
+        if (rows.Count() == 0 || !rows.ReallyEnabled()) return;
+        rows.Select(1 + Below(rows.Count()));
+        if (Below(2) == 0) ClickByHand(rows, platform_.Focus);
+    }
+
+    void PutText() {
+        auto* box = dynamic_cast<TextBox*>(platform_.Focus.Focused());
+        if (!box) return;
+        std::string text(Below(40) == 0 ? 10'000 : static_cast<std::size_t>(Below(12)), ' ');
+        for (char& c : text) c = letters[Below(sizeof letters - 1)];
+        box->Text = text;
+    }
+
+    MemoryPlatform& platform_;
+    std::string folder_;
+    std::mt19937 random_;
+    FaultPlan noFaults_;
+    std::vector<std::unique_ptr<MemoryWindow>> windows_;
+    int inWait_ = 0;
+};
+
+}  // namespace
+
+// KVT_MONKEY_EVENTS lets it go on for longer.
+TEST_F(BenchTest, AMonkeyBreaksNothing) {
+    const char* const wanted = std::getenv("KVT_MONKEY_EVENTS");
+    const int events = wanted ? std::atoi(wanted) : 6'000;
+    Bench.reset();
+    Platform.System.DataFolder = Folder;
+    Monkey monkey(Platform, Folder, 20261125);
+    monkey.Start();
+    for (int event = 0; event < events; ++event) {
+        SCOPED_TRACE("event " + std::to_string(event));
+        monkey.Step();
+        // Wherever it has got to, the rows are numbered by their places and one open line at most stands at the end.
+        const ListView& rows = monkey.Bench->Store.lvCncProgram;
+        ASSERT_LE(rows.Count() - monkey.Bench->Store.LineCount(), 1);
+        ASSERT_TRUE(rows.Count() == 0 || (rows.SelectedRow() >= 1 && rows.SelectedRow() <= rows.Count()));
+    }
+    monkey.Bench.reset();
+}
+
+}  // namespace kvt::test

@@ -1,0 +1,193 @@
+#include <gmock/gmock.h>
+
+#include <random>
+
+#include "support/bench_fixture.h"
+#include "transfer/outgoing_lines.h"
+#include "transfer/port_settings.h"
+
+namespace kvt::test {
+
+namespace {
+
+using ::testing::HasSubstr;
+
+class TransferTest : public BenchTest {
+protected:
+    TransferTest() {
+        Bench->Transmit.SettingsFolder = Folder + "/";
+        Bench->Received.SettingsFolder = Folder + "/";
+        Platform.Port.Ports = 1;
+        Bench->Port.StartPort();
+    }
+
+    std::string Transmit() {
+        const std::size_t before = Platform.Port.Given.size();
+        Bench->Transmit.mnuTX_Click();
+        return Platform.Port.Given.substr(before);
+    }
+    std::string LastBox() const {
+        return Platform.Dialogs.Shown.empty() ? "" : Platform.Dialogs.Shown.back().Text;
+    }
+    std::string Received() const { return Bench->Transfer.txtRX.Text.Get(); }
+};
+
+}  // namespace
+
+TEST_F(TransferTest, AStopAtAnyMomentLeavesABeginningAndTheUnitsMark) {
+    std::mt19937 random(7);
+    const auto upTo = [&](std::size_t most) {
+        return std::uniform_int_distribution<std::size_t>(0, most)(random);
+    };
+    for (const char* machine : {"MK2", "MK4", "F1"}) {
+        const bool metric = std::string(machine) != "F1";
+        Check(machine,
+              {{"00", "100"}, {"00", "200", "", "", "", "", "M in a comment"}, {"21"}, {"00", "300"}},
+              metric ? "M" : "\"I");
+        Bench->File.txtFileNotes.Text = "notes\r\n;silent\r\n   12 of them\r\n";
+        for (int run = 0; run < 340; ++run) {
+            Bench->Transfer.TX.chkFilter.Value = run % 2;
+            const std::string whole = Transmit();
+            std::size_t lines = 0;
+            for (const char c : whole) lines += c == '\n' ? 1 : 0;
+            const std::size_t wait = upTo(lines + 1);
+            Platform.System.Events.assign(wait, [] {});
+            Platform.System.Events.push_back([this] { Bench->Results.cmdStop.Click(); });
+            const std::string sent = Transmit();
+            Platform.System.Events.clear();
+            if (sent == whole) {
+                EXPECT_GE(wait + 1, lines);
+                continue;
+            }
+            // The line on the wire at the stop is the last one.
+            std::size_t end = 0;
+            for (std::size_t line = 0; line <= wait; ++line) end = whole.find('\n', end) + 1;
+            ASSERT_EQ(sent, whole.substr(0, end) + (metric ? "M\r\n" : "\"\r\n"))
+                << machine << " wait " << wait;
+        }
+    }
+}
+
+TEST_F(TransferTest, SaysWhatKeepsItFromSending) {
+    EXPECT_EQ(Transmit(), "");
+    EXPECT_EQ(LastBox(), "No Lines of code present");
+    Check("MK4", {{"00"}, {"M30"}});
+    Bench->Port.ComEnabled = false;
+    EXPECT_EQ(Transmit(), "");
+    EXPECT_EQ(Platform.System.Beeps, 1);
+    Bench->Port.ComEnabled = true;
+
+    // A scratch file that cannot be written: what an earlier one holds is not sent.
+    Platform.Files.WriteWhole(Path("Transmit.txt"), "%\r\nold\r\n");
+    Platform.Faults.Fail("file", 2);
+    EXPECT_EQ(Transmit(), "");
+    EXPECT_FALSE(Bench->Store.TransmitActive);
+    EXPECT_EQ(Bench->Log.Records().back().Procedure, "mnuTX_Click");
+
+    // The first line cannot be given: told once more for each line that then misses the port.
+    Platform.Dialogs.Shown.clear();
+    Platform.Faults.Fail("port", 1);
+    EXPECT_EQ(Transmit(), "");
+    EXPECT_EQ(Platform.Dialogs.Shown.size(), 5u);
+    EXPECT_FALSE(Platform.Port.IsOpen());
+    EXPECT_EQ(Bench->Transfer.chkEnableCom.Value, 0);
+}
+
+TEST_F(TransferTest, AVanishedPortIsToldInEachState) {
+    Check("MK4", {{"00"}, {"21"}, {"M30"}});
+    const auto back = [this] {
+        Platform.Dialogs.Shown.clear();
+        Platform.Port.Ports = 1;
+        Bench->Port.SetComEnabled(true);
+        ASSERT_TRUE(Platform.Port.IsOpen());
+    };
+    Platform.Port.Vanish();
+    EXPECT_THAT(LastBox(), HasSubstr("has gone"));
+    EXPECT_FALSE(Bench->Port.ComEnabled);
+
+    back();
+    // The wait of line 00, the third that is sent.
+    Platform.System.Events = {[] {}, [] {}, [this] { Platform.Port.Vanish(); }};
+    EXPECT_THAT(Transmit(), ::testing::EndsWith("    00 00                     \r\n"));
+    EXPECT_EQ(Platform.Dialogs.Shown.size(), 1u);
+    EXPECT_THAT(LastBox(), HasSubstr("The last line sent was:\r\n    00 00"));
+    EXPECT_TRUE(Bench->ControlsOn);
+    EXPECT_FALSE(Bench->Transfer.frTransmit.Visible);
+
+    back();
+    Platform.Port.Receive("half a li");
+    Platform.Port.Vanish();
+    EXPECT_EQ(Received(), "half a li");
+    Bench->Received.cmdReceiveExit_Click();
+    Bench->Port.ComEnabled = true;
+    Platform.Port.Ports = 0;
+    Bench->Received.mnuRX_Click();
+    EXPECT_EQ(LastBox(), "port problem");
+    EXPECT_FALSE(Bench->Transfer.frRXcode.Visible);
+}
+
+TEST_F(TransferTest, RefusedSettingsAreToldOnceAndEndNothing) {
+    Platform.Port.TakesPlainFramesOnly = true;
+    Check("MK4", {{"00"}, {"M30"}});
+    const std::string plain = Transmit();
+    Bench->Transfer.TX.optDataBits[0].Click();
+    Platform.Dialogs.Shown.clear();
+    for (int run = 0; run < 3; ++run) {
+        EXPECT_EQ(Transmit(), plain);
+        Platform.Port.Receive("x");
+    }
+    ASSERT_EQ(Platform.Dialogs.Shown.size(), 1u);
+    EXPECT_THAT(LastBox(), HasSubstr("does not take the settings 300,N,7,1"));
+}
+
+TEST_F(TransferTest, TenHoursOfCharactersArriveAsTheyWereSent) {
+    std::mt19937 random(11);
+    std::string sent;
+    for (std::size_t piece = 0; sent.size() < 1'080'000; ++piece) {
+        std::string text(1 + random() % 32, '\0');
+        for (char& c : text) c = static_cast<char>(piece % 3 == 0 ? random() : " 0123\r\nGM"[random() % 9]);
+        ASSERT_TRUE(Platform.Port.Receive(text));
+        std::erase(text, '\0');
+        sent += text;
+    }
+    EXPECT_TRUE(Received() == sent);
+    EXPECT_THAT(Bench->Transfer.lblReceived.Caption.Get(),
+                HasSubstr(std::to_string(sent.size()) + " characters"));
+    Bench->Received.cmdReceiveImport_Click();
+    EXPECT_FALSE(Bench->Transfer.frRXcode.Visible);
+}
+
+TEST_F(TransferTest, SettingsFileKeysGoBothWays) {
+    const auto apply = [this](std::span<const PortKey> keys, std::initializer_list<const char*> values) {
+        const char* const* value = values.begin();
+        for (const PortKey& key : keys) {
+            key.Apply(Bench->Port, *value);
+            EXPECT_EQ(key.Value(Bench->Port), *value++) << key.Name;
+            for (const char* wrong : {"", "5", "-1", "maybe", "True,False"}) key.Apply(Bench->Port, wrong);
+            EXPECT_EQ(key.Value(Bench->Port), *(value - 1)) << key.Name;
+        }
+    };
+    apply(PortKeysTransmit(), {"9600", "E", "7", "2", "1", "0", "1", "0"});
+    apply(PortKeysReceive(), {"110", "O", "8", "2", "0", "1", "0", "1"});
+    apply(PortKeysGeneral(), {"2", "False"});
+    EXPECT_EQ(Bench->Transfer.TX.Settings, "9600,E,7,2");
+    EXPECT_EQ(Bench->Transfer.RX.Settings, "110,O,8,2");
+    EXPECT_TRUE(Bench->Transfer.RX.optPort[1].Value);
+    EXPECT_FALSE(Platform.Port.IsOpen());
+}
+
+TEST(LineSettingsTest, CharactersTakeTheirBits) {
+    EXPECT_DOUBLE_EQ(ParseLineSettings("300,N,8,1").CharacterMilliseconds(), 10 * 1000.0 / 300);
+    EXPECT_DOUBLE_EQ(ParseLineSettings("110,e,7,2").CharacterMilliseconds(), 100.0);
+    for (const char* wrong : {"", "300", "300,N,8", "300,N,8,1,1", "0,N,8,1", "300,X,8,1", "300,N,6,1",
+                              "300,N,8,3", "3e9,N,8,1", "9999999999,N,8,1"})
+        EXPECT_THROW(ParseLineSettings(wrong), RunTimeError) << wrong;
+}
+
+TEST(OutgoingLinesTest, RowsOfLines) {
+    EXPECT_EQ(RowOfLine("   N07 G00", true), 8);
+    EXPECT_EQ(RowOfLine("   104 00", false), 105);
+    for (const char* other : {"%", "    N` G`", "   M", ""}) EXPECT_EQ(RowOfLine(other, false), 1) << other;
+}
+
+}  // namespace kvt::test
