@@ -128,6 +128,20 @@ void CheckJson210(benchmark::State& state) {
 }
 BENCHMARK(CheckJson210)->Unit(benchmark::kMicrosecond);
 
+// One full Redraw, grid and zero point with it, as every edit asks for it.
+void Draw(benchmark::State& state, const char* machine, int lines) {
+    Loaded loaded(ProgramText(machine, lines));
+    DrawWindow& draw = loaded.Bench->Draw;
+    draw.Show();
+    for (auto _ : state) draw.Redraw();
+    state.SetLabel(std::string(machine) + ", " +
+                   std::to_string(draw.Controls.pbxDrawField.Operations().size()) + " operations");
+}
+void Draw210(benchmark::State& state) { Draw(state, machines[state.range(0)], 210); }
+BENCHMARK(Draw210)->DenseRange(0, 2)->Unit(benchmark::kMicrosecond);
+void DrawGrowth(benchmark::State& state) { Draw(state, "MK4", static_cast<int>(state.range(0))); }
+BENCHMARK(DrawGrowth)->Arg(2000)->Arg(20000)->Unit(benchmark::kMicrosecond);
+
 void FreshWorkbench(benchmark::State& state) {
     MemoryPlatform platform;
     for (auto _ : state) Workbench workbench(platform.Services);

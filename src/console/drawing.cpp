@@ -82,7 +82,7 @@ public:
         draw.Show();
         if (draw.GivenUp())
             Complain(file, "the drawing was ended after " +
-                               PlainNumber(std::int64_t{MemorySystem::Patience}) +
+                               PlainNumber(std::int64_t{Loaded.Platform.System.Patience}) +
                                " turns: this program never ends");
     }
 

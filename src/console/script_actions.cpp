@@ -5,6 +5,7 @@
 #include "basic/code_page.h"
 #include "basic/number.h"
 #include "basic/text.h"
+#include "console/script_drawing.h"
 #include "console/script_run.h"
 #include "console/state.h"
 #include "headless/key_names.h"
@@ -337,6 +338,9 @@ constexpr ScriptAction actions[] = {
     {"restore", {Arg::Word}, Restore, ofUser},
     {"close", {Arg::Word}, Close, ofUser},
     {"advance", {Arg::Number}, Advance, ofUser},
+    {"mousemove", {Arg::Number, Arg::Number}, script::MouseMove, ofUser},
+    {"mousedown", {Arg::Number, Arg::Number}, script::MouseDown, ofUser},
+    {"scroll", {Arg::Word, Arg::Number}, script::Scroll, ofUser},
     {"receive", {Arg::Text}, Receive, ofUser},
 
     {"answer", {Arg::Word}, QueueAnswer},
@@ -355,6 +359,7 @@ constexpr ScriptAction actions[] = {
     {"expect", {Arg::Line}, Expect},
     {"dump", {}, Dump},
     {"messages", {}, PrintMessages},
+    {"ops", {}, script::PrintOperations},
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "basic/code_page.h"
 #include "basic/number.h"
+#include "console/script_drawing.h"
 #include "console/script_run.h"
 #include "console/state.h"
 
@@ -228,6 +229,8 @@ constexpr ScriptAction expectations[] = {
     {"clipboard", {Arg::Text}, ExpectClipboard},
     {"printed", {Arg::Text}, ExpectPrinted},
     {"clock", {Arg::Text}, ExpectClock},
+    {"op", {Arg::Number, Arg::Word, Arg::Text}, script::ExpectOperation},
+    {"opcount", {Arg::Word, Arg::Text}, script::ExpectOperationCount},
     {"sent", {Arg::Text}, ExpectSent},
     {"port", {Arg::Text}, ExpectPort},
     {"portsettings", {Arg::Text}, ExpectPortSettings},

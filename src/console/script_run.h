@@ -42,6 +42,9 @@ public:
     // How many of the message boxes shown have been expected, and how many printed.
     std::size_t ExpectedBoxes = 0;
     std::size_t PrintedBoxes = 0;
+    // The numbers of the drawing operations behind the last `ops`, and behind the last count of them.
+    long long OperationsMark = 0;
+    long long CountMark = 0;
     // How much of what the port was given has been expected.
     std::size_t ExpectedSent = 0;
     // How much of what the printer was given has been expected.

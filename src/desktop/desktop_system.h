@@ -18,7 +18,6 @@ public:
 
     // Where it is called over and over and nothing comes up, it waits a little: a wait takes no processor.
     bool DoEvents() override;
-    bool AwaitTick(Timer&) override { return DoEvents(); }
     bool Breathe(long long turn) override;
     bool WaitUntil(const std::function<double()>& left) override;
     std::tm Now() override;

@@ -71,7 +71,7 @@ DrawControls::DrawControls()
       mnuBackground(frmDraw, "mnuBackground", "Background"),
       mnuSettings(frmDraw, "mnuSettings", "Settings"),
       mnuScaleMenu(frmDraw, "mnuScaleMenu", "Scale"),
-      mnuSimMenu(frmDraw, "mnuSimMenu", "Simulation"),
+      mnuSimulation(frmDraw, "mnuSimulation", "Simulation"),
       mnuAutoRedraw(frmDraw, "mnuAutoRedraw", "AutoRedraw"),
       pbxViewWindow(frmDraw, "pbxViewWindow"),
       pbxDrawField(frmDraw, "pbxDrawField"),
@@ -131,13 +131,13 @@ void DrawControls::MakeMenus() {
     for (int i = 0; i < SimulationCount; ++i) {
         auto& entry = mnuSim[static_cast<std::size_t>(i)];
         entry = std::make_unique<Menu>(frmDraw, "mnuSim", simulationCaptions[i], i);
-        entry->Container = &mnuSimMenu;
+        entry->Container = &mnuSimulation;
         entry->Checked = i == simulation::Run;
     }
     Put(mnuFile, {&mnuEditor, &mnuRedraw, &mnuAutoFit, &mnuSaveBMP, &mnuSaveClipboard, &mnuPrint, &mnuExit});
     Put(mnuView, {&mnuRadiiArcs, &mnuFillCycles, &mnuProgramWindow, &mnuToolWidth, &mnuToolCenter, &mnuGrid,
                   &mnuBackground});
-    Put(mnuSettings, {&mnuScaleMenu, &mnuSimMenu, &mnuAutoRedraw});
+    Put(mnuSettings, {&mnuScaleMenu, &mnuSimulation, &mnuAutoRedraw});
     mnuEditor.Shortcut = "F6";
     for (Menu* entry : {&mnuToolWidth, &mnuToolCenter, &mnuGrid, &mnuAutoRedraw}) entry->Checked = true;
     // Their commands are not part of this window.
@@ -174,6 +174,7 @@ void DrawControls::PlaceFrames() {
     Place(frProperties, 0, 0, 8700, 620);
     Place(lblFileName, 60, 590, 6000, 200);
     lblFileName.Visible = false;
+    lblDiameter.ToolTip = "Diameter";
     UpDown.Max = ScaleCount - 1;
     UpDown.SetValue(firstScale);
 

@@ -24,7 +24,7 @@ struct DrawControls {
     Menu mnuFile, mnuEditor, mnuRedraw, mnuAutoFit, mnuSaveBMP, mnuSaveClipboard, mnuPrint, mnuExit;
     Menu mnuView, mnuRadiiArcs, mnuFillCycles, mnuProgramWindow, mnuToolWidth, mnuToolCenter, mnuGrid,
         mnuBackground;
-    Menu mnuSettings, mnuScaleMenu, mnuSimMenu, mnuAutoRedraw;
+    Menu mnuSettings, mnuScaleMenu, mnuSimulation, mnuAutoRedraw;
     std::array<std::unique_ptr<Menu>, ScaleCount> mnuScale;
     std::array<std::unique_ptr<Menu>, SimulationCount> mnuSim;
 

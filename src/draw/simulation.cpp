@@ -72,9 +72,10 @@ void Simulation::WaitTimer(int interval) {
     if (interval <= 1) return;
     controls_.Timer1.Interval = interval;
     const std::int16_t before = state_.TimerTicks;
-    while (state_.TimerTicks == before && !state_.LeaveWalk) {
-        if (!parts_.Platform.System.AwaitTick(controls_.Timer1)) state_.LeaveWalk = true;
-    }
+    const auto left = [&]() -> double {
+        return state_.TimerTicks == before && controls_.Timer1.Enabled && !state_.LeaveWalk ? interval : 0;
+    };
+    if (!parts_.Platform.System.WaitUntil(left)) state_.LeaveWalk = true;
 }
 
 void Simulation::WaitUntil(const bool& flag, bool value) {
@@ -83,7 +84,9 @@ void Simulation::WaitUntil(const bool& flag, bool value) {
     }
 }
 
+// What is to end at its next turn needs nothing more from outside.
 void Simulation::Breathe() {
+    if (state_.StopRequested) return;
     if (!parts_.Platform.System.Breathe(++state_.Turns)) state_.LeaveWalk = true;
 }
 

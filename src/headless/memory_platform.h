@@ -76,11 +76,9 @@ public:
         : focus_(focus), clipboard_(clipboard) {}
 
     bool DoEvents() override;
-    // Lets the clock run on to the tick, with what was put off for this wait in front.
-    bool AwaitTick(Timer& timer) override;
     // Only after a great many turns the user loses his patience: then what he does next comes, as in a wait.
     bool Breathe(long long turn) override;
-    // Takes one thing that has come up, then lets the clock run on.
+    // Takes one thing that has come up, then lets the clock run on, from tick to tick.
     bool WaitUntil(const std::function<double()>& left) override;
     std::tm Now() override;
     std::string LocalDataFolder() override { return DataFolder; }
@@ -93,11 +91,10 @@ public:
     // nothing can come any more.
     std::deque<std::function<void()>> Events;
     std::function<bool()> NextEvent;
-    // Told at the beginning of a wait for a timer, which takes nothing from NextEvent.
-    std::function<void()> OnTimerWait;
-    static constexpr long long Patience = 1'000'000;
     // The same for a wait that ends by itself: it asks this and nothing else.
     std::function<void()> NextInTimedWait;
+    // After how many turns of endless work it takes events as a wait does.
+    long long Patience = 1'000'000;
     // Runs whenever the clock has moved on.
     std::function<void()> OnClock;
 
@@ -140,7 +137,7 @@ private:
         MemorySystem& system_;
         long long start_;
     };
-    TimerPhase* PhaseOf(const Timer& timer) const;
+    long long NextTick(long long end) const;
 
     FocusKeeper& focus_;
     ClipboardService* clipboard_;

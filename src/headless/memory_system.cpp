@@ -90,7 +90,8 @@ bool MemorySystem::WaitUntil(const std::function<double()>& left) {
     const OpenedForKeys opened(delivering_);
     ServeWaiting();
     if (NextInTimedWait) NextInTimedWait();
-    for (double more = left(); more > 0 && !Ended; more = left()) Advance(static_cast<int>(std::ceil(more)));
+    for (double more = left(); more > 0 && !Ended; more = left())
+        Advance(static_cast<int>(NextTick(Clock + static_cast<long long>(std::ceil(more))) - Clock));
     return !Ended;
 }
 
@@ -211,16 +212,6 @@ void MemorySystem::BeginRun() {
     Ended = false;
 }
 
-bool MemorySystem::AwaitTick(Timer& timer) {
-    if (Ended) return false;
-    if (OnTimerWait) OnTimerWait();
-    if (!Events.empty()) DoEvents();
-    const TimerPhase* const phase = PhaseOf(timer);
-    if (Ended || !phase || !phase->Runs()) return false;
-    Advance(static_cast<int>(phase->NextTick() - Clock));
-    return !Ended;
-}
-
 bool MemorySystem::Breathe(long long turn) {
     if (Ended) return false;
     if (Events.empty() && turn < Patience) return true;
@@ -247,22 +238,21 @@ void MemorySystem::Watch(Form& form) {
     }
 }
 
-MemorySystem::TimerPhase* MemorySystem::PhaseOf(const Timer& timer) const {
-    const auto found = std::find_if(timers_.begin(), timers_.end(),
-                                    [&](const auto& one) { return &one->Subject == &timer; });
-    return found == timers_.end() ? nullptr : found->get();
+// When the next timer is due, at the latest end.
+long long MemorySystem::NextTick(long long end) const {
+    for (const auto& timer : timers_) {
+        if (timer->Runs()) end = std::min(end, timer->NextTick());
+    }
+    return end;
 }
 
 void MemorySystem::Advance(int milliseconds) {
     const long long end = Clock + milliseconds;
     while (Clock < end && !Ended) {
+        const long long next = NextTick(end);
         std::vector<Timer*> due;
-        long long next = end;
         for (const auto& timer : timers_) {
-            if (!timer->Runs() || timer->NextTick() > next) continue;
-            if (timer->NextTick() < next) due.clear();
-            next = timer->NextTick();
-            due.push_back(&timer->Subject);
+            if (timer->Runs() && timer->NextTick() == next) due.push_back(&timer->Subject);
         }
         Clock = next;
         if (OnClock) OnClock();

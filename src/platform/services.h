@@ -96,8 +96,6 @@ public:
     // One turn of a wait for what the user does: lets the system deliver what has come up. False when nothing can
     // come any more: the wait then ends.
     virtual bool DoEvents() = 0;
-    // One turn of a wait for a timer's next tick; otherwise the same.
-    virtual bool AwaitTick(Timer& timer) = 0;
     // Work that goes on, no wait, calls this often, with the number of its turn from 1: what has come up is
     // delivered every now and then, at least every 50 ms. False when the work is to end: the program has, or
     // nothing can end endless work any more.

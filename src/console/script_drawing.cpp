@@ -1,0 +1,92 @@
+#include "console/script_drawing.h"
+
+#include <algorithm>
+
+#include "basic/number.h"
+#include "console/drawing.h"
+#include "headless/text_editing.h"
+
+namespace kvt::script {
+
+namespace {
+
+PictureBox& Field(ScriptRun& run) { return run.Session.Bench().Draw.Controls.pbxDrawField; }
+
+// The field, where the mouse can come to it.
+PictureBox* FieldInReach(ScriptRun& run) {
+    PictureBox& field = Field(run);
+    if (const char* const why = run.Session.WhyOutOfReach(field)) {
+        run.Note("pbxDrawField: " + std::string(why));
+        return nullptr;
+    }
+    return &field;
+}
+
+// The operations with numbers from mark on that the field still has.
+std::span<const DrawOperation> Since(const PictureBox& field, long long mark) {
+    const auto& all = field.Operations();
+    const long long dropped = std::max(0LL, mark - field.OperationsBefore());
+    return std::span(all).subspan(std::min(static_cast<std::size_t>(dropped), all.size()));
+}
+
+long long Made(const PictureBox& field) {
+    return field.OperationsBefore() + static_cast<long long>(field.Operations().size());
+}
+
+}  // namespace
+
+void MouseMove(ScriptRun& run, const Arguments& given) {
+    const PictureBox* const field = FieldInReach(run);
+    if (!field || !field->OnMouseMove) return;
+    field->OnMouseMove(0, 0, static_cast<float>(given.Number(0)), static_cast<float>(given.Number(1)));
+}
+
+void MouseDown(ScriptRun& run, const Arguments& given) {
+    PictureBox* const field = FieldInReach(run);
+    if (!field) return;
+    run.Session.Platform.Focus.SetFocus(*field);
+    if (!FieldInReach(run) || !field->OnMouseDown) return;
+    field->OnMouseDown(mouse::Left, 0, static_cast<float>(given.Number(0)),
+                       static_cast<float>(given.Number(1)));
+}
+
+void Scroll(ScriptRun& run, const Arguments& given) {
+    Control& control = run.Session.Named(given.Text(0));
+    auto* const range = dynamic_cast<RangeControl*>(&control);
+    if (!range) throw ScriptError{Quoted(given.Text(0)) + " is no scroll bar"};
+    if (const char* const why = run.Session.WhyOutOfReach(control))
+        return run.Note(given.Text(0) + ": " + why);
+    range->SetValue(given.Number(1));
+}
+
+void PrintOperations(ScriptRun& run, const Arguments&) {
+    const PictureBox& field = Field(run);
+    JsonSink out(stdout);
+    WriteOperations(out, Since(field, run.OperationsMark));
+    out.Put('\n');
+    run.OperationsMark = run.CountMark = Made(field);
+}
+
+void ExpectOperation(ScriptRun& run, const Arguments& given) {
+    const std::span<const DrawOperation> operations = Since(Field(run), run.OperationsMark);
+    const int count = static_cast<int>(operations.size());
+    const int number = given.Number(0) < 0 ? count + given.Number(0) + 1 : given.Number(0);
+    if (number < 1 || number > count)
+        return run.Fail(Quoted(given.Last()), "no such operation among " + PlainNumber(count));
+    const std::optional<std::string> text =
+        OperationField(operations[static_cast<std::size_t>(number) - 1], given.Text(1));
+    if (!text) return run.Fail(Quoted(given.Last()), "no field " + Quoted(given.Text(1)));
+    run.Compare(given.Last(), *text);
+}
+
+void ExpectOperationCount(ScriptRun& run, const Arguments& given) {
+    const PictureBox& field = Field(run);
+    const std::span<const DrawOperation> operations = Since(field, run.CountMark);
+    const auto count = std::count_if(operations.begin(), operations.end(), [&](const DrawOperation& one) {
+        return OperationName(one) == given.Text(0);
+    });
+    run.CountMark = Made(field);
+    run.Compare(given.Last(), PlainNumber(static_cast<std::int64_t>(count)));
+}
+
+}  // namespace kvt::script
