@@ -3,6 +3,7 @@
 #include <QTimer>
 #include <QWindow>
 #include <cstdio>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -12,6 +13,7 @@
 #include "desktop/end_signals.h"
 #include "desktop/form_view.h"
 #include "desktop/text.h"
+#include "files/folders.h"
 #include "headless/disk_files.h"
 #include "headless/system_programs.h"
 #include "shell/workbench.h"
@@ -100,6 +102,21 @@ void WhenPainted(QMainWindow& window, const std::function<void()>& then) {
     clock->start(lookInterval);
 }
 
+// The pre-processors that the installation brings lie beside the program or in its share of the data. Those that
+// the user's folder does not have yet are put there.
+void BringPreProcessors(const std::string& dataFolder) {
+    namespace fs = std::filesystem;
+    const fs::path here = QApplication::applicationDirPath().toStdString();
+    const fs::path target = kvt::NameForSystem(kvt::FoldersBelow(dataFolder).PreProcessorFolder);
+    std::error_code ignored;
+    for (const fs::path& folder : {here / "preprocessors", here / "../share/kvt/preprocessors"}) {
+        for (const fs::directory_entry& file : fs::directory_iterator(folder, ignored)) {
+            fs::create_directories(target, ignored);
+            fs::copy_file(file.path(), target / file.path().filename(), ignored);
+        }
+    }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -119,6 +136,7 @@ int main(int argc, char** argv) {
     kvt::DesktopPlatform platform(files, programs,
                                   options.Scale > 0 ? options.Scale : kvt::DesktopPlatform::ScreenFactor());
     kvt::DesktopSystem& system = platform.Desktop.System;
+    BringPreProcessors(system.LocalDataFolder());
     kvt::Workbench workbench(platform.Services);
     workbench.Form_Load(kvt::PathText(options.File));
     if (system.Ended()) return 0;
