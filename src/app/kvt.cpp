@@ -4,6 +4,7 @@
 #include <QTimer>
 #include <QWindow>
 #include <cstdio>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -15,6 +16,7 @@
 #include "desktop/form_view.h"
 #include "desktop/operation_painter.h"
 #include "desktop/text.h"
+#include "files/folders.h"
 #include "headless/disk_files.h"
 #include "headless/system_programs.h"
 #include "shell/workbench.h"
@@ -138,6 +140,21 @@ void WhenPainted(QMainWindow& window, const std::function<void()>& then) {
     clock->start(lookInterval);
 }
 
+// The pre-processors that the installation brings lie beside the program or in its share of the data. Those that
+// the user's folder does not have yet are put there.
+void BringPreProcessors(const std::string& dataFolder) {
+    namespace fs = std::filesystem;
+    const fs::path here = QApplication::applicationDirPath().toStdString();
+    const fs::path target = kvt::NameForSystem(kvt::FoldersBelow(dataFolder).PreProcessorFolder);
+    std::error_code ignored;
+    for (const fs::path& folder : {here / "preprocessors", here / "../share/kvt/preprocessors"}) {
+        for (const fs::directory_entry& file : fs::directory_iterator(folder, ignored)) {
+            fs::create_directories(target, ignored);
+            fs::copy_file(file.path(), target / file.path().filename(), ignored);
+        }
+    }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -159,6 +176,7 @@ int main(int argc, char** argv) {
                                   options.Scale > 0 ? options.Scale : kvt::DesktopPlatform::ScreenFactor());
     kvt::DesktopSystem& system = platform.Desktop.System;
     kvt::BringResetCopies(files, system.LocalDataFolder());
+    BringPreProcessors(system.LocalDataFolder());
     kvt::Workbench workbench(platform.Services);
     workbench.Modules.StartFolder = kvt::PathText(QApplication::applicationDirPath()) + "/";
     workbench.Form_Load(kvt::PathText(options.File));

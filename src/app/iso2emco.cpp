@@ -1,0 +1,97 @@
+#include <cstdio>
+#include <string>
+
+#include "basic/code_page.h"
+#include "basic/number.h"
+#include "basic/text.h"
+#include "headless/memory_platform.h"
+#include "iso/converter.h"
+#include "shell/workbench.h"
+
+// The pre-processor for ISO code: iso2emco.MK2, iso2emco.MK4 or iso2emco.F1 FILE. The machine is the one that its
+// own name ends in. It leaves FILE.~pp, the program, with FILE.~ppINFO where there is something to know; or
+// FILE.~ppERR, why there is none.
+namespace {
+
+using namespace kvt;
+
+constexpr int wrongUsage = 2;
+constexpr int notConverted = 1;
+
+bool MachineOf(std::string_view ownName, iso::Machine& machine) {
+    constexpr std::pair<std::string_view, iso::Machine> machines[] = {
+        {"MK2", iso::Machine::MK2}, {"MK4", iso::Machine::MK4}, {"F1", iso::Machine::F1}};
+    for (const auto& [name, one] : machines) {
+        if (!EqualIgnoringCase(ownName.substr(ownName.rfind('.') + 1), name)) continue;
+        machine = one;
+        return true;
+    }
+    return false;
+}
+
+// What the check of the workbench finds in the program, as a refusal that names the line of the ISO program.
+void CheckAsTheMachine(const std::string& file, const iso::MachineProgram& program) {
+    MemoryPlatform platform;
+    Workbench bench(platform.Services);
+    std::string name = file;
+    if (bench.Reader.LoadFile(name) != LoadResult::Loaded)
+        throw iso::Refusal{0, "the program was not written"};
+    const ListView& rows = bench.Store.lvCncProgram;
+    for (int row = 1; row <= bench.Store.LineCount(); ++row) {
+        std::string_view finding = Trim(rows.Row(row)[column::Error].View());
+        if (finding.empty()) continue;
+        if (finding.front() == '!') finding.remove_prefix(1);
+        const auto index = static_cast<std::size_t>(row - 1);
+        const int line = index < program.Rows.size() ? program.Rows[index].Line : 0;
+        throw iso::Refusal{line, "the machine does not take this (N" + Format(row - 1, "00") + " " +
+                                     program.Rows[std::min(index, program.Rows.size() - 1)].Code +
+                                     "): " + std::string(finding)};
+    }
+    if (bench.Store.LineCount() > bench.Store.MaxLines()) {
+        throw iso::Refusal{0, "the program has " + PlainNumber(bench.Store.LineCount()) +
+                                  " lines, the machine holds " + PlainNumber(bench.Store.MaxLines())};
+    }
+}
+
+int Convert(FileService& files, const std::string& file, iso::Machine machine) {
+    const std::string result = file + ".~pp";
+    try {
+        std::string text = files.ReadWhole(file);
+        if (IsUtf8(text)) text = FromUtf8(text);
+        iso::Converter converter(machine);
+        const iso::MachineProgram program = converter.Convert(iso::ReadBlocks(text));
+        files.WriteWhole(result, FileText(program));
+        CheckAsTheMachine(result, program);
+        std::string remarks;
+        for (const std::string& remark : converter.Remarks()) remarks += remark + "\r\n";
+        if (!remarks.empty()) files.WriteWhole(file + ".~ppINFO", remarks);
+        return 0;
+    } catch (const iso::Refusal& refusal) {
+        if (files.Exists(result)) files.Delete(result);
+        std::string why = refusal.Line > 0 ? "Line " + PlainNumber(refusal.Line) + ": " : std::string();
+        why += refusal.Why + ".\r\n";
+        files.WriteWhole(file + ".~ppERR", why);
+        return notConverted;
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    iso::Machine machine = iso::Machine::MK4;
+    if (argc < 2 || !MachineOf(argv[0], machine)) {
+        std::fputs("usage: iso2emco.MK2|iso2emco.MK4|iso2emco.F1 FILE\n", stderr);
+        return wrongUsage;
+    }
+    // A file name with blanks arrives in pieces.
+    std::string name = argv[1];
+    for (int i = 2; i < argc; ++i) name += std::string(" ") + argv[i];
+    FaultPlan none;
+    DiskFiles files(none);
+    try {
+        return Convert(files, NameFromSystem(name), machine);
+    } catch (const RunTimeError& error) {
+        std::fprintf(stderr, "iso2emco: %s: %s\n", name.c_str(), error.Description.c_str());
+        return wrongUsage;
+    }
+}
