@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "basic/code_page.h"
 #include "console/commands.h"
 #include "console/listing.h"
 

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <optional>
 
+#include "basic/code_page.h"
 #include "basic/number.h"
 #include "basic/text.h"
 #include "console/commands.h"
