@@ -186,6 +186,15 @@ void DrawWindow::Form_Activate() {
     State.DrawPending = false;
     // 1.
     parts_.Store.ErrorFlagged = false;
+    // 2.
+    if (!parts_.Language.ModuleFile.empty()) {
+        int entry = 1;
+        for (Menu* menu :
+             {&Controls.mnuView, &Controls.mnuRadiiArcs, &Controls.mnuFillCycles, &Controls.mnuProgramWindow,
+              &Controls.mnuToolWidth, &Controls.mnuToolCenter, &Controls.mnuGrid, &Controls.mnuBackground}) {
+            menu->Caption = parts_.Language.DrawViewTexts(entry++);
+        }
+    }
     // 4. The names of the axes.
     const bool mill = parts_.Store.IsF1();
     Controls.lblZ1.Caption = mill ? "Y1" : "Z1";

@@ -18,6 +18,10 @@ public:
     // Selects the row of a line, 1 for the first one. A line with an error gets a row that tells it, and true.
     // No such row is error 9.
     bool Follow(int lineIndex, int itemCount);
+    // Takes on its first size and heads, once.
+    void Load() {
+        if (!loaded_) Form_Load();
+    }
     void Hide() { frmProgramWindow.Visible = false; }
 
 private:

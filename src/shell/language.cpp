@@ -63,7 +63,7 @@ void DescribeEntry(ListBox& list, int index, const std::string& description) {
 
 }  // namespace
 
-ModuleLoader::ModuleLoader(Workbench& bench) : bench_(bench), builtInTabs_(bench.Main.tabSettings.Captions) {}
+ModuleLoader::ModuleLoader(Workbench& bench) : bench_(bench) {}
 
 void ModuleLoader::LoadLanguageModule(const std::string& fileName) {
     FileService& files = bench_.Platform.Files;
@@ -71,6 +71,7 @@ void ModuleLoader::LoadLanguageModule(const std::string& fileName) {
     // 1.
     if (fileName.empty() || !files.Exists(fileName)) return;
     texts.ModuleFile = fileName;
+    if (builtInTabs_.empty()) builtInTabs_ = bench_.Main.tabSettings.Captions;
     // 2.
     LanguageModule module;
     Attempt(loadModuleName, [&] { module = ReadLanguageModule(files.ReadWhole(fileName)); });

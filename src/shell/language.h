@@ -38,7 +38,7 @@ private:
     void TakeHeader(int header, const std::string& text);
 
     Workbench& bench_;
-    std::vector<std::string> builtInTabs_;
+    std::vector<std::string> builtInTabs_;  // as they were before the first module
 };
 
 }  // namespace kvt

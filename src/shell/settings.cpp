@@ -7,6 +7,7 @@
 #include "basic/text.h"
 #include "shell/layout.h"
 #include "shell/workbench.h"
+#include "transfer/port_settings.h"
 
 namespace kvt {
 
@@ -31,6 +32,7 @@ void Copy(FileService& files, const std::string& from, const std::string& to, co
 EditorSettings::EditorSettings(Workbench& bench) : Keys("EDITOR", EditorSettingKeys()), bench_(bench) {
     BindSettings();
     BindView();
+    BindTransfer();
     bench_.Main.cmdResetAll.OnClick = [this] { mnuReset_Click(); };
     bench_.Main.mnuReset.OnClick = [this] { mnuReset_Click(); };
 }
@@ -111,6 +113,17 @@ void EditorSettings::BindView() {
         });
 }
 
+void EditorSettings::BindTransfer() {
+    PortControl& port = bench_.Port;
+    for (const std::span<const PortKey> keys : {PortKeysGeneral(), PortKeysTransmit(), PortKeysReceive()}) {
+        for (const PortKey& key : keys) {
+            Keys.Bind(
+                Trim(key.Name), [&port, &key](const std::string& value) { key.Apply(port, value); },
+                [&port, &key] { return key.Value(port); });
+        }
+    }
+}
+
 void EditorSettings::LoadSettings() {
     FileService& files = bench_.Platform.Files;
     // 1.
@@ -129,8 +142,8 @@ void EditorSettings::LoadSettings() {
     bench_.frmMain.Visible = true;
 }
 
-// The serial settings and the printer's font stand at their delivered values already.
 void EditorSettings::TakeBuiltInValues() {
+    for (PortSide* side : {&bench_.Port.TX(), &bench_.Port.RX()}) bench_.Port.cmdEmco_Click(*side);
     bench_.Store.Machine = "MK4";
     bench_.RefreshMachine();
     Centre();

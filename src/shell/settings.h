@@ -31,6 +31,7 @@ public:
 private:
     void BindSettings();
     void BindView();
+    void BindTransfer();
     void TakeBuiltInValues();
     void ApplyFile();
     void LoadModule();

@@ -58,6 +58,7 @@ Workbench::Workbench(Services& services)
       Window(*this),
       Modules(*this),
       Settings(*this),
+      SettingsOfDrawing(*this),
       Kept(*this) {
     frmMain.Width = firstWidth;
     frmMain.Height = firstHeight;

@@ -14,6 +14,7 @@
 #include "files/program_print.h"
 #include "interpreter/view_options.h"
 #include "program/machine_controls.h"
+#include "shell/draw_settings.h"
 #include "shell/error_log.h"
 #include "shell/language.h"
 #include "shell/main_controls.h"
@@ -70,6 +71,7 @@ public:
     MainWindow Window;
     ModuleLoader Modules;
     EditorSettings Settings;
+    DrawSettings SettingsOfDrawing;
     Recovery Kept;
 
     // All windows, the main one first.

@@ -143,6 +143,8 @@ void PortControl::SwitchOff() {
 }
 
 void PortControl::SetComEnabled(bool enabled) {
+    // Without a port there is nothing to enable.
+    if (started_ && portsFound_ == 0) enabled = false;
     parts_.Controls.chkEnableCom.Value = enabled ? 1 : 0;
     if (started_ || !enabled) return chkEnableCom_Click();
     // The start of the port opens it.

@@ -1,29 +1,30 @@
 #include "transfer/port_settings.h"
 
+#include <algorithm>
+
 #include "basic/number.h"
+#include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "files/settings_file.h"
 
 namespace kvt {
 
 namespace {
 
-constexpr std::string_view yes = "True";
-constexpr std::string_view no = "False";
+[[noreturn]] void NoSuchValue() { throw RunTimeError(fault::TypeMismatch); }
 
 void ApplyPort(PortControl& port, std::string_view value) {
     const int index = port.TX().optPort.Named("Com" + std::string(Trim(value)));
-    if (index < 0) return;
+    if (index < 0) NoSuchValue();
     port.SetPort(index + 1);
 }
 
-std::string PortValue(PortControl& port) { return PlainNumber(port.TX().Port); }
+// A machine without ports has put it to 0; the file holds 1 to 4.
+std::string PortValue(PortControl& port) { return PlainNumber(std::max(1, port.TX().Port)); }
 
-void ApplyComEnable(PortControl& port, std::string_view value) {
-    if (EqualIgnoringCase(value, yes)) port.SetComEnabled(true);
-    if (EqualIgnoringCase(value, no)) port.SetComEnabled(false);
-}
+void ApplyComEnable(PortControl& port, std::string_view value) { port.SetComEnabled(TrueOrFalse(value)); }
 
-std::string ComEnableValue(PortControl& port) { return std::string(port.ComEnabled ? yes : no); }
+std::string ComEnableValue(PortControl& port) { return TrueOrFalse(port.ComEnabled); }
 
 // The members of PortSide that a key stands for.
 using Options = OptionGroup PortSide::*;
@@ -37,7 +38,7 @@ constexpr PortKey Choice(const char* name) {
             [](PortControl& port, std::string_view value) {
                 OptionGroup& group = (port.*side)().*options;
                 const int index = group.Named(Trim(value));
-                if (index < 0) return;
+                if (index < 0) NoSuchValue();
                 group.Select(index);
                 (port.*side)().*chosen = group.Text(index);
                 port.UpdateComSettings();
@@ -49,9 +50,7 @@ template <Side side, Box box>
 constexpr PortKey Check(const char* name) {
     return {name,
             [](PortControl& port, std::string_view value) {
-                const std::string_view trimmed = Trim(value);
-                if (trimmed != "0" && trimmed != "1") return;
-                ((port.*side)().*box).Value = trimmed == "1" ? 1 : 0;
+                ((port.*side)().*box).Value = ZeroOrOne(Trim(value));
                 port.UpdateComSettings();
             },
             [](PortControl& port) -> std::string { return PlainNumber(((port.*side)().*box).Value.Get()); }};

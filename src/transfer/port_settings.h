@@ -9,7 +9,7 @@
 namespace kvt {
 
 // A key of the settings file, how its value is applied to the controls, and what they hold now. A value that the
-// key does not have changes nothing.
+// key does not have is error 13 and changes nothing.
 struct PortKey {
     const char* Name;
     void (*Apply)(PortControl& port, std::string_view value);

@@ -163,7 +163,8 @@ TEST_F(TransferTest, SettingsFileKeysGoBothWays) {
         for (const PortKey& key : keys) {
             key.Apply(Bench->Port, *value);
             EXPECT_EQ(key.Value(Bench->Port), *value++) << key.Name;
-            for (const char* wrong : {"", "5", "-1", "maybe", "True,False"}) key.Apply(Bench->Port, wrong);
+            for (const char* wrong : {"", "5", "-1", "maybe", "True,False"})
+                EXPECT_THROW(key.Apply(Bench->Port, wrong), RunTimeError) << key.Name;
             EXPECT_EQ(key.Value(Bench->Port), *(value - 1)) << key.Name;
         }
     };

@@ -1,0 +1,139 @@
+#include "shell/draw_settings.h"
+
+#include <algorithm>
+
+#include "basic/number.h"
+#include "basic/run_time_error.h"
+#include "basic/text.h"
+#include "shell/workbench.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr const char* loadSettingsName = "LoadSettings";
+constexpr const char* saveSettingsName = "SaveSettings";
+constexpr const char* drawFile = "SettingsDraw.txt";
+constexpr const char* drawResetFile = "SettingsDrawReset.txt";
+constexpr int smallestHeight = 6200;
+constexpr int smallestWidth = 7000;
+constexpr int neverPlaced = 9999;
+
+WindowPlace PlaceOf(const Form& form) { return {form.Height, form.Left, form.Top, form.Width}; }
+
+void Move(Form& form, const WindowPlace& place) {
+    form.Height = place.Height;
+    form.Left = place.Left;
+    form.Top = place.Top;
+    form.Width = place.Width;
+}
+
+// A window far out is brought back, one beyond the edge to it.
+int OnScreen(int place, int screen) {
+    if (place > 0.9 * screen) return ToLong(0.7 * screen);
+    return std::max(place, 0);
+}
+
+}  // namespace
+
+DrawSettings::DrawSettings(Workbench& bench) : Keys("DRAW", DrawSettingKeys()), bench_(bench) {
+    BindMarks();
+    Form& drawing = bench_.Draw.Controls.frmDraw;
+    Keys.Bind(
+        "DrawWindow", [this](const std::string& value) { PlaceDrawing(WindowPlaceOf(value)); },
+        [&drawing] { return WindowText(PlaceOf(drawing)); });
+    Form& listing = bench_.Draw.Listing.frmProgramWindow;
+    Keys.Bind(
+        "ProgramWindow", [this](const std::string& value) { PlaceListing(value); },
+        [&listing] { return WindowText(PlaceOf(listing)) + (listing.Visible ? ", Active" : ", Inactive"); });
+    bench_.Draw.LoadSettings = [this] { LoadSettings(); };
+    bench_.Draw.SaveSettings = [this] { SaveSettings(); };
+    bench_.Settings.Keys.Bind(
+        "DrawWindow Active",
+        [this](const std::string& value) {
+            if (TrueOrFalse(value)) bench_.Draw.Show();
+        },
+        [&drawing] { return TrueOrFalse(drawing.Visible.Get()); });
+}
+
+void DrawSettings::BindMarks() {
+    DrawControls& controls = bench_.Draw.Controls;
+    const struct {
+        const char* Key;
+        Menu& Entry;
+    } marks[] = {{"Radii", controls.mnuRadiiArcs},       {"ToolWidth", controls.mnuToolWidth},
+                 {"ToolCenter", controls.mnuToolCenter}, {"FillCycles", controls.mnuFillCycles},
+                 {"Program", controls.mnuProgramWindow}, {"Grid", controls.mnuGrid},
+                 {"Background", controls.mnuBackground}, {"AutoRedraw", controls.mnuAutoRedraw}};
+    for (const auto& mark : marks) {
+        Menu& entry = mark.Entry;
+        Keys.Bind(
+            mark.Key, [&entry](const std::string& value) { entry.Checked = TrueOrFalse(value); },
+            [&entry] { return TrueOrFalse(entry.Checked.Get()); });
+    }
+}
+
+void DrawSettings::LoadSettings() {
+    FileService& files = bench_.Platform.Files;
+    const std::string& folder = bench_.Window.Folders.SettingsFolder;
+    // 1.
+    if (!files.Exists(folder + drawFile) && files.Exists(folder + drawResetFile)) {
+        Attempt(loadSettingsName,
+                [&] { files.WriteWhole(folder + drawFile, files.ReadWhole(folder + drawResetFile)); });
+    }
+    // 2.
+    if (!files.Exists(folder + drawFile)) {
+        Form& form = bench_.Draw.Controls.frmDraw;
+        form.Left = (bench_.Platform.Screen.Width() - form.Width) / 2;
+        form.Top = (bench_.Platform.Screen.Height() - form.Height) / 2;
+        return;
+    }
+    // 3. to 5.
+    std::string text;
+    Attempt(loadSettingsName, [&] { text = WithoutUtf8Mark(files.ReadWhole(folder + drawFile)); });
+    Keys.Read(text, loadSettingsName, SettingsFile::BadValue::EndsTheReading);
+}
+
+void DrawSettings::SaveSettings() {
+    const bool written = Attempt(saveSettingsName, [&] {
+        bench_.Platform.Files.WriteWhole(bench_.Window.Folders.SettingsFolder + drawFile, Keys.Text());
+    });
+    if (!written) bench_.TellUnkept();
+}
+
+void DrawSettings::PlaceDrawing(const WindowPlace& place) {
+    Form& form = bench_.Draw.Controls.frmDraw;
+    if (form.State != WindowState::Normal) return;
+    const int screenWidth = bench_.Platform.Screen.Width();
+    const int screenHeight = bench_.Platform.Screen.Height();
+    if (place.Height == neverPlaced && place.Left == neverPlaced && place.Top == neverPlaced &&
+        place.Width == neverPlaced) {
+        return Move(form, {smallestHeight, (screenWidth - smallestWidth) / 2,
+                           (screenHeight - smallestHeight) / 2, smallestWidth});
+    }
+    WindowPlace moved{std::max(place.Height, smallestHeight), std::max(place.Left, 0), std::max(place.Top, 0),
+                      std::max(place.Width, smallestWidth)};
+    if (moved.Left + moved.Width > screenWidth) moved.Left = std::max(screenWidth - moved.Width, 0);
+    if (moved.Top + moved.Height > screenHeight) moved.Top = std::max(screenHeight - moved.Height, 0);
+    Move(form, moved);
+}
+
+void DrawSettings::PlaceListing(const std::string& value) {
+    ProgramWindow& listing = bench_.Draw.Listing;
+    Form& form = listing.frmProgramWindow;
+    // Its own first size must not come after this one.
+    listing.Load();
+    listing.Hide();
+    if (form.State == WindowState::Normal) {
+        WindowPlace place = WindowPlaceOf(value);
+        place.Left = OnScreen(place.Left, bench_.Platform.Screen.Width());
+        place.Top = OnScreen(place.Top, bench_.Platform.Screen.Height());
+        Move(form, place);
+    }
+    const std::vector<std::string_view> parts = Split(value, ",");
+    if (parts.size() < 5) throw RunTimeError(fault::SubscriptOutOfRange);
+    const bool active = !EqualIgnoringCase(Trim(parts[4]), "Inactive");
+    if (active && bench_.Draw.Controls.frmDraw.Visible) form.Visible = true;
+}
+
+}  // namespace kvt

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+#include "files/settings_file.h"
+
+namespace kvt {
+
+class Workbench;
+
+// What outlives a run of the draw window: the marks of its menus, its place, and that of the listing.
+class DrawSettings {
+public:
+    explicit DrawSettings(Workbench& bench);
+
+    SettingsFile Keys;
+
+    // Reads the file up to the first line that fails; without a file the window stands in the middle.
+    void LoadSettings();
+    void SaveSettings();
+
+private:
+    void BindMarks();
+    void PlaceDrawing(const WindowPlace& place);
+    void PlaceListing(const std::string& value);
+
+    Workbench& bench_;
+};
+
+}  // namespace kvt
