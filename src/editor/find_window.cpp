@@ -43,6 +43,7 @@ FindWindow::FindWindow(ProgramStore& store, FocusService& focus)
 
 void FindWindow::mnuFind_Click() {
     if (!frmFind.Visible) before_ = focus_.Focused();
+    frmFind.PlaceOver(store_.lvCncProgram.OwningForm());
     frmFind.Visible = true;
     focus_.SetFocus(txtFind);
 }

@@ -104,6 +104,7 @@ void PreProcessor::mnuPP_Click(int index) {
 
 bool PreProcessor::WaitFor(int program, const std::string& name) {
     aborted_ = false;
+    Window.frmPreProcessor.PlaceOver(parts_.mnuImport.OwningForm());
     Window.tmrAbort.OnTimer = [this, &name] {
         Window.tmrAbort.Enabled = false;
         Window.OfferAbort("The pre-processor is still at work on\r\n" + name, waitCaption);
@@ -112,11 +113,11 @@ bool PreProcessor::WaitFor(int program, const std::string& name) {
     while (!aborted_ && !parts_.Platform.Programs.HasEnded(program)) {
         if (!parts_.Platform.System.DoEvents()) break;
     }
-    Window.tmrAbort.Enabled = false;
     if (Window.cmdAbort.Visible) {
         Window.Close();
         Window.cmdAbort.Visible = false;
     }
+    Window.tmrAbort.Enabled = false;
     if (aborted_) parts_.Platform.Programs.End(program);
     return !aborted_;
 }

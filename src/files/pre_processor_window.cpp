@@ -77,6 +77,8 @@ void PreProcessorWindow::Close() {
     const Control* const focused = focus_.Focused();
     const bool hadFocus = focused && &focused->OwningForm() == &frmPreProcessor;
     frmPreProcessor.Visible = false;
+    // What is still at work is told again a little later.
+    if (cmdAbort.Visible) tmrAbort.Enabled = true;
     if (hadFocus && before_) focus_.SetFocus(*before_);
 }
 

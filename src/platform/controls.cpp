@@ -59,6 +59,12 @@ bool Form::TakeSize(int width, int height) {
     return true;
 }
 
+void Form::PlaceOver(const Form& other) {
+    if (Left != 0 || Top != 0) return;
+    Left = other.Left + std::max(0, (other.Width - Width) / 2);
+    Top = other.Top + std::max(0, (other.Height - Height) / 3);
+}
+
 void RangeControl::Changed(PropertyId id) {
     if (id == PropertyId::Bounds) SetValue(Value);
     Control::Changed(id);

@@ -138,6 +138,8 @@ public:
     // A file was dropped on the window.
     std::function<void(const std::string& path)> OnDropFile;
 
+    // Puts a window that has no place of its own yet in front of another one.
+    void PlaceOver(const Form& other);
     // Controls were made after the window: it shows them too from now on.
     void TellControlsAdded() { Changed(PropertyId::Entries); }
     // Takes on the size that its window has got. OnResize is left to the caller; true where the size is another.
