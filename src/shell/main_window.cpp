@@ -14,8 +14,6 @@ namespace {
 
 constexpr const char* formLoadName = "Form_Load";
 constexpr const char* programName = "Kestrel Vise Toolkit";
-constexpr const char* noPrinter =
-    "No printer found. A printer MUST be installed in Windows before running KVT";
 constexpr const char* noCalculator = "No calculator was found on this machine";
 // Those of the desktops, by the names of their programs.
 constexpr const char* calculators[] = {"gnome-calculator",  "kcalc",         "mate-calc",
@@ -153,7 +151,7 @@ bool MainWindow::FindPrinter() {
         bench_.Paper.FillFonts();
     } catch (const RunTimeError& error) {
         if (error.Number != fault::PrinterError) return TellError(error, formLoadName), true;
-        bench_.Platform.Dialogs.ShowMessage(Notice(noPrinter));
+        bench_.Platform.Dialogs.ShowMessage(Notice(bench_.Language.ErrorTexts(text::NoPrinter)));
         mnuExit_Click();
         return false;
     }

@@ -33,6 +33,7 @@ EditorSettings::EditorSettings(Workbench& bench) : Keys("EDITOR", EditorSettingK
     BindSettings();
     BindView();
     BindTransfer();
+    BindPrinter();
     bench_.Main.cmdResetAll.OnClick = [this] { mnuReset_Click(); };
     bench_.Main.mnuReset.OnClick = [this] { mnuReset_Click(); };
 }
@@ -138,8 +139,32 @@ void EditorSettings::LoadSettings() {
         // 3.
         TakeBuiltInValues();
     }
+    loaded_ = true;
     // 8. Files are closed as they are read.
     bench_.frmMain.Visible = true;
+}
+
+void EditorSettings::BindPrinter() {
+    PrinterPage& page = bench_.Paper;
+    const auto selected = [](const ComboBox& box) {
+        return box.ListIndex < 0 ? std::string() : box.Entry(box.ListIndex);
+    };
+    Keys.Bind(
+        "FontName", [&page](const std::string& value) { page.SetFontName(value); },
+        [&page, selected] { return selected(page.cboFontName); });
+    Keys.Bind(
+        "FontSize", [&page](const std::string& value) { page.SetFontSize(Val(value)); },
+        [&page, selected] { return selected(page.cboFontSize); });
+}
+
+// The first font named "Courier"; a "Courier New" behind it takes its place.
+void EditorSettings::ChooseBuiltInFont() {
+    const char* wanted = "Courier";
+    for (const std::string& font : bench_.Platform.Printer.Fonts()) {
+        if (!EqualIgnoringCase(font, wanted)) continue;
+        bench_.Paper.SetFontName(font);
+        wanted = "Courier New";
+    }
 }
 
 void EditorSettings::TakeBuiltInValues() {
@@ -147,6 +172,7 @@ void EditorSettings::TakeBuiltInValues() {
     bench_.Store.Machine = "MK4";
     bench_.RefreshMachine();
     Centre();
+    Attempt(loadSettingsName, [this] { ChooseBuiltInFont(); });
     bench_.Store.LimitValues.Fill(bench_.Store.DisableLimitsCheck);
     bench_.ShowCodeLists();
 }
@@ -194,6 +220,8 @@ void EditorSettings::LoadLastFile() {
 }
 
 void EditorSettings::SaveSettings() {
+    // A start that has ended early knows nothing that is worth keeping.
+    if (!loaded_) return;
     // 1.
     bench_.Feeds.SetFeedLimits();
     // 2.

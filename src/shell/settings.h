@@ -32,6 +32,8 @@ private:
     void BindSettings();
     void BindView();
     void BindTransfer();
+    void BindPrinter();
+    void ChooseBuiltInFont();
     void TakeBuiltInValues();
     void ApplyFile();
     void LoadModule();
@@ -47,6 +49,7 @@ private:
     Workbench& bench_;
     std::string languageFile_;
     std::string lastFile_;
+    bool loaded_ = false;
 };
 
 }  // namespace kvt

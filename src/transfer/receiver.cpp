@@ -40,7 +40,7 @@ void Receiver::mnuRX_Click() {
         if (!parts_.Port.Port().IsOpen()) parts_.Port.Port().Open();
     });
     if (!open) {
-        parts_.Platform.Dialogs.ShowMessage(Notice("port problem"));
+        parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::PortProblem)));
         return;
     }
     // 2., 3.
