@@ -69,6 +69,8 @@ void PreProcessor::RefreshPreProcessors() {
 bool PreProcessor::ChooseFile(std::string& name) {
     FileDialog& dialog = parts_.Controls.dlgFile;
     dialog.Filter = anyFile;
+    // A save may have left it on; here a cancelled dialog is no failure.
+    dialog.CancelError = false;
     bool chosen = false;
     Attempt(preProcessorName, [&] { chosen = parts_.Platform.Dialogs.ShowOpen(dialog); });
     if (chosen) name = dialog.FileName;

@@ -186,7 +186,7 @@ constexpr LabelRow labelRows[] = {
 
     {"DRAW Menu Settings", "Settings", "frmDraw.mnuSettings"},
     {"DRAW Menu Settings", "Scale", "frmDraw.mnuScaleMenu"},
-    {"DRAW Menu Settings", "Simulation", "frmDraw.mnuSimMenu"},
+    {"DRAW Menu Settings", "Simulation", "frmDraw.mnuSimulation"},
     {"DRAW Menu Settings", "AutoRedraw", "frmDraw.mnuAutoRedraw"},
 
     {"DRAW Menu Scale", "Scale  \xF7 8", "frmDraw.mnuScale", caption, 0},

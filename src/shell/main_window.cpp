@@ -130,6 +130,7 @@ void MainWindow::Form_Load(std::string_view commandLine) {
     // 5.
     bench_.Settings.CommandLine = commandLine;
     bench_.Settings.LoadSettings();
+    if (ended_) return;
     // 6., 7., 8.
     PlaceMainWindow(bench_);
     FitSmallScreen();
@@ -146,13 +147,17 @@ void MainWindow::Form_Load(std::string_view commandLine) {
     if (!foldersMade) bench_.TellUnkept();
 }
 
+void MainWindow::EndWithoutPrinter() {
+    bench_.Platform.Dialogs.ShowMessage(Notice(bench_.Language.ErrorTexts(text::NoPrinter)));
+    mnuExit_Click();
+}
+
 bool MainWindow::FindPrinter() {
     try {
         bench_.Paper.FillFonts();
     } catch (const RunTimeError& error) {
         if (error.Number != fault::PrinterError) return TellError(error, formLoadName), true;
-        bench_.Platform.Dialogs.ShowMessage(Notice(bench_.Language.ErrorTexts(text::NoPrinter)));
-        mnuExit_Click();
+        EndWithoutPrinter();
         return false;
     }
     return true;
@@ -339,7 +344,7 @@ void MainWindow::ShowSettings(int page) {
 }
 
 void MainWindow::ChooseMachine(const char* machine) {
-    mnuNew_Click();
+    if (!bench_.Settings.Busy) mnuNew_Click();
     // Still unsaved: the user kept the program, and the machine stays.
     if (!bench_.Store.ProgramChanged) bench_.Store.Machine = machine;
     bench_.ShowCodeLists();

@@ -23,6 +23,8 @@ public:
     void tmr1sec_Timer();
     void mnuNew_Click();
     void mnuExit_Click();
+    // Tells that there is no printer, and ends.
+    void EndWithoutPrinter();
     // Whether the way out has been taken; a question about unsaved changes may still stand.
     bool Ending() const { return ended_; }
     // Shows the settings on a page, over the program list; on the page that is in front it leaves them.

@@ -139,6 +139,7 @@ void EditorSettings::LoadSettings() {
         // 3.
         TakeBuiltInValues();
     }
+    if (bench_.Window.Ending()) return;
     loaded_ = true;
     // 8. Files are closed as they are read.
     bench_.frmMain.Visible = true;
@@ -172,7 +173,12 @@ void EditorSettings::TakeBuiltInValues() {
     bench_.Store.Machine = "MK4";
     bench_.RefreshMachine();
     Centre();
-    Attempt(loadSettingsName, [this] { ChooseBuiltInFont(); });
+    try {
+        ChooseBuiltInFont();
+    } catch (const RunTimeError& error) {
+        if (error.Number == fault::PrinterError) return bench_.Window.EndWithoutPrinter();
+        TellError(error, loadSettingsName);
+    }
     bench_.Store.LimitValues.Fill(bench_.Store.DisableLimitsCheck);
     bench_.ShowCodeLists();
 }
@@ -185,7 +191,9 @@ void EditorSettings::ApplyFile() {
     std::string text;
     Attempt(loadSettingsName, [&] { text = WithoutUtf8Mark(files.ReadWhole(InFolder(editorFile))); });
     // 5.
+    Busy = true;
     Keys.Read(text, loadSettingsName);
+    Busy = false;
     bench_.View.MakeToolpositionColums();
     bench_.View.MakeLinePropertiesColumns();
     bench_.View.MakeMachineTimeColumn();
@@ -246,6 +254,7 @@ void EditorSettings::mnuReset_Click() {
     const std::string machine = bench_.Store.Machine;
     bench_.frmMain.State = WindowState::Normal;
     LoadSettings();
+    if (bench_.Window.Ending()) return;
     // 5.
     Run(bench_.Calls.LoadLanguageModule, module);
     bench_.Store.Machine = machine;

@@ -20,6 +20,9 @@ public:
     // The text of the command line, which is looked at where the file names the last file.
     std::string CommandLine;
 
+    // The keys of the file are being applied: a machine chosen by them clears nothing.
+    bool Busy = false;
+
     // Reads the file, or takes the built-in values where there is none; then the language module and the last
     // file, or that of the command line. Shows the window.
     void LoadSettings();

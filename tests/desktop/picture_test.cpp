@@ -19,6 +19,8 @@ protected:
              std::initializer_list<Control*>{&txtA, &txtB, &frGroup, &cmdGo, &txtNotes, &lvList})
             other->Visible = false;
     }
+    // The views go before what they show.
+    ~PictureTest() override { window.reset(); }
     QImage Shown() { return WidgetOf(pbxWindow)->grab().toImage().convertToFormat(QImage::Format_RGB32); }
     // The colour at a pixel of the field.
     QColor At(int x, int y) { return Shown().pixelColor(x + pbxField.Left / 15, y + pbxField.Top / 15); }

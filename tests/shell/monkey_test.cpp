@@ -133,7 +133,6 @@ TEST_F(BenchTest, AMonkeyBreaksNothing) {
         ASSERT_LE(rows.Count() - monkey.Bench->Store.LineCount(), 1);
         ASSERT_TRUE(rows.Count() == 0 || (rows.SelectedRow() >= 1 && rows.SelectedRow() <= rows.Count()));
     }
-    monkey.Bench.reset();
 }
 
 }  // namespace kvt::test
