@@ -76,6 +76,8 @@ void DrawSettings::BindMarks() {
 void DrawSettings::LoadSettings() {
     FileService& files = bench_.Platform.Files;
     const std::string& folder = bench_.Window.Folders.SettingsFolder;
+    // A workbench that was never started has no folders: a console command draws with the built-in values.
+    if (folder.empty()) return;
     // 1.
     if (!files.Exists(folder + drawFile) && files.Exists(folder + drawResetFile)) {
         Attempt(loadSettingsName,
@@ -95,6 +97,7 @@ void DrawSettings::LoadSettings() {
 }
 
 void DrawSettings::SaveSettings() {
+    if (bench_.Window.Folders.SettingsFolder.empty()) return;
     const bool written = Attempt(saveSettingsName, [&] {
         bench_.Platform.Files.WriteWhole(bench_.Window.Folders.SettingsFolder + drawFile, Keys.Text());
     });

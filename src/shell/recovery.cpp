@@ -52,6 +52,7 @@ void Recovery::Keep() {
     text += lineEnd;
     // What could not be written is tried again when there is something new; what another run of the program has
     // taken away is written again.
+    if (bench_.Window.Folders.DataFolder.empty()) return;
     if (text == kept_ && (failed_ || files.Exists(FileName()))) return;
     failed_ = !Attempt(recoveryName, [&] { files.WriteWhole(FileName(), text); });
     kept_ = std::move(text);

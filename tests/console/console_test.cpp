@@ -357,4 +357,19 @@ TEST_F(ConsoleTest, TooManyLinesAreAFinding) {
     EXPECT_EQ(Run({"check", "--json", Put("d", FileText("MK2", lines(161, "91", "22")))}), 1) << Out;
 }
 
+// A command draws with the built-in values, whatever lies in the folder that it is called in, and leaves nothing there.
+TEST_F(ConsoleTest, DrawingKnowsNoSettings) {
+    const std::string source = Put("a.cnc", good);
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(Folder);
+    EXPECT_EQ(Run({"draw", "--json", source}), 0);
+    const std::string plain = Out;
+    EXPECT_FALSE(std::filesystem::exists("SettingsDraw.txt"));
+    Put("SettingsDraw.txt", "Background=True\r\nGrid=False\r\n");
+    EXPECT_EQ(Run({"draw", "--json", source}), 0);
+    std::filesystem::current_path(before);
+    EXPECT_EQ(Out, plain);
+    EXPECT_EQ(plain.substr(0, 27), "[{\"op\":\"clear\",\"color\":0}");
+}
+
 }  // namespace kvt::test

@@ -34,7 +34,7 @@ public:
         for (kvt::Form* one : bench_->Forms()) {
             windows_.push_back(std::make_unique<kvt::FormView>(platform_.Desktop, *one));
         }
-        QTest::qWaitForWindowActive(&windows_.front()->Window());
+        failed_ = !QTest::qWaitForWindowActive(&windows_.front()->Window());
     }
 
     void TakeAll() {
