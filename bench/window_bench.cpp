@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QTemporaryDir>
 #include <QTest>
 #include <algorithm>
 #include <cstdio>
@@ -13,6 +14,7 @@
 #include "desktop/desktop_platform.h"
 #include "desktop/form_view.h"
 #include "headless/disk_files.h"
+#include "headless/system_programs.h"
 #include "programs.h"
 #include "shell/workbench.h"
 
@@ -58,6 +60,9 @@ void Type(const char* text) {
 int main(int argc, char** argv) {
     QElapsedTimer start;
     start.start();
+    // Nothing of an earlier run asks questions.
+    const QTemporaryDir data;
+    qputenv("XDG_DATA_HOME", data.path().toLocal8Bit());
     QApplication application(argc, argv);
     kvt::FaultPlan noFaults;
     kvt::DiskFiles files(noFaults);
@@ -94,6 +99,49 @@ int main(int argc, char** argv) {
     bench.Store.lvCncProgram.Select(1);
     for (int i = 0; i < 200; ++i) downs.push_back(Press(Qt::Key_Down));
     within &= Report("Down in the list", downs, frame);
+    // The drawing on a screen of 1920 by 1080: a whole Redraw with grid and paint, and an edit that sets it off.
+    kvt::DrawWindow& draw = bench.Draw;
+    draw.Show();
+    QMainWindow& drawing = windows[1]->Window();
+    drawing.showNormal();
+    drawing.resize(1920, 1080);
+    if (!QTest::qWaitForWindowExposed(&drawing)) return 1;
+    QTest::qWait(100);
+    const auto redraws = [&](int count) {
+        std::vector<double> times;
+        for (int i = 0; i < count; ++i) {
+            QElapsedTimer clock;
+            clock.start();
+            draw.Redraw();
+            QApplication::processEvents();
+            times.push_back(Milliseconds(clock));
+        }
+        return times;
+    };
+    within &= Report("Redraw on screen, 209 lines", redraws(50), frame);
+    std::vector<double> edits;
+    for (int i = 0; i < 50; ++i) {
+        bench.Store.lvCncProgram.Select(100);
+        platform.Services.Focus.SetFocus(bench.Entry.txtGMcode);
+        QTest::qWait(1);
+        Type("01\r1000\r-50\r40\r");
+        edits.push_back(Press(Qt::Key_Return, QStringLiteral("\r")));
+    }
+    within &= Report("Enter to repainted drawing, 209 lines", edits, frame);
+    files.WriteWhole(program, kvt::bench::ProgramText("MK4", 20'000));
+    bench.Store.ProgramChanged = false;
+    name = program;
+    bench.Reader.LoadFile(name);
+    within &= Report("Redraw on screen, 20,000 lines", redraws(10), 200);
+    std::vector<double> scrolls;
+    for (int i = 0; i < 50; ++i) {
+        QElapsedTimer clock;
+        clock.start();
+        draw.View.ScrollBy(i % 2 == 0 ? 300 : -300, 150);
+        QApplication::processEvents();
+        scrolls.push_back(Milliseconds(clock));
+    }
+    within &= Report("Scrolling it", scrolls, frame);
     files.Delete(program);
     return within ? 0 : 1;
 }

@@ -166,6 +166,8 @@ void DrawWindow::Form_Load() {
 
 void DrawWindow::Unload() {
     State.LeaveWalk = true;
+    const Control* const focused = parts_.Platform.Focus.Focused();
+    const bool hadKeys = focused && &focused->OwningForm() == &Controls.frmDraw;
     Controls.frmDraw.Visible = false;
     Listing.Hide();
     // What a fault in a walk has left.
@@ -175,6 +177,7 @@ void DrawWindow::Unload() {
     State.StopRequested = false;
     State.DrawPending = false;
     loaded_ = false;
+    if (hadKeys) kvt::Run(GiveKeysBack);
 }
 
 void DrawWindow::Form_QueryUnload() {

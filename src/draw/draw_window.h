@@ -52,6 +52,8 @@ public:
 
     // Called for settings where they are to be taken or kept, and for the editor where it is to come forward.
     std::function<void()> LoadSettings, SaveSettings, ShowEditor;
+    // Called when the window that was closed had the keys.
+    std::function<void()> GiveKeysBack;
 
 private:
     void Form_Load();

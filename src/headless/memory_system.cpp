@@ -15,6 +15,10 @@ namespace kvt {
 
 namespace {
 
+// Signs of the main block that are keys by number.
+constexpr std::pair<char, int> signKeys[] = {{'+', 187}, {'=', 187}, {',', 188},
+                                             {'-', 189}, {'.', 190}, {'/', 191}};
+
 bool IsClipboardKey(const KeyStroke& stroke) {
     return stroke.Held == key::CtrlHeld && (stroke.Key == 'C' || stroke.Key == 'X' || stroke.Key == 'V');
 }
@@ -128,12 +132,16 @@ void MemorySystem::Press(int pressed, int held) {
     Deliver({pressed, held, character});
 }
 
-// Letters and digits are keys too, by their upper case.
+// Letters and digits are keys too, by their upper case, and some signs.
 void MemorySystem::Type(char character) {
     const char upper = UpperChar(character);
     const bool isKey = (upper >= 'A' && upper <= 'Z') || (upper >= '0' && upper <= '9') || upper == ' ';
     const int held = character >= 'A' && character <= 'Z' ? key::ShiftHeld : 0;
-    Deliver({isKey ? upper : 0, held, static_cast<unsigned char>(character)});
+    int pressed = isKey ? upper : 0;
+    for (const auto& [sign, number] : signKeys) {
+        if (sign == character) pressed = number;
+    }
+    Deliver({pressed, held, static_cast<unsigned char>(character)});
 }
 
 // A key that a handler presses arrives when the handler has ended.

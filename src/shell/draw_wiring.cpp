@@ -14,10 +14,14 @@ void mnuDraw_Click(Workbench& bench) {
     bench.Draw.Controls.frmDraw.BringToFront();
 }
 
+void GoToCodeField(Workbench& bench) {
+    if (bench.Entry.txtGMcode.ReallyVisible()) bench.Platform.Focus.SetFocus(bench.Entry.txtGMcode);
+}
+
 void ShowEditor(Workbench& bench) {
     bench.frmMain.Visible = true;
     bench.frmMain.BringToFront();
-    if (bench.Entry.txtGMcode.ReallyVisible()) bench.Platform.Focus.SetFocus(bench.Entry.txtGMcode);
+    GoToCodeField(bench);
 }
 
 }  // namespace
@@ -39,6 +43,7 @@ void WireDrawing(Workbench& bench) {
         if (draw.Controls.frmDraw.Visible) draw.Form_QueryUnload();
     };
     draw.ShowEditor = [&bench] { ShowEditor(bench); };
+    draw.GiveKeysBack = [&bench] { GoToCodeField(bench); };
 }
 
 void RefreshDrawCommands(Workbench& bench) {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "draw/svg.h"
 #include "headless/memory_platform.h"
 #include "shell/workbench.h"
 
@@ -30,6 +31,7 @@ public:
     }
     void Delete(std::string_view path) override { Content.erase(std::string(path)); }
     void MakeFolder(std::string_view) override {}
+    std::vector<std::string> List(std::string_view, std::string_view) override { return {}; }
 };
 
 void Demand(bool condition) {
@@ -53,8 +55,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size > (std::size_t{1} << 16)) return 0;
     MapFiles files;
     kvt::MemoryPlatform platform;
-    kvt::Services services{files,           platform.Dialogs, platform.Clipboard, platform.Screen,
-                           platform.System, platform.Focus,   platform.Port};
+    kvt::Services services{files,           platform.Dialogs, platform.Clipboard,
+                           platform.Screen, platform.System,  platform.Focus,
+                           platform.Port,   platform.Printer, platform.Programs};
     kvt::Workbench bench(services);
     const auto load = [&](const std::string& text) {
         files.Content["program"] = text;
@@ -71,5 +74,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Demand(bench.Store.EndCodePresent);
     DemandOrder(bench);
     if (load(bench.Writer.GenerateAll())) DemandOrder(bench);
+    // Nobody looks on: what would never end is given up.
+    platform.System.Patience = 2000;
+    bench.Draw.Show();
+    const kvt::PictureBox& field = bench.Draw.Controls.pbxDrawField;
+    kvt::SvgOf(field.Operations(),
+               {"", bench.Draw.State.DrawScale, "", field.ScaleWidth(), field.ScaleHeight()});
     return 0;
 }
