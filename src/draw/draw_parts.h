@@ -12,7 +12,8 @@ namespace kvt {
 
 // What the drawing window keeps between its handlers. Program units are 1/100 mm or 1/1000 inch.
 struct DrawState {
-    float DrawScale = 1;  // twips a program unit
+    bool Walking = false;  // a walk stands on the stack
+    float DrawScale = 1;   // twips a program unit
     double ZeroX = 0, ZeroY = 0;
     float ToolWidth = 1;  // pixels, at least 1
     // The last zero point mark, on which the grid aligns itself.

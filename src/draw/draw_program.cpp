@@ -299,6 +299,8 @@ bool DrawProgram::EndOfLine() {
         controls_.cmdStep.Visible = true;
         controls_.cmdStep.Enabled = true;
         parts_.Platform.Focus.SetFocus(controls_.cmdStep);
+        // A press from before the wait is none; an aborted walk is let go.
+        if (!state_.StopRequested) state_.StepPressed = false;
         pieces_.Sim.WaitUntil(state_.StepPressed, true);
         state_.StepPressed = false;
     }

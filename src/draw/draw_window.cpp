@@ -102,7 +102,7 @@ void DrawWindow::WireField() {
 }
 
 void DrawWindow::Redraw() {
-    const StackGuard guard(walking_);
+    const StackGuard guard(State.Walking);
     redrawAsked_ = true;
     if (!guard.Entered()) {
         // An aborted walk would wait on for its step or its click.
@@ -129,7 +129,9 @@ void DrawWindow::Redraw() {
 void DrawWindow::RunPasses() {
     const bool wide = parts_.Store.IsF1() && Controls.mnuToolWidth.Checked;
     DrawProgram(pieces_, wide ? 0 : 1, 1).Run();
-    if (wide && Controls.mnuToolCenter.Checked && !State.LeaveWalk) DrawProgram(pieces_, 1, 2).Run();
+    if (!wide || !Controls.mnuToolCenter.Checked || State.LeaveWalk) return;
+    State.Turns = 0;
+    DrawProgram(pieces_, 1, 2).Run();
 }
 
 void DrawWindow::Show() {

@@ -68,7 +68,6 @@ private:
 
     DrawProgram::Pieces pieces_;
     bool loaded_ = false;
-    bool walking_ = false;
     bool redrawAsked_ = false;
     bool givenUp_ = false;
     // Where the middle button holds the field.

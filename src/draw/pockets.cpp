@@ -49,7 +49,7 @@ public:
 private:
     void SetUp() {
         field_.ForeColor = call_.Ink;
-        field_.DrawWidth = ToInteger(call_.PenWidth);
+        field_.DrawWidth = ToLong(call_.PenWidth);
         const double diameter = call_.ToolDiameter;
         rowStep_ = (diameter * 2 - diameter / 2) * state_.DrawScale;
         toolRadius_ = diameter / 2 * state_.DrawScale;

@@ -148,7 +148,7 @@ bool ProgramWindow::Follow(int lineIndex, int itemCount) {
     if (lineIndex <= itemCount) select(lineIndex - 1);
     const Cell& finding = parts_.Store.lvCncProgram.Row(lineIndex)[column::Error];
     if (Left(finding, 1) != "!") return false;
-    lstCncLines.AddEntry('"' + std::string(finding.View()) + "\" in line" +
+    lstCncLines.AddEntry('"' + std::string(finding.View()) + "\" in line " +
                          NumberText(static_cast<float>(lineIndex - 1)));
     select(parts_.Store.LineCount());
     return true;

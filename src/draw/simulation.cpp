@@ -42,7 +42,10 @@ void Simulation::EnableControls(bool flag) {
 void Simulation::mnuSim_Click(int index) {
     EnableControls(index == simulation::Run);
     controls_.cmdStep.Enabled = false;
-    controls_.frStepControls.Visible = index != simulation::Run;
+    // A walk that goes on keeps its Abort.
+    controls_.frStepControls.Visible = index != simulation::Run || state_.Walking;
+    // What a fault has left.
+    if (!state_.Walking) state_.Drawing = false;
     SelectSim(index);
     // A walk that waits for a step would wait for a button that is disabled now: it goes on.
     if (index != simulation::Step) state_.StepMode = false;
@@ -60,6 +63,10 @@ void Simulation::cmdStop_Click() {
     SelectSim(simulation::Run);
     EnableControls(true);
     controls_.frStepControls.Visible = false;
+    if (state_.Walking) return;
+    // Nothing to abort but what a fault has left.
+    state_.Drawing = false;
+    state_.StopRequested = false;
 }
 
 void Simulation::cmdRun_Click() { mnuSim_Click(simulation::Run); }

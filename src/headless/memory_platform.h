@@ -94,7 +94,7 @@ public:
     // The same for a wait that ends by itself: it asks this and nothing else.
     std::function<void()> NextInTimedWait;
     // After how many turns of endless work it takes events as a wait does.
-    long long Patience = 1'000'000;
+    long long Patience = 2'000'000;
     // Runs whenever the clock has moved on.
     std::function<void()> OnClock;
 
