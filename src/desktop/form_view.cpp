@@ -123,7 +123,7 @@ void FormView::Follow(PropertyId id) {
             if (form_.Visible && !form_.TopMost) window_->activateWindow();
             break;
         case PropertyId::Front:
-            if (window_->isMinimized()) window_->showNormal();
+            window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
             window_->raise();
             window_->activateWindow();
             break;

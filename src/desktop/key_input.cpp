@@ -43,9 +43,9 @@ struct SignKey {
 };
 
 constexpr SignKey signKeys[] = {
-    {Qt::Key_Plus, 187, 107},   {Qt::Key_Equal, 187, 187},  {Qt::Key_Minus, 189, 109},
-    {Qt::Key_Comma, 188, 110},  {Qt::Key_Period, 190, 110}, {Qt::Key_Slash, 191, 111},
-    {Qt::Key_Asterisk, 0, 106},
+    {Qt::Key_Plus, 187, 107},   {Qt::Key_Equal, 187, 187},      {Qt::Key_Minus, 189, 109},
+    {Qt::Key_Comma, 188, 110},  {Qt::Key_Period, 190, 110},     {Qt::Key_Slash, 191, 111},
+    {Qt::Key_Asterisk, 0, 106}, {Qt::Key_Underscore, 189, 189},
 };
 
 const NamedKey* FindNamed(int toolkit) {

@@ -296,7 +296,10 @@ void DrawWindow::ShowMenusOfMachine() {
     Controls.mnuToolWidth.Visible = mill;
     Controls.mnuToolCenter.Visible = mill;
     Controls.mnuFillCycles.Visible = !mill;
-    if (mill) Controls.mnuFillCycles.Checked = false;
+    if (mill && Controls.mnuFillCycles.Checked) {
+        Controls.mnuFillCycles.Checked = false;
+        SetFillStyle(Controls);
+    }
 }
 
 void DrawWindow::cmdAutoFit_Click() {

@@ -137,6 +137,7 @@ void ProgramWindow::Begin() {
     ArrangeHeads();
     FillRows();
     Form_Resize();
+    if (frmProgramWindow.State.Get() == WindowState::Minimised) frmProgramWindow.State = WindowState::Normal;
     frmProgramWindow.Visible = true;
 }
 

@@ -10,6 +10,9 @@ constexpr std::size_t drawButton = 7;
 
 // By hand: the window comes forward.
 void mnuDraw_Click(Workbench& bench) {
+    // A walk may take its time: the window comes forward before it.
+    Form& window = bench.Draw.Controls.frmDraw;
+    if (window.Visible && !bench.Draw.State.DrawPending) window.BringToFront();
     bench.Draw.Show();
     bench.Draw.Controls.frmDraw.BringToFront();
 }
