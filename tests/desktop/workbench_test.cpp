@@ -120,7 +120,7 @@ TEST_F(DesktopWorkbench, AWholeProgramIsTypedByKeysAlone) {
 // KVT_MONKEY_EVENTS lets it go on for longer.
 TEST_F(DesktopWorkbench, AMonkeyBreaksNothing) {
     const char* const wanted = std::getenv("KVT_MONKEY_EVENTS");
-    const int events = wanted ? std::atoi(wanted) : 400;
+    const int events = wanted ? std::atoi(wanted) : 80;
     const std::string name = data_.filePath("lid.cnc").toStdString();
     files.WriteWhole(name, files.ReadWhole(KVT_SOURCE_DIR "/samples/f1_lid.cnc"));
     Open("");
