@@ -264,8 +264,8 @@ void Workbench::ControlsEnable(int enable) {
 }
 
 void Workbench::cmdReturn_Click() {
-    // What is being sent keeps the window frozen.
-    ControlsEnable(Store.TransmitActive ? 0 : 1);
+    // What is being sent or received keeps the window frozen.
+    ControlsEnable(Store.TransmitActive || Transfer.frRXcode.Visible ? 0 : 1);
     for (Control* overlay : std::initializer_list<Control*>{
              &Entry.cmdReturn, &Main.rtfAbout, &Main.lstAbout, &Main.rtfHelp, &Main.rtfGcodeHelpMK2,
              &Main.rtfGcodeHelpMK4, &Entry.picXYaxes, &Entry.picZXaxes}) {

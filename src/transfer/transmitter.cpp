@@ -168,6 +168,8 @@ void Transmitter::ShowRow(std::string_view line) {
 
 // The control's reception ends with the units.
 void Transmitter::SendUnits() {
+    // A reception meanwhile has put the port to its own settings.
+    Attempt([&] { parts_.Port.Port().SetSettings(parts_.Port.TX().Settings); });
     const std::string units = (parts_.Store.Metric ? "M" : "\"") + std::string(cnc::LineEnd);
     Attempt([&] { parts_.Port.Port().Output(units); });
 }
