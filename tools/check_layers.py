@@ -21,8 +21,7 @@ MAY_INCLUDE["shell"] = {*CORE, "transfer", "draw"}
 MAY_INCLUDE["headless"] = {"basic", "platform"}
 MAY_INCLUDE["desktop"] = {"basic", "platform"}
 MAY_INCLUDE["console"] = {*MAY_INCLUDE["shell"], "shell", "headless"}
-MAY_INCLUDE["iso"] = {"basic"}
-MAY_INCLUDE["app"] = {*MAY_INCLUDE["console"], "console", "desktop", "iso"}
+MAY_INCLUDE["app"] = {*MAY_INCLUDE["console"], "console", "desktop"}
 
 # Headers from outside, by the beginning of their names -> the rooms that may include them.
 FOREIGN = (

@@ -4,8 +4,8 @@
 #include "basic/code_page.h"
 #include "basic/number.h"
 #include "basic/text.h"
+#include "files/iso/converter.h"
 #include "headless/memory_platform.h"
-#include "iso/converter.h"
 #include "shell/workbench.h"
 
 // The pre-processor for ISO code: iso2emco.MK2, iso2emco.MK4 or iso2emco.F1 FILE. The machine is the one that its

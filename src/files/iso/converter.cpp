@@ -1,4 +1,4 @@
-#include "iso/converter.h"
+#include "files/iso/converter.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,7 +2,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "iso/converter.h"
+#include "files/iso/converter.h"
 #include "program/program_store.h"
 #include "support/bench_fixture.h"
 

@@ -1,4 +1,4 @@
-#include "iso/arcs.h"
+#include "files/iso/arcs.h"
 
 #include <cmath>
 #include <numbers>

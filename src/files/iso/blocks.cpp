@@ -1,4 +1,4 @@
-#include "iso/blocks.h"
+#include "files/iso/blocks.h"
 
 #include "basic/number.h"
 #include "basic/text.h"

@@ -1,4 +1,4 @@
-#include "iso/machine_program.h"
+#include "files/iso/machine_program.h"
 
 #include <cstdlib>
 

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "iso/arcs.h"
-#include "iso/blocks.h"
-#include "iso/machine_program.h"
+#include "files/iso/arcs.h"
+#include "files/iso/blocks.h"
+#include "files/iso/machine_program.h"
 
 namespace kvt::iso {
 

@@ -2,7 +2,7 @@
 #include <cmath>
 
 #include "basic/number.h"
-#include "iso/converter.h"
+#include "files/iso/converter.h"
 
 // The ways of the tool.
 namespace kvt::iso {
