@@ -57,6 +57,7 @@ void MainWindow::WireMenus() {
     bench_.Paper.cmdPrinterDialog.OnClick = [this] { bench_.Print.cmdPrinterDialog_Click(); };
     main.mnuExit.OnClick = [this] { mnuExit_Click(); };
     main.mnuGeneral.OnClick = [this] { ShowSettings(settings_page::General); };
+    main.mnuInfo.OnClick = [this] { ShowSettings(settings_page::Info); };
     main.mnuMachine.OnClick = [this] { ShowSettings(settings_page::Machine); };
     main.RCmnuInsert.OnClick = [this] { bench_.Lines.LineInsert(); };
     main.RCmnuDelete.OnClick = [this] { bench_.Lines.LineDelete(); };
@@ -205,6 +206,7 @@ void MainWindow::Form_Resize() {
 }
 
 void MainWindow::tmr1sec_Timer() {
+    if (bench_.Main.tabSettings.Visible) ShowPaths();
     if (!bench_.ControlsOn) return;
     MainControls& main = bench_.Main;
     ProgramStore& store = bench_.Store;
@@ -338,9 +340,14 @@ void MainWindow::ShowSettings(int page) {
     TabStrip& settings = bench_.Main.tabSettings;
     const bool leaves = settings.Visible && settings.Value == page;
     bench_.cmdReturn_Click();
+    ShowPaths();
     settings.Value = page;
     settings.Visible = !leaves;
     if (leaves) bench_.Platform.Focus.SetFocus(bench_.Store.lvCncProgram);
+}
+
+void MainWindow::ShowPaths() {
+    bench_.Info.Show(bench_.File.lblPath.Caption.Get(), bench_.Modules.StartFolder, Folders.SettingsFolder);
 }
 
 void MainWindow::ChooseMachine(const char* machine) {

@@ -53,6 +53,7 @@ Workbench::Workbench(Services& services)
                 Calls}),
       Draw({Store, Machine, Results, File, Language, services}),
       Paper(frmMain, services.Printer),
+      Info(frmMain),
       Print({Store, File, Writer, Language, services, Calls}),
       Import({Store, File, Reader, Main.mnuImport, services}),
       Window(*this),
@@ -134,6 +135,7 @@ void Workbench::PlaceInFrames() {
             &Main.lblSettingsAbsColor, &Main.cmdResetAll});
     onPage(settings_page::Printer, {&Paper.lblFontName, &Paper.cboFontName, &Paper.lblFontSize,
                                     &Paper.cboFontSize, &Paper.cmdPrinterDialog});
+    Info.PutOn(Main.tabSettings, settings_page::Info);
     onPage(settings_page::Machine, {&Main.frMachineType, &Main.frCompact5, &Main.frF1CNC});
     for (const auto& button : Main.cmdTopButtons) button->Container = &Main.frControlPanel;
     put(Main.frAxesProperties, {&Main.lblMin, &Main.lblMax, &Main.lblTravel});
@@ -237,6 +239,9 @@ void Workbench::OrderTabs() {
                                                             &View.chkSettingsAutowidth,
                                                             &Entry.chkSettingsDWC,
                                                             &Main.cmdResetAll,
+                                                            &Info.txtCurrentFilePath,
+                                                            &Info.txtApplicationPath,
+                                                            &Info.txtSettingsPath,
                                                             &Machine.optSettingsMK2,
                                                             &Machine.optSettingsMK4,
                                                             &Machine.optSettingsF1CNC,
