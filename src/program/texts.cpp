@@ -50,6 +50,8 @@ constexpr DefaultText messageDefaults[] = {
     {3, "Continue?"},
     {4, "Clear?"},
     {5, "No file specified"},
+    {6, "No calculator was found on this machine"},
+    {7, "The pre-processor is still at work on"},
     {11, "minimum"},
     {12, "maximum"},
     {13, "Program Version"},

@@ -14,7 +14,6 @@ namespace {
 
 constexpr const char* formLoadName = "Form_Load";
 constexpr const char* programName = "Kestrel Vise Toolkit";
-constexpr const char* noCalculator = "No calculator was found on this machine";
 // Those of the desktops, by the names of their programs.
 constexpr const char* calculators[] = {"gnome-calculator",  "kcalc",         "mate-calc",
                                        "deepin-calculator", "qalculate-gtk", "qalculate-qt",
@@ -270,7 +269,7 @@ void MainWindow::mnuCalculator_Click() {
         Attempt("mnuCalculator_Click", [&] { launched = programs.Launch(name); });
         if (launched) return;
     }
-    bench_.Platform.Dialogs.ShowMessage(Notice(noCalculator));
+    bench_.Platform.Dialogs.ShowMessage(Notice(bench_.Language.MessageTexts(text::NoCalculator)));
 }
 
 void MainWindow::mnuNew_Click() {

@@ -55,7 +55,7 @@ Workbench::Workbench(Services& services)
       Paper(frmMain, services.Printer),
       Info(frmMain),
       Print({Store, File, Writer, Language, services, Calls}),
-      Import({Store, File, Reader, Main.mnuImport, services}),
+      Import({Store, File, Reader, Main.mnuImport, services, Language}),
       Window(*this),
       Modules(*this),
       Settings(*this),
