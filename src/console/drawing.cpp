@@ -80,18 +80,23 @@ public:
             return true;
         };
         draw.Show();
-        if (draw.GivenUp())
+        if (draw.GivenUp()) {
+            endless_ = true;
             Complain(file, "the drawing was ended after " +
                                PlainNumber(std::int64_t{Loaded.Platform.System.Patience}) +
                                " turns: this program never ends");
+        }
     }
 
     LoadedFile Loaded;
+    // Of the check; a program that never ends has a fault, whatever the check says.
+    int Status() const { return std::max(Loaded.Status(), endless_ ? status::Finding : status::Well); }
     std::span<const DrawOperation> Operations() const {
         return Loaded.Bench->Draw.Controls.pbxDrawField.Operations();
     }
 
 private:
+    bool endless_ = false;
     MemoryWindow window_;
 };
 
@@ -103,7 +108,7 @@ int DrawOneAsJson(const std::string& file, JsonSink& out) {
         WriteFileError(out, file, error);
     } else {
         WriteOperations(out, drawn.Operations());
-        result = drawn.Loaded.Status();
+        result = drawn.Status();
     }
     out.Put('\n');
     return result;
@@ -218,7 +223,7 @@ int DrawPicture(const std::string& file, const std::string& out, const PictureWr
         written =
             writer(drawn.Operations(), AreaOf(drawn.Operations(), head.FieldWidth, head.FieldHeight), out);
     }
-    if (written) return drawn.Loaded.Status();
+    if (written) return drawn.Status();
     Complain(out, "could not be written");
     return status::Usage;
 }

@@ -97,6 +97,7 @@ void DrawWindow::WireField() {
     // What is only read hands the focus on.
     for (TextBox* shown : {&Controls.txtDiameter, &Controls.txtDeltaX, &Controls.txtDeltaZ,
                            &Controls.txtDeltaXZ, &Controls.txtGrid}) {
+        shown->ShownOnly = true;
         shown->OnGotFocus = [this] { parts_.Platform.Focus.SetFocus(Controls.pbxDrawField); };
     }
 }
@@ -171,7 +172,7 @@ void DrawWindow::Unload() {
     const Control* const focused = parts_.Platform.Focus.Focused();
     const bool hadKeys = focused && &focused->OwningForm() == &Controls.frmDraw;
     Controls.frmDraw.Visible = false;
-    Listing.Hide();
+    Listing.Unload();
     // What a fault in a walk has left.
     Sim.EnableControls(true);
     Controls.frStepControls.Visible = false;

@@ -23,6 +23,11 @@ public:
         if (!loaded_) Form_Load();
     }
     void Hide() { frmProgramWindow.Visible = false; }
+    // Hides it; it takes on size and heads again when it is next loaded.
+    void Unload() {
+        Hide();
+        loaded_ = false;
+    }
 
 private:
     void Form_Load();

@@ -181,6 +181,8 @@ public:
     bool MultiLine = false;
     // All characters have the same width, for columns of numbers. Set before it is shown.
     bool FixedPitch = false;
+    // Has the colour of buttons and can be copied from; the user's hands change nothing. Set before it is shown.
+    bool ShownOnly = false;
 
     std::function<void()> OnChange;
 
@@ -308,7 +310,7 @@ public:
     ComboBox(Form& form, std::string_view name) : ListBox(form, name, ControlKind::ComboBox) {}
 };
 
-// A number between two bounds; values beyond them are held to them. OnChange runs at each new value, by hand or by
+// A number between two bounds, whichever is the greater; values beyond them are held to them. OnChange runs at each new value, by hand or by
 // code.
 class RangeControl : public Control {
 public:
@@ -318,7 +320,9 @@ public:
     std::function<void()> OnChange;
 
     // Sets the value within the bounds.
-    void SetValue(int value) { Value = std::clamp(value, Min.Get(), std::max(Min.Get(), Max.Get())); }
+    void SetValue(int value) {
+        Value = std::clamp(value, std::min(Min.Get(), Max.Get()), std::max(Min.Get(), Max.Get()));
+    }
 
 protected:
     RangeControl(Form& form, ControlKind kind, std::string_view name) : Control(form, kind, name) {}

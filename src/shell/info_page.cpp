@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "platform/keys.h"
 #include "shell/placing.h"
 
 namespace kvt {
@@ -38,9 +37,7 @@ void InfoPage::PutOn(TabStrip& settings, int page) {
         }
         Place({{*label, leftEdge, top, fieldWidth, lineHeight},
                {*box, leftEdge, top + lineHeight + 45, fieldWidth, fieldHeight}});
-        box->OnKeyPress = [](int& character) {
-            if (character != key::CtrlC) character = 0;
-        };
+        box->ShownOnly = true;
         top += step;
     }
 }
