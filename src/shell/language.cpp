@@ -159,10 +159,7 @@ void ModuleLoader::TakeSystemLine(const LanguageLine& line) {
 }
 
 void ModuleLoader::LoadHelp(const std::string& name) {
-    FileService& files = bench_.Platform.Files;
-    const std::string path = StartFolder + "Help/" + name;
-    if (!files.Exists(path)) return;
-    Attempt(loadModuleName, [&] { bench_.Main.rtfHelp.Text = WithoutUtf8Mark(files.ReadWhole(path)); });
+    bench_.Help.UseLanguage(name);
 }
 
 // Words in another language would not fit: the pictures remain.

@@ -125,7 +125,7 @@ MainControls::MainControls(Form& form)
     mnuFind.Shortcut = "Ctrl+F";
     mnuPrint.Shortcut = "Ctrl+P";
     tabSettings.Captions = {"General", "Info", "Machine", "Printer"};
-    for (Control* hidden : std::initializer_list<Control*>{&mnuImport, &mnuXfer, &mnuHelp, &mnuRightClick,
+    for (Control* hidden : std::initializer_list<Control*>{&mnuImport, &mnuXfer, &mnuRightClick,
                                                            &rtfHelp, &rtfGcodeHelpMK2, &rtfGcodeHelpMK4,
                                                            &rtfAbout, &lstAbout, &tabSettings}) {
         hidden->Visible = false;

@@ -102,8 +102,8 @@ void MainWindow::WireOptions() {
 
 void MainWindow::WireKeys() {
     bench_.File.txtFileNotes.OnKeyPress = [this](int& character) { txtFileNotes_KeyPress(character); };
-    bench_.frmMain.OnKeyDown = [this](int pressed, int) {
-        if (pressed != key::Escape) return;
+    bench_.frmMain.OnKeyDown = [this](int pressed, int held) {
+        if (bench_.Help.TakeKey(pressed, held) || pressed != key::Escape) return;
         if (bench_.Transfer.frRXcode.Visible) bench_.Received.cmdReceiveExit_Click();
         bench_.Main.tabSettings.Visible = false;
         if (bench_.Entry.cmdReturn.Visible) bench_.cmdReturn_Click();

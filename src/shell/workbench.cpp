@@ -54,6 +54,7 @@ Workbench::Workbench(Services& services)
       Draw({Store, Machine, Results, File, Language, services}),
       Paper(frmMain, services.Printer),
       Info(frmMain),
+      Help(*this),
       Print({Store, File, Writer, Language, services, Calls}),
       Import({Store, File, Reader, Main.mnuImport, services, Language}),
       Window(*this),
@@ -276,6 +277,7 @@ void Workbench::cmdReturn_Click() {
              &Main.rtfGcodeHelpMK4, &Entry.picXYaxes, &Entry.picZXaxes}) {
         overlay->Visible = false;
     }
+    Help.HideSearch();
 }
 
 void Workbench::TellUnkept() {
