@@ -185,13 +185,19 @@ private:
     bool wantsError_ = false;
 };
 
+// The language module of a folder of sources: "de" has the German one, beside the folder of all sources.
+std::string ModuleOf(const fs::path& folder) {
+    if (folder.filename() != "de") return {};
+    return NameFromSystem((folder.parent_path().parent_path() / "languages/Deutsch.txt").string());
+}
+
 // One document with its drawings.
 void MakePage(const fs::path& source, const fs::path& folder) {
     const std::string name = source.stem().string();
     int drawings = 0;
     HelpInserts inserts;
     inserts.Directive = [&](std::string_view words, int line) {
-        const std::string table = HelpTable(words, source.parent_path().filename().string());
+        const std::string table = HelpTable(words, ModuleOf(source.parent_path()));
         if (table.empty()) throw HelpFault{line, "no such table: " + std::string(words)};
         return table;
     };

@@ -37,8 +37,9 @@ std::string RangeText(const std::string& tag, const Words& words) {
 // A workbench of one machine, to be asked about its codes.
 class MachineTables {
 public:
-    MachineTables(std::string_view machine, const Words& words)
+    MachineTables(std::string_view machine, const Words& words, const std::string& languageModule)
         : words_(words), bench_(std::make_unique<Workbench>(platform_.Services)) {
+        bench_->Modules.LoadLanguageModule(languageModule);
         bench_->Store.Machine = machine;
         bench_->RefreshMachine();
     }
@@ -129,11 +130,11 @@ std::string Limits(MachineTables& machine, const std::string& code, const Words&
 
 }  // namespace
 
-std::string HelpTable(std::string_view words, std::string_view language) {
+std::string HelpTable(std::string_view words, const std::string& languageModule) {
     const std::vector<std::string_view> parts = Split(words, " ");
-    const Words& heads = language == "de" ? german : english;
+    const Words& heads = languageModule.empty() ? english : german;
     if (parts.size() < 2) return {};
-    MachineTables machine(parts.back(), heads);
+    MachineTables machine(parts.back(), heads, languageModule);
     if (parts.size() == 2 && parts[0] == "commands") return Commands(machine, heads);
     if (parts.size() == 2 && parts[0] == "ranges") return Ranges(machine, heads);
     if (parts.size() == 3 && parts[0] == "limits") return Limits(machine, std::string(parts[1]), heads);

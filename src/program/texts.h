@@ -67,9 +67,9 @@ inline constexpr int NoLines = 1, DeleteLine = 3, MaximumLines = 4, MustBeNumeri
                      SaveTitle = 14, DeleteTitle = 15, PortProblem = 16, NoPrinter = 17;
 inline constexpr int SaveNow = 1, ClearAnyway = 2, ContinueTitle = 3, ClearTitle = 4, NoFileSpecified = 5,
                      NoCalculator = 6, StillAtWork = 7, Minimum = 11, Maximum = 12, TheFile = 15,
-                     NotACncFile = 16, RecognizingProblem = 17, ProgramVersion = 13, LanguageModule = 14, Overwrite = 19, LowestValue = 20,
-                     HighestValue = 21, LeftAngle = 24, RightAngle = 25, DragTaskbar = 26,
-                     BlockedByTaskbar = 27, RestoreUnsaved = 28, Unkept = 29;
+                     NotACncFile = 16, RecognizingProblem = 17, ProgramVersion = 13, LanguageModule = 14,
+                     Overwrite = 19, LowestValue = 20, HighestValue = 21, LeftAngle = 24, RightAngle = 25,
+                     DragTaskbar = 26, BlockedByTaskbar = 27, RestoreUnsaved = 28, Unkept = 29;
 // In DrawErrorTexts.
 inline constexpr int HasBeenSaved = 1, NotRecognised = 6;
 }  // namespace text

@@ -155,11 +155,8 @@ void ModuleLoader::TakeOrderedLines(const LanguageSection& section) {
 void ModuleLoader::TakeSystemLine(const LanguageLine& line) {
     if (EqualIgnoringCase(line.Key, "Language Name")) bench_.Language.LanguageName = line.Value;
     if (EqualIgnoringCase(line.Key, "Translated by")) bench_.Language.TranslatedBy = line.Value;
-    if (EqualIgnoringCase(line.Key, "Help File Name") && !line.Value.empty()) LoadHelp(line.Value);
-}
-
-void ModuleLoader::LoadHelp(const std::string& name) {
-    bench_.Help.UseLanguage(name);
+    if (EqualIgnoringCase(line.Key, "Help File Name") && !line.Value.empty())
+        bench_.Help.UseLanguage(line.Value);
 }
 
 // Words in another language would not fit: the pictures remain.
