@@ -1,5 +1,7 @@
 // Takes pictures of the window for the documents: kvt_pictures FOLDER PREFIX [SCALE], on a display of its own.
 
+#include <unistd.h>
+
 #include <QApplication>
 #include <QMessageBox>
 #include <QScreen>
@@ -11,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "console/played_machine.h"
 #include "desktop/desktop_platform.h"
 #include "desktop/form_view.h"
 #include "headless/disk_files.h"
@@ -34,7 +37,7 @@ public:
         for (kvt::Form* one : bench_->Forms()) {
             windows_.push_back(std::make_unique<kvt::FormView>(platform_.Desktop, *one));
         }
-        failed_ = !QTest::qWaitForWindowActive(&windows_.front()->Window());
+        failed_ = !named_ || !QTest::qWaitForWindowActive(&windows_.front()->Window());
     }
 
     void TakeAll() {
@@ -54,11 +57,29 @@ public:
             bench_->cmdReturn_Click();
             Save(name);
         }
+        TakeTransfer();
     }
     bool Failed() const { return failed_; }
 
 private:
     static constexpr int menuBar = 330;  // twips
+
+    // A part of the program comes back as the machine sends it, then the whole goes out at 300 baud.
+    void TakeTransfer() {
+        const std::string program = bench_->Writer.GenerateAll();
+        const std::size_t begins = program.find("%\r\n") + 3;
+        const std::string part = program.substr(begins, program.find("\r\n", begins + 800) + 2 - begins);
+        if (write(line_.Handle(), part.data(), part.size()) != static_cast<ssize_t>(part.size()))
+            failed_ = true;
+        QTest::qWait(500);
+        Save("receive");
+        bench_->Received.cmdReceiveExit_Click();
+        QTimer::singleShot(7500, qApp, [this] {
+            Save("transmit");
+            bench_->Results.cmdStop.Click();
+        });
+        bench_->Transmit.mnuTX_Click();
+    }
 
     void Type(const char* keys) {
         for (; *keys != 0; ++keys) {
@@ -80,6 +101,9 @@ private:
     }
 
     QString folder_, prefix_;
+    // The line to the machine, and the only port.
+    kvt::PseudoTerminal line_;
+    bool named_ = qputenv("KVT_PORTS", QByteArray::fromStdString(line_.Path()));
     QTemporaryDir data_;
     kvt::FaultPlan noFaults_;
     kvt::DiskFiles files_{noFaults_};
