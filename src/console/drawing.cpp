@@ -87,6 +87,11 @@ public:
     }
 
     LoadedFile Loaded;
+    // A drawing that never ends is a finding too.
+    int Status() const {
+        return Loaded.Bench->Draw.GivenUp() ? std::max(Loaded.Status(), int{status::Finding})
+                                            : Loaded.Status();
+    }
     std::span<const DrawOperation> Operations() const {
         return Loaded.Bench->Draw.Controls.pbxDrawField.Operations();
     }
@@ -103,17 +108,10 @@ int DrawOneAsJson(const std::string& file, JsonSink& out) {
         WriteFileError(out, file, error);
     } else {
         WriteOperations(out, drawn.Operations());
-        result = drawn.Loaded.Status();
+        result = drawn.Status();
     }
     out.Put('\n');
     return result;
-}
-
-SvgHead HeadOf(const DrawnFile& drawn) {
-    const Workbench& bench = *drawn.Loaded.Bench;
-    const PictureBox& field = bench.Draw.Controls.pbxDrawField;
-    return {std::string(ExtractFileName(bench.File.lblPath.Caption)), bench.Draw.State.DrawScale,
-            bench.Store.Metric ? "0.01 mm" : "0.001 inch", field.ScaleWidth(), field.ScaleHeight()};
 }
 
 std::string KindOf(const std::string& path) {
@@ -199,26 +197,29 @@ int DrawAsJson(const std::vector<std::string>& files) {
 
 int DrawPicture(const std::string& file, const std::string& out, const PictureWriter& writer) {
     const std::string kind = KindOf(out);
-    if (kind != ".SVG" && kind != ".PNG" && kind != ".BMP") {
-        Complain(out, "is none of .svg, .png and .bmp");
+    const bool strokes = kind == ".SVG" || kind == ".PDF";
+    if (!strokes && kind != ".PNG" && kind != ".BMP") {
+        Complain(out, "is none of .svg, .pdf, .png and .bmp");
         return status::Usage;
     }
-    if (kind != ".SVG" && !writer) return DrawByWindow(file, out);
+    if (!strokes && !writer) return DrawByWindow(file, out);
     DrawnFile drawn(file);
     if (const char* error = drawn.Loaded.Error()) {
         Complain(file, error);
         return status::Usage;
     }
-    const SvgHead head = HeadOf(drawn);
+    const DrawingOutput& output = drawn.Loaded.Bench->Draw.Output;
     bool written = false;
-    if (kind == ".SVG") {
-        const std::string text = SvgOf(drawn.Operations(), head);
-        written = Attempt("draw", [&] { drawn.Loaded.Platform.Files.WriteWhole(NameFromSystem(out), text); });
+    if (strokes) {
+        written = Attempt("draw", [&] {
+            drawn.Loaded.Platform.Files.WriteWhole(NameFromSystem(out), output.Picture(kind));
+        });
     } else {
+        const SvgHead head = output.Head();
         written =
             writer(drawn.Operations(), AreaOf(drawn.Operations(), head.FieldWidth, head.FieldHeight), out);
     }
-    if (written) return drawn.Loaded.Status();
+    if (written) return drawn.Status();
     Complain(out, "could not be written");
     return status::Usage;
 }

@@ -64,7 +64,7 @@ void ScrollBarView::Follow(PropertyId id) {
     switch (id) {
         case PropertyId::Bounds:
         case PropertyId::Value:
-            face_->setRange(bar_.Min, bar_.Max);
+            face_->setRange(bar_.Lowest(), bar_.Highest());
             face_->setSingleStep(bar_.SmallChange);
             face_->setPageStep(bar_.LargeChange);
             face_->setValue(bar_.Value);

@@ -153,6 +153,12 @@ LineView::LineView(DesktopContext& desktop, TextBox& control, QWidget* parent)
     : TextBoxView(desktop, control, new QLineEdit(parent)), edit_(static_cast<QLineEdit*>(Widget())) {
     edit_->setMaxLength(longestLine);
     edit_->setValidator(new LineFilter(edit_));
+    if (control.ShownOnly) {
+        edit_->setReadOnly(true);
+        QPalette palette = edit_->palette();
+        palette.setColor(QPalette::Base, palette.color(QPalette::Button));
+        edit_->setPalette(palette);
+    }
     edit_->setInputMethodHints(Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
     connect(edit_, &QLineEdit::textEdited, this, [this] { Edited(); });
     connect(edit_, &QLineEdit::selectionChanged, this, [this] { SelectionMoved(); });

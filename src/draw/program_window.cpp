@@ -66,10 +66,7 @@ ProgramWindow::ProgramWindow(DrawParts& parts)
     frmProgramWindow.Caption = "Program Lines";
     frmProgramWindow.TopMost = true;
     frmProgramWindow.OnResize = [this] { Form_Resize(); };
-    frmProgramWindow.OnQueryUnload = [this] {
-        Hide();
-        loaded_ = false;
-    };
+    frmProgramWindow.OnQueryUnload = [this] { Unload(); };
     int left = 580;
     for (Label* head :
          {&lblN, &lblG, &lblX, &lblY, &lblZ, &lblF, &lblH, &lblToolX, &lblToolY, &lblToolZ, &lblComment}) {

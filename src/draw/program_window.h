@@ -23,6 +23,11 @@ public:
         if (!loaded_) Form_Load();
     }
     void Hide() { frmProgramWindow.Visible = false; }
+    // The next time it is shown it takes on its first size and heads anew.
+    void Unload() {
+        Hide();
+        loaded_ = false;
+    }
 
 private:
     void Form_Load();

@@ -181,6 +181,8 @@ public:
     bool MultiLine = false;
     // All characters have the same width, for columns of numbers. Set before it is shown.
     bool FixedPitch = false;
+    // What stands there is only read: it lies on the ground that buttons have. Set before it is shown.
+    bool ShownOnly = false;
 
     std::function<void()> OnChange;
 
@@ -317,8 +319,11 @@ public:
     Property<int> Value{*this, PropertyId::Value};
     std::function<void()> OnChange;
 
-    // Sets the value within the bounds.
-    void SetValue(int value) { Value = std::clamp(value, Min.Get(), std::max(Min.Get(), Max.Get())); }
+    // Sets the value within the bounds, whichever of them is the greater.
+    void SetValue(int value) { Value = std::clamp(value, Lowest(), Highest()); }
+
+    int Lowest() const { return std::min(Min.Get(), Max.Get()); }
+    int Highest() const { return std::max(Min.Get(), Max.Get()); }
 
 protected:
     RangeControl(Form& form, ControlKind kind, std::string_view name) : Control(form, kind, name) {}

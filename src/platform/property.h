@@ -39,6 +39,7 @@ enum class PropertyId : std::uint8_t {
     Operations,
     Front,
     Appended,
+    Cross,
 };
 
 namespace detail {
