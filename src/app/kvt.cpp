@@ -98,7 +98,7 @@ bool Read(const QStringList& arguments, Options& options, QString& problem) {
 }
 
 // The drawing as points, one for 15 twips.
-bool WritePoints(std::span<const kvt::DrawOperation> operations, const kvt::DrawnArea& area,
+bool WritePoints(std::span<const kvt::DrawOperation> operations, const kvt::FieldArea& area,
                  const std::string& path) {
     const kvt::FieldPiece piece{1.0 / 15, 1,
                                 QPoint(static_cast<int>(area.Left / 15), static_cast<int>(area.Top / 15))};

@@ -53,7 +53,7 @@ int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& opti
     CLI::App* draw = app.add_subcommand("draw", "Draw the tool path");
     draw->add_option("FILE", drawn, "Program file; several with --json")->required();
     CLI::Option* const pictureOption =
-        draw->add_option("-o", picture, "Picture to write: .svg, .png or .bmp");
+        draw->add_option("-o", picture, "Picture to write: .svg, .pdf, .png or .bmp");
     draw->add_flag("--json", operations, "The drawing operations of each file, one array a line")
         ->excludes(pictureOption);
 

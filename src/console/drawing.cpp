@@ -81,7 +81,6 @@ public:
         };
         draw.Show();
         if (draw.GivenUp()) {
-            endless_ = true;
             Complain(file, "the drawing was ended after " +
                                PlainNumber(std::int64_t{Loaded.Platform.System.Patience}) +
                                " turns: this program never ends");
@@ -89,14 +88,16 @@ public:
     }
 
     LoadedFile Loaded;
-    // Of the check; a program that never ends has a fault, whatever the check says.
-    int Status() const { return std::max(Loaded.Status(), endless_ ? status::Finding : status::Well); }
+    // A drawing that never ends is a finding too.
+    int Status() const {
+        return Loaded.Bench->Draw.GivenUp() ? std::max(Loaded.Status(), int{status::Finding})
+                                            : Loaded.Status();
+    }
     std::span<const DrawOperation> Operations() const {
         return Loaded.Bench->Draw.Controls.pbxDrawField.Operations();
     }
 
 private:
-    bool endless_ = false;
     MemoryWindow window_;
 };
 
@@ -112,13 +113,6 @@ int DrawOneAsJson(const std::string& file, JsonSink& out) {
     }
     out.Put('\n');
     return result;
-}
-
-SvgHead HeadOf(const DrawnFile& drawn) {
-    const Workbench& bench = *drawn.Loaded.Bench;
-    const PictureBox& field = bench.Draw.Controls.pbxDrawField;
-    return {std::string(ExtractFileName(bench.File.lblPath.Caption)), bench.Draw.State.DrawScale,
-            bench.Store.Metric ? "0.01 mm" : "0.001 inch", field.ScaleWidth(), field.ScaleHeight()};
 }
 
 std::string KindOf(const std::string& path) {
@@ -204,22 +198,25 @@ int DrawAsJson(const std::vector<std::string>& files) {
 
 int DrawPicture(const std::string& file, const std::string& out, const PictureWriter& writer) {
     const std::string kind = KindOf(out);
-    if (kind != ".SVG" && kind != ".PNG" && kind != ".BMP") {
-        Complain(out, "is none of .svg, .png and .bmp");
+    const bool strokes = kind == ".SVG" || kind == ".PDF";
+    if (!strokes && kind != ".PNG" && kind != ".BMP") {
+        Complain(out, "is none of .svg, .pdf, .png and .bmp");
         return status::Usage;
     }
-    if (kind != ".SVG" && !writer) return DrawByWindow(file, out);
+    if (!strokes && !writer) return DrawByWindow(file, out);
     DrawnFile drawn(file);
     if (const char* error = drawn.Loaded.Error()) {
         Complain(file, error);
         return status::Usage;
     }
-    const SvgHead head = HeadOf(drawn);
+    const DrawingOutput& output = drawn.Loaded.Bench->Draw.Output;
     bool written = false;
-    if (kind == ".SVG") {
-        const std::string text = SvgOf(drawn.Operations(), head);
-        written = Attempt("draw", [&] { drawn.Loaded.Platform.Files.WriteWhole(NameFromSystem(out), text); });
+    if (strokes) {
+        written = Attempt("draw", [&] {
+            drawn.Loaded.Platform.Files.WriteWhole(NameFromSystem(out), output.Picture(kind));
+        });
     } else {
+        const SvgHead head = output.Head();
         written =
             writer(drawn.Operations(), AreaOf(drawn.Operations(), head.FieldWidth, head.FieldHeight), out);
     }

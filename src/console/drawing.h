@@ -22,7 +22,7 @@ std::optional<std::string> OperationField(const DrawOperation& operation, std::s
 int DrawAsJson(const std::vector<std::string>& files);
 
 // Writes a picture of an area of the field to a file; false where it cannot.
-using PictureWriter = std::function<bool(std::span<const DrawOperation> operations, const DrawnArea& area,
+using PictureWriter = std::function<bool(std::span<const DrawOperation> operations, const FieldArea& area,
                                          const std::string& path)>;
 
 // The drawing of a file as a picture: .svg, and what a writer for the other kinds takes. Without one these are

@@ -101,7 +101,7 @@ public:
                            bench_->Results.lblYAxisTravel.Caption != "0" ||
                            bench_->Results.lblZAxisTravel.Caption != "0";
         if (!moves) return {};
-        const DrawnArea area = AreaOf(field.Operations(), field.ScaleWidth(), field.ScaleHeight());
+        const FieldArea area = AreaOf(field.Operations(), field.ScaleWidth(), field.ScaleHeight());
         const double scale =
             std::min({widest * twipsAPixel / area.Width, highest * twipsAPixel / area.Height, 1.0});
         width = area.Width / twipsAPixel * scale;

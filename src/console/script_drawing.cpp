@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "basic/code_page.h"
 #include "basic/number.h"
 #include "console/drawing.h"
 #include "headless/text_editing.h"
@@ -87,6 +88,28 @@ void ExpectOperationCount(ScriptRun& run, const Arguments& given) {
     });
     run.CountMark = Made(field);
     run.Compare(given.Last(), PlainNumber(static_cast<std::int64_t>(count)));
+}
+
+void ExpectPicture(ScriptRun& run, const Arguments& given) {
+    MemoryPlatform& platform = run.Session.Platform;
+    const std::string& where = given.Last();
+    bool there = false;
+    if (where == "clipboard") {
+        there = platform.Clipboard.Picture.Width > 0;
+    } else if (where == "printer") {
+        there = platform.Printer.Forms > run.ExpectedForms;
+        run.ExpectedForms = platform.Printer.Forms;
+    } else {
+        std::string content;
+        try {
+            content = run.Session.Files().ReadWhole(NameFromSystem(where));
+        } catch (const RunTimeError&) {
+            return run.Fail("a picture " + Quoted(where), "no such file");
+        }
+        for (const char* const beginning : {"BM", "\x89PNG", "%PDF", "<svg"})
+            there = there || content.starts_with(beginning);
+    }
+    if (!there) run.Fail("a picture " + Quoted(where), "none");
 }
 
 }  // namespace kvt::script

@@ -231,6 +231,7 @@ constexpr ScriptAction expectations[] = {
     {"clock", {Arg::Text}, ExpectClock},
     {"op", {Arg::Number, Arg::Word, Arg::Text}, script::ExpectOperation},
     {"opcount", {Arg::Word, Arg::Text}, script::ExpectOperationCount},
+    {"picture", {Arg::Text}, script::ExpectPicture},
     {"sent", {Arg::Text}, ExpectSent},
     {"port", {Arg::Text}, ExpectPort},
     {"portsettings", {Arg::Text}, ExpectPortSettings},

@@ -43,6 +43,10 @@ void DesktopClipboard::Clear() { QGuiApplication::clipboard()->clear(); }
 
 void DesktopClipboard::SetText(std::string_view text) { QGuiApplication::clipboard()->setText(ToQt(text)); }
 
+void DesktopClipboard::SetPicture(const Pixels& picture) {
+    QGuiApplication::clipboard()->setImage(ImageOf(picture));
+}
+
 int DesktopScreen::Width() { return lengths_.Twips(QGuiApplication::primaryScreen()->geometry().width()); }
 
 int DesktopScreen::Height() { return lengths_.Twips(QGuiApplication::primaryScreen()->geometry().height()); }
@@ -57,7 +61,7 @@ double DesktopPlatform::ScreenFactor() {
 
 DesktopPlatform::DesktopPlatform(FileService& files, ProgramService& programs, double factor)
     : Desktop{Scale(factor), focus_, system_},
-      Services{files, dialogs_, clipboard_, screen_, system_, focus_, port_, printer_, programs},
+      Services{files, dialogs_, clipboard_, screen_, system_, focus_, port_, printer_, programs, pictures_},
       system_(focus_),
       dialogs_(Desktop),
       screen_(Desktop.Lengths),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/desktop_dialogs.h"
+#include "desktop/desktop_pictures.h"
 #include "desktop/desktop_port.h"
 #include "desktop/desktop_printer.h"
 #include "desktop/view.h"
@@ -13,6 +14,7 @@ public:
     std::string GetText() override;
     void Clear() override;
     void SetText(std::string_view text) override;
+    void SetPicture(const Pixels& picture) override;
 };
 
 // The main screen.
@@ -47,6 +49,7 @@ private:
     DesktopScreen screen_;
     DesktopPort port_;
     DesktopPrinter printer_;
+    DesktopPictures pictures_;
 };
 
 }  // namespace kvt

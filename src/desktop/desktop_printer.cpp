@@ -148,4 +148,16 @@ void DesktopPrinter::PutLine(const QString& line) {
 
 void DesktopPrinter::EndDocument() { painter_.reset(); }
 
+// What the window shows goes first: the question for a file would stand in front of it.
+void DesktopPrinter::PrintForm(const Form& form) {
+    View* const view = View::Of(form);
+    if (!view) throw RunTimeError(fault::PrinterError);
+    const QPixmap shown = view->Widget()->grab();
+    if (!painter_) Begin();
+    const QRect page = device_->pageLayout().paintRectPixels(device_->resolution());
+    const QSize size = shown.size().scaled(page.size(), Qt::KeepAspectRatio);
+    painter_->setRenderHint(QPainter::SmoothPixmapTransform);
+    painter_->drawPixmap(QRect(QPoint(0, 0), size), shown);
+}
+
 }  // namespace kvt

@@ -21,6 +21,7 @@ public:
     void ShowPrinter(PrinterDialog& dialog) override;
     void Print(std::string_view line) override;
     void EndDocument() override;
+    void PrintForm(const Form& form) override;
 
     // Prints what follows to this PDF file without a question.
     void PrintToFile(const QString& file);

@@ -7,12 +7,15 @@
 #include <cmath>
 #include <utility>
 
+#include "desktop/colors.h"
+
 namespace kvt {
 
 namespace {
 
 constexpr int largestKept = 4096;  // pixels of the picture that takes the place of a full list
 constexpr double anglesANotch = 120;
+constexpr double crossArm = 120;  // twips
 
 class PictureFace : public QWidget {
 public:
@@ -49,6 +52,7 @@ PictureBoxView::PictureBoxView(DesktopContext& desktop, PictureBox& control, QWi
 void PictureBoxView::Follow(PropertyId id) {
     switch (id) {
         case PropertyId::BackColor:
+        case PropertyId::Cross:
         case PropertyId::Operations: Widget()->update(); break;
         default: View::Follow(id);
     }
@@ -77,6 +81,35 @@ void PictureBoxView::Paint() {
     painted_ = operations.size();
     QPainter painter(Widget());
     painter.drawImage(QPointF(area_.topLeft()) / ratio, shown_);
+    if (box_.Cross.Get().Shown) PaintCross(painter);
+}
+
+// Light on a dark ground and dark on a light one, with an edge of the ground's colour, so that it stands out from
+// whatever is drawn there.
+void PictureBoxView::PaintCross(QPainter& painter) const {
+    const QColor ground = ColorOf(box_.BackColor);
+    const QColor ink = ground.lightness() < 128 ? Qt::white : Qt::black;
+    const double pixelsATwip = Desktop.Lengths.Exact(1);
+    const QPointF place(box_.Cross.Get().X * pixelsATwip + 0.5, box_.Cross.Get().Y * pixelsATwip + 0.5);
+    const double arm = crossArm * pixelsATwip;
+    for (const auto& [color, width] : {std::pair(ground, 5.0), std::pair(ink, 2.0)}) {
+        painter.setPen(QPen(color, width * std::max(1.0, pixelsATwip * 15), Qt::SolidLine, Qt::FlatCap));
+        for (const QPointF side : {QPointF(arm, 0), QPointF(0, arm)})
+            painter.drawLine(QLineF(place - side, place + side));
+    }
+}
+
+QImage PictureBoxView::PictureOf(const FieldArea& area) const {
+    const double pixelsATwip = Desktop.Lengths.Exact(1) * PixelRatio();
+    const FieldPiece piece{pixelsATwip,
+                           std::max(1.0, pixelsATwip * 15),
+                           {static_cast<int>(std::lround(area.Left * pixelsATwip)),
+                            static_cast<int>(std::lround(area.Top * pixelsATwip))}};
+    QImage image(std::max(1, static_cast<int>(std::lround(area.Width * pixelsATwip))),
+                 std::max(1, static_cast<int>(std::lround(area.Height * pixelsATwip))), QImage::Format_RGB32);
+    image.fill(ColorOf(box_.BackColor));
+    PaintOperations(image, piece, image.rect(), box_.Operations(), kept_);
+    return image;
 }
 
 // Another part of the field comes into sight: what was in sight already moves over.

@@ -4,9 +4,11 @@
 
 #include "desktop/operation_painter.h"
 #include "desktop/view.h"
+#include "platform/pictures.h"
 
 class QMouseEvent;
 class QPaintEvent;
+class QPainter;
 class QWheelEvent;
 
 namespace kvt {
@@ -19,6 +21,8 @@ public:
     ~PictureBoxView() override { box_.OnFull = nullptr; }
 
     void Paint();
+    // An area of the field, in sight or not, as the view would show it.
+    QImage PictureOf(const FieldArea& area) const;
 
 protected:
     void Follow(PropertyId id) override;
@@ -30,6 +34,7 @@ private:
     // What is in sight, in pixels of the screen from the field's corner.
     QRect InSight(double ratio) const;
     void ShowArea(const QRect& area, double ratio);
+    void PaintCross(QPainter& painter) const;
     void PaintPart(const QRect& part, std::span<const DrawOperation> operations);
     bool KeepAsPicture();
     void Moved(const QMouseEvent& event);

@@ -219,6 +219,7 @@ bool TabStripView::eventFilter(QObject* watched, QEvent* event) {
 
 TimerView::TimerView(DesktopContext& desktop, Timer& control) : timer_(control) {
     control.View = this;
+    clock_.setTimerType(Qt::PreciseTimer);
     connect(&clock_, &QTimer::timeout, this, [this, &desktop] {
         const StackGuard guard(ticking_);
         if (!guard.Entered() || desktop.System.Ended() || !timer_.OnTimer) return;

@@ -64,8 +64,7 @@ void ScrollBarView::Follow(PropertyId id) {
     switch (id) {
         case PropertyId::Bounds:
         case PropertyId::Value:
-            face_->setRange(std::min(bar_.Min.Get(), bar_.Max.Get()),
-                            std::max(bar_.Min.Get(), bar_.Max.Get()));
+            face_->setRange(bar_.Lowest(), bar_.Highest());
             face_->setInvertedAppearance(bar_.Max < bar_.Min);
             face_->setSingleStep(bar_.SmallChange);
             face_->setPageStep(bar_.LargeChange);

@@ -96,7 +96,9 @@ void DrawProgram::Call() {
     returnStack_[depth] = lineIndex_;
     lineIndex_ = std::min(itemCount_, Target(Cell(column::F)));
     if (++callDepth_ > mostCalls) {
-        parts_.Platform.Dialogs.ShowMessage(Notice("Too many subprog-Calls", "max 5 subcalls"));
+        const Texts& texts = parts_.Language;
+        parts_.Platform.Dialogs.ShowMessage(
+            Notice(texts.DrawErrorTexts(text::TooManyCalls), texts.DrawErrorTexts(text::MostCalls)));
         state_.StopRequested = true;
     }
 }

@@ -59,6 +59,7 @@ DrawControls::DrawControls()
       mnuAutoFit(frmDraw, "mnuAutoFit", "AutoFit"),
       mnuSaveBMP(frmDraw, "mnuSaveBMP", "Save BMP"),
       mnuSaveClipboard(frmDraw, "mnuSaveClipboard", "Save to Clipboard"),
+      mnuSavePicture(frmDraw, "mnuSavePicture", "Save picture as\x85"),
       mnuPrint(frmDraw, "mnuPrint", "Print"),
       mnuExit(frmDraw, "mnuExit", "Exit"),
       mnuView(frmDraw, "mnuView", "View"),
@@ -75,6 +76,8 @@ DrawControls::DrawControls()
       mnuAutoRedraw(frmDraw, "mnuAutoRedraw", "AutoRedraw"),
       pbxViewWindow(frmDraw, "pbxViewWindow"),
       pbxDrawField(frmDraw, "pbxDrawField"),
+      pbxDummy(frmDraw, "pbxDummy"),
+      dlgPicture(frmDraw, "dlgPicture"),
       hsbViewWindow(frmDraw, "hsbViewWindow", false),
       vsbViewWindow(frmDraw, "vsbViewWindow", true),
       frProperties(frmDraw, "frProperties"),
@@ -134,14 +137,24 @@ void DrawControls::MakeMenus() {
         entry->Container = &mnuSimulation;
         entry->Checked = i == simulation::Run;
     }
-    Put(mnuFile, {&mnuEditor, &mnuRedraw, &mnuAutoFit, &mnuSaveBMP, &mnuSaveClipboard, &mnuPrint, &mnuExit});
+    Put(mnuFile, {&mnuEditor, &mnuRedraw, &mnuAutoFit, &mnuSaveBMP, &mnuSaveClipboard, &mnuSavePicture,
+                  &mnuPrint, &mnuExit});
     Put(mnuView, {&mnuRadiiArcs, &mnuFillCycles, &mnuProgramWindow, &mnuToolWidth, &mnuToolCenter, &mnuGrid,
                   &mnuBackground});
     Put(mnuSettings, {&mnuScaleMenu, &mnuSimulation, &mnuAutoRedraw});
     mnuEditor.Shortcut = "F6";
+    mnuSavePicture.Shortcut = "Ctrl+Shift+S";
+    mnuSavePicture.ToolTip = "The whole drawing as a PNG, SVG, PDF or BMP file";
+    mnuPrint.Shortcut = "Ctrl+P";
+    dlgPicture.Filter = "PNG|*.png|SVG|*.svg|PDF|*.pdf|BMP|*.bmp";
+    dlgPicture.CancelError = false;
+    SetDesignMarks();
+}
+
+void DrawControls::SetDesignMarks() {
+    for (Menu* entry : {&mnuRadiiArcs, &mnuFillCycles, &mnuProgramWindow, &mnuBackground})
+        entry->Checked = false;
     for (Menu* entry : {&mnuToolWidth, &mnuToolCenter, &mnuGrid, &mnuAutoRedraw}) entry->Checked = true;
-    // Their commands are not part of this window.
-    for (Menu* entry : {&mnuSaveBMP, &mnuSaveClipboard, &mnuPrint}) entry->Visible = false;
 }
 
 void DrawControls::PlaceField() {
@@ -149,6 +162,7 @@ void DrawControls::PlaceField() {
     Place(pbxDrawField, -14330, -15000, fieldSize, fieldSize);
     pbxDrawField.BackColor = 0;
     pbxDrawField.TabIndex = 0;
+    pbxDummy.Visible = false;
     hsbViewWindow.Height = barBreadth;
     vsbViewWindow.Width = barBreadth;
     for (ScrollBar* bar : {&hsbViewWindow, &vsbViewWindow}) {
@@ -174,6 +188,8 @@ void DrawControls::PlaceFrames() {
     Place(frProperties, 0, 0, 8700, 620);
     Place(lblFileName, 60, 590, 6000, 200);
     lblFileName.Visible = false;
+    for (TextBox* shown : {&txtDiameter, &txtDeltaX, &txtDeltaZ, &txtDeltaXZ, &txtGrid})
+        shown->ShownOnly = true;
     lblDiameter.ToolTip = "Diameter";
     UpDown.Max = ScaleCount - 1;
     UpDown.SetValue(firstScale);

@@ -18,10 +18,13 @@ inline constexpr int SimulationCount = 5;
 // The drawing window: its menus, the field behind its view window, and the frames above the drawing.
 struct DrawControls {
     DrawControls();
+    // The marks of the menus as they are without a settings file.
+    void SetDesignMarks();
 
     Form frmDraw;
 
-    Menu mnuFile, mnuEditor, mnuRedraw, mnuAutoFit, mnuSaveBMP, mnuSaveClipboard, mnuPrint, mnuExit;
+    Menu mnuFile, mnuEditor, mnuRedraw, mnuAutoFit, mnuSaveBMP, mnuSaveClipboard, mnuSavePicture, mnuPrint,
+        mnuExit;
     Menu mnuView, mnuRadiiArcs, mnuFillCycles, mnuProgramWindow, mnuToolWidth, mnuToolCenter, mnuGrid,
         mnuBackground;
     Menu mnuSettings, mnuScaleMenu, mnuSimulation, mnuAutoRedraw;
@@ -29,6 +32,9 @@ struct DrawControls {
     std::array<std::unique_ptr<Menu>, SimulationCount> mnuSim;
 
     PictureBox pbxViewWindow, pbxDrawField;
+    // Never shown: the size of the picture that goes out, which is what the view window shows.
+    PictureBox pbxDummy;
+    FileDialog dlgPicture;
     ScrollBar hsbViewWindow, vsbViewWindow;
 
     Frame frProperties, frDiameter, frX1Z1, frX2Z2, frDelta, frGrid;

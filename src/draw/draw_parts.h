@@ -1,5 +1,8 @@
 #pragma once
 
+#include <array>
+#include <functional>
+
 #include "draw/draw_controls.h"
 #include "files/file_controls.h"
 #include "interpreter/interpreter_controls.h"
@@ -39,6 +42,11 @@ struct DrawState {
     // The window is being brought up; a Redraw is wanted when it is there.
     bool DrawPending = false;
     bool RedrawRequested = false;
+    // Measuring: the clicks so far (0 to 2), where they were (X1, Y1, X2, Y2 in twips), and the place of the last
+    // mark in program units.
+    std::int16_t MeasureClicks = 0;
+    std::array<float, 4> MeasureMarks{};
+    float MeasureX = 0, MeasureY = 0;
     // A field that is typed into has the focus: letters are no commands then.
     bool MeasureFieldFocus = false;
 

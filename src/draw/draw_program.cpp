@@ -184,6 +184,7 @@ bool DrawProgram::Round() {
         case Rest::EndOfLine: return EndOfLine();
         case Rest::Nothing: return false;
     }
+    if (IsWatched()) pieces_.Editor.Follow(lineIndex_);
     // 4.
     field_.ForeColor = controls_.mnuBackground.Checked ? black : white;
     // 5. to 8.
@@ -221,6 +222,7 @@ DrawProgram::Rest DrawProgram::Command(std::string_view comment) {
         case ControlCommand::Wait:
             // An overlay waits nowhere.
             if (pass_ != 1) break;
+            pieces_.Editor.Follow(lineIndex_);
             state_.WaitingForClick = true;
             pieces_.Sim.WaitUntil(state_.WaitingForClick, false);
             if (state_.LeaveWalk) return Rest::Nothing;

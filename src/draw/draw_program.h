@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "draw/cycles.h"
+#include "draw/editor_line.h"
 #include "draw/program_window.h"
 #include "draw/viewport.h"
 
@@ -18,6 +19,7 @@ public:
         Viewport& View;
         Simulation& Sim;
         ProgramWindow& Listing;
+        EditorLine& Editor;
         std::function<void()> PositionControls;
     };
 
@@ -81,6 +83,8 @@ private:
     Color ThreadColor() const;
     void Reference() { previous_ = current_; }
     void Wait();
+    // Whether someone is to see how the drawing grows.
+    bool IsWatched() const { return pass_ == 1 && (interval_ > 1 || state_.StepMode); }
     bool NextLineIsM99() const;
     std::string_view Cell(int column) const;
 

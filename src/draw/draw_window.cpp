@@ -46,7 +46,10 @@ DrawWindow::DrawWindow(const Rooms& rooms)
       View(parts_),
       Sim(parts_),
       Listing(parts_),
-      pieces_{parts_, View, Sim, Listing, [this] { PositionControls(); }} {
+      Editor(parts_),
+      Measure(parts_, Sim, View),
+      Output(parts_),
+      pieces_{parts_, View, Sim, Listing, Editor, [this] { PositionControls(); }} {
     Form& form = Controls.frmDraw;
     form.OnActivate = [this] { Form_Activate(); };
     form.OnResize = [this] { Form_Resize(); };
@@ -97,7 +100,6 @@ void DrawWindow::WireField() {
     // What is only read hands the focus on.
     for (TextBox* shown : {&Controls.txtDiameter, &Controls.txtDeltaX, &Controls.txtDeltaZ,
                            &Controls.txtDeltaXZ, &Controls.txtGrid}) {
-        shown->ShownOnly = true;
         shown->OnGotFocus = [this] { parts_.Platform.Focus.SetFocus(Controls.pbxDrawField); };
     }
 }
@@ -121,6 +123,8 @@ void DrawWindow::Redraw() {
         State.LeaveWalk = false;
         State.Turns = 0;
         RunPasses();
+        Controls.pbxDrawField.Cross = FieldPlace();
+        Editor.End();
         if (!State.LeaveWalk) continue;
         // Closed, or ended; where it is up again another Redraw was asked for.
         givenUp_ = Controls.frmDraw.Visible && !redrawAsked_;
@@ -173,6 +177,7 @@ void DrawWindow::Unload() {
     const bool hadKeys = focused && &focused->OwningForm() == &Controls.frmDraw;
     Controls.frmDraw.Visible = false;
     Listing.Unload();
+    Measure.ClearMeasure();
     // What a fault in a walk has left.
     Sim.EnableControls(true);
     Controls.frStepControls.Visible = false;
@@ -331,6 +336,7 @@ void DrawWindow::Form_KeyDown(int pressed) {
 // The middle button draws the field along.
 void DrawWindow::pbxDrawField_MouseMove(int button, float x, float y) {
     if ((button & mouse::Middle) != 0) View.ScrollBy(double{heldX_} - x, double{heldY_} - y);
+    Measure.pbxDrawField_MouseMove(x, y);
 }
 
 void DrawWindow::pbxDrawField_MouseDown(int button, float x, float y) {
@@ -339,7 +345,7 @@ void DrawWindow::pbxDrawField_MouseDown(int button, float x, float y) {
         heldY_ = y;
         return;
     }
-    State.WaitingForClick = false;
+    Measure.pbxDrawField_MouseDown(x, y);
 }
 
 void DrawWindow::pbxDrawField_MouseWheel(int shift, double notches, bool sideways) {

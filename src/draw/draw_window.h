@@ -1,6 +1,8 @@
 #pragma once
 
 #include "draw/draw_program.h"
+#include "draw/measuring.h"
+#include "draw/output.h"
 
 namespace kvt {
 
@@ -29,6 +31,9 @@ public:
     Viewport View;
     Simulation Sim;
     ProgramWindow Listing;
+    EditorLine Editor;
+    Measuring Measure;
+    DrawingOutput Output;
 
     // Draws the program anew, in the passes that machine and menus ask for. While a walk stands on the stack none
     // is begun; one follows when that has ended. Does nothing while the window is hidden.

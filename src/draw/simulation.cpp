@@ -81,6 +81,7 @@ void Simulation::WaitTimer(int interval) {
     controls_.Timer1.Interval = interval;
     // Where nobody is there to end it, a walk that waits is given up sooner than one that runs.
     state_.Turns += turnsOfAWait;
+    ShowTool();
     const std::int16_t before = state_.TimerTicks;
     const auto left = [&]() -> double {
         return state_.TimerTicks == before && controls_.Timer1.Enabled && !state_.LeaveWalk ? interval : 0;
@@ -89,9 +90,16 @@ void Simulation::WaitTimer(int interval) {
 }
 
 void Simulation::WaitUntil(const bool& flag, bool value) {
+    ShowTool();
     while (flag != value && !state_.LeaveWalk) {
         if (!parts_.Platform.System.DoEvents()) state_.LeaveWalk = true;
     }
+}
+
+// Where the pen stands.
+void Simulation::ShowTool() {
+    PictureBox& field = controls_.pbxDrawField;
+    field.Cross = FieldPlace{true, field.CurrentX, field.CurrentY};
 }
 
 // What is to end at its next turn needs nothing more from outside.

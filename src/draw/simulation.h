@@ -29,6 +29,8 @@ public:
     void Breathe();
 
 private:
+    void ShowTool();
+
     DrawParts& parts_;
     DrawControls& controls_;
     DrawState& state_;

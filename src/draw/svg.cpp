@@ -108,25 +108,9 @@ struct SameOperation {
     }
 };
 
-// The operations that are to be seen in an area, each once, where it stood last.
-std::vector<DrawOperation> SeenIn(std::span<const DrawOperation> operations, const DrawnArea& area) {
-    std::unordered_set<DrawOperation, BytesHash, SameOperation> known;
-    std::vector<DrawOperation> seen;
-    for (auto one = operations.rbegin(); one != operations.rend(); ++one) {
-        if (one->What == OfKind::Clear || one->What == OfKind::Picture) continue;
-        const Extent extent = ExtentOf(*one);
-        const bool outside = extent.Right < area.Left || extent.Left > area.Left + area.Width ||
-                             extent.Bottom < area.Top || extent.Top > area.Top + area.Height;
-        if (outside || (one->Mode == draw_mode::Copy && !known.insert(*one).second)) continue;
-        seen.push_back(*one);
-    }
-    std::reverse(seen.begin(), seen.end());
-    return seen;
-}
-
 class SvgWriter {
 public:
-    SvgWriter(const DrawnArea& area, const SvgHead& head) : area_(area), head_(head) {}
+    SvgWriter(const FieldArea& area, const SvgHead& head) : area_(area), head_(head) {}
 
     std::string Write(const std::vector<DrawOperation>& operations, Color ground) {
         Begin(ground);
@@ -167,10 +151,12 @@ private:
     }
 
     static std::string StrokeOf(const DrawOperation& one) {
-        std::string text = Attribute("stroke", ColorText(one.Ink)) +
+        // Whatever the pen's colour, an inversion takes the difference to white.
+        const bool inverts = one.Mode == draw_mode::Invert;
+        std::string text = Attribute("stroke", ColorText(inverts ? 0xFFFFFF : one.Ink)) +
                            Attribute("stroke-width", PlainNumber(one.Width * twipsAPixel));
         if (one.Style != draw_style::Solid && one.Width == 1) text += Attribute("stroke-dasharray", "30 30");
-        if (one.Mode == draw_mode::Invert) text += Attribute("style", "mix-blend-mode:difference");
+        if (inverts) text += Attribute("style", "mix-blend-mode:difference");
         return text;
     }
 
@@ -233,7 +219,7 @@ private:
                 "/>\n";
     }
 
-    const DrawnArea& area_;
+    const FieldArea& area_;
     const SvgHead& head_;
     std::string out_;
     std::string path_, end_;
@@ -242,7 +228,7 @@ private:
 
 }  // namespace
 
-DrawnArea AreaOf(std::span<const DrawOperation> operations, int fieldWidth, int fieldHeight) {
+FieldArea AreaOf(std::span<const DrawOperation> operations, int fieldWidth, int fieldHeight) {
     Extent all{1e300, 1e300, -1e300, -1e300};
     for (const DrawOperation& one : operations) {
         if (one.What == OfKind::Clear || one.What == OfKind::Picture) continue;
@@ -261,11 +247,28 @@ DrawnArea AreaOf(std::span<const DrawOperation> operations, int fieldWidth, int 
             all.Bottom - all.Top + 2 * margin};
 }
 
+std::vector<DrawOperation> SeenIn(std::span<const DrawOperation> operations, const FieldArea& area) {
+    std::unordered_set<DrawOperation, BytesHash, SameOperation> known;
+    std::vector<DrawOperation> seen;
+    for (auto one = operations.rbegin(); one != operations.rend(); ++one) {
+        if (one->What == OfKind::Clear || one->What == OfKind::Picture) continue;
+        const Extent extent = ExtentOf(*one);
+        const bool outside = extent.Right < area.Left || extent.Left > area.Left + area.Width ||
+                             extent.Bottom < area.Top || extent.Top > area.Top + area.Height;
+        if (outside || (one->Mode == draw_mode::Copy && !known.insert(*one).second)) continue;
+        seen.push_back(*one);
+    }
+    std::reverse(seen.begin(), seen.end());
+    return seen;
+}
+
+Color GroundOf(std::span<const DrawOperation> operations) {
+    return !operations.empty() && operations.front().What == OfKind::Clear ? operations.front().Ink : 0;
+}
+
 std::string SvgOf(std::span<const DrawOperation> operations, const SvgHead& head) {
-    const DrawnArea area = AreaOf(operations, head.FieldWidth, head.FieldHeight);
-    const Color ground =
-        !operations.empty() && operations.front().What == OfKind::Clear ? operations.front().Ink : 0;
-    return SvgWriter(area, head).Write(SeenIn(operations, area), ground);
+    const FieldArea area = AreaOf(operations, head.FieldWidth, head.FieldHeight);
+    return SvgWriter(area, head).Write(SeenIn(operations, area), GroundOf(operations));
 }
 
 }  // namespace kvt

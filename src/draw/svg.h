@@ -2,8 +2,10 @@
 
 #include <span>
 #include <string>
+#include <vector>
 
 #include "platform/picture_box.h"
+#include "platform/pictures.h"
 
 namespace kvt {
 
@@ -17,13 +19,15 @@ struct SvgHead {
 };
 
 // The rectangle around what was drawn on the field, but for the lines right across it, with a margin; twips.
-struct DrawnArea {
-    double Left = 0, Top = 0, Width = 0, Height = 0;
-};
-DrawnArea AreaOf(std::span<const DrawOperation> operations, int fieldWidth, int fieldHeight);
+FieldArea AreaOf(std::span<const DrawOperation> operations, int fieldWidth, int fieldHeight);
 
-// The operations as an SVG document, cut to what was drawn; UTF-8. What a later operation covers exactly is left
-// out, so that a path that was run through many times stays small.
+// The operations that are to be seen in an area, in their order. What a later operation covers exactly is left out,
+// so that a path that was run through many times stays small.
+std::vector<DrawOperation> SeenIn(std::span<const DrawOperation> operations, const FieldArea& area);
+// The ground of the field: the colour of its clearing, which comes first.
+Color GroundOf(std::span<const DrawOperation> operations);
+
+// The operations as an SVG document, cut to what was drawn; UTF-8.
 std::string SvgOf(std::span<const DrawOperation> operations, const SvgHead& head);
 
 }  // namespace kvt

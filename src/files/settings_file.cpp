@@ -108,13 +108,6 @@ void SettingsFile::Bind(std::string_view key, ApplyValue apply, GetValue value) 
     entry.Value = std::move(value);
 }
 
-void SettingsFile::ApplyDefault(std::string_view key) {
-    const int place = PlaceOf(key);
-    if (place < 0) return;
-    const Entry& entry = entries_[static_cast<std::size_t>(place)];
-    if (entry.Apply) entry.Apply(keys_[static_cast<std::size_t>(place)].Default);
-}
-
 void SettingsFile::Read(std::string_view text, const char* procedure, BadValue after) {
     std::string key;
     std::string value;

@@ -49,11 +49,19 @@ std::string MemoryClipboard::GetText() {
 void MemoryClipboard::Clear() {
     faults_.Pass("clipboard", fault::InvalidCall);
     Content.clear();
+    Picture = {};
 }
 
 void MemoryClipboard::SetText(std::string_view text) {
     faults_.Pass("clipboard", fault::InvalidCall);
     Content = text;
+    Picture = {};
+}
+
+void MemoryClipboard::SetPicture(const Pixels& picture) {
+    faults_.Pass("clipboard", fault::InvalidCall);
+    Content.clear();
+    Picture = picture;
 }
 
 }  // namespace kvt

@@ -9,6 +9,7 @@
 
 #include "headless/disk_files.h"
 #include "headless/fault_plan.h"
+#include "headless/memory_pictures.h"
 #include "headless/memory_port.h"
 #include "headless/memory_printer.h"
 #include "headless/system_programs.h"
@@ -48,8 +49,11 @@ public:
     std::string GetText() override;
     void Clear() override;
     void SetText(std::string_view text) override;
+    void SetPicture(const Pixels& picture) override;
 
+    // A text or a picture, as the other is empty.
     std::string Content;
+    Pixels Picture;
 
 private:
     FaultPlan& faults_;
@@ -161,8 +165,10 @@ public:
     MemoryPort Port{Faults, System.Clock};
     MemoryPrinter Printer{Faults};
     MemoryPrograms Programs{Faults};
+    MemoryPictures Pictures;
 
-    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port, Printer, Programs};
+    kvt::Services Services{Files, Dialogs, Clipboard, Screen,   System,
+                           Focus, Port,    Printer,   Programs, Pictures};
 
     MemoryPlatform() {
         System.OnClock = [this] { Port.ClockMoved(); };

@@ -34,4 +34,10 @@ void MemoryPrinter::EndDocument() {
     ++Documents;
 }
 
+void MemoryPrinter::PrintForm(const Form& form) {
+    Called();
+    ++Forms;
+    if (OnForm) OnForm(form);
+}
+
 }  // namespace kvt

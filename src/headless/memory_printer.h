@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 
 #include "headless/fault_plan.h"
 #include "platform/printer.h"
@@ -22,11 +23,15 @@ public:
     void ShowPrinter(PrinterDialog& dialog) override;
     void Print(std::string_view line) override;
     void EndDocument() override;
+    void PrintForm(const Form& form) override;
 
     // False for a machine without a printer.
     bool Present = true;
     std::string Printed;
     int Documents = 0;
+    // How many windows were printed; OnForm looks at each while it is.
+    int Forms = 0;
+    std::function<void(const Form&)> OnForm;
     // The copies that a user chooses, 0 for a cancelled dialog. Without an answer the dialog counts as cancelled.
     std::deque<int> Answers;
 

@@ -335,10 +335,11 @@ public:
     Property<int> Value{*this, PropertyId::Value};
     std::function<void()> OnChange;
 
-    // Sets the value within the bounds.
-    void SetValue(int value) {
-        Value = std::clamp(value, std::min(Min.Get(), Max.Get()), std::max(Min.Get(), Max.Get()));
-    }
+    // Sets the value within the bounds, whichever of them is the greater.
+    void SetValue(int value) { Value = std::clamp(value, Lowest(), Highest()); }
+
+    int Lowest() const { return std::min(Min.Get(), Max.Get()); }
+    int Highest() const { return std::max(Min.Get(), Max.Get()); }
 
 protected:
     RangeControl(Form& form, ControlKind kind, std::string_view name) : Control(form, kind, name) {}

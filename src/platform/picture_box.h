@@ -41,6 +41,13 @@ struct DrawOperation {
     bool IsFullCircle() const { return Start == NoAngle; }
 };
 
+// A place on a field, or none. Twips.
+struct FieldPlace {
+    bool Shown = false;
+    float X = 0, Y = 0;
+    bool operator==(const FieldPlace&) const = default;
+};
+
 // What a mouse event tells: the button (1 left, 2 right, 4 middle; in a movement those that are held), the keys
 // held (1 Shift, 2 Ctrl, 4 Alt), and where, in twips.
 using MouseHandler = std::function<void(int button, int shift, float x, float y)>;
@@ -69,6 +76,9 @@ public:
 
     // Another colour clears the field to it.
     Property<Color> BackColor{*this, PropertyId::BackColor, 0xFFFFFF};
+
+    // A small cross that a view shows over the drawing. It is no operation: no output has it.
+    Property<FieldPlace> Cross{*this, PropertyId::Cross};
 
     int ScaleWidth() const { return Width; }
     int ScaleHeight() const { return Height; }

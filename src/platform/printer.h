@@ -6,6 +6,8 @@
 
 namespace kvt {
 
+class Form;
+
 // What the user chose for printing. Copies keeps the number last chosen.
 struct PrinterDialog {
     int Copies = 1;
@@ -26,6 +28,8 @@ public:
     // Prints one line; a text with line ends (CR LF) of its own takes several. Pages break by themselves.
     virtual void Print(std::string_view line) = 0;
     virtual void EndDocument() = 0;
+    // Prints a window as it stands on the screen, as large as the page has room for it.
+    virtual void PrintForm(const Form& form) = 0;
 
     // Face and size, in points, of what is printed from now on.
     std::string FontName;

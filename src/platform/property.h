@@ -41,6 +41,7 @@ enum class PropertyId : std::uint8_t {
     Appended,
     Section,
     Sought,
+    Cross,
 };
 
 namespace detail {

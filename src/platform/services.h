@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/controls.h"
+#include "platform/pictures.h"
 #include "platform/printer.h"
 #include "platform/programs.h"
 #include "platform/serial_port.h"
@@ -79,6 +80,7 @@ public:
     virtual std::string GetText() = 0;
     virtual void Clear() = 0;
     virtual void SetText(std::string_view text) = 0;
+    virtual void SetPicture(const Pixels& picture) = 0;
 };
 
 // Twips.
@@ -134,6 +136,7 @@ struct Services {
     SerialPort& Port;
     PrinterService& Printer;
     ProgramService& Programs;
+    PictureService& Pictures;
 };
 
 }  // namespace kvt

@@ -88,8 +88,9 @@ constexpr DefaultText drawViewDefaults[] = {
 };
 
 constexpr DefaultText drawErrorDefaults[] = {
-    {1, "has been saved"},
-    {6, " (ControlCommand not recognised)"},
+    {1, "has been saved"},        {2, "Too many subprog-Calls"},
+    {3, "max 5 subcalls"},        {6, " (ControlCommand not recognised)"},
+    {7, "could not be written."},
 };
 
 }  // namespace

@@ -89,7 +89,7 @@ void DrawSettings::LoadSettings() {
     }
     // 2.
     if (!files.Exists(folder + drawFile)) {
-        for (const Mark& mark : marks) Keys.ApplyDefault(mark.Key);
+        bench_.Draw.Controls.SetDesignMarks();
         Form& form = bench_.Draw.Controls.frmDraw;
         form.Left = (bench_.Platform.Screen.Width() - form.Width) / 2;
         form.Top = (bench_.Platform.Screen.Height() - form.Height) / 2;

@@ -172,6 +172,7 @@ constexpr LabelRow labelRows[] = {
     {"DRAW Menu File", "AutoFit", "frmDraw.mnuAutoFit"},
     {"DRAW Menu File", "Save BMP", "frmDraw.mnuSaveBMP"},
     {"DRAW Menu File", "Save to Clipboard", "frmDraw.mnuSaveClipboard"},
+    {"DRAW Menu File", "Save picture as\x85", "frmDraw.mnuSavePicture"},
     {"DRAW Menu File", "Print", "frmDraw.mnuPrint"},
     {"DRAW Menu File", "Exit", "frmDraw.mnuExit"},
 

@@ -180,6 +180,7 @@ void MainWindow::FitSmallScreen() {
 
 void MainWindow::Form_Activate() {
     bench_.Draw.Listing.Hide();
+    bench_.Draw.Editor.GiveBack();
     bench_.Entry.NoteFeeds();
     bench_.File.lblFileName.Left = 60;
     MainControls& main = bench_.Main;

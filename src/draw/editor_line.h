@@ -1,0 +1,29 @@
+#pragma once
+
+#include "draw/draw_parts.h"
+
+namespace kvt {
+
+// While the user watches a drawing grow, its line is selected in the editor's list too, if that is to be seen. What
+// he had selected there he gets back: at the walk's end, or as soon as he turns to the editor.
+class EditorLine {
+public:
+    explicit EditorLine(DrawParts& parts) : parts_(parts) {}
+
+    // Does nothing while the editor works with its selection, and once the user has chosen a row himself.
+    void Follow(int row);
+    void GiveBack();
+    // The walk has ended.
+    void End();
+
+private:
+    bool Free() const;
+
+    DrawParts& parts_;
+    // The row that is selected by this one, 0 for none; and what was selected and on top before.
+    int shown_ = 0;
+    int before_ = 0, topBefore_ = 0;
+    bool left_ = false;
+};
+
+}  // namespace kvt

@@ -1,0 +1,226 @@
+#include "draw/measuring.h"
+
+#include <cmath>
+
+#include "basic/number.h"
+#include "basic/run_time_error.h"
+#include "basic/stack_guard.h"
+#include "basic/text.h"
+#include "platform/keys.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr const char* mouseMoveName = "pbxDrawfield_MouseMove";
+constexpr const char* mouseDownName = "pbxDrawfield_MouseDown";
+constexpr const char* cleanUpName = "CleanUp";
+constexpr const char* recalculateName = "Recalculate";
+
+constexpr float markArm = 100;  // twips, whatever the scale
+constexpr Color black = 0x000000;
+constexpr Color white = 0xFFFFFF;
+
+// The four fields in the order of their ring, and where the arrow keys go from each.
+struct RingField {
+    TextBox DrawControls::*Field;
+    std::size_t Down, Up, Left, Right;
+};
+constexpr std::size_t x1 = 0, z1 = 1, x2 = 2, z2 = 3;
+constexpr RingField ring[] = {
+    {&DrawControls::txtX1, x2, z2, z2, z1},
+    {&DrawControls::txtZ1, z2, x2, x1, x2},
+    {&DrawControls::txtX2, z1, x1, z1, z2},
+    {&DrawControls::txtZ2, x1, z1, x2, x1},
+};
+
+double Distance(double a, double b) { return std::sqrt(a * a + b * b); }
+
+std::string Shown(double value) { return PlainNumber(ToSingle(value)); }
+
+}  // namespace
+
+std::string CleanUp(std::string_view text) {
+    // 1.
+    if (text.empty()) return "0";
+    // 2., 3.
+    std::string number = Replace(text, "-", "");
+    if (text.front() == '-') number = number.empty() ? "0" : "-" + number;
+    // 4.
+    return Shown(Val(number));
+}
+
+Measuring::Measuring(DrawParts& parts, Simulation& sim, Viewport& view)
+    : parts_(parts), controls_(parts.Controls), state_(parts.State), sim_(sim), view_(view) {
+    parts_.ClearMeasure = [this] { ClearMeasure(); };
+    WireFields();
+}
+
+void Measuring::WireFields() {
+    for (std::size_t place = 0; place < std::size(ring); ++place) {
+        TextBox& field = controls_.*ring[place].Field;
+        field.OnGotFocus = [this, &field] {
+            state_.MeasureFieldFocus = true;
+            field.SelectAll();
+            Recalculate();
+        };
+        field.OnLostFocus = [this, &field] {
+            state_.MeasureFieldFocus = false;
+            Attempt(cleanUpName, [&] { field.Text = CleanUp(field.Text); });
+            Recalculate();
+        };
+        field.OnKeyPress = [this, place](int& character) { Field_KeyPress(place, character); };
+        field.OnKeyDown = [this, place](int pressed, int) { Field_KeyDown(place, pressed); };
+    }
+}
+
+// Distance from the zero point in program units; the field's Y grows downwards.
+float Measuring::Across(float x) const { return ToSingle((state_.ZeroX - x) * -1 / state_.DrawScale); }
+float Measuring::Down(float y) const { return ToSingle((state_.ZeroY - y) * -1 / state_.DrawScale); }
+
+// The fields repaint themselves: the system need not be let run for it.
+void Measuring::pbxDrawField_MouseMove(float x, float y) {
+    Attempt(mouseMoveName, [&] {
+        const bool mill = parts_.Store.IsF1();
+        // 1.
+        const float h = Across(x);
+        const float v = Down(y);
+        // 2.
+        controls_.txtDiameter.Text = Shown(std::abs(double{v}) * 2);
+        // 3. Before the first click the mill's Y has the field's sign, which is meant.
+        if (state_.MeasureClicks == 0) {
+            controls_.txtX1.Text = Shown(mill ? h : v);
+            controls_.txtZ1.Text = Shown(mill ? v : h);
+        }
+        // 4.
+        if (state_.MeasureClicks == 1) {
+            const std::int32_t dh = ToLong(double{h} - state_.MeasureX);
+            const std::int32_t dv = ToLong(double{v} - state_.MeasureY);
+            controls_.txtX1.Text = Shown(mill ? state_.MeasureX : state_.MeasureY);
+            controls_.txtZ1.Text = Shown(mill ? -state_.MeasureY : state_.MeasureX);
+            controls_.txtX2.Text = Shown(mill ? h : v);
+            controls_.txtZ2.Text = Shown(mill ? -v : h);
+            controls_.txtDeltaX.Text = PlainNumber(mill ? dh : dv);
+            controls_.txtDeltaZ.Text = PlainNumber(mill ? dv : dh);
+            controls_.txtDeltaXZ.Text = Shown(Distance(dh, dv));
+        }
+    });
+}
+
+void Measuring::pbxDrawField_MouseDown(float x, float y) {
+    // 1.
+    state_.WaitingForClick = false;
+    // 2.
+    if (parts_.Store.ErrorFlagged || state_.Drawing) return;
+    Attempt(mouseDownName, [&] {
+        // 3.
+        ++state_.MeasureClicks;
+        view_.ShowGridSize();
+        // 4.
+        std::array<float, 4>& marks = state_.MeasureMarks;
+        if (state_.MeasureClicks < 3) {
+            const std::size_t pair = state_.MeasureClicks == 1 ? 0 : 1;
+            marks[2 * pair] = x;
+            marks[2 * pair + 1] = y;
+            listOfMarks_[pair] = controls_.pbxDrawField.OperationsBefore();
+            DrawMark(x, y);
+            sim_.EnableControls(false);
+        } else {
+            ClearMeasure();
+            for (const std::size_t pair : {0U, 1U}) {
+                // A drawing that came in between has wiped it already.
+                if (listOfMarks_[pair] == controls_.pbxDrawField.OperationsBefore())
+                    DrawMark(marks[2 * pair], marks[2 * pair + 1]);
+            }
+            sim_.EnableControls(true);
+        }
+    });
+    // 5., 6. ClearMeasure has counted back to 0.
+    ShowPointer(state_.MeasureClicks == 1 ? mouse::CrossPointer : mouse::DefaultPointer);
+}
+
+void Measuring::ShowPointer(int pointer) {
+    controls_.frmDraw.MousePointer = pointer;
+    controls_.pbxDrawField.MousePointer = pointer;
+}
+
+void Measuring::DrawMark(float x, float y) {
+    PictureBox& field = controls_.pbxDrawField;
+    // 1.
+    field.ForeColor = controls_.mnuBackground.Checked ? black : white;
+    field.DrawWidth = 1;
+    field.DrawMode = draw_mode::Invert;
+    // 2.
+    field.Line(x - markArm, y, x + markArm, y);
+    field.Line(x, y - markArm, x, y + markArm);
+    // 3.
+    state_.MeasureX = Across(x);
+    state_.MeasureY = Down(y);
+    // 4.
+    field.DrawMode = draw_mode::Copy;
+}
+
+void Measuring::ClearMeasure() {
+    state_.MeasureClicks = 0;
+    for (TextBox* field : {&controls_.txtX2, &controls_.txtZ2, &controls_.txtDeltaX, &controls_.txtDeltaZ,
+                           &controls_.txtDeltaXZ}) {
+        field->Text = "";
+    }
+    ShowPointer(mouse::DefaultPointer);
+}
+
+void Measuring::Recalculate() {
+    // For this long alone: it would take the zooming keys away otherwise.
+    const StackGuard updating(state_.ScaleUpdating);
+    Attempt(recalculateName, [this] {
+        const auto distance = [](const TextBox& from, const TextBox& to) {
+            return std::abs(Val(from.Text) - Val(to.Text));
+        };
+        const double z = distance(controls_.txtZ1, controls_.txtZ2);
+        const double x = distance(controls_.txtX1, controls_.txtX2);
+        const std::string shownX = Shown(x);
+        const std::string shownZ = Shown(z);
+        controls_.txtDeltaXZ.Text = Shown(Distance(z, x));
+        controls_.txtDeltaX.Text = shownX;
+        controls_.txtDeltaZ.Text = shownZ;
+    });
+}
+
+void Measuring::Field_KeyPress(std::size_t place, int& character) {
+    switch (character) {
+        case key::CtrlC:
+        case key::Backspace:
+        case key::CtrlV:
+        case key::CtrlX:
+        case '-': return;
+        case key::Enter:
+        case ',':
+        case '.':
+            character = 0;
+            parts_.Platform.Focus.SetFocus(controls_.*ring[(place + 1) % std::size(ring)].Field);
+            return;
+        default:
+            if (character < '0' || character > '9') character = 0;
+    }
+}
+
+void Measuring::Field_KeyDown(std::size_t place, int pressed) {
+    const RingField& from = ring[place];
+    const TextBox& field = controls_.*from.Field;
+    const TextSelection selection = field.Selection;
+    const auto go = [&](std::size_t to) { parts_.Platform.Focus.SetFocus(controls_.*ring[to].Field); };
+    switch (pressed) {
+        case key::Down: return go(from.Down);
+        case key::Up: return go(from.Up);
+        case key::Left:
+            if (selection.Start == 0) go(from.Left);
+            return;
+        case key::Right:
+            // All selected is a caret at the start, from where the key goes to the end first.
+            if (selection.Start == static_cast<int>(field.Text.Get().size())) go(from.Right);
+            return;
+        default: return;
+    }
+}
+
+}  // namespace kvt

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "draw/simulation.h"
+#include "draw/viewport.h"
+
+namespace kvt {
+
+// Reading positions off the drawing: the fields follow the mouse, two clicks fix a start and an end, then the fields
+// can be edited.
+class Measuring {
+public:
+    Measuring(DrawParts& parts, Simulation& sim, Viewport& view);
+
+    // Twips on the field.
+    void pbxDrawField_MouseMove(float x, float y);
+    void pbxDrawField_MouseDown(float x, float y);
+    // An inverting cross; what is drawn twice is gone. Notes the place in program units.
+    void DrawMark(float x, float y);
+    // Withdraws the measurement; the marks go with the next drawing.
+    void ClearMeasure();
+    // Distances without sign, from the four fields. Numbers beyond a 32-bit float leave what they would set.
+    void Recalculate();
+
+private:
+    void WireFields();
+    void Field_KeyPress(std::size_t place, int& character);
+    void Field_KeyDown(std::size_t place, int pressed);
+    void ShowPointer(int pointer);
+    float Across(float x) const;
+    float Down(float y) const;
+
+    DrawParts& parts_;
+    DrawControls& controls_;
+    DrawState& state_;
+    Simulation& sim_;
+    Viewport& view_;
+    // Where the field's list began when each mark was drawn: a drawing since then has wiped it.
+    std::array<long long, 2> listOfMarks_{};
+};
+
+// A text as a whole number of a measure field: one "-" in front at the most. A number beyond a 32-bit float is error 6.
+std::string CleanUp(std::string_view text);
+
+}  // namespace kvt

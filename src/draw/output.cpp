@@ -1,0 +1,177 @@
+#include "draw/output.h"
+
+#include "basic/run_time_error.h"
+#include "basic/text.h"
+#include "draw/pdf.h"
+
+namespace kvt {
+
+namespace {
+
+constexpr const char* printName = "mnuPrint_Click";
+constexpr const char* savePictureName = "mnuSavePicture_Click";
+constexpr const char* toFile = "ToFile";
+constexpr const char* toClipboard = "ToClipboard";
+constexpr int printedHeight = 800;
+constexpr int shownHeight = 620;
+
+// The ending of a path, in upper case and with its point; empty for none.
+std::string KindOf(std::string_view path) {
+    const std::string_view name = ExtractFileName(path);
+    return UpperCase(name.substr(RemoveExtension(name).size()));
+}
+
+bool IsPictureKind(std::string_view kind) {
+    return kind == ".PNG" || kind == ".SVG" || kind == ".PDF" || kind == ".BMP";
+}
+
+}  // namespace
+
+DrawingOutput::DrawingOutput(DrawParts& parts) : parts_(parts), controls_(parts.Controls) {
+    controls_.mnuSaveBMP.OnClick = [this] { mnuSaveBMP_Click(); };
+    controls_.mnuSaveClipboard.OnClick = [this] { mnuSaveClipboard_Click(); };
+    controls_.mnuSavePicture.OnClick = [this] { mnuSavePicture_Click(); };
+    controls_.mnuPrint.OnClick = [this] { mnuPrint_Click(); };
+}
+
+void DrawingOutput::SaveImage(std::string_view target) {
+    const PictureBox& field = controls_.pbxDrawField;
+    Services& platform = parts_.Platform;
+    const std::string path(RemoveExtension(parts_.File.lblPath.Caption));
+    // 1.
+    PictureBox& size = controls_.pbxDummy;
+    size.Width = controls_.pbxViewWindow.Width.Get();
+    size.Height = controls_.pbxViewWindow.Height.Get();
+    // 2.
+    const FieldArea seen{-1.0 * field.Left, -1.0 * field.Top, 1.0 * size.Width, 1.0 * size.Height};
+    // 3.
+    if (target == toFile) {
+        const std::string name = path + ".BMP";
+        const bool written = Attempt(
+            toFile, [&] { platform.Files.WriteWhole(name, BmpOf(platform.Pictures.Paint(field, seen))); });
+        return Tell(written, name);
+    }
+    // 4.
+    const std::string name = std::string(ExtractFileName(path)) + ".BMP";
+    const bool put = Attempt(toClipboard, [&] {
+        const Pixels picture = platform.Pictures.Paint(field, seen);
+        platform.Clipboard.Clear();
+        platform.Clipboard.SetPicture(picture);
+    });
+    if (put) platform.Dialogs.ShowMessage(Notice(name + ": " + controls_.mnuSaveClipboard.Caption.Get()));
+}
+
+void DrawingOutput::Tell(bool written, std::string_view name) {
+    const Texts& texts = parts_.Language;
+    if (written) {
+        std::string message(texts.DrawErrorTexts(text::HasBeenSaved));
+        message += " ";
+        message += name;
+        parts_.Platform.Dialogs.ShowMessage(Notice(message));
+        return;
+    }
+    std::string message(texts.MessageTexts(text::TheFile));
+    message += " \"";
+    message += name;
+    message += "\" ";
+    message += texts.DrawErrorTexts(text::NotWritten);
+    parts_.Platform.Dialogs.ShowMessage(
+        Notice(message, texts.ErrorTexts(text::SaveTitle), Icon::Exclamation));
+}
+
+bool DrawingOutput::AskForName(std::string& name) {
+    FileDialog& dialog = controls_.dlgPicture;
+    Services& platform = parts_.Platform;
+    // The place beside the program's file; the kind is the one that was taken last.
+    const std::string kind = IsPictureKind(KindOf(name)) ? name.substr(RemoveExtension(name).size()) : ".png";
+    const std::string program(RemoveExtension(parts_.File.lblPath.Caption));
+    for (;;) {
+        dialog.FileName = (program.empty() ? "drawing" : program) + kind;
+        if (!platform.Dialogs.ShowSave(dialog) || dialog.FileName.empty()) return false;
+        name = dialog.FileName;
+        if (!IsPictureKind(KindOf(name))) name += ".png";
+        if (!platform.Files.Exists(name)) return true;
+        std::string question(parts_.Language.MessageTexts(text::Overwrite));
+        question += " ";
+        question += ExtractFileName(name);
+        question += "?";
+        const Answer answer = platform.Dialogs.ShowMessage(Question(question, "", Buttons::YesNoCancel));
+        if (answer == Answer::Yes) return true;
+        if (answer == Answer::Cancel) return false;
+    }
+}
+
+void DrawingOutput::mnuSavePicture_Click() {
+    std::string name = controls_.dlgPicture.FileName;
+    if (!AskForName(name)) return;
+    const bool written =
+        Attempt(savePictureName, [&] { parts_.Platform.Files.WriteWhole(name, Picture(KindOf(name))); });
+    Tell(written, name);
+}
+
+SvgHead DrawingOutput::Head() const {
+    const PictureBox& field = controls_.pbxDrawField;
+    return {std::string(ExtractFileName(parts_.File.lblPath.Caption)), parts_.State.DrawScale,
+            parts_.Store.Metric ? "0.01 mm" : "0.001 inch", field.ScaleWidth(), field.ScaleHeight()};
+}
+
+std::string DrawingOutput::Picture(std::string_view kind) const {
+    const PictureBox& field = controls_.pbxDrawField;
+    const SvgHead head = Head();
+    if (kind == ".SVG") return SvgOf(field.Operations(), head);
+    if (kind == ".PDF") return PdfOf(field.Operations(), head);
+    PictureService& pictures = parts_.Platform.Pictures;
+    const FieldArea area = AreaOf(field.Operations(), head.FieldWidth, head.FieldHeight);
+    if (kind == ".PNG") return pictures.PngOf(pictures.Paint(field, area));
+    if (kind == ".BMP") return BmpOf(pictures.Paint(field, area));
+    throw RunTimeError(fault::InvalidCall);
+}
+
+void DrawingOutput::mnuPrint_Click() {
+    // 1.
+    if (parts_.Store.ErrorFlagged) return;
+    // 2.
+    if (parts_.Store.LineCount() < 1) {
+        parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
+        return;
+    }
+    // A drawing that is on its way would come out unfinished, and on the wrong ground.
+    if (parts_.State.Walking) return;
+    // 3.
+    controls_.hsbViewWindow.Visible = false;
+    controls_.vsbViewWindow.Visible = false;
+    controls_.lblFileName.Visible = true;
+    controls_.lblGrid.Visible = true;
+    controls_.frProperties.Height = printedHeight;
+    // 4.
+    const bool white = controls_.mnuBackground.Checked;
+    if (!white) {
+        controls_.mnuBackground.Checked = true;
+        parts_.Redraw();
+    }
+    // It may have been closed in a wait of that drawing.
+    if (controls_.frmDraw.Visible) PrintForm();
+    if (!white) {
+        controls_.mnuBackground.Checked = false;
+        parts_.Redraw();
+    }
+    // 5.
+    controls_.lblFileName.Visible = false;
+    controls_.hsbViewWindow.Visible = true;
+    controls_.vsbViewWindow.Visible = true;
+    controls_.frProperties.Height = shownHeight;
+}
+
+// No name for the PDF where there is no printer is the user's cancel, not a failure.
+void DrawingOutput::PrintForm() {
+    PrinterService& printer = parts_.Platform.Printer;
+    try {
+        printer.BeginJob(parts_.File.lblPath.Caption);
+        printer.PrintForm(controls_.frmDraw);
+        printer.EndDocument();
+    } catch (const RunTimeError& error) {
+        if (error.Number != fault::Cancelled) TellError(error, printName);
+    }
+}
+
+}  // namespace kvt

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "draw/draw_parts.h"
+#include "draw/svg.h"
+
+namespace kvt {
+
+// What leaves the drawing window: pictures in files and on the clipboard, and the window on paper.
+class DrawingOutput {
+public:
+    explicit DrawingOutput(DrawParts& parts);
+
+    // What the view window shows, as a bitmap beside the program's file ("ToFile") or on the clipboard
+    // ("ToClipboard").
+    void SaveImage(std::string_view target);
+    void mnuSaveBMP_Click() { SaveImage("ToFile"); }
+    void mnuSaveClipboard_Click() { SaveImage("ToClipboard"); }
+    // The whole drawing in a file that the user names.
+    void mnuSavePicture_Click();
+    // The window on a white ground.
+    void mnuPrint_Click();
+
+    // The whole drawing as the content of a file: kind is ".SVG", ".PDF", ".PNG" or ".BMP", another one is error 5.
+    std::string Picture(std::string_view kind) const;
+    SvgHead Head() const;
+
+private:
+    bool AskForName(std::string& name);
+    // Tells what has become of a file.
+    void Tell(bool written, std::string_view name);
+    void PrintForm();
+
+    DrawParts& parts_;
+    DrawControls& controls_;
+};
+
+}  // namespace kvt

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace kvt {
+
+class PictureBox;
+
+// A rectangle of a field, twips.
+struct FieldArea {
+    double Left = 0, Top = 0, Width = 0, Height = 0;
+};
+
+// A picture of points, row by row from the top. Colours have red in the low byte.
+struct Pixels {
+    int Width = 0;
+    int Height = 0;
+    std::vector<std::uint32_t> Points;
+};
+
+// The file of a Windows bitmap with 24 bits a point.
+std::string BmpOf(const Pixels& picture);
+
+// Turns a drawing into points.
+class PictureService {
+public:
+    virtual ~PictureService() = default;
+    // An area of a field as its window shows it, at least one point.
+    virtual Pixels Paint(const PictureBox& field, const FieldArea& area) = 0;
+    // The file of a PNG.
+    virtual std::string PngOf(const Pixels& picture) = 0;
+};
+
+}  // namespace kvt

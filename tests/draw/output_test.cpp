@@ -1,0 +1,183 @@
+#include "basic/number.h"
+#include "draw_fixture.h"
+
+namespace kvt::test {
+namespace {
+
+TEST_F(DrawTest, AMeasureFieldIsCleanedUp) {
+    const char* const cases[][2] = {{"", "0"},       {"--5", "-5"},  {"5-", "5"}, {"-", "0"},
+                                    {"-5-3", "-53"}, {"007", "7"},   {"-0", "0"}, {"1.50", "1.5"},
+                                    {"abc", "0"},    {"- 12", "-12"}};
+    for (const auto& one : cases) EXPECT_EQ(CleanUp(one[0]), one[1]) << one[0];
+    EXPECT_THROW(CleanUp(std::string(1000, '9')), RunTimeError);
+    // Leaving such a field keeps what stands there, and the distances.
+    Controls().txtX1.Text = std::string(1000, '9');
+    Controls().txtDeltaX.Text = "7";
+    Controls().txtX1.OnLostFocus();
+    EXPECT_EQ(Controls().txtX1.Text.Get().size(), 1000u);
+    EXPECT_EQ(Controls().txtDeltaX.Text, "7");
+}
+
+TEST_F(DrawTest, TheMillMeasuresYUpwardsOnceAPointIsFixed) {
+    DrawLines("F1", "91; M30");
+    State().ZeroX = State().ZeroY = 1000;
+    const auto texts = [&] {
+        std::string all;
+        for (const TextBox* field :
+             {&Controls().txtX1, &Controls().txtZ1, &Controls().txtX2, &Controls().txtZ2,
+              &Controls().txtDeltaX, &Controls().txtDeltaZ, &Controls().txtDeltaXZ})
+            all += field->Text.Get() + "|";
+        return all;
+    };
+    Draw().Measure.pbxDrawField_MouseMove(1100, 900);
+    EXPECT_EQ(texts(), "100|-100||||||");
+    Field().OnMouseDown(mouse::Left, 0, 1100, 900);
+    EXPECT_EQ(Field().MousePointer, mouse::CrossPointer);
+    Draw().Measure.pbxDrawField_MouseMove(1130, 860);
+    EXPECT_EQ(texts(), "100|100|130|140|30|-40|50|");
+    Field().OnMouseDown(mouse::Left, 0, 1130, 860);
+    EXPECT_EQ(Field().MousePointer, mouse::DefaultPointer);
+    // The zooming keys work again when a field has been left.
+    Controls().txtX1.OnGotFocus();
+    EXPECT_EQ(Controls().txtDeltaZ.Text, "40");
+    Controls().txtX1.OnLostFocus();
+    Draw().Form_KeyDown('I');
+    EXPECT_EQ(State().DrawScale, 2);
+    Draw().Unload();
+    EXPECT_EQ(State().MeasureClicks, 0);
+    // A finding in the program takes measuring away until the window comes to the front again.
+    Controls().frmDraw.Visible = true;
+    Bench->Store.ErrorFlagged = true;
+    Field().OnMouseDown(mouse::Left, 0, 1, 1);
+    EXPECT_EQ(State().MeasureClicks, 0);
+}
+
+TEST_F(DrawTest, TheImageIsWhatTheViewShows) {
+    Controls().frmDraw.TakeSize(6160, 4220);  // a view of 5700 by 3000
+    DrawLines("MK4", "91; 01 X0 Z-10 F50; M30");
+    Draw().PositionControls();
+    Field().Left = -300;
+    Field().Top = -150;
+    Bench->File.lblPath.Caption = Folder + "/pin.cnc";
+    Controls().mnuSaveBMP.Click();
+    const std::string bmp = Platform.Files.ReadWhole(Folder + "/pin.BMP");
+    constexpr std::size_t width = 380;
+    constexpr std::size_t height = 200;
+    ASSERT_EQ(bmp.size(), 54 + width * height * 3);
+    EXPECT_EQ(bmp.substr(0, 2), "BM");
+    const auto at = [&](double x, double y) {
+        const auto row = height - 1 - static_cast<std::size_t>((y - 150) / 15);
+        return bmp.substr(54 + (row * width + static_cast<std::size_t>((x - 300) / 15)) * 3, 3);
+    };
+    EXPECT_EQ(at(2400, 1005), std::string("\0\0\xFF", 3)) << "the red zero line";
+    EXPECT_EQ(at(2400, 600), std::string(3, '\0'));
+    Controls().mnuSaveClipboard.Click();
+    EXPECT_EQ(Platform.Clipboard.Picture.Points.size(), width * height);
+    // A mark is black on white, wherever it stands; twice it is gone.
+    Controls().mnuBackground.Checked = true;
+    Draw().Redraw();
+    const auto shown = [&] { return Platform.Pictures.Paint(Field(), {1500, 1500, 300, 300}).Points; };
+    const auto before = shown();
+    Draw().Measure.DrawMark(1650, 1650);
+    EXPECT_EQ(shown()[10 * 20 + 12], 0u);
+    EXPECT_EQ(shown()[10 * 20 + 18], 0xFFFFFFu);
+    Draw().Measure.DrawMark(1650, 1650);
+    EXPECT_EQ(shown(), before);
+}
+
+TEST_F(DrawTest, PaperIsWhite) {
+    DrawLines("MK4", "91; 01 X0 Z-10 F50; M30");
+    Platform.Printer.OnForm = [&](const Form&) {
+        EXPECT_EQ(Field().Operations()[0].Ink, 0xFFFFFFu);
+        EXPECT_FALSE(Controls().hsbViewWindow.Visible || Controls().vsbViewWindow.Visible);
+        EXPECT_TRUE(Controls().lblFileName.Visible);
+        EXPECT_EQ(Controls().frProperties.Height, 800);
+    };
+    Controls().mnuPrint.Click();
+    EXPECT_EQ(Platform.Printer.Forms, 1);
+    EXPECT_EQ(Field().Operations()[0].Ink, 0u);
+    EXPECT_EQ(Controls().frProperties.Height, 620);
+    // Closed while it draws for the paper: nothing is printed.
+    Draw().Sim.SelectSim(simulation::Step);
+    Platform.System.NextEvent = [&] { return Draw().Form_QueryUnload(), true; };
+    Controls().mnuPrint.Click();
+    EXPECT_EQ(Platform.Printer.Forms, 1);
+    EXPECT_FALSE(Controls().mnuBackground.Checked);
+}
+
+TEST_F(DrawTest, AViewWiderThanTheFieldHasItInTheMiddle) {
+    Put("MK4", "91; M30");
+    Controls().frmDraw.TakeSize(60460, 41220);
+    Draw().PositionControls();
+    Draw().cmdAutoFit_Click();
+    EXPECT_EQ(Controls().hsbViewWindow.Max, -2000);
+    EXPECT_EQ(Field().Left, 10000);
+}
+
+TEST_F(DrawTest, AWatchedLineIsSelectedInTheEditorToo) {
+    const char* const program = "91; 01 X0 Z-10 F50; 01 X0 Z-10 F50; M30";
+    Platform.Focus.SetFocus(Field());
+    ListView& list = Bench->Store.lvCncProgram;
+    Put("MK4", program);
+    Platform.Focus.SetFocus(Field());
+    Draw().Sim.SelectSim(simulation::Step);
+    std::string rows;
+    bool chooses = false;
+    Platform.System.NextEvent = [&] {
+        rows += PlainNumber(list.SelectedRow());
+        EXPECT_EQ(Field().Cross.Get(), (FieldPlace{true, Field().CurrentX, Field().CurrentY}));
+        if (chooses && list.SelectedRow() == 2) list.Select(1);
+        Controls().cmdStep.Click();
+        return true;
+    };
+    list.Select(5);
+    Draw().Redraw();
+    EXPECT_EQ(rows, "1234");
+    EXPECT_EQ(list.SelectedRow(), 5);
+    EXPECT_FALSE(Field().Cross.Get().Shown);
+    chooses = true;
+    rows.clear();
+    Draw().Redraw();
+    EXPECT_EQ(rows, "1211") << "a row that the user has chosen stays";
+    EXPECT_EQ(list.SelectedRow(), 1);
+    // Where the editor has the keys, or is not to be seen, its selection is left alone.
+    Bench->frmMain.Visible = false;
+    rows.clear();
+    Draw().Redraw();
+    EXPECT_EQ(rows, "1111");
+}
+
+// Whatever is closed or changed in whatever wait, the walk ends and nothing is left behind.
+TEST_F(DrawTest, NothingThatComesUpInAWaitDoesHarm) {
+    const std::function<void()> doings[] = {
+        [&] { Draw().Listing.frmProgramWindow.OnQueryUnload(); },
+        [&] { Draw().Form_QueryUnload(); },
+        [&] { Bench->Store.lvCncProgram.Clear(); },
+        [&] { Bench->Machine.optSettingsF1CNC.Click(); },
+        [&] { Field().OnMouseDown(mouse::Left, 0, 900, 900); },
+        [&] { Controls().mnuPrint.Click(); },
+        [&] { Controls().mnuSaveClipboard.Click(); },
+    };
+    for (const auto& does : doings) {
+        for (int wait = 1; wait <= 4; ++wait) {
+            Controls().mnuProgramWindow.Checked = true;
+            Put("MK4", "91; 01 X0 Z-10 F50; 01 X0 Z-10 F50; M30");
+            Comment(2, "cmdWAIT");
+            Draw().Sim.SelectSim(simulation::Step);
+            int turn = 0;
+            Platform.System.NextEvent = [&] {
+                if (++turn == wait) does();
+                State().WaitingForClick = false;
+                State().StepPressed = true;
+                return turn < 20;
+            };
+            Draw().Redraw();
+            EXPECT_FALSE(State().Walking || Field().Cross.Get().Shown);
+            EXPECT_EQ(State().MeasureClicks, 0);
+            Draw().Unload();
+        }
+    }
+}
+
+}  // namespace
+}  // namespace kvt::test
