@@ -19,6 +19,7 @@ import tty
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BITS = 10  # of a character, with one start bit and one stop bit
 LONGEST_IDLE = 20  # milliseconds
+TURN = 0.1  # seconds
 
 
 def lines_on_the_wire(file, filtered):
@@ -102,17 +103,21 @@ def main():
                      Played(given.kvtc, file, filtered, True, given.baud, folder),
                      Played(given.kvtc, file, filtered, False, given.baud, folder)]
         began, waiting = time.monotonic(), list(runs)
+        away, back = 0.0, began  # for how long the computer had no time for this program
         while waiting:
             ends = {run.handle: run for run in waiting if isinstance(run, Sending)}
-            for handle in select.select(list(ends), [], [], 0.2)[0]:
+            for handle in select.select(list(ends), [], [], TURN)[0]:
                 ends[handle].take()
             waiting = [run for run in waiting if not run.over()]
+            away, back = max(away, time.monotonic() - back - TURN), time.monotonic()
         wrong = [run.name for run in runs if not run.result()]
     sendings = [run for run in runs if isinstance(run, Sending)]
     idle = max(run.idle for run in sendings) * 1000
     print(f"{len(runs)} transfers at {given.baud} baud in {time.monotonic() - began:.0f} s, "
           f"{sum(len(run.expected) for run in runs)} characters; {len(wrong)} differ")
-    print(f"longest idle line in {len(sendings)} sendings: {idle:.1f} ms")
+    late = sum(run.idle * 1000 > LONGEST_IDLE for run in sendings)
+    print(f"longest idle line in {len(sendings)} sendings: {idle:.1f} ms, in {late} of them above {LONGEST_IDLE} ms; "
+          f"this program itself was away for {away * 1000:.0f} ms at the most")
     for name in wrong:
         print("differs:", name)
     return 1 if wrong or idle > LONGEST_IDLE else 0

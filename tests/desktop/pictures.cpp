@@ -51,10 +51,7 @@ public:
         });
         Type("40000\r");
         for (const char* name : {"mk2_knob", "mk4_bolt", "f1_lid", "mk4_fault_quadrant"}) {
-            bench_->Store.ProgramChanged = false;
-            std::string file = std::string(KVT_SOURCE_DIR "/samples/") + name + ".cnc";
-            bench_->Reader.LoadFile(file);
-            bench_->cmdReturn_Click();
+            Open(name);
             Save(name);
         }
         TakeTransfer();
@@ -64,8 +61,15 @@ public:
 private:
     static constexpr int menuBar = 330;  // twips
 
+    void Open(const char* name) {
+        bench_->Store.ProgramChanged = false;
+        std::string file = std::string(KVT_SOURCE_DIR "/samples/") + name + ".cnc";
+        bench_->Reader.LoadFile(file);
+        bench_->cmdReturn_Click();
+    }
     // A part of the program comes back as the machine sends it, then the whole goes out at 300 baud.
     void TakeTransfer() {
+        Open("mk4_bolt");
         const std::string program = bench_->Writer.GenerateAll();
         const std::size_t begins = program.find("%\r\n") + 3;
         const std::string part = program.substr(begins, program.find("\r\n", begins + 800) + 2 - begins);

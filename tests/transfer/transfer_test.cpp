@@ -210,13 +210,6 @@ TEST_F(TransferTest, AStepRunKeepsItsStopButton) {
     EXPECT_TRUE(steps && stops);
 }
 
-TEST_F(TransferTest, AFailureIsThatOfTheSideWhosePortWasChosen) {
-    for (const bool transmit : {true, false}) {
-        (transmit ? Bench->Port.TX() : Bench->Port.RX()).optPort[3].Click();
-        EXPECT_EQ(Bench->Log.Records().back().Procedure, transmit ? "optPortTX_Click" : "optPortRX_Click");
-    }
-}
-
 TEST_F(TransferTest, SettingsFileKeysGoBothWays) {
     const auto apply = [this](std::span<const PortKey> keys, std::initializer_list<const char*> values) {
         const char* const* value = values.begin();
