@@ -173,12 +173,12 @@ void DrawControls::PlaceField() {
 
 void DrawControls::PlaceFrames() {
     constexpr int number = 600;
-    FillFrame(frDiameter, {{&lblDiameter, &txtDiameter, 780}});
+    FillFrame(frDiameter, {{&lblDiameter, &txtDiameter, number}});
     FillFrame(frX1Z1, {{&lblX1, &txtX1, number}, {&lblZ1, &txtZ1, number}});
     FillFrame(frX2Z2, {{&lblX2, &txtX2, number}, {&lblZ2, &txtZ2, number}});
     FillFrame(frDelta, {{&lblDeltaX, &txtDeltaX, number},
                         {&lblDeltaZ, &txtDeltaZ, number},
-                        {&lblDeltaXZ, &txtDeltaXZ, number + 80}});
+                        {&lblDeltaXZ, &txtDeltaXZ, number + 260}});
     FillFrame(frGrid, {{&lblGrid, &txtGrid, 1340}});
     Place(cmdAutoFit, 0, 120, 840, 380);
     Place(cmdRedraw, 0, 120, 820, 380);

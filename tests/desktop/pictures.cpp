@@ -1,4 +1,6 @@
-// Takes pictures of the window for the documents: kvt_pictures FOLDER PREFIX [SCALE], on a display of its own.
+// Takes pictures of the windows for the documents: kvt_pictures FOLDER PREFIX [SCALE [WHAT]], on a display of its own.
+// WHAT is "editor", "drawing" for the drawing of each machine on black and on white, or "film" for the pictures of a
+// drawing that grows step by step.
 
 #include <QApplication>
 #include <QMessageBox>
@@ -9,6 +11,7 @@
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "desktop/desktop_platform.h"
@@ -48,18 +51,79 @@ public:
         });
         Type("40000\r");
         for (const char* name : {"mk2_knob", "mk4_bolt", "f1_lid", "mk4_fault_quadrant"}) {
-            bench_->Store.ProgramChanged = false;
-            std::string file = std::string(KVT_SOURCE_DIR "/samples/") + name + ".cnc";
-            bench_->Reader.LoadFile(file);
-            bench_->cmdReturn_Click();
+            Load(name);
             Save(name);
         }
+    }
+
+    // Each machine on black and on white, the latter with the listing; last a measurement.
+    void TakeDrawings() {
+        for (const char* name : {"mk2_knob", "mk4_pawn", "f1_lid"}) {
+            ShowDrawing(name);
+            Save((std::string("draw_") + name + "_black").c_str());
+            bench_->Draw.Controls.mnuBackground.Checked = true;
+            bench_->Draw.Controls.mnuProgramWindow.Checked = true;
+            bench_->Draw.Redraw();
+            Save((std::string("draw_") + name + "_white").c_str());
+            bench_->Draw.Controls.mnuProgramWindow.Checked = false;
+            bench_->Draw.Controls.mnuBackground.Checked = false;
+        }
+        ShowDrawing("mk4_pawn");
+        QWidget* const field = kvt::View::Of(bench_->Draw.Controls.pbxDrawField)->Widget();
+        const QPoint middle = field->visibleRegion().boundingRect().center();
+        QTest::mouseClick(field, Qt::LeftButton, Qt::NoModifier, middle);
+        QTest::mouseMove(field, middle + QPoint(180, -90));
+        Save("draw_measuring");
+    }
+
+    // A picture for each step that has drawn something.
+    void TakeFilm() {
+        kvt::DrawWindow& draw = bench_->Draw;
+        ShowDrawing("mk2_knob");
+        draw.Controls.mnuProgramWindow.Checked = true;
+        QTimer stepper;
+        bool busy = false;
+        int frames = 0;
+        std::size_t shown = 0;
+        QObject::connect(&stepper, &QTimer::timeout, [&] {
+            if (busy || !draw.Controls.cmdStep.Enabled) return;
+            busy = true;
+            const std::size_t drawn = draw.Controls.pbxDrawField.Operations().size();
+            if (drawn != std::exchange(shown, drawn))
+                Save(QString::asprintf("%02d", ++frames).toLatin1().constData());
+            busy = false;
+            draw.Controls.cmdStep.Click();
+        });
+        stepper.start(10);
+        draw.Sim.SelectSim(kvt::simulation::Step);
+        draw.Redraw();
     }
     bool Failed() const { return failed_; }
 
 private:
     static constexpr int menuBar = 330;  // twips
 
+    void Load(const char* name) {
+        bench_->Store.ProgramChanged = false;
+        std::string file = std::string(KVT_SOURCE_DIR "/samples/") + name + ".cnc";
+        bench_->Reader.LoadFile(file);
+        bench_->cmdReturn_Click();
+    }
+    // In a window that fills the screen.
+    void ShowDrawing(const char* name) {
+        Load(name);
+        bench_->Draw.Show();
+        QMainWindow& window = windows_[1]->Window();
+        window.showNormal();
+        window.setGeometry(QGuiApplication::primaryScreen()->geometry());
+        window.raise();
+        kvt::Form& listing = bench_->Draw.Listing.frmProgramWindow;
+        bench_->Draw.Listing.Load();
+        listing.Left = platform_.Services.Screen.Width() - listing.Width - 600;
+        listing.Top = platform_.Services.Screen.Height() - listing.Height - 600;
+        QTest::qWait(200);
+        bench_->Draw.Redraw();
+    }
     void Type(const char* keys) {
         for (; *keys != 0; ++keys) {
             QWidget* const target = QApplication::focusWidget();
@@ -96,10 +160,13 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() < 3) {
-        std::fputs("usage: kvt_pictures FOLDER PREFIX [SCALE]\n", stderr);
+        std::fputs("usage: kvt_pictures FOLDER PREFIX [SCALE [editor|drawing|film]]\n", stderr);
         return 2;
     }
     Photographer photographer(arguments[1], arguments[2], arguments.value(3, QStringLiteral("1")).toDouble());
-    photographer.TakeAll();
+    const QString what = arguments.value(4, QStringLiteral("editor"));
+    if (what == QLatin1String("editor")) photographer.TakeAll();
+    if (what == QLatin1String("drawing")) photographer.TakeDrawings();
+    if (what == QLatin1String("film")) photographer.TakeFilm();
     return photographer.Failed() ? 1 : 0;
 }
