@@ -26,4 +26,4 @@ take 1920x1080 150_percent 1.5
 take 1366x768 1366x768 1 drawing
 take 1920x1080 150_percent 1.5 drawing
 rm -f docs/pictures/film/*.png
-take 1000x640 mk2_knob 1 film film
+take 1100x760 mk2_knob 1 film film

@@ -81,6 +81,8 @@ public:
         kvt::DrawWindow& draw = bench_->Draw;
         ShowDrawing("mk2_knob");
         draw.Controls.mnuProgramWindow.Checked = true;
+        draw.Listing.frmProgramWindow.Height = 1900;
+        draw.Listing.frmProgramWindow.Top = platform_.Services.Screen.Height() - 2500;
         QTimer stepper;
         bool busy = false;
         int frames = 0;
@@ -89,8 +91,8 @@ public:
             if (busy || !draw.Controls.cmdStep.Enabled) return;
             busy = true;
             const std::size_t drawn = draw.Controls.pbxDrawField.Operations().size();
-            if (drawn != std::exchange(shown, drawn))
-                Save(QString::asprintf("%02d", ++frames).toLatin1().constData());
+            if (drawn != std::exchange(shown, drawn) && frames++ % stepsAFrame == 0)
+                Save(QString::asprintf("%02d", frames / stepsAFrame + 1).toLatin1().constData());
             busy = false;
             draw.Controls.cmdStep.Click();
         });
@@ -102,6 +104,7 @@ public:
 
 private:
     static constexpr int menuBar = 330;  // twips
+    static constexpr int stepsAFrame = 4;
 
     void Load(const char* name) {
         bench_->Store.ProgramChanged = false;
@@ -111,6 +114,7 @@ private:
     }
     // In a window that fills the screen.
     void ShowDrawing(const char* name) {
+        bench_->Draw.Unload();
         Load(name);
         bench_->Draw.Show();
         QMainWindow& window = windows_[1]->Window();
