@@ -11,15 +11,21 @@ for program in samples/*.cnc; do
     "$kvtc" draw "$program" -o "$picture" || [ $? -eq 1 ]
 done
 
-# The window, at three sizes, where the desktop half has been built and xvfb is there:
+# The windows, at three sizes, and a film strip of a drawing that grows, where the desktop half has been built and xvfb is there:
 #   cmake --build build/dev --target kvt_pictures
 photographer=${2:-build/dev/bin/kvt_pictures}
 [ -x "$photographer" ] || exit 0
-mkdir -p docs/pictures/window
-take() { # screen, prefix, scale
+take() { # screen, prefix, scale, what of, folder
+    mkdir -p "docs/pictures/${5:-window}"
     ASAN_OPTIONS=detect_leaks=0 QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 $1x24" \
-        "$photographer" docs/pictures/window "$2" "$3" 2>/dev/null
+        "$photographer" "docs/pictures/${5:-window}" "$2" "$3" "${4:-editor}" 2>/dev/null
 }
 take 1366x768 1366x768 1
 take 1920x1080 1920x1080 1
 take 1920x1080 150_percent 1.5
+take 1366x768 1366x768 1 drawing
+take 1920x1080 150_percent 1.5 drawing
+take 1366x768 1366x768 1 help
+take 1366x768 1366x768 1 german
+rm -f docs/pictures/film/*.png
+take 1100x760 mk2_knob 1 film film

@@ -3,16 +3,26 @@
 #include <QBuffer>
 
 #include "basic/run_time_error.h"
-#include "desktop/colors.h"
 #include "desktop/picture_box_view.h"
 
 namespace kvt {
+
+namespace {
+
+// The toolkit has blue in the low byte.
+QRgb Swapped(std::uint32_t color) {
+    return qRgb(static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
+                static_cast<int>(color >> 16 & 0xFF));
+}
+
+}  // namespace
 
 QImage ImageOf(const Pixels& picture) {
     QImage image(picture.Width, picture.Height, QImage::Format_RGB32);
     std::size_t at = 0;
     for (int y = 0; y < picture.Height; ++y) {
-        for (int x = 0; x < picture.Width; ++x) image.setPixelColor(x, y, ColorOf(picture.Points[at++]));
+        auto* const line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < picture.Width; ++x) line[x] = Swapped(picture.Points[at++]);
     }
     return image;
 }
@@ -24,7 +34,8 @@ Pixels DesktopPictures::Paint(const PictureBox& field, const FieldArea& area) {
     Pixels picture{image.width(), image.height(), {}};
     picture.Points.reserve(static_cast<std::size_t>(image.sizeInBytes() / 4));
     for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) picture.Points.push_back(NumberOf(image.pixelColor(x, y)));
+        const auto* const line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        for (int x = 0; x < image.width(); ++x) picture.Points.push_back(Swapped(line[x]) & 0xFFFFFF);
     }
     return picture;
 }

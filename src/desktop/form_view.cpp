@@ -119,6 +119,10 @@ void FormView::Follow(PropertyId id) {
         case PropertyId::Top: ApplyPosition(); break;
         case PropertyId::WindowState: ApplyState(); break;
         case PropertyId::Visible:
+            // A window that comes back as large as it was hears of no new size: what the form believes may be another.
+            if (form_.Visible && window_->testAttribute(Qt::WA_WState_Created))
+                QMetaObject::invokeMethod(
+                    this, [this] { Resized(); }, Qt::QueuedConnection);
             window_->setVisible(form_.Visible);
             if (form_.Visible && !form_.TopMost) window_->activateWindow();
             break;

@@ -152,18 +152,21 @@ public:
 
 LineView::LineView(DesktopContext& desktop, TextBox& control, QWidget* parent)
     : TextBoxView(desktop, control, new QLineEdit(parent)), edit_(static_cast<QLineEdit*>(Widget())) {
-    if (control.ShownOnly) {
-        edit_->setReadOnly(true);
-        QPalette palette = edit_->palette();
-        palette.setColor(QPalette::Base, palette.color(QPalette::Button));
-        edit_->setPalette(palette);
-    }
     edit_->setMaxLength(longestLine);
     edit_->setValidator(new LineFilter(edit_));
+    edit_->setReadOnly(control.ShownOnly);
     edit_->setInputMethodHints(Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
     connect(edit_, &QLineEdit::textEdited, this, [this] { Edited(); });
     connect(edit_, &QLineEdit::selectionChanged, this, [this] { SelectionMoved(); });
     connect(edit_, &QLineEdit::cursorPositionChanged, this, [this] { SelectionMoved(); });
+}
+
+void LineView::Follow(PropertyId id) {
+    TextBoxView::Follow(id);
+    if (id != PropertyId::ForeColor || !Box.ShownOnly) return;
+    QPalette palette = edit_->palette();
+    palette.setColor(QPalette::Base, palette.color(QPalette::Button));
+    edit_->setPalette(palette);
 }
 
 TextSelection LineView::ShownSelection() const {

@@ -59,6 +59,7 @@ public:
     LineView(DesktopContext& desktop, TextBox& control, QWidget* parent);
 
 protected:
+    void Follow(PropertyId id) override;
     QString Shown() const override { return edit_->text(); }
     void SetShown(const QString& text) override { edit_->setText(text); }
     TextSelection ShownSelection() const override;

@@ -1,5 +1,7 @@
 #include "draw/draw_controls.h"
 
+#include <algorithm>
+
 namespace kvt {
 
 namespace {
@@ -17,6 +19,8 @@ constexpr int edgeWidth = 180;
 constexpr int edgeHeight = 945;
 constexpr int barBreadth = 255;
 constexpr int fieldSize = 40000;
+constexpr int firstFieldWidth = 600;
+constexpr int distanceWidth = 860;
 constexpr int firstScale = 3;
 
 void Put(Control& container, std::initializer_list<Control*> inside) {
@@ -171,15 +175,20 @@ void DrawControls::PlaceField() {
     }
 }
 
-void DrawControls::PlaceFrames() {
-    constexpr int number = 600;
-    FillFrame(frDiameter, {{&lblDiameter, &txtDiameter, 780}});
+void DrawControls::FillFrames(int fieldWidth) {
+    const int number = fieldWidth;
+    const int distance = std::max(number, distanceWidth);
+    FillFrame(frDiameter, {{&lblDiameter, &txtDiameter, number}});
     FillFrame(frX1Z1, {{&lblX1, &txtX1, number}, {&lblZ1, &txtZ1, number}});
     FillFrame(frX2Z2, {{&lblX2, &txtX2, number}, {&lblZ2, &txtZ2, number}});
     FillFrame(frDelta, {{&lblDeltaX, &txtDeltaX, number},
                         {&lblDeltaZ, &txtDeltaZ, number},
-                        {&lblDeltaXZ, &txtDeltaXZ, number + 80}});
+                        {&lblDeltaXZ, &txtDeltaXZ, distance}});
     FillFrame(frGrid, {{&lblGrid, &txtGrid, 1340}});
+}
+
+void DrawControls::PlaceFrames() {
+    FillFrames(firstFieldWidth);
     Place(cmdAutoFit, 0, 120, 840, 380);
     Place(cmdRedraw, 0, 120, 820, 380);
     Place(UpDown, 0, 100, 280, 420);

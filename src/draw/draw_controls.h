@@ -20,6 +20,8 @@ struct DrawControls {
     DrawControls();
     // The marks of the menus as they are without a settings file.
     void SetDesignMarks();
+    // Fills the frames with measure fields of a width in twips.
+    void FillFrames(int fieldWidth);
 
     Form frmDraw;
 

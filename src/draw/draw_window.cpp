@@ -22,6 +22,10 @@ constexpr int leastHeight = 3000;
 constexpr int propertiesHeight = 620;
 constexpr int buttonsTop = 100;
 constexpr int frameGap = 20;
+// Fields with room for decimals, where the row of frames still ends in front of the scroll bar.
+constexpr int roomyWidth = 11100;
+constexpr int wideField = 860;
+constexpr int narrowField = 600;
 constexpr int firstScale = 3;
 // How far a notch of the wheel goes, in twips.
 constexpr double twipsANotch = 900;
@@ -233,6 +237,8 @@ void DrawWindow::Form_Activate() {
 }
 
 void DrawWindow::PlaceFramesInRow() {
+    const bool roomy = Controls.frmDraw.Width >= roomyWidth;
+    Controls.FillFrames(roomy ? wideField : narrowField);
     const Control* before = nullptr;
     for (Control* frame : std::initializer_list<Control*>{
              &Controls.frDiameter, &Controls.frX1Z1, &Controls.frX2Z2, &Controls.frDelta, &Controls.frGrid,

@@ -13,6 +13,9 @@ namespace {
 constexpr int widthPixels = 786;
 constexpr int heightPixels = 200;
 constexpr int twipsAPixel = 15;
+// What is left of the size around the list then is as wide at the right and below as it is at the left.
+constexpr int edgeWidth = 80;
+constexpr int edgeHeight = 220;
 constexpr int cellWidth = 7;
 constexpr int lastListedColumn = 11;
 constexpr int hidden = -1;
@@ -65,6 +68,8 @@ ProgramWindow::ProgramWindow(DrawParts& parts)
     frmProgramWindow.Visible = false;
     frmProgramWindow.Caption = "Program Lines";
     frmProgramWindow.TopMost = true;
+    frmProgramWindow.EdgeWidth = edgeWidth;
+    frmProgramWindow.EdgeHeight = edgeHeight;
     frmProgramWindow.OnResize = [this] { Form_Resize(); };
     frmProgramWindow.OnQueryUnload = [this] { Unload(); };
     int left = 580;

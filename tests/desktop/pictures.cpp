@@ -1,4 +1,6 @@
-// Takes pictures of the window for the documents: kvt_pictures FOLDER PREFIX [SCALE], on a display of its own.
+// Takes pictures of the windows for the documents: kvt_pictures FOLDER PREFIX [SCALE [WHAT]], on a display of its own.
+// WHAT is "editor", "drawing" for the drawing of each machine on black and on white, "help", "german", or "film" for the pictures of a
+// drawing that grows step by step.
 
 #include <unistd.h>
 
@@ -11,6 +13,7 @@
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "console/played_machine.h"
@@ -28,6 +31,7 @@ public:
         : folder_(std::move(folder)), prefix_(std::move(prefix)), platform_(files_, programs_, scale) {
         qputenv("XDG_DATA_HOME", data_.path().toLocal8Bit());
         bench_ = std::make_unique<kvt::Workbench>(platform_.Services);
+        bench_->Modules.StartFolder = QCoreApplication::applicationDirPath().toStdString() + "/";
         bench_->Form_Load("");
         kvt::Form& form = bench_->frmMain;
         form.Left = 0;
@@ -56,10 +60,94 @@ public:
         }
         TakeTransfer();
     }
+
+    // Each machine on black and on white, the latter with the listing; last a measurement.
+    void TakeDrawings() {
+        for (const char* name : {"mk2_knob", "mk4_pawn", "f1_lid"}) {
+            ShowDrawing(name);
+            Save((std::string("draw_") + name + "_black").c_str());
+            bench_->Draw.Controls.mnuBackground.Checked = true;
+            bench_->Draw.Controls.mnuProgramWindow.Checked = true;
+            bench_->Draw.Redraw();
+            Save((std::string("draw_") + name + "_white").c_str());
+            bench_->Draw.Controls.mnuProgramWindow.Checked = false;
+            bench_->Draw.Controls.mnuBackground.Checked = false;
+        }
+        ShowDrawing("mk4_pawn");
+        QWidget* const field = kvt::View::Of(bench_->Draw.Controls.pbxDrawField)->Widget();
+        const QPoint middle = field->visibleRegion().boundingRect().center();
+        QTest::mouseClick(field, Qt::LeftButton, Qt::NoModifier, middle);
+        QTest::mouseMove(field, middle + QPoint(180, -90));
+        Save("draw_measuring");
+    }
+
+    // The documents on each machine.
+    void TakeHelp() {
+        for (const char* name : {"mk2_knob", "mk4_bolt", "f1_lid"}) {
+            Open(name);
+            bench_->Help.mnuGhelp_Click();
+            const bool mk2 = bench_->Store.IsMK2();
+            kvt::MainControls& main = bench_->Main;
+            (mk2 ? main.rtfGcodeHelpMK2 : main.rtfGcodeHelpMK4).ShowSection("G02");
+            Save((std::string("help_") + name).c_str());
+            bench_->cmdReturn_Click();
+        }
+        bench_->Help.mnuHelpText_Click();
+        Save("help");
+        bench_->cmdReturn_Click();
+        bench_->Help.mnuAbout_Click();
+        Save("about");
+        bench_->cmdReturn_Click();
+    }
+
+    // In German: each machine, the settings, the help and the drawing.
+    void TakeGerman() {
+        std::string module = KVT_SOURCE_DIR "/languages/Deutsch.txt";
+        bench_->Reader.LoadFile(module);
+        for (const char* name : {"mk2_knob", "mk4_fault_quadrant", "f1_lid"}) {
+            Open(name);
+            Save((std::string("german_") + name).c_str());
+        }
+        for (int page = 0; page < 5; ++page) {
+            bench_->Window.ShowSettings(page);
+            Save((std::string("german_settings_") + std::to_string(page)).c_str());
+        }
+        bench_->Help.mnuHelpText_Click();
+        Save("german_help");
+        bench_->cmdReturn_Click();
+        ShowDrawing("f1_lid");
+        Save("german_draw");
+    }
+
+    // A picture for each step that has drawn something.
+    void TakeFilm() {
+        kvt::DrawWindow& draw = bench_->Draw;
+        ShowDrawing("mk2_knob");
+        draw.Controls.mnuProgramWindow.Checked = true;
+        draw.Listing.frmProgramWindow.Height = 1900;
+        draw.Listing.frmProgramWindow.Top = platform_.Services.Screen.Height() - 2500;
+        QTimer stepper;
+        bool busy = false;
+        int frames = 0;
+        std::size_t shown = 0;
+        QObject::connect(&stepper, &QTimer::timeout, [&] {
+            if (busy || !draw.Controls.cmdStep.Enabled) return;
+            busy = true;
+            const std::size_t drawn = draw.Controls.pbxDrawField.Operations().size();
+            if (drawn != std::exchange(shown, drawn) && frames++ % stepsAFrame == 0)
+                Save(QString::asprintf("%02d", frames / stepsAFrame + 1).toLatin1().constData());
+            busy = false;
+            draw.Controls.cmdStep.Click();
+        });
+        stepper.start(10);
+        draw.Sim.SelectSim(kvt::simulation::Step);
+        draw.Redraw();
+    }
     bool Failed() const { return failed_; }
 
 private:
     static constexpr int menuBar = 330;  // twips
+    static constexpr int stepsAFrame = 4;
 
     void Open(const char* name) {
         bench_->Store.ProgramChanged = false;
@@ -85,6 +173,22 @@ private:
         bench_->Transmit.mnuTX_Click();
     }
 
+    // In a window that fills the screen.
+    void ShowDrawing(const char* name) {
+        bench_->Draw.Unload();
+        Open(name);
+        bench_->Draw.Show();
+        QMainWindow& window = windows_[1]->Window();
+        window.showNormal();
+        window.setGeometry(QGuiApplication::primaryScreen()->geometry());
+        window.raise();
+        kvt::Form& listing = bench_->Draw.Listing.frmProgramWindow;
+        bench_->Draw.Listing.Load();
+        listing.Left = platform_.Services.Screen.Width() - listing.Width - 600;
+        listing.Top = platform_.Services.Screen.Height() - listing.Height - 600;
+        QTest::qWait(200);
+        bench_->Draw.Redraw();
+    }
     void Type(const char* keys) {
         for (; *keys != 0; ++keys) {
             QWidget* const target = QApplication::focusWidget();
@@ -124,10 +228,15 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() < 3) {
-        std::fputs("usage: kvt_pictures FOLDER PREFIX [SCALE]\n", stderr);
+        std::fputs("usage: kvt_pictures FOLDER PREFIX [SCALE [editor|drawing|help|german|film]]\n", stderr);
         return 2;
     }
     Photographer photographer(arguments[1], arguments[2], arguments.value(3, QStringLiteral("1")).toDouble());
-    photographer.TakeAll();
+    const QString what = arguments.value(4, QStringLiteral("editor"));
+    if (what == QLatin1String("editor")) photographer.TakeAll();
+    if (what == QLatin1String("drawing")) photographer.TakeDrawings();
+    if (what == QLatin1String("help")) photographer.TakeHelp();
+    if (what == QLatin1String("german")) photographer.TakeGerman();
+    if (what == QLatin1String("film")) photographer.TakeFilm();
     return photographer.Failed() ? 1 : 0;
 }

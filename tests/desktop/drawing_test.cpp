@@ -1,0 +1,146 @@
+#include <QClipboard>
+#include <QElapsedTimer>
+#include <QMouseEvent>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <algorithm>
+#include <ctime>
+#include <memory>
+
+#include "basic/number.h"
+#include "desktop/text.h"
+#include "shell/workbench.h"
+#include "test_window.h"
+
+namespace kvt::test {
+namespace {
+
+// The drawing of a sample in its real window.
+class DesktopDrawing : public ::testing::Test {
+protected:
+    void Open(const std::string& sample) {
+        qputenv("XDG_DATA_HOME", data_.path().toLocal8Bit());
+        bench.Form_Load("");
+        std::string file = KVT_SOURCE_DIR "/samples/" + sample;
+        bench.Reader.LoadFile(file);
+        for (Form* form : bench.Forms())
+            windows.push_back(std::make_unique<FormView>(platform.Desktop, *form));
+        bench.Draw.Show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&Window()));
+        QTest::qWait(100);
+    }
+    QMainWindow& Window() { return windows[1]->Window(); }
+    DrawControls& Controls() { return bench.Draw.Controls; }
+    QWidget* Field() { return View::Of(Controls().pbxDrawField)->Widget(); }
+
+    QTemporaryDir data_;
+    FaultPlan noFaults;
+    DiskFiles files{noFaults};
+    SystemPrograms programs;
+    DesktopPlatform platform{files, programs, 1};
+    Workbench bench{platform.Services};
+    std::vector<std::unique_ptr<FormView>> windows;
+};
+
+// The share of a processor that this program has taken since a moment.
+class Load {
+public:
+    Load() { clock_.start(); }
+    double Share() const { return static_cast<double>(std::clock() - before_) / CLOCKS_PER_SEC / Seconds(); }
+    double Seconds() const { return static_cast<double>(clock_.nsecsElapsed()) / 1e9; }
+
+private:
+    QElapsedTimer clock_;
+    std::clock_t before_ = std::clock();
+};
+
+TEST_F(DesktopDrawing, ASpeedHoldsItsPaceAndWaitsAreIdle) {
+    Open("mk4_roller.cnc");
+    bench.Draw.Sim.SelectSim(simulation::Speed3);
+    int ticks = 0;
+    Controls().Timer1.OnTimer = [this, &ticks] {
+        ++ticks;
+        bench.Draw.Sim.Timer1_Timer();
+    };
+    const Load walk;
+    bench.Draw.Redraw();
+    const double aLine = walk.Seconds() * 1000 / ticks;
+    RecordProperty("lines", ticks);
+    std::printf("%d lines, %.2f ms each, processor %.1f %%\n", ticks, aLine, walk.Share() * 100);
+    EXPECT_GT(ticks, 30);
+    EXPECT_NEAR(aLine, 50, 5);
+
+    bench.Draw.Sim.SelectSim(simulation::Step);
+    double share = 1;
+    QTimer::singleShot(100, [&] {
+        const auto load = std::make_shared<Load>();
+        QTimer::singleShot(1000, [&, load] {
+            share = load->Share();
+            bench.Draw.Form_QueryUnload();
+        });
+    });
+    bench.Draw.Redraw();
+    std::printf("waiting for a step: processor %.1f %%\n", share * 100);
+    EXPECT_LT(share, 0.05);
+}
+
+TEST_F(DesktopDrawing, TheFieldsFollowTheMouseWithinAFrame) {
+    Open("mk4_pawn.cnc");
+    std::vector<qint64> times;
+    const QPoint middle = Field()->visibleRegion().boundingRect().center();
+    for (int i = 0; i < 21; ++i) {
+        QElapsedTimer clock;
+        clock.start();
+        const QPointF place = middle + QPoint(i, i);
+        QMouseEvent move(QEvent::MouseMove, place, Field()->mapToGlobal(place), Qt::NoButton, {}, {});
+        QApplication::sendEvent(Field(), &move);
+        EXPECT_NEAR(Val(Controls().txtZ1.Text) * bench.Draw.State.DrawScale + bench.Draw.State.ZeroX,
+                    place.x() * 15, 0.01);
+        QCoreApplication::processEvents();
+        times.push_back(clock.nsecsElapsed() / 1000);
+    }
+    std::sort(times.begin(), times.end());
+    std::printf("a move of the mouse: %.2f ms\n", static_cast<double>(times[10]) / 1000);
+    EXPECT_LT(times[10], 16'000);
+
+    // Two clicks, and what they mark can be seen; the cross of a waiting tool can too, and leaves nothing behind.
+    const auto shown = [&] { return Field()->grab(QRect(middle - QPoint(20, 20), QSize(41, 41))).toImage(); };
+    const QImage before = shown();
+    QTest::mouseClick(Field(), Qt::LeftButton, Qt::NoModifier, middle);
+    EXPECT_NE(shown(), before);
+    QTest::mouseClick(Field(), Qt::LeftButton, Qt::NoModifier, middle + QPoint(60, 0));
+    QTest::mouseClick(Field(), Qt::LeftButton, Qt::NoModifier, middle);
+    EXPECT_EQ(shown(), before);
+    const auto twips = [](int pixels) { return static_cast<float>(pixels * 15); };
+    Controls().pbxDrawField.Cross = FieldPlace{true, twips(middle.x()), twips(middle.y())};
+    EXPECT_NE(shown(), before);
+    Controls().pbxDrawField.Cross = FieldPlace();
+    EXPECT_EQ(shown(), before);
+}
+
+TEST_F(DesktopDrawing, ItLeavesAsPictureAndOnPaper) {
+    Open("mk4_pawn.cnc");
+    const QString folder = data_.path() + "/";
+    bench.File.lblPath.Caption = FromQt(folder + "pawn.cnc");
+    QTimer closer;
+    QObject::connect(&closer, &QTimer::timeout, [] {
+        if (QWidget* const box = QApplication::activeModalWidget()) QTest::keyClick(box, Qt::Key_Return);
+    });
+    closer.start(20);
+    Controls().mnuSaveBMP.Click();
+    Controls().mnuSaveClipboard.Click();
+    const QImage picture(folder + "pawn.BMP");
+    EXPECT_EQ(picture.width(), Controls().pbxViewWindow.Width / 15);
+    EXPECT_EQ(picture.convertToFormat(QImage::Format_RGB32),
+              QGuiApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32));
+    const QRect seen = Field()->visibleRegion().boundingRect();
+    EXPECT_EQ(picture.pixelColor(400, 300), Field()->grab(seen).toImage().pixelColor(QPoint(400, 300)));
+
+    dynamic_cast<DesktopPrinter&>(platform.Services.Printer).PrintToFile(folder + "pawn.pdf");
+    Controls().mnuPrint.Click();
+    EXPECT_TRUE(files.ReadWhole(FromQt(folder + "pawn.pdf")).starts_with("%PDF"));
+    EXPECT_TRUE(bench.Log.Records().empty());
+}
+
+}  // namespace
+}  // namespace kvt::test
