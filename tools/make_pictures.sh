@@ -25,5 +25,8 @@ take 1366x768 1366x768 1
 take 1920x1080 1920x1080 1
 take 1920x1080 150_percent 1.5
 take 1366x768 1366x768 1 drawing
+take 1920x1080 150_percent 1.5 drawing
+take 1366x768 1366x768 1 help
+take 1366x768 1366x768 1 german
 rm -f docs/pictures/film/*.png
 take 1100x760 mk2_knob 1 film film

@@ -80,10 +80,11 @@ public:
             return true;
         };
         draw.Show();
-        if (draw.GivenUp())
+        if (draw.GivenUp()) {
             Complain(file, "the drawing was ended after " +
                                PlainNumber(std::int64_t{Loaded.Platform.System.Patience}) +
                                " turns: this program never ends");
+        }
     }
 
     LoadedFile Loaded;

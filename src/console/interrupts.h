@@ -13,18 +13,27 @@ public:
         sigaddset(&signals_, SIGTERM);
         pthread_sigmask(SIG_BLOCK, &signals_, &before_);
     }
-    ~Interrupts() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+    ~Interrupts() {
+        // Those that came while the first one was being obeyed mean the same.
+        while (Take()) {
+        }
+        pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+    }
     Interrupts(const Interrupts&) = delete;
     Interrupts& operator=(const Interrupts&) = delete;
 
     // Whether one has come up to now.
     bool Came() {
-        const timespec noTime = {};
-        if (!came_ && sigtimedwait(&signals_, nullptr, &noTime) > 0) came_ = true;
+        came_ = Take() || came_;
         return came_;
     }
 
 private:
+    bool Take() const {
+        const timespec noTime = {};
+        return sigtimedwait(&signals_, nullptr, &noTime) > 0;
+    }
+
     sigset_t signals_ = {};
     sigset_t before_ = {};
     bool came_ = false;

@@ -72,6 +72,10 @@ void ScriptSession::NewBench() {
     bench_.reset();
     Platform.BeginRun();
     bench_ = std::make_unique<Workbench>(Platform.Services);
+    // The help documents lie beside the program.
+    std::error_code failed;
+    const fs::path program = fs::read_symlink("/proc/self/exe", failed);
+    bench_->Modules.StartFolder = NameFromSystem(program.parent_path().string()) + "/";
     forms_ = bench_->Forms();
     for (Form* form : forms_) {
         Platform.System.Watch(*form);

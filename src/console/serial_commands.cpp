@@ -41,10 +41,14 @@ private:
     std::string shown_;
 };
 
-// The boxes that nobody could see; true where there were some.
+// The boxes that nobody could see; true where one tells a failure. Refused settings are none.
 bool TellMessages(const std::string& name, const MemoryDialogs& dialogs) {
-    for (const MessageBox& box : dialogs.Shown) Complain(name, Replace(box.Text, "\r\n", " "));
-    return !dialogs.Shown.empty();
+    bool failed = false;
+    for (const MessageBox& box : dialogs.Shown) {
+        Complain(name, Replace(box.Text, "\r\n", " "));
+        failed = failed || box.Picture != Icon::Information;
+    }
+    return failed;
 }
 
 void UseSettings(PortSide& side, const LineSettings& line) {
@@ -84,9 +88,10 @@ int SendFile(const SerialOptions& options) {
         return Complain(options.File, "cannot be read as a CNC program");
     bench.Platform.Dialogs.Shown.clear();
     bench.Bench->Transfer.TX.chkFilter.Value = options.WithComments ? 0 : 1;
+    // A stop from here on is obeyed when the first line has left.
+    Interrupts interrupts;
     if (!OpenPort(bench, options.Port)) return status::Usage;
 
-    Interrupts interrupts;
     bool stopped = false;
     {
         ProgressLine progress;
@@ -100,10 +105,13 @@ int SendFile(const SerialOptions& options) {
         };
         bench.Bench->Transmit.mnuTX_Click();
     }
-    if (TellMessages(options.Port, bench.Platform.Dialogs)) return status::Usage;
-    std::printf(stopped ? "%s: stopped, the reception was ended with the units mark\n" : "%s: sent\n",
+    if (TellMessages(options.Port, bench.Platform.Dialogs))
+        return bench.Bench->Port.HasVanished ? status::Finding : status::Usage;
+    // A stop behind the last line has cut nothing.
+    const bool cut = bench.Bench->Transmit.WasCut;
+    std::printf(cut ? "%s: stopped, the reception was ended with the units mark\n" : "%s: sent\n",
                 options.File.c_str());
-    return stopped ? status::Finding : status::Well;
+    return cut ? status::Finding : status::Well;
 }
 
 int ReceiveFile(const SerialOptions& options) {

@@ -14,8 +14,10 @@ namespace kvt {
 
 namespace {
 
-constexpr double lead = 12;              // milliseconds; less than a look at the events may take
-constexpr double longestStall = 30'000;  // so long a device may take nothing before it counts as gone
+constexpr double lead = 12;  // milliseconds; less than a look at the events may take
+constexpr double longestStall =
+    5'000;  // so far behind its time a device may take nothing before it counts as gone
+constexpr double longestRest = 1000;
 constexpr double closingGrace = 500;
 
 QStringList NamedDevices() {
@@ -83,9 +85,10 @@ void DesktopPort::Open() {
     port_.setFlowControl(QSerialPort::NoFlowControl);
     if (!port_.open(QIODevice::ReadWrite)) throw RunTimeError(fault::PortAlreadyOpen);
     gone_ = false;
-    settingsWait_ = false;
     pace_.Forget();
-    SettingsChanged();
+    // At once, whatever somebody else has left in the driver: the first byte is to go at the right rate.
+    settingsWait_ = false;
+    if (!Apply()) Tell(CommEvent::Refused);
 }
 
 void DesktopPort::Close() {
@@ -101,7 +104,7 @@ void DesktopPort::Close() {
 
 void DesktopPort::Output(std::string_view text) {
     if (!IsOpen()) throw RunTimeError(fault::PortNotOpen);
-    if (MillisecondsLeft() <= 0) taken_ = Now();
+    watch_.Give(text.size());
     pace_.Give(Now(), text.size(), Line());
     port_.write(text.data(), static_cast<qint64>(text.size()));
     port_.flush();
@@ -134,7 +137,7 @@ std::string DesktopPort::DeviceName(int number) const {
 
 void DesktopPort::SettingsChanged() {
     settingsWait_ = MillisecondsLeft() > 0;
-    if (!settingsWait_ && !Apply()) Tell(CommEvent::Refused);
+    if (!settingsWait_ && !gone_ && !Apply()) Tell(CommEvent::Refused);
 }
 
 bool DesktopPort::Apply() {
@@ -160,21 +163,26 @@ bool DesktopPort::DeviceHolds(const LineSettings& line) const {
 void DesktopPort::LookAfterSending() {
     if (!IsOpen()) return;
     const double left = MillisecondsLeft();
-    const qint64 waiting = port_.bytesToWrite() + InDriver();
-    if (waiting == 0 || waiting != waiting_) taken_ = Now();
-    waiting_ = waiting;
-    if (Now() - taken_ > longestStall) {
+    const auto waiting = static_cast<std::size_t>(port_.bytesToWrite() + InDriver());
+    if (watch_.Stalled(Now(), waiting, pace_.Left(Now())) > longestStall) {
         gone_ = true;
         return Vanished();
     }
-    if (left > 0) return sending_.start(std::max(1, static_cast<int>(left)));
+    if (left > 0) return sending_.start(static_cast<int>(std::clamp(left, 1.0, longestRest)));
     if (settingsWait_) SettingsChanged();
     Tell(CommEvent::Send);
 }
 
+// Mostly from the event loop: the port may have been closed or opened anew since. What it has still brought is told
+// before it is closed.
 void DesktopPort::Vanished() {
+    if (!gone_ || handingOver_) return;
     sending_.stop();
+    handingOver_ = true;
+    if (port_.bytesAvailable() > 0) Tell(CommEvent::Receive);
+    handingOver_ = false;
     port_.close();
+    gone_ = false;
     Tell(CommEvent::Vanished);
 }
 

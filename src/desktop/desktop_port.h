@@ -18,7 +18,7 @@ public:
 
     void Open() override;
     void Close() override;
-    bool IsOpen() const override { return port_.isOpen() && !gone_; }
+    bool IsOpen() const override { return port_.isOpen() && (!gone_ || handingOver_); }
     void Output(std::string_view text) override;
     double MillisecondsLeft() const override;
     double Lead() const override;
@@ -42,11 +42,11 @@ private:
     LinePace pace_;
     // Runs until what was given has left.
     QTimer sending_;
-    // The last time that the device has taken something, or had nothing to take.
-    double taken_ = 0;
-    qint64 waiting_ = 0;
+    LineWatch watch_;
     bool settingsWait_ = false;
+    // The device has gone; what it has still brought is being handed over.
     bool gone_ = false;
+    bool handingOver_ = false;
 };
 
 }  // namespace kvt

@@ -6,6 +6,8 @@ namespace kvt {
 
 namespace {
 
+constexpr const char* shownKey = "shownKey";
+
 // Gives each entry of a menu the first letter of its caption that no entry before it has, as the key that chooses it
 // while the menu is open.
 void GiveAccessKeys(const QWidget& menu) {
@@ -20,7 +22,9 @@ void GiveAccessKeys(const QWidget& menu) {
         const bool hasKey = at < caption.size();
         if (hasKey) taken += caption.at(at).toUpper();
         const QString rest = caption.mid(at).replace(u'&', QStringLiteral("&&"));
-        entry->setText(caption.left(at).replace(u'&', QStringLiteral("&&")) + (hasKey ? "&" : "") + rest);
+        const QString key = entry->property(shownKey).toString();
+        entry->setText(caption.left(at).replace(u'&', QStringLiteral("&&")) + (hasKey ? "&" : "") + rest +
+                       (key.isEmpty() ? key : u'\t' + key));
     }
 }
 
@@ -33,6 +37,7 @@ MenuView::MenuView(DesktopContext& desktop, Menu& control, QWidget* parent, bool
       action_(hasEntries ? entries_->menuAction() : new QAction(parent)) {
     control.View = this;
     parent->addAction(action_);
+    if (!menu_.ShownShortcut.empty()) action_->setProperty(shownKey, ToQt(menu_.ShownShortcut));
     for (const PropertyId id :
          {PropertyId::Caption, PropertyId::Visible, PropertyId::Enabled, PropertyId::Checked}) {
         PropertyChanged(control, id);

@@ -13,7 +13,8 @@ namespace kvt {
 
 namespace {
 
-constexpr int severalLines = 480;  // twips of height from which on a label has them
+constexpr int documentMargin = 12;  // pixels
+constexpr int severalLines = 480;   // twips of height from which on a label has them
 
 // A text shortened in its middle where it is wider than its place.
 QString Fitted(const QString& text, const QFontMetrics& metrics, int width) {
@@ -118,14 +119,35 @@ RichTextView::RichTextView(DesktopContext& desktop, RichText& control, QWidget* 
       browser_(static_cast<QTextBrowser*>(Widget())) {
     Watch(browser_->viewport());
     browser_->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    browser_->setOpenLinks(false);
+    browser_->document()->setDocumentMargin(documentMargin);
+    connect(browser_, &QTextBrowser::anchorClicked, this,
+            [this](const QUrl& link) { browser_->scrollToAnchor(link.fragment()); });
+}
+
+void RichTextView::ShowText() {
+    if (document_.Plain) return browser_->setPlainText(ToQt(document_.Text));
+    browser_->setSearchPaths({ToQt(document_.Folder)});
+    browser_->setHtml(ToQt(document_.Text));
+}
+
+void RichTextView::FindSought() {
+    const QString sought = ToQt(document_.Sought);
+    document_.WasFound = browser_->find(sought);
+    if (document_.WasFound) return;
+    // On from the beginning.
+    const QTextCursor before = browser_->textCursor();
+    browser_->moveCursor(QTextCursor::Start);
+    document_.WasFound = browser_->find(sought);
+    if (!document_.WasFound) browser_->setTextCursor(before);
 }
 
 void RichTextView::Follow(PropertyId id) {
-    if (id == PropertyId::Text) {
-        document_.Plain ? browser_->setPlainText(ToQt(document_.Text))
-                        : browser_->setText(ToQt(document_.Text));
-    } else {
-        View::Follow(id);
+    switch (id) {
+        case PropertyId::Text: return ShowText();
+        case PropertyId::Section: return browser_->scrollToAnchor(ToQt(document_.Section));
+        case PropertyId::Sought: return FindSought();
+        default: View::Follow(id);
     }
 }
 

@@ -44,6 +44,9 @@ protected:
     void Follow(PropertyId id) override;
 
 private:
+    void ShowText();
+    void FindSought();
+
     RichText& document_;
     QTextBrowser* browser_;
 };

@@ -65,6 +65,7 @@ void ScrollBarView::Follow(PropertyId id) {
         case PropertyId::Bounds:
         case PropertyId::Value:
             face_->setRange(bar_.Lowest(), bar_.Highest());
+            face_->setInvertedAppearance(bar_.Max < bar_.Min);
             face_->setSingleStep(bar_.SmallChange);
             face_->setPageStep(bar_.LargeChange);
             face_->setValue(bar_.Value);

@@ -61,8 +61,9 @@ bool TextBoxView::Act(const KeyInput& input) {
     if (input.Text.size() != 1 || (input.Held & key::CtrlHeld) == 0) return false;
     switch (input.Text.at(0).unicode()) {
         case key::CtrlC: Copy(); return true;
-        case key::CtrlX: Cut(); return true;
+        case key::CtrlX: return Box.ShownOnly || (Cut(), true);
         case key::CtrlV:
+            if (Box.ShownOnly) return true;
             Insert(Fit(incoming_.isNull() ? QGuiApplication::clipboard()->text() : incoming_));
             return true;
         case ctrlA: SelectAll(); return true;
@@ -86,7 +87,7 @@ bool TextBoxView::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void TextBoxView::PutIn(int number) {
-    if (number >= ' ') Insert(CharacterOf(number));
+    if (number >= ' ' && !Box.ShownOnly) Insert(CharacterOf(number));
 }
 
 void TextBoxView::Drop(const QString& text) {

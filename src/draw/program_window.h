@@ -23,7 +23,7 @@ public:
         if (!loaded_) Form_Load();
     }
     void Hide() { frmProgramWindow.Visible = false; }
-    // The next time it is shown it takes on its first size and heads anew.
+    // Hides it; it takes on size and heads again when it is next loaded.
     void Unload() {
         Hide();
         loaded_ = false;

@@ -5,6 +5,7 @@ namespace kvt {
 namespace {
 
 constexpr int mostTicks = 1000;
+constexpr int turnsOfAWait = 20;
 
 }  // namespace
 
@@ -78,6 +79,8 @@ void Simulation::Timer1_Timer() {
 void Simulation::WaitTimer(int interval) {
     if (interval <= 1) return;
     controls_.Timer1.Interval = interval;
+    // Where nobody is there to end it, a walk that waits is given up sooner than one that runs.
+    state_.Turns += turnsOfAWait;
     ShowTool();
     const std::int16_t before = state_.TimerTicks;
     const auto left = [&]() -> double {

@@ -109,7 +109,8 @@ bool PreProcessor::WaitFor(int program, const std::string& name) {
     Window.frmPreProcessor.PlaceOver(parts_.mnuImport.OwningForm());
     Window.tmrAbort.OnTimer = [this, &name] {
         Window.tmrAbort.Enabled = false;
-        Window.OfferAbort("The pre-processor is still at work on\r\n" + name, waitCaption);
+        Window.OfferAbort(std::string(parts_.Language.MessageTexts(text::StillAtWork)) + "\r\n" + name,
+                          waitCaption);
     };
     Window.tmrAbort.Enabled = true;
     while (!aborted_ && !parts_.Platform.Programs.HasEnded(program)) {

@@ -6,6 +6,7 @@
 
 #include "files/cnc_reader.h"
 #include "files/pre_processor_window.h"
+#include "program/texts.h"
 
 namespace kvt {
 
@@ -20,6 +21,7 @@ public:
         CncReader& Reader;
         Menu& mnuImport;
         Services& Platform;
+        const Texts& Language;
     };
     explicit PreProcessor(Parts parts);
 

@@ -40,7 +40,6 @@ public:
     enum class BadValue { SkipsItsLine, EndsTheReading };
     // Applies the lines in their order. Unknown keys, comments and lines without "=" are passed over.
     void Read(std::string_view text, const char* procedure, BadValue after = BadValue::SkipsItsLine);
-
     // The whole file with the values in force.
     std::string Text() const;
     // The file that a reset goes back to.

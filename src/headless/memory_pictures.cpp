@@ -55,12 +55,18 @@ private:
         picture_.Points[at] = pen_.Mode == draw_mode::Invert ? ~picture_.Points[at] & 0xFFFFFF : color;
     }
 
-    void Dot(double x, double y) {
-        const int left = static_cast<int>(std::lround(x - (pen_.Width - 1) / 2.0));
-        const int top = static_cast<int>(std::lround(y - (pen_.Width - 1) / 2.0));
-        for (int down = 0; down < pen_.Width; ++down) {
-            for (int right = 0; right < pen_.Width; ++right) Put(left + right, top + down, pen_.Ink);
+    // False where the whole picture lies under the pen, so that nothing more can come.
+    bool Dot(double x, double y) {
+        const double left = std::round(x - (pen_.Width - 1) / 2.0);
+        const double top = std::round(y - (pen_.Width - 1) / 2.0);
+        const int firstX = static_cast<int>(std::max(left, 0.0));
+        const int firstY = static_cast<int>(std::max(top, 0.0));
+        const int endX = static_cast<int>(std::min(left + pen_.Width, double{1} * picture_.Width));
+        const int endY = static_cast<int>(std::min(top + pen_.Width, double{1} * picture_.Height));
+        for (int py = firstY; py < endY; ++py) {
+            for (int px = firstX; px < endX; ++px) Put(px, py, pen_.Ink);
         }
+        return left > 0 || top > 0 || endX < picture_.Width || endY < picture_.Height;
     }
 
     // Only what is near the picture: lines may be much longer.
@@ -81,10 +87,12 @@ private:
             return;
         const double steps = std::ceil(std::max(std::abs(x2 - x1), std::abs(y2 - y1)) * (to - from));
         const bool dotted = pen_.Style != draw_style::Solid && pen_.Width == 1;
-        for (double i = 0; i <= steps; ++i) {
+        // The dots of a wide pen overlap by far; the last one stands at the end all the same.
+        const double stride = std::max(1, pen_.Width / 4);
+        for (double i = 0; i < steps + stride; i += stride) {
             if (dotted && static_cast<long long>(i) % 4 >= 2) continue;
-            const double at = from + (steps > 0 ? (to - from) * i / steps : 0);
-            Dot(x1 + (x2 - x1) * at, y1 + (y2 - y1) * at);
+            const double at = from + (steps > 0 ? (to - from) * std::min(i, steps) / steps : 0);
+            if (!Dot(x1 + (x2 - x1) * at, y1 + (y2 - y1) * at)) return;
         }
     }
 

@@ -87,7 +87,8 @@ void PosixPort::Open() {
     received_.clear();
     pace_.Forget();
     sending_ = false;
-    SettingsChanged();
+    // At once, whatever somebody else has left in the driver: the first byte is to go at the right rate.
+    Apply();
 }
 
 void PosixPort::Close() {
@@ -103,6 +104,7 @@ void PosixPort::Close() {
 void PosixPort::Output(std::string_view text) {
     if (!IsOpen()) throw RunTimeError(fault::PortNotOpen);
     pace_.Give(Now(), text.size(), Line());
+    watch_.Give(text.size());
     unwritten_ += text;
     sending_ = true;
     Write();
@@ -135,7 +137,16 @@ std::string PosixPort::DeviceName(int number) const {
 
 void PosixPort::SettingsChanged() {
     settingsWait_ = MillisecondsLeft() > 0;
-    if (!settingsWait_ && !SetUpLine(handle_, Line())) Tell(CommEvent::Refused);
+    if (!settingsWait_ && !vanishing_) Apply();
+}
+
+void PosixPort::Apply() {
+    settingsWait_ = false;
+    if (!SetUpLine(handle_, Line())) Tell(CommEvent::Refused);
+}
+
+bool PosixPort::IsStuck() {
+    return watch_.Stalled(Now(), Waiting(), pace_.Left(Now())) > LongestStall * haste_;
 }
 
 void PosixPort::Serve(double milliseconds) {
@@ -147,7 +158,9 @@ void PosixPort::Serve(double milliseconds) {
         (device.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0)
         return Vanish();
     Write();
-    if (!IsOpen() || !sending_ || MillisecondsLeft() > 0) return;
+    if (!IsOpen() || !sending_) return;
+    if (IsStuck()) return Vanish();
+    if (MillisecondsLeft() > 0) return;
     sending_ = false;
     if (settingsWait_) SettingsChanged();
     Tell(CommEvent::Send);
@@ -169,8 +182,17 @@ void PosixPort::Read() {
     Tell(CommEvent::Receive);
 }
 
+// What it has still brought is told before it is closed.
 void PosixPort::Vanish() {
-    if (!IsOpen()) return;
+    if (!IsOpen() || vanishing_) return;
+    vanishing_ = true;
+    char piece[4096];
+    for (ssize_t size = 1; size > 0;) {
+        size = read(handle_, piece, sizeof piece);
+        if (size > 0) received_.append(piece, static_cast<std::size_t>(size));
+    }
+    if (!received_.empty()) Tell(CommEvent::Receive);
+    vanishing_ = false;
     close(std::exchange(handle_, -1));
     sending_ = false;
     Tell(CommEvent::Vanished);

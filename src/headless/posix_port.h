@@ -29,6 +29,9 @@ public:
     std::string Input() override;
     std::string DeviceName(int number) const override;
 
+    // So many milliseconds behind its time a device may take nothing before it counts as gone.
+    double LongestStall = 5000;
+
     // Waits for the device for so many milliseconds at the most, then sends and receives what can be, and tells
     // the events.
     void Serve(double milliseconds);
@@ -39,6 +42,8 @@ protected:
 private:
     double Now() const;
     std::size_t Waiting() const;
+    void Apply();
+    bool IsStuck();
     void Write();
     void Read();
     void Vanish();
@@ -49,8 +54,10 @@ private:
     std::string unwritten_;
     std::string received_;
     LinePace pace_;
+    LineWatch watch_;
     bool sending_ = false;
     bool settingsWait_ = false;
+    bool vanishing_ = false;
 };
 
 // The system of a console that works with real ports: its clock is that of the wall.

@@ -43,6 +43,7 @@ std::string Fitting(const TextBox& box, const std::string& text) {
 }  // namespace
 
 void EditByCharacter(TextBox& box, int character) {
+    if (box.ShownOnly) return;
     const TextSelection selection = box.Selection;
     const auto start = static_cast<std::size_t>(selection.Start);
     const auto length = static_cast<std::size_t>(selection.Length);
@@ -71,6 +72,7 @@ void EditByKey(TextBox& box, int pressed) {
         case key::Home: return caret(0);
         case key::End: return caret(size);
         case key::Delete: {
+            if (box.ShownOnly) return;
             const auto start = static_cast<std::size_t>(selection.Start);
             if (selection.Length == 0 && selection.Start >= size) return;
             return PutIn(box, start,
@@ -83,6 +85,7 @@ void EditByKey(TextBox& box, int pressed) {
 }
 
 void EditByClipboard(TextBox& box, int character, ClipboardService& clipboard) {
+    if (box.ShownOnly && character != key::CtrlC) return;
     const TextSelection selection = box.Selection;
     const auto start = static_cast<std::size_t>(selection.Start);
     const auto length = static_cast<std::size_t>(selection.Length);

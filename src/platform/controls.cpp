@@ -71,6 +71,12 @@ void RangeControl::Changed(PropertyId id) {
     if (id == PropertyId::Value && OnChange) OnChange();
 }
 
+void RichText::Find(std::string_view sought) {
+    Sought = sought;
+    WasFound = UpperCase(Text.Get()).find(UpperCase(Sought)) != std::string::npos;
+    Changed(PropertyId::Sought);
+}
+
 void TextBox::Append(std::string_view more) {
     if (more.empty()) return;
     {

@@ -181,7 +181,7 @@ public:
     bool MultiLine = false;
     // All characters have the same width, for columns of numbers. Set before it is shown.
     bool FixedPitch = false;
-    // What stands there is only read: it lies on the ground that buttons have. Set before it is shown.
+    // Has the colour of buttons and can be copied from; the user's hands change nothing. Set before it is shown.
     bool ShownOnly = false;
 
     std::function<void()> OnChange;
@@ -244,6 +244,8 @@ public:
     Property<bool> Checked{*this, PropertyId::Checked};
     // The key that chooses the entry, as it is shown: "Ctrl+S", "F5". Empty for none.
     std::string Shortcut;
+    // A key that is shown beside the entry and handled elsewhere. Set before it is shown.
+    std::string ShownShortcut;
 };
 
 // Pages of controls behind tabs. Value is the page in front, from 0.
@@ -275,7 +277,21 @@ public:
     RichText(Form& form, std::string_view name) : Control(form, ControlKind::RichText, name) {}
     // Nothing in the text is markup. Set before it is shown.
     bool Plain = false;
+    // Where the pictures of the text lie, with a separator at its end. Set before the text.
+    std::string Folder;
     TextProperty Text{*this, PropertyId::Text};
+
+    // Brings the place with a name, <a name="...">, to the top. An unknown one changes nothing.
+    void ShowSection(std::string_view name) {
+        Section = name;
+        Changed(PropertyId::Section);
+    }
+    // Looks for a text (case ignored) behind the place that was found last, and from the beginning when the end has
+    // been reached. Without a view it looks at the text as it stands.
+    void Find(std::string_view sought);
+
+    std::string Section, Sought;
+    bool WasFound = false;
 };
 
 // An ordered list of texts with a selected index; both count from 0, -1 for no selection.
@@ -310,7 +326,7 @@ public:
     ComboBox(Form& form, std::string_view name) : ListBox(form, name, ControlKind::ComboBox) {}
 };
 
-// A number between two bounds; values beyond them are held to them. OnChange runs at each new value, by hand or by
+// A number between two bounds, whichever is the greater; values beyond them are held to them. OnChange runs at each new value, by hand or by
 // code.
 class RangeControl : public Control {
 public:

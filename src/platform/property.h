@@ -39,6 +39,8 @@ enum class PropertyId : std::uint8_t {
     Operations,
     Front,
     Appended,
+    Section,
+    Sought,
     Cross,
 };
 

@@ -62,4 +62,11 @@ void LinePace::Give(double now, std::size_t bytes, const LineSettings& line) {
     free_ = std::max(free_, now) + static_cast<double>(bytes) * line.CharacterMilliseconds();
 }
 
+double LineWatch::Stalled(double now, std::size_t waiting, double left) {
+    const long long gone = given_ - static_cast<long long>(waiting);
+    if (waiting == 0 || gone != gone_ || left > 0) moved_ = now + left;
+    gone_ = gone;
+    return std::max(0.0, now - moved_);
+}
+
 }  // namespace kvt

@@ -92,4 +92,17 @@ private:
     double free_ = 0;
 };
 
+// Tells a device that takes nothing from one that is slow. Times are milliseconds of any clock.
+class LineWatch {
+public:
+    void Give(std::size_t bytes) { given_ += static_cast<long long>(bytes); }
+    // For how long nothing has left, with so many bytes waiting and so many milliseconds of their time on the line
+    // still to go.
+    double Stalled(double now, std::size_t waiting, double left);
+
+private:
+    long long given_ = 0, gone_ = 0;
+    double moved_ = 0;  // when the last byte had left, or was to leave
+};
+
 }  // namespace kvt

@@ -42,6 +42,14 @@ constexpr DefaultText errorDefaults[] = {
     {15, "Confirm"},
     {16, "port problem"},
     {17, "No printer found. A printer MUST be installed in Windows before running KVT"},
+    {18, "Serial port"},
+    {19, "The serial port %1 has gone. Connect it again and enable communication in the settings."},
+    {20, "The serial port %1 has gone or takes nothing any more. The last line sent was:"},
+    {21, "The serial port %1 does not take the settings %2. It goes on with what it has."},
+    {22, "could not be written. The received code is still here."},
+    {23, "Line %1 of %2"},
+    {24, "%1 left at %2 baud"},
+    {25, "%1 characters, %2 lines"},
 };
 
 constexpr DefaultText messageDefaults[] = {
@@ -50,6 +58,8 @@ constexpr DefaultText messageDefaults[] = {
     {3, "Continue?"},
     {4, "Clear?"},
     {5, "No file specified"},
+    {6, "No calculator was found on this machine"},
+    {7, "The pre-processor is still at work on"},
     {11, "minimum"},
     {12, "maximum"},
     {13, "Program Version"},
@@ -117,6 +127,21 @@ std::string FileMessage(const Texts& texts, std::string_view name, int index) {
     message += "\" ";
     message += texts.ErrorTexts(index);
     return message;
+}
+
+std::string Filled(std::string_view sentence, std::initializer_list<std::string> values) {
+    std::string filled;
+    for (std::size_t i = 0; i < sentence.size(); ++i) {
+        const std::size_t place =
+            i + 1 < sentence.size() ? static_cast<std::size_t>(sentence[i + 1] - '1') : 9;
+        if (sentence[i] == '%' && place < values.size()) {
+            filled += values.begin()[place];
+            ++i;
+        } else {
+            filled += sentence[i];
+        }
+    }
+    return filled;
 }
 
 }  // namespace kvt

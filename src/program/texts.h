@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,6 +57,9 @@ struct Texts {
 // A sentence about a file, "The file "name" cannot be read.": index is that of its end in ErrorTexts.
 std::string FileMessage(const Texts& texts, std::string_view name, int index);
 
+// A sentence with "%1", "%2" and so on replaced by values.
+std::string Filled(std::string_view sentence, std::initializer_list<std::string> values);
+
 // Indices that several places use.
 namespace text {
 inline constexpr int UnknownControlCommand = 1, StartAndEndSame = 2, OneQuadrantMax = 3, G24BeforeG90 = 4,
@@ -64,9 +68,12 @@ inline constexpr int UnknownControlCommand = 1, StartAndEndSame = 2, OneQuadrant
                      RadiusTooSmall = 15, MustFollowM06 = 16, PocketTooSmall = 17, TooManyLines = 18;
 inline constexpr int NoLines = 1, DeleteLine = 3, MaximumLines = 4, MustBeNumeric = 6, No3d = 8,
                      UnknownCode = 9, NoPercent = 10, CannotRead = 11, CannotWrite = 12, OpenTitle = 13,
-                     SaveTitle = 14, DeleteTitle = 15, PortProblem = 16, NoPrinter = 17;
+                     SaveTitle = 14, DeleteTitle = 15, PortProblem = 16, NoPrinter = 17, SerialPort = 18,
+                     PortGone = 19, PortGoneAfter = 20, SettingsRefused = 21, ReceivedKept = 22, LineOf = 23,
+                     TimeLeft = 24, ReceivedCount = 25;
 inline constexpr int SaveNow = 1, ClearAnyway = 2, ContinueTitle = 3, ClearTitle = 4, NoFileSpecified = 5,
-                     Minimum = 11, Maximum = 12, TheFile = 15, NotACncFile = 16, RecognizingProblem = 17,
+                     NoCalculator = 6, StillAtWork = 7, Minimum = 11, Maximum = 12, TheFile = 15,
+                     NotACncFile = 16, RecognizingProblem = 17, ProgramVersion = 13, LanguageModule = 14,
                      Overwrite = 19, LowestValue = 20, HighestValue = 21, LeftAngle = 24, RightAngle = 25,
                      DragTaskbar = 26, BlockedByTaskbar = 27, RestoreUnsaved = 28, Unkept = 29;
 // In DrawErrorTexts.

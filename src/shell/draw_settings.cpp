@@ -19,6 +19,18 @@ constexpr int smallestHeight = 6200;
 constexpr int smallestWidth = 7000;
 constexpr int neverPlaced = 9999;
 
+struct Mark {
+    const char* Key;
+    Menu DrawControls::*Entry;
+};
+
+constexpr Mark marks[] = {
+    {"Radii", &DrawControls::mnuRadiiArcs},       {"ToolWidth", &DrawControls::mnuToolWidth},
+    {"ToolCenter", &DrawControls::mnuToolCenter}, {"FillCycles", &DrawControls::mnuFillCycles},
+    {"Program", &DrawControls::mnuProgramWindow}, {"Grid", &DrawControls::mnuGrid},
+    {"Background", &DrawControls::mnuBackground}, {"AutoRedraw", &DrawControls::mnuAutoRedraw},
+};
+
 WindowPlace PlaceOf(const Form& form) { return {form.Height, form.Left, form.Top, form.Width}; }
 
 void Move(Form& form, const WindowPlace& place) {
@@ -57,16 +69,8 @@ DrawSettings::DrawSettings(Workbench& bench) : Keys("DRAW", DrawSettingKeys()), 
 }
 
 void DrawSettings::BindMarks() {
-    DrawControls& controls = bench_.Draw.Controls;
-    const struct {
-        const char* Key;
-        Menu& Entry;
-    } marks[] = {{"Radii", controls.mnuRadiiArcs},       {"ToolWidth", controls.mnuToolWidth},
-                 {"ToolCenter", controls.mnuToolCenter}, {"FillCycles", controls.mnuFillCycles},
-                 {"Program", controls.mnuProgramWindow}, {"Grid", controls.mnuGrid},
-                 {"Background", controls.mnuBackground}, {"AutoRedraw", controls.mnuAutoRedraw}};
-    for (const auto& mark : marks) {
-        Menu& entry = mark.Entry;
+    for (const Mark& mark : marks) {
+        Menu& entry = bench_.Draw.Controls.*mark.Entry;
         Keys.Bind(
             mark.Key, [&entry](const std::string& value) { entry.Checked = TrueOrFalse(value); },
             [&entry] { return TrueOrFalse(entry.Checked.Get()); });

@@ -15,7 +15,8 @@ public:
 
     SettingsFile Keys;
 
-    // Reads the file up to the first line that fails; without a file the window stands in the middle.
+    // Reads the file up to the first line that fails; without a file the marks are the built-in ones
+    // and the window stands in the middle.
     void LoadSettings();
     void SaveSettings();
 

@@ -155,14 +155,8 @@ void ModuleLoader::TakeOrderedLines(const LanguageSection& section) {
 void ModuleLoader::TakeSystemLine(const LanguageLine& line) {
     if (EqualIgnoringCase(line.Key, "Language Name")) bench_.Language.LanguageName = line.Value;
     if (EqualIgnoringCase(line.Key, "Translated by")) bench_.Language.TranslatedBy = line.Value;
-    if (EqualIgnoringCase(line.Key, "Help File Name") && !line.Value.empty()) LoadHelp(line.Value);
-}
-
-void ModuleLoader::LoadHelp(const std::string& name) {
-    FileService& files = bench_.Platform.Files;
-    const std::string path = StartFolder + "Help/" + name;
-    if (!files.Exists(path)) return;
-    Attempt(loadModuleName, [&] { bench_.Main.rtfHelp.Text = WithoutUtf8Mark(files.ReadWhole(path)); });
+    if (EqualIgnoringCase(line.Key, "Help File Name") && !line.Value.empty())
+        bench_.Help.UseLanguage(line.Value);
 }
 
 // Words in another language would not fit: the pictures remain.

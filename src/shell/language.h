@@ -32,7 +32,6 @@ private:
     // Tables, code lists and headers: the place of a line decides.
     void TakeOrderedLines(const LanguageSection& section);
     void TakeSystemLine(const LanguageLine& line);
-    void LoadHelp(const std::string& name);
     void TakeToolbar();
     void WriteLabels(LanguageModuleText& module) const;
     void TakeHeader(int header, const std::string& text);

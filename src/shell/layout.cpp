@@ -87,7 +87,8 @@ void PlaceList(Workbench& bench, int width, int height) {
            {main.rtfGcodeHelpMK4, 0, listTop, listWidth, listHeight},
            {main.rtfAbout, 0, listTop, listWidth, listHeight},
            {main.tabSettings, 0, listTop, listWidth, listHeight},
-           {main.lstAbout, listWidth - 2640, listTop + 600, 2400, 1500},
+           {bench.Help.txtSearch, listWidth - 780 - 2700, listTop + 110, 2600, 345},
+           {main.lstAbout, listWidth - 2640, listTop + 600, 3600, 900},
            {entry.cmdReturn, listWidth - 780, listTop + 110, 720, fieldHeight}});
 }
 

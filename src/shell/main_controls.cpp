@@ -55,6 +55,7 @@ MainControls::MainControls(Form& form)
       mnuExit(form, "mnuExit", "Exit"),
       mnuSettings(form, "mnuSettings", "Settings"),
       mnuGeneral(form, "mnuGeneral", "General"),
+      mnuInfo(form, "mnuInfo", "Info"),
       mnuMachine(form, "mnuMachine", "Machine"),
       mnuPrinter(form, "mnuPrinter", "Printer"),
       mnuReset(form, "mnuReset", "Reset all settings"),
@@ -112,7 +113,7 @@ MainControls::MainControls(Form& form)
     }
     Put(mnuFile, {&mnuOpen, &mnuNew, &mnuSave, &mnuSaveAs, &mnuFileBar1, &mnuImport, &mnuLoadClipboard,
                   &mnuSaveClipboard, &mnuFileBar2, &mnuFind, &mnuDraw, &mnuPrint, &mnuFileBar3, &mnuExit});
-    Put(mnuSettings, {&mnuGeneral, &mnuMachine, &mnuPrinter, &mnuReset});
+    Put(mnuSettings, {&mnuGeneral, &mnuInfo, &mnuMachine, &mnuPrinter, &mnuReset});
     Put(mnuRightClick, {&RCmnuInsert, &RCmnuDelete});
     mnuOpen.Shortcut = "Ctrl+O";
     mnuNew.Shortcut = "Ctrl+N";
@@ -123,8 +124,8 @@ MainControls::MainControls(Form& form)
     lblMachineType.ToolTip = "Machine Type";
     mnuFind.Shortcut = "Ctrl+F";
     mnuPrint.Shortcut = "Ctrl+P";
-    tabSettings.Captions = {"General", "Machine", "Printer"};
-    for (Control* hidden : std::initializer_list<Control*>{&mnuImport, &mnuXfer, &mnuHelp, &mnuRightClick,
+    tabSettings.Captions = {"General", "Info", "Machine", "Printer"};
+    for (Control* hidden : std::initializer_list<Control*>{&mnuImport, &mnuXfer, &mnuRightClick,
                                                            &rtfHelp, &rtfGcodeHelpMK2, &rtfGcodeHelpMK4,
                                                            &rtfAbout, &lstAbout, &tabSettings}) {
         hidden->Visible = false;

@@ -16,7 +16,7 @@ struct MainControls {
 
     Menu mnuFile, mnuOpen, mnuNew, mnuSave, mnuSaveAs, mnuFileBar1, mnuImport, mnuLoadClipboard,
         mnuSaveClipboard, mnuFileBar2, mnuFind, mnuDraw, mnuPrint, mnuFileBar3, mnuExit;
-    Menu mnuSettings, mnuGeneral, mnuMachine, mnuPrinter, mnuReset;
+    Menu mnuSettings, mnuGeneral, mnuInfo, mnuMachine, mnuPrinter, mnuReset;
     Menu mnuXfer, mnuConvert, mnuHelp;
     Menu mnuRightClick, RCmnuInsert, RCmnuDelete;
 
@@ -44,7 +44,7 @@ struct MainControls {
 
 // Pages of tabSettings.
 namespace settings_page {
-inline constexpr int General = 0, Machine = 1, Printer = 2;
+inline constexpr int General = 0, Info = 1, Machine = 2, Printer = 3;
 }  // namespace settings_page
 
 }  // namespace kvt

@@ -14,7 +14,6 @@ namespace {
 
 constexpr const char* formLoadName = "Form_Load";
 constexpr const char* programName = "Kestrel Vise Toolkit";
-constexpr const char* noCalculator = "No calculator was found on this machine";
 // Those of the desktops, by the names of their programs.
 constexpr const char* calculators[] = {"gnome-calculator",  "kcalc",         "mate-calc",
                                        "deepin-calculator", "qalculate-gtk", "qalculate-qt",
@@ -57,6 +56,7 @@ void MainWindow::WireMenus() {
     bench_.Paper.cmdPrinterDialog.OnClick = [this] { bench_.Print.cmdPrinterDialog_Click(); };
     main.mnuExit.OnClick = [this] { mnuExit_Click(); };
     main.mnuGeneral.OnClick = [this] { ShowSettings(settings_page::General); };
+    main.mnuInfo.OnClick = [this] { ShowSettings(settings_page::Info); };
     main.mnuMachine.OnClick = [this] { ShowSettings(settings_page::Machine); };
     main.RCmnuInsert.OnClick = [this] { bench_.Lines.LineInsert(); };
     main.RCmnuDelete.OnClick = [this] { bench_.Lines.LineDelete(); };
@@ -102,8 +102,8 @@ void MainWindow::WireOptions() {
 
 void MainWindow::WireKeys() {
     bench_.File.txtFileNotes.OnKeyPress = [this](int& character) { txtFileNotes_KeyPress(character); };
-    bench_.frmMain.OnKeyDown = [this](int pressed, int) {
-        if (pressed != key::Escape) return;
+    bench_.frmMain.OnKeyDown = [this](int pressed, int held) {
+        if (bench_.Help.TakeKey(pressed, held) || pressed != key::Escape) return;
         if (bench_.Transfer.frRXcode.Visible) bench_.Received.cmdReceiveExit_Click();
         bench_.Main.tabSettings.Visible = false;
         if (bench_.Entry.cmdReturn.Visible) bench_.cmdReturn_Click();
@@ -206,6 +206,7 @@ void MainWindow::Form_Resize() {
 }
 
 void MainWindow::tmr1sec_Timer() {
+    if (bench_.Main.tabSettings.Visible) ShowPaths();
     if (!bench_.ControlsOn) return;
     MainControls& main = bench_.Main;
     ProgramStore& store = bench_.Store;
@@ -269,7 +270,7 @@ void MainWindow::mnuCalculator_Click() {
         Attempt("mnuCalculator_Click", [&] { launched = programs.Launch(name); });
         if (launched) return;
     }
-    bench_.Platform.Dialogs.ShowMessage(Notice(noCalculator));
+    bench_.Platform.Dialogs.ShowMessage(Notice(bench_.Language.MessageTexts(text::NoCalculator)));
 }
 
 void MainWindow::mnuNew_Click() {
@@ -339,9 +340,14 @@ void MainWindow::ShowSettings(int page) {
     TabStrip& settings = bench_.Main.tabSettings;
     const bool leaves = settings.Visible && settings.Value == page;
     bench_.cmdReturn_Click();
+    ShowPaths();
     settings.Value = page;
     settings.Visible = !leaves;
     if (leaves) bench_.Platform.Focus.SetFocus(bench_.Store.lvCncProgram);
+}
+
+void MainWindow::ShowPaths() {
+    bench_.Info.Show(bench_.File.lblPath.Caption.Get(), bench_.Modules.StartFolder, Folders.SettingsFolder);
 }
 
 void MainWindow::ChooseMachine(const char* machine) {

@@ -29,6 +29,8 @@ public:
     bool Ending() const { return ended_; }
     // Shows the settings on a page, over the program list; on the page that is in front it leaves them.
     void ShowSettings(int page);
+    // Brings the paths on the info page up to date.
+    void ShowPaths();
     // The title: the file's name, and a mark while the program has changed.
     void RefreshTitle();
 

@@ -40,8 +40,9 @@ Workbench::Workbench(Services& services)
       Reader({Store, File, Entry, Layout, Machine, View, Options, Interpreter, Language, services, Calls,
               Writer}),
       Transfer(frmMain),
-      Port({Store, Transfer, services, Calls}),
-      Transmit({Store, Transfer, Port, Writer, Main.tmr1sec, Results.cmdStop, Language, services, Calls}),
+      Port({Transfer, Language, services}),
+      Transmit({Store, Transfer, Port, Writer, Main.tmr1sec, Results.cmdStop, Results.cmdRun, Language,
+                services, Calls}),
       Received({Store,
                 Transfer,
                 Port,
@@ -53,8 +54,10 @@ Workbench::Workbench(Services& services)
                 Calls}),
       Draw({Store, Machine, Results, File, Language, services}),
       Paper(frmMain, services.Printer),
+      Info(frmMain),
+      Help(*this),
       Print({Store, File, Writer, Language, services, Calls}),
-      Import({Store, File, Reader, Main.mnuImport, services}),
+      Import({Store, File, Reader, Main.mnuImport, services, Language}),
       Window(*this),
       Modules(*this),
       Settings(*this),
@@ -134,6 +137,7 @@ void Workbench::PlaceInFrames() {
             &Main.lblSettingsAbsColor, &Main.cmdResetAll});
     onPage(settings_page::Printer, {&Paper.lblFontName, &Paper.cboFontName, &Paper.lblFontSize,
                                     &Paper.cboFontSize, &Paper.cmdPrinterDialog});
+    Info.PutOn(Main.tabSettings, settings_page::Info);
     onPage(settings_page::Machine, {&Main.frMachineType, &Main.frCompact5, &Main.frF1CNC});
     for (const auto& button : Main.cmdTopButtons) button->Container = &Main.frControlPanel;
     put(Main.frAxesProperties, {&Main.lblMin, &Main.lblMax, &Main.lblTravel});
@@ -237,6 +241,9 @@ void Workbench::OrderTabs() {
                                                             &View.chkSettingsAutowidth,
                                                             &Entry.chkSettingsDWC,
                                                             &Main.cmdResetAll,
+                                                            &Info.txtCurrentFilePath,
+                                                            &Info.txtApplicationPath,
+                                                            &Info.txtSettingsPath,
                                                             &Machine.optSettingsMK2,
                                                             &Machine.optSettingsMK4,
                                                             &Machine.optSettingsF1CNC,
@@ -271,6 +278,7 @@ void Workbench::cmdReturn_Click() {
              &Main.rtfGcodeHelpMK4, &Entry.picXYaxes, &Entry.picZXaxes}) {
         overlay->Visible = false;
     }
+    Help.HideSearch();
 }
 
 void Workbench::TellUnkept() {

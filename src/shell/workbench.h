@@ -16,6 +16,8 @@
 #include "program/machine_controls.h"
 #include "shell/draw_settings.h"
 #include "shell/error_log.h"
+#include "shell/help_documents.h"
+#include "shell/info_page.h"
 #include "shell/language.h"
 #include "shell/main_controls.h"
 #include "shell/main_window.h"
@@ -66,6 +68,8 @@ public:
     Receiver Received;
     DrawWindow Draw;
     PrinterPage Paper;
+    InfoPage Info;
+    HelpDocuments Help;
     ProgramPrint Print;
     PreProcessor Import;
     MainWindow Window;

@@ -11,7 +11,8 @@ namespace {
 
 constexpr const char* formLoadName = "Form_Load";
 constexpr const char* enableName = "chkEnableCom_Click";
-constexpr const char* choosePortName = "optPortTX_Click";
+constexpr const char* chooseTxName = "optPortTX_Click";
+constexpr const char* chooseRxName = "optPortRX_Click";
 
 std::string SettingsOf(const PortSide& side) {
     return side.Baud + "," + side.Parity + "," + side.DataBits + "," + side.StopBits;
@@ -32,7 +33,7 @@ void PortControl::Wire() {
 
 void PortControl::WireSide(PortSide& side) {
     for (const auto& option : side.optPort) {
-        option->OnClick = [this, index = option->Index()] { optPort_Click(index); };
+        option->OnClick = [this, &side, index = option->Index()] { optPort_Click(side, index); };
     }
     struct Stored {
         const OptionGroup& Options;
@@ -154,7 +155,7 @@ void PortControl::SetComEnabled(bool enabled) {
 void PortControl::SetPort(int number) {
     const bool other = number != Port().CommPort();
     SelectPorts(number);
-    if (ComEnabled && started_ && other) Reopen();
+    if (ComEnabled && started_ && other) Reopen(chooseTxName);
 }
 
 void PortControl::SelectPorts(int number) {
@@ -164,16 +165,16 @@ void PortControl::SelectPorts(int number) {
     }
 }
 
-void PortControl::optPort_Click(int index) {
+void PortControl::optPort_Click(const PortSide& side, int index) {
     if (!ComEnabled) return;
     if (index >= 0 && index < PortCount) SelectPorts(index + 1);
-    Reopen();
+    Reopen(&side == &TX() ? chooseTxName : chooseRxName);
 }
 
-void PortControl::Reopen() {
-    Attempt(choosePortName, [&] { Port().Close(); });
-    Attempt(choosePortName, [&] { Port().SetCommPort(TX().Port); });
-    Attempt(choosePortName, [&] { Port().Open(); });
+void PortControl::Reopen(const char* procedure) {
+    Attempt(procedure, [&] { Port().Close(); });
+    Attempt(procedure, [&] { Port().SetCommPort(TX().Port); });
+    Attempt(procedure, [&] { Port().Open(); });
 }
 
 void PortControl::cmdEmco_Click(PortSide& side) {
@@ -224,25 +225,26 @@ std::string PortControl::PortName() {
 
 void PortControl::Vanished() {
     HasVanished = true;
-    const std::string text = "The serial port " + PortName() +
-                             " has gone. Connect it again and enable communication in the settings.";
+    const std::string text = Filled(parts_.Language.ErrorTexts(text::PortGone), {PortName()});
     SwitchOff();
     // The sender tells it with the line that it has come to.
-    if (!parts_.Store.TransmitActive)
-        parts_.Platform.Dialogs.ShowMessage(Notice(text, "Serial port", Icon::Exclamation));
+    if (IsSending) return;
+    parts_.Platform.Dialogs.ShowMessage(
+        Notice(text, parts_.Language.ErrorTexts(text::SerialPort), Icon::Exclamation));
 }
 
 void PortControl::Refused() {
     if (refusalTold_ == Port().CommPort()) return;
     refusalTold_ = Port().CommPort();
-    pending_ = "The serial port " + PortName() + " does not take the settings " + Port().Settings() +
-               ". It goes on with what it has.";
-    if (!parts_.Store.TransmitActive) TellPending();
+    pending_ = Filled(parts_.Language.ErrorTexts(text::SettingsRefused), {PortName(), Port().Settings()});
+    if (!IsSending) TellPending();
 }
 
 void PortControl::TellPending() {
     const std::string text = std::exchange(pending_, {});
-    if (!text.empty()) parts_.Platform.Dialogs.ShowMessage(Notice(text, "Serial port", Icon::Information));
+    if (text.empty()) return;
+    parts_.Platform.Dialogs.ShowMessage(
+        Notice(text, parts_.Language.ErrorTexts(text::SerialPort), Icon::Information));
 }
 
 }  // namespace kvt

@@ -5,8 +5,7 @@
 #include <string_view>
 
 #include "platform/services.h"
-#include "program/program_store.h"
-#include "program/workbench_calls.h"
+#include "program/texts.h"
 #include "transfer/transfer_controls.h"
 
 namespace kvt {
@@ -16,10 +15,9 @@ namespace kvt {
 class PortControl {
 public:
     struct Parts {
-        ProgramStore& Store;
         TransferControls& Controls;
+        const Texts& Language;
         Services& Platform;
-        WorkbenchCalls& Calls;
     };
     explicit PortControl(Parts parts);
 
@@ -28,6 +26,8 @@ public:
     std::vector<Control*> EnabledWithCom;
     // The device has gone since this was last cleared.
     bool HasVanished = false;
+    // A transmission is under way, also one that has been stopped: it tells at its end what has become of the port.
+    bool IsSending = false;
 
     PortSide& TX() { return parts_.Controls.TX; }
     PortSide& RX() { return parts_.Controls.RX; }
@@ -38,8 +38,8 @@ public:
     // Finds the ports and opens the chosen one: the port's part of Form_Load.
     void StartPort();
     void chkEnableCom_Click();
-    // A port chosen on either side, by its index from 0.
-    void optPort_Click(int index);
+    // A port chosen on a side, by its index from 0.
+    void optPort_Click(const PortSide& side, int index);
     // Brings one side to what the machines have from the factory.
     void cmdEmco_Click(PortSide& side);
     // Composes the settings strings, and enables the standard buttons where there is something to set.
@@ -70,7 +70,7 @@ private:
     void SwitchOff();
     void EnableTransfer(bool enabled);
     void SelectPorts(int number);
-    void Reopen();
+    void Reopen(const char* procedure);
 
     Parts parts_;
     int portsFound_ = PortCount;

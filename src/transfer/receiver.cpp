@@ -1,6 +1,7 @@
 #include "transfer/receiver.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "basic/number.h"
 #include "basic/run_time_error.h"
@@ -79,9 +80,14 @@ void Receiver::TakeCharacters() {
     // 4., 5. What comes always goes to the end, wherever the user has clicked.
     std::string text;
     Attempt(eventName, [&] { text = parts_.Port.Port().Input(); });
-    std::erase(text, '\0');
-    box.Append(text);
-    Count(text);
+    Add(text);
+}
+
+void Receiver::Add(std::string_view text) {
+    std::string kept(text);
+    std::erase(kept, '\0');
+    parts_.Controls.txtRX.Append(kept);
+    Count(kept);
 }
 
 void Receiver::Count(std::string_view text) {
@@ -94,13 +100,16 @@ void Receiver::Count(std::string_view text) {
 }
 
 void Receiver::ShowCount() {
-    parts_.Controls.lblReceived.Caption = PlainNumber(std::int64_t{characters_}) + " characters, " +
-                                          PlainNumber(std::int64_t{lines_}) + " lines";
+    parts_.Controls.lblReceived.Caption =
+        Filled(parts_.Language.ErrorTexts(text::ReceivedCount),
+               {PlainNumber(std::int64_t{characters_}), PlainNumber(std::int64_t{lines_})});
 }
 
 void Receiver::cmdReceiveImport_Click() {
     FileService& files = parts_.Platform.Files;
     TextBox& box = parts_.Controls.txtRX;
+    // What is being sent stays in the editor.
+    if (parts_.Port.IsSending) return parts_.Platform.System.Beep();
     // 1.
     box.Text = std::string(Trim(box.Text));
     if (box.Text.Empty()) {
@@ -110,20 +119,38 @@ void Receiver::cmdReceiveImport_Click() {
     // 2.
     const std::string scratch = SettingsFolder + "Receive.txt";
     if (files.Exists(scratch)) Attempt(importName, [&] { files.Delete(scratch); });
-    Attempt(importName, [&] { files.WriteWhole(scratch, box.Text); });
+    const std::string imported = box.Text.Get();
+    if (!Attempt(importName, [&] { files.WriteWhole(scratch, imported); })) return TellUnwritten(scratch);
+    // What comes from here on, while a message is open, is the beginning of the next reception.
+    cmdReceiveNew_Click();
     // 3. LoadFile is not to ask.
-    parts_.Store.ProgramChanged = false;
+    const bool changed = std::exchange(parts_.Store.ProgramChanged, false);
     std::string name = scratch;
-    parts_.Reader.LoadFile(name);
+    const LoadResult result = parts_.Reader.LoadFile(name);
     // 4. The program has no file now.
     if (files.Exists(scratch)) Attempt(importName, [&] { files.Delete(scratch); });
+    if (result == LoadResult::Unreadable || result == LoadResult::Nothing) {
+        // Nobody else has the text, so it stays.
+        const std::string rest = box.Text.Get();
+        cmdReceiveNew_Click();
+        Add(imported + rest);
+        parts_.Store.ProgramChanged = changed;
+        return;
+    }
     parts_.File.dlgFile.FileName.clear();
     parts_.File.lblPath.Caption = "";
     parts_.File.lblFileName.Caption = "";
     // 5.
     parts_.Store.ProgramChanged = true;
     // 6.
-    cmdReceiveExit_Click();
+    if (box.Text.Get().empty()) return cmdReceiveExit_Click();
+    ShowView(true);
+}
+
+void Receiver::TellUnwritten(const std::string& name) {
+    const Texts& texts = parts_.Language;
+    parts_.Platform.Dialogs.ShowMessage(Notice(FileMessage(texts, name, text::ReceivedKept),
+                                               texts.ErrorTexts(text::SaveTitle), Icon::Exclamation));
 }
 
 void Receiver::cmdReceiveSave_Click() {
@@ -147,11 +174,7 @@ void Receiver::cmdReceiveSave_Click() {
     // 3., 4. Deleting the old file and writing the new one are one step of the platform.
     const bool written =
         Attempt(saveName, [&] { platform.Files.WriteWhole(name, std::string(fileBeginning) + text); });
-    if (!written) {
-        platform.Dialogs.ShowMessage(
-            Notice("The file \"" + name + "\" could not be written. The received code is still here.",
-                   "Save File", Icon::Exclamation));
-    }
+    if (!written) TellUnwritten(name);
 }
 
 void Receiver::cmdReceiveNew_Click() {
@@ -174,6 +197,7 @@ void Receiver::cmdReceiveExit_Click() {
 
 void Receiver::LoadClipboardModule() {
     const Texts& texts = parts_.Language;
+    if (parts_.Port.IsSending) return parts_.Platform.System.Beep();
     // 1.
     if (parts_.Store.LineCount() > 0 && parts_.Store.ProgramChanged) {
         const Answer answer = parts_.Platform.Dialogs.ShowMessage(

@@ -4,6 +4,8 @@
 #include <string>
 
 #include "files/cnc_reader.h"
+#include "program/program_store.h"
+#include "program/workbench_calls.h"
 #include "transfer/port_control.h"
 
 namespace kvt {
@@ -36,7 +38,8 @@ public:
     void mnuRX_Click();
     // An event of the port.
     void MSComm1_OnComm(CommEvent event);
-    // Brings what has come into the editor as a changed program without a file. An empty text is told.
+    // Brings what has come into the editor as a changed program without a file. An empty text is told, and so is a
+    // scratch file that cannot be written: then the view stays as it is. Beeps while something is being sent.
     void cmdReceiveImport_Click();
     // Writes it to a file, which is replaced without a question.
     void cmdReceiveSave_Click();
@@ -48,9 +51,11 @@ public:
 
 private:
     void TakeCharacters();
+    void Add(std::string_view text);
     void Count(std::string_view text);
     void ShowCount();
     void ShowView(bool shown);
+    void TellUnwritten(const std::string& name);
 
     Parts parts_;
     long long characters_ = 0;

@@ -63,7 +63,9 @@ void Transmitter::mnuTX_Click() {
     });
     // 4.
     store.TransmitActive = true;
+    const StackGuard telling(parts_.Port.IsSending);
     parts_.Port.HasVanished = false;
+    WasCut = false;
     lastLine_.clear();
     const int selected = store.lvCncProgram.SelectedRow();
     // 5., 6.
@@ -98,7 +100,8 @@ void Transmitter::Thaw() {
     form.MousePointer = pointer::Usual;
     parts_.Store.lvCncProgram.MousePointer = pointer::Usual;
     parts_.Controls.frTransmit.Visible = false;
-    parts_.cmdStop.Visible = false;
+    // A step run is left by it, also one that has come to its end.
+    parts_.cmdStop.Visible = !parts_.cmdRun.Visible;
     Run(parts_.Calls.cmdReturn_Click);
     parts_.Store.TransmitActive = false;
     Run(parts_.Calls.ControlsPositioning);
@@ -118,6 +121,8 @@ std::string Transmitter::ScratchText() {
         files.WriteWhole(scratch_, parts_.Writer.GenerateAll());
         written = true;
     });
+    metric_ = parts_.Store.Metric;
+    mk2_ = parts_.Store.IsMK2();
     std::string text;
     if (written) Attempt([&] { text = files.ReadWhole(scratch_); });
     return text;
@@ -131,6 +136,7 @@ void Transmitter::Send(std::string_view text) {
     for (std::string line; lines.Next(line); --left.Lines) {
         if (!parts_.Store.TransmitActive) {
             SendUnits();
+            WasCut = true;
             break;
         }
         ShowProgress(all - left.Lines + 1, all, left.Characters);
@@ -159,7 +165,7 @@ bool Transmitter::Give(std::string_view line) {
 void Transmitter::ShowRow(std::string_view line) {
     ListView& list = parts_.Store.lvCncProgram;
     int row = 0;
-    Attempt([&] { row = RowOfLine(line, parts_.Store.IsMK2()); });
+    Attempt([&] { row = RowOfLine(line, mk2_); });
     // Line 00 stands in row 1, which is not shown: deliberate.
     if (row <= 1) return;
     Attempt([&] { list.EnsureVisible(row); });
@@ -170,7 +176,7 @@ void Transmitter::ShowRow(std::string_view line) {
 void Transmitter::SendUnits() {
     // A reception meanwhile has put the port to its own settings.
     Attempt([&] { parts_.Port.Port().SetSettings(parts_.Port.TX().Settings); });
-    const std::string units = (parts_.Store.Metric ? "M" : "\"") + std::string(cnc::LineEnd);
+    const std::string units = (metric_ ? "M" : "\"") + std::string(cnc::LineEnd);
     Attempt([&] { parts_.Port.Port().Output(units); });
 }
 
@@ -178,17 +184,21 @@ void Transmitter::ShowProgress(int line, int lines, std::size_t charactersLeft) 
     TransferControls& controls = parts_.Controls;
     controls.prgTransmit.Max = lines;
     controls.prgTransmit.SetValue(line);
-    controls.lblTransmitLine.Caption = "Line " + PlainNumber(line) + " of " + PlainNumber(lines);
+    const Texts& texts = parts_.Language;
+    controls.lblTransmitLine.Caption =
+        Filled(texts.ErrorTexts(text::LineOf), {PlainNumber(line), PlainNumber(lines)});
     const double each = parts_.Port.Port().Line().CharacterMilliseconds();
-    controls.lblTransmitLeft.Caption = MinutesText(static_cast<double>(charactersLeft) * each / 1000) +
-                                       " left at " + parts_.Port.TX().Baud + " baud";
+    const std::string time = MinutesText(static_cast<double>(charactersLeft) * each / 1000);
+    controls.lblTransmitLeft.Caption =
+        Filled(texts.ErrorTexts(text::TimeLeft), {time, parts_.Port.TX().Baud});
 }
 
 void Transmitter::TellVanished() {
     if (!parts_.Port.HasVanished) return;
-    parts_.Platform.Dialogs.ShowMessage(Notice(
-        "The serial port " + parts_.Port.PortName() + " has gone. The last line sent was:\r\n" + lastLine_,
-        "Serial port", Icon::Exclamation));
+    const Texts& texts = parts_.Language;
+    const std::string told = Filled(texts.ErrorTexts(text::PortGoneAfter), {parts_.Port.PortName()});
+    parts_.Platform.Dialogs.ShowMessage(
+        Notice(told + "\r\n" + lastLine_, texts.ErrorTexts(text::SerialPort), Icon::Exclamation));
 }
 
 }  // namespace kvt

@@ -5,6 +5,8 @@
 #include <string_view>
 
 #include "files/cnc_writer.h"
+#include "program/program_store.h"
+#include "program/workbench_calls.h"
 #include "transfer/port_control.h"
 
 namespace kvt {
@@ -18,9 +20,11 @@ public:
         TransferControls& Controls;
         PortControl& Port;
         CncWriter& Writer;
-        // The pulse of the window, which stands still meanwhile, and the button that stops.
+        // The pulse of the window, which stands still meanwhile; the button that stops, and the one that hides
+        // while a step run needs it too.
         Timer& tmr1sec;
         CommandButton& cmdStop;
+        const CommandButton& cmdRun;
         const Texts& Language;
         Services& Platform;
         WorkbenchCalls& Calls;
@@ -29,6 +33,9 @@ public:
 
     // The folder of the scratch file, with a separator at its end.
     std::string SettingsFolder;
+
+    // The last transmission was cut short by a stop, and the units mark has ended it.
+    bool WasCut = false;
 
     // Called while one stands already it does nothing.
     void mnuTX_Click();
@@ -51,6 +58,9 @@ private:
     std::string scratch_;
     std::string lastLine_;
     bool sending_ = false;
+    // The units and the machine of what is being sent.
+    bool metric_ = true;
+    bool mk2_ = false;
 };
 
 }  // namespace kvt

@@ -110,6 +110,27 @@ TEST(SerialTest, ThePlayedMachineTakesUpToTheUnitsMarkAndCanDrop) {
         EXPECT_EQ(EndsReception(one.Line, one.InProgram), one.Ends) << one.Line;
 }
 
+TEST(SerialTest, ADeviceThatTakesNothingEndsTheSending) {
+    const PseudoTerminal terminal;
+    SerialBench bench(terminal.Path(), "9600,N,8,1", haste);
+    bench.Port.LongestStall = 50;
+    bench.Port.Open();
+    // More than the driver takes from the one end while nobody reads at the other one.
+    bench.Port.Output(std::string(1'000'000, 'x'));
+    EXPECT_TRUE(bench.System.WaitUntil([&] { return bench.Port.MillisecondsLeft(); }));
+    EXPECT_FALSE(bench.Port.IsOpen());
+    EXPECT_EQ(bench.Platform.Dialogs.Shown.size(), 1u);
+
+    LineWatch watch;
+    watch.Give(10);
+    EXPECT_EQ(watch.Stalled(0, 10, 300), 0);
+    EXPECT_EQ(watch.Stalled(200, 10, 100), 0);
+    EXPECT_EQ(watch.Stalled(450, 10, 0), 150);
+    // The next line is given when one has left: as many wait as before, and yet the line has moved.
+    watch.Give(10);
+    EXPECT_EQ(watch.Stalled(500, 10, 0), 0);
+}
+
 TEST(SerialTest, ADeviceBelongsToOneProgram) {
     const PseudoTerminal terminal;
     PosixPort first({terminal.Path()});

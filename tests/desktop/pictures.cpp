@@ -1,6 +1,8 @@
 // Takes pictures of the windows for the documents: kvt_pictures FOLDER PREFIX [SCALE [WHAT]], on a display of its own.
-// WHAT is "editor", "drawing" for the drawing of each machine on black and on white, or "film" for the pictures of a
+// WHAT is "editor", "drawing" for the drawing of each machine on black and on white, "help", "german", or "film" for the pictures of a
 // drawing that grows step by step.
+
+#include <unistd.h>
 
 #include <QApplication>
 #include <QMessageBox>
@@ -14,6 +16,7 @@
 #include <utility>
 #include <vector>
 
+#include "console/played_machine.h"
 #include "desktop/desktop_platform.h"
 #include "desktop/form_view.h"
 #include "headless/disk_files.h"
@@ -28,6 +31,7 @@ public:
         : folder_(std::move(folder)), prefix_(std::move(prefix)), platform_(files_, programs_, scale) {
         qputenv("XDG_DATA_HOME", data_.path().toLocal8Bit());
         bench_ = std::make_unique<kvt::Workbench>(platform_.Services);
+        bench_->Modules.StartFolder = QCoreApplication::applicationDirPath().toStdString() + "/";
         bench_->Form_Load("");
         kvt::Form& form = bench_->frmMain;
         form.Left = 0;
@@ -37,7 +41,7 @@ public:
         for (kvt::Form* one : bench_->Forms()) {
             windows_.push_back(std::make_unique<kvt::FormView>(platform_.Desktop, *one));
         }
-        failed_ = !QTest::qWaitForWindowActive(&windows_.front()->Window());
+        failed_ = !named_ || !QTest::qWaitForWindowActive(&windows_.front()->Window());
     }
 
     void TakeAll() {
@@ -51,9 +55,10 @@ public:
         });
         Type("40000\r");
         for (const char* name : {"mk2_knob", "mk4_bolt", "f1_lid", "mk4_fault_quadrant"}) {
-            Load(name);
+            Open(name);
             Save(name);
         }
+        TakeTransfer();
     }
 
     // Each machine on black and on white, the latter with the listing; last a measurement.
@@ -74,6 +79,44 @@ public:
         QTest::mouseClick(field, Qt::LeftButton, Qt::NoModifier, middle);
         QTest::mouseMove(field, middle + QPoint(180, -90));
         Save("draw_measuring");
+    }
+
+    // The documents on each machine.
+    void TakeHelp() {
+        for (const char* name : {"mk2_knob", "mk4_bolt", "f1_lid"}) {
+            Open(name);
+            bench_->Help.mnuGhelp_Click();
+            const bool mk2 = bench_->Store.IsMK2();
+            kvt::MainControls& main = bench_->Main;
+            (mk2 ? main.rtfGcodeHelpMK2 : main.rtfGcodeHelpMK4).ShowSection("G02");
+            Save((std::string("help_") + name).c_str());
+            bench_->cmdReturn_Click();
+        }
+        bench_->Help.mnuHelpText_Click();
+        Save("help");
+        bench_->cmdReturn_Click();
+        bench_->Help.mnuAbout_Click();
+        Save("about");
+        bench_->cmdReturn_Click();
+    }
+
+    // In German: each machine, the settings, the help and the drawing.
+    void TakeGerman() {
+        std::string module = KVT_SOURCE_DIR "/languages/Deutsch.txt";
+        bench_->Reader.LoadFile(module);
+        for (const char* name : {"mk2_knob", "mk4_fault_quadrant", "f1_lid"}) {
+            Open(name);
+            Save((std::string("german_") + name).c_str());
+        }
+        for (int page = 0; page < 5; ++page) {
+            bench_->Window.ShowSettings(page);
+            Save((std::string("german_settings_") + std::to_string(page)).c_str());
+        }
+        bench_->Help.mnuHelpText_Click();
+        Save("german_help");
+        bench_->cmdReturn_Click();
+        ShowDrawing("f1_lid");
+        Save("german_draw");
     }
 
     // A picture for each step that has drawn something.
@@ -106,16 +149,34 @@ private:
     static constexpr int menuBar = 330;  // twips
     static constexpr int stepsAFrame = 4;
 
-    void Load(const char* name) {
+    void Open(const char* name) {
         bench_->Store.ProgramChanged = false;
         std::string file = std::string(KVT_SOURCE_DIR "/samples/") + name + ".cnc";
         bench_->Reader.LoadFile(file);
         bench_->cmdReturn_Click();
     }
+    // A part of the program comes back as the machine sends it, then the whole goes out at 300 baud.
+    void TakeTransfer() {
+        Open("mk4_bolt");
+        const std::string program = bench_->Writer.GenerateAll();
+        const std::size_t begins = program.find("%\r\n") + 3;
+        const std::string part = program.substr(begins, program.find("\r\n", begins + 800) + 2 - begins);
+        if (write(line_.Handle(), part.data(), part.size()) != static_cast<ssize_t>(part.size()))
+            failed_ = true;
+        QTest::qWait(500);
+        Save("receive");
+        bench_->Received.cmdReceiveExit_Click();
+        QTimer::singleShot(7500, qApp, [this] {
+            Save("transmit");
+            bench_->Results.cmdStop.Click();
+        });
+        bench_->Transmit.mnuTX_Click();
+    }
+
     // In a window that fills the screen.
     void ShowDrawing(const char* name) {
         bench_->Draw.Unload();
-        Load(name);
+        Open(name);
         bench_->Draw.Show();
         QMainWindow& window = windows_[1]->Window();
         window.showNormal();
@@ -148,6 +209,9 @@ private:
     }
 
     QString folder_, prefix_;
+    // The line to the machine, and the only port.
+    kvt::PseudoTerminal line_;
+    bool named_ = qputenv("KVT_PORTS", QByteArray::fromStdString(line_.Path()));
     QTemporaryDir data_;
     kvt::FaultPlan noFaults_;
     kvt::DiskFiles files_{noFaults_};
@@ -164,13 +228,15 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() < 3) {
-        std::fputs("usage: kvt_pictures FOLDER PREFIX [SCALE [editor|drawing|film]]\n", stderr);
+        std::fputs("usage: kvt_pictures FOLDER PREFIX [SCALE [editor|drawing|help|german|film]]\n", stderr);
         return 2;
     }
     Photographer photographer(arguments[1], arguments[2], arguments.value(3, QStringLiteral("1")).toDouble());
     const QString what = arguments.value(4, QStringLiteral("editor"));
     if (what == QLatin1String("editor")) photographer.TakeAll();
     if (what == QLatin1String("drawing")) photographer.TakeDrawings();
+    if (what == QLatin1String("help")) photographer.TakeHelp();
+    if (what == QLatin1String("german")) photographer.TakeGerman();
     if (what == QLatin1String("film")) photographer.TakeFilm();
     return photographer.Failed() ? 1 : 0;
 }

@@ -151,29 +151,6 @@ TEST_F(FieldLayoutTest, ACodeIsBroughtIntoItsFourCharacters) {
     EXPECT_FALSE(Bench->Entry.txtZK.Enabled);
 }
 
-TEST_F(FieldLayoutTest, TextsStayAndUnitsWaitForTheNextCode) {
-    EntryRow& entry = Bench->Entry;
-    EXPECT_EQ(entry.lblFKTL.Caption, "F");
-    entry.txtXI.Text = "12";
-    entry.txtH.Text = "34";
-    entry.txtComment.Text = "mine";
-    Enter("G", "00");
-    EXPECT_EQ(entry.txtXI.Text, "12");
-    EXPECT_EQ(entry.txtH.Text, "34");
-    EXPECT_EQ(entry.txtComment.Text, "mine");
-    Bench->Machine.SetUnits("Imperial");
-    EXPECT_EQ(entry.txtXI.Tag, "-5999TO5999");
-    EXPECT_EQ(entry.txtXI.ToolTip, "-5999 = Low, Hi = 5999");
-    Enter("G", "01");
-    EXPECT_EQ(entry.txtXI.ToolTip, "-1999 = Low, Hi = 1999");
-    // The disabled limits do not show.
-    Bench->Store.DisableLimitsCheck = true;
-    Enter("G", "01");
-    EXPECT_EQ(entry.txtXI.Tag, "-1999TO1999");
-    Bench->Layout.HideInputFields();
-    EXPECT_EQ(Shown(), "");
-}
-
 TEST_F(FieldLayoutTest, TheFirstFieldTakesTheInitialText) {
     EntryRow& entry = Bench->Entry;
     Enter("G", "25");

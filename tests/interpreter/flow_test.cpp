@@ -296,18 +296,6 @@ TEST_F(FlowTest, TooManyLines) {
     }
 }
 
-// Typed onto the open line, which is a program line at that moment: the one in front of it is told.
-TEST_F(FlowTest, TypingPastTheLastLine) {
-    Check("MK4", std::vector<Line>(209, Plain("21")));
-    Bench->Store.lvCncProgram.Select(210);
-    Bench->Entry.lblGMcode.Caption = "G";
-    Bench->Entry.txtGMcode.Text = "21";
-    Bench->Lines.LineEdit();
-    EXPECT_EQ(Bench->Store.LineCount(), 210);
-    EXPECT_EQ(Error(208), "Maximum number of lines has been reached");
-    EXPECT_EQ(Header(), "Error in line 208");
-}
-
 // A position can grow past every whole number: the count of a cycle's cuts fails, and the run goes on.
 TEST_F(FlowTest, OverflowIsReportedAndTheRunGoesOn) {
     Check("MK4",

@@ -99,30 +99,6 @@ TEST_F(PassTest, HeaderNamesTheFirstFindingOfPassOne) {
     EXPECT_EQ(List().SelectedRow(), 3);
 }
 
-TEST_F(PassTest, ParameterFindingsOfLoadedLines) {
-    const struct {
-        const char* Machine;
-        const char* Units;
-        Line Of;
-        const char* Message;
-    } cases[] = {
-        {"MK2", "M", {.Code = "01", .Z = "-33000", .F = "100"}, "!Z=-32760minimum"},
-        {"MK2", "\"", {.Code = "84", .X = "2000", .F = "100"}, "!X=1999maximum"},
-        {"MK4", "M", {.Code = "M99", .X = "6000"}, "!I=5999maximum"},
-        {"MK4", "\"", {.Code = "86", .H = "9"}, "!H= 10 minimum"},
-        {"MK4", "M", {.Code = "20", .X = "9999", .Z = "99999", .F = "999", .H = "999"}, ""},
-        {"F1", "M-", {.Code = "00", .X = "10000"}, "!X=-9999maximum"},
-        {"F1", "\"", {.Code = "00", .Y = "-4000"}, "!Y=3999maximum"},
-        {"F1", "M", {.Code = "M06", .X = "20000"}, "!X=19999maximum"},
-        {"F1", "MI", {.Code = "01", .F = "500"}, "!F= 499 maximum"},
-    };
-    for (const auto& one : cases) {
-        Check(one.Machine, {one.Of}, one.Units);
-        EXPECT_EQ(Error(0), one.Message) << one.Machine << one.Units << one.Of.Code;
-        EXPECT_EQ(Bench->Store.ErrorRow, *one.Message ? 1 : 0);
-    }
-}
-
 TEST_F(PassTest, LinesTakeTheColourOfTheirMode) {
     Bench->Store.AbsColor = 0x112233;
     Bench->Store.IncrColor = 0x445566;

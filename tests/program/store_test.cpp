@@ -78,46 +78,6 @@ TEST_F(StoreTest, AddBlankLineRestoresTheOpenLine) {
     EXPECT_EQ(List.Count(), 52);
 }
 
-TEST(WordTest, SplitsACellIntoLetterAndNumber) {
-    for (const char* line : {"I 1234|I|1234",
-                             "-  500||-500",
-                             "      ||0",
-                             "||0",
-                             "L 05|L|5",
-                             "L105|L|105",
-                             " 499||499",
-                             "t 01|t|1",
-                             "M 3|M|3",
-                             "J-20|J|-20",
-                             "K   00|K|0",
-                             "D  500|D|500",
-                             "S1200|S|1200",
-                             "X 12||0",
-                             "F100||0",
-                             "R 500||0",
-                             " I 12||0",
-                             "-||0",
-                             "I|I|0",
-                             "12x4||12",
-                             " 1 2 3||123",
-                             "5-||5",
-                             "2.5||2",
-                             "3.5||4",
-                             "K 2.51|K|3",
-                             "12345678||12345678",
-                             "-1234567||-1234567",
-                             "\t12||12",
-                             "          77||77"}) {
-        const auto one = Fields(line);
-        std::string letter = "old";
-        std::int32_t value = -1;
-        WordVal(one[0], letter, value);
-        EXPECT_EQ(letter, one[1]) << line;
-        EXPECT_EQ(value, std::stoi(one[2])) << line;
-    }
-    EXPECT_EQ(ErrorOf([] { ReadWord("L 3000000000"); }), fault::Overflow);
-}
-
 // Cells are read eight characters at a time where that goes; it must never show.
 TEST(WordTest, TheShortRoadReadsWhatTheLongOneDoes) {
     const std::string characters("  0123456789 -+.ILTJx\t\n\xB5\xFF\0", 26);

@@ -70,6 +70,19 @@ TEST_F(LanguageTest, TheModuleThatIsWrittenChangesNothing) {
     EXPECT_EQ(FailuresOf("LoadLanguageModule"), 0u);
 }
 
+TEST_F(LanguageTest, EveryLabelHasItsControl) {
+    for (const LabelRow& row : LabelRows()) {
+        const std::vector<std::string_view> names = Split(row.Control, ".");
+        const Form* form = names.size() == 2 ? nullptr : &Bench->frmMain;
+        bool found = false;
+        for (const Form* one : Bench->Forms()) {
+            found = found || (names.size() == 1 && one->Name() == names[0]);
+            if (names.size() == 2 && one->Name() == names[0]) form = one;
+        }
+        EXPECT_TRUE(found || (form && form->FindControl(names.back(), row.Index))) << row.Control;
+    }
+}
+
 TEST_F(LanguageTest, GermanTranslatesEveryText) {
     const LanguageModule english = ReadLanguageModule(Bench->Modules.WriteModule());
     const std::string bytes = Platform.Files.ReadWhole(KVT_SOURCE_DIR "/languages/Deutsch.txt");
@@ -84,7 +97,8 @@ TEST_F(LanguageTest, GermanTranslatesEveryText) {
         for (std::size_t k = 0; k < section.Lines.size(); ++k) {
             const LanguageLine& line = english.Sections[i].Lines[k];
             EXPECT_EQ(section.Lines[k].Key, line.Key);
-            EXPECT_EQ(section.Lines[k].Value.empty(), line.Value.empty() && line.Key != "Translated by")
+            EXPECT_EQ(section.Lines[k].Value.empty(),
+                      line.Value.empty() && line.Key != "Translated by" && line.Key != "Help File Name")
                 << line.Key;
             // Findings are known by their mark.
             EXPECT_EQ(section.Lines[k].Value.substr(0, 1) == "!", line.Value.substr(0, 1) == "!") << line.Key;

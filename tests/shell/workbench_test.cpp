@@ -107,41 +107,6 @@ TEST_F(WorkbenchTest, ClearingEmptiesTheProgramAndTheEntryRow) {
     EXPECT_EQ(Bench->Store.lvCncProgram.Count(), 0);
 }
 
-TEST_F(WorkbenchTest, TheMachineIsAppliedToTheWindow) {
-    for (const char* line : {"F1|V 1/100 mm", "MK2|1/100 mm", "mk4|1/100 mm"}) {
-        SCOPED_TRACE(line);
-        Bench->Store.Machine = Fields(line)[0];
-        Bench->Entry.lblGMcode.Caption = "M";
-        Bench->ClearProgram_Click();
-        EXPECT_EQ(Bench->Entry.lblGMcode.Caption, "G");
-        EXPECT_EQ(Bench->Machine.lblPPUnits.Caption, Fields(line)[1]);
-        EXPECT_EQ(Bench->Machine.optSettingsMK2.Value, Bench->Store.IsMK2());
-        EXPECT_EQ(Bench->Machine.optSettingsMK4.Value, Bench->Store.IsMK4());
-        EXPECT_EQ(Bench->Machine.optSettingsF1CNC.Value, Bench->Store.IsF1());
-        for (Control* list :
-             Named("lstMK2Gcodes lstMK2Mcodes lstMK4Gcodes lstMK4Mcodes lstF1Gcodes lstF1Mcodes")) {
-            EXPECT_EQ(list->Visible, list->Name().find(UpperCase(Bench->Store.Machine)) == 3) << list->Name();
-        }
-        // The Y columns are the mill's, and so is the picture of the axes with the button that takes it away.
-        EXPECT_EQ(Bench->Store.lvCncProgram.Header(column::Y + 1).Width > 0, Bench->Store.IsF1());
-        EXPECT_EQ(Bench->Store.lvCncProgram.Header(column::ToolY + 1).Width > 0, Bench->Store.IsF1());
-        for (Control* help : Named("picXYaxes cmdReturn")) {
-            EXPECT_EQ(help->Visible, Bench->Store.IsF1());
-            help->Enabled = false;
-        }
-    }
-    Bench->Store.Machine = "F1";
-    Bench->Store.Horizontal = true;
-    Bench->Store.Metric = false;
-    Bench->RefreshMachine();
-    EXPECT_EQ(Bench->Machine.lblPPUnits.Caption, "H 1/1000 \"");
-    EXPECT_TRUE(Bench->Machine.optSettingsHinch.Value);
-    EXPECT_FALSE(Bench->Machine.optSettingsVinch.Value);
-    EXPECT_TRUE(Bench->Machine.mnuINCHtoMM.Enabled);
-    EXPECT_FALSE(Bench->Machine.mnuMMtoINCH.Enabled);
-    for (Control* help : Named("picXYaxes cmdReturn")) EXPECT_TRUE(help->Enabled);
-}
-
 TEST_F(WorkbenchTest, AFrozenWindowKeepsItsStop) {
     const std::vector<Control*> frames =
         Named("frProgramProperties frAxesProperties frXAxis frYaxis frZAxis");

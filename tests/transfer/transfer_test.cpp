@@ -114,6 +114,14 @@ TEST_F(TransferTest, AVanishedPortIsToldInEachState) {
     EXPECT_TRUE(Bench->ControlsOn);
     EXPECT_FALSE(Bench->Transfer.frTransmit.Visible);
 
+    // Once, also where Stop has been clicked before.
+    back();
+    Platform.System.Events = {[] {}, [this] { Bench->Results.cmdStop.Click(); },
+                              [this] { Platform.Port.Vanish(); }};
+    Transmit();
+    EXPECT_EQ(Platform.Dialogs.Shown.size(), 1u);
+    Platform.System.Events.clear();
+
     back();
     Platform.Port.Receive("half a li");
     Platform.Port.Vanish();
@@ -155,6 +163,51 @@ TEST_F(TransferTest, TenHoursOfCharactersArriveAsTheyWereSent) {
                 HasSubstr(std::to_string(sent.size()) + " characters"));
     Bench->Received.cmdReceiveImport_Click();
     EXPECT_FALSE(Bench->Transfer.frRXcode.Visible);
+}
+
+TEST_F(TransferTest, AnImportLosesNothing) {
+    const std::string program = "    N` G`   X `    Z `  F`  H \r\n    00M30\r\n   M\r\n";
+    // A scratch file that cannot be written, and one that has gone before it is read.
+    for (const int failing : {1, 2}) {
+        Platform.Port.Receive("x" + program);
+        Bench->Store.ProgramChanged = true;
+        Platform.Faults.Fail("file", failing);
+        Bench->Received.cmdReceiveImport_Click();
+        EXPECT_EQ(Received(), "x" + program) << failing;
+        EXPECT_TRUE(Bench->Transfer.frRXcode.Visible && Bench->Store.ProgramChanged) << failing;
+        EXPECT_THAT(LastBox(), HasSubstr(failing == 1 ? "received code is still here" : "cannot be read"));
+        Bench->Received.cmdReceiveExit_Click();
+    }
+    // The machine sends on while a message is open.
+    Platform.Port.Receive("no program");
+    Platform.Dialogs.OnUnanswered = [this](const MessageBox&) { Platform.Port.Receive("more"); };
+    Bench->Received.cmdReceiveImport_Click();
+    Platform.Dialogs.OnUnanswered = nullptr;
+    EXPECT_EQ(Received(), "more");
+    EXPECT_TRUE(Bench->Transfer.frCmdRX.Visible);
+    EXPECT_FALSE(Bench->ControlsOn);
+    Bench->Received.cmdReceiveExit_Click();
+
+    // What is being sent stays.
+    Check("MK4", {{"00"}, {"21"}, {"M30"}});
+    Platform.System.Events = {[] {}, [&] { Platform.Port.Receive(program); },
+                              [this] { Bench->Received.cmdReceiveImport_Click(); }};
+    Transmit();
+    EXPECT_EQ(Platform.System.Beeps, 1);
+    EXPECT_EQ(Bench->Store.LineCount(), 3);
+    EXPECT_EQ(Received(), program);
+}
+
+TEST_F(TransferTest, AStepRunKeepsItsStopButton) {
+    Check("MK4", {{"00"}, {"M30"}});
+    bool steps = false, stops = false;
+    Platform.System.Events = {[&] {
+        Transmit();
+        steps = Bench->Store.EditorRunMode;
+        stops = Bench->Results.cmdStop.Visible;
+    }};
+    Bench->Results.cmdRun.Click();
+    EXPECT_TRUE(steps && stops);
 }
 
 TEST_F(TransferTest, SettingsFileKeysGoBothWays) {

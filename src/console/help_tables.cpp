@@ -1,0 +1,144 @@
+#include "console/help_tables.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "basic/code_page.h"
+#include "basic/text.h"
+#include "console/help_markup.h"
+#include "headless/memory_platform.h"
+#include "shell/workbench.h"
+
+namespace kvt {
+
+namespace {
+
+struct Words {
+    const char *Code, *Meaning, *Parameters, *Parameter, *Codes, *Metric, *Inch, *Any;
+};
+constexpr Words english = {"Code",  "Meaning",  "Parameters",  "Parameter",
+                           "Codes", "1/100 mm", "1/1000 inch", "any"};
+constexpr Words german = {"Code",  "Bedeutung", "Parameter",   "Parameter",
+                          "Codes", "1/100 mm",  "1/1000 Zoll", "beliebig"};
+
+// One parameter of a code, with its range in both units.
+struct Parameter {
+    std::string Name, Metric, Inch;
+};
+
+// "-5999TO5999" for people.
+std::string RangeText(const std::string& tag, const Words& words) {
+    const std::size_t middle = tag.find("TO");
+    if (middle == std::string::npos) return words.Any;
+    return tag.substr(0, middle) + " \xE2\x80\xA6 " + tag.substr(middle + 2);
+}
+
+// A workbench of one machine, to be asked about its codes.
+class MachineTables {
+public:
+    MachineTables(std::string_view machine, const Words& words, const std::string& languageModule)
+        : words_(words), bench_(std::make_unique<Workbench>(platform_.Services)) {
+        bench_->Modules.LoadLanguageModule(languageModule);
+        bench_->Store.Machine = machine;
+        bench_->RefreshMachine();
+    }
+
+    std::vector<const ListBox*> Lists() const {
+        const CodeLists& lists = bench_->Lists;
+        if (bench_->Store.IsMK2()) return {&lists.lstMK2Gcodes};
+        if (bench_->Store.IsMK4()) return {&lists.lstMK4Gcodes, &lists.lstMK4Mcodes};
+        return {&lists.lstF1Gcodes, &lists.lstF1Mcodes};
+    }
+
+    std::vector<Parameter> ParametersOf(const std::string& code) {
+        std::vector<Parameter> parameters;
+        for (const bool metric : {true, false}) {
+            bench_->Machine.SetUnits(metric ? "Metric" : "Imperial");
+            bench_->Entry.lblGMcode.Caption = code.substr(0, 1);
+            std::string form = code.substr(1);
+            bench_->Entry.txtGMcode.Text = form;
+            bench_->Layout.InputFields(form);
+            std::size_t place = 0;
+            const EntryRow& entry = bench_->Entry;
+            for (const auto& [label, field] : std::initializer_list<std::pair<const Label*, const TextBox*>>{
+                     {&entry.lblXI, &entry.txtXI},
+                     {&entry.lblYJ, &entry.txtYJ},
+                     {&entry.lblZK, &entry.txtZK},
+                     {&entry.lblFKTL, &entry.txtFKTL},
+                     {&entry.lblH, &entry.txtH}}) {
+                if (!field->Visible) continue;
+                const std::string range = HtmlText(RangeText(field->Tag.Get(), words_));
+                if (metric) parameters.push_back({label->Caption.Get(), range, {}});
+                if (!metric && place < parameters.size()) parameters[place].Inch = range;
+                ++place;
+            }
+        }
+        return parameters;
+    }
+
+private:
+    const Words& words_;
+    MemoryPlatform platform_;
+    std::unique_ptr<Workbench> bench_;
+};
+
+std::string CodeOf(const std::string& entry) { return std::string(Trim(Left(entry, 4))); }
+
+std::string Commands(MachineTables& machine, const Words& words) {
+    std::vector<std::vector<std::string>> rows = {{words.Code, words.Meaning, words.Parameters}};
+    for (const ListBox* list : machine.Lists()) {
+        for (const std::string& entry : list->Entries()) {
+            std::string letters;
+            for (const Parameter& one : machine.ParametersOf(CodeOf(entry)))
+                letters += (letters.empty() ? "" : ", ") + one.Name;
+            const std::string code = CodeOf(entry);
+            rows.push_back({"<a href=\"#" + code + "\">" + code + "</a>",
+                            HtmlText(ToUtf8(EntryDescription(entry))), letters});
+        }
+    }
+    return HtmlTable(rows);
+}
+
+std::string Ranges(MachineTables& machine, const Words& words) {
+    // Codes with the same range share a row.
+    std::vector<std::vector<std::string>> rows = {{words.Parameter, words.Codes, words.Metric, words.Inch}};
+    for (const ListBox* list : machine.Lists()) {
+        for (const std::string& entry : list->Entries()) {
+            const std::string code = CodeOf(entry);
+            for (const Parameter& one : machine.ParametersOf(code)) {
+                const auto same = std::find_if(rows.begin() + 1, rows.end(), [&](const auto& row) {
+                    return row[0] == one.Name && row[2] == one.Metric && row[3] == one.Inch;
+                });
+                if (same == rows.end()) {
+                    rows.push_back({one.Name, code, one.Metric, one.Inch});
+                } else {
+                    (*same)[1] += " " + code;
+                }
+            }
+        }
+    }
+    std::stable_sort(rows.begin() + 1, rows.end(), [](const auto& a, const auto& b) { return a[0] < b[0]; });
+    return HtmlTable(rows);
+}
+
+std::string Limits(MachineTables& machine, const std::string& code, const Words& words) {
+    std::vector<std::vector<std::string>> rows = {{words.Parameter, words.Metric, words.Inch}};
+    for (const Parameter& one : machine.ParametersOf(code)) rows.push_back({one.Name, one.Metric, one.Inch});
+    return rows.size() == 1 ? std::string() : HtmlTable(rows);
+}
+
+}  // namespace
+
+std::string HelpTable(std::string_view words, const std::string& languageModule) {
+    const std::vector<std::string_view> parts = Split(words, " ");
+    const Words& heads = languageModule.empty() ? english : german;
+    if (parts.size() < 2) return {};
+    MachineTables machine(parts.back(), heads, languageModule);
+    if (parts.size() == 2 && parts[0] == "commands") return Commands(machine, heads);
+    if (parts.size() == 2 && parts[0] == "ranges") return Ranges(machine, heads);
+    if (parts.size() == 3 && parts[0] == "limits") return Limits(machine, std::string(parts[1]), heads);
+    return {};
+}
+
+}  // namespace kvt
