@@ -11,7 +11,8 @@ for program in samples/*.cnc; do
     "$kvtc" draw "$program" -o "$picture" || [ $? -eq 1 ]
 done
 
-# The windows, at three sizes, and a film strip of a drawing that grows, where the desktop half has been built and xvfb is there:
+# The windows, at three sizes, the drawing of each machine, and a film strip of one that grows, where the desktop half
+# has been built and xvfb is there:
 #   cmake --build build/dev --target kvt_pictures
 photographer=${2:-build/dev/bin/kvt_pictures}
 [ -x "$photographer" ] || exit 0

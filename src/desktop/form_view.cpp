@@ -129,7 +129,7 @@ void FormView::Follow(PropertyId id) {
         case PropertyId::Front:
             window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
             window_->raise();
-            window_->activateWindow();
+            if (!form_.TopMost) window_->activateWindow();
             break;
         case PropertyId::Entries: MakeViews(); break;
         case PropertyId::Enabled: field_->setEnabled(form_.Enabled); break;

@@ -193,6 +193,7 @@ void DrawWindow::Unload() {
 }
 
 void DrawWindow::Form_QueryUnload() {
+    Output.GiveGroundBack();
     kvt::Run(SaveSettings);
     Unload();
 }

@@ -1,5 +1,7 @@
 #include "draw/output.h"
 
+#include <utility>
+
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "draw/pdf.h"
@@ -144,15 +146,15 @@ void DrawingOutput::mnuPrint_Click() {
     controls_.lblGrid.Visible = true;
     controls_.frProperties.Height = printedHeight;
     // 4.
-    const bool white = controls_.mnuBackground.Checked;
-    if (!white) {
+    groundTaken_ = !controls_.mnuBackground.Checked;
+    if (groundTaken_) {
         controls_.mnuBackground.Checked = true;
         parts_.Redraw();
     }
     // It may have been closed in a wait of that drawing.
     if (controls_.frmDraw.Visible) PrintForm();
-    if (!white) {
-        controls_.mnuBackground.Checked = false;
+    if (groundTaken_) {
+        GiveGroundBack();
         parts_.Redraw();
     }
     // 5.
@@ -160,6 +162,10 @@ void DrawingOutput::mnuPrint_Click() {
     controls_.hsbViewWindow.Visible = true;
     controls_.vsbViewWindow.Visible = true;
     controls_.frProperties.Height = shownHeight;
+}
+
+void DrawingOutput::GiveGroundBack() {
+    if (std::exchange(groundTaken_, false)) controls_.mnuBackground.Checked = false;
 }
 
 // No name for the PDF where there is no printer is the user's cancel, not a failure.

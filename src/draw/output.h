@@ -23,6 +23,9 @@ public:
     // The window on a white ground.
     void mnuPrint_Click();
 
+    // Ends the white ground that printing has taken; a window that closes while it is drawn keeps the user's own.
+    void GiveGroundBack();
+
     // The whole drawing as the content of a file: kind is ".SVG", ".PDF", ".PNG" or ".BMP", another one is error 5.
     std::string Picture(std::string_view kind) const;
     SvgHead Head() const;
@@ -35,6 +38,7 @@ private:
 
     DrawParts& parts_;
     DrawControls& controls_;
+    bool groundTaken_ = false;
 };
 
 }  // namespace kvt

@@ -141,6 +141,7 @@ void ProgramWindow::Begin() {
     Form_Resize();
     if (frmProgramWindow.State.Get() == WindowState::Minimised) frmProgramWindow.State = WindowState::Normal;
     frmProgramWindow.Visible = true;
+    frmProgramWindow.BringToFront();
 }
 
 bool ProgramWindow::Follow(int lineIndex, int itemCount) {

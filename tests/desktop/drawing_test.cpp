@@ -1,5 +1,7 @@
+#include <QApplication>
 #include <QClipboard>
 #include <QElapsedTimer>
+#include <QMainWindow>
 #include <QMouseEvent>
 #include <QTemporaryDir>
 #include <QTimer>

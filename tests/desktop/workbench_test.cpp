@@ -1,8 +1,10 @@
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <cstdlib>
@@ -123,6 +125,9 @@ TEST_F(DesktopWorkbench, AWholeProgramIsTypedByKeysAlone) {
 TEST_F(DesktopWorkbench, AMonkeyBreaksNothing) {
     const char* const wanted = std::getenv("KVT_MONKEY_EVENTS");
     const int events = wanted ? std::atoi(wanted) : 300;
+    // A bitmap of a program without a name goes where the program was started.
+    const auto back = qScopeGuard([before = QDir::currentPath()] { QDir::setCurrent(before); });
+    QDir::setCurrent(data_.path());
     const std::string name = data_.filePath("lid.cnc").toStdString();
     files.WriteWhole(name, files.ReadWhole(KVT_SOURCE_DIR "/samples/f1_lid.cnc"));
     Open("");

@@ -1,4 +1,5 @@
 #include <cstdlib>
+#include <filesystem>
 #include <random>
 
 #include "files/settings_file.h"
@@ -174,6 +175,12 @@ TEST_F(BenchTest, AMonkeyBreaksNothing) {
     const char* const wanted = std::getenv("KVT_MONKEY_EVENTS");
     const int events = wanted ? std::atoi(wanted) : 6'000;
     Bench.reset();
+    // A bitmap of a program without a name goes where the program was started.
+    const struct WorkingFolder {
+        std::filesystem::path Before = std::filesystem::current_path();
+        ~WorkingFolder() { std::filesystem::current_path(Before); }
+    } back;
+    std::filesystem::current_path(Folder);
     Platform.System.DataFolder = Folder;
     Monkey monkey(Platform, Folder, 20261125);
     monkey.Start();
