@@ -125,9 +125,9 @@ MainControls::MainControls(Form& form)
     mnuFind.Shortcut = "Ctrl+F";
     mnuPrint.Shortcut = "Ctrl+P";
     tabSettings.Captions = {"General", "Info", "Machine", "Printer"};
-    for (Control* hidden : std::initializer_list<Control*>{&mnuImport, &mnuXfer, &mnuRightClick,
-                                                           &rtfHelp, &rtfGcodeHelpMK2, &rtfGcodeHelpMK4,
-                                                           &rtfAbout, &lstAbout, &tabSettings}) {
+    for (Control* hidden :
+         std::initializer_list<Control*>{&mnuImport, &mnuXfer, &mnuRightClick, &rtfHelp, &rtfGcodeHelpMK2,
+                                         &rtfGcodeHelpMK4, &rtfAbout, &lstAbout, &tabSettings}) {
         hidden->Visible = false;
     }
 }

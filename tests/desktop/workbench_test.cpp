@@ -146,6 +146,12 @@ TEST_F(DesktopWorkbench, AMonkeyBreaksNothing) {
         } else if (auto* dialog = qobject_cast<QDialog*>(modal)) {
             dialog->reject();
         }
+        // A wait for a step or a click would never end.
+        DrawWindow& draw = bench.Draw;
+        if (bench.Store.EditorRunMode)
+            (below(3) == 0 ? bench.Results.cmdStop : bench.Results.cmdStep).Click();
+        if (draw.State.Walking) (below(3) == 0 ? draw.Controls.cmdStop : draw.Controls.cmdStep).Click();
+        draw.State.WaitingForClick = false;
     });
     answers.start(5);
     constexpr char letters[] = "0123456789012345678901234567890GM-+*/P. ,AR%\x7Exy";
