@@ -95,6 +95,7 @@ public:
         draw.Controls.mnuBackground.Checked = true;
         draw.Controls.mnuGrid.Checked = false;
         draw.Controls.mnuRadiiArcs.Checked = false;
+        platform_.System.Watch(draw.Controls.frmDraw);
         draw.Show();
         const PictureBox& field = draw.Controls.pbxDrawField;
         const bool moves = bench_->Results.lblXAxisTravel.Caption != "0" ||

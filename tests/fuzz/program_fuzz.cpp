@@ -55,9 +55,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size > (std::size_t{1} << 16)) return 0;
     MapFiles files;
     kvt::MemoryPlatform platform;
-    kvt::Services services{files,           platform.Dialogs, platform.Clipboard,
-                           platform.Screen, platform.System,  platform.Focus,
-                           platform.Port,   platform.Printer, platform.Programs};
+    kvt::Services services{
+        files,          platform.Dialogs, platform.Clipboard, platform.Screen,   platform.System,
+        platform.Focus, platform.Port,    platform.Printer,   platform.Programs, platform.Pictures};
     kvt::Workbench bench(services);
     const auto load = [&](const std::string& text) {
         files.Content["program"] = text;
@@ -76,6 +76,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (load(bench.Writer.GenerateAll())) DemandOrder(bench);
     // Nobody looks on: what would never end is given up.
     platform.System.Patience = 2000;
+    platform.System.Watch(bench.Draw.Controls.frmDraw);
     bench.Draw.Show();
     const kvt::PictureBox& field = bench.Draw.Controls.pbxDrawField;
     kvt::SvgOf(field.Operations(),
