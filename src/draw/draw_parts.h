@@ -32,6 +32,9 @@ struct DrawState {
 
     bool StopRequested = false;
     bool StepMode = false;
+    int Interval = 0;  // wait of the walk after each line, in milliseconds
+    // The walk goes on without a wait to its end.
+    bool Released = false;
     bool StepPressed = false;
     bool WaitingForClick = false;
     bool Drawing = false;
@@ -69,6 +72,8 @@ struct DrawParts {
     Services& Platform;
     // Draws the program anew.
     std::function<void()> Redraw;
+    // Lets a walk that stands go on to its end without a wait, then does something; at once where none stands.
+    std::function<void(std::function<void()>)> AfterWalk;
     // Withdraws the measurement.
     std::function<void()> ClearMeasure;
 };

@@ -45,8 +45,17 @@ constexpr DrawKey drawKeys[] = {
 }  // namespace
 
 DrawWindow::DrawWindow(const Rooms& rooms)
-    : parts_{Controls,   State,          rooms.Store,    rooms.Machine,        rooms.Results,
-             rooms.File, rooms.Language, rooms.Platform, [this] { Redraw(); }, nullptr},
+    : parts_{Controls,
+             State,
+             rooms.Store,
+             rooms.Machine,
+             rooms.Results,
+             rooms.File,
+             rooms.Language,
+             rooms.Platform,
+             [this] { Redraw(); },
+             [this](std::function<void()> then) { AfterWalk(std::move(then)); },
+             nullptr},
       View(parts_),
       Sim(parts_),
       Listing(parts_),
@@ -125,6 +134,7 @@ void DrawWindow::Redraw() {
     while (redrawAsked_) {
         redrawAsked_ = false;
         State.LeaveWalk = false;
+        State.Released = false;
         State.Turns = 0;
         RunPasses();
         Controls.pbxDrawField.Cross = FieldPlace();
@@ -133,6 +143,14 @@ void DrawWindow::Redraw() {
         // Closed, or ended; where it is up again another Redraw was asked for.
         givenUp_ = Controls.frmDraw.Visible && !redrawAsked_;
     }
+    for (std::function<void()>& then : std::exchange(afterWalk_, {}))
+        parts_.Platform.System.Later(std::move(then));
+}
+
+void DrawWindow::AfterWalk(std::function<void()> then) {
+    if (!State.Walking) return then();
+    Sim.Release();
+    afterWalk_.push_back(std::move(then));
 }
 
 void DrawWindow::RunPasses() {
@@ -146,13 +164,34 @@ void DrawWindow::RunPasses() {
 void DrawWindow::Show() {
     if (State.DrawPending) return;
     if (Controls.frmDraw.Visible) return Redraw();
+    BringUp();
+    // The window's coming to the front has done it already where it is told at once.
+    if (State.DrawPending) Form_Activate();
+}
+
+void DrawWindow::ShowBehindEditor() {
+    if (State.DrawPending || Controls.frmDraw.Visible) return;
+    BringUp();
+    parts_.Store.lvCncProgram.OwningForm().BringToFront();
+    if (!State.DrawPending) return;
+    TakeOnProgram();
+    FitAndDraw();
+}
+
+void DrawWindow::ShowLater() {
+    if (!Controls.frmDraw.Visible) return;
+    showAsked_ = true;
+    parts_.Platform.System.Later([this] {
+        if (std::exchange(showAsked_, false) && Controls.frmDraw.Visible) Show();
+    });
+}
+
+void DrawWindow::BringUp() {
     if (!loaded_) Form_Load();
     State.DrawPending = true;
     State.AutoFitPending = true;
     State.RedrawRequested = true;
     Controls.frmDraw.Visible = true;
-    // The window's coming to the front has done it already where it is told at once.
-    if (State.DrawPending) Form_Activate();
 }
 
 void DrawWindow::Form_Load() {
@@ -199,6 +238,20 @@ void DrawWindow::Form_QueryUnload() {
 }
 
 void DrawWindow::Form_Activate() {
+    TakeOnProgram();
+    Control* const focused = parts_.Platform.Focus.Focused();
+    if (!focused || &focused->OwningForm() != &Controls.frmDraw)
+        parts_.Platform.Focus.SetFocus(Controls.pbxDrawField);
+    FitAndDraw();
+}
+
+// Last of what the window's coming to the front does, for a walk may wait.
+void DrawWindow::FitAndDraw() {
+    View.Autofit();
+    if (std::exchange(State.RedrawRequested, false)) Redraw();
+}
+
+void DrawWindow::TakeOnProgram() {
     State.DrawPending = false;
     // 1.
     parts_.Store.ErrorFlagged = false;
@@ -229,12 +282,6 @@ void DrawWindow::Form_Activate() {
     for (Control* button : {&Controls.cmdStep, &Controls.cmdStop, &Controls.cmdRun}) button->Top = buttonsTop;
     // 6.
     Controls.lblDiameter.Caption = "\xD8";
-    Control* const focused = parts_.Platform.Focus.Focused();
-    if (!focused || &focused->OwningForm() != &Controls.frmDraw)
-        parts_.Platform.Focus.SetFocus(Controls.pbxDrawField);
-    // 3. Last, for a walk may wait.
-    View.Autofit();
-    if (std::exchange(State.RedrawRequested, false)) Redraw();
 }
 
 void DrawWindow::PlaceFramesInRow() {

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "basic/run_time_error.h"
+#include "basic/stack_guard.h"
 #include "basic/text.h"
 #include "draw/pdf.h"
 
@@ -138,7 +139,13 @@ void DrawingOutput::mnuPrint_Click() {
         return;
     }
     // A drawing that is on its way would come out unfinished, and on the wrong ground.
-    if (parts_.State.Walking) return;
+    parts_.AfterWalk([this] { PrintDrawing(); });
+}
+
+void DrawingOutput::PrintDrawing() {
+    // One that waits for its drawing is enough.
+    const StackGuard guard(printing_);
+    if (!guard.Entered()) return;
     // 3.
     controls_.hsbViewWindow.Visible = false;
     controls_.vsbViewWindow.Visible = false;

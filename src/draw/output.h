@@ -34,11 +34,13 @@ private:
     bool AskForName(std::string& name);
     // Tells what has become of a file.
     void Tell(bool written, std::string_view name);
+    void PrintDrawing();
     void PrintForm();
 
     DrawParts& parts_;
     DrawControls& controls_;
     bool groundTaken_ = false;
+    bool printing_ = false;
 };
 
 }  // namespace kvt

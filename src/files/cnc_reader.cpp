@@ -304,13 +304,14 @@ void CncReader::Finish(const std::string& name) {
     parts_.Layout.ClearEntryFields();
     parts_.Interpreter.Interpreter();
     store.ProgramChanged = false;
-    Run(parts_.Calls.mnuDraw_Click);
     Run(parts_.Calls.RefreshMachine);
     parts_.View.MakeToolpositionColums();
     parts_.Interpreter.RefreshLineCount();
     store.AddBlankLine(false);
     parts_.Platform.Focus.SetFocus(store.lvCncProgram.OwningForm());
     store.lvCncProgram.RowsChanged();
+    // Last: a drawing that waits then finds all of the program there.
+    Run(parts_.Calls.mnuDraw_Click);
 }
 
 }  // namespace kvt

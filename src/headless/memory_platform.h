@@ -87,6 +87,7 @@ public:
     std::tm Now() override;
     std::string LocalDataFolder() override { return DataFolder; }
     void PressKey(int key) override;
+    void Later(std::function<void()> call) override;
     void Beep() override { ++Beeps; }
     void ShowPopupMenu(Menu& menu) override { ShownPopup = &menu; }
     void EndProgram() override { Ended = true; }
@@ -101,6 +102,9 @@ public:
     long long Patience = 2'000'000;
     // Runs whenever the clock has moved on.
     std::function<void()> OnClock;
+
+    // Runs what stands for a handler of a user's action, then what it has put off.
+    void Run(const std::function<void()>& handler);
 
     // A key or a character as a user presses it.
     void Press(int key, int held = 0);
@@ -122,6 +126,10 @@ private:
         int Key;  // 0 for a character alone
         int Held;
         int Character;  // 0 for a key without one
+    };
+    struct PutOffCall {
+        std::function<void()> Call;
+        int Depth;  // of the handler that has put it off
     };
     bool ServeWaiting();
     void Deliver(KeyPress press);
@@ -148,6 +156,8 @@ private:
     std::deque<KeyPress> keys_;
     bool delivering_ = false;
     std::vector<std::unique_ptr<TimerPhase>> timers_;
+    std::deque<PutOffCall> putOff_;
+    int depth_ = 0;  // of handlers
 };
 
 using MemoryFocus = FocusKeeper;

@@ -11,7 +11,8 @@ namespace kvt {
 struct WorkbenchCalls {
     std::function<void()> cmdReturn_Click;
     std::function<void()> ClearProgram_Click;
-    // Repaints the drawing where its window is up; RedrawAfterEdit only if it follows every edit.
+    // Have the drawing repainted where its window is up, when the handler that is running has ended; RedrawAfterEdit
+    // only if it follows every edit.
     std::function<void()> mnuDraw_Click;
     std::function<void()> RedrawAfterEdit;
     std::function<void()> ControlsPositioning;

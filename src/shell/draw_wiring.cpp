@@ -22,6 +22,8 @@ void GoToCodeField(Workbench& bench) {
 }
 
 void ShowEditor(Workbench& bench) {
+    bench.Draw.Editor.GiveBack();
+    bench.Draw.Editor.ScrollBack();
     bench.frmMain.Visible = true;
     bench.frmMain.BringToFront();
     GoToCodeField(bench);
@@ -35,18 +37,21 @@ void WireDrawing(Workbench& bench) {
     button.OnClick = [&bench] { mnuDraw_Click(bench); };
     bench.Main.mnuDraw.OnClick = [&bench] { mnuDraw_Click(bench); };
     DrawWindow& draw = bench.Draw;
-    // From below the drawing is repainted where it is, not brought up.
+    // From below the drawing is repainted where it is, not brought up. The program of a walk that stands has gone.
     bench.Calls.mnuDraw_Click = [&draw] {
-        if (draw.Controls.frmDraw.Visible) draw.Show();
+        if (draw.State.Walking) draw.State.StopRequested = true;
+        draw.ShowLater();
     };
     bench.Calls.RedrawAfterEdit = [&draw] {
-        if (draw.Controls.frmDraw.Visible && draw.Controls.mnuAutoRedraw.Checked) draw.Show();
+        if (draw.Controls.mnuAutoRedraw.Checked) draw.ShowLater();
     };
     bench.Calls.UnloadDraw = [&draw] {
         if (draw.Controls.frmDraw.Visible) draw.Form_QueryUnload();
     };
     draw.ShowEditor = [&bench] { ShowEditor(bench); };
     draw.GiveKeysBack = [&bench] { GoToCodeField(bench); };
+    // Before a press on a row selects it: also on the row that the drawing has selected.
+    bench.Store.lvCncProgram.OnGotFocus = [&draw] { draw.Editor.GiveBack(); };
 }
 
 void RefreshDrawCommands(Workbench& bench) {
