@@ -9,7 +9,6 @@
 
 #include "headless/disk_files.h"
 #include "headless/fault_plan.h"
-#include "headless/memory_pictures.h"
 #include "headless/memory_port.h"
 #include "headless/memory_printer.h"
 #include "headless/system_programs.h"
@@ -64,6 +63,7 @@ public:
     int Width() override { return WidthTwips; }
     int Height() override { return HeightTwips; }
     int WorkAreaHeight() override { return WorkAreaTwips; }
+    double PointsATwip() override { return 1.0 / 15; }
 
     int WidthTwips = 28800;
     int HeightTwips = 16200;
@@ -165,10 +165,8 @@ public:
     MemoryPort Port{Faults, System.Clock};
     MemoryPrinter Printer{Faults};
     MemoryPrograms Programs{Faults};
-    MemoryPictures Pictures;
 
-    kvt::Services Services{Files, Dialogs, Clipboard, Screen,   System,
-                           Focus, Port,    Printer,   Programs, Pictures};
+    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port, Printer, Programs};
 
     MemoryPlatform() {
         System.OnClock = [this] { Port.ClockMoved(); };

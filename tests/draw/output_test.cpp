@@ -1,5 +1,6 @@
 #include "basic/number.h"
 #include "draw_fixture.h"
+#include "platform/picture_painter.h"
 
 namespace kvt::test {
 namespace {
@@ -76,7 +77,9 @@ TEST_F(DrawTest, TheImageIsWhatTheViewShows) {
     // A mark is black on white, wherever it stands; twice it is gone.
     Controls().mnuBackground.Checked = true;
     Draw().Redraw();
-    const auto shown = [&] { return Platform.Pictures.Paint(Field(), {1500, 1500, 300, 300}).Points; };
+    const auto shown = [&] {
+        return PaintPicture(Field(), {1500, 1500, 300, 300}, 1.0 / 15, Field().Operations()).Points;
+    };
     const auto before = shown();
     Draw().Measure.DrawMark(1650, 1650);
     EXPECT_EQ(shown()[10 * 20 + 12], 0u);
