@@ -63,7 +63,8 @@ bool HasField(const DrawOperation& operation, const OperationFieldName& field) {
 class DrawnFile {
 public:
     explicit DrawnFile(const std::string& file)
-        : Loaded(file), window_(Loaded.Bench->Draw.Controls.frmDraw, Loaded.Platform.Screen) {
+        : Loaded(file),
+          window_(Loaded.Bench->Draw.Controls.frmDraw, Loaded.Platform.Screen, Loaded.Platform.Focus) {
         if (Loaded.Error()) return;
         DrawWindow& draw = Loaded.Bench->Draw;
         Loaded.Platform.System.Watch(draw.Controls.frmDraw);

@@ -56,6 +56,8 @@ DrawWindow::DrawWindow(const Rooms& rooms)
       pieces_{parts_, View, Sim, Listing, Editor, [this] { PositionControls(); }} {
     Form& form = Controls.frmDraw;
     form.OnActivate = [this] { Form_Activate(); };
+    for (Form* window : {&form, &Listing.frmProgramWindow})
+        window->OnLostFocus = [this] { Form_LostFocus(); };
     form.OnResize = [this] { Form_Resize(); };
     form.OnQueryUnload = [this] { Form_QueryUnload(); };
     form.OnKeyDown = [this](int pressed, int held) {
@@ -65,7 +67,6 @@ DrawWindow::DrawWindow(const Rooms& rooms)
     Controls.cmdRedraw.OnClick = [this] { cmdRedraw_Click(); };
     WireMenus();
     WireField();
-    SetFillStyle(Controls);
 }
 
 // An entry that changes what is drawn.
@@ -75,7 +76,7 @@ void DrawWindow::WireMenus() {
           &Controls.mnuToolCenter, &Controls.mnuGrid, &Controls.mnuBackground}) {
         entry->OnClick = [this, entry] {
             entry->Checked = !entry->Checked;
-            SetFillStyle(Controls);
+            if (entry == &Controls.mnuFillCycles || entry == &Controls.mnuGrid) SetFillStyle(Controls);
             if (Controls.mnuAutoRedraw.Checked) Redraw();
         };
     }
@@ -126,6 +127,8 @@ void DrawWindow::Redraw() {
         redrawAsked_ = false;
         State.LeaveWalk = false;
         State.Turns = 0;
+        // A program without a travel yet waits for its first.
+        if (State.FitNext) State.FitNext = !View.Fit();
         RunPasses();
         Controls.pbxDrawField.Cross = FieldPlace();
         Editor.End();
@@ -155,6 +158,18 @@ void DrawWindow::Show() {
     if (State.DrawPending) Form_Activate();
 }
 
+void DrawWindow::DrawForUser() {
+    const auto nothingInSight = [this] {
+        return Controls.frmDraw.Visible && !State.Walking && !View.ShowsStroke();
+    };
+    State.FitNext = State.FitNext || nothingInSight();
+    Show();
+    // Edits may have led away from what was in sight, where none of them was drawn.
+    if (Controls.mnuAutoRedraw.Checked || Sim.CheckedSim() != simulation::Run || !nothingInSight()) return;
+    State.FitNext = true;
+    Redraw();
+}
+
 void DrawWindow::Form_Load() {
     ScreenService& screen = parts_.Platform.Screen;
     Form& form = Controls.frmDraw;
@@ -169,8 +184,9 @@ void DrawWindow::Form_Load() {
     View.SetScaleIndex(firstScale);
     Sim.SelectSim(simulation::Run);
     PositionControls();
+    // The marks that the settings bring fill the boxes from the next choice of fill or grid on.
+    Controls.pbxDrawField.FillStyle = fill_style::Transparent;
     kvt::Run(LoadSettings);
-    SetFillStyle(Controls);
     Form_Activate();
     loaded_ = true;
 }
@@ -235,6 +251,12 @@ void DrawWindow::Form_Activate() {
     // 3. Last, for a walk may wait.
     View.Autofit();
     if (std::exchange(State.RedrawRequested, false)) Redraw();
+}
+
+void DrawWindow::Form_LostFocus() {
+    const Control* const focused = parts_.Platform.Focus.Focused();
+    const Form* const taker = focused ? &focused->OwningForm() : nullptr;
+    if (taker != &Controls.frmDraw && taker != &Listing.frmProgramWindow) Listing.Hide();
 }
 
 void DrawWindow::PlaceFramesInRow() {
@@ -309,10 +331,7 @@ void DrawWindow::ShowMenusOfMachine() {
     Controls.mnuToolWidth.Visible = mill;
     Controls.mnuToolCenter.Visible = mill;
     Controls.mnuFillCycles.Visible = !mill;
-    if (mill && Controls.mnuFillCycles.Checked) {
-        Controls.mnuFillCycles.Checked = false;
-        SetFillStyle(Controls);
-    }
+    if (mill) Controls.mnuFillCycles.Checked = false;
 }
 
 void DrawWindow::cmdAutoFit_Click() {

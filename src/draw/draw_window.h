@@ -43,10 +43,14 @@ public:
 
     // Shows the window, fitted to the program; the one that is up is drawn anew.
     void Show();
+    // The same where the user asks for the drawing: one without a stroke in sight is fitted.
+    void DrawForUser();
     // Closes the window; a walk that stands ends.
     void Unload();
 
     void Form_Activate();
+    // The listing goes when the keys go to another window of the program than these two.
+    void Form_LostFocus();
     void Form_Resize();
     void Form_QueryUnload();
     void Form_KeyDown(int key);

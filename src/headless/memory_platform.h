@@ -9,10 +9,10 @@
 
 #include "headless/disk_files.h"
 #include "headless/fault_plan.h"
+#include "headless/memory_focus.h"
 #include "headless/memory_port.h"
 #include "headless/memory_printer.h"
 #include "headless/system_programs.h"
-#include "platform/focus_keeper.h"
 #include "platform/services.h"
 
 namespace kvt {
@@ -150,8 +150,6 @@ private:
     std::vector<std::unique_ptr<TimerPhase>> timers_;
 };
 
-using MemoryFocus = FocusKeeper;
-
 // The memory half of the platform: all services without a display. Files are those of the disk.
 class MemoryPlatform {
 public:
@@ -160,7 +158,7 @@ public:
     MemoryDialogs Dialogs;
     MemoryClipboard Clipboard{Faults};
     MemoryScreen Screen;
-    FocusKeeper Focus;
+    MemoryFocus Focus;
     MemorySystem System{Focus, &Clipboard};
     MemoryPort Port{Faults, System.Clock};
     MemoryPrinter Printer{Faults};
@@ -174,7 +172,7 @@ public:
 
     // For a new run of the program: its windows have gone, with the focus; what lies outside it stays.
     void BeginRun() {
-        Focus = FocusKeeper();
+        Focus = MemoryFocus();
         System.BeginRun();
         Port.Reset();
         Port.OnComm = nullptr;

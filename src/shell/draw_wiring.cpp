@@ -13,7 +13,7 @@ void mnuDraw_Click(Workbench& bench) {
     // A walk may take its time: the window comes forward before it.
     Form& window = bench.Draw.Controls.frmDraw;
     if (window.Visible && !bench.Draw.State.DrawPending) window.BringToFront();
-    bench.Draw.Show();
+    bench.Draw.DrawForUser();
     bench.Draw.Controls.frmDraw.BringToFront();
 }
 
@@ -23,8 +23,9 @@ void GoToCodeField(Workbench& bench) {
 
 void ShowEditor(Workbench& bench) {
     bench.frmMain.Visible = true;
-    bench.frmMain.BringToFront();
+    // First, so that the field that had the keys last is not passed through on the way.
     GoToCodeField(bench);
+    bench.frmMain.BringToFront();
 }
 
 }  // namespace
@@ -35,9 +36,11 @@ void WireDrawing(Workbench& bench) {
     button.OnClick = [&bench] { mnuDraw_Click(bench); };
     bench.Main.mnuDraw.OnClick = [&bench] { mnuDraw_Click(bench); };
     DrawWindow& draw = bench.Draw;
-    // From below the drawing is repainted where it is, not brought up.
+    // From below the drawing is repainted where it is, not brought up: another program has come into the editor.
     bench.Calls.mnuDraw_Click = [&draw] {
-        if (draw.Controls.frmDraw.Visible) draw.Show();
+        if (!draw.Controls.frmDraw.Visible) return;
+        draw.State.FitNext = true;
+        draw.Show();
     };
     bench.Calls.RedrawAfterEdit = [&draw] {
         if (draw.Controls.frmDraw.Visible && draw.Controls.mnuAutoRedraw.Checked) draw.Show();
