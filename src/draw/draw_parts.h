@@ -42,6 +42,10 @@ struct DrawState {
     std::int16_t TimerTicks = 0;
 
     bool AutoFitPending = false;
+    // The next drawing is fitted: it is of another program, or nothing of it was in sight.
+    bool FitNext = false;
+    // The number of the drawing's first stroke behind ground, grid and zero point, in all the field's life.
+    long long FirstStroke = 0;
     // The window is being brought up; a Redraw is wanted when it is there.
     bool DrawPending = false;
     bool RedrawRequested = false;

@@ -139,7 +139,10 @@ void DrawProgram::Begin() {
     state_.DrawAbsolute = false;
     state_.StepPressed = false;
     state_.DrawRadius = mill_;
-    if (full) pieces_.View.MakeZeroPoint();
+    if (full) {
+        pieces_.View.MakeZeroPoint();
+        state_.FirstStroke = field_.OperationsBefore() + static_cast<long long>(field_.Operations().size());
+    }
     // 8., 12. The Abort button is there for the whole length of every walk.
     controls_.cmdAutoFit.Enabled = false;
     controls_.cmdRedraw.Enabled = false;

@@ -65,6 +65,8 @@ DrawWindow::DrawWindow(const Rooms& rooms)
       pieces_{parts_, View, Sim, Listing, Editor, [this] { PositionControls(); }} {
     Form& form = Controls.frmDraw;
     form.OnActivate = [this] { Form_Activate(); };
+    for (Form* window : {&form, &Listing.frmProgramWindow})
+        window->OnLostFocus = [this] { Form_LostFocus(); };
     form.OnResize = [this] { Form_Resize(); };
     form.OnQueryUnload = [this] { Form_QueryUnload(); };
     form.OnKeyDown = [this](int pressed, int held) {
@@ -74,7 +76,6 @@ DrawWindow::DrawWindow(const Rooms& rooms)
     Controls.cmdRedraw.OnClick = [this] { cmdRedraw_Click(); };
     WireMenus();
     WireField();
-    SetFillStyle(Controls);
 }
 
 // An entry that changes what is drawn.
@@ -84,7 +85,7 @@ void DrawWindow::WireMenus() {
           &Controls.mnuToolCenter, &Controls.mnuGrid, &Controls.mnuBackground}) {
         entry->OnClick = [this, entry] {
             entry->Checked = !entry->Checked;
-            SetFillStyle(Controls);
+            if (entry == &Controls.mnuFillCycles || entry == &Controls.mnuGrid) SetFillStyle(Controls);
             if (Controls.mnuAutoRedraw.Checked) Redraw();
         };
     }
@@ -136,6 +137,8 @@ void DrawWindow::Redraw() {
         State.LeaveWalk = false;
         State.Released = false;
         State.Turns = 0;
+        // A program without a travel yet waits for its first.
+        if (State.FitNext) State.FitNext = !View.Fit();
         RunPasses();
         Controls.pbxDrawField.Cross = FieldPlace();
         Editor.End();
@@ -194,6 +197,18 @@ void DrawWindow::BringUp() {
     Controls.frmDraw.Visible = true;
 }
 
+void DrawWindow::DrawForUser() {
+    const auto nothingInSight = [this] {
+        return Controls.frmDraw.Visible && !State.Walking && !View.ShowsStroke();
+    };
+    State.FitNext = State.FitNext || nothingInSight();
+    Show();
+    // Edits may have led away from what was in sight, where none of them was drawn.
+    if (Controls.mnuAutoRedraw.Checked || Sim.CheckedSim() != simulation::Run || !nothingInSight()) return;
+    State.FitNext = true;
+    Redraw();
+}
+
 void DrawWindow::Form_Load() {
     ScreenService& screen = parts_.Platform.Screen;
     Form& form = Controls.frmDraw;
@@ -208,8 +223,9 @@ void DrawWindow::Form_Load() {
     View.SetScaleIndex(firstScale);
     Sim.SelectSim(simulation::Run);
     PositionControls();
+    // The marks that the settings bring fill the boxes from the next choice of fill or grid on.
+    Controls.pbxDrawField.FillStyle = fill_style::Transparent;
     kvt::Run(LoadSettings);
-    SetFillStyle(Controls);
     Form_Activate();
     loaded_ = true;
 }
@@ -284,6 +300,12 @@ void DrawWindow::TakeOnProgram() {
     Controls.lblDiameter.Caption = "\xD8";
 }
 
+void DrawWindow::Form_LostFocus() {
+    const Control* const focused = parts_.Platform.Focus.Focused();
+    const Form* const taker = focused ? &focused->OwningForm() : nullptr;
+    if (taker != &Controls.frmDraw && taker != &Listing.frmProgramWindow) Listing.Hide();
+}
+
 void DrawWindow::PlaceFramesInRow() {
     const bool roomy = Controls.frmDraw.Width >= roomyWidth;
     Controls.FillFrames(roomy ? wideField : narrowField);
@@ -356,10 +378,7 @@ void DrawWindow::ShowMenusOfMachine() {
     Controls.mnuToolWidth.Visible = mill;
     Controls.mnuToolCenter.Visible = mill;
     Controls.mnuFillCycles.Visible = !mill;
-    if (mill && Controls.mnuFillCycles.Checked) {
-        Controls.mnuFillCycles.Checked = false;
-        SetFillStyle(Controls);
-    }
+    if (mill) Controls.mnuFillCycles.Checked = false;
 }
 
 void DrawWindow::cmdAutoFit_Click() {

@@ -45,6 +45,8 @@ public:
 
     // Shows the window, fitted to the program; the one that is up is drawn anew.
     void Show();
+    // The same where the user asks for the drawing: one without a stroke in sight is fitted.
+    void DrawForUser();
     // The same behind the editor, with which the keys stay.
     void ShowBehindEditor();
     // Draws anew as Show does, if the window is up, when the handler that asks for it has ended: a drawing may wait,
@@ -56,6 +58,8 @@ public:
     void Unload();
 
     void Form_Activate();
+    // The listing goes when the keys go to another window of the program than these two.
+    void Form_LostFocus();
     void Form_Resize();
     void Form_QueryUnload();
     void Form_KeyDown(int key);

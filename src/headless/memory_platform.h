@@ -9,11 +9,10 @@
 
 #include "headless/disk_files.h"
 #include "headless/fault_plan.h"
-#include "headless/memory_pictures.h"
+#include "headless/memory_focus.h"
 #include "headless/memory_port.h"
 #include "headless/memory_printer.h"
 #include "headless/system_programs.h"
-#include "platform/focus_keeper.h"
 #include "platform/services.h"
 
 namespace kvt {
@@ -64,6 +63,7 @@ public:
     int Width() override { return WidthTwips; }
     int Height() override { return HeightTwips; }
     int WorkAreaHeight() override { return WorkAreaTwips; }
+    double PointsATwip() override { return 1.0 / 15; }
 
     int WidthTwips = 28800;
     int HeightTwips = 16200;
@@ -160,8 +160,6 @@ private:
     int depth_ = 0;  // of handlers
 };
 
-using MemoryFocus = FocusKeeper;
-
 // The memory half of the platform: all services without a display. Files are those of the disk.
 class MemoryPlatform {
 public:
@@ -170,15 +168,13 @@ public:
     MemoryDialogs Dialogs;
     MemoryClipboard Clipboard{Faults};
     MemoryScreen Screen;
-    FocusKeeper Focus;
+    MemoryFocus Focus;
     MemorySystem System{Focus, &Clipboard};
     MemoryPort Port{Faults, System.Clock};
     MemoryPrinter Printer{Faults};
     MemoryPrograms Programs{Faults};
-    MemoryPictures Pictures;
 
-    kvt::Services Services{Files, Dialogs, Clipboard, Screen,   System,
-                           Focus, Port,    Printer,   Programs, Pictures};
+    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port, Printer, Programs};
 
     MemoryPlatform() {
         System.OnClock = [this] { Port.ClockMoved(); };
@@ -186,7 +182,7 @@ public:
 
     // For a new run of the program: its windows have gone, with the focus; what lies outside it stays.
     void BeginRun() {
-        Focus = FocusKeeper();
+        Focus = MemoryFocus();
         System.BeginRun();
         Port.Reset();
         Port.OnComm = nullptr;

@@ -90,6 +90,8 @@ public:
     virtual int Width() = 0;
     virtual int Height() = 0;
     virtual int WorkAreaHeight() = 0;
+    // How fine it is: the points of a picture that shows what it shows.
+    virtual double PointsATwip() = 0;
 };
 
 class SystemService {
@@ -139,7 +141,6 @@ struct Services {
     SerialPort& Port;
     PrinterService& Printer;
     ProgramService& Programs;
-    PictureService& Pictures;
 };
 
 }  // namespace kvt

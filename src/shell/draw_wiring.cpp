@@ -13,7 +13,7 @@ void mnuDraw_Click(Workbench& bench) {
     // A walk may take its time: the window comes forward before it.
     Form& window = bench.Draw.Controls.frmDraw;
     if (window.Visible && !bench.Draw.State.DrawPending) window.BringToFront();
-    bench.Draw.Show();
+    bench.Draw.DrawForUser();
     bench.Draw.Controls.frmDraw.BringToFront();
 }
 
@@ -25,8 +25,9 @@ void ShowEditor(Workbench& bench) {
     bench.Draw.Editor.GiveBack();
     bench.Draw.Editor.ScrollBack();
     bench.frmMain.Visible = true;
-    bench.frmMain.BringToFront();
+    // First, so that the field that had the keys last is not passed through on the way.
     GoToCodeField(bench);
+    bench.frmMain.BringToFront();
 }
 
 }  // namespace
@@ -37,9 +38,11 @@ void WireDrawing(Workbench& bench) {
     button.OnClick = [&bench] { mnuDraw_Click(bench); };
     bench.Main.mnuDraw.OnClick = [&bench] { mnuDraw_Click(bench); };
     DrawWindow& draw = bench.Draw;
-    // From below the drawing is repainted where it is, not brought up. The program of a walk that stands has gone.
+    // From below the drawing is repainted where it is, not brought up: another program has come into the editor, and
+    // that of a walk that stands has gone.
     bench.Calls.mnuDraw_Click = [&draw] {
         if (draw.State.Walking) draw.State.StopRequested = true;
+        if (draw.Controls.frmDraw.Visible) draw.State.FitNext = true;
         draw.ShowLater();
     };
     bench.Calls.RedrawAfterEdit = [&draw] {
