@@ -147,7 +147,8 @@ int main(int argc, char** argv) {
     BringPreProcessors(system.LocalDataFolder());
     kvt::Workbench workbench(platform.Services);
     workbench.Modules.StartFolder = kvt::PathText(QApplication::applicationDirPath()) + "/";
-    workbench.Form_Load(kvt::PathText(options.File));
+    // In quotes, so that the name keeps the blanks at its ends.
+    workbench.Form_Load(options.File.isEmpty() ? std::string() : "\"" + kvt::PathText(options.File) + "\"");
     if (system.Ended()) return 0;
 
     kvt::Form& main = workbench.frmMain;

@@ -31,6 +31,8 @@ public:
     virtual void WriteWhole(std::string_view path, std::string_view content) = 0;
     // Adds to a file's end and makes the file where it is missing; error 75.
     virtual void Append(std::string_view path, std::string_view content) = 0;
+    // Whether files can be made in a folder, so far as one can tell beforehand.
+    virtual bool CanWrite(std::string_view folder) = 0;
     // No file is error 53, another failure error 75.
     virtual void Delete(std::string_view path) = 0;
     // Makes a folder with its parents; one that exists is fine. Error 75.

@@ -152,7 +152,11 @@ void MainWindow::Form_Load(std::string_view commandLine) {
     RefreshTitle();
     // 10.
     if (bench_.Entry.txtGMcode.ReallyVisible()) platform.Focus.SetFocus(bench_.Entry.txtGMcode);
-    if (!foldersMade) bench_.TellUnkept();
+    bench_.Settings.TellMissingFile();
+    // Told now, while the user can still do something about it.
+    const bool kept =
+        platform.Files.CanWrite(Folders.DataFolder) && platform.Files.CanWrite(Folders.SettingsFolder);
+    if (!foldersMade || !kept) bench_.TellUnkept();
 }
 
 void MainWindow::EndWithoutPrinter() {
@@ -218,7 +222,7 @@ void MainWindow::tmr1sec_Timer() {
     if (!bench_.ControlsOn) return;
     MainControls& main = bench_.Main;
     ProgramStore& store = bench_.Store;
-    const bool changed = store.ProgramChanged;
+    const bool changed = store.Unsaved();
     // 1.
     main.mnuSaveAs.Enabled = true;
     main.cmdTopButtons[top_button::Save]->Enabled = changed;
@@ -267,7 +271,7 @@ void MainWindow::RefreshTitle() {
     std::string title = programName;
     const std::string_view name = ExtractFileName(bench_.File.lblPath.Caption);
     if (!name.empty()) title += " - " + std::string(name);
-    if (bench_.Store.ProgramChanged) title += " *";
+    if (bench_.Store.Unsaved()) title += " *";
     bench_.frmMain.Caption = title;
 }
 
@@ -293,7 +297,7 @@ void MainWindow::mnuExit_Click() {
     ProgramStore& store = bench_.Store;
     bool dropped = false;
     // 1. There is no way back from this question.
-    if (store.LineCount() > 0 && store.ProgramChanged) {
+    if (store.LineCount() > 0 && store.Unsaved()) {
         const Texts& texts = bench_.Language;
         const Answer answer = bench_.Platform.Dialogs.ShowMessage(
             Question(texts.MessageTexts(text::SaveNow), texts.MessageTexts(text::ContinueTitle)));
@@ -362,7 +366,7 @@ void MainWindow::ShowPaths() {
 void MainWindow::ChooseMachine(const char* machine) {
     if (!bench_.Settings.Busy) mnuNew_Click();
     // Still unsaved: the user kept the program, and the machine stays.
-    if (!bench_.Store.ProgramChanged) bench_.Store.Machine = machine;
+    if (!bench_.Store.Unsaved()) bench_.Store.Machine = machine;
     bench_.ShowCodeLists();
     bench_.RefreshMachine();
 }

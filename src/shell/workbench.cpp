@@ -78,6 +78,7 @@ Workbench::Workbench(Services& services)
 void Workbench::FillCalls() {
     Calls.cmdReturn_Click = [this] { cmdReturn_Click(); };
     Calls.ClearProgram_Click = [this] { ClearProgram_Click(); };
+    Calls.KeepAside = [this] { return Kept.KeepAside(); };
     Calls.RefreshMachine = [this] { RefreshMachine(); };
     Calls.RefreshTitle = [this] { Window.RefreshTitle(); };
     Calls.ControlsPositioning = [this] { PlaceMainWindow(*this); };
@@ -294,10 +295,12 @@ void Workbench::ClearProgram_Click() {
     // 1.
     cmdReturn_Click();
     // 2.
-    if (Store.LineCount() > 0 && Store.ProgramChanged) {
+    if (Store.LineCount() > 0 && Store.Unsaved()) {
         const Answer answer = Platform.Dialogs.ShowMessage(
             Question(Language.MessageTexts(text::ClearAnyway), Language.MessageTexts(text::ClearTitle)));
         if (answer == Answer::No) return;
+        // He had it saved, so far as he could.
+        if (Store.SaveFailed) Kept.KeepAside();
     }
     // 3. A row of this program is none of the next one.
     Draw.Editor.GiveBack();
@@ -312,7 +315,8 @@ void Workbench::ClearProgram_Click() {
     Entry.frEntry.Caption = Language.EntryCaption;
     Store.ProgramChanged = false;
     Store.EndCodePresent = false;
-    Writer.SaveFailed = false;
+    Store.SaveFailed = false;
+    File.NamesSource = false;
     // 4.
     Interpreter.ClearAxesProperties();
     Layout.ClearEntryFields();
