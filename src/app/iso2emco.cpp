@@ -1,3 +1,4 @@
+#include <csignal>
 #include <cstdio>
 #include <string>
 
@@ -69,7 +70,7 @@ int Convert(FileService& files, const std::string& file, iso::Machine machine) {
     } catch (const iso::Refusal& refusal) {
         if (files.Exists(result)) files.Delete(result);
         std::string why = refusal.Line > 0 ? "Line " + PlainNumber(refusal.Line) + ": " : std::string();
-        why += refusal.Why + ".\r\n";
+        why += refusal.Description + ".\r\n";
         files.WriteWhole(file + ".~ppERR", why);
         return notConverted;
     }
@@ -86,12 +87,9 @@ int main(int argc, char** argv) {
     // A file name with blanks arrives in pieces.
     std::string name = argv[1];
     for (int i = 2; i < argc; ++i) name += std::string(" ") + argv[i];
-    FaultPlan none;
-    DiskFiles files(none);
-    try {
-        return Convert(files, NameFromSystem(name), machine);
-    } catch (const RunTimeError& error) {
-        std::fprintf(stderr, "iso2emco: %s: %s\n", name.c_str(), error.Description.c_str());
-        return wrongUsage;
-    }
+    // A file that may not grow any more is a write that fails.
+    std::signal(SIGXFSZ, SIG_IGN);
+    DiskFiles files;
+    return RunMain("iso2emco: " + name, wrongUsage,
+                   [&] { return Convert(files, NameFromSystem(name), machine); });
 }

@@ -12,6 +12,7 @@
 #include "basic/text.h"
 #include "console/commands.h"
 #include "console/loaded_file.h"
+#include "console/output_file.h"
 #include "console/state.h"
 #include "headless/memory_window.h"
 
@@ -203,12 +204,14 @@ int DrawPicture(const std::string& file, const std::string& out, const PictureWr
         Complain(out, "is none of .svg, .pdf, .png and .bmp");
         return status::Usage;
     }
+    if (const std::string why = WhyNotWritten(out, file); !why.empty()) return Complain(out, why);
     if (!strokes && !writer) return DrawByWindow(file, out);
     DrawnFile drawn(file);
     if (const char* error = drawn.Loaded.Error()) {
         Complain(file, error);
         return status::Usage;
     }
+    PrepareToWrite(drawn.Loaded.Platform.Disk);
     const DrawingOutput& output = drawn.Loaded.Bench->Draw.Output;
     bool written = false;
     if (strokes) {

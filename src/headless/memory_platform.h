@@ -9,6 +9,7 @@
 
 #include "headless/disk_files.h"
 #include "headless/fault_plan.h"
+#include "headless/faulty_files.h"
 #include "headless/memory_pictures.h"
 #include "headless/memory_port.h"
 #include "headless/memory_printer.h"
@@ -156,7 +157,8 @@ using MemoryFocus = FocusKeeper;
 class MemoryPlatform {
 public:
     FaultPlan Faults;
-    DiskFiles Files{Faults};
+    DiskFiles Disk;
+    FaultyFiles Files{Disk, Faults};
     MemoryDialogs Dialogs;
     MemoryClipboard Clipboard{Faults};
     MemoryScreen Screen;

@@ -13,7 +13,8 @@
 #include <thread>
 
 #include "basic/text.h"
-#include "headless/disk_files.h"
+#include "headless/confinement.h"
+#include "headless/file_names.h"
 
 extern char** environ;
 
@@ -25,11 +26,6 @@ namespace fs = std::filesystem;
 
 constexpr const char* nowhere = "/dev/null";
 constexpr std::chrono::milliseconds lookInterval{5};
-
-bool IsProgram(const std::string& path) {
-    std::error_code ignored;
-    return fs::is_regular_file(path, ignored) && access(path.c_str(), X_OK) == 0;
-}
 
 // What a process begins with: no files of ours, signals as usual, a group of its own.
 class StartConditions {
@@ -87,6 +83,11 @@ void Kill(pid_t process) {
 
 }  // namespace
 
+bool IsProgram(const std::string& path) {
+    std::error_code ignored;
+    return fs::is_regular_file(path, ignored) && access(path.c_str(), X_OK) == 0;
+}
+
 SystemPrograms::~SystemPrograms() {
     for (const auto& [number, process] : running_) Kill(process);
 }
@@ -97,7 +98,17 @@ int SystemPrograms::Start(std::string_view commandLine) {
     if (command.Program.empty()) throw RunTimeError(fault::FileNotFound);
     command.Program = NameForSystem(command.Program);
     for (std::string& argument : command.Arguments) argument = NameForSystem(argument);
-    running_[++lastNumber_] = StartConditions().Spawn(command);
+    // The file that a program is to work on is no option of it.
+    if (!command.Arguments.empty() && command.Arguments.front().front() == '-')
+        command.Arguments.front().insert(0, "./");
+    pid_t process = 0;
+    const auto spawn = [&] { process = StartConditions().Spawn(command); };
+    if (confinedTo_.empty()) {
+        spawn();
+    } else {
+        RunConfined(confinedTo_, spawn);
+    }
+    running_[++lastNumber_] = process;
     return lastNumber_;
 }
 

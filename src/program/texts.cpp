@@ -50,6 +50,7 @@ constexpr DefaultText errorDefaults[] = {
     {23, "Line %1 of %2"},
     {24, "%1 left at %2 baud"},
     {25, "%1 characters, %2 lines"},
+    {30, "could not be written. Nothing was sent."},
 };
 
 constexpr DefaultText messageDefaults[] = {

@@ -70,7 +70,7 @@ inline constexpr int NoLines = 1, DeleteLine = 3, MaximumLines = 4, MustBeNumeri
                      UnknownCode = 9, NoPercent = 10, CannotRead = 11, CannotWrite = 12, OpenTitle = 13,
                      SaveTitle = 14, DeleteTitle = 15, PortProblem = 16, NoPrinter = 17, SerialPort = 18,
                      PortGone = 19, PortGoneAfter = 20, SettingsRefused = 21, ReceivedKept = 22, LineOf = 23,
-                     TimeLeft = 24, ReceivedCount = 25;
+                     TimeLeft = 24, ReceivedCount = 25, NothingSent = 30;
 inline constexpr int SaveNow = 1, ClearAnyway = 2, ContinueTitle = 3, ClearTitle = 4, NoFileSpecified = 5,
                      NoCalculator = 6, StillAtWork = 7, Minimum = 11, Maximum = 12, TheFile = 15,
                      NotACncFile = 16, RecognizingProblem = 17, ProgramVersion = 13, LanguageModule = 14,

@@ -116,16 +116,23 @@ std::string Transmitter::ScratchText() {
     FileService& files = parts_.Platform.Files;
     scratch_ = SettingsFolder + "Transmit.txt";
     if (files.Exists(scratch_)) Attempt([&] { files.Delete(scratch_); });
-    bool written = false;
+    bool whole = false;
+    std::string text;
     Attempt([&] {
         files.WriteWhole(scratch_, parts_.Writer.GenerateAll());
-        written = true;
+        text = files.ReadWhole(scratch_);
+        whole = true;
     });
     metric_ = parts_.Store.Metric;
     mk2_ = parts_.Store.IsMK2();
-    std::string text;
-    if (written) Attempt([&] { text = files.ReadWhole(scratch_); });
+    if (!whole) TellNothingSent();
     return text;
+}
+
+void Transmitter::TellNothingSent() {
+    const Texts& texts = parts_.Language;
+    parts_.Platform.Dialogs.ShowMessage(Notice(FileMessage(texts, scratch_, text::NothingSent),
+                                               texts.ErrorTexts(text::SerialPort), Icon::Exclamation));
 }
 
 void Transmitter::Send(std::string_view text) {

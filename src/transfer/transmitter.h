@@ -52,6 +52,7 @@ private:
     bool Give(std::string_view line);
     void ShowRow(std::string_view line);
     void ShowProgress(int line, int lines, std::size_t charactersLeft);
+    void TellNothingSent();
     void TellVanished();
 
     Parts parts_;

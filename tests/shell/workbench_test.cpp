@@ -180,7 +180,6 @@ TEST_F(WorkbenchTest, AFailureWhileTheReporterRunsIsDropped) {
     // Reports a failure of its own inside every append, then fails.
     class TroubledFiles : public DiskFiles {
     public:
-        using DiskFiles::DiskFiles;
         void Append(std::string_view, std::string_view) override {
             ++Appends;
             Attempt("Append", [] { throw RunTimeError(fault::InvalidCall); });
@@ -188,7 +187,7 @@ TEST_F(WorkbenchTest, AFailureWhileTheReporterRunsIsDropped) {
         }
         int Appends = 0;
     };
-    TroubledFiles files(Platform.Faults);
+    TroubledFiles files;
     Services services{
         files,          Platform.Dialogs, Platform.Clipboard, Platform.Screen,   Platform.System,
         Platform.Focus, Platform.Port,    Platform.Printer,   Platform.Programs, Platform.Pictures};
