@@ -1,16 +1,18 @@
-#include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QTimer>
 #include <QWindow>
 #include <cstdio>
+#include <exception>
 #include <filesystem>
 #include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
 
+#include "basic/run_time_error.h"
 #include "console/drawing.h"
+#include "desktop/application.h"
 #include "desktop/desktop_platform.h"
 #include "desktop/end_signals.h"
 #include "desktop/form_view.h"
@@ -26,6 +28,7 @@ namespace {
 constexpr const char* programName = "Kestrel Vise Toolkit";
 constexpr const char* version = "1.0.0";
 constexpr int wrongUsage = 2;
+constexpr int failed = 1;
 constexpr int lookInterval = 50;  // milliseconds
 constexpr int longestWait = 5000;
 constexpr QSize pictureSize(1280, 800);  // of the drawing window
@@ -155,12 +158,10 @@ void BringPreProcessors(const std::string& dataFolder) {
     }
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int RunProgram(int argc, char** argv) {
     if (TellAboutIt(argc, argv)) return 0;
     if (const int result = DrawAsAsked(argc, argv); result >= 0) return result;
-    QApplication application(argc, argv);
+    kvt::Application application(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(programName));
     Options options;
     QString problem;
@@ -217,4 +218,19 @@ int main(int argc, char** argv) {
     }
     QApplication::exec();
     return !takesPicture || saved ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return RunProgram(argc, argv);
+    } catch (const kvt::RunTimeError& error) {
+        std::fprintf(stderr, "kvt: %s\n", error.Description.c_str());
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "kvt: %s\n", error.what());
+    } catch (...) {
+        std::fprintf(stderr, "kvt: an unknown failure has ended the program\n");
+    }
+    return failed;
 }

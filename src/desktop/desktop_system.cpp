@@ -73,8 +73,8 @@ std::string DesktopSystem::LocalDataFolder() {
 }
 
 void DesktopSystem::PressKey(int pressed) {
-    keys_.push_back({pressed, std::max(depth_, 1)});
-    if (depth_ == 0) SendKeysSoon();
+    keys_.push_back({pressed, std::max<std::size_t>(running_.size(), 1)});
+    if (running_.empty()) SendKeysSoon();
 }
 
 void DesktopSystem::SendKeysSoon() {
@@ -83,7 +83,7 @@ void DesktopSystem::SendKeysSoon() {
 }
 
 void DesktopSystem::SendKeys() {
-    while (!ended_ && !keys_.empty() && keys_.front().Depth > depth_) {
+    while (!ended_ && !keys_.empty() && keys_.front().Depth > running_.size()) {
         const int pressed = keys_.front().Key;
         keys_.pop_front();
         Control* const focused = focus_.Focused();
