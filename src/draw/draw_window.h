@@ -43,6 +43,8 @@ public:
 
     // Shows the window, fitted to the program; the one that is up is drawn anew.
     void Show();
+    // On a larger screen the window begins maximised.
+    static bool BeginsMaximised(ScreenService& screen);
     // Closes the window; a walk that stands ends.
     void Unload();
 

@@ -21,18 +21,11 @@ public:
     void PropertyChanged(Control& control, PropertyId id) override;
 
 private:
-    struct Place {
-        int Left, Top, Width, Height;
-    };
-    Place PlaceNow() const { return {form_.Left, form_.Top, form_.Width, form_.Height}; }
-    void Put(const Place& place);
-    void StateChanged();
+    void Put(const WindowPlace& place);
     void TellResize() const;
 
     Form& form_;
     ScreenService& screen_;
-    WindowState state_;
-    Place normal_;
     bool placing_ = false;
 };
 

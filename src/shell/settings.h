@@ -44,7 +44,7 @@ private:
     void ChooseMachine(const std::string& machine);
     // What stands between the outer double quotes of the command line, if it has any; empty where no such file is.
     std::string FileOfCommandLine() const;
-    void Place(const WindowPlace& place);
+    void Place(const WindowPlace& place, std::optional<WindowState> state);
     void Centre();
     bool LastFileExists() const;
     std::string InFolder(const char* name) const;
