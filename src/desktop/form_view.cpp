@@ -35,6 +35,7 @@ int Layer(const Control& control) {
         case ControlKind::RichText: return 2;
         case ControlKind::Frame:
         case ControlKind::TabStrip: return 3;
+        case ControlKind::ListBox: return static_cast<const ListBox&>(control).InFront ? 5 : 4;
         default: return 4;
     }
 }

@@ -332,6 +332,8 @@ public:
     const std::vector<std::string>& Entries() const { return entries_; }
     // Characters of one width; set before it is shown.
     bool FixedPitch = false;
+    // Lies over other lists that it reaches into. Set before it is shown.
+    bool InFront = false;
 
 protected:
     ListBox(Form& form, std::string_view name, ControlKind kind) : Control(form, kind, name) {}
