@@ -1,7 +1,6 @@
 #pragma once
 
 #include "desktop/desktop_dialogs.h"
-#include "desktop/desktop_pictures.h"
 #include "desktop/desktop_port.h"
 #include "desktop/desktop_printer.h"
 #include "desktop/view.h"
@@ -25,6 +24,7 @@ public:
     int Height() override;
     int WorkAreaHeight() override;
     WindowPlace OnScreen(const WindowPlace& place) override;
+    double PointsATwip() override;
 
 private:
     const Scale& lengths_;
@@ -50,7 +50,6 @@ private:
     DesktopScreen screen_;
     DesktopPort port_;
     DesktopPrinter printer_;
-    DesktopPictures pictures_;
 };
 
 }  // namespace kvt

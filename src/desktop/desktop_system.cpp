@@ -97,6 +97,35 @@ void DesktopSystem::SendKeys() {
     }
 }
 
+void DesktopSystem::Later(std::function<void()> call) {
+    putOff_.push_back({std::move(call), Running(), std::max<std::size_t>(running_.size(), 1)});
+    if (running_.empty()) RunPutOffSoon();
+}
+
+void DesktopSystem::RunPutOffSoon() {
+    QMetaObject::invokeMethod(
+        &later_, [this] { RunPutOff(); }, Qt::QueuedConnection);
+}
+
+// One that stands below on the stack, in a wait, is not through yet: what it has put off stays for its own end.
+void DesktopSystem::RunPutOff() {
+    const auto due = [this] {
+        return std::find_if(putOff_.begin(), putOff_.end(),
+                            [this](const PutOffCall& one) { return one.Depth > running_.size(); });
+    };
+    for (auto next = due(); next != putOff_.end() && !ended_; next = due()) {
+        const PutOffCall one = std::move(*next);
+        putOff_.erase(next);
+        running_.push_back(one.Asker);
+        try {
+            one.Call();
+        } catch (...) {
+            TellFailure("Later");
+        }
+        running_.pop_back();
+    }
+}
+
 void DesktopSystem::Beep() { QApplication::beep(); }
 
 void DesktopSystem::ShowPopupMenu(Menu& menu) {

@@ -24,6 +24,7 @@ public:
     std::tm Now() override;
     std::string LocalDataFolder() override;
     void PressKey(int key) override;
+    void Later(std::function<void()> call) override;
     void Beep() override;
     void ShowPopupMenu(Menu& menu) override;
     void EndProgram() override;
@@ -42,6 +43,7 @@ public:
         }
         running_.pop_back();
         if (!keys_.empty()) SendKeysSoon();
+        if (!putOff_.empty()) RunPutOffSoon();
     }
 
     // The form whose handler is at work, the innermost one; null where none is.
@@ -55,7 +57,14 @@ private:
         int Key;
         std::size_t Depth;  // of the handler that pressed it
     };
+    struct PutOffCall {
+        std::function<void()> Call;
+        const Form* Asker;
+        std::size_t Depth;  // of the handler that has put it off
+    };
     void SendKeysSoon();
+    void RunPutOffSoon();
+    void RunPutOff();
 
     DesktopFocus& focus_;
     QObject later_;
@@ -63,6 +72,7 @@ private:
     QElapsedTimer sinceBreath_;
     std::deque<PressedKey> keys_;
     std::vector<const Form*> running_;
+    std::deque<PutOffCall> putOff_;
     bool ended_ = false;
 };
 

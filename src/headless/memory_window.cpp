@@ -2,7 +2,8 @@
 
 namespace kvt {
 
-MemoryWindow::MemoryWindow(Form& form, ScreenService& screen) : form_(form), screen_(screen) {
+MemoryWindow::MemoryWindow(Form& form, ScreenService& screen, MemoryFocus& focus)
+    : form_(form), screen_(screen), focus_(focus) {
     form_.View = this;
 }
 
@@ -15,6 +16,8 @@ void MemoryWindow::Resize(int width, int height) {
 
 void MemoryWindow::PropertyChanged(Control&, PropertyId id) {
     if (placing_) return;
+    if (id == PropertyId::Visible && !form_.Visible) return focus_.Gone(form_);
+    if ((id == PropertyId::Visible || id == PropertyId::Front) && !form_.TopMost) focus_.BringToFront(form_);
     if (id != PropertyId::WindowState) return;
     if (form_.State == WindowState::Maximised) Put({screen_.WorkAreaHeight(), 0, 0, screen_.Width()});
     TellResize();
