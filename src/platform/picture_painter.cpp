@@ -5,6 +5,8 @@
 #include <numbers>
 #include <utility>
 
+#include "platform/operations.h"
+
 namespace kvt {
 
 namespace {
@@ -286,11 +288,10 @@ private:
 
 }  // namespace
 
-Pixels PaintPicture(const PictureBox& field, const FieldArea& area, double pointsATwip,
-                    std::span<const DrawOperation> operations) {
+Pixels PaintPicture(const PictureBox& field, const FieldArea& area, double pointsATwip) {
     PicturePainter painter(field, area, pointsATwip);
     painter.PaintKept();
-    for (const DrawOperation& one : operations) painter.Paint(one);
+    for (const DrawOperation& one : SeenIn(field.Operations(), area)) painter.Paint(one);
     return painter.Take();
 }
 

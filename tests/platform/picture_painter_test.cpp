@@ -29,8 +29,7 @@ protected:
         field.BoxTo(x2 * 15, y2 * 15);
     }
     Pixels Paint(double left = 0, double top = 0, double width = 100, double height = 60, double scale = 1) {
-        return PaintPicture(field, {left * 15, top * 15, width * 15, height * 15}, scale / 15,
-                            field.Operations());
+        return PaintPicture(field, {left * 15, top * 15, width * 15, height * 15}, scale / 15);
     }
     Color At(int x, int y) {
         const Pixels picture = Paint();
