@@ -120,7 +120,7 @@ TEST_F(PainterTest, BoxesHaveTheirFills) {
 
 TEST_F(PainterTest, DotsAndInversions) {
     field.DrawStyle = draw_style::Dotted;
-    Line(10, 10, 90, 10);
+    Line(10, 10.3, 90, 10.3);
     int lit = 0;
     for (int x = 10; x < 90; ++x) lit += At(x, 10) == red ? 1 : 0;
     EXPECT_EQ(lit, 40);
