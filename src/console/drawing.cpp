@@ -120,6 +120,15 @@ bool IsSameFile(const std::string& one, const std::string& other) {
     return std::filesystem::equivalent(one, other, none) && !none;
 }
 
+// What a name leads to, where that is a link to something that is named as no picture; empty otherwise.
+std::string ForeignTarget(const std::string& out) {
+    namespace fs = std::filesystem;
+    std::error_code none;
+    if (!fs::is_symlink(out, none)) return {};
+    const std::string target = fs::weakly_canonical(out, none).string();
+    return none || IsPictureKind(PictureKindOf(target)) ? std::string() : target;
+}
+
 }  // namespace
 
 std::string_view OperationName(const DrawOperation& operation) {
@@ -186,6 +195,10 @@ int DrawPicture(const std::string& file, const std::string& out) {
     }
     if (IsSameFile(file, out)) {
         Complain(out, "is the program itself, the picture needs another name");
+        return status::Usage;
+    }
+    if (const std::string target = ForeignTarget(out); !target.empty()) {
+        Complain(out, "leads to " + target + ", which is no picture");
         return status::Usage;
     }
     DrawnFile drawn(file);
