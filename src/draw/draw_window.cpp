@@ -228,6 +228,8 @@ void DrawWindow::Unload() {
     State.StopRequested = false;
     State.DrawPending = false;
     loaded_ = false;
+    Editor.GiveBack();
+    Editor.ScrollBack();
     if (hadKeys) kvt::Run(GiveKeysBack);
 }
 
