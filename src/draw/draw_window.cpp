@@ -244,6 +244,8 @@ void DrawWindow::Unload() {
     State.StopRequested = false;
     State.DrawPending = false;
     loaded_ = false;
+    Editor.GiveBack();
+    Editor.ScrollBack();
     if (hadKeys) kvt::Run(GiveKeysBack);
 }
 

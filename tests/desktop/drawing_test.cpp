@@ -1,3 +1,4 @@
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QClipboard>
 #include <QElapsedTimer>
@@ -83,6 +84,40 @@ TEST_F(DesktopDrawing, ASpeedHoldsItsPaceAndWaitsAreIdle) {
     bench.Draw.Redraw();
     std::printf("waiting for a step: processor %.1f %%\n", share * 100);
     EXPECT_LT(share, 0.05);
+}
+
+// The list has followed the drawing, away from the user's own row; the press may come before the window is active or
+// after it.
+TEST_F(DesktopDrawing, APressInTheListFindsTheRowThatIsSeen) {
+    Open("mk4_roller.cnc");
+    ListView& list = bench.Store.lvCncProgram;
+    auto* const area = static_cast<QAbstractScrollArea*>(View::Of(list)->Widget());
+    for (const int behind : {0, 2}) {
+        for (const bool active : {false, true}) {
+            bench.Draw.Show();
+            list.Select(2);
+            list.ScrollTo(1);
+            bench.Draw.Sim.SelectSim(simulation::Step);
+            platform.Services.Focus.SetFocus(Controls().pbxDrawField);
+            QTimer user;
+            user.callOnTimeout([&] {
+                if (!bench.Draw.State.Walking || !Controls().cmdStep.Enabled) return;
+                if (list.TopRow() < 4) return Controls().cmdStep.Click();
+                user.stop();
+                // The walk's own row too.
+                const int row = behind == 0 ? list.SelectedRow() : list.TopRow() + behind;
+                const int place = ListView::HeaderHeight + ListView::RowHeight * (row - list.TopRow());
+                if (active) bench.frmMain.OnActivate();
+                QTest::mouseClick(area->viewport(), Qt::LeftButton, {}, {40, place / 15 + 8});
+                EXPECT_EQ(list.SelectedRow(), row);
+                EXPECT_EQ(platform.Services.Focus.Focused(), &bench.Entry.txtGMcode);
+                bench.Draw.Form_QueryUnload();
+            });
+            user.start(1);
+            bench.Draw.Redraw();
+            EXPECT_FALSE(user.isActive());
+        }
+    }
 }
 
 TEST_F(DesktopDrawing, TheFieldsFollowTheMouseWithinAFrame) {
