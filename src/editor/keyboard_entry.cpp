@@ -281,7 +281,9 @@ void KeyboardEntry::CheckCode() {
             codeChanged_ = false;
             modeKeyUsed_ = false;
             parts_.Layout.InputFields(text);
-            if (parts_.View.chkViewGcode.Value != 0) parts_.Layout.CodeDescription();
+            // The line in its own row keeps its comment.
+            const bool itself = KeepsComment(entry) && entry.Opened.Place == list.SelectedRow();
+            if (parts_.View.chkViewGcode.Value != 0 && !itself) parts_.Layout.CodeDescription();
         }
     }
     // 7.
