@@ -145,6 +145,23 @@ void DiskFiles::WriteWhole(std::string_view path, std::string_view content) {
     }
 }
 
+void DiskFiles::WriteNew(std::string_view path, std::string_view content) {
+    faults_.Pass(service_, fault::PathFileAccess);
+    const fs::path target = PathOf(path);
+    const fs::path fresh = FreshName(target);
+    std::error_code failed;
+    bool written = WriteStream(fresh, content);
+    if (written) {
+        fs::rename(fresh, target, failed);
+        written = !failed;
+    }
+    if (written) return;
+    fs::remove(fresh, failed);
+    AccessError();
+}
+
+bool DiskFiles::CanWrite(std::string_view folder) { return access(PathOf(folder).c_str(), W_OK | X_OK) == 0; }
+
 void DiskFiles::Append(std::string_view path, std::string_view content) {
     faults_.Pass(service_, fault::PathFileAccess);
     std::ofstream stream(PathOf(path), std::ios::binary | std::ios::app);

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <map>
+#include <set>
 
 #include "headless/fault_plan.h"
 #include "platform/programs.h"
@@ -19,13 +20,15 @@ public:
     SystemPrograms(const SystemPrograms&) = delete;
     SystemPrograms& operator=(const SystemPrograms&) = delete;
 
-    int Start(std::string_view commandLine) override;
+    int Start(std::string_view commandLine, std::string_view file) override;
     bool HasEnded(int program) override;
+    bool WasCutOff(int program) override { return cutOff_.contains(program); }
     void End(int program) override;
     bool Launch(std::string_view name) override;
 
 private:
     std::map<int, pid_t> running_;
+    std::set<int> cutOff_;
     std::vector<pid_t> launched_;
     int lastNumber_ = 0;
 };
@@ -36,8 +39,9 @@ class MemoryPrograms : public ProgramService {
 public:
     explicit MemoryPrograms(FaultPlan& faults) : faults_(faults) {}
 
-    int Start(std::string_view commandLine) override;
+    int Start(std::string_view commandLine, std::string_view file) override;
     bool HasEnded(int program) override;
+    bool WasCutOff(int program) override { return real_.WasCutOff(program); }
     void End(int program) override { real_.End(program); }
     bool Launch(std::string_view name) override;
 

@@ -78,6 +78,7 @@ Workbench::Workbench(Services& services)
 void Workbench::FillCalls() {
     Calls.cmdReturn_Click = [this] { cmdReturn_Click(); };
     Calls.ClearProgram_Click = [this] { ClearProgram_Click(); };
+    Calls.KeepAside = [this] { return Kept.KeepAside(); };
     Calls.RefreshMachine = [this] { RefreshMachine(); };
     Calls.RefreshTitle = [this] { Window.RefreshTitle(); };
     Calls.ControlsPositioning = [this] { PlaceMainWindow(*this); };
@@ -294,12 +295,15 @@ void Workbench::ClearProgram_Click() {
     // 1.
     cmdReturn_Click();
     // 2.
-    if (Store.LineCount() > 0 && Store.ProgramChanged) {
+    if (Store.LineCount() > 0 && Store.Unsaved()) {
         const Answer answer = Platform.Dialogs.ShowMessage(
             Question(Language.MessageTexts(text::ClearAnyway), Language.MessageTexts(text::ClearTitle)));
         if (answer == Answer::No) return;
+        // He had it saved, so far as he could.
+        if (Store.SaveFailed) Kept.KeepAside();
     }
-    // 3.
+    // 3. A row of this program is none of the next one.
+    Draw.Editor.GiveBack();
     Store.lvCncProgram.Clear();
     Entry.txtGMcode.Text = "";
     Entry.txtComment.Text = "";
@@ -311,7 +315,8 @@ void Workbench::ClearProgram_Click() {
     Entry.frEntry.Caption = Language.EntryCaption;
     Store.ProgramChanged = false;
     Store.EndCodePresent = false;
-    Writer.SaveFailed = false;
+    Store.SaveFailed = false;
+    File.NamesSource = false;
     // 4.
     Interpreter.ClearAxesProperties();
     Layout.ClearEntryFields();
@@ -319,11 +324,11 @@ void Workbench::ClearProgram_Click() {
     View.MakeLinePropertiesColumns();
     RefreshMachine();
     Interpreter.Interpreter();
-    // 5.
-    Run(Calls.mnuDraw_Click);
     // 6.
     ShowCodeLists();
     if (Entry.txtGMcode.ReallyVisible()) Platform.Focus.SetFocus(Entry.txtGMcode);
+    // 5. Last: a drawing that waits then finds all of it gone.
+    Run(Calls.mnuDraw_Click);
 }
 
 void Workbench::ShowMachineName() {
