@@ -25,12 +25,14 @@ constexpr PropertyId allProperties[] = {
     PropertyId::MousePointer, PropertyId::Enabled, PropertyId::Visible,
 };
 
-// What lies over what: documents and pictures over the list, frames and tabs over these, the rest on top.
+// What lies over what: documents, pictures and lists of codes over the list, frames and tabs over these, the rest on
+// top.
 int Layer(const Control& control) {
     switch (control.Kind()) {
         case ControlKind::ListView: return 0;
         case ControlKind::PictureBox: return 1;
         case ControlKind::RichText: return 2;
+        case ControlKind::ListBox: return 2;
         case ControlKind::Frame:
         case ControlKind::TabStrip: return 3;
         default: return 4;

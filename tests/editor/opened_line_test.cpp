@@ -90,13 +90,14 @@ TEST_F(OpenedLineTest, PassingALineOfAGeneratedProgramChangesNothing) {
             std::mt19937 random(static_cast<unsigned>(i));
             const std::string file = GeneratedFile(*Bench, setting, random, 25);
             Bench->View.chkViewGcode.Value = i % 2;
+            Platform.Dialogs.Shown.clear();  // the generator asks the entry row, too
             Load(file);
             PassAll();
+            ASSERT_TRUE(Platform.Dialogs.Shown.empty()) << Platform.Dialogs.Shown.front().Text;
             if (HasFatalFailure()) return;
             Bench->Store.ProgramChanged = false;
         }
     }
-    EXPECT_TRUE(Platform.Dialogs.Shown.empty()) << Platform.Dialogs.Shown.front().Text;
     RecordProperty("lines", Passed);
 }
 
