@@ -94,14 +94,14 @@ void LineOperations::LineDelete() {
     Attempt(lineDeleteName, [&] { MovePointers(selected, -1); });
     // 9.
     interpreter_.Interpreter();
-    // 10.
-    Run(calls_.RedrawAfterEdit);
     // 11.
     if (selected - 1 >= store_.LineCount()) selected = store_.LineCount();
     if (selected > 0) Attempt(lineDeleteName, [&] { list.Select(selected); });
     // 12.
     store_.AddBlankLine(false);
     platform_.Focus.SetFocus(list);
+    // 10. Last: a drawing that waits then finds the edit whole.
+    Run(calls_.RedrawAfterEdit);
 }
 
 void LineOperations::LineInsert() {
@@ -204,13 +204,13 @@ void LineOperations::LineEdit() {
     interpreter_.Interpreter();
     // 11.
     store_.AddBlankLine(edited == list.Count());
-    // 12.
-    Attempt(lineEditName, [&] {
-        if (!(list.Row(edited)[column::Code] == " 21 ")) Run(calls_.RedrawAfterEdit);
-    });
     // 13.
     entry_.txtGMcode.SelectAll();
     platform_.Focus.SetFocus(entry_.txtGMcode);
+    // 12. Last: a drawing that waits then finds the edit whole.
+    Attempt(lineEditName, [&] {
+        if (!(list.Row(edited)[column::Code] == " 21 ")) Run(calls_.RedrawAfterEdit);
+    });
 }
 
 void LineOperations::FormatInputs() {

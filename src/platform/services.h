@@ -92,6 +92,8 @@ public:
     virtual int Width() = 0;
     virtual int Height() = 0;
     virtual int WorkAreaHeight() = 0;
+    // How fine it is: the points of a picture that shows what it shows.
+    virtual double PointsATwip() = 0;
 };
 
 class SystemService {
@@ -113,6 +115,9 @@ public:
     // Puts a key press (a number of keys.h) into the input, as if the user had pressed it. It arrives when the
     // handler that is running has ended.
     virtual void PressKey(int key) = 0;
+    // Puts off a call until the handler that is running is through with all that it has to do; asked for outside of
+    // every handler, until events are served next.
+    virtual void Later(std::function<void()> call) = 0;
     virtual void Beep() = 0;
     // Shows the entries of a menu at the pointer.
     virtual void ShowPopupMenu(Menu& menu) = 0;
@@ -138,7 +143,6 @@ struct Services {
     SerialPort& Port;
     PrinterService& Printer;
     ProgramService& Programs;
-    PictureService& Pictures;
 };
 
 }  // namespace kvt

@@ -51,7 +51,7 @@ void MainWindow::WireMenus() {
     main.mnuLoadClipboard.OnClick = [this] { Run(bench_.Calls.LoadClipboardModule); };
     main.mnuFind.OnClick = [this] { bench_.Find.mnuFind_Click(); };
     bench_.Conversions.mnuCalculator.OnClick = [this] { mnuCalculator_Click(); };
-    main.mnuPrint.OnClick = [this] { bench_.Print.mnuPrint_Click(); };
+    main.mnuPrint.OnClick = [this] { bench_.Draw.AfterWalk([this] { bench_.Print.mnuPrint_Click(); }); };
     main.mnuPrinter.OnClick = [this] { ShowSettings(settings_page::Printer); };
     bench_.Paper.cmdPrinterDialog.OnClick = [this] { bench_.Print.cmdPrinterDialog_Click(); };
     main.mnuExit.OnClick = [this] { mnuExit_Click(); };
@@ -60,8 +60,15 @@ void MainWindow::WireMenus() {
     main.mnuMachine.OnClick = [this] { ShowSettings(settings_page::Machine); };
     main.RCmnuInsert.OnClick = [this] { bench_.Lines.LineInsert(); };
     main.RCmnuDelete.OnClick = [this] { bench_.Lines.LineDelete(); };
-    main.cmdInsert.OnClick = [this] { bench_.Lines.LineInsert(); };
-    main.cmdDelete.OnClick = [this] { bench_.Lines.LineDelete(); };
+    // Beside the list: the line that they work on is to be seen.
+    main.cmdInsert.OnClick = [this] {
+        bench_.Draw.Editor.ScrollBack();
+        bench_.Lines.LineInsert();
+    };
+    main.cmdDelete.OnClick = [this] {
+        bench_.Draw.Editor.ScrollBack();
+        bench_.Lines.LineDelete();
+    };
     for (const auto& button : main.cmdTopButtons) {
         const int index = button->Index();
         button->OnClick = [this, index] { cmdTopButtons_Click(index); };
@@ -103,6 +110,7 @@ void MainWindow::WireOptions() {
 void MainWindow::WireKeys() {
     bench_.File.txtFileNotes.OnKeyPress = [this](int& character) { txtFileNotes_KeyPress(character); };
     bench_.frmMain.OnKeyDown = [this](int pressed, int held) {
+        bench_.Draw.Editor.ScrollBack();
         if (bench_.Help.TakeKey(pressed, held) || pressed != key::Escape) return;
         if (bench_.Transfer.frRXcode.Visible) bench_.Received.cmdReceiveExit_Click();
         bench_.Main.tabSettings.Visible = false;
@@ -318,10 +326,11 @@ void MainWindow::cmdTopButtons_Click(int index) {
         case top_button::Save: return bench_.Writer.mnuSave_Click();
         case top_button::New: return mnuNew_Click();
         case top_button::Print:
-            bench_.Print.DirectPrint = true;
-            bench_.Print.mnuPrint_Click();
-            bench_.Print.DirectPrint = false;
-            return;
+            return bench_.Draw.AfterWalk([this] {
+                bench_.Print.DirectPrint = true;
+                bench_.Print.mnuPrint_Click();
+                bench_.Print.DirectPrint = false;
+            });
         case top_button::Settings: return ShowSettings(settings_page::General);
         case top_button::LatheAxes: return ShowAxes(bench_.Entry.picZXaxes);
         case top_button::MillAxes: return ShowAxes(bench_.Entry.picXYaxes);

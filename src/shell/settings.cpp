@@ -202,8 +202,6 @@ void EditorSettings::ApplyFile() {
     LoadModule();
     // 7.
     LoadLastFile();
-    // A drawing that has come up with the settings had no program to fit to.
-    if (bench_.Draw.Controls.frmDraw.Visible) bench_.Draw.cmdAutoFit_Click();
 }
 
 void EditorSettings::LoadModule() {

@@ -300,7 +300,8 @@ void Workbench::ClearProgram_Click() {
         // He had it saved, so far as he could.
         if (Store.SaveFailed) Kept.KeepAside();
     }
-    // 3.
+    // 3. A row of this program is none of the next one.
+    Draw.Editor.GiveBack();
     Store.lvCncProgram.Clear();
     Entry.txtGMcode.Text = "";
     Entry.txtComment.Text = "";
@@ -321,11 +322,11 @@ void Workbench::ClearProgram_Click() {
     View.MakeLinePropertiesColumns();
     RefreshMachine();
     Interpreter.Interpreter();
-    // 5.
-    Run(Calls.mnuDraw_Click);
     // 6.
     ShowCodeLists();
     if (Entry.txtGMcode.ReallyVisible()) Platform.Focus.SetFocus(Entry.txtGMcode);
+    // 5. Last: a drawing that waits then finds all of it gone.
+    Run(Calls.mnuDraw_Click);
 }
 
 void Workbench::ShowMachineName() {

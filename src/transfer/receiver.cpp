@@ -140,7 +140,6 @@ void Receiver::cmdReceiveImport_Click() {
     } else {
         ShowView(true);
     }
-    if (result == LoadResult::Loaded) Run(parts_.Calls.mnuDraw_Click);
 }
 
 // Brings a trimmed text into the editor as a changed program without a file.
@@ -165,7 +164,6 @@ LoadResult Receiver::Import(std::string_view text, OldProgram old) {
     as.Old = old;
     as.Name = "";
     as.Changed = true;
-    as.Redraws = false;
     const std::string before = parts_.File.dlgFile.FileName;
     std::string name = scratch;
     const LoadResult result = parts_.Reader.LoadFile(name, as);
@@ -233,9 +231,7 @@ void Receiver::LoadClipboardModule() {
     // 2., 3.
     std::string text;
     Attempt(clipboardName, [&] { text = parts_.Platform.Clipboard.GetText(); });
-    if (Import(Trim(text), OldProgram::GivenUp) != LoadResult::Loaded) return;
-    cmdReceiveExit_Click();
-    Run(parts_.Calls.mnuDraw_Click);
+    if (Import(Trim(text), OldProgram::GivenUp) == LoadResult::Loaded) cmdReceiveExit_Click();
 }
 
 }  // namespace kvt

@@ -55,9 +55,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size > (std::size_t{1} << 16)) return 0;
     MapFiles files;
     kvt::MemoryPlatform platform;
-    kvt::Services services{
-        files,          platform.Dialogs, platform.Clipboard, platform.Screen,   platform.System,
-        platform.Focus, platform.Port,    platform.Printer,   platform.Programs, platform.Pictures};
+    kvt::Services services{files,           platform.Dialogs, platform.Clipboard,
+                           platform.Screen, platform.System,  platform.Focus,
+                           platform.Port,   platform.Printer, platform.Programs};
     kvt::Workbench bench(services);
     const auto load = [&](const std::string& text) {
         files.Content["program"] = text;

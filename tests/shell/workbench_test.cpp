@@ -189,9 +189,8 @@ TEST_F(WorkbenchTest, AFailureWhileTheReporterRunsIsDropped) {
         int Appends = 0;
     };
     TroubledFiles files(Platform.Faults);
-    Services services{
-        files,          Platform.Dialogs, Platform.Clipboard, Platform.Screen,   Platform.System,
-        Platform.Focus, Platform.Port,    Platform.Printer,   Platform.Programs, Platform.Pictures};
+    Services services{files,          Platform.Dialogs, Platform.Clipboard, Platform.Screen,  Platform.System,
+                      Platform.Focus, Platform.Port,    Platform.Printer,   Platform.Programs};
     Workbench bench(services);
     bench.Log.DataFolder = Folder + "/";
     for (const char* procedure : {"First", "Second"})
