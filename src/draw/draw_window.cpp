@@ -198,15 +198,8 @@ void DrawWindow::BringUp() {
 }
 
 void DrawWindow::DrawForUser() {
-    const auto nothingInSight = [this] {
-        return Controls.frmDraw.Visible && !State.Walking && !View.ShowsStroke();
-    };
-    State.FitNext = State.FitNext || nothingInSight();
+    if (Controls.frmDraw.Visible && !State.Walking && !View.ShowsStroke()) State.FitNext = true;
     Show();
-    // Edits may have led away from what was in sight, where none of them was drawn.
-    if (Controls.mnuAutoRedraw.Checked || Sim.CheckedSim() != simulation::Run || !nothingInSight()) return;
-    State.FitNext = true;
-    Redraw();
 }
 
 void DrawWindow::Form_Load() {

@@ -34,6 +34,15 @@ constexpr RingField ring[] = {
 
 double Distance(double a, double b) { return std::sqrt(a * a + b * b); }
 
+// The number in a field; one that is too large for any is infinite.
+double NumberIn(std::string_view text) {
+    try {
+        return Val(text);
+    } catch (const RunTimeError&) {
+        return std::numeric_limits<double>::infinity();
+    }
+}
+
 // Whether a field can show a number.
 bool FitsField(double value) { return std::abs(value) <= std::numeric_limits<float>::max(); }
 
@@ -51,7 +60,7 @@ std::string CleanUp(std::string_view text) {
     std::string number = Replace(text, "-", "");
     if (text.front() == '-') number = number.empty() ? "0" : "-" + number;
     // 4. What no field can show stays as it was typed.
-    const double value = Val(number);
+    const double value = NumberIn(number);
     return FitsField(value) ? Shown(value) : std::string(text);
 }
 
@@ -178,7 +187,7 @@ void Measuring::Recalculate() {
     // Until the next drawing: a scale that changed now would wipe the measured marks.
     state_.ScaleUpdating = true;
     const auto distance = [](const TextBox& from, const TextBox& to) {
-        return std::abs(Val(from.Text) - Val(to.Text));
+        return std::abs(NumberIn(from.Text.Get()) - NumberIn(to.Text.Get()));
     };
     const double z = distance(controls_.txtZ1, controls_.txtZ2);
     const double x = distance(controls_.txtX1, controls_.txtX2);

@@ -147,6 +147,7 @@ void CncWriter::AddEndCode() {
     if (store.EndCodePresent) return;
     // 2.
     const bool mk2 = store.IsMK2();
+    entry.Opened.Forget();
     entry.lblGMcode.Caption = mk2 ? "G" : "M";
     entry.txtGMcode.Text = mk2 ? "22" : "30";
     entry.txtComment.Text = "";

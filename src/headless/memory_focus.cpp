@@ -24,11 +24,10 @@ void MemoryFocus::BringToFront(Form& form) {
     if (last != last_.end()) takeKeys(last->second);
     // A control that kept the keys has its own window in front again; so can a handler.
     if (front_ != &form) return;
+    if (before && before->OnLostFocus) before->OnLostFocus();
     // A window that never had them may know whom to give them to.
     if (form.OnActivate) form.OnActivate();
-    if (front_ != &form) return;
-    takeKeys(FirstInTabOrder(form));
-    if (before && before->OnLostFocus) before->OnLostFocus();
+    if (front_ == &form) takeKeys(FirstInTabOrder(form));
 }
 
 void MemoryFocus::Gone(const Form& form) {

@@ -373,7 +373,6 @@ void MainWindow::ChooseMachine(const char* machine) {
 
 void MainWindow::ChooseUnits(const char* units) {
     bench_.Machine.SetUnits(units);
-    bench_.Feeds.SetFeedLimits();
     bench_.Interpreter.Interpreter();
 }
 

@@ -218,12 +218,12 @@ void EditorSettings::LoadModule() {
 }
 
 void EditorSettings::LoadLastFile() {
-    if (!LastFileExists()) {
-        bench_.Feeds.SetFeedLimits();
-        return;
+    if (LastFileExists()) {
+        std::string name = lastFile_;
+        bench_.Reader.LoadFile(name);
     }
-    std::string name = lastFile_;
-    bench_.Reader.LoadFile(name);
+    // A file without a line of units leaves those of the settings.
+    bench_.Feeds.SetFeedLimits();
 }
 
 void EditorSettings::SaveSettings() {

@@ -28,12 +28,12 @@ Workbench::Workbench(Services& services)
       View(frmMain, Store, services.Screen),
       Interpreter(Store, Language, Lists, Results, View, Entry.txtComment, services, Calls),
       Options(Store, View, Lists, Interpreter, Calls),
-      Layout(Entry, Store, Lists, services.Focus),
-      Lines({Entry, Layout, Store, View, Interpreter, Language, services, Calls}),
+      Layout(Entry, Store, Lists, Language, services.Focus),
+      Calculated(Store, Language, services.Dialogs, services.Focus),
+      Lines({Entry, Layout, Store, View, Interpreter, Calculated, Language, services, Calls}),
       Feeds(Entry, Store, Interpreter, services.Focus),
       Find(Store, services.Focus),
-      Conversions(frmMain, Store, Machine),
-      Calculated(Store, Language, services.Dialogs, services.Focus),
+      Conversions(frmMain, Store, Machine, Entry),
       Codes({Entry, Layout, Store, Lists, View, Interpreter, services, Calls}),
       Keyboard({Entry, Layout, Codes, Calculated, Lines, Store, View, Language, services, Calls}),
       Writer({Store, File, Entry, Layout, Lines, Language, services, Calls}),
@@ -86,6 +86,7 @@ void Workbench::FillCalls() {
     Calls.LoadClipboardModule = [this] { Received.LoadClipboardModule(); };
     Calls.LoadLanguageModule = [this](const std::string& file) { Modules.LoadLanguageModule(file); };
     Calls.HideSettings = [this] { Main.tabSettings.Visible = false; };
+    Machine.OnUnits = [this] { Feeds.SetFeedLimits(); };
     Calls.FirstFieldFocus = [this](std::string_view initial) { Layout.FirstFieldFocus(initial); };
     Entry.cmdReturn.OnClick = [this] {
         cmdReturn_Click();
@@ -266,6 +267,7 @@ void Workbench::OrderTabs() {
 void Workbench::ControlsEnable(int enable) {
     ControlsOn = enable != 0;
     for (Control* control : frozenControls_) control->Enabled = ControlsOn;
+    if (ControlsOn) Layout.RefreshFeedButtons();
     if (!Store.EditorRunMode) Main.frCmdEditor3.Enabled = ControlsOn;
     // A transmission can be stopped.
     if (Store.TransmitActive) Results.cmdStop.Enabled = true;

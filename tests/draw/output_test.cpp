@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include "basic/number.h"
 #include "draw_fixture.h"
 #include "platform/picture_painter.h"
@@ -78,6 +80,11 @@ TEST_F(DrawTest, TheImageIsWhatTheViewShows) {
     };
     EXPECT_EQ(at(2400, 1005), std::string("\0\0\xFF", 3)) << "the red zero line";
     EXPECT_EQ(at(2400, 600), std::string(3, '\0'));
+    // A folder keeps the point in its name.
+    std::filesystem::create_directory(Folder + "/v1.2");
+    Bench->File.lblPath.Caption = Folder + "/v1.2/pin";
+    Controls().mnuSaveBMP.Click();
+    EXPECT_TRUE(Platform.Files.Exists(Folder + "/v1.2/pin.BMP"));
     Controls().mnuSaveClipboard.Click();
     EXPECT_EQ(Platform.Clipboard.Picture.Points.size(), width * height);
     // A mark is black on white, wherever it stands; twice it is gone.
