@@ -23,15 +23,18 @@ bool IsProgram(const Recognised& found) {
     return found.Kind != FileKind::Unknown && found.Kind != FileKind::Language;
 }
 
-// A trimmed text with what makes it a program file without notes, and with the blanks that its first line has lost:
-// three where that is a line of a program, N and a number, four where it is a header, "N`".
+// A trimmed text with what makes it a program file: the "%" and the blanks that its first line has lost, three where
+// that is a line of a program, N and a number, four where it is a header, "N`".
 std::string WithBeginning(std::string_view text) {
     const Recognised found = Recognise(text);
-    const std::string_view before = text.substr(0, IsProgram(found) ? found.Position - 1 : 1);
+    std::string_view before = text.substr(0, IsProgram(found) ? found.Position - 1 : 1);
     if (before.find(cnc::NotesEnd) != std::string_view::npos) return std::string(text);
-    // Something in front of the header has kept its blanks.
-    if (IsProgram(found))
-        return "%" + std::string(before.substr(0, 2) == cnc::LineEnd ? "" : cnc::LineEnd) + std::string(text);
+    if (IsProgram(found)) {
+        // The header has kept its blanks behind what else has come: noise of the line, empty lines.
+        text.remove_prefix(before.size());
+        while (before.starts_with(cnc::LineEnd)) before.remove_prefix(cnc::LineEnd.size());
+        return std::string(before) + "%\r\n" + std::string(text);
+    }
     const bool isLine = BeginsWithIgnoringCase(text, "N") && text.substr(1, 1) != "`";
     return "%\r\n" + std::string(isLine ? 3 : 4, ' ') + std::string(text);
 }
