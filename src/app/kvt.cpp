@@ -3,6 +3,7 @@
 #include <QFileInfo>
 #include <QTimer>
 #include <QWindow>
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <functional>
@@ -127,6 +128,8 @@ void BringPreProcessors(const std::string& dataFolder) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // A file that may not grow any more is a write that fails.
+    std::signal(SIGXFSZ, SIG_IGN);
     if (TellAboutIt(argc, argv)) return 0;
     QApplication application(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(programName));
@@ -137,12 +140,13 @@ int main(int argc, char** argv) {
         return wrongUsage;
     }
 
-    kvt::FaultPlan noFaults;
-    kvt::DiskFiles files(noFaults);
+    kvt::DiskFiles files;
     kvt::SystemPrograms programs;
     kvt::DesktopPlatform platform(files, programs,
                                   options.Scale > 0 ? options.Scale : kvt::DesktopPlatform::ScreenFactor());
     kvt::DesktopSystem& system = platform.Desktop.System;
+    files.KeepIn(kvt::FoldersBelow(system.LocalDataFolder()).DataFolder);
+    files.RemoveLeftovers();
     kvt::BringResetCopies(files, system.LocalDataFolder());
     BringPreProcessors(system.LocalDataFolder());
     kvt::Workbench workbench(platform.Services);
