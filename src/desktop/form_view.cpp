@@ -44,7 +44,7 @@ int Layer(const Control& control) {
 
 // In a title the toolkit takes one of these for a mark of its own, and two for one.
 QString PlainTitle(std::string_view caption) {
-    return ToQt(caption).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+    return ShownToQt(caption).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
 }
 
 }  // namespace
