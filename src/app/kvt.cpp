@@ -11,11 +11,9 @@
 #include <utility>
 #include <vector>
 
-#include "console/drawing.h"
 #include "desktop/desktop_platform.h"
 #include "desktop/end_signals.h"
 #include "desktop/form_view.h"
-#include "desktop/operation_painter.h"
 #include "desktop/text.h"
 #include "files/folders.h"
 #include "headless/disk_files.h"
@@ -50,9 +48,7 @@ void Describe(QCommandLineParser& parser) {
          {QStringLiteral("screenshot"), QStringLiteral("Show the window, save a picture of it and end."),
           QStringLiteral("PNG")},
          {QStringLiteral("screenshot-draw"), QStringLiteral("The same with the drawing of the program."),
-          QStringLiteral("PNG")},
-         {QStringLiteral("draw"), QStringLiteral("Draw the program into a picture and end."),
-          QStringLiteral("OUT")}});
+          QStringLiteral("PNG")}});
 }
 
 // Help and version need no display. True when one of them was asked for.
@@ -98,33 +94,6 @@ bool Read(const QStringList& arguments, Options& options, QString& problem) {
     return false;
 }
 
-// The drawing as points, one for 15 twips.
-bool WritePoints(std::span<const kvt::DrawOperation> operations, const kvt::FieldArea& area,
-                 const std::string& path) {
-    const kvt::FieldPiece piece{1.0 / 15, 1,
-                                QPoint(static_cast<int>(area.Left / 15), static_cast<int>(area.Top / 15))};
-    QImage image(static_cast<int>(area.Width / 15) + 1, static_cast<int>(area.Height / 15) + 1,
-                 QImage::Format_RGB32);
-    image.fill(Qt::black);
-    kvt::PaintOperations(image, piece, image.rect(), operations, {});
-    return image.save(QString::fromLocal8Bit(path.c_str()));
-}
-
-// Draws a program into a picture without any display; the status of kvtc, or -1 where that was not asked for.
-int DrawAsAsked(int argc, char** argv) {
-    QCommandLineParser parser;
-    Describe(parser);
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i) arguments += QString::fromLocal8Bit(argv[i]);
-    if (!parser.parse(arguments) || !parser.isSet(QStringLiteral("draw"))) return -1;
-    if (parser.positionalArguments().size() != 1) {
-        std::fprintf(stderr, "kvt: --draw takes one file\n");
-        return wrongUsage;
-    }
-    return kvt::DrawPicture(parser.positionalArguments().constFirst().toLocal8Bit().toStdString(),
-                            parser.value(QStringLiteral("draw")).toLocal8Bit().toStdString(), WritePoints);
-}
-
 // Does something once a window has been painted, or has had the time for it.
 void WhenPainted(QMainWindow& window, const std::function<void()>& then) {
     auto* clock = new QTimer(&window);
@@ -162,7 +131,6 @@ int main(int argc, char** argv) {
     // A file that may not grow any more is a write that fails.
     std::signal(SIGXFSZ, SIG_IGN);
     if (TellAboutIt(argc, argv)) return 0;
-    if (const int result = DrawAsAsked(argc, argv); result >= 0) return result;
     QApplication application(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(programName));
     Options options;
@@ -183,7 +151,8 @@ int main(int argc, char** argv) {
     BringPreProcessors(system.LocalDataFolder());
     kvt::Workbench workbench(platform.Services);
     workbench.Modules.StartFolder = kvt::PathText(QApplication::applicationDirPath()) + "/";
-    workbench.Form_Load(kvt::PathText(options.File));
+    // In quotes, so that the name keeps the blanks at its ends.
+    workbench.Form_Load(options.File.isEmpty() ? std::string() : "\"" + kvt::PathText(options.File) + "\"");
     if (system.Ended()) return 0;
 
     kvt::Form& main = workbench.frmMain;

@@ -112,7 +112,7 @@ int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& opti
     if (check->parsed()) return Check(files, json, options);
     if (draw->parsed()) {
         if (operations) return DrawAsJson(drawn);
-        if (!picture.empty() && drawn.size() == 1) return DrawPicture(drawn.front(), picture, {});
+        if (!picture.empty() && drawn.size() == 1) return DrawPicture(drawn.front(), picture);
         std::fprintf(stderr, "kvtc: draw takes one FILE and -o OUT, or --json and files\n");
         return status::Usage;
     }

@@ -40,7 +40,7 @@ public:
     explicit Example(const HelpBlock& block)
         : block_(block),
           bench_(std::make_unique<Workbench>(platform_.Services)),
-          window_(bench_->Draw.Controls.frmDraw, platform_.Screen) {
+          window_(bench_->Draw.Controls.frmDraw, platform_.Screen, platform_.Focus) {
         ReadHead();
         ProgramStore& store = bench_->Store;
         bench_->RefreshMachine();

@@ -95,7 +95,7 @@ void ScriptRun::Do(const ScriptAction& action, std::string_view text) {
     Frame* const around = frame_;
     {
         const Restored<Frame*> frameAgain(frame_, &frame);
-        action.Do(*this, arguments);
+        Session.Platform.System.Run([&] { action.Do(*this, arguments); });
     }
     if (broken_) return;
     for (const auto& [wait, putOff] : frame.InWaits) {

@@ -72,7 +72,7 @@ void ScriptSession::NewBench() {
     forms_ = bench_->Forms();
     for (Form* form : forms_) {
         Platform.System.Watch(*form);
-        windows_.push_back(std::make_unique<MemoryWindow>(*form, Platform.Screen));
+        windows_.push_back(std::make_unique<MemoryWindow>(*form, Platform.Screen, Platform.Focus));
     }
 }
 

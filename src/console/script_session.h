@@ -56,9 +56,9 @@ private:
     GuardedFiles ownFiles_{Platform.Disk, folders_};
     GuardedFiles files_{Platform.Files, folders_};
     GuardedPrograms programs_{Platform.Programs, folders_};
-    kvt::Services services_{files_,          Platform.Dialogs, Platform.Clipboard, Platform.Screen,
-                            Platform.System, Platform.Focus,   Platform.Port,      Platform.Printer,
-                            programs_,       Platform.Pictures};
+    kvt::Services services_{files_,          Platform.Dialogs, Platform.Clipboard,
+                            Platform.Screen, Platform.System,  Platform.Focus,
+                            Platform.Port,   Platform.Printer, programs_};
     std::string dataFolder_;
     Arguments::Variables variables_;
     std::unique_ptr<Workbench> bench_;

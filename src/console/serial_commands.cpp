@@ -68,8 +68,8 @@ bool OpenPort(SerialBench& bench, const std::string& name) {
 SerialBench::SerialBench(const std::string& device, const std::string& settings, double haste)
     : Port({device}, haste),
       System(Platform.Focus, Port),
-      Services{Platform.Files, Platform.Dialogs, Platform.Clipboard, Platform.Screen,  System, Platform.Focus,
-               Port,           Platform.Printer, Platform.Programs,  Platform.Pictures},
+      Services{Platform.Files, Platform.Dialogs, Platform.Clipboard, Platform.Screen, System, Platform.Focus,
+               Port,           Platform.Printer, Platform.Programs},
       Bench(std::make_unique<Workbench>(Services)) {
     for (std::string* folder : {&Bench->Transmit.SettingsFolder, &Bench->Received.SettingsFolder})
         *folder = NameFromSystem(scratch_.Path().string()) + "/";

@@ -4,8 +4,10 @@
 #include <QClipboard>
 #include <QFontMetrics>
 #include <QScreen>
+#include <QWidget>
 #include <algorithm>
 
+#include "desktop/pixel_image.h"
 #include "desktop/text.h"
 
 namespace kvt {
@@ -55,13 +57,19 @@ int DesktopScreen::WorkAreaHeight() {
     return lengths_.Twips(QGuiApplication::primaryScreen()->availableGeometry().height());
 }
 
+// That of the window in use, which may be on another screen.
+double DesktopScreen::PointsATwip() {
+    const QWidget* const window = QApplication::activeWindow();
+    return lengths_.Exact(1) * (window ? window->devicePixelRatioF() : qApp->devicePixelRatio());
+}
+
 double DesktopPlatform::ScreenFactor() {
     return std::clamp(QGuiApplication::primaryScreen()->logicalDotsPerInch() / plainResolution, 1.0, 2.0);
 }
 
 DesktopPlatform::DesktopPlatform(FileService& files, ProgramService& programs, double factor)
     : Desktop{Scale(factor), focus_, system_},
-      Services{files, dialogs_, clipboard_, screen_, system_, focus_, port_, printer_, programs, pictures_},
+      Services{files, dialogs_, clipboard_, screen_, system_, focus_, port_, printer_, programs},
       system_(focus_),
       dialogs_(Desktop),
       screen_(Desktop.Lengths),

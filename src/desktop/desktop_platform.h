@@ -1,7 +1,6 @@
 #pragma once
 
 #include "desktop/desktop_dialogs.h"
-#include "desktop/desktop_pictures.h"
 #include "desktop/desktop_port.h"
 #include "desktop/desktop_printer.h"
 #include "desktop/view.h"
@@ -24,6 +23,7 @@ public:
     int Width() override;
     int Height() override;
     int WorkAreaHeight() override;
+    double PointsATwip() override;
 
 private:
     const Scale& lengths_;
@@ -49,7 +49,6 @@ private:
     DesktopScreen screen_;
     DesktopPort port_;
     DesktopPrinter printer_;
-    DesktopPictures pictures_;
 };
 
 }  // namespace kvt

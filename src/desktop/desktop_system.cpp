@@ -97,6 +97,31 @@ void DesktopSystem::SendKeys() {
     }
 }
 
+void DesktopSystem::Later(std::function<void()> call) {
+    putOff_.push_back({std::move(call), std::max(depth_, 1)});
+    if (depth_ == 0) RunPutOffSoon();
+}
+
+void DesktopSystem::RunPutOffSoon() {
+    QMetaObject::invokeMethod(
+        &later_, [this] { RunPutOff(); }, Qt::QueuedConnection);
+}
+
+// One that stands below on the stack, in a wait, is not through yet: what it has put off stays for its own end.
+void DesktopSystem::RunPutOff() {
+    const auto due = [this] {
+        return std::find_if(putOff_.begin(), putOff_.end(),
+                            [this](const PutOffCall& one) { return one.Depth > depth_; });
+    };
+    for (auto next = due(); next != putOff_.end() && !ended_; next = due()) {
+        const std::function<void()> call = std::move(next->Call);
+        putOff_.erase(next);
+        ++depth_;
+        Attempt("Later", call);
+        --depth_;
+    }
+}
+
 void DesktopSystem::Beep() { QApplication::beep(); }
 
 void DesktopSystem::ShowPopupMenu(Menu& menu) {

@@ -23,6 +23,7 @@ public:
     std::tm Now() override;
     std::string LocalDataFolder() override;
     void PressKey(int key) override;
+    void Later(std::function<void()> call) override;
     void Beep() override;
     void ShowPopupMenu(Menu& menu) override;
     void EndProgram() override;
@@ -41,6 +42,7 @@ public:
         }
         --depth_;
         if (!keys_.empty()) SendKeysSoon();
+        if (!putOff_.empty()) RunPutOffSoon();
     }
 
     // Delivers the pressed keys whose handler has ended.
@@ -51,13 +53,20 @@ private:
         int Key;
         int Depth;  // of the handler that pressed it
     };
+    struct PutOffCall {
+        std::function<void()> Call;
+        int Depth;  // of the handler that has put it off
+    };
     void SendKeysSoon();
+    void RunPutOffSoon();
+    void RunPutOff();
 
     DesktopFocus& focus_;
     QObject later_;
     QElapsedTimer sinceEvents_;
     QElapsedTimer sinceBreath_;
     std::deque<PressedKey> keys_;
+    std::deque<PutOffCall> putOff_;
     int depth_ = 0;
     bool ended_ = false;
 };

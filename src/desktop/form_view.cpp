@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <QUrl>
 #include <algorithm>
+#include <utility>
 
 #include "basic/stack_guard.h"
 #include "desktop/text.h"
@@ -64,6 +65,7 @@ FormView::FormView(DesktopContext& desktop, Form& form)
 }
 
 FormView::~FormView() {
+    if (Desktop.Front == &form_) Desktop.Front = nullptr;
     views_.clear();
     window_->removeEventFilter(this);
     field_->removeEventFilter(this);
@@ -200,10 +202,11 @@ void FormView::StateChanged() {
 }
 
 void FormView::Activated() {
-    const bool toTheFront = Desktop.Front != &form_;
-    Desktop.Front = &form_;
+    const Form* const before = std::exchange(Desktop.Front, &form_);
     Desktop.System.Run(form_, "GotFocus", [this] { Desktop.Focus.WindowActivated(form_); });
-    if (toTheFront && form_.OnActivate) Desktop.System.Run(form_, "Activate", form_.OnActivate);
+    if (before == &form_) return;
+    if (before && before->OnLostFocus) Desktop.System.Run(*before, "LostFocus", before->OnLostFocus);
+    if (form_.OnActivate) Desktop.System.Run(form_, "Activate", form_.OnActivate);
 }
 
 void FormView::Closed() {

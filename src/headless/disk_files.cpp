@@ -1,5 +1,7 @@
 #include "headless/disk_files.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -73,6 +75,14 @@ void DiskFiles::WriteWhole(std::string_view path, std::string_view content) {
     const int own = OwnOpenFile(named);
     const bool written = own >= 0 ? WriteAll(own, content) : writing_.Write(ResolvedPath(named), content);
     if (!written) AccessError();
+}
+
+void DiskFiles::WriteNew(std::string_view path, std::string_view content) {
+    if (!writing_.WriteNew(SystemPath(path), content)) AccessError();
+}
+
+bool DiskFiles::CanWrite(std::string_view folder) {
+    return access(SystemPath(folder).c_str(), W_OK | X_OK) == 0;
 }
 
 void DiskFiles::Append(std::string_view path, std::string_view content) {

@@ -16,6 +16,10 @@ public:
     bool Exists(std::string_view path) override;
     std::string ReadWhole(std::string_view path) override;
     void WriteWhole(std::string_view path, std::string_view content) override;
+    // Writes a file that is new under its name: what stands there gives way, a link itself and not what it points
+    // at. Error 75.
+    void WriteNew(std::string_view path, std::string_view content);
+    bool CanWrite(std::string_view folder) override;
     void Append(std::string_view path, std::string_view content) override;
     void Delete(std::string_view path) override;
     void MakeFolder(std::string_view path) override;

@@ -27,6 +27,7 @@ public:
             background_ = std::make_unique<FaultyFiles>(files_.InBackground(), faults_, "background");
         return *background_;
     }
+    bool CanWrite(std::string_view folder) override { return files_.CanWrite(folder); }
     std::vector<std::string> List(std::string_view folder, std::string_view pattern) override {
         return files_.List(folder, pattern);
     }

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-#include "basic/code_page.h"
+#include "basic/run_time_error.h"
 #include "headless/file_names.h"
-#include "headless/system_programs.h"
 
 namespace kvt {
 
@@ -62,14 +61,9 @@ FileService& GuardedFiles::InBackground() {
     return *background_;
 }
 
-int GuardedPrograms::Start(std::string_view commandLine) {
-    const Command command =
-        SplitCommand(commandLine, [](const std::string& path) { return IsProgram(NameForSystem(path)); });
-    const std::string_view rest =
-        commandLine.substr(std::min(command.Program.size() + 1, commandLine.size()));
-    const fs::path source = SystemPath(rest);
-    if (!command.Program.empty() && !rest.empty() && !folders_.Hold(source)) Refuse(OnRefused, source);
-    return programs_.Start(commandLine);
+int GuardedPrograms::Start(std::string_view commandLine, std::string_view file) {
+    if (!folders_.Hold(SystemPath(file))) Refuse(OnRefused, SystemPath(file));
+    return programs_.Start(commandLine, file);
 }
 
 }  // namespace kvt

@@ -33,6 +33,7 @@ public:
     bool Exists(std::string_view path) override { return files_.Exists(path); }
     std::string ReadWhole(std::string_view path) override { return files_.ReadWhole(path); }
     void WriteWhole(std::string_view path, std::string_view content) override;
+    bool CanWrite(std::string_view folder) override { return files_.CanWrite(folder); }
     void Append(std::string_view path, std::string_view content) override;
     void Delete(std::string_view path) override;
     void MakeFolder(std::string_view path) override;
@@ -57,8 +58,9 @@ public:
 
     GuardedFiles::Refusal OnRefused;
 
-    int Start(std::string_view commandLine) override;
+    int Start(std::string_view commandLine, std::string_view file) override;
     bool HasEnded(int program) override { return programs_.HasEnded(program); }
+    bool WasCutOff(int program) override { return programs_.WasCutOff(program); }
     void End(int program) override { programs_.End(program); }
     bool Launch(std::string_view name) override { return programs_.Launch(name); }
 

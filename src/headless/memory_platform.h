@@ -10,11 +10,10 @@
 #include "headless/disk_files.h"
 #include "headless/fault_plan.h"
 #include "headless/faulty_files.h"
-#include "headless/memory_pictures.h"
+#include "headless/memory_focus.h"
 #include "headless/memory_port.h"
 #include "headless/memory_printer.h"
 #include "headless/system_programs.h"
-#include "platform/focus_keeper.h"
 #include "platform/services.h"
 
 namespace kvt {
@@ -65,6 +64,7 @@ public:
     int Width() override { return WidthTwips; }
     int Height() override { return HeightTwips; }
     int WorkAreaHeight() override { return WorkAreaTwips; }
+    double PointsATwip() override { return 1.0 / 15; }
 
     int WidthTwips = 28800;
     int HeightTwips = 16200;
@@ -88,6 +88,7 @@ public:
     std::tm Now() override;
     std::string LocalDataFolder() override { return DataFolder; }
     void PressKey(int key) override;
+    void Later(std::function<void()> call) override;
     void Beep() override { ++Beeps; }
     void ShowPopupMenu(Menu& menu) override { ShownPopup = &menu; }
     void EndProgram() override { Ended = true; }
@@ -102,6 +103,9 @@ public:
     long long Patience = 2'000'000;
     // Runs whenever the clock has moved on.
     std::function<void()> OnClock;
+
+    // Runs what stands for a handler of a user's action, then what it has put off.
+    void Run(const std::function<void()>& handler);
 
     // A key or a character as a user presses it.
     void Press(int key, int held = 0);
@@ -123,6 +127,10 @@ private:
         int Key;  // 0 for a character alone
         int Held;
         int Character;  // 0 for a key without one
+    };
+    struct PutOffCall {
+        std::function<void()> Call;
+        int Depth;  // of the handler that has put it off
     };
     bool ServeWaiting();
     void Deliver(KeyPress press);
@@ -149,9 +157,9 @@ private:
     std::deque<KeyPress> keys_;
     bool delivering_ = false;
     std::vector<std::unique_ptr<TimerPhase>> timers_;
+    std::deque<PutOffCall> putOff_;
+    int depth_ = 0;  // of handlers
 };
-
-using MemoryFocus = FocusKeeper;
 
 // The memory half of the platform: all services without a display. Files are those of the disk.
 class MemoryPlatform {
@@ -162,15 +170,13 @@ public:
     MemoryDialogs Dialogs;
     MemoryClipboard Clipboard{Faults};
     MemoryScreen Screen;
-    FocusKeeper Focus;
+    MemoryFocus Focus;
     MemorySystem System{Focus, &Clipboard};
     MemoryPort Port{Faults, System.Clock};
     MemoryPrinter Printer{Faults};
     MemoryPrograms Programs{Faults};
-    MemoryPictures Pictures;
 
-    kvt::Services Services{Files, Dialogs, Clipboard, Screen,   System,
-                           Focus, Port,    Printer,   Programs, Pictures};
+    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port, Printer, Programs};
 
     MemoryPlatform() {
         System.OnClock = [this] { Port.ClockMoved(); };
@@ -178,7 +184,7 @@ public:
 
     // For a new run of the program: its windows have gone, with the focus; what lies outside it stays.
     void BeginRun() {
-        Focus = FocusKeeper();
+        Focus = MemoryFocus();
         System.BeginRun();
         Port.Reset();
         Port.OnComm = nullptr;

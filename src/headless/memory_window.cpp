@@ -4,8 +4,8 @@
 
 namespace kvt {
 
-MemoryWindow::MemoryWindow(Form& form, ScreenService& screen)
-    : form_(form), screen_(screen), state_(form.State), normal_(PlaceNow()) {
+MemoryWindow::MemoryWindow(Form& form, ScreenService& screen, MemoryFocus& focus)
+    : form_(form), screen_(screen), focus_(focus), state_(form.State), normal_(PlaceNow()) {
     form_.View = this;
 }
 
@@ -19,6 +19,8 @@ void MemoryWindow::Resize(int width, int height) {
 void MemoryWindow::PropertyChanged(Control&, PropertyId id) {
     if (placing_) return;
     if (id == PropertyId::WindowState) StateChanged();
+    if (id == PropertyId::Visible && !form_.Visible) return focus_.Gone(form_);
+    if ((id == PropertyId::Visible || id == PropertyId::Front) && !form_.TopMost) focus_.BringToFront(form_);
 }
 
 void MemoryWindow::StateChanged() {

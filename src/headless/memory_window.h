@@ -1,15 +1,17 @@
 #pragma once
 
+#include "headless/memory_focus.h"
 #include "platform/controls.h"
 #include "platform/services.h"
 
 namespace kvt {
 
 // A window without a display: a maximised form has the work area, a restored one the place that it had before,
-// and a form hears of every new size, by hand or by code.
+// and a form hears of every new size, by hand or by code. One that is shown or brought up comes to the front, unless it
+// stays above the others anyway.
 class MemoryWindow : public ControlView {
 public:
-    MemoryWindow(Form& form, ScreenService& screen);
+    MemoryWindow(Form& form, ScreenService& screen, MemoryFocus& focus);
     ~MemoryWindow() override;
     MemoryWindow(const MemoryWindow&) = delete;
     MemoryWindow& operator=(const MemoryWindow&) = delete;
@@ -31,6 +33,7 @@ private:
 
     Form& form_;
     ScreenService& screen_;
+    MemoryFocus& focus_;
     WindowState state_;
     Place normal_;
     bool placing_ = false;

@@ -5,15 +5,13 @@
 #include <chrono>
 #include <filesystem>
 #include <map>
+#include <set>
 #include <vector>
 
 #include "headless/fault_plan.h"
 #include "platform/programs.h"
 
 namespace kvt {
-
-// Whether a file is a program that can be started.
-bool IsProgram(const std::string& path);
 
 // Programs of this machine. What they write to their output is dropped, and their input is empty. Those that were
 // started, not launched, end with this object.
@@ -24,8 +22,9 @@ public:
     SystemPrograms(const SystemPrograms&) = delete;
     SystemPrograms& operator=(const SystemPrograms&) = delete;
 
-    int Start(std::string_view commandLine) override;
+    int Start(std::string_view commandLine, std::string_view file) override;
     bool HasEnded(int program) override;
+    bool WasCutOff(int program) override { return cutOff_.contains(program); }
     void End(int program) override;
     bool Launch(std::string_view name) override;
 
@@ -34,6 +33,7 @@ public:
 
 private:
     std::map<int, pid_t> running_;
+    std::set<int> cutOff_;
     std::vector<std::filesystem::path> confinedTo_;
     std::vector<pid_t> launched_;
     int lastNumber_ = 0;
@@ -45,8 +45,9 @@ class MemoryPrograms : public ProgramService {
 public:
     explicit MemoryPrograms(FaultPlan& faults) : faults_(faults) {}
 
-    int Start(std::string_view commandLine) override;
+    int Start(std::string_view commandLine, std::string_view file) override;
     bool HasEnded(int program) override;
+    bool WasCutOff(int program) override { return real_.WasCutOff(program); }
     void End(int program) override { real_.End(program); }
     bool Launch(std::string_view name) override;
     void ConfineTo(std::vector<std::filesystem::path> folders) { real_.ConfineTo(std::move(folders)); }

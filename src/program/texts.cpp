@@ -31,7 +31,9 @@ constexpr DefaultText errorDefaults[] = {
     {1, "No Lines of code present"},
     {3, "Delete selected line?"},
     {4, "Maximum number of lines has been reached"},
+    {5, "was not found"},
     {6, "Entered value must be numeric"},
+    {7, "could not be written. Nothing was sent."},
     {8, "!No 3-d allowed"},
     {9, "Unknown code"},
     {10, "!No % allowed"},
@@ -50,7 +52,6 @@ constexpr DefaultText errorDefaults[] = {
     {23, "Line %1 of %2"},
     {24, "%1 left at %2 baud"},
     {25, "%1 characters, %2 lines"},
-    {30, "could not be written. Nothing was sent."},
 };
 
 constexpr DefaultText messageDefaults[] = {
@@ -61,6 +62,9 @@ constexpr DefaultText messageDefaults[] = {
     {5, "No file specified"},
     {6, "No calculator was found on this machine"},
     {7, "The pre-processor is still at work on"},
+    {8, "The pre-processor has failed. It left no program for"},
+    {9, "The pre-processor could not be started:"},
+    {10, "The result of an earlier conversion is in the way and could not be removed:"},
     {11, "minimum"},
     {12, "maximum"},
     {13, "Program Version"},
@@ -68,9 +72,11 @@ constexpr DefaultText messageDefaults[] = {
     {15, "The file"},
     {16, " does not appear to be an Emco CNC formatted file"},
     {17, "File Recognizing Problem"},
+    {18, "No serial port was found"},
     {19, "Overwrite"},
     {20, "Lowest value for this field is"},
     {21, "Highest value for this field is"},
+    {22, "The serial port did not open or has gone"},
     {23, "max RPM"},
     {24, "L"},
     {25, "R"},
@@ -81,6 +87,7 @@ constexpr DefaultText messageDefaults[] = {
      "invisible or set it to auto hide."},
     {28, "An unsaved program was found. Restore it?"},
     {29, "Settings and unsaved programs cannot be kept. This folder cannot be written:"},
+    {31, "Communication is switched off in the settings"},
 };
 
 constexpr DefaultText drawViewDefaults[] = {

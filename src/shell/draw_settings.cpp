@@ -63,7 +63,8 @@ DrawSettings::DrawSettings(Workbench& bench) : Keys("DRAW", DrawSettingKeys()), 
     bench_.Settings.Keys.Bind(
         "DrawWindow Active",
         [this](const std::string& value) {
-            if (TrueOrFalse(value)) bench_.Draw.Show();
+            // A drawing may wait: the editor stands before it.
+            if (TrueOrFalse(value)) bench_.Platform.System.Later([this] { bench_.Draw.ShowBehindEditor(); });
         },
         [&drawing] { return TrueOrFalse(drawing.Visible.Get()); });
 }

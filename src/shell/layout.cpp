@@ -97,7 +97,8 @@ struct FieldColumns {
     int X, Y, Z, F, H;
 };
 constexpr FieldColumns latheFields{1080, 1080, 2040, 3000, 3960};
-constexpr FieldColumns millFields{1080, 2040, 3000, 3960, 3960};
+// On the mill a code has Y or H, never both.
+constexpr FieldColumns millFields{1080, 2040, 3000, 3960, 2040};
 
 void PlaceEntry(Workbench& bench, int bandTop) {
     EntryRow& entry = bench.Entry;

@@ -28,12 +28,12 @@ Workbench::Workbench(Services& services)
       View(frmMain, Store, services.Screen),
       Interpreter(Store, Language, Lists, Results, View, Entry.txtComment, services, Calls),
       Options(Store, View, Lists, Interpreter, Calls),
-      Layout(Entry, Store, Lists, services.Focus),
-      Lines({Entry, Layout, Store, View, Interpreter, Language, services, Calls}),
+      Layout(Entry, Store, Lists, Language, services.Focus),
+      Calculated(Store, Language, services.Dialogs, services.Focus),
+      Lines({Entry, Layout, Store, View, Interpreter, Calculated, Language, services, Calls}),
       Feeds(Entry, Store, Interpreter, services.Focus),
       Find(Store, services.Focus),
-      Conversions(frmMain, Store, Machine),
-      Calculated(Store, Language, services.Dialogs, services.Focus),
+      Conversions(frmMain, Store, Machine, Entry),
       Codes({Entry, Layout, Store, Lists, View, Interpreter, services, Calls}),
       Keyboard({Entry, Layout, Codes, Calculated, Lines, Store, View, Language, services, Calls}),
       Writer({Store, File, Entry, Layout, Lines, Language, services, Calls}),
@@ -78,6 +78,7 @@ Workbench::Workbench(Services& services)
 void Workbench::FillCalls() {
     Calls.cmdReturn_Click = [this] { cmdReturn_Click(); };
     Calls.ClearProgram_Click = [this] { ClearProgram_Click(); };
+    Calls.KeepAside = [this] { return Kept.KeepAside(); };
     Calls.RefreshMachine = [this] { RefreshMachine(); };
     Calls.RefreshTitle = [this] { Window.RefreshTitle(); };
     Calls.ControlsPositioning = [this] { PlaceMainWindow(*this); };
@@ -85,6 +86,7 @@ void Workbench::FillCalls() {
     Calls.LoadClipboardModule = [this] { Received.LoadClipboardModule(); };
     Calls.LoadLanguageModule = [this](const std::string& file) { Modules.LoadLanguageModule(file); };
     Calls.HideSettings = [this] { Main.tabSettings.Visible = false; };
+    Machine.OnUnits = [this] { Feeds.SetFeedLimits(); };
     Calls.FirstFieldFocus = [this](std::string_view initial) { Layout.FirstFieldFocus(initial); };
     Entry.cmdReturn.OnClick = [this] {
         cmdReturn_Click();
@@ -265,6 +267,7 @@ void Workbench::OrderTabs() {
 void Workbench::ControlsEnable(int enable) {
     ControlsOn = enable != 0;
     for (Control* control : frozenControls_) control->Enabled = ControlsOn;
+    if (ControlsOn) Layout.RefreshFeedButtons();
     if (!Store.EditorRunMode) Main.frCmdEditor3.Enabled = ControlsOn;
     // A transmission can be stopped.
     if (Store.TransmitActive) Results.cmdStop.Enabled = true;
@@ -292,12 +295,15 @@ void Workbench::ClearProgram_Click() {
     // 1.
     cmdReturn_Click();
     // 2.
-    if (Store.LineCount() > 0 && Store.ProgramChanged) {
+    if (Store.LineCount() > 0 && Store.Unsaved()) {
         const Answer answer = Platform.Dialogs.ShowMessage(
             Question(Language.MessageTexts(text::ClearAnyway), Language.MessageTexts(text::ClearTitle)));
         if (answer == Answer::No) return;
+        // He had it saved, so far as he could.
+        if (Store.SaveFailed) Kept.KeepAside();
     }
-    // 3.
+    // 3. A row of this program is none of the next one.
+    Draw.Editor.GiveBack();
     Store.lvCncProgram.Clear();
     Entry.txtGMcode.Text = "";
     Entry.txtComment.Text = "";
@@ -309,7 +315,8 @@ void Workbench::ClearProgram_Click() {
     Entry.frEntry.Caption = Language.EntryCaption;
     Store.ProgramChanged = false;
     Store.EndCodePresent = false;
-    Writer.SaveFailed = false;
+    Store.SaveFailed = false;
+    File.NamesSource = false;
     // 4.
     Interpreter.ClearAxesProperties();
     Layout.ClearEntryFields();
@@ -317,11 +324,11 @@ void Workbench::ClearProgram_Click() {
     View.MakeLinePropertiesColumns();
     RefreshMachine();
     Interpreter.Interpreter();
-    // 5.
-    Run(Calls.mnuDraw_Click);
     // 6.
     ShowCodeLists();
     if (Entry.txtGMcode.ReallyVisible()) Platform.Focus.SetFocus(Entry.txtGMcode);
+    // 5. Last: a drawing that waits then finds all of it gone.
+    Run(Calls.mnuDraw_Click);
 }
 
 void Workbench::ShowMachineName() {

@@ -40,10 +40,10 @@ Transmitter::Transmitter(Parts parts) : parts_(parts) {
         entry->OnClick = [this] { mnuTX_Click(); };
 }
 
-void Transmitter::Attempt(const std::function<void()>& statement) {
+bool Transmitter::Attempt(const std::function<void()>& statement) {
     // The end of the file is the normal end.
-    parts_.Port.AttemptPort(transmitName, statement,
-                            [](int number) { return number == fault::InputPastEnd; });
+    return parts_.Port.AttemptPort(transmitName, statement,
+                                   [](int number) { return number == fault::InputPastEnd; });
 }
 
 void Transmitter::mnuTX_Click() {
@@ -57,10 +57,9 @@ void Transmitter::mnuTX_Click() {
     }
     // 2.
     if (!parts_.Port.ComEnabled) return parts_.Platform.System.Beep();
-    // 3.
-    Attempt([&] {
-        if (!parts_.Port.Port().IsOpen()) parts_.Port.Port().Open();
-    });
+    Run(parts_.Calls.HideSettings);
+    // 3. Without a port there is nothing to begin.
+    if (!OpenPort()) return;
     // 4.
     store.TransmitActive = true;
     const StackGuard telling(parts_.Port.IsSending);
@@ -72,7 +71,8 @@ void Transmitter::mnuTX_Click() {
     parts_.Writer.AddEndCode();
     Freeze();
     // 7. to 11.
-    Send(ScratchText());
+    std::string text;
+    if (MakeScratch(text)) Send(text);
     // 12.
     if (parts_.Platform.Files.Exists(scratch_)) Attempt([&] { parts_.Platform.Files.Delete(scratch_); });
     Attempt([&] { store.lvCncProgram.Select(selected); });
@@ -83,8 +83,19 @@ void Transmitter::mnuTX_Click() {
     parts_.Port.TellPending();
 }
 
+// False where it does not open: one message has told that.
+bool Transmitter::OpenPort() {
+    SerialPort& port = parts_.Port.Port();
+    const bool opened = Attempt([&] {
+        if (!port.IsOpen()) port.Open();
+    });
+    // Another error than those of a port in the wrong state switches nothing off.
+    if (!opened && parts_.Port.ComEnabled)
+        parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::PortProblem)));
+    return opened;
+}
+
 void Transmitter::Freeze() {
-    Run(parts_.Calls.HideSettings);
     Run(parts_.Calls.ControlsEnable, 0);
     Run(parts_.Calls.ControlsPositioning);
     parts_.Controls.frTransmit.Visible = true;
@@ -111,28 +122,22 @@ void Transmitter::Thaw() {
 }
 
 // Through a file the bytes are those of a save. A text that could not be written is not sent: what lies there then
-// is another one.
-std::string Transmitter::ScratchText() {
+// is another one. False, and told, then.
+bool Transmitter::MakeScratch(std::string& text) {
     FileService& files = parts_.Platform.Files;
     scratch_ = SettingsFolder + "Transmit.txt";
     if (files.Exists(scratch_)) Attempt([&] { files.Delete(scratch_); });
-    bool whole = false;
-    std::string text;
-    Attempt([&] {
+    const bool written = Attempt([&] {
         files.WriteWhole(scratch_, parts_.Writer.GenerateAll());
         text = files.ReadWhole(scratch_);
-        whole = true;
     });
     metric_ = parts_.Store.Metric;
     mk2_ = parts_.Store.IsMK2();
-    if (!whole) TellNothingSent();
-    return text;
-}
-
-void Transmitter::TellNothingSent() {
+    if (written) return true;
     const Texts& texts = parts_.Language;
-    parts_.Platform.Dialogs.ShowMessage(Notice(FileMessage(texts, scratch_, text::NothingSent),
+    parts_.Platform.Dialogs.ShowMessage(Notice(FileMessage(texts, scratch_, text::NotSent),
                                                texts.ErrorTexts(text::SerialPort), Icon::Exclamation));
+    return false;
 }
 
 void Transmitter::Send(std::string_view text) {
@@ -148,7 +153,8 @@ void Transmitter::Send(std::string_view text) {
         }
         ShowProgress(all - left.Lines + 1, all, left.Characters);
         if (!Give(line)) Stop();
-        if (parts_.Port.HasVanished) break;
+        // Gone, or refusing what it is given: that has been told, and the next line would fare no better.
+        if (!parts_.Port.Port().IsOpen()) break;
         left.Characters -= line.size() + cnc::LineEnd.size();
     }
     SerialPort& port = parts_.Port.Port();

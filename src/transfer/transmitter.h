@@ -37,22 +37,22 @@ public:
     // The last transmission was cut short by a stop, and the units mark has ended it.
     bool WasCut = false;
 
-    // Called while one stands already it does nothing.
+    // Called while one stands already it does nothing. Where nothing can be sent that is told.
     void mnuTX_Click();
     // What a click on cmdStop adds: the line on the wire is the last one, and the units mark ends the reception.
     void Stop() { parts_.Store.TransmitActive = false; }
 
 private:
-    void Attempt(const std::function<void()>& statement);
+    bool Attempt(const std::function<void()>& statement);
+    bool OpenPort();
     void Freeze();
     void Thaw();
-    std::string ScratchText();
+    bool MakeScratch(std::string& text);
     void Send(std::string_view text);
     void SendUnits();
     bool Give(std::string_view line);
     void ShowRow(std::string_view line);
     void ShowProgress(int line, int lines, std::size_t charactersLeft);
-    void TellNothingSent();
     void TellVanished();
 
     Parts parts_;

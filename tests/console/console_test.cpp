@@ -392,6 +392,24 @@ TEST_F(ConsoleTest, DrawingKnowsNoSettings) {
     EXPECT_EQ(plain.substr(0, 25), "[{\"op\":\"clear\",\"color\":0}");
 }
 
+TEST_F(ConsoleTest, APictureOfEachKindAndNeverOverTheProgram) {
+    const std::string source = Put("a.svg", good);
+    for (const auto& [name, beginning] : {std::pair("b.svg", "<svg"), std::pair("b.PDF", "%PDF"),
+                                          std::pair("b.png", "\x89PNG"), std::pair("b.bmp", "BM")}) {
+        const std::string picture = Folder + "/" + name;
+        EXPECT_EQ(Run({"draw", source, "-o", picture}), 0) << Errors;
+        EXPECT_TRUE(Platform.Files.ReadWhole(picture).starts_with(beginning)) << name;
+    }
+    EXPECT_EQ(Run({"draw", source, "-o", Folder + "/b.gif"}), 2);
+    EXPECT_NE(Errors.find(".svg, .pdf, .png or .bmp"), std::string::npos) << Errors;
+    std::filesystem::create_symlink(source, Folder + "/link.png");
+    for (const char* const own : {"/a.svg", "/link.png"}) {
+        EXPECT_EQ(Run({"draw", source, "-o", Folder + own}), 2);
+        EXPECT_NE(Errors.find("is the program itself"), std::string::npos) << Errors;
+    }
+    EXPECT_EQ(Platform.Files.ReadWhole(source), good);
+}
+
 TEST_F(ConsoleTest, EveryFailureIsToldInOneLine) {
     const std::string well = Put("well.cnc", good);
     const char* const before = std::getenv("TMPDIR");

@@ -40,7 +40,7 @@ public:
         Bench = std::make_unique<Workbench>(platform_.Services);
         for (Form* form : Bench->Forms()) {
             platform_.System.Watch(*form);
-            windows_.push_back(std::make_unique<MemoryWindow>(*form, platform_.Screen));
+            windows_.push_back(std::make_unique<MemoryWindow>(*form, platform_.Screen, platform_.Focus));
         }
         // A wait takes a few events of its own, then ends.
         platform_.System.NextEvent = [this] {
