@@ -1,4 +1,3 @@
-#include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QTimer>
@@ -11,6 +10,9 @@
 #include <utility>
 #include <vector>
 
+#include "basic/failure.h"
+#include "basic/run_time_error.h"
+#include "desktop/application.h"
 #include "desktop/desktop_platform.h"
 #include "desktop/end_signals.h"
 #include "desktop/form_view.h"
@@ -25,6 +27,7 @@ namespace {
 constexpr const char* programName = "Kestrel Vise Toolkit";
 constexpr const char* version = "1.0.0";
 constexpr int wrongUsage = 2;
+constexpr int failed = 1;
 constexpr int lookInterval = 50;  // milliseconds
 constexpr int longestWait = 5000;
 constexpr QSize pictureSize(1280, 800);  // of the drawing window
@@ -125,13 +128,11 @@ void BringPreProcessors(const std::string& dataFolder) {
     }
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int RunProgram(int argc, char** argv) {
     // A file that may not grow any more is a write that fails.
     std::signal(SIGXFSZ, SIG_IGN);
     if (TellAboutIt(argc, argv)) return 0;
-    QApplication application(argc, argv);
+    kvt::Application application(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(programName));
     Options options;
     QString problem;
@@ -190,4 +191,10 @@ int main(int argc, char** argv) {
     }
     QApplication::exec();
     return !takesPicture || saved ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    return kvt::RunMain("kvt", failed, [&] { return RunProgram(argc, argv); });
 }

@@ -12,8 +12,10 @@ int RunMain(const std::string& name, int failed, const std::function<int()>& bod
     } catch (const std::exception& failure) {
         const std::string told = WithoutControls(name + ": " + failure.what());
         std::fprintf(stderr, "%s\n", told.c_str());
-        return failed;
+    } catch (...) {
+        std::fprintf(stderr, "%s: an unknown failure has ended the program\n", name.c_str());
     }
+    return failed;
 }
 
 }  // namespace kvt

@@ -32,6 +32,21 @@ QFont FormFont(double factor) {
     return font;
 }
 
+// The room for the field of a window on the screen that shows most of it, or on the main one where none does. What the
+// window manager puts around a window is known when it is up; until then a title as high as a menu bar is reckoned with.
+QRect RoomAt(const QRect& window) {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const auto shown = [&](const QScreen& one) {
+        const QRect part = one.geometry() & window;
+        return part.width() * part.height();
+    };
+    for (const QScreen* one : QGuiApplication::screens()) {
+        if (shown(*one) > shown(*screen)) screen = one;
+    }
+    const int bar = 2 * QFontMetrics(QApplication::font()).height();
+    return screen->availableGeometry().adjusted(0, 0, -bar / 4, -2 * bar);
+}
+
 }  // namespace
 
 // Line ends are CR LF here, whatever those of the program that the text comes from.
@@ -55,6 +70,17 @@ int DesktopScreen::Height() { return lengths_.Twips(QGuiApplication::primaryScre
 
 int DesktopScreen::WorkAreaHeight() {
     return lengths_.Twips(QGuiApplication::primaryScreen()->availableGeometry().height());
+}
+
+WindowPlace DesktopScreen::OnScreen(const WindowPlace& place) {
+    const QRect wanted = lengths_.Rectangle(place.Left, place.Top, place.Width, place.Height);
+    const QRect area = RoomAt(wanted);
+    const int width = std::min(wanted.width(), area.width());
+    const int height = std::min(wanted.height(), area.height());
+    const int left = std::clamp(wanted.left(), area.left(), area.left() + area.width() - width);
+    const int top = std::clamp(wanted.top(), area.top(), area.top() + area.height() - height);
+    if (QRect(left, top, width, height) == wanted) return place;
+    return {lengths_.Twips(height), lengths_.Twips(left), lengths_.Twips(top), lengths_.Twips(width)};
 }
 
 // That of the window in use, which may be on another screen.

@@ -16,13 +16,14 @@ public:
     void SetPicture(const Pixels& picture) override;
 };
 
-// The main screen.
+// The main screen; places may be on any.
 class DesktopScreen : public ScreenService {
 public:
     explicit DesktopScreen(const Scale& lengths) : lengths_(lengths) {}
     int Width() override;
     int Height() override;
     int WorkAreaHeight() override;
+    WindowPlace OnScreen(const WindowPlace& place) override;
     double PointsATwip() override;
 
 private:

@@ -9,6 +9,7 @@
 #include <QStandardPaths>
 #include <algorithm>
 
+#include "basic/run_time_error.h"
 #include "desktop/desktop_dialogs.h"
 #include "desktop/text.h"
 
@@ -54,7 +55,7 @@ void DesktopPrinter::ShowPrinter(PrinterDialog& dialog) {
     QPrinter& device = Device();
     device.setCopyCount(dialog.Copies);
     if (device.outputFormat() == QPrinter::PdfFormat) device.setOutputFileName(ProposedFile());
-    const DialogParent parent;
+    const DialogParent parent(desktop_);
     QPrintDialog window(&device, parent);
     window.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize |
                       QAbstractPrintDialog::PrintCollateCopies);
@@ -82,7 +83,7 @@ void DesktopPrinter::AskForFile() {
     QString name;
     if (!desktop_.System.Ended()) {
         ++desktop_.DialogsShown;
-        const DialogParent parent;
+        const DialogParent parent(desktop_);
         QFileDialog window(parent, QStringLiteral("Print to PDF"));
         window.setOptions(QFileDialog::DontUseNativeDialog);
         window.setAcceptMode(QFileDialog::AcceptSave);

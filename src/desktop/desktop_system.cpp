@@ -73,8 +73,8 @@ std::string DesktopSystem::LocalDataFolder() {
 }
 
 void DesktopSystem::PressKey(int pressed) {
-    keys_.push_back({pressed, std::max(depth_, 1)});
-    if (depth_ == 0) SendKeysSoon();
+    keys_.push_back({pressed, std::max<std::size_t>(running_.size(), 1)});
+    if (running_.empty()) SendKeysSoon();
 }
 
 void DesktopSystem::SendKeysSoon() {
@@ -83,7 +83,7 @@ void DesktopSystem::SendKeysSoon() {
 }
 
 void DesktopSystem::SendKeys() {
-    while (!ended_ && !keys_.empty() && keys_.front().Depth > depth_) {
+    while (!ended_ && !keys_.empty() && keys_.front().Depth > running_.size()) {
         const int pressed = keys_.front().Key;
         keys_.pop_front();
         Control* const focused = focus_.Focused();
@@ -98,8 +98,8 @@ void DesktopSystem::SendKeys() {
 }
 
 void DesktopSystem::Later(std::function<void()> call) {
-    putOff_.push_back({std::move(call), std::max(depth_, 1)});
-    if (depth_ == 0) RunPutOffSoon();
+    putOff_.push_back({std::move(call), Running(), std::max<std::size_t>(running_.size(), 1)});
+    if (running_.empty()) RunPutOffSoon();
 }
 
 void DesktopSystem::RunPutOffSoon() {
@@ -111,14 +111,18 @@ void DesktopSystem::RunPutOffSoon() {
 void DesktopSystem::RunPutOff() {
     const auto due = [this] {
         return std::find_if(putOff_.begin(), putOff_.end(),
-                            [this](const PutOffCall& one) { return one.Depth > depth_; });
+                            [this](const PutOffCall& one) { return one.Depth > running_.size(); });
     };
     for (auto next = due(); next != putOff_.end() && !ended_; next = due()) {
-        const std::function<void()> call = std::move(next->Call);
+        const PutOffCall one = std::move(*next);
         putOff_.erase(next);
-        ++depth_;
-        Attempt("Later", call);
-        --depth_;
+        running_.push_back(one.Asker);
+        try {
+            one.Call();
+        } catch (...) {
+            TellFailure("Later");
+        }
+        running_.pop_back();
     }
 }
 

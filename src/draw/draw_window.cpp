@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* positionControlsName = "PositionControls";
 
-// From a larger screen on the window begins maximised.
+// The largest screen that is a small one.
 constexpr int smallScreenWidth = 12000;
 constexpr int smallScreenHeight = 9000;
 constexpr int leastWidth = 5700;
@@ -64,6 +64,8 @@ DrawWindow::DrawWindow(const Rooms& rooms)
       Output(parts_),
       pieces_{parts_, View, Sim, Listing, Editor, [this] { PositionControls(); }} {
     Form& form = Controls.frmDraw;
+    form.SmallestWidth = leastWidth;
+    form.SmallestHeight = leastHeight;
     form.OnActivate = [this] { Form_Activate(); };
     for (Form* window : {&form, &Listing.frmProgramWindow})
         window->OnLostFocus = [this] { Form_LostFocus(); };
@@ -202,16 +204,21 @@ void DrawWindow::DrawForUser() {
     Show();
 }
 
+bool DrawWindow::BeginsMaximised(ScreenService& screen) {
+    return screen.Width() > smallScreenWidth && screen.Height() > smallScreenHeight;
+}
+
 void DrawWindow::Form_Load() {
     ScreenService& screen = parts_.Platform.Screen;
     Form& form = Controls.frmDraw;
-    if (screen.Width() > smallScreenWidth && screen.Height() > smallScreenHeight) {
+    if (BeginsMaximised(screen)) {
         form.State = WindowState::Maximised;
         form.TakeSize(screen.Width(), screen.WorkAreaHeight());
     }
     Controls.pbxDrawField.Cls();
     State.ZeroX = screen.Width() / 2.0;
     State.ZeroY = screen.Height() / 2.0;
+    Controls.pbxDrawField.MoveTo(State.ZeroX, State.ZeroY);
     State.DrawScale = 1;
     View.SetScaleIndex(firstScale);
     Sim.SelectSim(simulation::Run);

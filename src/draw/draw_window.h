@@ -45,6 +45,8 @@ public:
 
     // Shows the window, fitted to the program; the one that is up is drawn anew.
     void Show();
+    // On a larger screen the window begins maximised.
+    static bool BeginsMaximised(ScreenService& screen);
     // The same where the user asks for the drawing: one without a stroke in sight is fitted.
     void DrawForUser();
     // The same behind the editor, with which the keys stay.

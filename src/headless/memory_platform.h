@@ -64,6 +64,7 @@ public:
     int Width() override { return WidthTwips; }
     int Height() override { return HeightTwips; }
     int WorkAreaHeight() override { return WorkAreaTwips; }
+    WindowPlace OnScreen(const WindowPlace& place) override;
     double PointsATwip() override { return 1.0 / 15; }
 
     int WidthTwips = 28800;

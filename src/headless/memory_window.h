@@ -23,19 +23,12 @@ public:
     void PropertyChanged(Control& control, PropertyId id) override;
 
 private:
-    struct Place {
-        int Left, Top, Width, Height;
-    };
-    Place PlaceNow() const { return {form_.Left, form_.Top, form_.Width, form_.Height}; }
-    void Put(const Place& place);
-    void StateChanged();
+    void Put(const WindowPlace& place);
     void TellResize() const;
 
     Form& form_;
     ScreenService& screen_;
     MemoryFocus& focus_;
-    WindowState state_;
-    Place normal_;
     bool placing_ = false;
 };
 

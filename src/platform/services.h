@@ -92,6 +92,8 @@ public:
     virtual int Width() = 0;
     virtual int Height() = 0;
     virtual int WorkAreaHeight() = 0;
+    // A window's place, moved and made smaller where no screen would show all of it.
+    virtual WindowPlace OnScreen(const WindowPlace& place) = 0;
     // How fine it is: the points of a picture that shows what it shows.
     virtual double PointsATwip() = 0;
 };

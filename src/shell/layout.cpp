@@ -88,7 +88,7 @@ void PlaceList(Workbench& bench, int width, int height) {
            {main.rtfAbout, 0, listTop, listWidth, listHeight},
            {main.tabSettings, 0, listTop, listWidth, listHeight},
            {bench.Help.txtSearch, listWidth - 780 - 2700, listTop + 110, 2600, 345},
-           {main.lstAbout, listWidth - 2640, listTop + 600, 3600, 900},
+           {main.lstAbout, listWidth - 2640, listTop + 600, 3450, 900},
            {entry.cmdReturn, listWidth - 780, listTop + 110, 720, fieldHeight}});
 }
 

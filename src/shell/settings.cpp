@@ -104,9 +104,10 @@ void EditorSettings::BindView() {
     bindBox("MachineTime", view.chkViewMachineTime);
     Form& form = bench_.frmMain;
     Keys.Bind(
-        "EditorWindow", [this](const std::string& value) { Place(WindowPlaceOf(value)); },
+        "EditorWindow",
+        [this](const std::string& value) { Place(WindowPlaceOf(value), WindowStateOf(value)); },
         [&form] {
-            return WindowText({form.Height, form.Left, form.Top, form.Width});
+            return WindowText(form.RestoredPlace()) + (form.FillsScreen() ? WindowStateText(true) : "");
         });
 }
 
@@ -327,13 +328,15 @@ bool EditorSettings::LastFileExists() const {
     return !lastFile_.empty() && bench_.Platform.Files.Exists(lastFile_);
 }
 
-void EditorSettings::Place(const WindowPlace& place) {
+void EditorSettings::Place(const WindowPlace& place, std::optional<WindowState> state) {
     ScreenService& screen = bench_.Platform.Screen;
-    Form& form = bench_.frmMain;
-    form.Height = place.Height > 0 ? place.Height : SmallestHeight;
-    form.Width = place.Width > 0 ? place.Width : std::min(screen.Width(), firstWidth);
-    form.Left = place.Left > 0 ? place.Left : (screen.Width() - form.Width) / 2;
-    form.Top = place.Top > 0 ? place.Top : (screen.Height() - form.Height) / 2;
+    WindowPlace wanted = place;
+    if (wanted.Height <= 0) wanted.Height = SmallestHeight;
+    if (wanted.Width <= 0) wanted.Width = std::min(screen.Width(), firstWidth);
+    if (wanted.Left <= 0) wanted.Left = (screen.Width() - wanted.Width) / 2;
+    if (wanted.Top <= 0) wanted.Top = (screen.Height() - wanted.Height) / 2;
+    bench_.frmMain.SetRestoredPlace(screen.OnScreen(wanted));
+    if (state) bench_.frmMain.State = *state;
 }
 
 void EditorSettings::Centre() {

@@ -51,7 +51,7 @@ private:
     std::string FileOfCommandLine() const;
     // The file for the next start.
     std::string LastFileUsed() const;
-    void Place(const WindowPlace& place);
+    void Place(const WindowPlace& place, std::optional<WindowState> state);
     void Centre();
     bool LastFileExists() const;
     std::string InFolder(const char* name) const;

@@ -63,6 +63,8 @@ Workbench::Workbench(Services& services)
       Settings(*this),
       SettingsOfDrawing(*this),
       Kept(*this) {
+    frmMain.SmallestWidth = SmallestWidth;
+    frmMain.SmallestHeight = SmallestHeight;
     frmMain.Width = firstWidth;
     frmMain.Height = firstHeight;
     Store.lvCncProgram.Height = listHeight;
@@ -345,6 +347,9 @@ void Workbench::RefreshMachine() {
     View.MakeLinePropertiesColumns();
     View.MakeMachineColumns();
     Import.RefreshPreProcessors();
+    // The buttons in use share their room.
+    Main.cmdTopButtons[5]->Visible = !Store.IsF1();
+    Main.cmdTopButtons[6]->Visible = Store.IsF1();
     Run(Calls.ControlsPositioning);
     View.SetAutoWidth();
     Entry.lblGMcode.Caption = "G";
@@ -352,8 +357,6 @@ void Workbench::RefreshMachine() {
     Main.lblMachineType.Caption = Store.IsF1()    ? "F1 CNC"
                                   : Store.IsMK2() ? "Compact5 CNC MK2"
                                                   : "Compact5 CNC MK4";
-    Main.cmdTopButtons[5]->Visible = !Store.IsF1();
-    Main.cmdTopButtons[6]->Visible = Store.IsF1();
     ShowMachineName();
     if (Store.IsF1()) {
         Entry.picXYaxes.Visible = true;

@@ -61,7 +61,9 @@ void Receiver::mnuRX_Click() {
         return;
     }
     // 2., 3.
+    // Help gives way.
     Run(parts_.Calls.HideSettings);
+    Run(parts_.Calls.cmdReturn_Click);
     Run(parts_.Calls.ControlsEnable, 0);
     ShowView(true);
     // 4.

@@ -408,6 +408,12 @@ TEST_F(ConsoleTest, APictureOfEachKindAndNeverOverTheProgram) {
         EXPECT_NE(Errors.find("is the program itself"), std::string::npos) << Errors;
     }
     EXPECT_EQ(Platform.Files.ReadWhole(source), good);
+    // Nor over another one, by a link.
+    std::filesystem::create_symlink(Put("c.cnc", good), Folder + "/c.png");
+    EXPECT_EQ(Run({"draw", source, "-o", Folder + "/c.png"}), 2);
+    EXPECT_EQ(Platform.Files.ReadWhole(Folder + "/c.cnc"), good);
+    std::filesystem::create_symlink("b.png", Folder + "/d.png");
+    EXPECT_EQ(Run({"draw", source, "-o", Folder + "/d.png"}), 0) << Errors;
 }
 
 TEST_F(ConsoleTest, EveryFailureIsToldInOneLine) {

@@ -119,6 +119,24 @@ TEST_F(DesktopDrawing, TheFieldsFollowTheMouseWithinAFrame) {
     EXPECT_EQ(shown(), before);
 }
 
+TEST_F(DesktopDrawing, TheListingIsThereWhileTheKeysAre) {
+    Open("mk4_pawn.cnc");
+    const auto activate = [this](const char* name) {
+        const std::vector<Form*> forms = bench.Forms();
+        for (std::size_t i = 0; i < forms.size(); ++i) {
+            QEvent activation(QEvent::WindowActivate);
+            if (forms[i]->Name() == name) QApplication::sendEvent(&windows[i]->Window(), &activation);
+        }
+    };
+    activate("frmDraw");
+    Controls().mnuProgramWindow.Click();
+    activate("frmProgramWindow");
+    EXPECT_TRUE(bench.Draw.Listing.frmProgramWindow.Visible);
+    bench.Find.mnuFind_Click();
+    activate("frmFind");
+    EXPECT_FALSE(bench.Draw.Listing.frmProgramWindow.Visible);
+}
+
 TEST_F(DesktopDrawing, ItLeavesAsPictureAndOnPaper) {
     Open("mk4_pawn.cnc");
     const QString folder = data_.path() + "/";
