@@ -1,3 +1,4 @@
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -77,7 +78,7 @@ int Convert(DiskFiles& files, const std::string& file, iso::Machine machine) {
     } catch (const iso::Refusal& refusal) {
         const std::string line =
             refusal.Line > 0 ? "Line " + PlainNumber(refusal.Line) + ": " : std::string();
-        return Refuse(files, file, line + refusal.Why);
+        return Refuse(files, file, line + refusal.Description);
     } catch (const RunTimeError& error) {
         // The folder may still take an error file where it has not taken, or not given, the other ones.
         return Refuse(files, file, error.Description);
@@ -103,12 +104,9 @@ int main(int argc, char** argv) {
         return wrongUsage;
     }
     const std::string name = NameOfFile({argv + 1, argv + argc});
-    FaultPlan none;
-    DiskFiles files(none);
-    try {
-        return Convert(files, NameFromSystem(name), machine);
-    } catch (const RunTimeError& error) {
-        std::fprintf(stderr, "iso2emco: %s: %s\n", name.c_str(), error.Description.c_str());
-        return wrongUsage;
-    }
+    // A file that may not grow any more is a write that fails.
+    std::signal(SIGXFSZ, SIG_IGN);
+    DiskFiles files;
+    return RunMain("iso2emco: " + name, wrongUsage,
+                   [&] { return Convert(files, NameFromSystem(name), machine); });
 }

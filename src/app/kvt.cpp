@@ -2,15 +2,15 @@
 #include <QFileInfo>
 #include <QTimer>
 #include <QWindow>
+#include <csignal>
 #include <cstdio>
-#include <exception>
 #include <filesystem>
 #include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
 
-#include "basic/run_time_error.h"
+#include "basic/failure.h"
 #include "desktop/application.h"
 #include "desktop/desktop_platform.h"
 #include "desktop/end_signals.h"
@@ -128,6 +128,8 @@ void BringPreProcessors(const std::string& dataFolder) {
 }
 
 int RunProgram(int argc, char** argv) {
+    // A file that may not grow any more is a write that fails.
+    std::signal(SIGXFSZ, SIG_IGN);
     if (TellAboutIt(argc, argv)) return 0;
     kvt::Application application(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(programName));
@@ -138,12 +140,13 @@ int RunProgram(int argc, char** argv) {
         return wrongUsage;
     }
 
-    kvt::FaultPlan noFaults;
-    kvt::DiskFiles files(noFaults);
+    kvt::DiskFiles files;
     kvt::SystemPrograms programs;
     kvt::DesktopPlatform platform(files, programs,
                                   options.Scale > 0 ? options.Scale : kvt::DesktopPlatform::ScreenFactor());
     kvt::DesktopSystem& system = platform.Desktop.System;
+    files.KeepIn(kvt::FoldersBelow(system.LocalDataFolder()).DataFolder);
+    files.RemoveLeftovers();
     kvt::BringResetCopies(files, system.LocalDataFolder());
     BringPreProcessors(system.LocalDataFolder());
     kvt::Workbench workbench(platform.Services);
@@ -192,14 +195,5 @@ int RunProgram(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    try {
-        return RunProgram(argc, argv);
-    } catch (const kvt::RunTimeError& error) {
-        std::fprintf(stderr, "kvt: %s\n", error.Description.c_str());
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "kvt: %s\n", error.what());
-    } catch (...) {
-        std::fprintf(stderr, "kvt: an unknown failure has ended the program\n");
-    }
-    return failed;
+    return kvt::RunMain("kvt", failed, [&] { return RunProgram(argc, argv); });
 }

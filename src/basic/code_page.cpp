@@ -89,6 +89,18 @@ std::string FromUtf8(std::string_view utf8) {
     return text;
 }
 
+std::string WithoutControls(std::string_view utf8) {
+    std::string text;
+    std::uint32_t character = 0;
+    std::size_t length = 0;
+    for (std::size_t at = 0; at < utf8.size(); at += length) {
+        if (!NextCharacter(utf8, at, character, length)) character = static_cast<unsigned char>(utf8[at]);
+        const bool isControl = character < 0x20 || (character >= 0x7F && character < 0xA0);
+        text += isControl ? std::string_view(".") : utf8.substr(at, length);
+    }
+    return text;
+}
+
 std::string NameFromSystem(std::string_view name) {
     std::string text = FromUtf8(name);
     return ToUtf8(text) == name ? text : std::string(name);

@@ -16,6 +16,10 @@ bool IsUtf8(std::string_view bytes);
 // The text of UTF-8; a character that the code page lacks, or a stray byte, becomes "?".
 std::string FromUtf8(std::string_view utf8);
 
+// UTF-8 as it may go to a terminal, in one line: a control character, or a stray byte that some terminals take for
+// one, shows as ".".
+std::string WithoutControls(std::string_view utf8);
+
 // A file name of the system as the program holds it: in the code page where that is possible without loss.
 std::string NameFromSystem(std::string_view name);
 

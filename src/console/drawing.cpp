@@ -10,6 +10,7 @@
 #include "basic/text.h"
 #include "console/commands.h"
 #include "console/loaded_file.h"
+#include "console/output_file.h"
 #include "console/state.h"
 #include "headless/memory_window.h"
 
@@ -114,12 +115,6 @@ int DrawOneAsJson(const std::string& file, JsonSink& out) {
     return result;
 }
 
-// Whether two names lead to one file, by whatever links.
-bool IsSameFile(const std::string& one, const std::string& other) {
-    std::error_code none;
-    return std::filesystem::equivalent(one, other, none) && !none;
-}
-
 }  // namespace
 
 std::string_view OperationName(const DrawOperation& operation) {
@@ -184,15 +179,13 @@ int DrawPicture(const std::string& file, const std::string& out) {
         Complain(out, "the name of a picture ends in .svg, .pdf, .png or .bmp");
         return status::Usage;
     }
-    if (IsSameFile(file, out)) {
-        Complain(out, "is the program itself, the picture needs another name");
-        return status::Usage;
-    }
+    if (const std::string why = WhyNotWritten(out, file); !why.empty()) return Complain(out, why);
     DrawnFile drawn(file);
     if (const char* error = drawn.Loaded.Error()) {
         Complain(file, error);
         return status::Usage;
     }
+    PrepareToWrite(drawn.Loaded.Platform.Disk);
     const bool written = Attempt("draw", [&] {
         drawn.Loaded.Platform.Files.WriteWhole(NameFromSystem(out),
                                                drawn.Loaded.Bench->Draw.Output.Picture(kind));

@@ -231,7 +231,7 @@ int MakeHelp(const fs::path& sources, const fs::path& target) {
             try {
                 MakePage(file.path(), folder);
             } catch (const HelpFault& fault) {
-                std::fprintf(stderr, "%s:%d: %s\n", file.path().c_str(), fault.Line, fault.What.c_str());
+                std::fprintf(stderr, "%s:%d: %s\n", file.path().c_str(), fault.Line, fault.what());
                 result = 1;
             }
         }

@@ -9,6 +9,7 @@
 
 #include "headless/disk_files.h"
 #include "headless/fault_plan.h"
+#include "headless/faulty_files.h"
 #include "headless/memory_focus.h"
 #include "headless/memory_port.h"
 #include "headless/memory_printer.h"
@@ -165,7 +166,8 @@ private:
 class MemoryPlatform {
 public:
     FaultPlan Faults;
-    DiskFiles Files{Faults};
+    DiskFiles Disk;
+    FaultyFiles Files{Disk, Faults};
     MemoryDialogs Dialogs;
     MemoryClipboard Clipboard{Faults};
     MemoryScreen Screen;

@@ -13,7 +13,8 @@
 #include <thread>
 
 #include "basic/text.h"
-#include "headless/disk_files.h"
+#include "headless/confinement.h"
+#include "headless/file_names.h"
 
 extern char** environ;
 
@@ -25,11 +26,6 @@ namespace fs = std::filesystem;
 
 constexpr const char* nowhere = "/dev/null";
 constexpr std::chrono::milliseconds lookInterval{5};
-
-bool IsProgram(const std::string& path) {
-    std::error_code ignored;
-    return fs::is_regular_file(path, ignored) && access(path.c_str(), X_OK) == 0;
-}
 
 // What a process begins with: no files of ours, signals as usual, a group of its own.
 class StartConditions {
@@ -95,6 +91,11 @@ void Kill(pid_t process) {
 
 }  // namespace
 
+bool IsProgram(const std::string& path) {
+    std::error_code ignored;
+    return fs::is_regular_file(path, ignored) && access(path.c_str(), X_OK) == 0;
+}
+
 SystemPrograms::~SystemPrograms() {
     for (const auto& [number, process] : running_) Kill(process);
 }
@@ -105,9 +106,18 @@ int SystemPrograms::Start(std::string_view commandLine, std::string_view file) {
     if (command.Program.empty()) throw RunTimeError(fault::FileNotFound);
     // The name is one for the system as a whole, and its pieces are pieces of that.
     std::vector<std::string> words = WordsOf(NameForSystem(command.Rest));
+    // The file that a program is to work on is no option of it.
+    if (!words.empty() && words.front().front() == '-') words.front().insert(0, "./");
     words.insert(words.begin(), NameForSystem(command.Program));
-    running_[++lastNumber_] =
-        StartConditions().Spawn(words, std::string(FileVariable) + "=" + NameForSystem(file));
+    const std::string variable = std::string(FileVariable) + "=" + NameForSystem(file);
+    pid_t process = 0;
+    const auto spawn = [&] { process = StartConditions().Spawn(words, variable); };
+    if (confinedTo_.empty()) {
+        spawn();
+    } else {
+        RunConfined(confinedTo_, spawn);
+    }
+    running_[++lastNumber_] = process;
     return lastNumber_;
 }
 

@@ -3,13 +3,18 @@
 #include <sys/types.h>
 
 #include <chrono>
+#include <filesystem>
 #include <map>
 #include <set>
+#include <vector>
 
 #include "headless/fault_plan.h"
 #include "platform/programs.h"
 
 namespace kvt {
+
+// Whether a file is a program that can be started.
+bool IsProgram(const std::string& path);
 
 // Programs of this machine. What they write to their output is dropped, and their input is empty. Those that were
 // started, not launched, end with this object.
@@ -26,9 +31,13 @@ public:
     void End(int program) override;
     bool Launch(std::string_view name) override;
 
+    // What is started from now on may write below these folders alone, as far as the system can see to that.
+    void ConfineTo(std::vector<std::filesystem::path> folders) { confinedTo_ = std::move(folders); }
+
 private:
     std::map<int, pid_t> running_;
     std::set<int> cutOff_;
+    std::vector<std::filesystem::path> confinedTo_;
     std::vector<pid_t> launched_;
     int lastNumber_ = 0;
 };
@@ -44,6 +53,7 @@ public:
     bool WasCutOff(int program) override { return real_.WasCutOff(program); }
     void End(int program) override { real_.End(program); }
     bool Launch(std::string_view name) override;
+    void ConfineTo(std::vector<std::filesystem::path> folders) { real_.ConfineTo(std::move(folders)); }
 
     // How long the first question for its end waits for a program, in real time.
     std::chrono::milliseconds Patience{20'000};

@@ -36,8 +36,7 @@ protected:
     QWidget* Field() { return View::Of(Controls().pbxDrawField)->Widget(); }
 
     QTemporaryDir data_;
-    FaultPlan noFaults;
-    DiskFiles files{noFaults};
+    DiskFiles files;
     SystemPrograms programs;
     DesktopPlatform platform{files, programs, 1};
     Workbench bench{platform.Services};

@@ -62,8 +62,7 @@ protected:
 
     // Nothing goes to a device of this machine.
     const bool noPorts = qputenv("KVT_PORTS", "/nonexistent/port");
-    FaultPlan faults;
-    DiskFiles files{faults};
+    DiskFiles files;
     SystemPrograms programs;
     DesktopPlatform platform{files, programs, 1};
     Workbench bench{platform.Services};

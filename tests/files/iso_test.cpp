@@ -33,7 +33,7 @@ protected:
         try {
             Rows(machine, text);
         } catch (const iso::Refusal& refusal) {
-            return std::to_string(refusal.Line) + " " + refusal.Why;
+            return std::to_string(refusal.Line) + " " + refusal.Description;
         }
         return "converted";
     }

@@ -10,6 +10,7 @@
 #include <iterator>
 
 #include "basic/code_page.h"
+#include "headless/faulty_files.h"
 
 namespace kvt::test {
 
@@ -48,8 +49,7 @@ protected:
     }
 
     std::string Folder;
-    FaultPlan Faults;
-    DiskFiles Files{Faults};
+    DiskFiles Files;
 };
 
 }  // namespace
@@ -146,9 +146,6 @@ TEST_F(DiskFilesTest, ATextHasALargestLength) {
 TEST_F(DiskFilesTest, AnOldFileStaysUntilTheNewOneIsWhole) {
     Files.WriteWhole(Path("a"), "old");
     fs::permissions(Path("a"), fs::perms(0640));
-    Faults.Fail("file", 1);
-    EXPECT_EQ(ErrorOf([&] { Files.WriteWhole(Path("a"), "new"); }), fault::PathFileAccess);
-    EXPECT_EQ(OnDisk("a"), "old");
     // A reader that has the old file open keeps it: the new one takes its place and is not written into it.
     std::ifstream reader(Path("a"), std::ios::binary);
     Files.WriteWhole(Path("a"), "longer than before");
@@ -181,16 +178,18 @@ TEST_F(DiskFilesTest, AWriteTouchesNoOtherFile) {
 }
 
 TEST_F(DiskFilesTest, EachCallCanBeMadeToFail) {
+    FaultPlan faults;
+    FaultyFiles files(Files, faults);
     const std::function<void()> calls[] = {
-        [&] { Files.WriteWhole(Path("a"), "x"); }, [&] { Files.ReadWhole(Path("a")); },
-        [&] { Files.Append(Path("a"), "y"); }, [&] { Files.MakeFolder(Path("f")); },
-        [&] { Files.Delete(Path("a")); }};
+        [&] { files.WriteWhole(Path("a"), "x"); }, [&] { files.ReadWhole(Path("a")); },
+        [&] { files.Append(Path("a"), "y"); }, [&] { files.MakeFolder(Path("f")); },
+        [&] { files.Delete(Path("a")); }};
     for (std::size_t failing = 1; failing < std::size(calls); ++failing) {
-        Faults.Fail("file", static_cast<int>(failing) + 1);
+        faults.Fail("file", static_cast<int>(failing) + 1);
         for (std::size_t i = 0; i < std::size(calls); ++i) {
             // Looking is no call that can fail, and other services do not count.
-            Files.Exists(Path("a"));
-            Faults.Pass("clipboard", fault::InvalidCall);
+            files.Exists(Path("a"));
+            faults.Pass("clipboard", fault::InvalidCall);
             EXPECT_EQ(ErrorOf(calls[i]), i == failing ? fault::PathFileAccess : 0) << i << " of " << failing;
         }
     }

@@ -53,10 +53,9 @@ public:
         platform_.System.Patience = 2000;
         // A copy: it may be saved over.
         const std::string name = folder_ + "/part.cnc";
-        DiskFiles(noFaults_).WriteWhole(
-            name, DiskFiles(noFaults_).ReadWhole(KVT_SOURCE_DIR "/samples/" +
-                                                 std::string(samples[Below(std::size(samples))])));
-        DiskFiles own(noFaults_);
+        DiskFiles().WriteWhole(name, DiskFiles().ReadWhole(KVT_SOURCE_DIR "/samples/" +
+                                                           std::string(samples[Below(std::size(samples))])));
+        DiskFiles own;
         BringResetCopies(own, platform_.System.DataFolder);
         Bench->Form_Load(Below(4) == 0 ? "" : name);
     }
@@ -162,7 +161,6 @@ private:
     MemoryPlatform& platform_;
     std::string folder_;
     std::mt19937 random_;
-    FaultPlan noFaults_;
     std::vector<std::unique_ptr<MemoryWindow>> windows_;
     int inWait_ = 0;
     int steps_ = 0;

@@ -184,7 +184,6 @@ TEST_F(WorkbenchTest, AFailureWhileTheReporterRunsIsDropped) {
     // Reports a failure of its own inside every append, then fails.
     class TroubledFiles : public DiskFiles {
     public:
-        using DiskFiles::DiskFiles;
         void Append(std::string_view, std::string_view) override {
             ++Appends;
             Attempt("Append", [] { throw RunTimeError(fault::InvalidCall); });
@@ -192,7 +191,7 @@ TEST_F(WorkbenchTest, AFailureWhileTheReporterRunsIsDropped) {
         }
         int Appends = 0;
     };
-    TroubledFiles files(Platform.Faults);
+    TroubledFiles files;
     Services services{files,          Platform.Dialogs, Platform.Clipboard, Platform.Screen,  Platform.System,
                       Platform.Focus, Platform.Port,    Platform.Printer,   Platform.Programs};
     Workbench bench(services);

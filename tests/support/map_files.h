@@ -28,6 +28,7 @@ public:
     void WriteWhole(std::string_view path, std::string_view content) override {
         Content[std::string(path)] = std::string(content);
     }
+    bool CanWrite(std::string_view) override { return true; }
     void Append(std::string_view path, std::string_view content) override {
         Content[std::string(path)] += std::string(content);
     }
