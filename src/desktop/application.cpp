@@ -12,8 +12,8 @@ namespace {
 constexpr int outOfMemory = 7;
 constexpr int internalError = 51;
 
-// What a failure of any kind is in the log.
-RunTimeError Failure() {
+// What the failure that is being handled is in the log.
+RunTimeError InHand() {
     try {
         throw;
     } catch (const RunTimeError& error) {
@@ -31,7 +31,7 @@ RunTimeError Failure() {
 
 void TellFailure(const char* procedure) noexcept {
     try {
-        TellError(Failure(), procedure);
+        TellError(InHand(), procedure);
     } catch (...) {
         // Not even memory for the description: nothing is left to tell.
     }
