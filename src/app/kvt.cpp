@@ -11,7 +11,6 @@
 #include <vector>
 
 #include "basic/failure.h"
-#include "basic/run_time_error.h"
 #include "desktop/application.h"
 #include "desktop/desktop_platform.h"
 #include "desktop/end_signals.h"

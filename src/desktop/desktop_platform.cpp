@@ -32,9 +32,13 @@ QFont FormFont(double factor) {
     return font;
 }
 
-// The room for the field of a window on the screen that shows most of it, or on the main one where none does. What the
-// window manager puts around a window is known when it is up; until then a title as high as a menu bar is reckoned with.
-QRect RoomAt(const QRect& window) {
+// What the title and the menus of a window have of the screen is known when it is up. Until then a place counts as on the
+// screen with the least that they can have, and one that is brought back leaves them room enough.
+constexpr double leastEdge = 2.5;  // in heights of the font
+constexpr int roomyEdge = 4;
+
+// The screen that shows most of a window, or the main one where none does.
+QRect ScreenAt(const QRect& window) {
     const QScreen* screen = QGuiApplication::primaryScreen();
     const auto shown = [&](const QScreen& one) {
         const QRect part = one.geometry() & window;
@@ -43,8 +47,7 @@ QRect RoomAt(const QRect& window) {
     for (const QScreen* one : QGuiApplication::screens()) {
         if (shown(*one) > shown(*screen)) screen = one;
     }
-    const int bar = 2 * QFontMetrics(QApplication::font()).height();
-    return screen->availableGeometry().adjusted(0, 0, -bar / 4, -2 * bar);
+    return screen->availableGeometry();
 }
 
 }  // namespace
@@ -74,12 +77,14 @@ int DesktopScreen::WorkAreaHeight() {
 
 WindowPlace DesktopScreen::OnScreen(const WindowPlace& place) {
     const QRect wanted = lengths_.Rectangle(place.Left, place.Top, place.Width, place.Height);
-    const QRect area = RoomAt(wanted);
+    const QRect screen = ScreenAt(wanted);
+    const int fontHeight = QFontMetrics(QApplication::font()).height();
+    if (screen.contains(wanted.adjusted(0, 0, 0, static_cast<int>(leastEdge * fontHeight)))) return place;
+    const QRect area = screen.adjusted(0, 0, -fontHeight / 2, -roomyEdge * fontHeight);
     const int width = std::min(wanted.width(), area.width());
     const int height = std::min(wanted.height(), area.height());
     const int left = std::clamp(wanted.left(), area.left(), area.left() + area.width() - width);
     const int top = std::clamp(wanted.top(), area.top(), area.top() + area.height() - height);
-    if (QRect(left, top, width, height) == wanted) return place;
     return {lengths_.Twips(height), lengths_.Twips(left), lengths_.Twips(top), lengths_.Twips(width)};
 }
 

@@ -55,7 +55,6 @@ FormView::FormView(DesktopContext& desktop, Form& form)
     window_->setCentralWidget(field_);
     if (form.TopMost) {
         window_->setWindowFlag(Qt::WindowStaysOnTopHint);
-        window_->setAttribute(Qt::WA_ShowWithoutActivating);
     }
     window_->setAcceptDrops(true);
     Watch(field_);
@@ -140,8 +139,9 @@ void FormView::Follow(PropertyId id) {
             if (form_.Visible && window_->testAttribute(Qt::WA_WState_Created))
                 QMetaObject::invokeMethod(
                     this, [this] { Resized(); }, Qt::QueuedConnection);
+            window_->setAttribute(Qt::WA_ShowWithoutActivating, form_.TopMost || form_.ComesBehind());
             window_->setVisible(form_.Visible);
-            if (form_.Visible && !form_.TopMost) window_->activateWindow();
+            if (form_.Visible && !form_.TopMost && !form_.ComesBehind()) window_->activateWindow();
             break;
         case PropertyId::Front:
             window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);

@@ -169,15 +169,16 @@ void DrawWindow::RunPasses() {
 void DrawWindow::Show() {
     if (State.DrawPending) return;
     if (Controls.frmDraw.Visible) return Redraw();
-    BringUp();
+    MakeReady();
+    Controls.frmDraw.Visible = true;
     // The window's coming to the front has done it already where it is told at once.
     if (State.DrawPending) Form_Activate();
 }
 
 void DrawWindow::ShowBehindEditor() {
     if (State.DrawPending || Controls.frmDraw.Visible) return;
-    BringUp();
-    parts_.Store.lvCncProgram.OwningForm().BringToFront();
+    MakeReady();
+    Controls.frmDraw.ShowBehind();
     if (!State.DrawPending) return;
     TakeOnProgram();
     FitAndDraw();
@@ -191,12 +192,11 @@ void DrawWindow::ShowLater() {
     });
 }
 
-void DrawWindow::BringUp() {
+void DrawWindow::MakeReady() {
     if (!loaded_) Form_Load();
     State.DrawPending = true;
     State.AutoFitPending = true;
     State.RedrawRequested = true;
-    Controls.frmDraw.Visible = true;
 }
 
 void DrawWindow::DrawForUser() {

@@ -77,7 +77,7 @@ public:
 
 private:
     void Form_Load();
-    void BringUp();
+    void MakeReady();
     void TakeOnProgram();
     void FitAndDraw();
     void WireMenus();

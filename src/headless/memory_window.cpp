@@ -17,7 +17,8 @@ void MemoryWindow::Resize(int width, int height) {
 void MemoryWindow::PropertyChanged(Control&, PropertyId id) {
     if (placing_) return;
     if (id == PropertyId::Visible && !form_.Visible) return focus_.Gone(form_);
-    if ((id == PropertyId::Visible || id == PropertyId::Front) && !form_.TopMost) focus_.BringToFront(form_);
+    const bool comesToFront = id == PropertyId::Front || (id == PropertyId::Visible && !form_.ComesBehind());
+    if (comesToFront && !form_.TopMost) focus_.BringToFront(form_);
     if (id != PropertyId::WindowState) return;
     if (form_.State == WindowState::Maximised) Put({screen_.WorkAreaHeight(), 0, 0, screen_.Width()});
     TellResize();

@@ -61,6 +61,11 @@ void Form::SetRestoredPlace(const WindowPlace& place) {
     Width = place.Width;
 }
 
+void Form::ShowBehind() {
+    const StackGuard guard(comesBehind_);
+    Visible = true;
+}
+
 // A restored window has its place again before its view hears of it.
 void Form::NoteState() {
     const WindowState now = State;

@@ -148,6 +148,9 @@ public:
     bool FillsScreen() const { return fillsScreen_; }
     // Brings the window in front of the others, with the keys.
     void BringToFront() { Control::Changed(PropertyId::Front); }
+    // Shows the window behind the one in front, which keeps the keys.
+    void ShowBehind();
+    bool ComesBehind() const { return comesBehind_; }
     // The window's own close control was used. The form decides what happens; by itself nothing does.
     std::function<void()> OnQueryUnload;
     // A file was dropped on the window.
@@ -172,6 +175,7 @@ private:
     WindowState lastState_ = WindowState::Normal;
     WindowPlace restored_ = {};
     bool fillsScreen_ = false;
+    bool comesBehind_ = false;
 };
 
 class Label : public Control {
