@@ -123,8 +123,9 @@ void FormView::Follow(PropertyId id) {
             if (form_.Visible && window_->testAttribute(Qt::WA_WState_Created))
                 QMetaObject::invokeMethod(
                     this, [this] { Resized(); }, Qt::QueuedConnection);
+            window_->setAttribute(Qt::WA_ShowWithoutActivating, form_.TopMost || form_.ShowsWithoutKeys);
             window_->setVisible(form_.Visible);
-            if (form_.Visible && !form_.TopMost) window_->activateWindow();
+            if (form_.Visible && !form_.TopMost && !form_.ShowsWithoutKeys) window_->activateWindow();
             break;
         case PropertyId::Front:
             window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);

@@ -171,8 +171,11 @@ void DrawWindow::Show() {
 
 void DrawWindow::ShowBehindEditor() {
     if (State.DrawPending || Controls.frmDraw.Visible) return;
+    Controls.frmDraw.ShowsWithoutKeys = true;
     BringUp();
+    Controls.frmDraw.ShowsWithoutKeys = false;
     parts_.Store.lvCncProgram.OwningForm().BringToFront();
+    keysDue_ = true;
     if (!State.DrawPending) return;
     TakeOnProgram();
     FitAndDraw();
@@ -241,8 +244,8 @@ void DrawWindow::Form_QueryUnload() {
 
 void DrawWindow::Form_Activate() {
     TakeOnProgram();
-    Control* const focused = parts_.Platform.Focus.Focused();
-    if (!focused || &focused->OwningForm() != &Controls.frmDraw)
+    const Control* const focused = parts_.Platform.Focus.Focused();
+    if (std::exchange(keysDue_, false) || !focused || &focused->OwningForm() != &Controls.frmDraw)
         parts_.Platform.Focus.SetFocus(Controls.pbxDrawField);
     FitAndDraw();
 }

@@ -128,6 +128,8 @@ public:
     std::function<void()> OnActivate;
     // A window that stays above the others of the program and takes no activation; set before it is shown.
     bool TopMost = false;
+    // Set while the window is shown: the keys stay where they are.
+    bool ShowsWithoutKeys = false;
     // What of the form's size the window's edges, title and menus take; 0 where the size is that of the field
     // alone. Set before it is shown.
     int EdgeWidth = 0, EdgeHeight = 0;
