@@ -50,14 +50,13 @@ Conversion::Conversion(Form& form, ProgramStore& store, MachineControls& machine
 }
 
 void Conversion::Convert(double factor) {
-    // 1.
     const int lines = store_.LineCount();
     if (lines == 0) return;
-    // 2.
     store_.ProgramChanged = true;
     ListView& list = store_.lvCncProgram;
     const int selected = list.SelectedRow();
-    // 3. to 8. A number that does not fit is not stored, and the one before is written: deliberate.
+    // Every line is converted, whatever its code. A number that does not fit is reported and not stored, so its column gets
+    // the one that was converted before it.
     std::int16_t number = 0;
     for (int row = 1; row <= lines; ++row) {
         for (const ScaledColumn& one : scaledColumns) {
@@ -76,7 +75,6 @@ void Conversion::Convert(double factor) {
         }
     }
     list.RowsChanged();
-    // 9., 10.
     list.Select(selected);
     machine_.SetUnits(factor == inchToMetric ? "Metric" : "Imperial");
     if (const int opened = entry_.Opened.Place; opened > 0) {

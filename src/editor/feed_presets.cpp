@@ -49,20 +49,18 @@ void FeedPresets::KeyPress(std::string_view which, int& character) {
 void FeedPresets::ReplaceFeed(std::string_view which) {
     const TextBox& preset = which == "A" ? entry_.txtFeedA : entry_.txtFeedB;
     std::string& old = which == "A" ? entry_.OldFeedA : entry_.OldFeedB;
-    // 1., 2.
     const int lines = store_.LineCount();
     ListView& list = store_.lvCncProgram;
     const int selected = list.SelectedRow();
     double sought = 0;
     const bool known = Attempt("ReplaceFeed", [&] { sought = Val(old); });
-    // 3., 4. A word with a letter and an empty cell hold no plain number, whatever the preset was.
+    // Any line with the number is meant, whatever its code. A word with a letter and an empty cell hold no plain number, whatever the preset was.
     for (int row = 1; known && row <= lines; ++row) {
         Cell& feed = list.Row(row)[column::F];
         if (!IsNumeric(feed.View()) || Val(feed.View()) != sought) continue;
         feed = PresetText(preset);
         store_.ProgramChanged = true;
     }
-    // 5., 6.
     if (lines == 0) return;
     old = OldText(preset);
     list.RowsChanged();
@@ -70,15 +68,13 @@ void FeedPresets::ReplaceFeed(std::string_view which) {
 }
 
 void FeedPresets::SetFeedLimits() {
-    // 1.
     const double highest = HighestFeed();
     for (TextBox* preset : {&entry_.txtFeedA, &entry_.txtFeedB}) {
-        // 2., 3.
+        // One that cannot be read counts as too high.
         double feed = highest;
         Attempt("SetFeedLimits", [&] { feed = Val(preset->Text); });
         feed = std::max(std::min(feed, highest), lowestFeed);
         preset->Text = RightPad(PlainNumber(static_cast<float>(feed)), 5);
-        // 4.
         preset->Tag = store_.Metric ? "2TO499" : "2TO199";
         preset->ToolTip = Replace(preset->Tag, "TO", " = Low, Hi = ");
     }

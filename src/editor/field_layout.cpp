@@ -78,7 +78,7 @@ const LayoutRow layoutTable[] = {
     {{"G25 ", "G27 "}, all, {{FKTL, "Line", Both("0TO221")}}},
     {{"G33 "}, all, {{ZK, "Z", latheZ}, {FKTL, "K", feed}}},
     {{"G73 ", "G81 ", "G82 ", "G83 ", "G85 ", "G89 "}, lathes, {{ZK, "Z", latheZ}, {FKTL, "F", feed}}, true},
-    // The inch range of this feed is deliberate.
+    // In inch the entry allows this feed what Z has; the check pass holds it to the range of a feed.
     {{"G73 ", "G81 ", "G82 ", "G83 ", "G85 ", "G89 "},
      f1,
      {{ZK, "Z", longAxis}, {FKTL, "F", Range{"-7999TO7999", "2TO499"}}},
@@ -160,16 +160,14 @@ FieldLayout::FieldLayout(EntryRow& entry, const ProgramStore& store, const CodeL
 unsigned FieldLayout::MachineBit() const { return store_.IsMK2() ? mk2 : store_.IsMK4() ? mk4 : f1; }
 
 void FieldLayout::InputFields(std::string& code) {
-    // 1., 2. The four-character form.
+    // The four-character form.
     if (code.size() == 2) code += ' ';
     const char letter = code.empty() ? '\0' : UpperChar(code[0]);
     if (letter != 'G' && letter != 'M') code.insert(0, entry_.lblGMcode.Caption.Get());
-    // 3., 4., 5.
     entry_.cmdFeedA.Enabled = false;
     entry_.cmdFeedB.Enabled = false;
     HideInputFields();
     entry_.txtZK.Enabled = true;
-    // 6. The first row of the table that holds the code.
     const unsigned machine = MachineBit();
     auto fields = entry_.Fields();
     if (const LayoutRow* const row = RowOf(code, machine)) {
@@ -188,9 +186,7 @@ void FieldLayout::InputFields(std::string& code) {
     }
     laidOut_ = code;
     NameCode();
-    // 7.
     FirstFieldFocus("");
-    // 8.
     for (const EntryRow::Field& field : fields) {
         if (!field.Box.Tag.Empty()) field.Box.ToolTip = Replace(field.Box.Tag, "TO", " = Low, Hi = ");
     }
@@ -224,16 +220,13 @@ std::string FieldLayout::CodeInRow() const {
 }
 
 void FieldLayout::FirstFieldFocus(std::string_view initial) {
-    // 1.
-    const std::string code = CodeInRow();
-    // 2.
+    // A hidden or frozen comment: the row is not in use.
     if (!entry_.txtComment.ReallyVisible() || !entry_.txtComment.ReallyEnabled()) return;
-    // 3.
+    const std::string code = CodeInRow();
     TextBox* target = &entry_.txtComment;
     for (const FirstField& first : firstFields) {
         if (Holds(first.Codes, code)) target = &entry_.Fields()[first.Field].Box;
     }
-    // 4.
     target->Visible = true;
     if (!initial.empty() && target != &entry_.txtComment) target->Text = initial;
     if (!FocusStays) focus_.SetFocus(*target);

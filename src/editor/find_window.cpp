@@ -58,7 +58,7 @@ void FindWindow::Leave() {
 void FindWindow::FindNext() {
     ListView& list = store_.lvCncProgram;
     const int first = FindNextMode ? list.SelectedRow() + 1 : 1;
-    // 1. to 4. The focus leaves the window only once: no field on its way hears of it.
+    // The focus leaves the window only once: no field on its way hears of it.
     frmFind.Visible = false;
     const int lines = store_.LineCount();
     for (int row = first; row <= lines; ++row) {

@@ -248,18 +248,15 @@ void KeyboardEntry::txtGMcode_LostFocus() {
 void KeyboardEntry::CheckCode() {
     EntryRow& entry = parts_.Entry;
     ProgramStore& store = parts_.Store;
-    // 1.
     if (entry.txtGMcode.Text.Empty()) return;
-    // 2. Only the last two digits count, so that a typing mistake needs no correction.
+    // Only the last two digits count, so that a typing mistake needs no correction.
     std::string text = entry.txtGMcode.Text.Get();
     text = UpperChar(text.back()) == 'R' ? "99R" : std::string(Right("0" + text, 2));
     entry.txtGMcode.Text = text;
-    // 3.
     bool unknownCode = true;
     for (const std::string& row : parts_.Codes.ListOf(entry.lblGMcode.Caption.Get()).Entries()) {
         if (Left(text, 2) == Mid(row, 2, 2)) unknownCode = false;
     }
-    // 4.
     if (unknownCode) {
         parts_.Platform.Focus.SetFocus(entry.txtGMcode);
         entry.txtGMcode.SelectAll();
@@ -270,11 +267,10 @@ void KeyboardEntry::CheckCode() {
         parts_.Layout.NameCode();
         return;
     }
-    // 5.
     if (store.LineCount() < 1) {
         parts_.Layout.InputFields(text);
-        // 6. The same digits typed over leave the layout and the fields alone, where they are those of the code.
     } else {
+        // The same digits typed over leave the layout and the fields alone, where they are those of the code.
         const ListView& list = store.lvCncProgram;
         const std::string_view digits = Trim(Mid(list.Row(list.SelectedRow())[column::Code], 2, 2));
         if (digits != text || modeKeyUsed_ || !parts_.Layout.FitsCode()) {
@@ -286,7 +282,6 @@ void KeyboardEntry::CheckCode() {
             if (parts_.View.chkViewGcode.Value != 0 && !itself) parts_.Layout.CodeDescription();
         }
     }
-    // 7.
     const bool fillsComment = parts_.View.chkViewGcode.Value != 0 && entry.txtComment.Text.Empty();
     if (fillsComment && !KeepsComment(entry)) parts_.Layout.CodeDescription();
 }
@@ -298,16 +293,15 @@ void KeyboardEntry::txtZK_GotFocus() {
     const ListView& list = store.lvCncProgram;
     Attempt(automaticZName, [&] {
         if (!store.IsF1() || store.LineCount() <= 1 || KeepsCode(entry)) return;
-        // 1.
         const std::string code(Trim(entry.lblGMcode.Caption.Get() + entry.txtGMcode.Text.Get()));
         const int selected = list.SelectedRow();
         if (Holds(linearAndArcCodes, code)) {
-            // 2. The open line has no tool position yet: that of the last program line.
+            // The open line has no tool position yet: that of the last program line.
             if (store.AbsoluteMode) {
                 entry.txtZK.Text = list.Row(std::min(selected, store.LineCount()))[column::ToolZ];
             }
         } else if (Holds(boringCodes, code)) {
-            // 3. The last boring depth above or at this line. G73 takes it but is no source itself.
+            // The last boring depth above or at this line. G73 takes it but is no source itself.
             for (int row = 1; row <= selected; ++row) {
                 if (IsOneOf(KeyOf(list.Row(row)[column::Code]), boringDepthKeys)) {
                     entry.txtZK.Text = list.Row(row)[column::Z];

@@ -112,15 +112,12 @@ CncReader::CncReader(Parts parts) : parts_(parts) {}
 
 LoadResult CncReader::LoadFile(std::string& fileName, const LoadAs& as) {
     ProgramStore& store = parts_.Store;
-    // 1.
     Run(parts_.Calls.cmdReturn_Click);
-    // 2. to 5.
     std::string name;
     name.swap(fileName);
     std::string text;
     const LoadResult read = ReadText(name, text);
     if (read != LoadResult::Loaded) return read;
-    // 6., 7.
     const Recognised found = Recognise(text);
     if (found.Kind == FileKind::Language) {
         Run(parts_.Calls.LoadLanguageModule, name);
@@ -130,15 +127,12 @@ LoadResult CncReader::LoadFile(std::string& fileName, const LoadAs& as) {
         ReportNotRecognised();
         return LoadResult::NotRecognised;
     }
-    // 8. The old program is saved in the layout of its own machine, so the machine changes behind that.
+    // The old program is saved in the layout of its own machine, so the machine changes behind that.
     if (!LeaveProgram(as.Old)) return LoadResult::Nothing;
     store.Machine = found.Kind == FileKind::MK2 ? "MK2" : found.Kind == FileKind::MK4 ? "MK4" : "F1";
-    // 9.
     Run(parts_.Calls.ClearProgram_Click);
-    // 10. to 14.
     ReadNotes(text, found);
     ReadLines(text, found);
-    // 15.
     Finish(name, as);
     return LoadResult::Loaded;
 }
@@ -175,12 +169,11 @@ bool CncReader::AskToSave() {
 LoadResult CncReader::ReadText(std::string& name, std::string& text) {
     FileDialog& dialog = parts_.Controls.dlgFile;
     Services& platform = parts_.Platform;
-    // 2. Only this branch sets the filter: the dialog of the menu has the one that was left there.
+    // The dialog itself keeps the filter that an earlier opening has left there.
     if (!name.empty()) {
         dialog.Filter = programFilter;
         dialog.FileName = name;
     } else {
-        // 3.
         bool chosen = false;
         // A save may have left it on; here a cancelled dialog is no failure.
         dialog.CancelError = false;
@@ -188,9 +181,7 @@ LoadResult CncReader::ReadText(std::string& name, std::string& text) {
         if (chosen) name = dialog.FileName;
         if (name.empty()) return LoadResult::Nothing;
     }
-    // 4.
     if (!platform.Files.Exists(name)) return LoadResult::Nothing;
-    // 5.
     const bool whole = Attempt(loadFileName, [&] { text = platform.Files.ReadWhole(name); });
     if (whole) return LoadResult::Loaded;
     platform.Dialogs.ShowMessage(Notice(FileMessage(parts_.Language, name, text::CannotRead),

@@ -46,16 +46,13 @@ std::string CncWriter::GenerateAll() {
     if (lines == 0) return text;
     text.reserve(static_cast<std::size_t>(lines) * 64 + 256);
 
-    // 1. to 3.
     Attempt(generateAllName, [&] { AppendNotes(text); });
     if (!PrintMode) text += cnc::NotesEnd;
     text += cnc::LineEnd;
     Attempt(generateAllName, [&] { AppendHeader(text); });
-    // 4.
     for (int i = 1; i <= lines; ++i) {
         Attempt(generateAllName, [&] { AppendLine(text, store.lvCncProgram.Row(i)); });
     }
-    // 5.
     AppendUnits(text);
     return text;
 }
@@ -143,9 +140,7 @@ void CncWriter::AppendUnits(std::string& text) const {
 void CncWriter::AddEndCode() {
     ProgramStore& store = parts_.Store;
     EntryRow& entry = parts_.Entry;
-    // 1.
     if (store.EndCodePresent) return;
-    // 2.
     const bool mk2 = store.IsMK2();
     entry.Opened.Forget();
     entry.lblGMcode.Caption = mk2 ? "G" : "M";
@@ -154,7 +149,7 @@ void CncWriter::AddEndCode() {
     std::string code = entry.txtGMcode.Text.Get();
     parts_.Layout.InputFields(code);
     store.EndCodePresent = true;
-    // 3. The line is written into the last row, as if it were typed there.
+    // The line is written into the last row, as if it were typed there.
     ListView& list = store.lvCncProgram;
     const int selected = list.SelectedRow();
     const int top = list.TopRow();
@@ -168,32 +163,24 @@ void CncWriter::SaveFile_Click(std::int16_t& mode) {
     ProgramStore& store = parts_.Store;
     FileControls& controls = parts_.Controls;
     Services& platform = parts_.Platform;
-    // 1.
     Run(parts_.Calls.cmdReturn_Click);
-    // 2.
     if (store.lvCncProgram.SelectedRow() == 0) {
         platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
         return;
     }
-    // 3.
     // What a pre-processor has read is no program, and is not replaced by one.
     const bool hasFile = !controls.lblPath.Caption.Empty() && !controls.NamesSource;
     if (mode == save::ToFile && !hasFile) mode = save::As;
-    // 4.
     AddEndCode();
-    // 5.
     const std::string text = GenerateAll();
     if (text.empty()) return;
-    // 6.
     std::string name = controls.lblPath.Caption.Get();
     if (mode == save::ToClipboard) {
         Ignoring([&] { platform.Clipboard.Clear(); });
         Ignoring([&] { platform.Clipboard.SetText(text); });
         return;
     }
-    // 7.
     if (mode == save::As && !AskForName(name)) return;
-    // 8., 9.
     WriteFile(name, text);
 }
 
@@ -236,8 +223,8 @@ bool CncWriter::AskForName(std::string& name) {
 
 void CncWriter::WriteFile(const std::string& name, const std::string& text) {
     Services& platform = parts_.Platform;
-    // 8. The flag goes first, also where the write fails: deliberate. Deleting the old file and writing the new
-    // one are one step of the platform, so that the old one goes only when the new one is whole.
+    // The old file goes only when the new one is whole: both are one step of the platform. Where that fails, SaveFailed
+    // says in the place of ProgramChanged that there is something to lose.
     parts_.Store.ProgramChanged = false;
     const bool written = Attempt(saveFileName, [&] { platform.Files.WriteWhole(name, text); });
     parts_.Store.SaveFailed = !written;
@@ -245,7 +232,6 @@ void CncWriter::WriteFile(const std::string& name, const std::string& text) {
         platform.Dialogs.ShowMessage(Notice(FileMessage(parts_.Language, name, text::CannotWrite),
                                             parts_.Language.ErrorTexts(text::SaveTitle), Icon::Exclamation));
     }
-    // 9.
     parts_.Controls.NamesSource = false;
     if (written) parts_.Controls.LastProgram = name;
     parts_.Controls.lblPath.Caption = name;

@@ -43,24 +43,21 @@ Menu& PreProcessor::Entry(int index) {
 }
 
 void PreProcessor::RefreshPreProcessors() {
-    // 1. Entry 0 always exists.
+    // Entry 0 always exists.
     if (PreProcessorCount > 0) {
         parts_.mnuImport.Visible = false;
         for (int i = 1; i < PreProcessorCount; ++i) Entry(i).Visible = false;
     }
     PreProcessorCount = 0;
-    // 2.
     const ProgramStore& store = parts_.Store;
     const char* const pattern = store.IsMK2()   ? "*.MK2"
                                 : store.IsMK4() ? "*.MK4"
                                 : store.IsF1()  ? "*.F1"
                                                 : nullptr;
     if (!pattern || PreProcessorFolder.empty()) return;
-    // 3.
     std::vector<std::string> names;
     Attempt("RefreshPreProcessors", [&] { names = parts_.Platform.Files.List(PreProcessorFolder, pattern); });
     if (names.size() > mostEntries) names.resize(mostEntries);
-    // 4., 5.
     for (const std::string& name : names) {
         Menu& entry = Entry(PreProcessorCount++);
         entry.Caption = name;
@@ -83,17 +80,16 @@ bool PreProcessor::ChooseFile(std::string& name) {
 void PreProcessor::mnuPP_Click(int index) {
     const StackGuard guard(running_);
     if (!guard.Entered()) return;
-    // 1.
     std::string name;
     if (!ChooseFile(name)) return;
     // What an earlier run has left must not speak for this one.
     for (const char* ending : {resultEnding, errorEnding, informationEnding}) {
         if (!MakeWay(name + ending)) return;
     }
-    // 2. to 5. The name is not quoted: one with a blank gives two arguments.
+    // The name is not quoted: one with a blank gives two arguments.
     const std::string result = name + resultEnding;
     const bool converted = Convert(PreProcessorFolder + Entry(index).Caption.Get() + " " + name, name);
-    // 6. The reader empties the name that it is given.
+    // The reader empties the name that it is given.
     if (converted) {
         LoadAs as;
         as.Changed = true;
@@ -105,18 +101,15 @@ void PreProcessor::mnuPP_Click(int index) {
 
 // Runs the pre-processor. False where it has left no program, which has been told then, or the user has ended it.
 bool PreProcessor::Convert(const std::string& command, const std::string& name) {
-    // 2.
     int program = 0;
     if (!Attempt(preProcessorName, [&] { program = parts_.Platform.Programs.Start(command, name); })) {
         Tell(text::NotStarted, command.substr(0, command.size() - name.size() - 1));
         return false;
     }
-    // 3.
     if (!WaitFor(program, name)) {
         for (const char* ending : {resultEnding, errorEnding, informationEnding}) Remove(name + ending);
         return false;
     }
-    // 4., 5.
     if (ShowMessage(name + errorEnding, errorCaption)) return false;
     ShowMessage(name + informationEnding, informationCaption);
     // One that the system has cut off may have left half a program.

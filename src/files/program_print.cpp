@@ -25,22 +25,18 @@ bool GoesOn(const char* procedure, Statement statement) {
 
 void ProgramPrint::mnuPrint_Click() {
     PrinterService& printer = parts_.Platform.Printer;
-    // 1.
     Run(parts_.Calls.cmdReturn_Click);
     Run(parts_.Calls.HideSettings);
-    // 2.
     if (parts_.Store.LineCount() == 0) {
         parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
         return;
     }
-    // 3.
     printer.BeginJob(parts_.Controls.lblPath.Caption.Get());
     if (!DirectPrint && !GoesOn(printName, [&] { printer.ShowPrinter(dlgPrint); })) return;
-    // 4.
     parts_.Writer.PrintMode = true;
     const std::string text = parts_.Writer.GenerateAll();
     parts_.Writer.PrintMode = false;
-    // 5. Each copy is a job of its own.
+    // Each copy is a job of its own.
     const int copies = dlgPrint.Copies;
     for (int copy = 1; copy <= copies; ++copy) {
         const std::string path = parts_.Controls.lblPath.Caption.Get();

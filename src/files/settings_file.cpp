@@ -51,7 +51,7 @@ constexpr SettingKey editorKeys[] = {
     {comTransmit, "XonXoffTX", "0"},
     {comTransmit, "DtrDsrTX", "0"},
     {comTransmit, "RtsCtsTX", "0"},
-    {comTransmit, "TXfilter ", "1"},  // written with the blank: deliberate
+    {comTransmit, "TXfilter ", "1"},  // with the blank that it has in users' files
     {comReceive, "BaudRX", "300"},
     {comReceive, "ParityRX", "N"},
     {comReceive, "DataBitsRX", "8"},

@@ -57,7 +57,7 @@ MachineProgram Converter::Convert(const std::vector<Block>& blocks) {
     return program_;
 }
 
-// 1. What the block says, 2. the changes of state in the order of a control, 3. the way, 4. stop and end.
+// What the block says, then the changes of state in the order of a control, the way, and last stop and end.
 void Converter::ConvertBlock(const Block& block) {
     setsPosition_ = dwells_ = returns_ = toolChange_ = end_ = false;
     stop_ = spindle_ = -1;
@@ -71,7 +71,6 @@ void Converter::ConvertBlock(const Block& block) {
         comment_.clear();
         return;
     }
-    // 1.
     for (const Word& word : block.Words) {
         if (word.Letter == 'G') TakeGCode(word);
     }
@@ -83,16 +82,13 @@ void Converter::ConvertBlock(const Block& block) {
     for (const Word& word : block.Words) {
         if (word.Letter == 'M') TakeMCode(word);
     }
-    // 2.
     if (toolChange_) ChangeTool();
     if (spindle_ > 0) SwitchSpindle(true);
     if (dwells_) {
         Dwell(block);
     } else {
-        // 3.
         Move(block);
     }
-    // 4.
     if (spindle_ == 0) SwitchSpindle(false);
     if (stop_ >= 0) Put(program_.Machine == Machine::MK2 ? "20" : "M00");
     if (end_) {
