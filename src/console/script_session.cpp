@@ -82,7 +82,7 @@ void ScriptSession::Start(const std::string& commandLine) {
     commandLine_ = commandLine;
     // As the window's main function does.
     Platform.Disk.RemoveLeftovers();
-    BringResetCopies(ownFiles_, Platform.System.DataFolder);
+    InstallResetCopies(ownFiles_, Platform.System.DataFolder);
     bench_->Form_Load(NameFromSystem(commandLine));
 }
 

@@ -16,7 +16,7 @@ namespace {
 
 constexpr const char* mathStringName = "MathString";
 constexpr const char* evalTextName = "EvalText";
-constexpr std::size_t mostOperands = 10;
+constexpr std::size_t maxOperands = 10;
 constexpr std::string_view operators = "+-*/";
 // In front of another operator pi is this 32-bit float; at the end it is the decimal number.
 constexpr std::uint32_t piBits = 0x40490FDB;
@@ -44,22 +44,22 @@ double Apply(char operation, double left, double right) {
 
 // Operands and operators, indexed from 1; an index outside is error 9.
 template <class Item>
-class Store {
+class IndexedFrom1 {
 public:
     Item& operator[](std::size_t index) {
-        if (index < 1 || index > mostOperands) throw RunTimeError(fault::SubscriptOutOfRange);
+        if (index < 1 || index > maxOperands) throw RunTimeError(fault::SubscriptOutOfRange);
         return items_[index - 1];
     }
 
 private:
-    std::array<Item, mostOperands> items_ = {};
+    std::array<Item, maxOperands> items_ = {};
 };
 
 }  // namespace
 
 std::string MathString(std::string& text) {
-    Store<float> operands;
-    Store<char> operations;
+    IndexedFrom1<float> operands;
+    IndexedFrom1<char> operations;
     // Measured once, so that only a text without any operator in front can end in one: "10+" is 10, "10+20+" adds 0.
     const std::size_t length = text.size();
     std::size_t n = 1;
@@ -90,7 +90,7 @@ CalculatedInputs::CalculatedInputs(const ProgramStore& store, const Texts& texts
                                    FocusService& focus)
     : store_(store), texts_(texts), dialogs_(dialogs), focus_(focus) {}
 
-bool CalculatedInputs::EvalText(TextBox& field, bool textStays) {
+bool CalculatedInputs::EvalText(TextBox& field, bool keepText) {
     // Told, and no more: the leading digits are checked all the same.
     if (!IsNumeric(field.Text)) dialogs_.ShowMessage(Notice(texts_.ErrorTexts(text::MustBeNumeric)));
     // Without a range or a value there is nothing to compare.
@@ -110,21 +110,21 @@ bool CalculatedInputs::EvalText(TextBox& field, bool textStays) {
         high = NoLimit(high);
     }
     // Only the message of the lower bound has an icon.
-    if (value < low) Refuse(field, text::LowestValue, low, Icon::Information, textStays);
-    if (value > high) Refuse(field, text::HighestValue, high, Icon::None, textStays);
+    if (value < low) Refuse(field, text::LowestValue, low, Icon::Information, keepText);
+    if (value > high) Refuse(field, text::HighestValue, high, Icon::None, keepText);
     return value >= low && value <= high;
 }
 
-void CalculatedInputs::Refuse(TextBox& field, int message, std::int32_t bound, Icon icon, bool textStays) {
+void CalculatedInputs::Refuse(TextBox& field, int message, std::int32_t bound, Icon icon, bool keepText) {
     std::string refusal(texts_.MessageTexts(message));
     refusal += " " + PlainNumber(bound);
     dialogs_.ShowMessage(Notice(refusal, "Value Check", icon));
-    if (!textStays) field.Text = "";
+    if (!keepText) field.Text = "";
     if (field.Visible) focus_.SetFocus(field);
 }
 
-void CalculatedInputs::LeaveField(TextBox& field, bool keepsEmpty) {
-    if (keepsEmpty && field.Text.Empty()) return;
+void CalculatedInputs::EvaluateField(TextBox& field, bool keepEmpty) {
+    if (keepEmpty && field.Text.Empty()) return;
     std::string expression = field.Text.Get();
     field.Text = MathString(expression);
     EvalText(field);

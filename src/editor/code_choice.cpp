@@ -60,7 +60,7 @@ void CodeChoice::lvCncProgram_Click() {
     const int place = store.lvCncProgram.SelectedRow();
     if (place == 0) return;
     const ListRow row = store.lvCncProgram.Row(place);
-    entry.Opened.Forget();
+    entry.Opened.Close();
     CodeLists& lists = parts_.Lists;
     for (ListBox* list : {&lists.lstMK2Gcodes, &lists.lstMK4Gcodes, &lists.lstMK4Mcodes, &lists.lstF1Gcodes,
                           &lists.lstF1Mcodes}) {
@@ -90,12 +90,12 @@ void CodeChoice::lvCncProgram_Click() {
     }
     parts_.Layout.InputFields(code);
     FillFields(entry, row, store.IsF1());
-    NoteOpened(entry, row, place);
+    RememberOpenedLine(entry, row, place);
     // A first value beyond its range is told, here alone; it stays, and can be passed.
     entry.txtGMcode.SelectAll();
-    entry.Opened.Arrives = true;
+    entry.Opened.BeingOpened = true;
     parts_.Platform.Focus.SetFocus(entry.txtGMcode);
-    entry.Opened.Arrives = false;
+    entry.Opened.BeingOpened = false;
 }
 
 void CodeChoice::lvCncProgram_ColumnClick(int header) {

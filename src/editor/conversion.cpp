@@ -79,7 +79,7 @@ void Conversion::Convert(double factor) {
     machine_.SetUnits(factor == inchToMetric ? "Metric" : "Imperial");
     if (const int opened = entry_.Opened.Place; opened > 0) {
         FillFields(entry_, list.Row(opened), store_.IsF1());
-        NoteOpened(entry_, list.Row(opened), opened);
+        RememberOpenedLine(entry_, list.Row(opened), opened);
     }
 }
 

@@ -27,8 +27,8 @@ FeedPresets::FeedPresets(EntryRow& entry, ProgramStore& store, ControlInterprete
     : entry_(entry), store_(store), interpreter_(interpreter), focus_(focus) {
     entry_.cmdFeedA.OnClick = [this] { cmdFeedA_Click(); };
     entry_.cmdFeedB.OnClick = [this] { cmdFeedB_Click(); };
-    entry_.txtFeedA.OnLostFocus = [this] { Leave(entry_.txtFeedA, entry_.OldFeedA); };
-    entry_.txtFeedB.OnLostFocus = [this] { Leave(entry_.txtFeedB, entry_.OldFeedB); };
+    entry_.txtFeedA.OnLostFocus = [this] { PresetLostFocus(entry_.txtFeedA, entry_.OldFeedA); };
+    entry_.txtFeedB.OnLostFocus = [this] { PresetLostFocus(entry_.txtFeedB, entry_.OldFeedB); };
     entry_.txtFeedA.OnKeyPress = [this](int& character) { KeyPress("A", character); };
     entry_.txtFeedB.OnKeyPress = [this](int& character) { KeyPress("B", character); };
 }
@@ -82,12 +82,12 @@ void FeedPresets::SetFeedLimits() {
 
 // Leaving a preset sets it for later lines; the other one's old value stays known. A feed with more digits than a
 // line has place for would reach it without the first one.
-void FeedPresets::Leave(TextBox& preset, std::string& old) {
+void FeedPresets::PresetLostFocus(TextBox& preset, std::string& old) {
     if (Val(preset.Text) > HighestFeed()) SetFeedLimits();
     old = OldText(preset);
 }
 
-void FeedPresets::Take(const TextBox& preset) {
+void FeedPresets::ApplyPreset(const TextBox& preset) {
     entry_.txtFKTL.Text = PresetText(preset);
     focus_.SetFocus(entry_.txtComment);
 }

@@ -108,7 +108,7 @@ const LayoutRow layoutTable[] = {
     {{"M99R"}, all, {{XI, "R", Range{"0TO1999", "0TO5999"}}}},
 };
 
-bool Holds(const std::initializer_list<const char*>& codes, std::string_view code) {
+bool Contains(const std::initializer_list<const char*>& codes, std::string_view code) {
     for (const char* one : codes) {
         if (EqualIgnoringCase(code, one)) return true;
     }
@@ -118,15 +118,15 @@ bool Holds(const std::initializer_list<const char*>& codes, std::string_view cod
 // The first row that holds a code on a machine; null for a code without fields.
 const LayoutRow* RowOf(std::string_view code, unsigned machine) {
     for (const LayoutRow& row : layoutTable) {
-        if ((row.Machines & machine) != 0 && Holds(row.Codes, code)) return &row;
+        if ((row.Machines & machine) != 0 && Contains(row.Codes, code)) return &row;
     }
     return nullptr;
 }
 
 // A range without what its column can't hold: numbers with more digits, and a sign that a letter takes the place of.
-std::string HeldRange(std::string_view range, const ShownField& shown, bool mill) {
+std::string ColumnRange(std::string_view range, const ShownField& shown, bool mill) {
     const std::int32_t largest = FieldFormats[shown.Field].Largest(mill);
-    std::int32_t low = KeepsSign(shown.Label) ? -largest : 0;
+    std::int32_t low = HasSignPlace(shown.Label) ? -largest : 0;
     std::int32_t high = largest;
     const std::vector<std::string_view> bounds = Split(range, "TO");
     if (bounds.size() == 2) {
@@ -177,15 +177,15 @@ void FieldLayout::InputFields(std::string& code) {
             field.Caption.Caption = shown.Label;
             field.Caption.Visible = true;
             field.Box.Visible = true;
-            field.Box.Tag = HeldRange(store_.Metric ? range.Metric : range.Inch, shown, machine == f1);
+            field.Box.Tag = ColumnRange(store_.Metric ? range.Metric : range.Inch, shown, machine == f1);
         }
         entry_.cmdFeedA.Enabled = row->FeedButtons;
         entry_.cmdFeedB.Enabled = row->FeedButtons;
         // The control of that machine derives the Z of an arc.
-        if (machine == mk2 && Holds({"G02 ", "G03 "}, code)) entry_.txtZK.Enabled = false;
+        if (machine == mk2 && Contains({"G02 ", "G03 "}, code)) entry_.txtZK.Enabled = false;
     }
-    laidOut_ = code;
-    NameCode();
+    laidOutCode_ = code;
+    UpdateFrameCaption();
     FirstFieldFocus("");
     for (const EntryRow::Field& field : fields) {
         if (!field.Box.Tag.Empty()) field.Box.ToolTip = Replace(field.Box.Tag, "TO", " = Low, Hi = ");
@@ -199,10 +199,10 @@ void FieldLayout::HideInputFields() {
         field.Box.Tag = "";
         field.Box.ToolTip = "";
     }
-    laidOut_.clear();
+    laidOutCode_.clear();
 }
 
-bool FieldLayout::FitsCode() const { return EqualIgnoringCase(laidOut_, CodeInRow()); }
+bool FieldLayout::IsLaidOutForCode() const { return EqualIgnoringCase(laidOutCode_, CodeInRow()); }
 
 void FieldLayout::RefreshFeedButtons() {
     const LayoutRow* const row = RowOf(CodeInRow(), MachineBit());
@@ -210,7 +210,7 @@ void FieldLayout::RefreshFeedButtons() {
     entry_.cmdFeedB.Enabled = row && row->FeedButtons;
 }
 
-void FieldLayout::NameCode() {
+void FieldLayout::UpdateFrameCaption() {
     const std::string* const entry = ListEntry();
     entry_.frEntry.Caption = entry ? EntryDescription(*entry) : texts_.EntryCaption;
 }
@@ -225,11 +225,11 @@ void FieldLayout::FirstFieldFocus(std::string_view initial) {
     const std::string code = CodeInRow();
     TextBox* target = &entry_.txtComment;
     for (const FirstField& first : firstFields) {
-        if (Holds(first.Codes, code)) target = &entry_.Fields()[first.Field].Box;
+        if (Contains(first.Codes, code)) target = &entry_.Fields()[first.Field].Box;
     }
     target->Visible = true;
     if (!initial.empty() && target != &entry_.txtComment) target->Text = initial;
-    if (!FocusStays) focus_.SetFocus(*target);
+    if (!KeepFocus) focus_.SetFocus(*target);
 }
 
 void FieldLayout::CodeDescription() {
@@ -252,7 +252,7 @@ const std::string* FieldLayout::ListEntry() const {
 
 void FieldLayout::ClearEntryFields() {
     HideInputFields();
-    entry_.Opened.Forget();
+    entry_.Opened.Close();
     for (const EntryRow::Field& field : entry_.Fields()) field.Box.Text = "";
     entry_.txtGMcode.Text = "";
     entry_.txtComment.Text = "";

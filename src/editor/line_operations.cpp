@@ -21,7 +21,7 @@ constexpr const char* lineDeleteName = "LineDelete";
 constexpr std::size_t feedField = 3, hField = 4;
 
 std::string Prefix(std::string_view label, double value) {
-    if (KeepsSign(label)) return std::round(value) < 0 ? "-" : " ";
+    if (HasSignPlace(label)) return std::round(value) < 0 ? "-" : " ";
     if (label == "F") return " ";
     return std::string(Left(label, 1));
 }
@@ -101,7 +101,7 @@ void LineOperations::LineInsert() {
     const int selected = std::max(list.SelectedRow(), 1);
     const int behind = list.Count() - selected + 1;
     store_.ProgramChanged = true;
-    entry_.Opened.Forget();
+    entry_.Opened.Close();
     entry_.lblGMcode.Caption = "G";
     entry_.txtGMcode.Text = "21";
     std::string code = "21";
@@ -149,7 +149,7 @@ void LineOperations::LineEdit() {
     if (entry_.txtGMcode.Text.Empty()) return;
     // The defaults of feed and tool; what the user has not touched stays. The Z of an MK2 arc is not worked out here: the
     // check pass writes it.
-    if (!KeepsField(entry_, feedField)) {
+    if (!FieldUnchanged(entry_, feedField)) {
         Attempt(lineEditName, [&] {
             if (entry_.lblFKTL.Caption == "F" && Val(entry_.txtFKTL.Text) < 2) {
                 entry_.txtFKTL.Text = entry_.txtFeedA.Text;
@@ -157,15 +157,15 @@ void LineOperations::LineEdit() {
         });
         if (entry_.lblFKTL.Caption == "T" && entry_.txtFKTL.Text.Empty()) entry_.txtFKTL.Text = "01";
     }
-    if (!AllFit()) return;
+    if (!AllValuesFit()) return;
     store_.ProgramChanged = true;
     const bool fillsComment = view_.chkViewGcode.Value != 0 && entry_.txtComment.Text.Empty();
-    if (fillsComment && !KeepsComment(entry_)) layout_.CodeDescription();
+    if (fillsComment && !CommentUnchanged(entry_)) layout_.CodeDescription();
     ListView& list = store_.lvCncProgram;
     const int edited = list.SelectedRow();
     Attempt(lineEditName, [&] {
-        if (KeepsCode(entry_)) {
-            Keep(column::Code);
+        if (CodeUnchanged(entry_)) {
+            KeepOpenedCell(column::Code);
         } else {
             SelectedRow()[column::Code] = CodeCell(entry_);
         }
@@ -176,8 +176,8 @@ void LineOperations::LineEdit() {
         for (int c = column::ToolX; c <= column::Radius; ++c) row[c] = "      ";
         row[column::Angle] = "   ";
         row[column::Error] = "               ";
-        if (KeepsComment(entry_)) {
-            Keep(column::Comment);
+        if (CommentUnchanged(entry_)) {
+            KeepOpenedCell(column::Comment);
         } else {
             row[column::Comment] = entry_.txtComment.Text;
         }
@@ -187,9 +187,9 @@ void LineOperations::LineEdit() {
     store_.AddBlankLine(added);
     // A line that was added leaves the row to the next one; another one still stands there.
     if (added) {
-        entry_.Opened.Forget();
+        entry_.Opened.Close();
     } else {
-        Attempt(lineEditName, [&] { NoteOpened(entry_, list.Row(edited), edited); });
+        Attempt(lineEditName, [&] { RememberOpenedLine(entry_, list.Row(edited), edited); });
     }
     entry_.txtGMcode.SelectAll();
     platform_.Focus.SetFocus(entry_.txtGMcode);
@@ -199,19 +199,19 @@ void LineOperations::LineEdit() {
     });
 }
 
-void LineOperations::Keep(int column) {
+void LineOperations::KeepOpenedCell(int column) {
     // The row that was opened may have changed since, by a conversion say: it keeps what it has.
     if (entry_.Opened.Place != store_.lvCncProgram.SelectedRow())
         SelectedRow()[column] = entry_.Opened.Row[column];
 }
 
-bool LineOperations::AllFit() {
+bool LineOperations::AllValuesFit() {
     const auto fields = entry_.Fields();
     for (std::size_t i = 0; i < fields.size(); ++i) {
         const auto& [label, box] = fields[i];
-        if (!box.Visible || KeepsField(entry_, i)) continue;
+        if (!box.Visible || FieldUnchanged(entry_, i)) continue;
         const double value = std::round(Val(box.Text));
-        const bool signDrops = value < 0 && !KeepsSign(label.Caption);
+        const bool signDrops = value < 0 && !HasSignPlace(label.Caption);
         if (!signDrops && std::abs(value) <= FieldFormats[i].Largest(store_.IsF1())) continue;
         if (!calculated_.EvalText(box)) return false;
     }
@@ -230,7 +230,7 @@ void LineOperations::FormatInputs() {
         const EntryRow::Field& field = fields[i];
         const std::size_t digits = format.Digits(mill);
         Attempt(formatInputsName, [&] {
-            if (KeepsField(entry_, i)) return Keep(format.Column);
+            if (FieldUnchanged(entry_, i)) return KeepOpenedCell(format.Column);
             std::string cell(digits + 1, ' ');
             if (field.Box.Visible) {
                 const double value = Val(field.Box.Text);
@@ -243,9 +243,9 @@ void LineOperations::FormatInputs() {
     // On the mill H stands in the column of F.
     Attempt(formatInputsName, [&] {
         ListRow& row = SelectedRow();
-        const bool keeps = KeepsField(entry_, hField);
-        if (keeps || (mill && KeepsCode(entry_))) {
-            Keep(column::H);
+        const bool keeps = FieldUnchanged(entry_, hField);
+        if (keeps || (mill && CodeUnchanged(entry_))) {
+            KeepOpenedCell(column::H);
         } else {
             row[column::H] = "   ";
         }

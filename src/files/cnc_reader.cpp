@@ -128,7 +128,7 @@ LoadResult CncReader::LoadFile(std::string& fileName, const LoadAs& as) {
         return LoadResult::NotRecognised;
     }
     // The old program is saved in the layout of its own machine, so the machine changes behind that.
-    if (!LeaveProgram(as.Old)) return LoadResult::Nothing;
+    if (!SettleUnsavedProgram(as.Unsaved)) return LoadResult::Nothing;
     store.Machine = found.Kind == FileKind::MK2 ? "MK2" : found.Kind == FileKind::MK4 ? "MK4" : "F1";
     Run(parts_.Calls.ClearProgram_Click);
     ReadNotes(text, found);
@@ -138,13 +138,13 @@ LoadResult CncReader::LoadFile(std::string& fileName, const LoadAs& as) {
 }
 
 // Settles what becomes of an unsaved program. False where it stays in the editor.
-bool CncReader::LeaveProgram(OldProgram old) {
+bool CncReader::SettleUnsavedProgram(UnsavedProgram old) {
     ProgramStore& store = parts_.Store;
     if (!store.Unsaved()) return true;
     const auto keepAside = [this] { return parts_.Calls.KeepAside && parts_.Calls.KeepAside(); };
-    const bool kept = old == OldProgram::KeptAside && keepAside();
+    const bool kept = old == UnsavedProgram::KeepCopy && keepAside();
     // Without a copy it is the user's to say.
-    if (!kept && old != OldProgram::GivenUp && AskToSave()) {
+    if (!kept && old != UnsavedProgram::Discard && AskToSave()) {
         // "The program is still open" is what a failed save says. A cancelled dialog lets the opening go on.
         if (store.SaveFailed || (store.ProgramChanged && !keepAside())) return false;
     } else if (!kept && store.SaveFailed) {

@@ -28,7 +28,7 @@ void AppendColumn(std::string& text, std::string_view column) {
 
 // Errors are ignored up to the writing of the file.
 template <class Statement>
-void Ignoring(Statement statement) {
+void IgnoreErrors(Statement statement) {
     try {
         statement();
     } catch (const RunTimeError&) {
@@ -142,7 +142,7 @@ void CncWriter::AddEndCode() {
     EntryRow& entry = parts_.Entry;
     if (store.EndCodePresent) return;
     const bool mk2 = store.IsMK2();
-    entry.Opened.Forget();
+    entry.Opened.Close();
     entry.lblGMcode.Caption = mk2 ? "G" : "M";
     entry.txtGMcode.Text = mk2 ? "22" : "30";
     entry.txtComment.Text = "";
@@ -153,10 +153,10 @@ void CncWriter::AddEndCode() {
     ListView& list = store.lvCncProgram;
     const int selected = list.SelectedRow();
     const int top = list.TopRow();
-    Ignoring([&] { list.Select(list.Count()); });
+    IgnoreErrors([&] { list.Select(list.Count()); });
     parts_.Lines.LineEdit();
-    Ignoring([&] { list.Select(selected); });
-    Ignoring([&] { list.EnsureVisible(top); });
+    IgnoreErrors([&] { list.Select(selected); });
+    IgnoreErrors([&] { list.EnsureVisible(top); });
 }
 
 void CncWriter::SaveFile_Click(std::int16_t& mode) {
@@ -176,8 +176,8 @@ void CncWriter::SaveFile_Click(std::int16_t& mode) {
     if (text.empty()) return;
     std::string name = controls.lblPath.Caption.Get();
     if (mode == save::ToClipboard) {
-        Ignoring([&] { platform.Clipboard.Clear(); });
-        Ignoring([&] { platform.Clipboard.SetText(text); });
+        IgnoreErrors([&] { platform.Clipboard.Clear(); });
+        IgnoreErrors([&] { platform.Clipboard.SetText(text); });
         return;
     }
     if (mode == save::As && !AskForName(name)) return;

@@ -19,17 +19,17 @@ constexpr const char* resultEnding = ".~pp";
 constexpr const char* errorEnding = ".~ppERR";
 constexpr const char* informationEnding = ".~ppINFO";
 constexpr std::string_view anyFile = "pre-processor files (*.*)|*.*";
-constexpr std::size_t mostEntries = std::numeric_limits<std::int16_t>::max();
+constexpr std::size_t maxEntries = std::numeric_limits<std::int16_t>::max();
 
 }  // namespace
 
 PreProcessor::PreProcessor(Parts parts) : Window(parts.Platform.Focus), parts_(parts) {
-    Entry(0);
+    MenuEntry(0);
     Window.cmdAbort.OnClick = [this] { Abort(); };
 }
 
 // Entries are made when they are needed for the first time.
-Menu& PreProcessor::Entry(int index) {
+Menu& PreProcessor::MenuEntry(int index) {
     Form& form = parts_.mnuImport.OwningForm();
     while (static_cast<int>(entries_.size()) <= index) {
         const auto next = static_cast<int>(entries_.size());
@@ -46,7 +46,7 @@ void PreProcessor::RefreshPreProcessors() {
     // Entry 0 always exists.
     if (PreProcessorCount > 0) {
         parts_.mnuImport.Visible = false;
-        for (int i = 1; i < PreProcessorCount; ++i) Entry(i).Visible = false;
+        for (int i = 1; i < PreProcessorCount; ++i) MenuEntry(i).Visible = false;
     }
     PreProcessorCount = 0;
     const ProgramStore& store = parts_.Store;
@@ -57,9 +57,9 @@ void PreProcessor::RefreshPreProcessors() {
     if (!pattern || PreProcessorFolder.empty()) return;
     std::vector<std::string> names;
     Attempt("RefreshPreProcessors", [&] { names = parts_.Platform.Files.List(PreProcessorFolder, pattern); });
-    if (names.size() > mostEntries) names.resize(mostEntries);
+    if (names.size() > maxEntries) names.resize(maxEntries);
     for (const std::string& name : names) {
-        Menu& entry = Entry(PreProcessorCount++);
+        Menu& entry = MenuEntry(PreProcessorCount++);
         entry.Caption = name;
         entry.Visible = true;
     }
@@ -84,11 +84,11 @@ void PreProcessor::mnuPP_Click(int index) {
     if (!ChooseFile(name)) return;
     // What an earlier run has left must not speak for this one.
     for (const char* ending : {resultEnding, errorEnding, informationEnding}) {
-        if (!MakeWay(name + ending)) return;
+        if (!RemoveOldResult(name + ending)) return;
     }
     // The name is not quoted: one with a blank gives two arguments.
     const std::string result = name + resultEnding;
-    const bool converted = Convert(PreProcessorFolder + Entry(index).Caption.Get() + " " + name, name);
+    const bool converted = Convert(PreProcessorFolder + MenuEntry(index).Caption.Get() + " " + name, name);
     // The reader empties the name that it is given.
     if (converted) {
         LoadAs as;
@@ -103,7 +103,7 @@ void PreProcessor::mnuPP_Click(int index) {
 bool PreProcessor::Convert(const std::string& command, const std::string& name) {
     int program = 0;
     if (!Attempt(preProcessorName, [&] { program = parts_.Platform.Programs.Start(command, name); })) {
-        Tell(text::NotStarted, command.substr(0, command.size() - name.size() - 1));
+        ShowNotice(text::NotStarted, command.substr(0, command.size() - name.size() - 1));
         return false;
     }
     if (!WaitFor(program, name)) {
@@ -116,7 +116,7 @@ bool PreProcessor::Convert(const std::string& command, const std::string& name) 
     const std::string result = name + resultEnding;
     if (!parts_.Platform.Programs.WasCutOff(program) && parts_.Platform.Files.Exists(result)) return true;
     Remove(result);
-    Tell(text::NoProgramLeft, name);
+    ShowNotice(text::NoProgramLeft, name);
     return false;
 }
 
@@ -157,14 +157,14 @@ void PreProcessor::Remove(const std::string& file) {
 }
 
 // Removes what an earlier run has left under a name. False, and told, where it stays.
-bool PreProcessor::MakeWay(const std::string& file) {
+bool PreProcessor::RemoveOldResult(const std::string& file) {
     Remove(file);
     if (!parts_.Platform.Files.Exists(file)) return true;
-    Tell(text::OldResultStays, file);
+    ShowNotice(text::OldResultStays, file);
     return false;
 }
 
-void PreProcessor::Tell(int message, const std::string& name) {
+void PreProcessor::ShowNotice(int message, const std::string& name) {
     const Texts& texts = parts_.Language;
     parts_.Platform.Dialogs.ShowMessage(
         Notice(std::string(texts.MessageTexts(message)) + "\r\n" + name, "", Icon::Exclamation));

@@ -11,7 +11,7 @@ constexpr const char* printName = "mnuPrint_Click";
 
 // Runs a statement as Attempt does, but for the dialog that the user has cancelled: false then, and no report.
 template <class Statement>
-bool GoesOn(const char* procedure, Statement statement) {
+bool AttemptUnlessCancelled(const char* procedure, Statement statement) {
     try {
         statement();
     } catch (const RunTimeError& error) {
@@ -32,7 +32,7 @@ void ProgramPrint::mnuPrint_Click() {
         return;
     }
     printer.BeginJob(parts_.Controls.lblPath.Caption.Get());
-    if (!DirectPrint && !GoesOn(printName, [&] { printer.ShowPrinter(dlgPrint); })) return;
+    if (!DirectPrint && !AttemptUnlessCancelled(printName, [&] { printer.ShowPrinter(dlgPrint); })) return;
     parts_.Writer.PrintMode = true;
     const std::string text = parts_.Writer.GenerateAll();
     parts_.Writer.PrintMode = false;
@@ -42,14 +42,14 @@ void ProgramPrint::mnuPrint_Click() {
         const std::string path = parts_.Controls.lblPath.Caption.Get();
         for (const std::string_view line :
              {ExtractFileName(path), std::string_view(path), std::string_view(), std::string_view(text)}) {
-            if (!GoesOn(printName, [&] { printer.Print(line); })) return;
+            if (!AttemptUnlessCancelled(printName, [&] { printer.Print(line); })) return;
         }
         Attempt(printName, [&] { printer.EndDocument(); });
     }
 }
 
 void ProgramPrint::cmdPrinterDialog_Click() {
-    GoesOn("cmdPrinterDialog_Click", [&] {
+    AttemptUnlessCancelled("cmdPrinterDialog_Click", [&] {
         parts_.Platform.Printer.BeginJob(parts_.Controls.lblPath.Caption.Get());
         parts_.Platform.Printer.ShowPrinter(dlgPrint);
     });

@@ -193,7 +193,7 @@ void MainWindow::FitSmallScreen() {
 void MainWindow::Form_Activate() {
     bench_.Draw.Listing.Hide();
     bench_.Draw.Editor.GiveBack();
-    bench_.Entry.NoteFeeds();
+    bench_.Entry.RememberFeeds();
     bench_.File.lblFileName.Left = 60;
     MainControls& main = bench_.Main;
     for (Control* document : std::initializer_list<Control*>{

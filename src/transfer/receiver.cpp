@@ -134,7 +134,7 @@ void Receiver::cmdReceiveImport_Click() {
     // cannot be brought in it goes back in front of that, with the blanks at its ends: more of a line may follow.
     const std::string received = box.Text.Get();
     cmdReceiveNew_Click();
-    const LoadResult result = Import(Trim(received), OldProgram::KeptAside);
+    const LoadResult result = Import(Trim(received), UnsavedProgram::KeepCopy);
     const std::string rest = box.Text.Get();
     const bool taken = result == LoadResult::Loaded || result == LoadResult::LanguageModule;
     if (!taken) {
@@ -148,7 +148,7 @@ void Receiver::cmdReceiveImport_Click() {
 }
 
 // Brings a trimmed text into the editor as a changed program without a file.
-LoadResult Receiver::Import(std::string_view text, OldProgram old) {
+LoadResult Receiver::Import(std::string_view text, UnsavedProgram old) {
     FileService& files = parts_.Platform.Files;
     // 1.
     if (text.empty()) {
@@ -166,7 +166,7 @@ LoadResult Receiver::Import(std::string_view text, OldProgram old) {
     }
     // 3. to 5.
     LoadAs as;
-    as.Old = old;
+    as.Unsaved = old;
     as.Name = "";
     as.Changed = true;
     const std::string before = parts_.File.dlgFile.FileName;
@@ -236,7 +236,7 @@ void Receiver::LoadClipboardModule() {
     // 2., 3.
     std::string text;
     Attempt(clipboardName, [&] { text = parts_.Platform.Clipboard.GetText(); });
-    if (Import(Trim(text), OldProgram::GivenUp) == LoadResult::Loaded) cmdReceiveExit_Click();
+    if (Import(Trim(text), UnsavedProgram::Discard) == LoadResult::Loaded) cmdReceiveExit_Click();
 }
 
 }  // namespace kvt
