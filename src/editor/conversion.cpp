@@ -65,11 +65,13 @@ void Conversion::Convert(double factor) {
             Attempt(convertName, [&] { scales = IsLength(cell, one.Column); });
             if (!scales) continue;
             const int width = store_.IsF1() ? one.MillWidth : one.LatheWidth;
-            Attempt(convertName, [&] { number = ToInteger(Val(Right(cell.View(), width)) * factor); });
-            // The first character is the sign or the letter. Where the file has brought a feed without one it is
-            // a digit already.
+            // The first character is the sign or the letter, and stays. Where a file has brought a number without
+            // either it is a digit already.
             const char first = cell.View()[0];
-            std::string text(1, first >= '0' && first <= '9' ? ' ' : first);
+            const bool isNumber = first >= '0' && first <= '9';
+            const std::string_view digits = isNumber ? cell.View() : Right(cell.View(), width);
+            Attempt(convertName, [&] { number = ToInteger(Val(digits) * factor); });
+            std::string text(1, isNumber ? ' ' : first);
             text += RightPad(Format(number, one.Pattern), static_cast<std::size_t>(width));
             cell = text;
         }
