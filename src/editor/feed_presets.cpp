@@ -5,13 +5,12 @@
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "editor/value_range.h"
 #include "platform/keys.h"
 
 namespace kvt {
 
 namespace {
-
-constexpr double lowestFeed = 2;
 
 // A preset as a replacement looks for it.
 std::string OldText(const TextBox& preset) { return " " + std::string(Trim(preset.Text)); }
@@ -68,22 +67,21 @@ void FeedPresets::ReplaceFeed(std::string_view which) {
 }
 
 void FeedPresets::SetFeedLimits() {
-    const double highest = HighestFeed();
+    const ValueRange& range = FeedRange.In(store_.Metric);
     for (TextBox* preset : {&entry_.txtFeedA, &entry_.txtFeedB}) {
         // One that cannot be read counts as too high.
-        double feed = highest;
+        double feed = range.High;
         Attempt("SetFeedLimits", [&] { feed = Val(preset->Text); });
-        feed = std::max(std::min(feed, highest), lowestFeed);
+        feed = std::clamp<double>(feed, range.Low, range.High);
         preset->Text = RightPad(PlainNumber(static_cast<float>(feed)), 5);
-        preset->Tag = store_.Metric ? "2TO499" : "2TO199";
-        preset->ToolTip = Replace(preset->Tag, "TO", " = Low, Hi = ");
+        SetRange(*preset, range);
     }
 }
 
 // Leaving a preset sets it for later lines; the other one's old value stays known. A feed with more digits than a
 // line has place for would reach it without the first one.
 void FeedPresets::PresetLostFocus(TextBox& preset, std::string& old) {
-    if (Val(preset.Text) > HighestFeed()) SetFeedLimits();
+    if (Val(preset.Text) > FeedRange.In(store_.Metric).High) SetFeedLimits();
     old = OldText(preset);
 }
 

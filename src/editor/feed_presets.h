@@ -22,7 +22,6 @@ public:
     void ReplaceFeed(std::string_view which);
 
 private:
-    double HighestFeed() const { return store_.Metric ? 499 : 199; }
     void PresetLostFocus(TextBox& preset, std::string& old);
     void ApplyPreset(const TextBox& preset);
     void KeyPress(std::string_view which, int& character);

@@ -5,6 +5,7 @@
 
 #include "basic/number.h"
 #include "basic/text.h"
+#include "editor/value_range.h"
 
 namespace kvt::iso {
 
@@ -288,11 +289,11 @@ int Converter::FeedNumber() {
     if (perTurn_ && speed_ <= 0) Refuse("a feed per turn needs the spindle speed (S)");
     const double feed = feed_ * (perTurn_ ? speed_ : 1);
     if (feed <= 0) Refuse("no feed is given");
-    const double highest = program_.Metric ? 499 : 199;
-    const double held = std::clamp(feed, 2.0, highest);
+    const ValueRange& range = FeedRange.In(program_.Metric);
+    const double held = std::clamp<double>(feed, range.Low, range.High);
     if (std::lround(held) != std::lround(feed)) {
-        Remark("Feeds beyond the machine's were held to 2 to " + PlainNumber(static_cast<float>(highest)) +
-               ".");
+        Remark("Feeds beyond the machine's were held to " + PlainNumber(range.Low) + " to " +
+               PlainNumber(range.High) + ".");
     }
     return static_cast<int>(std::lround(held));
 }
