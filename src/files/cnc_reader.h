@@ -66,11 +66,10 @@ private:
     void ReadNotes(std::string_view text, const Recognised& found);
     void ReadLines(std::string_view text, const Recognised& found);
     // One line into a new row. False at the units line, which ends the walk.
-    bool ReadMK2(std::string_view record, std::size_t index);
-    bool ReadMK4(std::string_view record, bool withoutComments);
-    bool ReadF1(std::string_view record);
+    bool ReadMK2(std::string_view record, std::string_view comment, std::size_t index);
+    bool ReadMK4(std::string_view record, std::string_view comment);
+    bool ReadF1(std::string_view record, std::string_view comment);
     bool SettleUnsavedProgram(UnsavedProgram old);
-    bool AskToSave();
     void ShowName(const std::string& name, const LoadAs& as);
     void Finish(const std::string& name, const LoadAs& as);
 

@@ -6,6 +6,7 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "files/cnc_format.h"
+#include "files/questions.h"
 
 namespace kvt {
 
@@ -48,7 +49,7 @@ std::string CncWriter::GenerateAll() {
 
     Attempt(generateAllName, [&] { AppendNotes(text); });
     if (!PrintMode) text += cnc::NotesEnd;
-    text += cnc::LineEnd;
+    text += LineEnd;
     Attempt(generateAllName, [&] { AppendHeader(text); });
     for (int i = 1; i <= lines; ++i) {
         Attempt(generateAllName, [&] { AppendLine(text, store.lvCncProgram.Row(i)); });
@@ -61,8 +62,8 @@ void CncWriter::AppendNotes(std::string& text) const {
     const std::string& notes = parts_.Controls.txtFileNotes.Text.Get();
     if (notes.empty()) return;
     // On paper every sentence stands on a line of its own.
-    text += PrintMode ? Replace(notes, ". ", ".\r\n") : notes;
-    text += cnc::LineEnd;
+    text += PrintMode ? Replace(notes, ". ", "." + std::string(LineEnd)) : notes;
+    text += LineEnd;
 }
 
 void CncWriter::AppendHeader(std::string& text) const {
@@ -70,7 +71,7 @@ void CncWriter::AppendHeader(std::string& text) const {
     if (!PrintMode) {
         if (store.IsMK2()) return;
         text += store.IsF1() ? cnc::HeaderF1 : cnc::HeaderMK4;
-        text += cnc::LineEnd;
+        text += LineEnd;
         return;
     }
     text += store.IsMK2()   ? std::string_view("                              ")
@@ -80,7 +81,7 @@ void CncWriter::AppendHeader(std::string& text) const {
         const ColumnHeader& one = store.lvCncProgram.Header(header);
         if (one.Width > 1) AppendColumn(text, one.Text);
     }
-    text += cnc::LineEnd;
+    text += LineEnd;
 }
 
 void CncWriter::AppendLine(std::string& text, const ListRow& row) const {
@@ -126,7 +127,7 @@ void CncWriter::AppendLine(std::string& text, const ListRow& row) const {
     }
     text += ' ';
     text += Trim(row[column::Comment]);
-    text += cnc::LineEnd;
+    text += LineEnd;
 }
 
 void CncWriter::AppendUnits(std::string& text) const {
@@ -134,7 +135,7 @@ void CncWriter::AppendUnits(std::string& text) const {
     text += "   ";
     text += store.Metric ? 'M' : '"';
     if (store.IsF1()) text += store.Horizontal ? '-' : 'I';
-    text += cnc::LineEnd;
+    text += LineEnd;
 }
 
 void CncWriter::AddEndCode() {
@@ -210,12 +211,7 @@ bool CncWriter::AskForName(std::string& name) {
             platform.Dialogs.ShowMessage(Notice(texts.MessageTexts(text::NoFileSpecified)));
             return false;
         }
-        if (!platform.Files.Exists(name)) return true;
-        std::string question(texts.MessageTexts(text::Overwrite));
-        question += " ";
-        question += ExtractFileName(name);
-        question += "?";
-        const Answer answer = platform.Dialogs.ShowMessage(Question(question, "", Buttons::YesNoCancel));
+        const Answer answer = AskToOverwrite(platform, texts, name);
         if (answer == Answer::Yes) return true;
         if (answer == Answer::Cancel) return false;
     }

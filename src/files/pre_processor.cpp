@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "basic/line_end.h"
 #include "basic/run_time_error.h"
 #include "basic/stack_guard.h"
 #include "basic/text.h"
@@ -125,7 +126,7 @@ bool PreProcessor::WaitFor(int program, const std::string& name) {
     Window.frmPreProcessor.PlaceOver(parts_.mnuImport.OwningForm());
     Window.tmrAbort.OnTimer = [this, &name] {
         Window.tmrAbort.Enabled = false;
-        Window.OfferAbort(std::string(parts_.Language.MessageTexts(text::StillAtWork)) + "\r\n" + name,
+        Window.OfferAbort(std::string(parts_.Language.MessageTexts(text::StillAtWork)).append(LineEnd) + name,
                           waitCaption);
     };
     Window.tmrAbort.Enabled = true;
@@ -167,7 +168,7 @@ bool PreProcessor::RemoveOldResult(const std::string& file) {
 void PreProcessor::ShowNotice(int message, const std::string& name) {
     const Texts& texts = parts_.Language;
     parts_.Platform.Dialogs.ShowMessage(
-        Notice(std::string(texts.MessageTexts(message)) + "\r\n" + name, "", Icon::Exclamation));
+        Notice(std::string(texts.MessageTexts(message)).append(LineEnd) + name, "", Icon::Exclamation));
 }
 
 }  // namespace kvt

@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "basic/code_page.h"
+#include "basic/line_end.h"
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
@@ -80,8 +81,7 @@ constexpr SettingKey drawKeys[] = {
     {windows, "ProgramWindow", "3000, 0, 0, 11790, Inactive"},
 };
 
-constexpr int maxReports = 100;  // of one key
-constexpr std::string_view lineEnd = "\r\n";
+constexpr int maxReports = 100;                   // of one key
 constexpr std::int32_t largestPlace = 1'000'000;  // twips
 
 }  // namespace
@@ -148,19 +148,19 @@ std::string SettingsFile::ResetText() const {
 std::string SettingsFile::Compose(const std::function<std::string(std::size_t)>& value) const {
     std::string text = ";KVT " + PlainNumber(VersionMajor) + "." + PlainNumber(VersionMinor) + "." +
                        PlainNumber(VersionRevision) + " " + name_ + " SETTINGS user file";
-    text += lineEnd;
+    text += LineEnd;
     std::string_view section;
     for (std::size_t i = 0; i < keys_.size(); ++i) {
         if (section != keys_[i].Section) {
             section = keys_[i].Section;
-            text += lineEnd;
+            text += LineEnd;
             text += section;
-            text += lineEnd;
+            text += LineEnd;
         }
         text += keys_[i].Key;
         text += '=';
         text += value(i);
-        text += lineEnd;
+        text += LineEnd;
     }
     return text;
 }
