@@ -1,6 +1,8 @@
 #pragma once
 
+#include "desktop/desktop_clipboard.h"
 #include "desktop/desktop_dialogs.h"
+#include "desktop/desktop_keyboard.h"
 #include "desktop/desktop_pictures.h"
 #include "desktop/desktop_port.h"
 #include "desktop/desktop_printer.h"
@@ -8,14 +10,6 @@
 #include "platform/services.h"
 
 namespace kvt {
-
-class DesktopClipboard : public ClipboardService {
-public:
-    std::string GetText() override;
-    void Clear() override;
-    void SetText(std::string_view text) override;
-    void SetPicture(const Pixels& picture) override;
-};
 
 // The main screen.
 class DesktopScreen : public ScreenService {
@@ -44,6 +38,7 @@ public:
 private:
     DesktopFocus focus_;
     DesktopSystem system_;
+    DesktopKeyboard keyboard_;
     DesktopDialogs dialogs_;
     DesktopClipboard clipboard_;
     DesktopScreen screen_;

@@ -24,7 +24,6 @@ public:
 protected:
     void Follow(PropertyId id) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    bool TakesFocus() const override { return false; }
 
 private:
     void MakeViews();
