@@ -9,9 +9,7 @@
 namespace kvt {
 
 DesktopKeyboard::DesktopKeyboard(DesktopFocus& focus, DesktopSystem& system)
-    : focus_(focus), system_(system), keyboard_(focus, &clipboard_, *this) {
-    clock_.start();
-}
+    : focus_(focus), system_(system), keyboard_(focus, &clipboard_, *this) {}
 
 bool DesktopKeyboard::Press(Form& form, const KeyPress& press) {
     const bool used = keyboard_.Press(form, press);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QElapsedTimer>
-
 #include "desktop/desktop_clipboard.h"
 #include "desktop/desktop_system.h"
 #include "platform/keyboard.h"
@@ -30,13 +28,11 @@ private:
     bool HasEnded() const override { return system_.Ended(); }
     void OpenList(ComboBox& box) override;
     bool EditInWidget(TextBox& box, const TextEdit& edit) override;
-    long long Milliseconds() const override { return clock_.elapsed(); }
 
     DesktopFocus& focus_;
     DesktopSystem& system_;
     FieldClipboard clipboard_;
     Keyboard keyboard_;
-    QElapsedTimer clock_;
 };
 
 }  // namespace kvt

@@ -77,7 +77,7 @@ std::vector<KeyPress> WithText(KeyStroke stroke, const QString& text) {
     return presses;
 }
 
-std::vector<KeyPress> WithoutRepeat(const QKeyEvent& event) {
+std::vector<KeyPress> KeysOf(const QKeyEvent& event) {
     // However they are pressed, by keys of their own too.
     if (event.matches(QKeySequence::Paste)) return Single(PressOf(KeyStroke{'V', key::CtrlHeld}));
     if (event.matches(QKeySequence::Copy)) return Single(PressOf(KeyStroke{'C', key::CtrlHeld}));
@@ -102,8 +102,11 @@ std::vector<KeyPress> WithoutRepeat(const QKeyEvent& event) {
 }  // namespace
 
 std::vector<KeyPress> PressesOf(const QKeyEvent& event) {
-    std::vector<KeyPress> presses = WithoutRepeat(event);
-    for (KeyPress& press : presses) press.Repeats = event.isAutoRepeat();
+    std::vector<KeyPress> presses = KeysOf(event);
+    for (KeyPress& press : presses) {
+        press.Repeats = event.isAutoRepeat();
+        press.Time = static_cast<long long>(event.timestamp());
+    }
     return presses;
 }
 

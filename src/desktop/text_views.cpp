@@ -32,25 +32,26 @@ constexpr int longestLine = static_cast<int>(LongestLine);
 
 KeyPress WithCtrl(char letter) { return PressOf(KeyStroke{letter, key::CtrlHeld}); }
 
+// The moves that go by lines as the widget has broken them.
 QTextCursor::MoveOperation OperationOf(TextAction action) {
     switch (action) {
-        case TextAction::Left:
-        case TextAction::DeleteBack: return QTextCursor::Left;
-        case TextAction::Right:
-        case TextAction::Delete: return QTextCursor::Right;
-        case TextAction::WordLeft:
-        case TextAction::DeleteWordBack: return QTextCursor::WordLeft;
-        case TextAction::WordRight:
-        case TextAction::DeleteWord: return QTextCursor::NextWord;
         case TextAction::Home: return QTextCursor::StartOfLine;
         case TextAction::End: return QTextCursor::EndOfLine;
         case TextAction::Up:
         case TextAction::PageUp: return QTextCursor::Up;
         case TextAction::Down:
         case TextAction::PageDown: return QTextCursor::Down;
-        case TextAction::First: return QTextCursor::Start;
-        case TextAction::Last: return QTextCursor::End;
         default: return QTextCursor::NoMove;
+    }
+}
+
+// What of the text a deletion without a selection takes.
+TextAction MoveOf(TextAction deletion) {
+    switch (deletion) {
+        case TextAction::DeleteBack: return TextAction::Left;
+        case TextAction::DeleteWordBack: return TextAction::WordLeft;
+        case TextAction::DeleteWord: return TextAction::WordRight;
+        default: return TextAction::Right;
     }
 }
 
@@ -80,6 +81,7 @@ void TextBoxView::Follow(PropertyId id) {
 }
 
 bool TextBoxView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn && watched == Widget()) Follow(PropertyId::Selection);
     if (event->type() == QEvent::ContextMenu) {
         ShowMenu(static_cast<QContextMenuEvent*>(event)->globalPos());
         return true;
@@ -127,7 +129,7 @@ void TextBoxView::Edited() {
 }
 
 void TextBoxView::SelectionMoved() {
-    if (!Following) Box.Selection = ShownSelection();
+    if (!Following && Widget()->hasFocus()) Box.Selection = ShownSelection();
 }
 
 namespace {
@@ -289,7 +291,9 @@ bool NotesView::EditInWidget(const TextEdit& edit) {
             break;
         }
         case TextAction::Undo: edit_->undo(); break;
-        default: Move(edit.Action, edit.Extends);
+        default:
+            if (OperationOf(edit.Action) == QTextCursor::NoMove) return false;
+            Move(edit.Action, edit.Extends);
     }
     edit_->ensureCursorVisible();
     return true;
@@ -297,23 +301,16 @@ bool NotesView::EditInWidget(const TextEdit& edit) {
 
 void NotesView::Move(TextAction action, bool extends) {
     QTextCursor cursor = edit_->textCursor();
-    const bool leaves = cursor.hasSelection() && !extends;
-    if (leaves && action == TextAction::Left) {
-        cursor.setPosition(cursor.selectionStart());
-    } else if (leaves && action == TextAction::Right) {
-        cursor.setPosition(cursor.selectionEnd());
-    } else {
-        const bool page = action == TextAction::PageUp || action == TextAction::PageDown;
-        const int lines = edit_->viewport()->height() / std::max(1, edit_->fontMetrics().lineSpacing()) - 1;
-        cursor.movePosition(OperationOf(action), extends ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor,
-                            page ? std::max(1, lines) : 1);
-    }
+    const bool page = action == TextAction::PageUp || action == TextAction::PageDown;
+    const int lines = edit_->viewport()->height() / std::max(1, edit_->fontMetrics().lineSpacing()) - 1;
+    cursor.movePosition(OperationOf(action), extends ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor,
+                        page ? std::max(1, lines) : 1);
     edit_->setTextCursor(cursor);
 }
 
 void NotesView::Remove(TextAction action) {
+    if (Box.Selection.Get().Length == 0) EditText(Box, {MoveOf(action), true}, nullptr);
     QTextCursor cursor = edit_->textCursor();
-    if (!cursor.hasSelection()) cursor.movePosition(OperationOf(action), QTextCursor::KeepAnchor);
     cursor.removeSelectedText();
     edit_->setTextCursor(cursor);
 }

@@ -33,7 +33,8 @@ protected:
 
     // What has been added to the control's text and is not in the widget yet.
     virtual std::string NotShown() const { return {}; }
-    // The user has changed the text, or the selection alone.
+    // The user has changed the text, or the selection alone. A widget that loses the keys shows no selection any more;
+    // the control keeps its own, which comes back with the keys.
     void Edited();
     void SelectionMoved();
 

@@ -122,7 +122,6 @@ private:
     bool HasEnded() const override { return Ended; }
     bool MenuIsOpen() const override { return ShownPopup != nullptr; }
     void CloseMenu() override { ShownPopup = nullptr; }
-    long long Milliseconds() const override { return Clock; }
 
     bool ServeWaiting();
     void Deliver(KeyPress press);

@@ -63,6 +63,7 @@ std::tm MemorySystem::Now() {
 
 // A key that a handler presses arrives when the handler has ended.
 void MemorySystem::Deliver(KeyPress press) {
+    press.Time = Clock;
     keys_.push_back(press);
     DeliverWaiting();
 }

@@ -17,6 +17,7 @@ struct KeyPress {
     KeyStroke Stroke;      // without a key for a character that comes by itself
     int Character = 0;     // that comes with the key, 0 for none
     bool Repeats = false;  // the key is held down
+    long long Time = 0;    // milliseconds of any clock, to tell what is typed in one go
 };
 
 // The stroke of a name such as "Enter", "F5", "Shift+Tab" or "Ctrl+Shift+S" (case ignored); nothing for an

@@ -54,6 +54,7 @@ bool Keyboard::Press(Form& form, KeyPress press) {
         return true;
     }
     press = WithOneClipboardStroke(press);
+    if (press.Character <= key::Space) typed_.clear();
     Control* const target = Target(form);
     if ((press.Stroke.Held & key::AltHeld) != 0) {
         // The rest of these is the window's own.

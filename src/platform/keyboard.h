@@ -23,8 +23,6 @@ public:
     virtual void OpenList(ComboBox&) {}
     // Lets a widget with an editor of its own do an edit; false leaves it to the box.
     virtual bool EditInWidget(TextBox&, const TextEdit&) { return false; }
-    // Time that has passed since any fixed moment.
-    virtual long long Milliseconds() const = 0;
 };
 
 // Decides what a key does, for both halves. The order: a menu that is open, the shortcuts of the form's menus, Tab,
@@ -61,7 +59,7 @@ private:
     bool PressButton(Control& button, const KeyPress& press);
     void ShowPage(TabStrip& tabs, int page);
     void Choose(ListBox& list, int index);
-    int FindTyped(const ListBox& list, int character);
+    int FindTyped(const ListBox& list, const KeyPress& press);
 
     FocusService& focus_;
     ClipboardService* clipboard_;

@@ -103,7 +103,7 @@ bool Keyboard::MoveInList(ListBox& list, const KeyPress& press) {
     } else if (list.Count() > 0 && Moves(key)) {
         const int page = std::max(1, list.EntriesInSight() - 1);
         Choose(list, Moved(key, list.ListIndex, 0, list.Count() - 1, page));
-    } else if (const int found = FindTyped(list, press.Character); found >= 0) {
+    } else if (const int found = FindTyped(list, press); found >= 0) {
         Choose(list, found);
     }
     return true;
@@ -121,7 +121,7 @@ bool Keyboard::MoveInCombo(ComboBox& box, const KeyPress& press) {
     if ((stroke.Held & key::AltHeld) != 0) return false;
     if (box.Count() > 0 && Moves(stroke.Key)) {
         Choose(box, Moved(stroke.Key, box.ListIndex, 0, box.Count() - 1, comboPage));
-    } else if (const int found = FindTyped(box, press.Character); found >= 0) {
+    } else if (const int found = FindTyped(box, press); found >= 0) {
         Choose(box, found);
     }
     return true;
@@ -129,13 +129,12 @@ bool Keyboard::MoveInCombo(ComboBox& box, const KeyPress& press) {
 
 // Characters that follow one another soon make a text, and the list goes to the entry that begins with it. The same
 // character over and over goes from one such entry to the next. -1 where there is none.
-int Keyboard::FindTyped(const ListBox& list, int character) {
-    if (character <= key::Space) return -1;
-    const long long now = host_.Milliseconds();
-    if (typedInto_ != &list || now - typedAt_ > typingPause) typed_.clear();
+int Keyboard::FindTyped(const ListBox& list, const KeyPress& press) {
+    if (press.Character <= key::Space) return -1;
+    if (typedInto_ != &list || press.Time - typedAt_ > typingPause) typed_.clear();
     typedInto_ = &list;
-    typedAt_ = now;
-    typed_ += UpperChar(static_cast<char>(character));
+    typedAt_ = press.Time;
+    typed_ += UpperChar(static_cast<char>(press.Character));
     const bool sameAgain = typed_.find_first_not_of(typed_[0]) == std::string::npos;
     const std::string_view sought = sameAgain ? std::string_view(typed_).substr(0, 1) : typed_;
     const int count = list.Count();

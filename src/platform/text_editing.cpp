@@ -84,17 +84,22 @@ Place InFront(const std::string& text, Place at) {
     return at >= 2 && text.compare(at - 2, 2, "\r\n") == 0 ? 2 : 1;
 }
 
-bool IsSpace(char c) { return c == ' ' || c == '\r' || c == '\n' || c == '\t'; }
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+bool EndsLine(char c) { return c == '\r' || c == '\n'; }
+bool InWord(char c) { return !IsBlank(c) && !EndsLine(c); }
 
-// The beginning of the word at the left of a place, and that of the next one at its right.
+// The beginning of the word at the left of a place, and that of the next one at its right. A line end is a stop of
+// its own.
 Place WordLeft(const std::string& text, Place at) {
-    while (at > 0 && IsSpace(text[at - 1])) --at;
-    while (at > 0 && !IsSpace(text[at - 1])) --at;
+    if (at > 0 && EndsLine(text[at - 1])) return at - InFront(text, at);
+    while (at > 0 && IsBlank(text[at - 1])) --at;
+    while (at > 0 && InWord(text[at - 1])) --at;
     return at;
 }
 Place WordRight(const std::string& text, Place at) {
-    while (at < text.size() && !IsSpace(text[at])) ++at;
-    while (at < text.size() && IsSpace(text[at])) ++at;
+    if (at < text.size() && EndsLine(text[at])) return at + Behind(text, at);
+    while (at < text.size() && InWord(text[at])) ++at;
+    while (at < text.size() && IsBlank(text[at])) ++at;
     return at;
 }
 
