@@ -291,6 +291,7 @@ bool NotesView::EditInWidget(const TextEdit& edit) {
             break;
         }
         case TextAction::Undo: edit_->undo(); break;
+        case TextAction::Redo: edit_->redo(); break;
         default:
             if (OperationOf(edit.Action) == QTextCursor::NoMove) return false;
             Move(edit.Action, edit.Extends);

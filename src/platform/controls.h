@@ -178,6 +178,7 @@ struct LastTextEdit {
     std::string Before, After;
     TextSelection SelectionBefore;
     bool Typed = false;
+    bool Undone = false;
 };
 
 class TextBox : public Control {

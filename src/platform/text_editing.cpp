@@ -31,11 +31,9 @@ constexpr KeyAction keyActions[] = {
     {key::Backspace, TextAction::DeleteBack, TextAction::DeleteWordBack},
 };
 
-constexpr std::pair<int, TextAction> ctrlActions[] = {{key::CtrlA, TextAction::SelectAll},
-                                                      {key::CtrlC, TextAction::Copy},
-                                                      {key::CtrlX, TextAction::Cut},
-                                                      {key::CtrlV, TextAction::Paste},
-                                                      {key::CtrlZ, TextAction::Undo}};
+constexpr std::pair<int, TextAction> ctrlActions[] = {
+    {key::CtrlA, TextAction::SelectAll}, {key::CtrlC, TextAction::Copy}, {key::CtrlX, TextAction::Cut},
+    {key::CtrlV, TextAction::Paste},     {key::CtrlZ, TextAction::Undo}, {key::CtrlY, TextAction::Redo}};
 
 bool Changes(TextAction action) {
     switch (action) {
@@ -46,7 +44,8 @@ bool Changes(TextAction action) {
         case TextAction::DeleteWord:
         case TextAction::Cut:
         case TextAction::Paste:
-        case TextAction::Undo: return true;
+        case TextAction::Undo:
+        case TextAction::Redo: return true;
         default: return false;
     }
 }
@@ -191,6 +190,7 @@ void PutIn(TextBox& box, Place start, Place end, std::string_view put, bool type
     }
     box.LastEdit.After = changed;
     box.LastEdit.Typed = typed;
+    box.LastEdit.Undone = false;
     SetTextByHand(box, changed, TextSelection{static_cast<int>(start + put.size()), 0});
 }
 
@@ -201,6 +201,7 @@ void Undo(TextBox& box) {
     const TextSelection selection = std::exchange(last.SelectionBefore, box.Selection.Get());
     std::swap(last.Before, last.After);
     last.Typed = false;
+    last.Undone = !last.Undone;
     SetTextByHand(box, std::string(last.After), selection);
 }
 
@@ -298,6 +299,9 @@ void EditText(TextBox& box, const TextEdit& edit, ClipboardService* clipboard) {
             if (clipboard) Paste(box, *clipboard);
             return;
         case TextAction::Undo: return Undo(box);
+        case TextAction::Redo:
+            if (box.LastEdit.Undone) Undo(box);
+            return;
         default: return Move(box, edit);
     }
 }

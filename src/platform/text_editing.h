@@ -33,6 +33,7 @@ enum class TextAction : std::uint8_t {
     Cut,
     Paste,
     Undo,
+    Redo,
 };
 
 struct TextEdit {

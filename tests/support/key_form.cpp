@@ -9,13 +9,13 @@ namespace kvt::test {
 
 namespace {
 
-constexpr int pixel = 15;  // twips
-
-void Put(Control& control, int x, int y, int width, int height, int tabIndex = -1) {
-    control.Left = x * pixel;
-    control.Top = y * pixel;
-    control.Width = width * pixel;
-    control.Height = height * pixel;
+// Side by side, in fields of 130 by 110 pixels; a row has five.
+void Put(Control& control, int field, int tabIndex) {
+    constexpr int pixel = 15;  // twips
+    control.Left = (10 + field % 5 * 130) * pixel;
+    control.Top = (10 + field / 5 * 110) * pixel;
+    control.Width = 120 * pixel;
+    control.Height = 100 * pixel;
     control.TabIndex = tabIndex;
 }
 
@@ -29,37 +29,21 @@ KeyForm::KeyForm(Services& platform) : Platform(platform) {
 }
 
 void KeyForm::Place() {
-    form.Width = 700 * pixel;
-    form.Height = 500 * pixel;
-    int next = 0;
-    Put(txtA, 10, 10, 100, 24, next++);
-    Put(txtB, 120, 10, 100, 24, next++);
-    Put(txtShown, 230, 10, 100, 24, next++);
-    Put(cmdGo, 10, 40, 100, 28, next++);
-    Put(cmdHide, 120, 40, 100, 28, next++);
-    Put(chkBox, 230, 40, 100, 24, next++);
-    Put(frOptions, 10, 75, 200, 120);
-    int top = 10;
-    for (OptionButton* option : {&optOne, &optTwo, &optOff, &optThree}) {
-        Put(*option, 10, top, 120, 24, next++);
-        option->Container = &frOptions;
-        top += 26;
+    form.Width = 11000;
+    form.Height = 9000;
+    int place = 0;
+    for (Control* control : form.Controls()) {
+        if (control->Kind() != ControlKind::Menu) Put(*control, place, place);
+        if (control->Kind() != ControlKind::Menu) ++place;
     }
-    Put(lstCodes, 230, 75, 150, 120, next++);
-    Put(cboFont, 400, 75, 150, 26, next++);
-    Put(lvRows, 10, 210, 300, 220, next++);
-    Put(tabPages, 330, 210, 300, 200, next++);
+    for (Control* option : std::initializer_list<Control*>{&optOne, &optTwo, &optOff, &optThree})
+        option->Container = &frOptions;
     tabPages.Captions = {"One", "Two"};
-    Put(txtFirst, 20, 60, 100, 24, next++);
-    Put(txtSecond, 20, 60, 100, 24, next++);
     txtFirst.Page = 0;
     txtSecond.Page = 1;
     for (TextBox* box : {&txtFirst, &txtSecond}) box->Container = &tabPages;
-    Put(hsbView, 10, 440, 200, 20, next++);
-    Put(vsbView, 640, 10, 20, 200, next++);
-    Put(udScale, 230, 440, 20, 30, next++);
     // The keys come there by the mouse alone.
-    Put(txtNotes, 400, 110, 150, 80);
+    txtNotes.TabIndex = -1;
     txtNotes.MultiLine = true;
     txtShown.ShownOnly = true;
     for (Menu* entry : {&mnuOpen, &mnuSave, &mnuDraw}) entry->Container = &mnuFile;
@@ -234,6 +218,7 @@ const std::vector<KeyCase>& KeyCases() {
         {"a b Shift+Left Ctrl+Insert End Ctrl+V Shift+Home Shift+Delete", "txtA | "},
         {"a b Backspace Ctrl+Z Ctrl+Z Ctrl+Z", "txtA AB| "},
         {"a b Ctrl+Z", "txtA | "},
+        {"a b Ctrl+Y Ctrl+Z Ctrl+Y Ctrl+Y", "txtA AB| "},
         {"a Enter Up PageDown Insert Ctrl+Enter F9", "txtA A| "},
         {"Ctrl+V Esc >txtA +", "txtA clip+| "},
         {">txtShown a Backspace Delete Ctrl+X Ctrl+V End", "txtShown shown| "},
@@ -279,64 +264,23 @@ const std::vector<KeyCase>& KeyCases() {
 }
 
 std::vector<std::string> RandomSequences(int count, unsigned seed) {
-    static constexpr const char* keys[] = {"a",
-                                           "b",
-                                           "1",
-                                           "9",
-                                           "x",
-                                           ",",
-                                           "g",
-                                           "m",
-                                           "+",
-                                           "Tab",
-                                           "Tab",
-                                           "Shift+Tab",
-                                           "Ctrl+Tab",
-                                           "Enter",
-                                           "Space",
-                                           "Esc",
-                                           "Up",
-                                           "Down",
-                                           "Left",
-                                           "Right",
-                                           "Home",
-                                           "End",
-                                           "PageUp",
-                                           "PageDown",
-                                           "Insert",
-                                           "Delete",
-                                           "Backspace",
-                                           "Shift+Left",
-                                           "Shift+Home",
-                                           "Shift+Right",
-                                           "Shift+End",
-                                           "Ctrl+Left",
-                                           "Ctrl+Right",
-                                           "Ctrl+A",
-                                           "Ctrl+C",
-                                           "Ctrl+X",
-                                           "Ctrl+V",
-                                           "Ctrl+Z",
-                                           "Ctrl+O",
-                                           "Ctrl+S",
-                                           "F2",
-                                           "F5",
-                                           "Ctrl+Enter",
-                                           "Ctrl+Space",
-                                           "Shift+Space",
-                                           "Ctrl+Delete",
-                                           "Ctrl+Backspace",
-                                           "Shift+Insert",
-                                           "Shift+Tab"};
-    static constexpr const char* places[] = {
-        "txtA",     "txtB",    "txtShown", "cmdGo",    "cmdHide",  "chkBox",  "optOne",  "optTwo",
-        "lstCodes", "cboFont", "lvRows",   "tabPages", "txtFirst", "hsbView", "vsbView", "udScale"};
+    const std::vector<std::string> keys = KeysIn(
+        "a b 1 9 x , g m + Tab Tab Shift+Tab Shift+Tab Ctrl+Tab Enter Space Esc Up Down Left Right Home End "
+        "PageUp "
+        "PageDown Insert Delete Backspace Shift+Left Shift+Right Shift+Home Shift+End Ctrl+Left Ctrl+Right "
+        "Ctrl+A "
+        "Ctrl+C Ctrl+X Ctrl+V Ctrl+Z Ctrl+Y Ctrl+O Ctrl+S F2 F5 Ctrl+Enter Ctrl+Space Shift+Space "
+        "Ctrl+Delete "
+        "Ctrl+Backspace Shift+Insert");
+    const std::vector<std::string> places = KeysIn(
+        ">txtA >txtB >txtShown >cmdGo >cmdHide >chkBox >optOne >optTwo >lstCodes >cboFont >lvRows >tabPages "
+        ">txtFirst "
+        ">hsbView >vsbView >udScale");
     std::mt19937 random(seed);
-    const auto below = [&](std::size_t bound) { return random() % bound; };
     std::vector<std::string> sequences;
     for (int i = 0; i < count; ++i) {
-        std::string sequence = std::string(">") + places[below(std::size(places))];
-        for (int key = 0; key < 12; ++key) sequence += std::string(" ") + keys[below(std::size(keys))];
+        std::string sequence = places[random() % places.size()];
+        for (int key = 0; key < 12; ++key) sequence += " " + keys[random() % keys.size()];
         sequences.push_back(sequence);
     }
     return sequences;
