@@ -46,10 +46,12 @@ void KeyForm::Place() {
     txtNotes.TabIndex = -1;
     txtNotes.MultiLine = true;
     txtShown.ShownOnly = true;
-    for (Menu* entry : {&mnuOpen, &mnuSave, &mnuDraw}) entry->Container = &mnuFile;
+    for (Menu* entry : {&mnuOpen, &mnuSave, &mnuDraw, &mnuAgain, &mnuCopy}) entry->Container = &mnuFile;
     mnuOpen.Shortcut = "Ctrl+O";
     mnuSave.Shortcut = "Ctrl+S";
     mnuDraw.Shortcut = "F5";
+    mnuAgain.Shortcut = "F5";
+    mnuCopy.Shortcut = "Ctrl+C";
     mnuSave.Enabled = false;
 }
 
@@ -95,6 +97,9 @@ void KeyForm::Wire() {
     txtB.OnChange = [this] {
         if (txtB.Text.Get().size() > 4) txtB.Text = txtB.Text.Get().substr(0, 4);
     };
+    txtFirst.OnKeyPress = [](int& character) {
+        if (character == key::Backspace) character = 0;
+    };
     txtShown.OnGotFocus = [this] { txtShown.SelectAll(); };
     cmdHide.OnClick = [this] { txtB.Visible = !txtB.Visible; };
     lvRows.OnKeyDown = [this](int pressed, int) {
@@ -119,7 +124,7 @@ void KeyForm::Wire() {
             if (wired_) told_ += range->Name() + std::to_string(range->Value) + " ";
         };
     }
-    for (Menu* entry : {&mnuOpen, &mnuSave, &mnuDraw})
+    for (Menu* entry : {&mnuOpen, &mnuSave, &mnuDraw, &mnuAgain, &mnuCopy})
         entry->OnClick = [this, entry] { told_ += entry->Name() + " "; };
 }
 
@@ -199,13 +204,14 @@ const std::vector<KeyCase>& KeyCases() {
         {"a b x 1", "txtA AB1| "},
         {"a , 7", "txtB 7| "},
         {"Down", "lvRows 1 "},
+        {">txtFirst a b Backspace", "txtFirst ab| "},
         {">txtB 9 Tab 1", "txtB 91| kept "},
         {">txtB 1 2 3 4 5", "txtB 1234| "},
         {"Esc F2", "lvRows 1 open1 "},
         {">lvRows Down Enter Delete Down", "lvRows 2 open2 "},
         // Menus come before the handlers, but not before what edits a text; one that is disabled is no menu.
         {"a Ctrl+O F5 Ctrl+S", "txtA A| mnuOpen mnuDraw "},
-        {">cmdGo Ctrl+O Ctrl+S Alt+O", "cmdGo  mnuOpen "},
+        {">cmdGo Ctrl+O Ctrl+S Alt+O Ctrl+C", "cmdGo  mnuOpen mnuCopy "},
         // Fields of one line.
         {"a b c Left Left d", "txtA AD|BC "},
         {"a b c Shift+Left Shift+Left d", "txtA AD| "},

@@ -24,7 +24,8 @@ struct KeyForm {
     Services& Platform;
     Form form{"frmKeys"};
     Menu mnuFile{form, "mnuFile", "File"}, mnuOpen{form, "mnuOpen", "Open"}, mnuSave{form, "mnuSave", "Save"},
-        mnuDraw{form, "mnuDraw", "Draw"};
+        mnuDraw{form, "mnuDraw", "Draw"}, mnuAgain{form, "mnuAgain", "Again"},
+        mnuCopy{form, "mnuCopy", "Copy"};
     TextBox txtA{form, "txtA"}, txtB{form, "txtB"}, txtShown{form, "txtShown"}, txtNotes{form, "txtNotes"};
     CommandButton cmdGo{form, "cmdGo", "Go"}, cmdHide{form, "cmdHide", "Hide"};
     CheckBox chkBox{form, "chkBox", "Box"};
