@@ -64,8 +64,7 @@ int main(int argc, char** argv) {
     const QTemporaryDir data;
     qputenv("XDG_DATA_HOME", data.path().toLocal8Bit());
     QApplication application(argc, argv);
-    kvt::FaultPlan noFaults;
-    kvt::DiskFiles files(noFaults);
+    kvt::DiskFiles files;
     kvt::SystemPrograms programs;
     kvt::DesktopPlatform platform(files, programs, 1);
     kvt::Workbench bench(platform.Services);

@@ -27,6 +27,7 @@ MAY_INCLUDE["app"] = {*MAY_INCLUDE["console"], "console", "desktop"}
 FOREIGN = (
     (re.compile(r"Q[A-Za-z]"), {"desktop", "app"}, "the windowing toolkit"),
     (re.compile(r"(CLI|rapidjson)/"), {"console", "app"}, "the option and JSON libraries"),
+    (re.compile(r"png\.h"), {"platform"}, "the library of PNG files"),
 )
 
 INCLUDE = re.compile(r'\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)')

@@ -3,7 +3,8 @@
 #
 # Usage: tools/run.sh [FILE]
 #   With a display the window opens, with FILE in it if one is named. Without one, FILE is checked in the
-#   terminal, and its exit status is that of kvtc check.
+#   terminal, and its exit status is that of kvtc check. Its drawing goes beside FILE; to build/drawings where FILE
+#   is one of this project's own, its folder can't be written, or a file of that name is no drawing of kvtc's.
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -43,6 +44,12 @@ if [ $status -lt 2 ] && "$bin/kvtc" draw --help 2>/dev/null | grep -q 'svg'; the
     folder=$(dirname "$1")
     name=$(basename "$1")
     picture=$folder/${name%.*}.svg
+    of_others=no
+    if [ -e "$picture" ] && ! grep -qs 'data-twips-a-unit' "$picture"; then of_others=yes; fi
+    if [[ $(realpath "$1") == "$(realpath "$root")"/* ]] || [ ! -w "$folder" ] || [ $of_others = yes ]; then
+        mkdir -p "$root/build/drawings"
+        picture=$root/build/drawings/${name%.*}.svg
+    fi
     "$bin/kvtc" draw "$1" -o "$picture" && echo "Drawing: $picture" >&2
 fi
 exit $status

@@ -64,7 +64,7 @@ class Played:
     def __init__(self, kvtc, file, expected, sends, baud, folder):
         self.name = f"{file.name} {'to' if sends else 'from'} the played machine"
         self.out = folder / (self.name + ".out")
-        self.expected = expected if sends else b"%\r\n    " + expected.removeprefix(b"%\r\n").strip(b" ")
+        self.expected = expected
         machine = file.name[:3].upper() if not file.name.startswith("f1") else "F1"
         way = ["--receive", self.out] if sends else ["--send", file]
         command = [kvtc, "machine", "--machine", machine, "--baud", str(baud), *way]

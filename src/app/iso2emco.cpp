@@ -1,4 +1,6 @@
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 
 #include "basic/code_page.h"
@@ -53,26 +55,44 @@ void CheckAsTheMachine(const std::string& file, const iso::MachineProgram& progr
     }
 }
 
-int Convert(FileService& files, const std::string& file, iso::Machine machine) {
+// Why there is no program.
+int Refuse(DiskFiles& files, const std::string& file, const std::string& why) {
+    if (files.Exists(file + ".~pp")) files.Delete(file + ".~pp");
+    files.WriteNew(file + ".~ppERR", why + ".\r\n");
+    return notConverted;
+}
+
+int Convert(DiskFiles& files, const std::string& file, iso::Machine machine) {
     const std::string result = file + ".~pp";
     try {
         std::string text = files.ReadWhole(file);
         if (IsUtf8(text)) text = FromUtf8(text);
         iso::Converter converter(machine);
         const iso::MachineProgram program = converter.Convert(iso::ReadBlocks(text));
-        files.WriteWhole(result, FileText(program));
+        files.WriteNew(result, FileText(program));
         CheckAsTheMachine(result, program);
         std::string remarks;
         for (const std::string& remark : converter.Remarks()) remarks += remark + "\r\n";
-        if (!remarks.empty()) files.WriteWhole(file + ".~ppINFO", remarks);
+        if (!remarks.empty()) files.WriteNew(file + ".~ppINFO", remarks);
         return 0;
     } catch (const iso::Refusal& refusal) {
-        if (files.Exists(result)) files.Delete(result);
-        std::string why = refusal.Line > 0 ? "Line " + PlainNumber(refusal.Line) + ": " : std::string();
-        why += refusal.Why + ".\r\n";
-        files.WriteWhole(file + ".~ppERR", why);
-        return notConverted;
+        const std::string line =
+            refusal.Line > 0 ? "Line " + PlainNumber(refusal.Line) + ": " : std::string();
+        return Refuse(files, file, line + refusal.Description);
+    } catch (const RunTimeError& error) {
+        // The folder may still take an error file where it has not taken, or not given, the other ones.
+        return Refuse(files, file, error.Description);
     }
+}
+
+// The name as it was given to the workbench, where that has started this program; otherwise the arguments, which are
+// the pieces between the blanks of a name.
+std::string NameOfFile(const std::vector<std::string>& arguments) {
+    const char* const whole = std::getenv(FileVariable);
+    if (whole && WordsOf(whole) == arguments) return whole;
+    std::string name;
+    for (const std::string& argument : arguments) name += (name.empty() ? "" : " ") + argument;
+    return name;
 }
 
 }  // namespace
@@ -83,15 +103,10 @@ int main(int argc, char** argv) {
         std::fputs("usage: iso2emco.MK2|iso2emco.MK4|iso2emco.F1 FILE\n", stderr);
         return wrongUsage;
     }
-    // A file name with blanks arrives in pieces.
-    std::string name = argv[1];
-    for (int i = 2; i < argc; ++i) name += std::string(" ") + argv[i];
-    FaultPlan none;
-    DiskFiles files(none);
-    try {
-        return Convert(files, NameFromSystem(name), machine);
-    } catch (const RunTimeError& error) {
-        std::fprintf(stderr, "iso2emco: %s: %s\n", name.c_str(), error.Description.c_str());
-        return wrongUsage;
-    }
+    const std::string name = NameOfFile({argv + 1, argv + argc});
+    // A file that may not grow any more is a write that fails.
+    std::signal(SIGXFSZ, SIG_IGN);
+    DiskFiles files;
+    return RunMain("iso2emco: " + name, wrongUsage,
+                   [&] { return Convert(files, NameFromSystem(name), machine); });
 }

@@ -1,8 +1,8 @@
-#include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QTimer>
 #include <QWindow>
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <functional>
@@ -10,11 +10,11 @@
 #include <utility>
 #include <vector>
 
-#include "console/drawing.h"
+#include "basic/failure.h"
+#include "desktop/application.h"
 #include "desktop/desktop_platform.h"
 #include "desktop/end_signals.h"
 #include "desktop/form_view.h"
-#include "desktop/operation_painter.h"
 #include "desktop/text.h"
 #include "files/folders.h"
 #include "headless/disk_files.h"
@@ -26,6 +26,7 @@ namespace {
 constexpr const char* programName = "Kestrel Vise Toolkit";
 constexpr const char* version = "1.0.0";
 constexpr int wrongUsage = 2;
+constexpr int failed = 1;
 constexpr int lookInterval = 50;  // milliseconds
 constexpr int longestWait = 5000;
 constexpr QSize pictureSize(1280, 800);  // of the drawing window
@@ -49,9 +50,7 @@ void Describe(QCommandLineParser& parser) {
          {QStringLiteral("screenshot"), QStringLiteral("Show the window, save a picture of it and end."),
           QStringLiteral("PNG")},
          {QStringLiteral("screenshot-draw"), QStringLiteral("The same with the drawing of the program."),
-          QStringLiteral("PNG")},
-         {QStringLiteral("draw"), QStringLiteral("Draw the program into a picture and end."),
-          QStringLiteral("OUT")}});
+          QStringLiteral("PNG")}});
 }
 
 // Help and version need no display. True when one of them was asked for.
@@ -97,33 +96,6 @@ bool Read(const QStringList& arguments, Options& options, QString& problem) {
     return false;
 }
 
-// The drawing as points, one for 15 twips.
-bool WritePoints(std::span<const kvt::DrawOperation> operations, const kvt::FieldArea& area,
-                 const std::string& path) {
-    const kvt::FieldPiece piece{1.0 / 15, 1,
-                                QPoint(static_cast<int>(area.Left / 15), static_cast<int>(area.Top / 15))};
-    QImage image(static_cast<int>(area.Width / 15) + 1, static_cast<int>(area.Height / 15) + 1,
-                 QImage::Format_RGB32);
-    image.fill(Qt::black);
-    kvt::PaintOperations(image, piece, image.rect(), operations, {});
-    return image.save(QString::fromLocal8Bit(path.c_str()));
-}
-
-// Draws a program into a picture without any display; the status of kvtc, or -1 where that was not asked for.
-int DrawAsAsked(int argc, char** argv) {
-    QCommandLineParser parser;
-    Describe(parser);
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i) arguments += QString::fromLocal8Bit(argv[i]);
-    if (!parser.parse(arguments) || !parser.isSet(QStringLiteral("draw"))) return -1;
-    if (parser.positionalArguments().size() != 1) {
-        std::fprintf(stderr, "kvt: --draw takes one file\n");
-        return wrongUsage;
-    }
-    return kvt::DrawPicture(parser.positionalArguments().constFirst().toLocal8Bit().toStdString(),
-                            parser.value(QStringLiteral("draw")).toLocal8Bit().toStdString(), WritePoints);
-}
-
 // Does something once a window has been painted, or has had the time for it.
 void WhenPainted(QMainWindow& window, const std::function<void()>& then) {
     auto* clock = new QTimer(&window);
@@ -155,12 +127,11 @@ void BringPreProcessors(const std::string& dataFolder) {
     }
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int RunProgram(int argc, char** argv) {
+    // A file that may not grow any more is a write that fails.
+    std::signal(SIGXFSZ, SIG_IGN);
     if (TellAboutIt(argc, argv)) return 0;
-    if (const int result = DrawAsAsked(argc, argv); result >= 0) return result;
-    QApplication application(argc, argv);
+    kvt::Application application(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(programName));
     Options options;
     QString problem;
@@ -169,17 +140,19 @@ int main(int argc, char** argv) {
         return wrongUsage;
     }
 
-    kvt::FaultPlan noFaults;
-    kvt::DiskFiles files(noFaults);
+    kvt::DiskFiles files;
     kvt::SystemPrograms programs;
     kvt::DesktopPlatform platform(files, programs,
                                   options.Scale > 0 ? options.Scale : kvt::DesktopPlatform::ScreenFactor());
     kvt::DesktopSystem& system = platform.Desktop.System;
+    files.KeepIn(kvt::FoldersBelow(system.LocalDataFolder()).DataFolder);
+    files.RemoveLeftovers();
     kvt::BringResetCopies(files, system.LocalDataFolder());
     BringPreProcessors(system.LocalDataFolder());
     kvt::Workbench workbench(platform.Services);
     workbench.Modules.StartFolder = kvt::PathText(QApplication::applicationDirPath()) + "/";
-    workbench.Form_Load(kvt::PathText(options.File));
+    // In quotes, so that the name keeps the blanks at its ends.
+    workbench.Form_Load(options.File.isEmpty() ? std::string() : "\"" + kvt::PathText(options.File) + "\"");
     if (system.Ended()) return 0;
 
     kvt::Form& main = workbench.frmMain;
@@ -217,4 +190,10 @@ int main(int argc, char** argv) {
     }
     QApplication::exec();
     return !takesPicture || saved ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    return kvt::RunMain("kvt", failed, [&] { return RunProgram(argc, argv); });
 }

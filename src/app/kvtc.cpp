@@ -1,10 +1,11 @@
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <exception>
 #include <string_view>
 
+#include "basic/failure.h"
 #include "console/commands.h"
 
 namespace {
@@ -19,13 +20,12 @@ bool ShowsColour() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    try {
+    // A file that may not grow any more is a write that fails.
+    std::signal(SIGXFSZ, SIG_IGN);
+    return kvt::RunMain("kvtc", kvt::status::Usage, [&] {
         const int result = kvt::RunConsole({argv + 1, argv + argc}, {ShowsColour()});
         // A full disk or a closed pipe behind standard output must not pass for success.
         if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return result;
-        std::fprintf(stderr, "kvtc: standard output could not be written\n");
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "kvtc: %s\n", error.what());
-    }
-    return kvt::status::Usage;
+        throw kvt::Failure("standard output could not be written");
+    });
 }

@@ -1,8 +1,8 @@
 // Makes the help documents from their sources: make_help SOURCES TARGET.
 
 #include <cstdio>
-#include <exception>
 
+#include "basic/failure.h"
 #include "console/help_pages.h"
 
 int main(int argc, char** argv) {
@@ -10,10 +10,5 @@ int main(int argc, char** argv) {
         std::fputs("usage: make_help SOURCES TARGET\n", stderr);
         return 2;
     }
-    try {
-        return kvt::MakeHelp(argv[1], argv[2]);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "make_help: %s\n", error.what());
-        return 1;
-    }
+    return kvt::RunMain("make_help", 1, [&] { return kvt::MakeHelp(argv[1], argv[2]); });
 }

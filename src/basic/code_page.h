@@ -10,11 +10,19 @@ namespace kvt {
 std::string ToUtf8(std::string_view text);
 void AppendUtf8(std::string_view text, std::string& out);
 
+// The same for a caption or a message, in which file names may stand: the bytes of a name that the code page does not
+// hold are UTF-8 already, and stay.
+std::string ShownToUtf8(std::string_view text);
+
 // Whether the bytes are well-formed UTF-8.
 bool IsUtf8(std::string_view bytes);
 
 // The text of UTF-8; a character that the code page lacks, or a stray byte, becomes "?".
 std::string FromUtf8(std::string_view utf8);
+
+// UTF-8 as it may go to a terminal, in one line: a control character, or a stray byte that some terminals take for
+// one, shows as ".".
+std::string WithoutControls(std::string_view utf8);
 
 // A file name of the system as the program holds it: in the code page where that is possible without loss.
 std::string NameFromSystem(std::string_view name);

@@ -234,19 +234,16 @@ void RoundOff(std::string& text, std::size_t point, std::size_t decimals) {
     const bool up = text[point + 1 + decimals] >= '5';
     text.resize(decimals > 0 ? point + 1 + decimals : point);
     std::size_t at = text.size();
-    for (bool carry = up; carry && at > 0;) {
-        char& digit = text[--at];
-        if (digit == '.') continue;
-        if (!IsDigit(digit)) {
-            ++at;
-            break;
-        }
-        carry = digit == '9';
-        digit = carry ? '0' : static_cast<char>(digit + 1);
-        if (carry && (at == 0 || (!IsDigit(text[at - 1]) && text[at - 1] != '.'))) {
+    for (bool carry = up; carry;) {
+        // In front of the first digit the carry makes one of its own, also where the whole part had none.
+        if (at == 0 || text[at - 1] == '-') {
             text.insert(at, 1, '1');
             break;
         }
+        char& digit = text[--at];
+        if (digit == '.') continue;
+        carry = digit == '9';
+        digit = carry ? '0' : static_cast<char>(digit + 1);
     }
     if (text[0] == '-' && text.find_first_of("123456789") == std::string::npos) text.erase(0, 1);
 }

@@ -33,10 +33,10 @@ ErrorSink& Sink() {
 
 }  // namespace
 
-RunTimeError::RunTimeError(int number) : Number(number), Description(RunTimeErrorText(number)) {}
+RunTimeError::RunTimeError(int number) : Failure(RunTimeErrorText(number)), Number(number) {}
 
 RunTimeError::RunTimeError(int number, std::string description)
-    : Number(number), Description(std::move(description)) {}
+    : Failure(std::move(description)), Number(number) {}
 
 const char* RunTimeErrorText(int number) {
     for (const ErrorText& entry : errorTexts) {

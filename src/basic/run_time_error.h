@@ -4,15 +4,16 @@
 #include <string>
 #include <utility>
 
+#include "basic/failure.h"
+
 namespace kvt {
 
 // A failure of one statement, by its run-time number. The description is the run-time's own text.
-struct RunTimeError {
+struct RunTimeError : Failure {
     explicit RunTimeError(int number);
     RunTimeError(int number, std::string description);
 
     int Number;
-    std::string Description;
 };
 
 namespace fault {

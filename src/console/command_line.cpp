@@ -1,5 +1,7 @@
 #include <CLI/CLI.hpp>
 
+#include "basic/code_page.h"
+#include "basic/number.h"
 #include "console/commands.h"
 #include "console/drawing.h"
 #include "console/script.h"
@@ -17,6 +19,14 @@ std::string IsSettings(const std::string& text) {
     } catch (const RunTimeError&) {
         return text + " are no settings of a serial line";
     }
+}
+
+// A check of a number that may not be below 0, told in plain words.
+auto AtLeastNone(const char* what) {
+    return [what](const std::string& text) {
+        const std::string bound = std::string("takes 0 ") + what + " or more, not " + text;
+        return IsNumeric(text) && Val(text) >= 0 ? std::string() : bound;
+    };
 }
 
 }  // namespace
@@ -74,7 +84,8 @@ int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& opti
             ->check(IsSettings);
     }
     send->add_flag("--comments", serial.WithComments, "Send notes and comments too");
-    receive->add_option("--idle", serial.Idle, "End after so many seconds without a character");
+    receive->add_option("--idle", serial.Idle, "End after so many seconds without a character")
+        ->check(AtLeastNone("seconds"));
 
     MachineOptions played;
     CLI::App* machine = app.add_subcommand("machine", "Play the machine at the other end of the line");
@@ -86,7 +97,7 @@ int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& opti
     machine->add_option("--send", played.Send, "Program file to send");
     machine->add_option("--receive", played.Receive, "File for what arrives");
     machine->add_option("--drop-after", played.DropAfter, "Drop the line after so many characters")
-        ->check(CLI::NonNegativeNumber);
+        ->check(AtLeastNone("characters"));
 
     try {
         // The words are taken from the end of the list.
@@ -94,13 +105,14 @@ int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& opti
         app.parse(reversed);
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0) return app.exit(error);
-        std::fprintf(stderr, "kvtc: %s (kvtc --help tells the usage)\n", error.what());
+        const std::string told = WithoutControls(error.what());
+        std::fprintf(stderr, "kvtc: %s (kvtc --help tells the usage)\n", told.c_str());
         return status::Usage;
     }
     if (check->parsed()) return Check(files, json, options);
     if (draw->parsed()) {
         if (operations) return DrawAsJson(drawn);
-        if (!picture.empty() && drawn.size() == 1) return DrawPicture(drawn.front(), picture, {});
+        if (!picture.empty() && drawn.size() == 1) return DrawPicture(drawn.front(), picture);
         std::fprintf(stderr, "kvtc: draw takes one FILE and -o OUT, or --json and files\n");
         return status::Usage;
     }

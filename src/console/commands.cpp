@@ -8,6 +8,7 @@
 #include "basic/code_page.h"
 #include "console/listing.h"
 #include "console/loaded_file.h"
+#include "console/output_file.h"
 #include "console/state.h"
 
 namespace kvt {
@@ -28,10 +29,7 @@ bool HasBareLineEnds(LoadedFile& loaded, const std::string& file) {
 
 int CheckOne(const std::string& file, const ConsoleOptions& options, bool first) {
     LoadedFile loaded(file);
-    if (const char* error = loaded.Error()) {
-        Complain(file, error);
-        return status::Usage;
-    }
+    if (const char* error = loaded.Error()) return Complain(file, error);
     if (!first) std::fputc('\n', stdout);
     std::string listing = Listing(file, *loaded.Bench, options.Colour);
     if (HasBareLineEnds(loaded, file)) {
@@ -76,36 +74,32 @@ int Check(const std::vector<std::string>& files, bool json, const ConsoleOptions
 }
 
 int WriteLanguageModule(const std::string& out) {
+    if (const std::string why = WhyNotWritten(out); !why.empty()) return Complain(out, why);
     MemoryPlatform platform;
+    PrepareToWrite(platform.Disk);
     const auto bench = std::make_unique<Workbench>(platform.Services);
     try {
         platform.Files.WriteWhole(NameFromSystem(out), bench->Modules.WriteModule());
         return status::Well;
     } catch (const RunTimeError&) {
-        Complain(out, "could not be written");
-        return status::Usage;
+        return Complain(out, "could not be written");
     }
 }
 
 int FormatFile(const std::string& file, const std::string& out) {
+    if (const std::string why = WhyNotWritten(out, file, SourceUse::MayReplace); !why.empty())
+        return Complain(out, why);
     LoadedFile loaded(file);
-    if (const char* error = loaded.Error()) {
-        Complain(file, error);
-        return status::Usage;
-    }
+    if (const char* error = loaded.Error()) return Complain(file, error);
     Workbench& bench = *loaded.Bench;
     // Writing these back would lose what was not found.
-    if (HasBareLineEnds(loaded, file)) {
-        Complain(file, "not all of its lines end in CR LF; nothing was written");
-        return status::Usage;
-    }
+    if (HasBareLineEnds(loaded, file))
+        return Complain(file, "not all of its lines end in CR LF; nothing was written");
+    PrepareToWrite(loaded.Platform.Disk);
     bench.File.lblPath.Caption = NameFromSystem(out);
     const std::size_t shown = loaded.Platform.Dialogs.Shown.size();
     bench.Writer.mnuSave_Click();
-    if (loaded.Platform.Dialogs.Shown.size() > shown) {
-        Complain(out, "could not be written");
-        return status::Usage;
-    }
+    if (loaded.Platform.Dialogs.Shown.size() > shown) return Complain(out, "could not be written");
     return loaded.Status();
 }
 

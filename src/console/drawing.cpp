@@ -1,10 +1,7 @@
 #include "console/drawing.h"
 
 #include <rapidjson/writer.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <filesystem>
 #include <new>
 
 #include "basic/code_page.h"
@@ -12,6 +9,7 @@
 #include "basic/text.h"
 #include "console/commands.h"
 #include "console/loaded_file.h"
+#include "console/output_file.h"
 #include "console/state.h"
 #include "headless/memory_window.h"
 
@@ -65,7 +63,8 @@ bool HasField(const DrawOperation& operation, const OperationFieldName& field) {
 class DrawnFile {
 public:
     explicit DrawnFile(const std::string& file)
-        : Loaded(file), window_(Loaded.Bench->Draw.Controls.frmDraw, Loaded.Platform.Screen) {
+        : Loaded(file),
+          window_(Loaded.Bench->Draw.Controls.frmDraw, Loaded.Platform.Screen, Loaded.Platform.Focus) {
         if (Loaded.Error()) return;
         DrawWindow& draw = Loaded.Bench->Draw;
         Loaded.Platform.System.Watch(draw.Controls.frmDraw);
@@ -113,29 +112,6 @@ int DrawOneAsJson(const std::string& file, JsonSink& out) {
     }
     out.Put('\n');
     return result;
-}
-
-std::string KindOf(const std::string& path) {
-    return UpperCase(std::filesystem::path(path).extension().string());
-}
-
-// Lets kvt draw, which has what it takes to paint pictures of points.
-int DrawByWindow(const std::string& file, const std::string& out) {
-    std::error_code failed;
-    const std::string program =
-        (std::filesystem::read_symlink("/proc/self/exe", failed).parent_path() / "kvt").string();
-    if (failed || access(program.c_str(), X_OK) != 0) {
-        Complain(out, "only .svg can be drawn without the window's part (kvt) beside this program");
-        return status::Usage;
-    }
-    const pid_t child = fork();
-    if (child == 0) {
-        execl(program.c_str(), program.c_str(), "--draw", out.c_str(), file.c_str(), nullptr);
-        _exit(status::Usage);
-    }
-    int result = 0;
-    if (child < 0 || waitpid(child, &result, 0) != child || !WIFEXITED(result)) return status::Usage;
-    return WEXITSTATUS(result);
 }
 
 }  // namespace
@@ -196,30 +172,23 @@ int DrawAsJson(const std::vector<std::string>& files) {
     return worst;
 }
 
-int DrawPicture(const std::string& file, const std::string& out, const PictureWriter& writer) {
-    const std::string kind = KindOf(out);
-    const bool strokes = kind == ".SVG" || kind == ".PDF";
-    if (!strokes && kind != ".PNG" && kind != ".BMP") {
-        Complain(out, "is none of .svg, .pdf, .png and .bmp");
+int DrawPicture(const std::string& file, const std::string& out) {
+    const std::string kind = PictureKindOf(out);
+    if (!IsPictureKind(kind)) {
+        Complain(out, "the name of a picture ends in .svg, .pdf, .png or .bmp");
         return status::Usage;
     }
-    if (!strokes && !writer) return DrawByWindow(file, out);
+    if (const std::string why = WhyNotWritten(out, file); !why.empty()) return Complain(out, why);
     DrawnFile drawn(file);
     if (const char* error = drawn.Loaded.Error()) {
         Complain(file, error);
         return status::Usage;
     }
-    const DrawingOutput& output = drawn.Loaded.Bench->Draw.Output;
-    bool written = false;
-    if (strokes) {
-        written = Attempt("draw", [&] {
-            drawn.Loaded.Platform.Files.WriteWhole(NameFromSystem(out), output.Picture(kind));
-        });
-    } else {
-        const SvgHead head = output.Head();
-        written =
-            writer(drawn.Operations(), AreaOf(drawn.Operations(), head.FieldWidth, head.FieldHeight), out);
-    }
+    PrepareToWrite(drawn.Loaded.Platform.Disk);
+    const bool written = Attempt("draw", [&] {
+        drawn.Loaded.Platform.Files.WriteWhole(NameFromSystem(out),
+                                               drawn.Loaded.Bench->Draw.Output.Picture(kind));
+    });
     if (written) return drawn.Status();
     Complain(out, "could not be written");
     return status::Usage;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -8,7 +7,7 @@
 #include <vector>
 
 #include "console/json_output.h"
-#include "draw/svg.h"
+#include "platform/picture_box.h"
 
 namespace kvt {
 
@@ -21,12 +20,7 @@ std::optional<std::string> OperationField(const DrawOperation& operation, std::s
 // The drawing of each file as one array of operations a line. The worst status of all files.
 int DrawAsJson(const std::vector<std::string>& files);
 
-// Writes a picture of an area of the field to a file; false where it cannot.
-using PictureWriter = std::function<bool(std::span<const DrawOperation> operations, const FieldArea& area,
-                                         const std::string& path)>;
-
-// The drawing of a file as a picture: .svg, and what a writer for the other kinds takes. Without one these are
-// left to kvt, which stands beside this program.
-int DrawPicture(const std::string& file, const std::string& out, const PictureWriter& writer);
+// The drawing of a file as a picture: .svg, .pdf, .png or .bmp. It never takes the place of the program itself.
+int DrawPicture(const std::string& file, const std::string& out);
 
 }  // namespace kvt

@@ -5,12 +5,15 @@
 #include <string_view>
 #include <vector>
 
+#include "basic/failure.h"
+
 namespace kvt {
 
 // A fault in the text of a document, with the number of its line.
-struct HelpFault {
+struct HelpFault : Failure {
+    HelpFault(int line, std::string what) : Failure(std::move(what)), Line(line) {}
+
     int Line;
-    std::string What;
 };
 
 // What stands between the marks of a block, and what the block's first line says behind its mark.

@@ -40,7 +40,7 @@ public:
     explicit Example(const HelpBlock& block)
         : block_(block),
           bench_(std::make_unique<Workbench>(platform_.Services)),
-          window_(bench_->Draw.Controls.frmDraw, platform_.Screen) {
+          window_(bench_->Draw.Controls.frmDraw, platform_.Screen, platform_.Focus) {
         ReadHead();
         ProgramStore& store = bench_->Store;
         bench_->RefreshMachine();
@@ -231,7 +231,7 @@ int MakeHelp(const fs::path& sources, const fs::path& target) {
             try {
                 MakePage(file.path(), folder);
             } catch (const HelpFault& fault) {
-                std::fprintf(stderr, "%s:%d: %s\n", file.path().c_str(), fault.Line, fault.What.c_str());
+                std::fprintf(stderr, "%s:%d: %s\n", file.path().c_str(), fault.Line, fault.what());
                 result = 1;
             }
         }

@@ -1,16 +1,20 @@
 #pragma once
 
 #include <csignal>
+#include <initializer_list>
 
 namespace kvt {
 
-// While one stands, Ctrl+C and a request to end are noted and do nothing by themselves.
+// While one stands, Ctrl+C, a request to end, a hang-up of the terminal and the limit of file size are noted and do
+// nothing by themselves. A hang-up that was to be ignored from the beginning (nohup) is none.
 class Interrupts {
 public:
     Interrupts() {
         sigemptyset(&signals_);
-        sigaddset(&signals_, SIGINT);
-        sigaddset(&signals_, SIGTERM);
+        for (const int signal : {SIGINT, SIGTERM, SIGXFSZ}) sigaddset(&signals_, signal);
+        struct sigaction atHangUp = {};
+        sigaction(SIGHUP, nullptr, &atHangUp);
+        if (atHangUp.sa_handler != SIG_IGN) sigaddset(&signals_, SIGHUP);
         pthread_sigmask(SIG_BLOCK, &signals_, &before_);
     }
     ~Interrupts() {

@@ -23,9 +23,10 @@ const char* ErrorOf(LoadResult result) {
 
 }  // namespace
 
-void Complain(std::string_view file, std::string_view what) {
-    std::fprintf(stderr, "kvtc: %.*s: %.*s\n", static_cast<int>(file.size()), file.data(),
-                 static_cast<int>(what.size()), what.data());
+int Complain(std::string_view file, std::string_view what) {
+    const std::string told = WithoutControls(std::string(file) + ": " + std::string(what));
+    std::fprintf(stderr, "kvtc: %s\n", told.c_str());
+    return status::Usage;
 }
 
 LoadedFile::LoadedFile(const std::string& file) : Bench(std::make_unique<Workbench>(Platform.Services)) {

@@ -9,8 +9,8 @@
 
 namespace kvt {
 
-// Goes to standard error in one line that names the file.
-void Complain(std::string_view file, std::string_view what);
+// Goes to standard error in one line that names the file, control characters as ".". Gives the status of wrong usage.
+int Complain(std::string_view file, std::string_view what);
 
 // One file in a fresh workbench on the memory half.
 class LoadedFile {

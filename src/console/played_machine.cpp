@@ -132,9 +132,7 @@ TransferEnd PlayedMachine::Give(std::string_view file) {
     }
     OutgoingLines lines(file, true);
     std::string text;
-    for (std::string line; lines.Next(line);) {
-        if (line.substr(0, 1) != "%") text += line + "\r\n";
-    }
+    for (std::string line; lines.Next(line);) text += line + "\r\n";
     return Send(text);
 }
 

@@ -49,8 +49,8 @@ public:
 
     // Collects what comes, up to the line that ends the reception.
     TransferEnd Take(std::string& received);
-    // Sends what a control sends of a program file: its lines behind the notes, without comments. On a
-    // pseudo-terminal it waits until somebody has held the other end for a second.
+    // Sends what a control sends that is asked for a program with notes: the "%" and the lines behind it, without
+    // comments. On a pseudo-terminal it waits until somebody has held the other end for a second.
     TransferEnd Give(std::string_view file);
     // On a pseudo-terminal: stays there until the other end is let go, for which the line must not go before.
     void AwaitLettingGo() const;

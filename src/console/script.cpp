@@ -2,10 +2,9 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
-#include <iterator>
 
 #include "basic/code_page.h"
-#include "console/commands.h"
+#include "console/loaded_file.h"
 #include "console/script_run.h"
 
 namespace kvt {
@@ -24,8 +23,7 @@ std::string ReadStandardInput() {
 
 std::string ReadScript(const std::string& file) {
     if (file == "-") return ReadStandardInput();
-    FaultPlan none;
-    return DiskFiles(none).ReadWhole(NameFromSystem(file));
+    return DiskFiles().ReadWhole(NameFromSystem(file));
 }
 
 // The words behind "# options:" in the comments at the top.
@@ -53,6 +51,8 @@ ScriptOptions Merged(ScriptOptions own, const ScriptOptions& call) {
     if (!call.Ports.empty()) own.Ports = call.Ports;
     if (!call.WorkArea.empty()) own.WorkArea = call.WorkArea;
     own.NoPrinter = own.NoPrinter || call.NoPrinter;
+    own.Writes = call.Writes;
+    if (!call.Data.empty()) own.Writes.push_back(call.Data);
     return own;
 }
 
@@ -65,6 +65,10 @@ void ScriptOptions::Declare(CLI::App& app) {
     app.add_option("--ports", Ports, "How many serial ports open, 0 to 4")
         ->expected(1)
         ->check(CLI::Range(0, PortCount));
+    app.add_option("--writes", Writes, "A folder that the script may write in; can be given several times")
+        ->expected(1)
+        ->take_all()
+        ->check(CLI::ExistingDirectory);
     app.add_flag("--no-printer", NoPrinter, "A machine without a printer");
 }
 
@@ -76,16 +80,13 @@ int RunScript(const std::string& file, const ScriptOptions& options) {
         own.Declare(parser);
         const std::vector<std::string> words = OptionWords(script);
         parser.parse(std::vector<std::string>(words.rbegin(), words.rend()));
+        if (!own.Writes.empty()) throw ScriptError{"--writes can only stand in the call"};
         return ScriptRun(file, script, Merged(own, options)).Run();
     } catch (const RunTimeError& error) {
-        std::fprintf(stderr, "kvtc: %s: %s\n", file.c_str(),
-                     error.Number == fault::FileNotFound ? "no such file" : "cannot be read");
-    } catch (const ScriptError& error) {
-        std::fprintf(stderr, "kvtc: %s: %s\n", file.c_str(), error.What.c_str());
-    } catch (const CLI::ParseError& error) {
-        std::fprintf(stderr, "kvtc: %s: %s\n", file.c_str(), error.what());
+        return Complain(file, error.Number == fault::FileNotFound ? "no such file" : "cannot be read");
+    } catch (const std::exception& error) {
+        return Complain(file, error.what());
     }
-    return status::Usage;
 }
 
 }  // namespace kvt

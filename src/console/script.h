@@ -16,6 +16,8 @@ struct ScriptOptions {
     std::vector<int> WorkArea;  // height in twips
     std::vector<int> Ports;     // how many serial ports open
     bool NoPrinter = false;     // a machine without a printer
+    // Folders that may be written in besides those of the run: the call's own Data and what it names.
+    std::vector<std::string> Writes;
 
     // Declares the options of the command line, which fill this object.
     void Declare(CLI::App& app);

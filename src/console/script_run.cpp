@@ -52,8 +52,9 @@ ScriptRun::ScriptRun(std::string name, std::string_view script, const ScriptOpti
     : Session(options), name_(std::move(name)), lines_(LinesOf(script)) {
     Session.Platform.System.NextEvent = [this] { return ServeWait(); };
     Session.Platform.System.NextInTimedWait = [this] { ServeTimedWait(); };
+    Session.SetRefusal([this](const std::string& path) { Break(NoPlaceForWrites(path)); });
     Session.Platform.Dialogs.OnUnanswered = [this](const MessageBox& box) {
-        Note("no answer for the message box " + Quoted(ToUtf8(box.Text)) + ", it takes its default");
+        Note("no answer for the message box " + Quoted(ShownToUtf8(box.Text)) + ", it takes its default");
     };
 }
 
@@ -80,8 +81,7 @@ bool ScriptRun::RunAction(std::string_view text, int line) {
         Do(*action, text);
         return action->OfUser;
     } catch (const ScriptError& error) {
-        Tell(error.What);
-        broken_ = true;
+        Break(error.Description);
     } catch (const RunTimeError& error) {
         Fail("no run-time error", PlainNumber(error.Number) + " " + Quoted(error.Description));
     }
@@ -95,7 +95,7 @@ void ScriptRun::Do(const ScriptAction& action, std::string_view text) {
     Frame* const around = frame_;
     {
         const Restored<Frame*> frameAgain(frame_, &frame);
-        action.Do(*this, arguments);
+        Session.Platform.System.Run([&] { action.Do(*this, arguments); });
     }
     if (broken_) return;
     for (const auto& [wait, putOff] : frame.InWaits) {
@@ -161,11 +161,19 @@ void ScriptRun::PutOff(int wait, const std::string& action) {
     putOff_.insert({wait, {line_, action}});
 }
 
-void ScriptRun::Note(const std::string& text) { Tell("note: " + text); }
+// What the workbench still does on its way out of the line is not told any more.
+void ScriptRun::Break(const std::string& why) {
+    if (!broken_) Tell(why);
+    broken_ = true;
+}
+
+void ScriptRun::Note(const std::string& text) {
+    if (!broken_) Tell("note: " + text);
+}
 
 void ScriptRun::Fail(const std::string& expected, const std::string& got) {
     ++failures_;
-    Tell("expected " + expected + ", got " + got);
+    if (!broken_) Tell("expected " + expected + ", got " + got);
 }
 
 void ScriptRun::Compare(const std::string& expected, const std::string& got) {
@@ -174,7 +182,8 @@ void ScriptRun::Compare(const std::string& expected, const std::string& got) {
 
 void ScriptRun::Tell(const std::string& text) const {
     std::fflush(stdout);
-    std::fprintf(stderr, "%s:%d: %s\n", name_.c_str(), line_, text.c_str());
+    const std::string told = WithoutControls(name_ + ":" + PlainNumber(line_) + ": " + text);
+    std::fprintf(stderr, "%s\n", told.c_str());
 }
 
 }  // namespace kvt

@@ -84,6 +84,7 @@ private:
     bool ServeWait();
     void ServeTimedWait();
     bool GoesOn() const { return !broken_ && next_ < static_cast<int>(lines_.size()); }
+    void Break(const std::string& why);
     void Tell(const std::string& text) const;
 
     std::string name_;

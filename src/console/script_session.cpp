@@ -22,29 +22,21 @@ std::string WithoutSeparator(std::string folder) {
 
 }  // namespace
 
-TemporaryFolder::TemporaryFolder() {
-    std::error_code failed;
-    std::string pattern = (fs::temp_directory_path(failed) / "kvtc-XXXXXX").string();
-    if (failed || !mkdtemp(pattern.data())) throw ScriptError{"no temporary folder can be made"};
-    path_ = pattern;
-}
-
-TemporaryFolder::~TemporaryFolder() {
-    std::error_code ignored;
-    fs::remove_all(path_, ignored);
-}
-
 ScriptSession::ScriptSession(const ScriptOptions& options) {
     const fs::path own = temporary_.Path() / "tmp";
+    folders_.Add(temporary_.Path());
+    for (const std::string& folder : options.Writes) folders_.Add(folder);
+    ownFiles_.OnRefused = [](const std::string& path) { throw ScriptError{NoPlaceForWrites(path)}; };
     const std::string data =
         WithoutSeparator(options.Data.empty() ? (temporary_.Path() / "data").string() : options.Data);
     Platform.System.DataFolder = NameFromSystem(data);
     const Folders folders = FoldersBelow(Platform.System.DataFolder);
     dataFolder_ = folders.DataFolder;
+    Platform.Disk.KeepIn(dataFolder_);
     try {
         for (const std::string& folder : {NameFromSystem(own.string()), folders.DataFolder,
                                           folders.SettingsFolder, folders.PreProcessorFolder}) {
-            files_.MakeFolder(folder);
+            ownFiles_.MakeFolder(folder);
         }
     } catch (const RunTimeError&) {
         throw ScriptError{"the folders of the data cannot be made in " + data};
@@ -57,6 +49,7 @@ ScriptSession::ScriptSession(const ScriptOptions& options) {
                   {"SETTINGS", below(folders.SettingsFolder)},
                   {"PP", below(folders.PreProcessorFolder)}};
 
+    Platform.Programs.ConfineTo(folders_.All());
     Platform.Printer.Present = !options.NoPrinter;
     if (options.Screen.size() == 2) {
         Platform.Screen.WidthTwips = options.Screen[0];
@@ -71,7 +64,7 @@ void ScriptSession::NewBench() {
     windows_.clear();
     bench_.reset();
     Platform.BeginRun();
-    bench_ = std::make_unique<Workbench>(Platform.Services);
+    bench_ = std::make_unique<Workbench>(services_);
     // The help documents lie beside the program.
     std::error_code failed;
     const fs::path program = fs::read_symlink("/proc/self/exe", failed);
@@ -79,7 +72,7 @@ void ScriptSession::NewBench() {
     forms_ = bench_->Forms();
     for (Form* form : forms_) {
         Platform.System.Watch(*form);
-        windows_.push_back(std::make_unique<MemoryWindow>(*form, Platform.Screen));
+        windows_.push_back(std::make_unique<MemoryWindow>(*form, Platform.Screen, Platform.Focus));
     }
 }
 
@@ -88,7 +81,8 @@ void ScriptSession::Start(const std::string& commandLine) {
     started_ = true;
     commandLine_ = commandLine;
     // As the window's main function does.
-    BringResetCopies(files_, Platform.System.DataFolder);
+    Platform.Disk.RemoveLeftovers();
+    BringResetCopies(ownFiles_, Platform.System.DataFolder);
     bench_->Form_Load(NameFromSystem(commandLine));
 }
 
@@ -118,6 +112,15 @@ const char* ScriptSession::WhyOutOfReach(const Control& control) const {
     if (!(inPopup ? control.Visible.Get() : control.ReallyVisible())) return "not to be seen";
     if (!(inPopup ? control.Enabled.Get() : control.ReallyEnabled())) return "disabled";
     return nullptr;
+}
+
+void ScriptSession::SetRefusal(const GuardedFiles::Refusal& told) {
+    files_.OnRefused = told;
+    programs_.OnRefused = told;
+}
+
+std::string NoPlaceForWrites(const std::string& path) {
+    return "a script writes in its own folders and those of --writes, not here: " + path;
 }
 
 std::string ScriptSession::ErrorLogPath() const { return dataFolder_ + "Errors.log"; }

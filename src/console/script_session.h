@@ -1,37 +1,23 @@
 #pragma once
 
-#include <filesystem>
 #include <memory>
 #include <string>
 
 #include "console/control_access.h"
 #include "console/script.h"
 #include "console/script_words.h"
+#include "headless/guarded_files.h"
 #include "headless/memory_platform.h"
 #include "headless/memory_window.h"
+#include "headless/temporary_folder.h"
 
 namespace kvt {
 
-// A folder of its own under the system's temporary folder, which goes with the object.
-class TemporaryFolder {
-public:
-    // A ScriptError where there is no place for it.
-    TemporaryFolder();
-    ~TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    const std::filesystem::path& Path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
-};
-
 // The workbench that a script works on, on the memory half of the platform. The folders of its data exist from
-// the beginning.
+// the beginning. Nothing is written outside of them and of the folders that the call allows.
 class ScriptSession {
 public:
-    // A ScriptError where the folders cannot be made.
+    // A ScriptError where the folders cannot be made, or a folder is none of its own.
     explicit ScriptSession(const ScriptOptions& options);
     ScriptSession(const ScriptSession&) = delete;
     ScriptSession& operator=(const ScriptSession&) = delete;
@@ -54,8 +40,11 @@ public:
     // Whether a user can act on a control now; otherwise why not.
     const char* WhyOutOfReach(const Control& control) const;
 
-    // The files as the script itself works on them: no planned failure meets it here.
-    DiskFiles& Files() { return files_; }
+    // The files as the script itself works on them: no planned failure meets it here. A write elsewhere is a
+    // ScriptError.
+    FileService& Files() { return ownFiles_; }
+    // Told of what the workbench is refused to write, and of the file that a program is not given.
+    void SetRefusal(const GuardedFiles::Refusal& told);
     const Arguments::Variables& Variables() const { return variables_; }
     std::string ErrorLogPath() const;
 
@@ -63,8 +52,13 @@ private:
     void NewBench();
 
     TemporaryFolder temporary_;
-    FaultPlan noFaults_;
-    DiskFiles files_{noFaults_};
+    OwnFolders folders_;
+    GuardedFiles ownFiles_{Platform.Disk, folders_};
+    GuardedFiles files_{Platform.Files, folders_};
+    GuardedPrograms programs_{Platform.Programs, folders_};
+    kvt::Services services_{files_,          Platform.Dialogs, Platform.Clipboard,
+                            Platform.Screen, Platform.System,  Platform.Focus,
+                            Platform.Port,   Platform.Printer, programs_};
     std::string dataFolder_;
     Arguments::Variables variables_;
     std::unique_ptr<Workbench> bench_;
@@ -73,5 +67,8 @@ private:
     std::string commandLine_;
     bool started_ = false;
 };
+
+// What is told of a write outside of the folders that are a script's own.
+std::string NoPlaceForWrites(const std::string& path);
 
 }  // namespace kvt

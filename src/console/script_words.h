@@ -7,11 +7,13 @@
 #include <utility>
 #include <vector>
 
+#include "basic/failure.h"
+
 namespace kvt {
 
 // What is wrong with a line of a script, so that it cannot be done.
-struct ScriptError {
-    std::string What;
+struct ScriptError : Failure {
+    using Failure::Failure;
 };
 
 // How an action takes its arguments from the line.

@@ -6,22 +6,20 @@
 #include <chrono>
 #include <cstdio>
 #include <optional>
+#include <utility>
 
 #include "basic/code_page.h"
 #include "basic/number.h"
 #include "basic/text.h"
 #include "console/commands.h"
 #include "console/interrupts.h"
+#include "console/loaded_file.h"
+#include "console/output_file.h"
 #include "console/played_machine.h"
 
 namespace kvt {
 
 namespace {
-
-int Complain(const std::string& name, const std::string& what) {
-    std::fprintf(stderr, "kvtc: %s: %s\n", name.c_str(), what.c_str());
-    return status::Usage;
-}
 
 // One line of a terminal that is written over and over; nothing where no terminal stands behind it.
 class ProgressLine {
@@ -70,8 +68,8 @@ bool OpenPort(SerialBench& bench, const std::string& name) {
 SerialBench::SerialBench(const std::string& device, const std::string& settings, double haste)
     : Port({device}, haste),
       System(Platform.Focus, Port),
-      Services{Platform.Files, Platform.Dialogs, Platform.Clipboard, Platform.Screen,  System, Platform.Focus,
-               Port,           Platform.Printer, Platform.Programs,  Platform.Pictures},
+      Services{Platform.Files, Platform.Dialogs, Platform.Clipboard, Platform.Screen, System, Platform.Focus,
+               Port,           Platform.Printer, Platform.Programs},
       Bench(std::make_unique<Workbench>(Services)) {
     for (std::string* folder : {&Bench->Transmit.SettingsFolder, &Bench->Received.SettingsFolder})
         *folder = NameFromSystem(scratch_.Path().string()) + "/";
@@ -114,34 +112,57 @@ int SendFile(const SerialOptions& options) {
     return cut ? status::Finding : status::Well;
 }
 
-int ReceiveFile(const SerialOptions& options) {
-    SerialBench bench(options.Port, options.Settings);
-    if (!OpenPort(bench, options.Port)) return status::Usage;
+namespace {
 
-    Interrupts interrupts;
-    const TransferControls& shown = bench.Bench->Transfer;
-    {
-        ProgressLine progress;
-        using Clock = std::chrono::steady_clock;
-        Clock::time_point last = Clock::now();
-        std::size_t size = 0;
-        constexpr double look = 10;  // milliseconds
-        bench.System.WaitUntil([&] {
-            progress.Show(shown.lblReceived.Caption.Get());
-            if (shown.txtRX.Text.Get().size() != size) {
-                size = shown.txtRX.Text.Get().size();
-                last = Clock::now();
-            }
-            const double idle = std::chrono::duration<double>(Clock::now() - last).count();
-            const bool silent = options.Idle > 0 && size > 0 && idle >= options.Idle;
-            return silent || !bench.Port.IsOpen() || interrupts.Came() ? 0.0 : look;
-        });
-    }
-    const bool gone = !bench.Port.IsOpen();
-    bench.Platform.Dialogs.FileAnswers.push_back({false, NameFromSystem(options.File)});
+// Collects characters until the user ends it, the line goes, or nothing has come for a while.
+void Collect(SerialBench& bench, double longestSilence, Interrupts& interrupts) {
+    using Clock = std::chrono::steady_clock;
+    constexpr double look = 10;  // milliseconds
+    ProgressLine progress;
+    Clock::time_point last = Clock::now();
+    long long arrived = 0;
+    bench.System.WaitUntil([&] {
+        progress.Show(bench.Bench->Transfer.lblReceived.Caption.Get());
+        if (std::exchange(arrived, bench.Port.Arrived()) != bench.Port.Arrived()) last = Clock::now();
+        const double silence = std::chrono::duration<double>(Clock::now() - last).count();
+        const bool silent = longestSilence > 0 && arrived > 0 && silence >= longestSilence;
+        return silent || !bench.Port.IsOpen() || interrupts.Came() ? 0.0 : look;
+    });
+}
+
+// As the button of the receive view does; false where the file could not be written.
+bool SaveReceived(SerialBench& bench, const std::string& name) {
+    MemoryDialogs& dialogs = bench.Platform.Dialogs;
+    const std::size_t shown = dialogs.Shown.size();
+    dialogs.FileAnswers.push_back({false, name});
     bench.Bench->Received.cmdReceiveSave_Click();
-    if (TellMessages(options.File, bench.Platform.Dialogs) && !gone) return status::Usage;
-    std::printf("%s: %s\n", options.File.c_str(), shown.lblReceived.Caption.Get().c_str());
+    const bool failed = dialogs.Shown.size() > shown;
+    dialogs.Shown.resize(shown);
+    return !failed;
+}
+
+}  // namespace
+
+int ReceiveFile(const SerialOptions& options) {
+    if (const std::string why = WhyNotWritten(options.File); !why.empty()) return Complain(options.File, why);
+    SerialBench bench(options.Port, options.Settings);
+    PrepareToWrite(bench.Platform.Disk);
+    Interrupts interrupts;
+    if (!OpenPort(bench, options.Port)) return status::Usage;
+    Collect(bench, options.Idle, interrupts);
+
+    const bool gone = !bench.Port.IsOpen();
+    TellMessages(options.Port, bench.Platform.Dialogs);
+    const TransferControls& shown = bench.Bench->Transfer;
+    const std::string& text = shown.txtRX.Text.Get();
+    if (Trim(text).empty()) {
+        Complain(options.File, "nothing was received");
+        return gone ? status::Finding : status::Usage;
+    }
+    const std::string count = shown.lblReceived.Caption.Get();
+    const auto save = [&](const std::string& name) { return SaveReceived(bench, name); };
+    if (!WriteOrKeep(options.File, text, save)) return status::Usage;
+    std::printf("%s: %s\n", options.File.c_str(), count.c_str());
     return gone ? status::Finding : status::Well;
 }
 
@@ -178,8 +199,11 @@ int Judge(const std::string& received, const std::string& machine) {
 }  // namespace
 
 int PlayMachine(const MachineOptions& options) {
-    FaultPlan noFaults;
-    DiskFiles files(noFaults);
+    if (const std::string why = WhyNotWritten(options.Receive, options.Send);
+        !options.Receive.empty() && !why.empty())
+        return Complain(options.Receive, why);
+    DiskFiles files;
+    PrepareToWrite(files);
     std::string program;
     if (!options.Send.empty() &&
         !Attempt("kvtc", [&] { program = files.ReadWhole(NameFromSystem(options.Send)); }))
@@ -209,10 +233,11 @@ int PlayMachine(const MachineOptions& options) {
     if (!options.Receive.empty() || options.Send.empty()) {
         std::string received;
         end = machine.Take(received);
+        const auto save = [&](const std::string& name) {
+            return Attempt("kvtc", [&] { files.WriteWhole(name, received); });
+        };
+        if (!options.Receive.empty() && !WriteOrKeep(options.Receive, received, save)) return status::Usage;
         std::printf("Received %d characters %s.\n", static_cast<int>(received.size()), WordsOf(end));
-        if (!options.Receive.empty() &&
-            !Attempt("kvtc", [&] { files.WriteWhole(NameFromSystem(options.Receive), received); }))
-            return Complain(options.Receive, "cannot be written");
         result = end == TransferEnd::Well ? Judge(received, options.Machine) : status::Finding;
     }
     if (!options.Send.empty() && end == TransferEnd::Well) {

@@ -3,8 +3,9 @@
 #include <memory>
 #include <string>
 
-#include "console/script_session.h"
 #include "headless/posix_port.h"
+#include "headless/temporary_folder.h"
+#include "shell/workbench.h"
 
 namespace kvt {
 

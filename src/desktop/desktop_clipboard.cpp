@@ -3,7 +3,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
-#include "desktop/desktop_pictures.h"
+#include "desktop/pixel_image.h"
 #include "desktop/text.h"
 
 namespace kvt {

@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 
+#include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "desktop/colors.h"
 #include "desktop/text.h"
@@ -58,14 +59,23 @@ QStringList FiltersOf(std::string_view filter) {
 
 }  // namespace
 
-DialogParent::DialogParent() : window_(QApplication::activeWindow()) {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (!window_ && window->isVisible() && window->windowType() == Qt::Window) window_ = window;
+DialogParent::DialogParent(const DesktopContext& desktop) : before_(QApplication::activeWindow()) {
+    const auto take = [this](QWidget* window) {
+        if (!window_ && window && window->isVisible() && window->windowType() == Qt::Window) window_ = window;
+    };
+    for (const Form* form : {desktop.System.Running(), desktop.Front}) {
+        const View* const view = form ? View::Of(*form) : nullptr;
+        if (view) take(view->Widget());
     }
+    take(before_);
+    for (QWidget* window : QApplication::topLevelWidgets()) take(window);
+    // The dialogs of a minimised window are not to be seen either.
+    if (window_) window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
+    if (!before_) before_ = window_;
 }
 
 DialogParent::~DialogParent() {
-    if (window_) window_->activateWindow();
+    if (before_) before_->activateWindow();
 }
 
 Answer DesktopDialogs::ShowMessage(const MessageBox& box) {
@@ -75,11 +85,11 @@ Answer DesktopDialogs::ShowMessage(const MessageBox& box) {
                                                               : Answer::Ok;
     if (desktop_.System.Ended()) return refusal;
     ++desktop_.DialogsShown;
-    const DialogParent parent;
+    const DialogParent parent(desktop_);
     Box window(parent);
     window.setWindowTitle(box.Title.empty() ? QCoreApplication::applicationName() : ToQt(box.Title));
     window.setTextFormat(Qt::PlainText);
-    window.setText(ToQt(box.Text));
+    window.setText(ShownToQt(box.Text));
     window.setIcon(IconOf(box.Picture));
     QMessageBox::StandardButtons buttons = asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok;
     buttons.setFlag(QMessageBox::Cancel, box.Choice == Buttons::YesNoCancel);
@@ -98,7 +108,7 @@ bool DesktopDialogs::Choose(FileDialog& dialog, bool saves) {
     bool chosen = false;
     if (!desktop_.System.Ended()) {
         ++desktop_.DialogsShown;
-        const DialogParent parent;
+        const DialogParent parent(desktop_);
         QFileDialog window(parent);
         // Whether a file is to be written over is asked by the program.
         window.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
@@ -120,7 +130,7 @@ bool DesktopDialogs::Choose(FileDialog& dialog, bool saves) {
 bool DesktopDialogs::ShowColor(Color& color) {
     if (desktop_.System.Ended()) return false;
     ++desktop_.DialogsShown;
-    const DialogParent parent;
+    const DialogParent parent(desktop_);
     QColorDialog window(ColorOf(color), parent);
     window.setOptions(QColorDialog::DontUseNativeDialog);
     if (window.exec() != QDialog::Accepted) return false;

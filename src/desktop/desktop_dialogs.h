@@ -8,17 +8,18 @@
 
 namespace kvt {
 
-// The window that a dialog belongs to: the one in front, or any that is to be seen. It gets the keys back when the
-// dialog has gone, also where no window manager sees to that.
+// The window that a dialog belongs to: that whose command has led to it, or else the one in front, or any that is to be
+// seen. When the dialog has gone the window that had the keys before gets them back, also where no window manager sees to
+// that.
 class DialogParent {
 public:
-    DialogParent();
+    explicit DialogParent(const DesktopContext& desktop);
     ~DialogParent();
     DialogParent(const DialogParent&) = delete;
     operator QWidget*() const { return window_; }
 
 private:
-    QPointer<QWidget> window_;
+    QPointer<QWidget> window_, before_;
 };
 
 // Message boxes and file dialogs of the toolkit. A box without a title has the program's name.

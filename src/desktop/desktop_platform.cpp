@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFontMetrics>
 #include <QScreen>
+#include <QWidget>
 #include <algorithm>
 
 namespace kvt {
@@ -27,6 +28,24 @@ QFont FormFont(double factor) {
     return font;
 }
 
+// What the title and the menus of a window have of the screen is known when it is up. Until then a place counts as on the
+// screen with the least that they can have, and one that is brought back leaves them room enough.
+constexpr double leastEdge = 2.5;  // in heights of the font
+constexpr int roomyEdge = 4;
+
+// The screen that shows most of a window, or the main one where none does.
+QRect ScreenAt(const QRect& window) {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const auto shown = [&](const QScreen& one) {
+        const QRect part = one.geometry() & window;
+        return part.width() * part.height();
+    };
+    for (const QScreen* one : QGuiApplication::screens()) {
+        if (shown(*one) > shown(*screen)) screen = one;
+    }
+    return screen->availableGeometry();
+}
+
 }  // namespace
 
 int DesktopScreen::Width() { return lengths_.Twips(QGuiApplication::primaryScreen()->geometry().width()); }
@@ -37,13 +56,32 @@ int DesktopScreen::WorkAreaHeight() {
     return lengths_.Twips(QGuiApplication::primaryScreen()->availableGeometry().height());
 }
 
+WindowPlace DesktopScreen::OnScreen(const WindowPlace& place) {
+    const QRect wanted = lengths_.Rectangle(place.Left, place.Top, place.Width, place.Height);
+    const QRect screen = ScreenAt(wanted);
+    const int fontHeight = QFontMetrics(QApplication::font()).height();
+    if (screen.contains(wanted.adjusted(0, 0, 0, static_cast<int>(leastEdge * fontHeight)))) return place;
+    const QRect area = screen.adjusted(0, 0, -fontHeight / 2, -roomyEdge * fontHeight);
+    const int width = std::min(wanted.width(), area.width());
+    const int height = std::min(wanted.height(), area.height());
+    const int left = std::clamp(wanted.left(), area.left(), area.left() + area.width() - width);
+    const int top = std::clamp(wanted.top(), area.top(), area.top() + area.height() - height);
+    return {lengths_.Twips(height), lengths_.Twips(left), lengths_.Twips(top), lengths_.Twips(width)};
+}
+
+// That of the window in use, which may be on another screen.
+double DesktopScreen::PointsATwip() {
+    const QWidget* const window = QApplication::activeWindow();
+    return lengths_.Exact(1) * (window ? window->devicePixelRatioF() : qApp->devicePixelRatio());
+}
+
 double DesktopPlatform::ScreenFactor() {
     return std::clamp(QGuiApplication::primaryScreen()->logicalDotsPerInch() / plainResolution, 1.0, 2.0);
 }
 
 DesktopPlatform::DesktopPlatform(FileService& files, ProgramService& programs, double factor)
     : Desktop{Scale(factor), focus_, system_, keyboard_},
-      Services{files, dialogs_, clipboard_, screen_, system_, focus_, port_, printer_, programs, pictures_},
+      Services{files, dialogs_, clipboard_, screen_, system_, focus_, port_, printer_, programs},
       system_(focus_),
       keyboard_(focus_, system_),
       dialogs_(Desktop),

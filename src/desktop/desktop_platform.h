@@ -3,7 +3,6 @@
 #include "desktop/desktop_clipboard.h"
 #include "desktop/desktop_dialogs.h"
 #include "desktop/desktop_keyboard.h"
-#include "desktop/desktop_pictures.h"
 #include "desktop/desktop_port.h"
 #include "desktop/desktop_printer.h"
 #include "desktop/view.h"
@@ -11,13 +10,15 @@
 
 namespace kvt {
 
-// The main screen.
+// The main screen; places may be on any.
 class DesktopScreen : public ScreenService {
 public:
     explicit DesktopScreen(const Scale& lengths) : lengths_(lengths) {}
     int Width() override;
     int Height() override;
     int WorkAreaHeight() override;
+    WindowPlace OnScreen(const WindowPlace& place) override;
+    double PointsATwip() override;
 
 private:
     const Scale& lengths_;
@@ -44,7 +45,6 @@ private:
     DesktopScreen screen_;
     DesktopPort port_;
     DesktopPrinter printer_;
-    DesktopPictures pictures_;
 };
 
 }  // namespace kvt

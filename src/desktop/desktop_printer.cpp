@@ -9,6 +9,7 @@
 #include <QStandardPaths>
 #include <algorithm>
 
+#include "basic/run_time_error.h"
 #include "desktop/desktop_dialogs.h"
 #include "desktop/text.h"
 
@@ -54,7 +55,7 @@ void DesktopPrinter::ShowPrinter(PrinterDialog& dialog) {
     QPrinter& device = Device();
     device.setCopyCount(dialog.Copies);
     if (device.outputFormat() == QPrinter::PdfFormat) device.setOutputFileName(ProposedFile());
-    const DialogParent parent;
+    const DialogParent parent(desktop_);
     QPrintDialog window(&device, parent);
     window.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize |
                       QAbstractPrintDialog::PrintCollateCopies);
@@ -82,7 +83,7 @@ void DesktopPrinter::AskForFile() {
     QString name;
     if (!desktop_.System.Ended()) {
         ++desktop_.DialogsShown;
-        const DialogParent parent;
+        const DialogParent parent(desktop_);
         QFileDialog window(parent, QStringLiteral("Print to PDF"));
         window.setOptions(QFileDialog::DontUseNativeDialog);
         window.setAcceptMode(QFileDialog::AcceptSave);
@@ -115,7 +116,10 @@ void DesktopPrinter::Print(std::string_view line) {
     font.setStyleHint(QFont::Monospace);
     font.setPointSizeF(FontSize);
     painter_->setFont(font);
-    for (const QString& part : ToQt(line).split(QStringLiteral("\r\n"))) PutLine(part);
+    // The head is a line of its own and names a file; a program is in the code page.
+    const bool head = line.find("\r\n") == std::string_view::npos;
+    for (const QString& part : (head ? ShownToQt(line) : ToQt(line)).split(QStringLiteral("\r\n")))
+        PutLine(part);
 }
 
 // A line that is too long is broken at a blank, and goes on below its last column.

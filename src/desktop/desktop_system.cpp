@@ -73,8 +73,8 @@ std::string DesktopSystem::LocalDataFolder() {
 }
 
 void DesktopSystem::PressKey(int pressed) {
-    keys_.push_back({pressed, std::max(depth_, 1)});
-    if (depth_ == 0) SendKeysSoon();
+    keys_.push_back({pressed, std::max<std::size_t>(running_.size(), 1)});
+    if (running_.empty()) SendKeysSoon();
 }
 
 void DesktopSystem::SendKeysSoon() {
@@ -83,7 +83,7 @@ void DesktopSystem::SendKeysSoon() {
 }
 
 void DesktopSystem::SendKeys() {
-    while (!ended_ && !keys_.empty() && keys_.front().Depth > depth_) {
+    while (!ended_ && !keys_.empty() && keys_.front().Depth > running_.size()) {
         const int pressed = keys_.front().Key;
         keys_.pop_front();
         Control* const focused = focus_.Focused();
@@ -94,6 +94,35 @@ void DesktopSystem::SendKeys() {
             QKeyEvent event = EventOf(pressed, type);
             QCoreApplication::sendEvent(target, &event);
         }
+    }
+}
+
+void DesktopSystem::Later(std::function<void()> call) {
+    putOff_.push_back({std::move(call), Running(), std::max<std::size_t>(running_.size(), 1)});
+    if (running_.empty()) RunPutOffSoon();
+}
+
+void DesktopSystem::RunPutOffSoon() {
+    QMetaObject::invokeMethod(
+        &later_, [this] { RunPutOff(); }, Qt::QueuedConnection);
+}
+
+// One that stands below on the stack, in a wait, is not through yet: what it has put off stays for its own end.
+void DesktopSystem::RunPutOff() {
+    const auto due = [this] {
+        return std::find_if(putOff_.begin(), putOff_.end(),
+                            [this](const PutOffCall& one) { return one.Depth > running_.size(); });
+    };
+    for (auto next = due(); next != putOff_.end() && !ended_; next = due()) {
+        const PutOffCall one = std::move(*next);
+        putOff_.erase(next);
+        running_.push_back(one.Asker);
+        try {
+            one.Call();
+        } catch (...) {
+            TellFailure("Later");
+        }
+        running_.pop_back();
     }
 }
 

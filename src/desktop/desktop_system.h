@@ -4,8 +4,9 @@
 #include <QObject>
 #include <deque>
 #include <utility>
+#include <vector>
 
-#include "basic/run_time_error.h"
+#include "desktop/application.h"
 #include "desktop/desktop_focus.h"
 #include "platform/services.h"
 
@@ -23,25 +24,30 @@ public:
     std::tm Now() override;
     std::string LocalDataFolder() override;
     void PressKey(int key) override;
+    void Later(std::function<void()> call) override;
     void Beep() override;
     void ShowPopupMenu(Menu& menu) override;
     void EndProgram() override;
 
     bool Ended() const { return ended_; }
 
-    // Runs a handler of a control. A failure that comes out of it is reported under the control's name and the
-    // event's.
+    // Runs a handler of a control. A failure that comes out of it, of whatever kind, is reported under the control's
+    // name and the event's.
     template <class Handler>
     void Run(const Control& control, const char* event, Handler&& handler) {
-        ++depth_;
+        running_.push_back(&control.OwningForm());
         try {
             std::forward<Handler>(handler)();
-        } catch (const RunTimeError& error) {
-            TellError(error, (control.Name() + "_" + event).c_str());
+        } catch (...) {
+            TellFailure((control.Name() + "_" + event).c_str());
         }
-        --depth_;
+        running_.pop_back();
         if (!keys_.empty()) SendKeysSoon();
+        if (!putOff_.empty()) RunPutOffSoon();
     }
+
+    // The form whose handler is at work, the innermost one; null where none is.
+    const Form* Running() const { return running_.empty() ? nullptr : running_.back(); }
 
     // Delivers the pressed keys whose handler has ended.
     void SendKeys();
@@ -49,16 +55,24 @@ public:
 private:
     struct PressedKey {
         int Key;
-        int Depth;  // of the handler that pressed it
+        std::size_t Depth;  // of the handler that pressed it
+    };
+    struct PutOffCall {
+        std::function<void()> Call;
+        const Form* Asker;
+        std::size_t Depth;  // of the handler that has put it off
     };
     void SendKeysSoon();
+    void RunPutOffSoon();
+    void RunPutOff();
 
     DesktopFocus& focus_;
     QObject later_;
     QElapsedTimer sinceEvents_;
     QElapsedTimer sinceBreath_;
     std::deque<PressedKey> keys_;
-    int depth_ = 0;
+    std::vector<const Form*> running_;
+    std::deque<PutOffCall> putOff_;
     bool ended_ = false;
 };
 

@@ -6,7 +6,9 @@
 #include <QMimeData>
 #include <QScreen>
 #include <QUrl>
+#include <QWindow>
 #include <algorithm>
+#include <utility>
 
 #include "basic/stack_guard.h"
 #include "desktop/text.h"
@@ -24,7 +26,10 @@ constexpr PropertyId allProperties[] = {
     PropertyId::MousePointer, PropertyId::Enabled, PropertyId::Visible,
 };
 
-// What lies over what: documents and pictures over the list, frames and tabs over these, the rest on top.
+constexpr int lastingTime = 300;  // milliseconds
+
+// What lies over what: documents, pictures and lists of codes over the list, frames and tabs over these, the rest on
+// top.
 int Layer(const Control& control) {
     switch (control.Kind()) {
         case ControlKind::ListView: return 0;
@@ -32,13 +37,14 @@ int Layer(const Control& control) {
         case ControlKind::RichText: return 2;
         case ControlKind::Frame:
         case ControlKind::TabStrip: return 3;
+        case ControlKind::ListBox: return static_cast<const ListBox&>(control).InFront ? 5 : 2;
         default: return 4;
     }
 }
 
 // In a title the toolkit takes one of these for a mark of its own, and two for one.
 QString PlainTitle(std::string_view caption) {
-    return ToQt(caption).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+    return ShownToQt(caption).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
 }
 
 }  // namespace
@@ -49,21 +55,27 @@ FormView::FormView(DesktopContext& desktop, Form& form)
     window_->setCentralWidget(field_);
     if (form.TopMost) {
         window_->setWindowFlag(Qt::WindowStaysOnTopHint);
-        window_->setAttribute(Qt::WA_ShowWithoutActivating);
     }
     window_->setAcceptDrops(true);
     Watch(field_);
+    lasting_.setSingleShot(true);
+    lasting_.setInterval(lastingTime);
+    connect(&lasting_, &QTimer::timeout, this, [this] { lasted_ = form_.RestoredPlace(); });
     MakeViews();
     Stack();
-    for (const PropertyId id : {PropertyId::Caption, PropertyId::Enabled, PropertyId::Width,
-                                PropertyId::WindowState, PropertyId::Visible}) {
-        Follow(id);
-    }
-    if (form.Left != 0 || form.Top != 0) ApplyPosition();
+    SetSmallestSize();
+    Follow(PropertyId::Caption);
+    Follow(PropertyId::Enabled);
+    Follow(PropertyId::Width);
+    lasted_ = form.RestoredPlace();
+    if (lasted_.Left != 0 || lasted_.Top != 0) Follow(PropertyId::Left);
+    Follow(PropertyId::WindowState);
+    Follow(PropertyId::Visible);
     desktop.Focus.RestoreSoon();
 }
 
 FormView::~FormView() {
+    if (Desktop.Front == &form_) Desktop.Front = nullptr;
     views_.clear();
     window_->removeEventFilter(this);
     field_->removeEventFilter(this);
@@ -117,14 +129,19 @@ void FormView::Follow(PropertyId id) {
         case PropertyId::Height: ApplySize(); break;
         case PropertyId::Left:
         case PropertyId::Top: ApplyPosition(); break;
+        case PropertyId::RestoredPlace:
+            ApplySize();
+            ApplyPosition();
+            break;
         case PropertyId::WindowState: ApplyState(); break;
         case PropertyId::Visible:
             // A window that comes back as large as it was hears of no new size: what the form believes may be another.
             if (form_.Visible && window_->testAttribute(Qt::WA_WState_Created))
                 QMetaObject::invokeMethod(
                     this, [this] { Resized(); }, Qt::QueuedConnection);
+            window_->setAttribute(Qt::WA_ShowWithoutActivating, form_.TopMost || form_.ComesBehind());
             window_->setVisible(form_.Visible);
-            if (form_.Visible && !form_.TopMost) window_->activateWindow();
+            if (form_.Visible && !form_.TopMost && !form_.ComesBehind()) window_->activateWindow();
             break;
         case PropertyId::Front:
             window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
@@ -137,20 +154,46 @@ void FormView::Follow(PropertyId id) {
     }
 }
 
-void FormView::ApplySize() {
-    if (window_->windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) return;
-    const QSize size(Desktop.Lengths.PixelsUp(form_.Width - form_.EdgeWidth),
-                     Desktop.Lengths.PixelsUp(form_.Height - form_.EdgeHeight));
+// Of the window with its menus, in pixels, for a size of the form.
+QSize FormView::SizeOf(int width, int height) const {
+    const QSize size(Desktop.Lengths.PixelsUp(width - form_.EdgeWidth),
+                     Desktop.Lengths.PixelsUp(height - form_.EdgeHeight));
     const QMenuBar* bar = window_->menuBar();
     const int barHeight =
         bar->isHidden() ? 0 : std::max(bar->heightForWidth(size.width()), bar->sizeHint().height());
-    window_->resize(size.width(), size.height() + barHeight);
+    return {size.width(), size.height() + barHeight};
+}
+
+// The window manager holds it to that, except on a screen that is smaller still.
+void FormView::SetSmallestSize() {
+    if (form_.SmallestWidth == 0) return;
+    window_->setMinimumSize(SizeOf(form_.SmallestWidth, form_.SmallestHeight)
+                                .boundedTo(window_->screen()->availableGeometry().size()));
+}
+
+// A window that is up and fills the screen goes back to its place by itself. A hidden one is to come up filling the
+// screen, with that place behind it.
+template <class Change>
+void FormView::WhileRestored(Change&& change) {
+    const Qt::WindowStates state = window_->windowState();
+    const bool fills = (state & (Qt::WindowMaximized | Qt::WindowFullScreen)) != 0;
+    if (fills && window_->isVisible()) return;
+    if (fills) window_->setWindowState(Qt::WindowNoState);
+    change();
+    if (fills) window_->setWindowState(state);
+}
+
+void FormView::ApplySize() {
+    const WindowPlace place = form_.RestoredPlace();
+    WhileRestored([&] { window_->resize(SizeOf(place.Width, place.Height)); });
 }
 
 // A place that no screen has any more is left to the system.
 void FormView::ApplyPosition() {
-    const QPoint place(Desktop.Lengths.Pixels(form_.Left), Desktop.Lengths.Pixels(form_.Top));
-    if (QGuiApplication::screenAt(place + QPoint(40, 20))) window_->move(place);
+    const WindowPlace place = form_.RestoredPlace();
+    const QPoint corner(Desktop.Lengths.Pixels(place.Left), Desktop.Lengths.Pixels(place.Top));
+    if (!QGuiApplication::screenAt(corner + QPoint(40, 20))) return;
+    WhileRestored([&] { window_->move(corner); });
 }
 
 void FormView::ApplyState() {
@@ -164,24 +207,28 @@ void FormView::ApplyState() {
     if (form_.State == WindowState::Normal) ApplySize();
 }
 
+bool FormView::NoteSize() {
+    const StackGuard guard(noting_);
+    // A length that gives the same pixels stays as it was set.
+    const auto twips = [&](std::initializer_list<int> lengths, int edge, int pixels) {
+        for (const int length : lengths) {
+            if (Desktop.Lengths.PixelsUp(length - edge) == pixels) return length;
+        }
+        return Desktop.Lengths.Twips(pixels) + edge;
+    };
+    return form_.TakeSize(twips({form_.Width, lasted_.Width}, form_.EdgeWidth, field_->width()),
+                          twips({form_.Height, lasted_.Height}, form_.EdgeHeight, field_->height()));
+}
+
 void FormView::Resized() {
     if (following_ || window_->isMinimized()) return;
-    bool changed = false;
-    {
-        const StackGuard guard(noting_);
-        // A length that gives the same pixels stays as it was set.
-        const auto twips = [&](int length, int edge, int pixels) {
-            if (Desktop.Lengths.PixelsUp(length - edge) == pixels) return length;
-            return Desktop.Lengths.Twips(pixels) + edge;
-        };
-        changed = form_.TakeSize(twips(form_.Width, form_.EdgeWidth, field_->width()),
-                                 twips(form_.Height, form_.EdgeHeight, field_->height()));
-    }
-    if (changed && form_.OnResize) Desktop.System.Run(form_, "Resize", form_.OnResize);
+    lasting_.start();
+    if (NoteSize() && form_.OnResize) Desktop.System.Run(form_, "Resize", form_.OnResize);
 }
 
 void FormView::Moved() {
     if (following_ || (window_->windowState() & (Qt::WindowMaximized | Qt::WindowMinimized))) return;
+    lasting_.start();
     const StackGuard guard(noting_);
     form_.Left = Desktop.Lengths.Twips(window_->x());
     form_.Top = Desktop.Lengths.Twips(window_->y());
@@ -195,15 +242,24 @@ void FormView::StateChanged() {
     {
         const StackGuard guard(noting_);
         form_.State = state;
+        if (state != WindowState::Normal && lasting_.isActive()) form_.SetRestoredPlace(lasted_);
     }
+    if (state != WindowState::Minimised) NoteSize();
+    Moved();
     if (form_.OnResize) Desktop.System.Run(form_, "Resize", form_.OnResize);
 }
 
+void FormView::StayOnTop(bool stays) {
+    if (form_.TopMost && window_->windowHandle())
+        window_->windowHandle()->setFlag(Qt::WindowStaysOnTopHint, stays);
+}
+
 void FormView::Activated() {
-    const bool toTheFront = Desktop.Front != &form_;
-    Desktop.Front = &form_;
+    const Form* const before = std::exchange(Desktop.Front, &form_);
     Desktop.System.Run(form_, "GotFocus", [this] { Desktop.Focus.WindowActivated(form_); });
-    if (toTheFront && form_.OnActivate) Desktop.System.Run(form_, "Activate", form_.OnActivate);
+    if (before == &form_) return;
+    if (before && before->OnLostFocus) Desktop.System.Run(*before, "LostFocus", before->OnLostFocus);
+    if (form_.OnActivate) Desktop.System.Run(form_, "Activate", form_.OnActivate);
 }
 
 void FormView::Closed() {
@@ -238,6 +294,9 @@ bool FormView::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::Move: Moved(); return false;
         case QEvent::WindowStateChange: StateChanged(); return false;
         case QEvent::WindowActivate: Activated(); return false;
+        // Nothing lies above a question.
+        case QEvent::WindowBlocked: StayOnTop(false); return false;
+        case QEvent::WindowUnblocked: StayOnTop(true); return false;
         case QEvent::Close:
             if (Desktop.System.Ended()) return false;
             event->ignore();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QTimer>
 #include <memory>
 #include <vector>
 
@@ -31,13 +32,20 @@ private:
     QWidget* MenuParent(const Menu& menu);
     void Stack();
 
+    void SetSmallestSize();
+    template <class Change>
+    void WhileRestored(Change&& change);
     void ApplySize();
     void ApplyPosition();
     void ApplyState();
+    QSize SizeOf(int width, int height) const;
+    // True where the form has got another size.
+    bool NoteSize();
     // The window has changed by the user's hand, or by the system's.
     void Resized();
     void Moved();
     void StateChanged();
+    void StayOnTop(bool stays);
     void Activated();
     void Closed();
     void Dropped(const QDropEvent& event);
@@ -49,6 +57,10 @@ private:
     // The window follows the form, or the form the window; never both.
     bool following_ = false;
     bool noting_ = false;
+    // Some systems give a window that is being maximised its size before they say so: only a place that has lasted is
+    // one to go back to.
+    QTimer lasting_;
+    WindowPlace lasted_ = {};
 };
 
 }  // namespace kvt

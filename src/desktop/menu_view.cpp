@@ -13,6 +13,8 @@ constexpr const char* shownKey = "shownKey";
 void GiveAccessKeys(const QWidget& menu) {
     QString taken;
     for (QAction* entry : menu.actions()) {
+        // A separating line would have its text put into it.
+        if (entry->isSeparator()) continue;
         QString caption = entry->data().toString();
         qsizetype at = 0;
         while (at < caption.size() &&
@@ -37,13 +39,13 @@ MenuView::MenuView(DesktopContext& desktop, Menu& control, QWidget* parent, bool
       action_(hasEntries ? entries_->menuAction() : new QAction(parent)) {
     control.View = this;
     parent->addAction(action_);
+    action_->setSeparator(!hasEntries && menu_.Caption == "-");
     if (!menu_.ShownShortcut.empty()) action_->setProperty(shownKey, ToQt(menu_.ShownShortcut));
     for (const PropertyId id :
          {PropertyId::Caption, PropertyId::Visible, PropertyId::Enabled, PropertyId::Checked}) {
         PropertyChanged(control, id);
     }
     if (hasEntries) return;
-    action_->setSeparator(menu_.Caption == "-");
     action_->setShortcut(QKeySequence::fromString(ToQt(menu_.Shortcut), QKeySequence::PortableText));
     connect(action_, &QAction::triggered, this, [this, &desktop] {
         // The handler decides about the mark, not the click.

@@ -8,6 +8,8 @@
 #include <utility>
 
 #include "desktop/colors.h"
+#include "desktop/pixel_image.h"
+#include "platform/picture_painter.h"
 
 namespace kvt {
 
@@ -99,19 +101,6 @@ void PictureBoxView::PaintCross(QPainter& painter) const {
     }
 }
 
-QImage PictureBoxView::PictureOf(const FieldArea& area) const {
-    const double pixelsATwip = Desktop.Lengths.Exact(1) * PixelRatio();
-    const FieldPiece piece{pixelsATwip,
-                           std::max(1.0, pixelsATwip * 15),
-                           {static_cast<int>(std::lround(area.Left * pixelsATwip)),
-                            static_cast<int>(std::lround(area.Top * pixelsATwip))}};
-    QImage image(std::max(1, static_cast<int>(std::lround(area.Width * pixelsATwip))),
-                 std::max(1, static_cast<int>(std::lround(area.Height * pixelsATwip))), QImage::Format_RGB32);
-    image.fill(ColorOf(box_.BackColor));
-    PaintOperations(image, piece, image.rect(), box_.Operations(), kept_);
-    return image;
-}
-
 // Another part of the field comes into sight: what was in sight already moves over.
 void PictureBoxView::ShowArea(const QRect& area, double ratio) {
     QImage before = std::exchange(shown_, QImage(area.size(), QImage::Format_RGB32));
@@ -139,14 +128,11 @@ void PictureBoxView::PaintPart(const QRect& part, std::span<const DrawOperation>
 bool PictureBoxView::KeepAsPicture() {
     const double longer = std::max({1, box_.Width.Get(), box_.Height.Get()});
     const double pixelsATwip = std::min(Desktop.Lengths.Exact(1) * PixelRatio(), largestKept / longer);
-    QImage picture(static_cast<int>(std::ceil(box_.Width * pixelsATwip)),
-                   static_cast<int>(std::ceil(box_.Height * pixelsATwip)), QImage::Format_RGB32);
-    if (picture.isNull()) return false;
-    const FieldPiece piece{pixelsATwip, std::max(1.0, pixelsATwip * 15), {}};
-    PaintOperations(picture, piece, picture.rect(), box_.Operations(), kept_);
-    picture.setText(QStringLiteral("width"), QString::number(box_.Width));
-    picture.setText(QStringLiteral("height"), QString::number(box_.Height));
-    kept_ = std::move(picture);
+    const FieldArea whole{0, 0, 1.0 * box_.Width, 1.0 * box_.Height};
+    box_.Kept = PaintPicture(box_, whole, pixelsATwip);
+    kept_ = ImageOf(box_.Kept);
+    kept_.setText(QStringLiteral("width"), QString::number(box_.Width));
+    kept_.setText(QStringLiteral("height"), QString::number(box_.Height));
     return true;
 }
 

@@ -4,7 +4,6 @@
 
 #include "desktop/operation_painter.h"
 #include "desktop/view.h"
-#include "platform/pictures.h"
 
 class QMouseEvent;
 class QPaintEvent;
@@ -21,8 +20,6 @@ public:
     ~PictureBoxView() override { box_.OnFull = nullptr; }
 
     void Paint();
-    // An area of the field, in sight or not, as the view would show it.
-    QImage PictureOf(const FieldArea& area) const;
 
 protected:
     void Follow(PropertyId id) override;

@@ -188,7 +188,9 @@ void LineView::SetShownSelection(TextSelection selection) {
     }
 }
 
-QString LineView::Wanted() const { return Cleaned(ToQt(Box.Text), false); }
+QString LineView::Wanted() const {
+    return Box.ShownOnly ? ShownToQt(Box.Text) : Cleaned(ToQt(Box.Text), false);
+}
 
 // As if it were typed: the handlers see each character.
 void LineView::Paste(const QString& text) { Type(Cleaned(text, false)); }

@@ -24,7 +24,6 @@ struct PocketCall {
     Color Ink = 0;
     double PenWidth = 1;     // pixels, rounded to whole ones
     float ToolDiameter = 1;  // program units
-    int Interval = 0;        // milliseconds of wait after each stroke
 };
 void DrawPocket(DrawParts& parts, Simulation& waits, const PocketCall& call);
 

@@ -151,7 +151,6 @@ void DrawProgram::PocketCycle() {
     call.Ink = penMode_ == 0 ? grey : red;
     call.PenWidth = penMode_ == 0 ? state_.ToolWidth : 1;
     call.ToolDiameter = toolDiameter_;
-    call.Interval = interval_;
     DrawPocket(parts_, pieces_.Sim, call);
     leave_ = state_.StopRequested || state_.LeaveWalk;
     if (!leave_ && penMode_ == 0) FinishingOutline();

@@ -32,6 +32,9 @@ struct DrawState {
 
     bool StopRequested = false;
     bool StepMode = false;
+    int Interval = 0;  // wait of the walk after each line, in milliseconds
+    // The walk goes on without a wait to its end.
+    bool Released = false;
     bool StepPressed = false;
     bool WaitingForClick = false;
     bool Drawing = false;
@@ -39,6 +42,10 @@ struct DrawState {
     std::int16_t TimerTicks = 0;
 
     bool AutoFitPending = false;
+    // The next drawing is fitted: it is of another program, or nothing of it was in sight.
+    bool FitNext = false;
+    // The number of the drawing's first stroke behind ground, grid and zero point, in all the field's life.
+    long long FirstStroke = 0;
     // The window is being brought up; a Redraw is wanted when it is there.
     bool DrawPending = false;
     bool RedrawRequested = false;
@@ -69,6 +76,8 @@ struct DrawParts {
     Services& Platform;
     // Draws the program anew.
     std::function<void()> Redraw;
+    // Lets a walk that stands go on to its end without a wait, then does something; at once where none stands.
+    std::function<void(std::function<void()>)> AfterWalk;
     // Withdraws the measurement.
     std::function<void()> ClearMeasure;
 };

@@ -1,5 +1,7 @@
 #include "draw/draw_program.h"
 
+#include <algorithm>
+
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
@@ -102,7 +104,9 @@ void DrawProgram::Run() {
     if (!controls_.frmDraw.Visible) return;
     Attempt(drawProgramName, [this] {
         Begin();
-        while (lineIndex_ <= itemCount_ && !state_.LeaveWalk && Round()) ++lineIndex_;
+        // Lines that have gone in a wait are not missed.
+        while (lineIndex_ <= std::min(itemCount_, list_.Count()) && !state_.LeaveWalk && Round())
+            ++lineIndex_;
         End();
     });
 }
@@ -135,7 +139,10 @@ void DrawProgram::Begin() {
     state_.DrawAbsolute = false;
     state_.StepPressed = false;
     state_.DrawRadius = mill_;
-    if (full) pieces_.View.MakeZeroPoint();
+    if (full) {
+        pieces_.View.MakeZeroPoint();
+        state_.FirstStroke = field_.OperationsBefore() + static_cast<long long>(field_.Operations().size());
+    }
     // 8., 12. The Abort button is there for the whole length of every walk.
     controls_.cmdAutoFit.Enabled = false;
     controls_.cmdRedraw.Enabled = false;
@@ -146,8 +153,8 @@ void DrawProgram::Begin() {
     // 13.
     const int sim = pieces_.Sim.CheckedSim();
     state_.StepMode = sim == simulation::Step;
-    interval_ = intervalOfSim[sim];
-    controls_.Timer1.Enabled = interval_ > 1;
+    state_.Interval = intervalOfSim[sim];
+    controls_.Timer1.Enabled = state_.Interval > 1;
     // 14.
     pieces_.Listing.Begin();
 }
@@ -208,12 +215,12 @@ DrawProgram::Rest DrawProgram::Command(std::string_view comment) {
         case ControlCommand::Skip: return Rest::EndOfLine;
         case ControlCommand::Stop: return Rest::Nothing;
         case ControlCommand::Colour: colorOverride_ = static_cast<std::int32_t>(ColorNamed(argument)); break;
-        case ControlCommand::Interval: interval_ = IntervalOf(argument); break;
+        case ControlCommand::Interval: state_.Interval = IntervalOf(argument); break;
         case ControlCommand::NoRadius: state_.NoRadiusLine = true; break;
         case ControlCommand::Radius: state_.ForceRadiusLine = true; break;
         case ControlCommand::Run:
             state_.StepMode = false;
-            interval_ = 1;
+            state_.Interval = 1;
             break;
         case ControlCommand::Step:
             controls_.cmdRun.Enabled = false;
@@ -231,7 +238,7 @@ DrawProgram::Rest DrawProgram::Command(std::string_view comment) {
         case ControlCommand::NoRenum:
         case ControlCommand::Unknown: break;
     }
-    controls_.Timer1.Enabled = interval_ > 1;
+    controls_.Timer1.Enabled = state_.Interval > 1;
     return Rest::WholeLine;
 }
 
@@ -300,7 +307,7 @@ bool DrawProgram::EndOfLine() {
         controls_.frStepControls.Visible = true;
         controls_.cmdStep.Visible = true;
         controls_.cmdStep.Enabled = true;
-        parts_.Platform.Focus.SetFocus(controls_.cmdStep);
+        TakeKeysForSteps();
         // A press from before the wait is none; an aborted walk is let go.
         if (!state_.StopRequested) state_.StepPressed = false;
         pieces_.Sim.WaitUntil(state_.StepPressed, true);
@@ -309,8 +316,15 @@ bool DrawProgram::EndOfLine() {
     return !state_.StopRequested && !state_.LeaveWalk;
 }
 
+// Whoever works in the editor beside the drawing keeps the keys.
+void DrawProgram::TakeKeysForSteps() {
+    FocusService& focus = parts_.Platform.Focus;
+    const Control* const focused = focus.Focused();
+    if (!focused || &focused->OwningForm() != &list_.OwningForm()) focus.SetFocus(controls_.cmdStep);
+}
+
 void DrawProgram::Wait() {
-    if (pass_ == 1) pieces_.Sim.WaitTimer(interval_);
+    if (pass_ == 1) pieces_.Sim.WaitTimer();
 }
 
 bool DrawProgram::NextLineIsM99() const {

@@ -83,8 +83,9 @@ private:
     Color ThreadColor() const;
     void Reference() { previous_ = current_; }
     void Wait();
+    void TakeKeysForSteps();
     // Whether someone is to see how the drawing grows.
-    bool IsWatched() const { return pass_ == 1 && (interval_ > 1 || state_.StepMode); }
+    bool IsWatched() const { return pass_ == 1 && (state_.Interval > 1 || state_.StepMode); }
     bool NextLineIsM99() const;
     std::string_view Cell(int column) const;
 
@@ -101,7 +102,6 @@ private:
 
     std::int32_t lineIndex_ = 1;
     std::int32_t itemCount_ = 0;
-    int interval_ = 0;  // milliseconds
     std::int32_t colorOverride_ = -1;
     std::array<std::int32_t, 6> returnStack_{};
     std::int32_t callDepth_ = 0;

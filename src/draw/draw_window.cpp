@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* positionControlsName = "PositionControls";
 
-// From a larger screen on the window begins maximised.
+// The largest screen that is a small one.
 constexpr int smallScreenWidth = 12000;
 constexpr int smallScreenHeight = 9000;
 constexpr int leastWidth = 5700;
@@ -45,8 +45,17 @@ constexpr DrawKey drawKeys[] = {
 }  // namespace
 
 DrawWindow::DrawWindow(const Rooms& rooms)
-    : parts_{Controls,   State,          rooms.Store,    rooms.Machine,        rooms.Results,
-             rooms.File, rooms.Language, rooms.Platform, [this] { Redraw(); }, nullptr},
+    : parts_{Controls,
+             State,
+             rooms.Store,
+             rooms.Machine,
+             rooms.Results,
+             rooms.File,
+             rooms.Language,
+             rooms.Platform,
+             [this] { Redraw(); },
+             [this](std::function<void()> then) { AfterWalk(std::move(then)); },
+             nullptr},
       View(parts_),
       Sim(parts_),
       Listing(parts_),
@@ -55,7 +64,11 @@ DrawWindow::DrawWindow(const Rooms& rooms)
       Output(parts_),
       pieces_{parts_, View, Sim, Listing, Editor, [this] { PositionControls(); }} {
     Form& form = Controls.frmDraw;
+    form.SmallestWidth = leastWidth;
+    form.SmallestHeight = leastHeight;
     form.OnActivate = [this] { Form_Activate(); };
+    for (Form* window : {&form, &Listing.frmProgramWindow})
+        window->OnLostFocus = [this] { Form_LostFocus(); };
     form.OnResize = [this] { Form_Resize(); };
     form.OnQueryUnload = [this] { Form_QueryUnload(); };
     form.OnKeyDown = [this](int pressed, int held) {
@@ -65,7 +78,6 @@ DrawWindow::DrawWindow(const Rooms& rooms)
     Controls.cmdRedraw.OnClick = [this] { cmdRedraw_Click(); };
     WireMenus();
     WireField();
-    SetFillStyle(Controls);
 }
 
 // An entry that changes what is drawn.
@@ -75,7 +87,7 @@ void DrawWindow::WireMenus() {
           &Controls.mnuToolCenter, &Controls.mnuGrid, &Controls.mnuBackground}) {
         entry->OnClick = [this, entry] {
             entry->Checked = !entry->Checked;
-            SetFillStyle(Controls);
+            if (entry == &Controls.mnuFillCycles || entry == &Controls.mnuGrid) SetFillStyle(Controls);
             if (Controls.mnuAutoRedraw.Checked) Redraw();
         };
     }
@@ -125,7 +137,10 @@ void DrawWindow::Redraw() {
     while (redrawAsked_) {
         redrawAsked_ = false;
         State.LeaveWalk = false;
+        State.Released = false;
         State.Turns = 0;
+        // A program without a travel yet waits for its first.
+        if (State.FitNext) State.FitNext = !View.Fit();
         RunPasses();
         Controls.pbxDrawField.Cross = FieldPlace();
         Editor.End();
@@ -133,6 +148,14 @@ void DrawWindow::Redraw() {
         // Closed, or ended; where it is up again another Redraw was asked for.
         givenUp_ = Controls.frmDraw.Visible && !redrawAsked_;
     }
+    for (std::function<void()>& then : std::exchange(afterWalk_, {}))
+        parts_.Platform.System.Later(std::move(then));
+}
+
+void DrawWindow::AfterWalk(std::function<void()> then) {
+    if (!State.Walking) return then();
+    Sim.Release();
+    afterWalk_.push_back(std::move(then));
 }
 
 void DrawWindow::RunPasses() {
@@ -146,31 +169,63 @@ void DrawWindow::RunPasses() {
 void DrawWindow::Show() {
     if (State.DrawPending) return;
     if (Controls.frmDraw.Visible) return Redraw();
-    if (!loaded_) Form_Load();
-    State.DrawPending = true;
-    State.AutoFitPending = true;
-    State.RedrawRequested = true;
+    MakeReady();
     Controls.frmDraw.Visible = true;
     // The window's coming to the front has done it already where it is told at once.
     if (State.DrawPending) Form_Activate();
 }
 
+void DrawWindow::ShowBehindEditor() {
+    if (State.DrawPending || Controls.frmDraw.Visible) return;
+    MakeReady();
+    Controls.frmDraw.ShowBehind();
+    if (!State.DrawPending) return;
+    TakeOnProgram();
+    FitAndDraw();
+}
+
+void DrawWindow::ShowLater() {
+    if (!Controls.frmDraw.Visible) return;
+    showAsked_ = true;
+    parts_.Platform.System.Later([this] {
+        if (std::exchange(showAsked_, false) && Controls.frmDraw.Visible) Show();
+    });
+}
+
+void DrawWindow::MakeReady() {
+    if (!loaded_) Form_Load();
+    State.DrawPending = true;
+    State.AutoFitPending = true;
+    State.RedrawRequested = true;
+}
+
+void DrawWindow::DrawForUser() {
+    if (Controls.frmDraw.Visible && !State.Walking && !View.ShowsStroke()) State.FitNext = true;
+    Show();
+}
+
+bool DrawWindow::BeginsMaximised(ScreenService& screen) {
+    return screen.Width() > smallScreenWidth && screen.Height() > smallScreenHeight;
+}
+
 void DrawWindow::Form_Load() {
     ScreenService& screen = parts_.Platform.Screen;
     Form& form = Controls.frmDraw;
-    if (screen.Width() > smallScreenWidth && screen.Height() > smallScreenHeight) {
+    if (BeginsMaximised(screen)) {
         form.State = WindowState::Maximised;
         form.TakeSize(screen.Width(), screen.WorkAreaHeight());
     }
     Controls.pbxDrawField.Cls();
     State.ZeroX = screen.Width() / 2.0;
     State.ZeroY = screen.Height() / 2.0;
+    Controls.pbxDrawField.MoveTo(State.ZeroX, State.ZeroY);
     State.DrawScale = 1;
     View.SetScaleIndex(firstScale);
     Sim.SelectSim(simulation::Run);
     PositionControls();
+    // The marks that the settings bring fill the boxes from the next choice of fill or grid on.
+    Controls.pbxDrawField.FillStyle = fill_style::Transparent;
     kvt::Run(LoadSettings);
-    SetFillStyle(Controls);
     Form_Activate();
     loaded_ = true;
 }
@@ -189,6 +244,8 @@ void DrawWindow::Unload() {
     State.StopRequested = false;
     State.DrawPending = false;
     loaded_ = false;
+    Editor.GiveBack();
+    Editor.ScrollBack();
     if (hadKeys) kvt::Run(GiveKeysBack);
 }
 
@@ -199,6 +256,20 @@ void DrawWindow::Form_QueryUnload() {
 }
 
 void DrawWindow::Form_Activate() {
+    TakeOnProgram();
+    Control* const focused = parts_.Platform.Focus.Focused();
+    if (!focused || &focused->OwningForm() != &Controls.frmDraw)
+        parts_.Platform.Focus.SetFocus(Controls.pbxDrawField);
+    FitAndDraw();
+}
+
+// Last of what the window's coming to the front does, for a walk may wait.
+void DrawWindow::FitAndDraw() {
+    View.Autofit();
+    if (std::exchange(State.RedrawRequested, false)) Redraw();
+}
+
+void DrawWindow::TakeOnProgram() {
     State.DrawPending = false;
     // 1.
     parts_.Store.ErrorFlagged = false;
@@ -229,12 +300,12 @@ void DrawWindow::Form_Activate() {
     for (Control* button : {&Controls.cmdStep, &Controls.cmdStop, &Controls.cmdRun}) button->Top = buttonsTop;
     // 6.
     Controls.lblDiameter.Caption = "\xD8";
-    Control* const focused = parts_.Platform.Focus.Focused();
-    if (!focused || &focused->OwningForm() != &Controls.frmDraw)
-        parts_.Platform.Focus.SetFocus(Controls.pbxDrawField);
-    // 3. Last, for a walk may wait.
-    View.Autofit();
-    if (std::exchange(State.RedrawRequested, false)) Redraw();
+}
+
+void DrawWindow::Form_LostFocus() {
+    const Control* const focused = parts_.Platform.Focus.Focused();
+    const Form* const taker = focused ? &focused->OwningForm() : nullptr;
+    if (taker != &Controls.frmDraw && taker != &Listing.frmProgramWindow) Listing.Hide();
 }
 
 void DrawWindow::PlaceFramesInRow() {
@@ -309,10 +380,7 @@ void DrawWindow::ShowMenusOfMachine() {
     Controls.mnuToolWidth.Visible = mill;
     Controls.mnuToolCenter.Visible = mill;
     Controls.mnuFillCycles.Visible = !mill;
-    if (mill && Controls.mnuFillCycles.Checked) {
-        Controls.mnuFillCycles.Checked = false;
-        SetFillStyle(Controls);
-    }
+    if (mill) Controls.mnuFillCycles.Checked = false;
 }
 
 void DrawWindow::cmdAutoFit_Click() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "draw/draw_program.h"
 #include "draw/measuring.h"
 #include "draw/output.h"
@@ -43,10 +45,23 @@ public:
 
     // Shows the window, fitted to the program; the one that is up is drawn anew.
     void Show();
+    // On a larger screen the window begins maximised.
+    static bool BeginsMaximised(ScreenService& screen);
+    // The same where the user asks for the drawing: one without a stroke in sight is fitted.
+    void DrawForUser();
+    // The same behind the editor, with which the keys stay.
+    void ShowBehindEditor();
+    // Draws anew as Show does, if the window is up, when the handler that asks for it has ended: a drawing may wait,
+    // and what comes up then must find all done.
+    void ShowLater();
+    // Lets a walk that stands go on to its end without a wait, then does something; at once where none stands.
+    void AfterWalk(std::function<void()> then);
     // Closes the window; a walk that stands ends.
     void Unload();
 
     void Form_Activate();
+    // The listing goes when the keys go to another window of the program than these two.
+    void Form_LostFocus();
     void Form_Resize();
     void Form_QueryUnload();
     void Form_KeyDown(int key);
@@ -62,6 +77,9 @@ public:
 
 private:
     void Form_Load();
+    void MakeReady();
+    void TakeOnProgram();
+    void FitAndDraw();
     void WireMenus();
     void WireField();
     void RunPasses();
@@ -74,6 +92,8 @@ private:
     DrawProgram::Pieces pieces_;
     bool loaded_ = false;
     bool redrawAsked_ = false;
+    bool showAsked_ = false;
+    std::vector<std::function<void()>> afterWalk_;
     bool givenUp_ = false;
     // Where the middle button holds the field.
     float heldX_ = 0, heldY_ = 0;

@@ -1,6 +1,7 @@
 #include "draw/editor_line.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kvt {
 
@@ -10,7 +11,7 @@ bool EditorLine::Free() const {
     if (store.EditorRunMode || store.TransmitActive) return false;
     if (!store.lvCncProgram.ReallyVisible() || editor.State == WindowState::Minimised) return false;
     const Control* const focused = parts_.Platform.Focus.Focused();
-    return focused && &focused->OwningForm() != &editor;
+    return focused && &focused->OwningForm() == &parts_.Controls.frmDraw;
 }
 
 void EditorLine::Follow(int row) {
@@ -22,6 +23,7 @@ void EditorLine::Follow(int row) {
     if (left_ || row < 1 || row > list.Count()) return;
     if (!Free()) return GiveBack();
     if (shown_ == 0) {
+        ScrollBack();
         before_ = list.SelectedRow();
         topBefore_ = list.TopRow();
     }
@@ -33,14 +35,24 @@ void EditorLine::Follow(int row) {
 void EditorLine::GiveBack() {
     ListView& list = parts_.Store.lvCncProgram;
     if (shown_ != 0 && list.SelectedRow() == shown_ && before_ >= 1) {
-        list.Select(std::min(before_, list.Count()));
-        list.ScrollTo(std::min(topBefore_, list.Count()));
+        before_ = std::min(before_, list.Count());
+        list.Select(before_);
+        topShown_ = list.TopRow();
     }
     shown_ = 0;
 }
 
+void EditorLine::ScrollBack() {
+    ListView& list = parts_.Store.lvCncProgram;
+    const int shown = std::exchange(topShown_, 0);
+    if (shown == 0 || list.TopRow() != shown || list.SelectedRow() != before_) return;
+    list.ScrollTo(std::min(topBefore_, list.Count()));
+}
+
 void EditorLine::End() {
+    const bool watched = Free();
     GiveBack();
+    if (watched) ScrollBack();
     left_ = false;
 }
 

@@ -1,10 +1,10 @@
 #include "draw/measuring.h"
 
 #include <cmath>
+#include <limits>
 
 #include "basic/number.h"
 #include "basic/run_time_error.h"
-#include "basic/stack_guard.h"
 #include "basic/text.h"
 #include "platform/keys.h"
 
@@ -14,8 +14,6 @@ namespace {
 
 constexpr const char* mouseMoveName = "pbxDrawfield_MouseMove";
 constexpr const char* mouseDownName = "pbxDrawfield_MouseDown";
-constexpr const char* cleanUpName = "CleanUp";
-constexpr const char* recalculateName = "Recalculate";
 
 constexpr float markArm = 100;  // twips, whatever the scale
 constexpr Color black = 0x000000;
@@ -36,7 +34,22 @@ constexpr RingField ring[] = {
 
 double Distance(double a, double b) { return std::sqrt(a * a + b * b); }
 
+// The number in a field; one that is too large for any is infinite.
+double NumberIn(std::string_view text) {
+    try {
+        return Val(text);
+    } catch (const RunTimeError&) {
+        return std::numeric_limits<double>::infinity();
+    }
+}
+
+// Whether a field can show a number.
+bool FitsField(double value) { return std::abs(value) <= std::numeric_limits<float>::max(); }
+
 std::string Shown(double value) { return PlainNumber(ToSingle(value)); }
+
+// Empty for one that no field can show.
+std::string ShownDistance(double value) { return FitsField(value) ? Shown(value) : std::string(); }
 
 }  // namespace
 
@@ -46,8 +59,9 @@ std::string CleanUp(std::string_view text) {
     // 2., 3.
     std::string number = Replace(text, "-", "");
     if (text.front() == '-') number = number.empty() ? "0" : "-" + number;
-    // 4.
-    return Shown(Val(number));
+    // 4. What no field can show stays as it was typed.
+    const double value = NumberIn(number);
+    return FitsField(value) ? Shown(value) : std::string(text);
 }
 
 Measuring::Measuring(DrawParts& parts, Simulation& sim, Viewport& view)
@@ -66,7 +80,7 @@ void Measuring::WireFields() {
         };
         field.OnLostFocus = [this, &field] {
             state_.MeasureFieldFocus = false;
-            Attempt(cleanUpName, [&] { field.Text = CleanUp(field.Text); });
+            field.Text = CleanUp(field.Text);
             Recalculate();
         };
         field.OnKeyPress = [this, place](int& character) { Field_KeyPress(place, character); };
@@ -170,20 +184,16 @@ void Measuring::ClearMeasure() {
 }
 
 void Measuring::Recalculate() {
-    // For this long alone: it would take the zooming keys away otherwise.
-    const StackGuard updating(state_.ScaleUpdating);
-    Attempt(recalculateName, [this] {
-        const auto distance = [](const TextBox& from, const TextBox& to) {
-            return std::abs(Val(from.Text) - Val(to.Text));
-        };
-        const double z = distance(controls_.txtZ1, controls_.txtZ2);
-        const double x = distance(controls_.txtX1, controls_.txtX2);
-        const std::string shownX = Shown(x);
-        const std::string shownZ = Shown(z);
-        controls_.txtDeltaXZ.Text = Shown(Distance(z, x));
-        controls_.txtDeltaX.Text = shownX;
-        controls_.txtDeltaZ.Text = shownZ;
-    });
+    // Until the next drawing: a scale that changed now would wipe the measured marks.
+    state_.ScaleUpdating = true;
+    const auto distance = [](const TextBox& from, const TextBox& to) {
+        return std::abs(NumberIn(from.Text.Get()) - NumberIn(to.Text.Get()));
+    };
+    const double z = distance(controls_.txtZ1, controls_.txtZ2);
+    const double x = distance(controls_.txtX1, controls_.txtX2);
+    controls_.txtDeltaX.Text = ShownDistance(x);
+    controls_.txtDeltaZ.Text = ShownDistance(z);
+    controls_.txtDeltaXZ.Text = ShownDistance(Distance(z, x));
 }
 
 void Measuring::Field_KeyPress(std::size_t place, int& character) {

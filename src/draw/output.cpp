@@ -3,8 +3,10 @@
 #include <utility>
 
 #include "basic/run_time_error.h"
+#include "basic/stack_guard.h"
 #include "basic/text.h"
 #include "draw/pdf.h"
+#include "platform/picture_painter.h"
 
 namespace kvt {
 
@@ -17,8 +19,14 @@ constexpr const char* toClipboard = "ToClipboard";
 constexpr int printedHeight = 800;
 constexpr int shownHeight = 620;
 
-// The ending of a path, in upper case and with its point; empty for none.
-std::string KindOf(std::string_view path) {
+// A path without the ending of its file's name; a folder keeps its points.
+std::string WithoutEnding(std::string_view path) {
+    return std::string(path.substr(0, path.size() - PictureKindOf(path).size()));
+}
+
+}  // namespace
+
+std::string PictureKindOf(std::string_view path) {
     const std::string_view name = ExtractFileName(path);
     return UpperCase(name.substr(RemoveExtension(name).size()));
 }
@@ -26,8 +34,6 @@ std::string KindOf(std::string_view path) {
 bool IsPictureKind(std::string_view kind) {
     return kind == ".PNG" || kind == ".SVG" || kind == ".PDF" || kind == ".BMP";
 }
-
-}  // namespace
 
 DrawingOutput::DrawingOutput(DrawParts& parts) : parts_(parts), controls_(parts.Controls) {
     controls_.mnuSaveBMP.OnClick = [this] { mnuSaveBMP_Click(); };
@@ -39,7 +45,7 @@ DrawingOutput::DrawingOutput(DrawParts& parts) : parts_(parts), controls_(parts.
 void DrawingOutput::SaveImage(std::string_view target) {
     const PictureBox& field = controls_.pbxDrawField;
     Services& platform = parts_.Platform;
-    const std::string path(RemoveExtension(parts_.File.lblPath.Caption));
+    const std::string path = WithoutEnding(parts_.File.lblPath.Caption);
     // 1.
     PictureBox& size = controls_.pbxDummy;
     size.Width = controls_.pbxViewWindow.Width.Get();
@@ -49,14 +55,13 @@ void DrawingOutput::SaveImage(std::string_view target) {
     // 3.
     if (target == toFile) {
         const std::string name = path + ".BMP";
-        const bool written = Attempt(
-            toFile, [&] { platform.Files.WriteWhole(name, BmpOf(platform.Pictures.Paint(field, seen))); });
+        const bool written = Attempt(toFile, [&] { platform.Files.WriteWhole(name, BmpOf(PointsOf(seen))); });
         return Tell(written, name);
     }
     // 4.
     const std::string name = std::string(ExtractFileName(path)) + ".BMP";
     const bool put = Attempt(toClipboard, [&] {
-        const Pixels picture = platform.Pictures.Paint(field, seen);
+        const Pixels picture = PointsOf(seen);
         platform.Clipboard.Clear();
         platform.Clipboard.SetPicture(picture);
     });
@@ -85,13 +90,14 @@ bool DrawingOutput::AskForName(std::string& name) {
     FileDialog& dialog = controls_.dlgPicture;
     Services& platform = parts_.Platform;
     // The place beside the program's file; the kind is the one that was taken last.
-    const std::string kind = IsPictureKind(KindOf(name)) ? name.substr(RemoveExtension(name).size()) : ".png";
-    const std::string program(RemoveExtension(parts_.File.lblPath.Caption));
+    const std::string kind =
+        IsPictureKind(PictureKindOf(name)) ? name.substr(WithoutEnding(name).size()) : ".png";
+    const std::string program = WithoutEnding(parts_.File.lblPath.Caption);
     for (;;) {
         dialog.FileName = (program.empty() ? "drawing" : program) + kind;
         if (!platform.Dialogs.ShowSave(dialog) || dialog.FileName.empty()) return false;
         name = dialog.FileName;
-        if (!IsPictureKind(KindOf(name))) name += ".png";
+        if (!IsPictureKind(PictureKindOf(name))) name += ".png";
         if (!platform.Files.Exists(name)) return true;
         std::string question(parts_.Language.MessageTexts(text::Overwrite));
         question += " ";
@@ -106,8 +112,8 @@ bool DrawingOutput::AskForName(std::string& name) {
 void DrawingOutput::mnuSavePicture_Click() {
     std::string name = controls_.dlgPicture.FileName;
     if (!AskForName(name)) return;
-    const bool written =
-        Attempt(savePictureName, [&] { parts_.Platform.Files.WriteWhole(name, Picture(KindOf(name))); });
+    const bool written = Attempt(
+        savePictureName, [&] { parts_.Platform.Files.WriteWhole(name, Picture(PictureKindOf(name))); });
     Tell(written, name);
 }
 
@@ -122,11 +128,14 @@ std::string DrawingOutput::Picture(std::string_view kind) const {
     const SvgHead head = Head();
     if (kind == ".SVG") return SvgOf(field.Operations(), head);
     if (kind == ".PDF") return PdfOf(field.Operations(), head);
-    PictureService& pictures = parts_.Platform.Pictures;
     const FieldArea area = AreaOf(field.Operations(), head.FieldWidth, head.FieldHeight);
-    if (kind == ".PNG") return pictures.PngOf(pictures.Paint(field, area));
-    if (kind == ".BMP") return BmpOf(pictures.Paint(field, area));
+    if (kind == ".PNG") return PngOf(PointsOf(area));
+    if (kind == ".BMP") return BmpOf(PointsOf(area));
     throw RunTimeError(fault::InvalidCall);
+}
+
+Pixels DrawingOutput::PointsOf(const FieldArea& area) const {
+    return PaintPicture(controls_.pbxDrawField, area, parts_.Platform.Screen.PointsATwip());
 }
 
 void DrawingOutput::mnuPrint_Click() {
@@ -138,7 +147,13 @@ void DrawingOutput::mnuPrint_Click() {
         return;
     }
     // A drawing that is on its way would come out unfinished, and on the wrong ground.
-    if (parts_.State.Walking) return;
+    parts_.AfterWalk([this] { PrintDrawing(); });
+}
+
+void DrawingOutput::PrintDrawing() {
+    // One that waits for its drawing is enough.
+    const StackGuard guard(printing_);
+    if (!guard.Entered()) return;
     // 3.
     controls_.hsbViewWindow.Visible = false;
     controls_.vsbViewWindow.Visible = false;

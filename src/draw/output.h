@@ -8,6 +8,11 @@
 
 namespace kvt {
 
+// The ending of a path, in upper case and with its point, empty for none; and whether it is that of a picture which
+// can be made: ".PNG", ".SVG", ".PDF" or ".BMP".
+std::string PictureKindOf(std::string_view path);
+bool IsPictureKind(std::string_view kind);
+
 // What leaves the drawing window: pictures in files and on the clipboard, and the window on paper.
 class DrawingOutput {
 public:
@@ -26,19 +31,22 @@ public:
     // Ends the white ground that printing has taken; a window that closes while it is drawn keeps the user's own.
     void GiveGroundBack();
 
-    // The whole drawing as the content of a file: kind is ".SVG", ".PDF", ".PNG" or ".BMP", another one is error 5.
+    // The whole drawing as the content of a file of a kind of picture; another kind is error 5.
     std::string Picture(std::string_view kind) const;
-    SvgHead Head() const;
 
 private:
+    SvgHead Head() const;
+    Pixels PointsOf(const FieldArea& area) const;
     bool AskForName(std::string& name);
     // Tells what has become of a file.
     void Tell(bool written, std::string_view name);
+    void PrintDrawing();
     void PrintForm();
 
     DrawParts& parts_;
     DrawControls& controls_;
     bool groundTaken_ = false;
+    bool printing_ = false;
 };
 
 }  // namespace kvt

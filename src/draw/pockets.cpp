@@ -64,7 +64,7 @@ private:
 
     void Stroke(double x, double y) {
         field_.LineTo(x, y);
-        waits_.WaitTimer(call_.Interval);
+        waits_.WaitTimer();
     }
 
     bool EndPassed() const {
@@ -84,7 +84,7 @@ private:
         const double firstY = state_.PocketY1 + quadrant_.SideY * toolRadius_;
         // 1.
         field_.MoveTo(nearX_, firstY);
-        waits_.WaitTimer(call_.Interval);
+        waits_.WaitTimer();
         Stroke(farX_, firstY);
         // 2., 3. Odd rows come back, even ones go out again.
         for (bool odd = true;; odd = !odd) {

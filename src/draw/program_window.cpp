@@ -44,7 +44,7 @@ bool IsLeftOut(const ProgramStore& store, int c) {
 // A tool column's head in nine characters that end in the axis.
 std::string ToolHead(std::string_view text, char axis) {
     std::string head(Left(text, 9));
-    if (head.empty() || head.back() != axis) head += axis;
+    if (head.empty() || UpperChar(head.back()) != axis) head += axis;
     return head;
 }
 
@@ -146,8 +146,9 @@ void ProgramWindow::Begin() {
 
 bool ProgramWindow::Follow(int lineIndex, int itemCount) {
     const auto select = [this](int index) {
-        if (index < 0 || index >= lstCncLines.Count()) throw RunTimeError(fault::SubscriptOutOfRange);
-        lstCncLines.ListIndex = index;
+        if (index < 0) throw RunTimeError(fault::SubscriptOutOfRange);
+        // The open line has no row here, nor has what was added since.
+        if (index < lstCncLines.Count()) lstCncLines.ListIndex = index;
     };
     if (lineIndex <= itemCount) select(lineIndex - 1);
     const Cell& finding = parts_.Store.lvCncProgram.Row(lineIndex)[column::Error];

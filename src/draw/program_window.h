@@ -15,8 +15,8 @@ public:
 
     // At the start of a walk: shows the window with a row for each program line, or hides it.
     void Begin();
-    // Selects the row of a line, 1 for the first one. A line with an error gets a row that tells it, and true.
-    // No such row is error 9.
+    // Selects the row of a line, 1 for the first one; the open line has none. A line with an error gets a row that
+    // tells it, and true. A line below the first one, or that the program does not have, is error 9.
     bool Follow(int lineIndex, int itemCount);
     // Takes on its first size and heads, once.
     void Load() {

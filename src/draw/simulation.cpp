@@ -51,6 +51,10 @@ void Simulation::mnuSim_Click(int index) {
     // A walk that waits for a step would wait for a button that is disabled now: it goes on.
     if (index != simulation::Step) state_.StepMode = false;
     state_.StepPressed = true;
+    // Until a later line asks for an interval again.
+    if (index == simulation::Run) state_.Interval = 0;
+    // Whoever chooses steps wants to give them.
+    if (index == simulation::Step) parts_.Platform.Focus.SetFocus(controls_.pbxDrawField);
     if (controls_.mnuAutoRedraw.Checked) parts_.Redraw();
 }
 
@@ -76,22 +80,30 @@ void Simulation::Timer1_Timer() {
     state_.TimerTicks = static_cast<std::int16_t>(state_.TimerTicks >= mostTicks ? 1 : state_.TimerTicks + 1);
 }
 
-void Simulation::WaitTimer(int interval) {
-    if (interval <= 1) return;
+void Simulation::Release() {
+    state_.Released = true;
+    state_.StepPressed = true;
+    state_.WaitingForClick = false;
+}
+
+void Simulation::WaitTimer() {
+    const int interval = state_.Interval;
+    if (interval <= 1 || state_.Released) return;
     controls_.Timer1.Interval = interval;
     // Where nobody is there to end it, a walk that waits is given up sooner than one that runs.
     state_.Turns += turnsOfAWait;
     ShowTool();
     const std::int16_t before = state_.TimerTicks;
     const auto left = [&]() -> double {
-        return state_.TimerTicks == before && controls_.Timer1.Enabled && !state_.LeaveWalk ? interval : 0;
+        const bool ticked = state_.TimerTicks != before || !controls_.Timer1.Enabled;
+        return ticked || state_.LeaveWalk || state_.Released ? 0 : interval;
     };
     if (!parts_.Platform.System.WaitUntil(left)) state_.LeaveWalk = true;
 }
 
 void Simulation::WaitUntil(const bool& flag, bool value) {
     ShowTool();
-    while (flag != value && !state_.LeaveWalk) {
+    while (flag != value && !state_.LeaveWalk && !state_.Released) {
         if (!parts_.Platform.System.DoEvents()) state_.LeaveWalk = true;
     }
 }

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "basic/number.h"
+#include "draw/in_sight.h"
 
 namespace kvt {
 
@@ -28,13 +29,13 @@ struct Extents {
     double VTravel, HTravel, VLimit, HLimit;
 };
 
-struct Fit {
+struct FittedScale {
     int Index;
     double Scale;
 };
 
 // The largest scale at which a travel in program units fits a length of the view window in twips.
-Fit FitOf(double length, double travel) {
+FittedScale FitOf(double length, double travel) {
     int n = largestExponent;
     while (n >= smallestExponent && !(std::ldexp(length, n) < travel)) --n;
     return {2 - n, std::ldexp(1.0, -1 - n)};
@@ -57,6 +58,8 @@ Viewport::Viewport(DrawParts& parts) : parts_(parts), controls_(parts.Controls),
 }
 
 void Viewport::ScaleFromIndex(int index) {
+    // A scale that the user chooses stays.
+    state_.FitNext = false;
     state_.DrawScale = index >= 0 && index < ScaleCount ? std::ldexp(1.0F, index - 3) : 1;
 }
 
@@ -77,6 +80,11 @@ int Viewport::CheckedScaleIndex() const {
 
 void Viewport::Autofit() {
     if (!state_.AutoFitPending) return;
+    Fit();
+    parts_.Redraw();
+}
+
+bool Viewport::Fit() {
     // 1.
     const InterpreterControls& axes = parts_.Results;
     const auto number = [](const Label& label) { return Val(label.Caption); };
@@ -90,10 +98,10 @@ void Viewport::Autofit() {
                    number(mill ? axes.lblXAxisMax : axes.lblXAxisMin), number(axes.lblZAxisMin)};
     }
     // 2., 3.
-    const Fit vertical = FitOf(controls_.pbxViewWindow.Height - freeHeight, extents.VTravel);
-    const Fit horizontal = FitOf(controls_.pbxViewWindow.Width - freeWidth, extents.HTravel);
+    const FittedScale vertical = FitOf(controls_.pbxViewWindow.Height - freeHeight, extents.VTravel);
+    const FittedScale horizontal = FitOf(controls_.pbxViewWindow.Width - freeWidth, extents.HTravel);
     // 4. The menu holds the index; the scale may be smaller than its smallest.
-    const Fit& fit = vertical.Index > horizontal.Index ? horizontal : vertical;
+    const FittedScale& fit = vertical.Index > horizontal.Index ? horizontal : vertical;
     SetScaleIndex(fit.Index);
     state_.DrawScale = static_cast<float>(fit.Scale);
     // 5.
@@ -107,7 +115,21 @@ void Viewport::Autofit() {
     }
     // 7.
     state_.AutoFitPending = false;
-    parts_.Redraw();
+    return extents.VTravel > 0 || extents.HTravel > 0;
+}
+
+bool Viewport::ShowsStroke() const {
+    const PictureBox& field = controls_.pbxDrawField;
+    const PictureBox& window = controls_.pbxViewWindow;
+    const FieldArea area{-1.0 * field.Left, -1.0 * field.Top, 1.0 * window.Width, 1.0 * window.Height};
+    const std::vector<DrawOperation>& all = field.Operations();
+    // So many strokes that the first ones were exchanged for a picture: one of them will be in it.
+    if (state_.FirstStroke < field.OperationsBefore()) return true;
+    const long long first = state_.FirstStroke - field.OperationsBefore();
+    for (auto i = static_cast<std::size_t>(first); i < all.size(); ++i) {
+        if (all[i].Mode == draw_mode::Copy && IsInSight(all[i], area)) return true;
+    }
+    return false;
 }
 
 void Viewport::MakeZeroPoint() {

@@ -18,6 +18,10 @@ public:
 
     // Fits scale and zero point to the program's extents and draws anew; does nothing unless it is asked for.
     void Autofit();
+    // The fitting alone; false where the program has no travel that it could be fitted to.
+    bool Fit();
+    // Whether a stroke of the program that was drawn last is in sight.
+    bool ShowsStroke() const;
     // The mark of the zero point, where the pen stands.
     void MakeZeroPoint();
     // The grid; it follows the last zero point mark.

@@ -93,11 +93,11 @@ CalculatedInputs::CalculatedInputs(const ProgramStore& store, const Texts& texts
                                    FocusService& focus)
     : store_(store), texts_(texts), dialogs_(dialogs), focus_(focus) {}
 
-void CalculatedInputs::EvalText(TextBox& field) {
+bool CalculatedInputs::EvalText(TextBox& field, bool textStays) {
     // 1.
     if (!IsNumeric(field.Text)) dialogs_.ShowMessage(Notice(texts_.ErrorTexts(text::MustBeNumeric)));
     // 2., 3.
-    if (field.Tag.Empty() || field.Text.Empty()) return;
+    if (field.Tag.Empty() || field.Text.Empty()) return true;
     // 4. What no whole number holds is beyond every range, so it is refused below.
     const double number = Val(field.Text);
     std::int32_t value =
@@ -106,7 +106,7 @@ void CalculatedInputs::EvalText(TextBox& field) {
     // 5.
     const std::string limits = field.Tag.Get();
     const std::vector<std::string_view> parts = Split(limits, "TO");
-    if (parts.size() != 2) return;
+    if (parts.size() != 2) return true;
     // 6.
     std::int32_t low = ToLong(Val(parts[0]));
     std::int32_t high = ToLong(Val(parts[1]));
@@ -115,15 +115,16 @@ void CalculatedInputs::EvalText(TextBox& field) {
         high = NoLimit(high);
     }
     // 7., 8. Only the lower bound has an icon: deliberate.
-    if (value < low) Refuse(field, text::LowestValue, low, Icon::Information);
-    if (value > high) Refuse(field, text::HighestValue, high, Icon::None);
+    if (value < low) Refuse(field, text::LowestValue, low, Icon::Information, textStays);
+    if (value > high) Refuse(field, text::HighestValue, high, Icon::None, textStays);
+    return value >= low && value <= high;
 }
 
-void CalculatedInputs::Refuse(TextBox& field, int message, std::int32_t bound, Icon icon) {
+void CalculatedInputs::Refuse(TextBox& field, int message, std::int32_t bound, Icon icon, bool textStays) {
     std::string refusal(texts_.MessageTexts(message));
     refusal += " " + PlainNumber(bound);
     dialogs_.ShowMessage(Notice(refusal, "Value Check", icon));
-    field.Text = "";
+    if (!textStays) field.Text = "";
     if (field.Visible) focus_.SetFocus(field);
 }
 

@@ -21,14 +21,15 @@ public:
                      FocusService& focus);
 
     // Checks the text of a field against the range in its Tag. A value outside is told, the field is emptied
-    // and gets the focus back. A text that is no number is told, and no more.
-    void EvalText(TextBox& field);
+    // (unless its text stays) and gets the focus back. A text that is no number is told, and no more.
+    // False where the value was refused.
+    bool EvalText(TextBox& field, bool textStays = false);
     // What the parameter fields do when they are left: the expression becomes its value, which is checked.
     // With keepsEmpty an empty field stays empty.
     void LeaveField(TextBox& field, bool keepsEmpty);
 
 private:
-    void Refuse(TextBox& field, int message, std::int32_t bound, Icon icon);
+    void Refuse(TextBox& field, int message, std::int32_t bound, Icon icon, bool textStays);
 
     const ProgramStore& store_;
     const Texts& texts_;

@@ -9,14 +9,6 @@ namespace {
 
 constexpr const char* openLineName = "lvCncProgram_Click";
 
-std::string Without(std::string_view cell, std::string_view letters) {
-    std::string text;
-    for (const char c : cell) {
-        if (letters.find(UpperChar(c)) == std::string_view::npos) text += c;
-    }
-    return std::string(Trim(text));
-}
-
 }  // namespace
 
 CodeChoice::CodeChoice(Parts parts) : parts_(parts) {
@@ -72,8 +64,10 @@ void CodeChoice::lvCncProgram_Click() {
     Run(parts_.Calls.HideSettings);
     parts_.Interpreter.RefreshLineCount();
     // 3.
-    if (store.lvCncProgram.SelectedRow() == 0) return;
-    const ListRow row = store.lvCncProgram.Row(store.lvCncProgram.SelectedRow());
+    const int place = store.lvCncProgram.SelectedRow();
+    if (place == 0) return;
+    const ListRow row = store.lvCncProgram.Row(place);
+    entry.Opened.Forget();
     CodeLists& lists = parts_.Lists;
     for (ListBox* list : {&lists.lstMK2Gcodes, &lists.lstMK4Gcodes, &lists.lstMK4Mcodes, &lists.lstF1Gcodes,
                           &lists.lstF1Mcodes}) {
@@ -82,7 +76,7 @@ void CodeChoice::lvCncProgram_Click() {
     // The open line has no code: the fields go, with what stood in them, and a new code is awaited.
     if (Trim(row[column::Code]).empty()) {
         parts_.Layout.HideInputFields();
-        FillFields(row);
+        FillFields(entry, row, store.IsF1());
         entry.txtComment.Text = "";
         parts_.Platform.Focus.SetFocus(entry.txtGMcode);
         return;
@@ -105,20 +99,13 @@ void CodeChoice::lvCncProgram_Click() {
     // 6.
     parts_.Layout.InputFields(code);
     // 7.
-    FillFields(row);
-    // 8.
+    FillFields(entry, row, store.IsF1());
+    NoteOpened(entry, row, place);
+    // 8. A first value beyond its range is told, here alone; it stays, and can be passed.
     entry.txtGMcode.SelectAll();
+    entry.Opened.Arrives = true;
     parts_.Platform.Focus.SetFocus(entry.txtGMcode);
-}
-
-void CodeChoice::FillFields(const ListRow& row) {
-    EntryRow& entry = parts_.Entry;
-    entry.txtXI.Text = Without(row[column::X], "DI");
-    entry.txtYJ.Text = Without(row[column::Y], "JS");
-    entry.txtZK.Text = Without(row[column::Z], "K");
-    entry.txtFKTL.Text = Without(row[column::F], "KTL");
-    entry.txtH.Text = Without(row[column::H], "");
-    entry.txtComment.Text = row[column::Comment];
+    entry.Opened.Arrives = false;
 }
 
 void CodeChoice::lvCncProgram_ColumnClick(int header) {

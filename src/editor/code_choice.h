@@ -36,7 +36,6 @@ public:
 
 private:
     void ListClick(ListBox& list, ListBox* other, const char* mode);
-    void FillFields(const ListRow& row);
 
     Parts parts_;
 };

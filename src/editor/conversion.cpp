@@ -38,11 +38,12 @@ bool IsLength(const Cell& cell, int col) {
 
 }  // namespace
 
-Conversion::Conversion(Form& form, ProgramStore& store, MachineControls& machine)
+Conversion::Conversion(Form& form, ProgramStore& store, MachineControls& machine, EntryRow& entry)
     : mnuCalculator(form, "mnuCalculator", "Calculator"),
       mnuDelComments(form, "mnuDelComments", "Delete all comments"),
       store_(store),
-      machine_(machine) {
+      machine_(machine),
+      entry_(entry) {
     mnuDelComments.OnClick = [this] { mnuDelComments_Click(); };
     machine_.mnuINCHtoMM.OnClick = [this] { Convert(inchToMetric); };
     machine_.mnuMMtoINCH.OnClick = [this] { Convert(1 / inchToMetric); };
@@ -78,6 +79,10 @@ void Conversion::Convert(double factor) {
     // 9., 10.
     list.Select(selected);
     machine_.SetUnits(factor == inchToMetric ? "Metric" : "Imperial");
+    if (const int opened = entry_.Opened.Place; opened > 0) {
+        FillFields(entry_, list.Row(opened), store_.IsF1());
+        NoteOpened(entry_, list.Row(opened), opened);
+    }
 }
 
 void Conversion::mnuDelComments_Click() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/entry_row.h"
 #include "program/machine_controls.h"
 #include "program/program_store.h"
 
@@ -9,18 +10,20 @@ namespace kvt {
 // pass; that comes with the next edit.
 class Conversion {
 public:
-    Conversion(Form& form, ProgramStore& store, MachineControls& machine);
+    Conversion(Form& form, ProgramStore& store, MachineControls& machine, EntryRow& entry);
 
     Menu mnuCalculator, mnuDelComments;
 
     // Scales every number of the program that is a length, then sets the units: Metric for 2.54, else Imperial.
-    // A number outside the 16-bit range is reported; its column gets the number of the conversion before.
+    // A number outside the 16-bit range is reported; its column gets the number of the conversion before. A line that
+    // stands in the entry row is shown in its new numbers.
     void Convert(double factor);
     void mnuDelComments_Click();
 
 private:
     ProgramStore& store_;
     MachineControls& machine_;
+    EntryRow& entry_;
 };
 
 }  // namespace kvt

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "editor/opened_line.h"
 #include "platform/controls.h"
 #include "platform/picture_box.h"
 
@@ -21,6 +22,8 @@ struct EntryRow {
     CheckBox chkSettingsDWC;  // delete without confirmation
     PictureBox picXYaxes, picZXaxes;
     CommandButton cmdReturn;
+
+    OpenedLine Opened;
 
     // What a replacement of a feed looks for: a blank and the trimmed number.
     std::string OldFeedA, OldFeedB;

@@ -27,9 +27,8 @@ FeedPresets::FeedPresets(EntryRow& entry, ProgramStore& store, ControlInterprete
     : entry_(entry), store_(store), interpreter_(interpreter), focus_(focus) {
     entry_.cmdFeedA.OnClick = [this] { cmdFeedA_Click(); };
     entry_.cmdFeedB.OnClick = [this] { cmdFeedB_Click(); };
-    // Leaving a preset sets it for later lines; the other one's old value stays known.
-    entry_.txtFeedA.OnLostFocus = [this] { entry_.OldFeedA = OldText(entry_.txtFeedA); };
-    entry_.txtFeedB.OnLostFocus = [this] { entry_.OldFeedB = OldText(entry_.txtFeedB); };
+    entry_.txtFeedA.OnLostFocus = [this] { Leave(entry_.txtFeedA, entry_.OldFeedA); };
+    entry_.txtFeedB.OnLostFocus = [this] { Leave(entry_.txtFeedB, entry_.OldFeedB); };
     entry_.txtFeedA.OnKeyPress = [this](int& character) { KeyPress("A", character); };
     entry_.txtFeedB.OnKeyPress = [this](int& character) { KeyPress("B", character); };
 }
@@ -72,7 +71,7 @@ void FeedPresets::ReplaceFeed(std::string_view which) {
 
 void FeedPresets::SetFeedLimits() {
     // 1.
-    const double highest = store_.Metric ? 499 : 199;
+    const double highest = HighestFeed();
     for (TextBox* preset : {&entry_.txtFeedA, &entry_.txtFeedB}) {
         // 2., 3.
         double feed = highest;
@@ -83,6 +82,13 @@ void FeedPresets::SetFeedLimits() {
         preset->Tag = store_.Metric ? "2TO499" : "2TO199";
         preset->ToolTip = Replace(preset->Tag, "TO", " = Low, Hi = ");
     }
+}
+
+// Leaving a preset sets it for later lines; the other one's old value stays known. A feed with more digits than a
+// line has place for would reach it without the first one.
+void FeedPresets::Leave(TextBox& preset, std::string& old) {
+    if (Val(preset.Text) > HighestFeed()) SetFeedLimits();
+    old = OldText(preset);
 }
 
 void FeedPresets::Take(const TextBox& preset) {

@@ -22,6 +22,8 @@ public:
     void ReplaceFeed(std::string_view which);
 
 private:
+    double HighestFeed() const { return store_.Metric ? 499 : 199; }
+    void Leave(TextBox& preset, std::string& old);
     void Take(const TextBox& preset);
     void KeyPress(std::string_view which, int& character);
 

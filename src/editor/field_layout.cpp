@@ -1,8 +1,11 @@
 #include "editor/field_layout.h"
 
+#include <algorithm>
 #include <initializer_list>
 
+#include "basic/number.h"
 #include "basic/text.h"
+#include "editor/field_format.h"
 
 namespace kvt {
 
@@ -112,6 +115,27 @@ bool Holds(const std::initializer_list<const char*>& codes, std::string_view cod
     return false;
 }
 
+// The first row that holds a code on a machine; null for a code without fields.
+const LayoutRow* RowOf(std::string_view code, unsigned machine) {
+    for (const LayoutRow& row : layoutTable) {
+        if ((row.Machines & machine) != 0 && Holds(row.Codes, code)) return &row;
+    }
+    return nullptr;
+}
+
+// A range without what its column can't hold: numbers with more digits, and a sign that a letter takes the place of.
+std::string HeldRange(std::string_view range, const ShownField& shown, bool mill) {
+    const std::int32_t largest = FieldFormats[shown.Field].Largest(mill);
+    std::int32_t low = KeepsSign(shown.Label) ? -largest : 0;
+    std::int32_t high = largest;
+    const std::vector<std::string_view> bounds = Split(range, "TO");
+    if (bounds.size() == 2) {
+        low = std::max(low, ToLong(Val(bounds[0])));
+        high = std::min(high, ToLong(Val(bounds[1])));
+    }
+    return PlainNumber(low) + "TO" + PlainNumber(high);
+}
+
 // The first field of a code; codes that are not here begin with the comment.
 struct FirstField {
     FieldIndex Field;
@@ -130,8 +154,10 @@ const FirstField firstFields[] = {
 }  // namespace
 
 FieldLayout::FieldLayout(EntryRow& entry, const ProgramStore& store, const CodeLists& lists,
-                         FocusService& focus)
-    : entry_(entry), store_(store), lists_(lists), focus_(focus) {}
+                         const Texts& texts, FocusService& focus)
+    : entry_(entry), store_(store), lists_(lists), texts_(texts), focus_(focus) {}
+
+unsigned FieldLayout::MachineBit() const { return store_.IsMK2() ? mk2 : store_.IsMK4() ? mk4 : f1; }
 
 void FieldLayout::InputFields(std::string& code) {
     // 1., 2. The four-character form.
@@ -144,24 +170,24 @@ void FieldLayout::InputFields(std::string& code) {
     HideInputFields();
     entry_.txtZK.Enabled = true;
     // 6. The first row of the table that holds the code.
-    const unsigned machine = store_.IsMK2() ? mk2 : store_.IsMK4() ? mk4 : f1;
+    const unsigned machine = MachineBit();
     auto fields = entry_.Fields();
-    for (const LayoutRow& row : layoutTable) {
-        if ((row.Machines & machine) == 0 || !Holds(row.Codes, code)) continue;
-        for (const ShownField& shown : row.Fields) {
+    if (const LayoutRow* const row = RowOf(code, machine)) {
+        for (const ShownField& shown : row->Fields) {
             const EntryRow::Field& field = fields[shown.Field];
             const Range& range = store_.Horizontal ? shown.Range.Horizontal : shown.Range.Vertical;
             field.Caption.Caption = shown.Label;
             field.Caption.Visible = true;
             field.Box.Visible = true;
-            field.Box.Tag = store_.Metric ? range.Metric : range.Inch;
+            field.Box.Tag = HeldRange(store_.Metric ? range.Metric : range.Inch, shown, machine == f1);
         }
-        entry_.cmdFeedA.Enabled = row.FeedButtons;
-        entry_.cmdFeedB.Enabled = row.FeedButtons;
+        entry_.cmdFeedA.Enabled = row->FeedButtons;
+        entry_.cmdFeedB.Enabled = row->FeedButtons;
         // The control of that machine derives the Z of an arc.
         if (machine == mk2 && Holds({"G02 ", "G03 "}, code)) entry_.txtZK.Enabled = false;
-        break;
     }
+    laidOut_ = code;
+    NameCode();
     // 7.
     FirstFieldFocus("");
     // 8.
@@ -177,12 +203,29 @@ void FieldLayout::HideInputFields() {
         field.Box.Tag = "";
         field.Box.ToolTip = "";
     }
+    laidOut_.clear();
+}
+
+bool FieldLayout::FitsCode() const { return EqualIgnoringCase(laidOut_, CodeInRow()); }
+
+void FieldLayout::RefreshFeedButtons() {
+    const LayoutRow* const row = RowOf(CodeInRow(), MachineBit());
+    entry_.cmdFeedA.Enabled = row && row->FeedButtons;
+    entry_.cmdFeedB.Enabled = row && row->FeedButtons;
+}
+
+void FieldLayout::NameCode() {
+    const std::string* const entry = ListEntry();
+    entry_.frEntry.Caption = entry ? EntryDescription(*entry) : texts_.EntryCaption;
+}
+
+std::string FieldLayout::CodeInRow() const {
+    return std::string(Left(entry_.lblGMcode.Caption.Get() + entry_.txtGMcode.Text.Get() + " ", 4));
 }
 
 void FieldLayout::FirstFieldFocus(std::string_view initial) {
     // 1.
-    const std::string text = entry_.lblGMcode.Caption.Get() + entry_.txtGMcode.Text.Get() + " ";
-    const std::string_view code = Left(text, 4);
+    const std::string code = CodeInRow();
     // 2.
     if (!entry_.txtComment.ReallyVisible() || !entry_.txtComment.ReallyEnabled()) return;
     // 3.
@@ -197,21 +240,26 @@ void FieldLayout::FirstFieldFocus(std::string_view initial) {
 }
 
 void FieldLayout::CodeDescription() {
-    if (entry_.txtGMcode.Text.Empty()) return;
+    if (const std::string* const entry = ListEntry())
+        entry_.txtComment.Text = "@  " + EntryDescription(*entry);
+}
+
+const std::string* FieldLayout::ListEntry() const {
+    if (entry_.txtGMcode.Text.Empty()) return nullptr;
     const bool mCode = entry_.lblGMcode.Caption == "M";
     const ListBox& codes = store_.IsMK2()   ? lists_.lstMK2Gcodes
                            : store_.IsMK4() ? (mCode ? lists_.lstMK4Mcodes : lists_.lstMK4Gcodes)
                                             : (mCode ? lists_.lstF1Mcodes : lists_.lstF1Gcodes);
     const std::string wanted = entry_.lblGMcode.Caption.Get() + entry_.txtGMcode.Text.Get();
     for (const std::string& entry : codes.Entries()) {
-        if (!EqualIgnoringCase(Trim(Left(entry, 4)), wanted)) continue;
-        entry_.txtComment.Text = "@  " + EntryDescription(entry);
-        return;
+        if (EqualIgnoringCase(Trim(Left(entry, 4)), wanted)) return &entry;
     }
+    return nullptr;
 }
 
 void FieldLayout::ClearEntryFields() {
     HideInputFields();
+    entry_.Opened.Forget();
     for (const EntryRow::Field& field : entry_.Fields()) field.Box.Text = "";
     entry_.txtGMcode.Text = "";
     entry_.txtComment.Text = "";

@@ -7,19 +7,27 @@
 #include "platform/services.h"
 #include "program/code_tables.h"
 #include "program/program_store.h"
+#include "program/texts.h"
 
 namespace kvt {
 
 // Which entry fields a code shows, what they are called and which range each takes.
 class FieldLayout {
 public:
-    FieldLayout(EntryRow& entry, const ProgramStore& store, const CodeLists& lists, FocusService& focus);
+    FieldLayout(EntryRow& entry, const ProgramStore& store, const CodeLists& lists, const Texts& texts,
+                FocusService& focus);
 
     // Lays the fields out for a code: two digits, or the four-character form. The code is put into that form.
     // A code in no row of the table shows no field. The fields keep their texts.
     void InputFields(std::string& code);
     // Hides the five fields with their labels, and empties their ranges and tool tips.
     void HideInputFields();
+    // Whether the fields are laid out for the code that stands in the row.
+    bool FitsCode() const;
+    // The feed buttons are enabled where the code that stands in the row is marked for them.
+    void RefreshFeedButtons();
+    // The frame names the code that stands in the row; one that no list knows has no name.
+    void NameCode();
     // The focus goes to the first field of the code that stands in the row, which takes the text initial if
     // that is not empty. Nothing where the row is not in use.
     void FirstFieldFocus(std::string_view initial);
@@ -32,10 +40,19 @@ public:
     void ClearEntryFields();
 
 private:
+    unsigned MachineBit() const;
+    // The four-character form of the code that stands in the row.
+    std::string CodeInRow() const;
+    // The entry of the machine's list for the code that stands in the row; null where there is none.
+    const std::string* ListEntry() const;
+
     EntryRow& entry_;
     const ProgramStore& store_;
     const CodeLists& lists_;
+    const Texts& texts_;
     FocusService& focus_;
+    // The four-character form of the code that the fields are laid out for.
+    std::string laidOut_;
 };
 
 }  // namespace kvt

@@ -1,6 +1,7 @@
 #include "editor/keyboard_entry.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "basic/number.h"
 #include "basic/run_time_error.h"
@@ -17,6 +18,8 @@ constexpr const char* codeCheckName = "txtGMcode_LostFocus";
 constexpr const char* automaticZName = "txtZK_GotFocus";
 constexpr std::size_t codeField = 0;
 constexpr std::size_t firstParameter = 1;
+// Places of Z and of the feed among the parameter fields.
+constexpr std::size_t zField = 2, feedField = 3;
 
 // Default of an empty feed field, by the digits of the code alone.
 constexpr std::string_view feedACodes[] = {"01", "02", "03", "72", "84"};
@@ -42,22 +45,20 @@ KeyboardEntry::KeyboardEntry(Parts parts) : parts_(parts) {
     }
     entry.txtGMcode.OnChange = [this] { codeChanged_ = true; };
     entry.txtGMcode.OnKeyPress = [this](int& character) { txtGMcode_KeyPress(character); };
-    entry.txtGMcode.OnGotFocus = [&entry] { entry.txtGMcode.SelectAll(); };
+    entry.txtGMcode.OnGotFocus = [this, &entry] {
+        codeEnds_ = false;
+        entry.txtGMcode.SelectAll();
+    };
     entry.txtGMcode.OnLostFocus = [this] { txtGMcode_LostFocus(); };
     entry.txtComment.OnKeyPress = [this](int& character) { txtComment_KeyPress(character); };
     entry.txtComment.OnGotFocus = [&entry] { entry.txtComment.SelectAll(); };
 
-    for (TextBox* field : {&entry.txtXI, &entry.txtYJ, &entry.txtZK, &entry.txtFKTL, &entry.txtH}) {
-        const bool keepsEmpty = field == &entry.txtFKTL || field == &entry.txtH;
-        field->OnKeyPress = [this, field](int& character) { Parameter_KeyPress(*field, character); };
-        field->OnLostFocus = [this, field, keepsEmpty] {
-            // A field that the next code does not have went away with its text.
-            if (field->Visible) parts_.Calculated.LeaveField(*field, keepsEmpty);
-        };
-        field->OnGotFocus = [field] {
-            if (field->Text.Empty()) field->Text = "00";
-            field->SelectAll();
-        };
+    const auto fields = entry.Fields();
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        TextBox& field = fields[i].Box;
+        field.OnKeyPress = [this, &field](int& character) { Parameter_KeyPress(field, character); };
+        field.OnLostFocus = [this, i] { Parameter_LostFocus(i); };
+        field.OnGotFocus = [this, i] { Parameter_GotFocus(i); };
     }
     entry.txtZK.OnGotFocus = [this] { txtZK_GotFocus(); };
     entry.txtFKTL.OnGotFocus = [this] { txtFKTL_GotFocus(); };
@@ -90,7 +91,7 @@ void KeyboardEntry::txtGMcode_KeyPress(int& character) {
         case ' ':
         case ',':
         case '.':
-        case '\'': return Terminate(character);
+        case '\'': codeEnds_ = true; return Terminate(character);
         case key::CtrlV:
             character = 0;
             entry.txtGMcode.Text = "";
@@ -146,6 +147,34 @@ void KeyboardEntry::Parameter_KeyPress(TextBox& field, int& character) {
 void KeyboardEntry::TakePreset(const TextBox& preset, int& character) {
     parts_.Entry.txtFKTL.Text = PresetText(preset);
     Terminate(character);
+}
+
+void KeyboardEntry::Parameter_GotFocus(std::size_t field) {
+    EntryRow& entry = parts_.Entry;
+    TextBox& box = entry.Fields()[field].Box;
+    const bool keeps = KeepsField(entry, field);
+    if (box.Text.Empty()) box.Text = "00";
+    if (keeps) entry.Opened.Shown[field] = box.Text.Get();
+    box.SelectAll();
+}
+
+// The value of an opened line stays while nobody changes it, also one that the entry would refuse.
+void KeyboardEntry::Parameter_LostFocus(std::size_t field) {
+    EntryRow& entry = parts_.Entry;
+    TextBox& box = entry.Fields()[field].Box;
+    // A field that the next code does not have went away with its text.
+    if (!box.Visible) return;
+    if (!KeepsField(entry, field)) {
+        const bool keepsEmpty = &box == &entry.txtFKTL || &box == &entry.txtH;
+        return parts_.Calculated.LeaveField(box, keepsEmpty);
+    }
+    // A number is shown as a typed one is; the blank behind its sign goes.
+    std::string text = box.Text.Get();
+    const std::string number = MathString(text);
+    if (box.Text.Empty() || Val(number) != Val(box.Text)) return;
+    box.Text = number;
+    entry.Opened.Shown[field] = number;
+    if (entry.Opened.Arrives) parts_.Calculated.EvalText(box, true);
 }
 
 void KeyboardEntry::txtComment_KeyPress(int& character) {
@@ -204,6 +233,9 @@ bool KeyboardEntry::InChain(const Control* control) const {
 }
 
 void KeyboardEntry::txtGMcode_LostFocus() {
+    const bool ends = std::exchange(codeEnds_, false);
+    // The code of an opened line that nobody touched, also one that the machine does not know.
+    if (!ends && !modeKeyUsed_ && KeepsCode(parts_.Entry)) return;
     // A place outside the chain keeps the focus that it was given; along the chain the code decides.
     parts_.Layout.FocusStays = !InChain(parts_.Platform.Focus.Focused());
     Attempt(codeCheckName, [&] { CheckCode(); });
@@ -235,33 +267,37 @@ void KeyboardEntry::CheckCode() {
             Notice(entry.lblGMcode.Caption.Get() + text + " " +
                    std::string(parts_.Language.ErrorTexts(text::UnknownCode))));
         entry.txtGMcode.Text = "";
+        parts_.Layout.NameCode();
         return;
     }
     // 5.
     if (store.LineCount() < 1) {
         parts_.Layout.InputFields(text);
-        // 6. The same digits typed over leave the layout and the fields alone.
+        // 6. The same digits typed over leave the layout and the fields alone, where they are those of the code.
     } else {
         const ListView& list = store.lvCncProgram;
         const std::string_view digits = Trim(Mid(list.Row(list.SelectedRow())[column::Code], 2, 2));
-        if (digits != text || modeKeyUsed_) {
+        if (digits != text || modeKeyUsed_ || !parts_.Layout.FitsCode()) {
             codeChanged_ = false;
             modeKeyUsed_ = false;
             parts_.Layout.InputFields(text);
-            if (parts_.View.chkViewGcode.Value != 0) parts_.Layout.CodeDescription();
+            // The line in its own row keeps its comment.
+            const bool itself = KeepsComment(entry) && entry.Opened.Place == list.SelectedRow();
+            if (parts_.View.chkViewGcode.Value != 0 && !itself) parts_.Layout.CodeDescription();
         }
     }
     // 7.
-    if (parts_.View.chkViewGcode.Value != 0 && entry.txtComment.Text.Empty()) parts_.Layout.CodeDescription();
+    const bool fillsComment = parts_.View.chkViewGcode.Value != 0 && entry.txtComment.Text.Empty();
+    if (fillsComment && !KeepsComment(entry)) parts_.Layout.CodeDescription();
 }
 
-// Automatic Z, on the mill: the depth that stands already is the default.
+// Automatic Z, on the mill: the depth that stands already is the default. An opened line has its own.
 void KeyboardEntry::txtZK_GotFocus() {
     EntryRow& entry = parts_.Entry;
     ProgramStore& store = parts_.Store;
     const ListView& list = store.lvCncProgram;
     Attempt(automaticZName, [&] {
-        if (!store.IsF1() || store.LineCount() <= 1) return;
+        if (!store.IsF1() || store.LineCount() <= 1 || KeepsCode(entry)) return;
         // 1.
         const std::string code(Trim(entry.lblGMcode.Caption.Get() + entry.txtGMcode.Text.Get()));
         const int selected = list.SelectedRow();
@@ -279,14 +315,13 @@ void KeyboardEntry::txtZK_GotFocus() {
             }
         }
     });
-    if (entry.txtZK.Text.Empty()) entry.txtZK.Text = "00";
-    entry.txtZK.SelectAll();
+    Parameter_GotFocus(zField);
 }
 
 void KeyboardEntry::txtFKTL_GotFocus() {
     EntryRow& entry = parts_.Entry;
     const std::string_view code = Trim(entry.txtGMcode.Text);
-    if (entry.txtFKTL.Text.Empty()) {
+    if (entry.txtFKTL.Text.Empty() && !KeepsField(entry, feedField)) {
         if (Holds(feedACodes, code)) entry.txtFKTL.Text = PresetText(entry.txtFeedA);
         if (Holds(feedBCodes, code)) entry.txtFKTL.Text = PresetText(entry.txtFeedB);
     }

@@ -32,6 +32,8 @@ public:
 private:
     void txtGMcode_KeyPress(int& character);
     void Parameter_KeyPress(TextBox& field, int& character);
+    void Parameter_GotFocus(std::size_t field);
+    void Parameter_LostFocus(std::size_t field);
     void txtComment_KeyPress(int& character);
     void Chain_KeyDown(std::size_t place, int key);
     void lvCncProgram_KeyDown(int key);
@@ -49,6 +51,8 @@ private:
     std::vector<TextBox*> chain_;
     bool codeChanged_ = false;
     bool modeKeyUsed_ = false;
+    // A terminator key has ended the code field.
+    bool codeEnds_ = false;
 };
 
 }  // namespace kvt

@@ -6,6 +6,7 @@
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "editor/field_format.h"
 #include "program/word.h"
 
 namespace kvt {
@@ -16,22 +17,11 @@ constexpr const char* lineEditName = "LineEdit";
 constexpr const char* formatInputsName = "FormatInputs";
 constexpr const char* lineInsertName = "LineInsert";
 constexpr const char* lineDeleteName = "LineDelete";
-
-// How a field is written into its column.
-struct FieldFormat {
-    int Column;
-    const char* Pattern;
-    std::size_t LatheDigits;
-    std::size_t MillDigits;
-};
-
-constexpr FieldFormat fieldFormats[] = {{column::X, "##00", 4, 5},
-                                        {column::Y, "###00", 4, 4},
-                                        {column::Z, "###00", 5, 5},
-                                        {column::F, "#00", 3, 3}};
+// Places of the fourth and fifth field in the chain.
+constexpr std::size_t feedField = 3, hField = 4;
 
 std::string Prefix(std::string_view label, double value) {
-    if (label == "X" || label == "Y" || label == "Z") return std::round(value) < 0 ? "-" : " ";
+    if (KeepsSign(label)) return std::round(value) < 0 ? "-" : " ";
     if (label == "F") return " ";
     return std::string(Left(label, 1));
 }
@@ -44,6 +34,7 @@ LineOperations::LineOperations(Parts parts)
       store_(parts.Store),
       view_(parts.View),
       interpreter_(parts.Interpreter),
+      calculated_(parts.Calculated),
       texts_(parts.Language),
       platform_(parts.Platform),
       calls_(parts.Calls) {}
@@ -86,6 +77,10 @@ void LineOperations::LineDelete() {
     interpreter_.EndStepRun();
     store_.ProgramChanged = true;
     list.RemoveRow(selected);
+    // The deleted line can be written elsewhere as long as it stands in the entry row.
+    int& opened = entry_.Opened.Place;
+    if (opened == selected) opened = 0;
+    if (opened > selected) --opened;
     // 6. Nothing further runs where no line is left: deliberate.
     if (store_.LineCount() < 1) return;
     // 7.
@@ -94,14 +89,14 @@ void LineOperations::LineDelete() {
     Attempt(lineDeleteName, [&] { MovePointers(selected, -1); });
     // 9.
     interpreter_.Interpreter();
-    // 10.
-    Run(calls_.RedrawAfterEdit);
     // 11.
     if (selected - 1 >= store_.LineCount()) selected = store_.LineCount();
     if (selected > 0) Attempt(lineDeleteName, [&] { list.Select(selected); });
     // 12.
     store_.AddBlankLine(false);
     platform_.Focus.SetFocus(list);
+    // 10. Last: a drawing that waits then finds the edit whole.
+    Run(calls_.RedrawAfterEdit);
 }
 
 void LineOperations::LineInsert() {
@@ -117,6 +112,7 @@ void LineOperations::LineInsert() {
     const int behind = list.Count() - selected + 1;
     // 3.
     store_.ProgramChanged = true;
+    entry_.Opened.Forget();
     entry_.lblGMcode.Caption = "G";
     entry_.txtGMcode.Text = "21";
     std::string code = "21";
@@ -127,7 +123,7 @@ void LineOperations::LineInsert() {
         ListRow& row = list.InsertRow(selected);
         row[column::Number] = RightPad(Format(selected - 1, "#00"), 3);
         row[column::Code] = " 21 ";
-        row[column::X] = "     ";
+        row[column::X] = store_.IsF1() ? "      " : "     ";
         row[column::Y] = "     ";
         row[column::Z] = "      ";
         row[column::F] = "    ";
@@ -171,24 +167,30 @@ void LineOperations::LineEdit() {
     // 2.
     if (entry_.txtGMcode.Text.Empty()) return;
     // 3. The Z of an MK2 arc is written by the check pass.
-    // 4.
-    Attempt(lineEditName, [&] {
-        if (entry_.lblFKTL.Caption == "F" && Val(entry_.txtFKTL.Text) < 2) {
-            entry_.txtFKTL.Text = entry_.txtFeedA.Text;
-        }
-    });
-    if (entry_.lblFKTL.Caption == "T" && entry_.txtFKTL.Text.Empty()) entry_.txtFKTL.Text = "01";
+    // 4. What the user has not touched stays.
+    if (!KeepsField(entry_, feedField)) {
+        Attempt(lineEditName, [&] {
+            if (entry_.lblFKTL.Caption == "F" && Val(entry_.txtFKTL.Text) < 2) {
+                entry_.txtFKTL.Text = entry_.txtFeedA.Text;
+            }
+        });
+        if (entry_.lblFKTL.Caption == "T" && entry_.txtFKTL.Text.Empty()) entry_.txtFKTL.Text = "01";
+    }
+    if (!AllFit()) return;
     // 5.
     store_.ProgramChanged = true;
     // 6.
-    if (view_.chkViewGcode.Value != 0 && entry_.txtComment.Text.Empty()) layout_.CodeDescription();
+    const bool fillsComment = view_.chkViewGcode.Value != 0 && entry_.txtComment.Text.Empty();
+    if (fillsComment && !KeepsComment(entry_)) layout_.CodeDescription();
     // 7.
     ListView& list = store_.lvCncProgram;
     const int edited = list.SelectedRow();
     Attempt(lineEditName, [&] {
-        const std::string& letter = entry_.lblGMcode.Caption.Get();
-        const std::string text = entry_.txtGMcode.Text.Get() + " ";
-        SelectedRow()[column::Code] = (letter == "G" ? " " : letter) + std::string(Right(text, 3));
+        if (KeepsCode(entry_)) {
+            Keep(column::Code);
+        } else {
+            SelectedRow()[column::Code] = CodeCell(entry_);
+        }
     });
     // 8.
     FormatInputs();
@@ -198,19 +200,49 @@ void LineOperations::LineEdit() {
         for (int c = column::ToolX; c <= column::Radius; ++c) row[c] = "      ";
         row[column::Angle] = "   ";
         row[column::Error] = "               ";
-        row[column::Comment] = entry_.txtComment.Text;
+        if (KeepsComment(entry_)) {
+            Keep(column::Comment);
+        } else {
+            row[column::Comment] = entry_.txtComment.Text;
+        }
     });
     // 10.
     interpreter_.Interpreter();
     // 11.
-    store_.AddBlankLine(edited == list.Count());
-    // 12.
-    Attempt(lineEditName, [&] {
-        if (!(list.Row(edited)[column::Code] == " 21 ")) Run(calls_.RedrawAfterEdit);
-    });
+    const bool added = edited == list.Count();
+    store_.AddBlankLine(added);
+    // A line that was added leaves the row to the next one; another one still stands there.
+    if (added) {
+        entry_.Opened.Forget();
+    } else {
+        Attempt(lineEditName, [&] { NoteOpened(entry_, list.Row(edited), edited); });
+    }
     // 13.
     entry_.txtGMcode.SelectAll();
     platform_.Focus.SetFocus(entry_.txtGMcode);
+    // 12. Last: a drawing that waits then finds the edit whole.
+    Attempt(lineEditName, [&] {
+        if (!(list.Row(edited)[column::Code] == " 21 ")) Run(calls_.RedrawAfterEdit);
+    });
+}
+
+void LineOperations::Keep(int column) {
+    // The row that was opened may have changed since, by a conversion say: it keeps what it has.
+    if (entry_.Opened.Place != store_.lvCncProgram.SelectedRow())
+        SelectedRow()[column] = entry_.Opened.Row[column];
+}
+
+bool LineOperations::AllFit() {
+    const auto fields = entry_.Fields();
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const auto& [label, box] = fields[i];
+        if (!box.Visible || KeepsField(entry_, i)) continue;
+        const double value = std::round(Val(box.Text));
+        const bool signDrops = value < 0 && !KeepsSign(label.Caption);
+        if (!signDrops && std::abs(value) <= FieldFormats[i].Largest(store_.IsF1())) continue;
+        if (!calculated_.EvalText(box)) return false;
+    }
+    return true;
 }
 
 void LineOperations::FormatInputs() {
@@ -221,11 +253,12 @@ void LineOperations::FormatInputs() {
             [&] { SelectedRow()[column::Number] = RightPad(Format(list.SelectedRow() - 1, "#00"), 3); });
     // 2. to 4.
     const auto fields = entry_.Fields();
-    for (std::size_t i = 0; i < std::size(fieldFormats); ++i) {
-        const FieldFormat& format = fieldFormats[i];
+    for (std::size_t i = 0; i < hField; ++i) {
+        const FieldFormat& format = FieldFormats[i];
         const EntryRow::Field& field = fields[i];
-        const std::size_t digits = mill ? format.MillDigits : format.LatheDigits;
+        const std::size_t digits = format.Digits(mill);
         Attempt(formatInputsName, [&] {
+            if (KeepsField(entry_, i)) return Keep(format.Column);
             std::string cell(digits + 1, ' ');
             if (field.Box.Visible) {
                 const double value = Val(field.Box.Text);
@@ -238,14 +271,16 @@ void LineOperations::FormatInputs() {
     // 5. On the mill H stands in the column of F.
     Attempt(formatInputsName, [&] {
         ListRow& row = SelectedRow();
-        row[column::H] = "   ";
-        if (!entry_.txtH.Visible) return;
-        const std::string digits = Format(std::abs(Val(entry_.txtH.Text)), "#00");
-        if (mill) {
-            row[column::F] = RightPad(digits, 4);
+        const bool keeps = KeepsField(entry_, hField);
+        if (keeps || (mill && KeepsCode(entry_))) {
+            Keep(column::H);
         } else {
-            row[column::H] = RightPad(digits, 3);
+            row[column::H] = "   ";
         }
+        if (keeps || !entry_.txtH.Visible) return;
+        const FieldFormat& format = FieldFormats[hField];
+        row[mill ? column::F : column::H] =
+            RightPad(Format(std::abs(Val(entry_.txtH.Text)), format.Pattern), format.Digits(mill));
     });
     // 6.
     Attempt(formatInputsName, [&] {

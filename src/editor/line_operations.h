@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/calculated_inputs.h"
 #include "editor/field_layout.h"
 #include "interpreter/interpreter.h"
 #include "interpreter/view_columns.h"
@@ -16,6 +17,7 @@ public:
         ProgramStore& Store;
         const ViewColumns& View;
         ControlInterpreter& Interpreter;
+        CalculatedInputs& Calculated;
         const Texts& Language;
         Services& Platform;
         WorkbenchCalls& Calls;
@@ -33,6 +35,10 @@ public:
 
 private:
     ListRow& SelectedRow();
+    // Gives a column of the selected row the cell of the line that was opened.
+    void Keep(int column);
+    // Refuses the first value that its cell can't hold. False where there is one; the line is not written then.
+    bool AllFit();
     // Numbers the rows from one on by their places.
     void Renumber(int firstRow);
     // Moves the pointers of all lines but those whose comment forbids it: from the line number bound on, by
@@ -44,6 +50,7 @@ private:
     ProgramStore& store_;
     const ViewColumns& view_;
     ControlInterpreter& interpreter_;
+    CalculatedInputs& calculated_;
     const Texts& texts_;
     Services& platform_;
     WorkbenchCalls& calls_;

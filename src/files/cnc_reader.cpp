@@ -110,7 +110,7 @@ constexpr MillUnits millUnits[] = {
 
 CncReader::CncReader(Parts parts) : parts_(parts) {}
 
-LoadResult CncReader::LoadFile(std::string& fileName) {
+LoadResult CncReader::LoadFile(std::string& fileName, const LoadAs& as) {
     ProgramStore& store = parts_.Store;
     // 1.
     Run(parts_.Calls.cmdReturn_Click);
@@ -120,34 +120,56 @@ LoadResult CncReader::LoadFile(std::string& fileName) {
     std::string text;
     const LoadResult read = ReadText(name, text);
     if (read != LoadResult::Loaded) return read;
-    // 6. The machine changes here, before any question.
+    // 6., 7.
     const Recognised found = Recognise(text);
-    switch (found.Kind) {
-        case FileKind::MK2: store.Machine = "MK2"; break;
-        case FileKind::MK4: store.Machine = "MK4"; break;
-        case FileKind::F1: store.Machine = "F1"; break;
-        // 7.
-        case FileKind::Language:
-            Run(parts_.Calls.LoadLanguageModule, name);
-            return LoadResult::LanguageModule;
-        case FileKind::Unknown: ReportNotRecognised(); return LoadResult::NotRecognised;
+    if (found.Kind == FileKind::Language) {
+        Run(parts_.Calls.LoadLanguageModule, name);
+        return LoadResult::LanguageModule;
     }
-    // 8. The old program is saved in the format of the new machine: deliberate.
-    if (store.ProgramChanged) {
-        const Texts& texts = parts_.Language;
-        const Answer answer = parts_.Platform.Dialogs.ShowMessage(
-            Question(texts.MessageTexts(text::SaveNow), texts.MessageTexts(text::ContinueTitle)));
-        if (answer == Answer::Yes) parts_.Writer.mnuSave_Click();
+    if (found.Kind == FileKind::Unknown) {
+        ReportNotRecognised();
+        return LoadResult::NotRecognised;
     }
-    store.ProgramChanged = false;
+    // 8. The old program is saved in the layout of its own machine, so the machine changes behind that.
+    if (!LeaveProgram(as.Old)) return LoadResult::Nothing;
+    store.Machine = found.Kind == FileKind::MK2 ? "MK2" : found.Kind == FileKind::MK4 ? "MK4" : "F1";
     // 9.
     Run(parts_.Calls.ClearProgram_Click);
     // 10. to 14.
     ReadNotes(text, found);
     ReadLines(text, found);
     // 15.
-    Finish(name);
+    Finish(name, as);
     return LoadResult::Loaded;
+}
+
+// Settles what becomes of an unsaved program. False where it stays in the editor.
+bool CncReader::LeaveProgram(OldProgram old) {
+    ProgramStore& store = parts_.Store;
+    if (!store.Unsaved()) return true;
+    const auto keepAside = [this] { return parts_.Calls.KeepAside && parts_.Calls.KeepAside(); };
+    const bool kept = old == OldProgram::KeptAside && keepAside();
+    // Without a copy it is the user's to say.
+    if (!kept && old != OldProgram::GivenUp && AskToSave()) {
+        // "The program is still open" is what a failed save says. A cancelled dialog lets the opening go on.
+        if (store.SaveFailed || (store.ProgramChanged && !keepAside())) return false;
+    } else if (!kept && store.SaveFailed) {
+        // The user had it saved, so far as he could.
+        keepAside();
+    }
+    store.ProgramChanged = false;
+    store.SaveFailed = false;
+    return true;
+}
+
+// True for a Yes: what could be saved has been.
+bool CncReader::AskToSave() {
+    const Texts& texts = parts_.Language;
+    const Answer answer = parts_.Platform.Dialogs.ShowMessage(
+        Question(texts.MessageTexts(text::SaveNow), texts.MessageTexts(text::ContinueTitle)));
+    if (answer != Answer::Yes) return false;
+    parts_.Writer.mnuSave_Click();
+    return true;
 }
 
 LoadResult CncReader::ReadText(std::string& name, std::string& text) {
@@ -295,22 +317,32 @@ bool CncReader::ReadF1(std::string_view record) {
     return true;
 }
 
-void CncReader::Finish(const std::string& name) {
-    ProgramStore& store = parts_.Store;
+void CncReader::ShowName(const std::string& name, const LoadAs& as) {
+    FileControls& controls = parts_.Controls;
+    const std::string shown =
+        as.Name ? *as.Name : Replace(name, preProcessorResult, "", 1, -1, Compare::IgnoreCase);
+    controls.NamesSource = as.FromSource || (!as.Name && shown != name);
+    if (!controls.NamesSource && !shown.empty()) controls.LastProgram = shown;
     // Saving the program before may have named another file.
-    parts_.Controls.dlgFile.FileName = name;
-    parts_.Controls.lblPath.Caption = Replace(name, preProcessorResult, "", 1, -1, Compare::IgnoreCase);
+    controls.dlgFile.FileName = as.Name ? shown : name;
+    controls.lblPath.Caption = shown;
+}
+
+void CncReader::Finish(const std::string& name, const LoadAs& as) {
+    ProgramStore& store = parts_.Store;
+    ShowName(name, as);
     if (parts_.View.chkViewGcode.Value != 0) parts_.Options.chkViewGcode_Click();
     parts_.Layout.ClearEntryFields();
     parts_.Interpreter.Interpreter();
-    store.ProgramChanged = false;
-    Run(parts_.Calls.mnuDraw_Click);
+    store.ProgramChanged = as.Changed;
     Run(parts_.Calls.RefreshMachine);
     parts_.View.MakeToolpositionColums();
     parts_.Interpreter.RefreshLineCount();
     store.AddBlankLine(false);
     parts_.Platform.Focus.SetFocus(store.lvCncProgram.OwningForm());
     store.lvCncProgram.RowsChanged();
+    // Last: a drawing that waits then finds all of the program there.
+    Run(parts_.Calls.mnuDraw_Click);
 }
 
 }  // namespace kvt

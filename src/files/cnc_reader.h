@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "editor/field_layout.h"
@@ -15,10 +16,25 @@ namespace kvt {
 // What became of a call of LoadFile.
 enum class LoadResult {
     Loaded,
-    Nothing,        // dialog cancelled, or no such file: untouched, without a word
+    Nothing,        // dialog cancelled, no such file, or the old program could not be saved: untouched
     Unreadable,     // a message names the file; untouched
     NotRecognised,  // a message says so; untouched
     LanguageModule,
+};
+
+// What becomes of an unsaved program when another one takes its place: the user is asked; it stays as a copy for the
+// next start; or the user has been asked already and has given it up.
+enum class OldProgram { Asked, KeptAside, GivenUp };
+
+// How a program comes into the editor, where it is not simply that of a file.
+struct LoadAs {
+    OldProgram Old = OldProgram::Asked;
+    // The name that it has there; without one that of the file.
+    std::optional<std::string> Name;
+    // The name is that of a source which a pre-processor has read.
+    bool FromSource = false;
+    // It is in no program file.
+    bool Changed = false;
 };
 
 // Brings program files into the store.
@@ -42,7 +58,7 @@ public:
 
     // Reads the named file, and clears the name; without one the open dialog asks. Machine, units and
     // orientation come from the content.
-    LoadResult LoadFile(std::string& fileName);
+    LoadResult LoadFile(std::string& fileName, const LoadAs& as = {});
 
 private:
     LoadResult ReadText(std::string& name, std::string& text);
@@ -53,7 +69,10 @@ private:
     bool ReadMK2(std::string_view record, std::size_t index);
     bool ReadMK4(std::string_view record, bool withoutComments);
     bool ReadF1(std::string_view record);
-    void Finish(const std::string& name);
+    bool LeaveProgram(OldProgram old);
+    bool AskToSave();
+    void ShowName(const std::string& name, const LoadAs& as);
+    void Finish(const std::string& name, const LoadAs& as);
 
     Parts parts_;
 };

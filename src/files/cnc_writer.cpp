@@ -147,6 +147,7 @@ void CncWriter::AddEndCode() {
     if (store.EndCodePresent) return;
     // 2.
     const bool mk2 = store.IsMK2();
+    entry.Opened.Forget();
     entry.lblGMcode.Caption = mk2 ? "G" : "M";
     entry.txtGMcode.Text = mk2 ? "22" : "30";
     entry.txtComment.Text = "";
@@ -175,7 +176,9 @@ void CncWriter::SaveFile_Click(std::int16_t& mode) {
         return;
     }
     // 3.
-    if (mode == save::ToFile && controls.lblPath.Caption.Empty()) mode = save::As;
+    // What a pre-processor has read is no program, and is not replaced by one.
+    const bool hasFile = !controls.lblPath.Caption.Empty() && !controls.NamesSource;
+    if (mode == save::ToFile && !hasFile) mode = save::As;
     // 4.
     AddEndCode();
     // 5.
@@ -194,6 +197,14 @@ void CncWriter::SaveFile_Click(std::int16_t& mode) {
     WriteFile(name, text);
 }
 
+// The current file; for a program that has come through a pre-processor, a program file beside its source.
+std::string CncWriter::ProposedName() const {
+    const std::string& path = parts_.Controls.lblPath.Caption.Get();
+    if (!parts_.Controls.NamesSource) return path;
+    const std::string_view name = ExtractFileName(path);
+    return path.substr(0, path.size() - name.size()) + std::string(RemoveExtension(name)) + ".cnc";
+}
+
 // The save dialog until it is answered. False when nothing is to be saved.
 bool CncWriter::AskForName(std::string& name) {
     FileDialog& dialog = parts_.Controls.dlgFile;
@@ -201,7 +212,7 @@ bool CncWriter::AskForName(std::string& name) {
     const Texts& texts = parts_.Language;
     for (;;) {
         dialog.CancelError = true;
-        dialog.FileName = parts_.Controls.lblPath.Caption.Get();
+        dialog.FileName = ProposedName();
         try {
             if (!platform.Dialogs.ShowSave(dialog)) return false;
         } catch (const RunTimeError& error) {
@@ -229,12 +240,14 @@ void CncWriter::WriteFile(const std::string& name, const std::string& text) {
     // one are one step of the platform, so that the old one goes only when the new one is whole.
     parts_.Store.ProgramChanged = false;
     const bool written = Attempt(saveFileName, [&] { platform.Files.WriteWhole(name, text); });
-    SaveFailed = !written;
+    parts_.Store.SaveFailed = !written;
     if (!written) {
         platform.Dialogs.ShowMessage(Notice(FileMessage(parts_.Language, name, text::CannotWrite),
                                             parts_.Language.ErrorTexts(text::SaveTitle), Icon::Exclamation));
     }
     // 9.
+    parts_.Controls.NamesSource = false;
+    if (written) parts_.Controls.LastProgram = name;
     parts_.Controls.lblPath.Caption = name;
     parts_.Controls.lblFileName.Caption = ExtractFileName(name);
     Run(parts_.Calls.RefreshTitle);

@@ -31,8 +31,6 @@ public:
 
     // Set while the text is made for the printer: other heads, and the result columns that are in sight.
     bool PrintMode = false;
-    // Set while the last save of the program has not reached its file: what was to be saved is here alone.
-    bool SaveFailed = false;
 
     // The whole text, lines ended by CR LF; empty for a program without lines.
     std::string GenerateAll();
@@ -50,6 +48,7 @@ private:
     void AppendLine(std::string& text, const ListRow& row) const;
     void AppendUnits(std::string& text) const;
     bool AskForName(std::string& name);
+    std::string ProposedName() const;
     void WriteFile(const std::string& name, const std::string& text);
 
     Parts parts_;

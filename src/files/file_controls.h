@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "platform/controls.h"
 
 namespace kvt {
@@ -19,6 +21,10 @@ struct FileControls {
     Label lblFileName;  // the name without its folder
     TextBox txtFileNotes;
     FileDialog dlgFile;
+    // The labels name what a pre-processor has read: no program, so a save does not go there.
+    bool NamesSource = false;
+    // The last file that was a program.
+    std::string LastProgram;
 };
 
 }  // namespace kvt

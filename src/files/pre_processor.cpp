@@ -15,6 +15,9 @@ constexpr const char* preProcessorName = "Pre-Processor";
 constexpr const char* errorCaption = "PreProcessor Error!";
 constexpr const char* informationCaption = "PreProcessor Information";
 constexpr const char* waitCaption = "PreProcessor";
+constexpr const char* resultEnding = ".~pp";
+constexpr const char* errorEnding = ".~ppERR";
+constexpr const char* informationEnding = ".~ppINFO";
 constexpr std::string_view anyFile = "pre-processor files (*.*)|*.*";
 constexpr std::size_t mostEntries = std::numeric_limits<std::int16_t>::max();
 
@@ -83,25 +86,45 @@ void PreProcessor::mnuPP_Click(int index) {
     // 1.
     std::string name;
     if (!ChooseFile(name)) return;
-    const std::string result = name + ".~pp";
-    const std::string error = name + ".~ppERR";
-    const std::string information = name + ".~ppINFO";
-    // 2. The name is not quoted: one with a blank gives two arguments.
-    const std::string command = PreProcessorFolder + Entry(index).Caption.Get() + " " + name;
+    // What an earlier run has left must not speak for this one.
+    for (const char* ending : {resultEnding, errorEnding, informationEnding}) {
+        if (!MakeWay(name + ending)) return;
+    }
+    // 2. to 5. The name is not quoted: one with a blank gives two arguments.
+    const std::string result = name + resultEnding;
+    const bool converted = Convert(PreProcessorFolder + Entry(index).Caption.Get() + " " + name, name);
+    // 6. The reader empties the name that it is given.
+    if (converted) {
+        LoadAs as;
+        as.Changed = true;
+        std::string file = result;
+        parts_.Reader.LoadFile(file, as);
+        Remove(result);
+    }
+}
+
+// Runs the pre-processor. False where it has left no program, which has been told then, or the user has ended it.
+bool PreProcessor::Convert(const std::string& command, const std::string& name) {
+    // 2.
     int program = 0;
-    Attempt(preProcessorName, [&] { program = parts_.Platform.Programs.Start(command); });
+    if (!Attempt(preProcessorName, [&] { program = parts_.Platform.Programs.Start(command, name); })) {
+        Tell(text::NotStarted, command.substr(0, command.size() - name.size() - 1));
+        return false;
+    }
     // 3.
     if (!WaitFor(program, name)) {
-        for (const std::string* left : {&result, &error, &information}) Remove(*left);
-        return;
+        for (const char* ending : {resultEnding, errorEnding, informationEnding}) Remove(name + ending);
+        return false;
     }
     // 4., 5.
-    if (ShowMessage(error, errorCaption)) return;
-    ShowMessage(information, informationCaption);
-    // 6. The reader empties the name that it is given.
-    std::string file = result;
-    parts_.Reader.LoadFile(file);
+    if (ShowMessage(name + errorEnding, errorCaption)) return false;
+    ShowMessage(name + informationEnding, informationCaption);
+    // One that the system has cut off may have left half a program.
+    const std::string result = name + resultEnding;
+    if (!parts_.Platform.Programs.WasCutOff(program) && parts_.Platform.Files.Exists(result)) return true;
     Remove(result);
+    Tell(text::NoProgramLeft, name);
+    return false;
 }
 
 bool PreProcessor::WaitFor(int program, const std::string& name) {
@@ -138,6 +161,20 @@ bool PreProcessor::ShowMessage(const std::string& file, const char* caption) {
 void PreProcessor::Remove(const std::string& file) {
     if (!parts_.Platform.Files.Exists(file)) return;
     Attempt(preProcessorName, [&] { parts_.Platform.Files.Delete(file); });
+}
+
+// Removes what an earlier run has left under a name. False, and told, where it stays.
+bool PreProcessor::MakeWay(const std::string& file) {
+    Remove(file);
+    if (!parts_.Platform.Files.Exists(file)) return true;
+    Tell(text::OldResultStays, file);
+    return false;
+}
+
+void PreProcessor::Tell(int message, const std::string& name) {
+    const Texts& texts = parts_.Language;
+    parts_.Platform.Dialogs.ShowMessage(
+        Notice(std::string(texts.MessageTexts(message)) + "\r\n" + name, "", Icon::Exclamation));
 }
 
 }  // namespace kvt

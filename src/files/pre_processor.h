@@ -32,8 +32,8 @@ public:
 
     // Makes the menu anew for the machine in force.
     void RefreshPreProcessors();
-    // Asks for a file, has the pre-processor of an entry convert it, and loads what comes out. Meanwhile events
-    // are served; after two seconds the user can end it.
+    // Asks for a file, has the pre-processor of an entry convert it, and loads what comes out as a changed program.
+    // Meanwhile events are served; after two seconds the user can end it. Where nothing comes out that is told.
     void mnuPP_Click(int index);
     // Ends one that is running; nothing is loaded then.
     void Abort() { aborted_ = true; }
@@ -43,8 +43,11 @@ private:
     bool ChooseFile(std::string& name);
     // False where the user has ended it.
     bool WaitFor(int program, const std::string& name);
+    bool Convert(const std::string& command, const std::string& name);
+    bool MakeWay(const std::string& file);
     bool ShowMessage(const std::string& file, const char* caption);
     void Remove(const std::string& file);
+    void Tell(int message, const std::string& name);
 
     Parts parts_;
     // The array mnuPP. Entries that are not in use are hidden.

@@ -20,6 +20,8 @@ PreProcessorWindow::PreProcessorWindow(FocusService& focus)
       focus_(focus) {
     frmPreProcessor.Visible = false;
     frmPreProcessor.TopMost = true;
+    frmPreProcessor.SmallestWidth = smallestSize;
+    frmPreProcessor.SmallestHeight = smallestSize;
     tmrAbort.Enabled = false;
     rtfPP.Plain = true;
     cmdAbort.TabIndex = 1;

@@ -1,6 +1,7 @@
 #include "files/program_print.h"
 
 #include "basic/run_time_error.h"
+#include "basic/text.h"
 
 namespace kvt {
 
@@ -42,9 +43,9 @@ void ProgramPrint::mnuPrint_Click() {
     // 5. Each copy is a job of its own.
     const int copies = dlgPrint.Copies;
     for (int copy = 1; copy <= copies; ++copy) {
-        const FileDialog& file = parts_.Controls.dlgFile;
-        for (const std::string_view line : {file.FileTitle(), std::string_view(file.FileName),
-                                            std::string_view(), std::string_view(text)}) {
+        const std::string path = parts_.Controls.lblPath.Caption.Get();
+        for (const std::string_view line :
+             {ExtractFileName(path), std::string_view(path), std::string_view(), std::string_view(text)}) {
             if (!GoesOn(printName, [&] { printer.Print(line); })) return;
         }
         Attempt(printName, [&] { printer.EndDocument(); });

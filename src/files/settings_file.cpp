@@ -213,6 +213,16 @@ WindowPlace WindowPlaceOf(std::string_view text) {
     return {numbers[0], numbers[1], numbers[2], numbers[3]};
 }
 
+std::string WindowStateText(bool maximised) { return maximised ? ", Maximised" : ", Normal"; }
+
+std::optional<WindowState> WindowStateOf(std::string_view text) {
+    const std::vector<std::string_view> parts = Split(text, ",");
+    if (parts.size() < 5) return {};
+    if (EqualIgnoringCase(Trim(parts[4]), "Maximised")) return WindowState::Maximised;
+    if (EqualIgnoringCase(Trim(parts[4]), "Normal")) return WindowState::Normal;
+    return {};
+}
+
 std::string WithoutUtf8Mark(std::string bytes) {
     constexpr std::string_view mark = "\xEF\xBB\xBF";
     if (bytes.compare(0, mark.size(), mark) != 0) return bytes;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -69,12 +70,12 @@ int ZeroOrOne(std::string_view text);
 std::string ColorText(Color color);
 Color ColorOf(std::string_view text);
 // Height, left, top and width of a window in twips.
-struct WindowPlace {
-    int Height, Left, Top, Width;
-};
 std::string WindowText(const WindowPlace& place);
 // The four numbers at the beginning of a list; numbers no screen could have are error 6.
 WindowPlace WindowPlaceOf(std::string_view text);
+// What may stand behind the four numbers: Maximised or Normal. Nothing where neither does.
+std::string WindowStateText(bool maximised);
+std::optional<WindowState> WindowStateOf(std::string_view text);
 
 // The text of a file that a user may have written with any editor: what begins with the mark of UTF-8 is
 // converted, everything else is in the code page.

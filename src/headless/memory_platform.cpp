@@ -1,5 +1,7 @@
 #include "headless/memory_platform.h"
 
+#include <algorithm>
+
 namespace kvt {
 
 Answer MemoryDialogs::ShowMessage(const MessageBox& box) {
@@ -17,6 +19,13 @@ Answer MemoryDialogs::ShowMessage(const MessageBox& box) {
     }
     Answers.pop_front();
     return asked;
+}
+
+WindowPlace MemoryScreen::OnScreen(const WindowPlace& place) {
+    const int width = std::min(place.Width, WidthTwips);
+    const int height = std::min(place.Height, HeightTwips);
+    return {height, std::clamp(place.Left, 0, WidthTwips - width),
+            std::clamp(place.Top, 0, HeightTwips - height), width};
 }
 
 bool MemoryDialogs::Choose(FileDialog& dialog) {

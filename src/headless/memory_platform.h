@@ -9,11 +9,11 @@
 
 #include "headless/disk_files.h"
 #include "headless/fault_plan.h"
-#include "headless/memory_pictures.h"
+#include "headless/faulty_files.h"
+#include "headless/memory_focus.h"
 #include "headless/memory_port.h"
 #include "headless/memory_printer.h"
 #include "headless/system_programs.h"
-#include "platform/focus_keeper.h"
 #include "platform/keyboard.h"
 #include "platform/services.h"
 
@@ -65,6 +65,8 @@ public:
     int Width() override { return WidthTwips; }
     int Height() override { return HeightTwips; }
     int WorkAreaHeight() override { return WorkAreaTwips; }
+    WindowPlace OnScreen(const WindowPlace& place) override;
+    double PointsATwip() override { return 1.0 / 15; }
 
     int WidthTwips = 28800;
     int HeightTwips = 16200;
@@ -87,6 +89,7 @@ public:
     std::tm Now() override;
     std::string LocalDataFolder() override { return DataFolder; }
     void PressKey(int key) override { Press(key); }
+    void Later(std::function<void()> call) override;
     void Beep() override { ++Beeps; }
     void ShowPopupMenu(Menu& menu) override { ShownPopup = &menu; }
     void EndProgram() override { Ended = true; }
@@ -101,6 +104,9 @@ public:
     long long Patience = 2'000'000;
     // Runs whenever the clock has moved on.
     std::function<void()> OnClock;
+
+    // Runs what stands for a handler of a user's action, then what it has put off.
+    void Run(const std::function<void()>& handler);
 
     // A key or a character as a user presses it.
     void Press(int key, int held = 0) { Deliver(PressOf(KeyStroke{key, held})); }
@@ -123,6 +129,10 @@ private:
     bool MenuIsOpen() const override { return ShownPopup != nullptr; }
     void CloseMenu() override { ShownPopup = nullptr; }
 
+    struct PutOffCall {
+        std::function<void()> Call;
+        int Depth;  // of the handler that has put it off
+    };
     bool ServeWaiting();
     void Deliver(KeyPress press);
     void DeliverWaiting();
@@ -147,27 +157,26 @@ private:
     std::deque<KeyPress> keys_;
     bool delivering_ = false;
     std::vector<std::unique_ptr<TimerPhase>> timers_;
+    std::deque<PutOffCall> putOff_;
+    int depth_ = 0;  // of handlers
 };
-
-using MemoryFocus = FocusKeeper;
 
 // The memory half of the platform: all services without a display. Files are those of the disk.
 class MemoryPlatform {
 public:
     FaultPlan Faults;
-    DiskFiles Files{Faults};
+    DiskFiles Disk;
+    FaultyFiles Files{Disk, Faults};
     MemoryDialogs Dialogs;
     MemoryClipboard Clipboard{Faults};
     MemoryScreen Screen;
-    FocusKeeper Focus;
+    MemoryFocus Focus;
     MemorySystem System{Focus, &Clipboard};
     MemoryPort Port{Faults, System.Clock};
     MemoryPrinter Printer{Faults};
     MemoryPrograms Programs{Faults};
-    MemoryPictures Pictures;
 
-    kvt::Services Services{Files, Dialogs, Clipboard, Screen,   System,
-                           Focus, Port,    Printer,   Programs, Pictures};
+    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port, Printer, Programs};
 
     MemoryPlatform() {
         System.OnClock = [this] { Port.ClockMoved(); };
@@ -175,7 +184,7 @@ public:
 
     // For a new run of the program: its windows have gone, with the focus; what lies outside it stays.
     void BeginRun() {
-        Focus = FocusKeeper();
+        Focus = MemoryFocus();
         System.BeginRun();
         Port.Reset();
         Port.OnComm = nullptr;

@@ -22,20 +22,35 @@ private:
     bool before_ = std::exchange(delivering_, false);
 };
 
+// Counts a handler for as long as it runs.
+class Deeper {
+public:
+    explicit Deeper(int& depth) : depth_(depth) { ++depth_; }
+    ~Deeper() { --depth_; }
+    Deeper(const Deeper&) = delete;
+    Deeper& operator=(const Deeper&) = delete;
+
+private:
+    int& depth_;
+};
+
 }  // namespace
 
 bool MemorySystem::DoEvents() {
     if (Ended) return false;
     const OpenedForKeys opened(delivering_);
-    if (!ServeWaiting() && (!NextEvent || !NextEvent())) return false;
-    return !Ended;
+    bool served = false;
+    Run([&] { served = ServeWaiting() || (NextEvent && NextEvent()); });
+    return served && !Ended;
 }
 
 bool MemorySystem::WaitUntil(const std::function<double()>& left) {
     if (Ended) return false;
     const OpenedForKeys opened(delivering_);
-    ServeWaiting();
-    if (NextInTimedWait) NextInTimedWait();
+    Run([&] {
+        ServeWaiting();
+        if (NextInTimedWait) NextInTimedWait();
+    });
     for (double more = left(); more > 0 && !Ended; more = left())
         Advance(static_cast<int>(NextTick(Clock + static_cast<long long>(std::ceil(more))) - Clock));
     return !Ended;
@@ -61,6 +76,28 @@ std::tm MemorySystem::Now() {
     return local;
 }
 
+void MemorySystem::Later(std::function<void()> call) {
+    putOff_.push_back({std::move(call), std::max(depth_, 1)});
+}
+
+// One that stands below on the stack is not through yet: what it has put off stays for its own end.
+void MemorySystem::Run(const std::function<void()>& handler) {
+    {
+        const Deeper deeper(depth_);
+        handler();
+    }
+    const auto due = [this] {
+        return std::find_if(putOff_.begin(), putOff_.end(),
+                            [this](const PutOffCall& one) { return one.Depth > depth_; });
+    };
+    for (auto next = due(); next != putOff_.end() && !Ended; next = due()) {
+        const std::function<void()> call = std::move(next->Call);
+        putOff_.erase(next);
+        const Deeper deeper(depth_);
+        call();
+    }
+}
+
 // A key that a handler presses arrives when the handler has ended.
 void MemorySystem::Deliver(KeyPress press) {
     press.Time = Clock;
@@ -71,17 +108,20 @@ void MemorySystem::Deliver(KeyPress press) {
 void MemorySystem::DeliverWaiting() {
     const StackGuard guard(delivering_);
     if (!guard.Entered()) return;
-    while (!keys_.empty() && !Ended) {
-        const KeyPress next = keys_.front();
-        keys_.pop_front();
-        if (const Control* const focused = focus_.Focused()) keyboard_.Press(focused->OwningForm(), next);
-    }
-    keys_.clear();
+    Run([this] {
+        while (!keys_.empty() && !Ended) {
+            const KeyPress next = keys_.front();
+            keys_.pop_front();
+            if (const Control* const focused = focus_.Focused()) keyboard_.Press(focused->OwningForm(), next);
+        }
+        keys_.clear();
+    });
 }
 
 void MemorySystem::BeginRun() {
     keys_.clear();
     timers_.clear();
+    putOff_.clear();
     ShownPopup = nullptr;
     Ended = false;
 }
@@ -131,7 +171,7 @@ void MemorySystem::Advance(int milliseconds) {
         Clock = next;
         if (OnClock) OnClock();
         for (Timer* timer : due) {
-            if (timer->Enabled && timer->OnTimer) timer->OnTimer();
+            if (timer->Enabled && timer->OnTimer) Run(timer->OnTimer);
         }
     }
 }

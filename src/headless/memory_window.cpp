@@ -1,35 +1,30 @@
 #include "headless/memory_window.h"
 
-#include <utility>
-
 namespace kvt {
 
-MemoryWindow::MemoryWindow(Form& form, ScreenService& screen)
-    : form_(form), screen_(screen), state_(form.State), normal_(PlaceNow()) {
+MemoryWindow::MemoryWindow(Form& form, ScreenService& screen, MemoryFocus& focus)
+    : form_(form), screen_(screen), focus_(focus) {
     form_.View = this;
 }
 
 MemoryWindow::~MemoryWindow() { form_.View = nullptr; }
 
 void MemoryWindow::Resize(int width, int height) {
-    Put({form_.Left, form_.Top, width, height});
+    Put({height, form_.Left, form_.Top, width});
     TellResize();
 }
 
 void MemoryWindow::PropertyChanged(Control&, PropertyId id) {
     if (placing_) return;
-    if (id == PropertyId::WindowState) StateChanged();
-}
-
-void MemoryWindow::StateChanged() {
-    const WindowState before = std::exchange(state_, form_.State.Get());
-    if (before == WindowState::Normal) normal_ = PlaceNow();
-    if (state_ == WindowState::Maximised) Put({0, 0, screen_.Width(), screen_.WorkAreaHeight()});
-    if (state_ == WindowState::Normal) Put(normal_);
+    if (id == PropertyId::Visible && !form_.Visible) return focus_.Gone(form_);
+    const bool comesToFront = id == PropertyId::Front || (id == PropertyId::Visible && !form_.ComesBehind());
+    if (comesToFront && !form_.TopMost) focus_.BringToFront(form_);
+    if (id != PropertyId::WindowState) return;
+    if (form_.State == WindowState::Maximised) Put({screen_.WorkAreaHeight(), 0, 0, screen_.Width()});
     TellResize();
 }
 
-void MemoryWindow::Put(const Place& place) {
+void MemoryWindow::Put(const WindowPlace& place) {
     placing_ = true;
     form_.Left = place.Left;
     form_.Top = place.Top;

@@ -1,15 +1,17 @@
 #pragma once
 
+#include "headless/memory_focus.h"
 #include "platform/controls.h"
 #include "platform/services.h"
 
 namespace kvt {
 
 // A window without a display: a maximised form has the work area, a restored one the place that it had before,
-// and a form hears of every new size, by hand or by code.
+// and a form hears of every new size, by hand or by code. One that is shown or brought up comes to the front, unless it
+// stays above the others anyway.
 class MemoryWindow : public ControlView {
 public:
-    MemoryWindow(Form& form, ScreenService& screen);
+    MemoryWindow(Form& form, ScreenService& screen, MemoryFocus& focus);
     ~MemoryWindow() override;
     MemoryWindow(const MemoryWindow&) = delete;
     MemoryWindow& operator=(const MemoryWindow&) = delete;
@@ -21,18 +23,12 @@ public:
     void PropertyChanged(Control& control, PropertyId id) override;
 
 private:
-    struct Place {
-        int Left, Top, Width, Height;
-    };
-    Place PlaceNow() const { return {form_.Left, form_.Top, form_.Width, form_.Height}; }
-    void Put(const Place& place);
-    void StateChanged();
+    void Put(const WindowPlace& place);
     void TellResize() const;
 
     Form& form_;
     ScreenService& screen_;
-    WindowState state_;
-    Place normal_;
+    MemoryFocus& focus_;
     bool placing_ = false;
 };
 

@@ -178,8 +178,13 @@ void PosixPort::Read() {
     const ssize_t size = read(handle_, piece, sizeof piece);
     if (size < 0 && (errno == EAGAIN || errno == EINTR)) return;
     if (size <= 0) return Vanish();
-    received_.append(piece, static_cast<std::size_t>(size));
+    Keep({piece, static_cast<std::size_t>(size)});
     Tell(CommEvent::Receive);
+}
+
+void PosixPort::Keep(std::string_view piece) {
+    received_ += piece;
+    arrived_ += static_cast<long long>(piece.size());
 }
 
 // What it has still brought is told before it is closed.
@@ -189,7 +194,7 @@ void PosixPort::Vanish() {
     char piece[4096];
     for (ssize_t size = 1; size > 0;) {
         size = read(handle_, piece, sizeof piece);
-        if (size > 0) received_.append(piece, static_cast<std::size_t>(size));
+        if (size > 0) Keep({piece, static_cast<std::size_t>(size)});
     }
     if (!received_.empty()) Tell(CommEvent::Receive);
     vanishing_ = false;

@@ -32,6 +32,9 @@ public:
     // So many milliseconds behind its time a device may take nothing before it counts as gone.
     double LongestStall = 5000;
 
+    // All characters that have come since it was made, those without a sign among them.
+    long long Arrived() const { return arrived_; }
+
     // Waits for the device for so many milliseconds at the most, then sends and receives what can be, and tells
     // the events.
     void Serve(double milliseconds);
@@ -46,6 +49,7 @@ private:
     bool IsStuck();
     void Write();
     void Read();
+    void Keep(std::string_view piece);
     void Vanish();
 
     std::vector<std::string> devices_;
@@ -53,6 +57,7 @@ private:
     int handle_ = -1;
     std::string unwritten_;
     std::string received_;
+    long long arrived_ = 0;
     LinePace pace_;
     LineWatch watch_;
     bool sending_ = false;

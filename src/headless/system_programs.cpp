@@ -13,7 +13,8 @@
 #include <thread>
 
 #include "basic/text.h"
-#include "headless/disk_files.h"
+#include "headless/confinement.h"
+#include "headless/file_names.h"
 
 extern char** environ;
 
@@ -57,14 +58,22 @@ public:
     StartConditions(const StartConditions&) = delete;
     StartConditions& operator=(const StartConditions&) = delete;
 
-    // A program that cannot be started is error 75.
-    pid_t Spawn(const Command& command) const {
-        std::vector<char*> words = {const_cast<char*>(command.Program.c_str())};
-        for (const std::string& argument : command.Arguments)
-            words.push_back(const_cast<char*>(argument.c_str()));
-        words.push_back(nullptr);
+    // words begins with the program; variable is one more for its environment. A program that cannot be started is
+    // error 75.
+    pid_t Spawn(const std::vector<std::string>& words, const std::string& variable = {}) const {
+        std::vector<char*> arguments;
+        for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
+        arguments.push_back(nullptr);
+        std::vector<char*> variables;
+        const std::string_view name(variable.data(), std::min(variable.find('=') + 1, variable.size()));
+        for (char** one = environ; *one; ++one) {
+            if (name.empty() || !std::string_view(*one).starts_with(name)) variables.push_back(*one);
+        }
+        if (!variable.empty()) variables.push_back(const_cast<char*>(variable.c_str()));
+        variables.push_back(nullptr);
         pid_t process = 0;
-        if (posix_spawn(&process, command.Program.c_str(), &files_, &attributes_, words.data(), environ) != 0)
+        if (posix_spawn(&process, words.front().c_str(), &files_, &attributes_, arguments.data(),
+                        variables.data()) != 0)
             throw RunTimeError(fault::PathFileAccess);
         return process;
     }
@@ -74,8 +83,8 @@ private:
     posix_spawnattr_t attributes_;
 };
 
-bool Ended(pid_t process) {
-    const pid_t got = waitpid(process, nullptr, WNOHANG);
+bool Ended(pid_t process, int* status = nullptr) {
+    const pid_t got = waitpid(process, status, WNOHANG);
     return got == process || (got < 0 && errno == ECHILD);
 }
 
@@ -85,26 +94,40 @@ void Kill(pid_t process) {
     }
 }
 
+// The name of a file as an argument that no program takes for an option.
+std::string NoOption(std::string name) { return name.starts_with('-') ? "./" + name : name; }
+
 }  // namespace
 
 SystemPrograms::~SystemPrograms() {
     for (const auto& [number, process] : running_) Kill(process);
 }
 
-int SystemPrograms::Start(std::string_view commandLine) {
-    Command command =
+int SystemPrograms::Start(std::string_view commandLine, std::string_view file) {
+    const Command command =
         SplitCommand(commandLine, [](const std::string& path) { return IsProgram(NameForSystem(path)); });
     if (command.Program.empty()) throw RunTimeError(fault::FileNotFound);
-    command.Program = NameForSystem(command.Program);
-    for (std::string& argument : command.Arguments) argument = NameForSystem(argument);
-    running_[++lastNumber_] = StartConditions().Spawn(command);
+    // The name is one for the system as a whole, and its pieces are pieces of that.
+    std::vector<std::string> words = WordsOf(NoOption(NameForSystem(command.Rest)));
+    words.insert(words.begin(), NameForSystem(command.Program));
+    const std::string variable = std::string(FileVariable) + "=" + NoOption(NameForSystem(file));
+    pid_t process = 0;
+    const auto spawn = [&] { process = StartConditions().Spawn(words, variable); };
+    if (confinedTo_.empty()) {
+        spawn();
+    } else {
+        RunConfined(confinedTo_, spawn);
+    }
+    running_[++lastNumber_] = process;
     return lastNumber_;
 }
 
 bool SystemPrograms::HasEnded(int program) {
     const auto found = running_.find(program);
     if (found == running_.end()) return true;
-    if (!Ended(found->second)) return false;
+    int status = 0;
+    if (!Ended(found->second, &status)) return false;
+    if (WIFSIGNALED(status)) cutOff_.insert(program);
     running_.erase(found);
     return true;
 }
@@ -117,20 +140,20 @@ void SystemPrograms::End(int program) {
 }
 
 bool SystemPrograms::Launch(std::string_view name) {
-    std::erase_if(launched_, Ended);
+    std::erase_if(launched_, [](pid_t process) { return Ended(process); });
     const char* const path = std::getenv("PATH");
     for (const std::string_view folder : Split(path ? path : "", ":")) {
         const std::string program = std::string(folder) + "/" + std::string(name);
         if (!IsProgram(program)) continue;
-        launched_.push_back(StartConditions().Spawn({program, {}}));
+        launched_.push_back(StartConditions().Spawn({program}));
         return true;
     }
     return false;
 }
 
-int MemoryPrograms::Start(std::string_view commandLine) {
+int MemoryPrograms::Start(std::string_view commandLine, std::string_view file) {
     faults_.Pass("program", fault::FileNotFound);
-    return real_.Start(commandLine);
+    return real_.Start(commandLine, file);
 }
 
 bool MemoryPrograms::HasEnded(int program) {

@@ -3,7 +3,10 @@
 #include <sys/types.h>
 
 #include <chrono>
+#include <filesystem>
 #include <map>
+#include <set>
+#include <vector>
 
 #include "headless/fault_plan.h"
 #include "platform/programs.h"
@@ -19,13 +22,19 @@ public:
     SystemPrograms(const SystemPrograms&) = delete;
     SystemPrograms& operator=(const SystemPrograms&) = delete;
 
-    int Start(std::string_view commandLine) override;
+    int Start(std::string_view commandLine, std::string_view file) override;
     bool HasEnded(int program) override;
+    bool WasCutOff(int program) override { return cutOff_.contains(program); }
     void End(int program) override;
     bool Launch(std::string_view name) override;
 
+    // What is started from now on may write below these folders alone, as far as the system can see to that.
+    void ConfineTo(std::vector<std::filesystem::path> folders) { confinedTo_ = std::move(folders); }
+
 private:
     std::map<int, pid_t> running_;
+    std::set<int> cutOff_;
+    std::vector<std::filesystem::path> confinedTo_;
     std::vector<pid_t> launched_;
     int lastNumber_ = 0;
 };
@@ -36,10 +45,12 @@ class MemoryPrograms : public ProgramService {
 public:
     explicit MemoryPrograms(FaultPlan& faults) : faults_(faults) {}
 
-    int Start(std::string_view commandLine) override;
+    int Start(std::string_view commandLine, std::string_view file) override;
     bool HasEnded(int program) override;
+    bool WasCutOff(int program) override { return real_.WasCutOff(program); }
     void End(int program) override { real_.End(program); }
     bool Launch(std::string_view name) override;
+    void ConfineTo(std::vector<std::filesystem::path> folders) { real_.ConfineTo(std::move(folders)); }
 
     // How long the first question for its end waits for a program, in real time.
     std::chrono::milliseconds Patience{20'000};

@@ -1,5 +1,7 @@
 #include "platform/controls.h"
 
+#include <utility>
+
 #include "basic/run_time_error.h"
 #include "basic/stack_guard.h"
 #include "basic/text.h"
@@ -44,8 +46,41 @@ Control* Form::FindControl(std::string_view name, int index) const {
     return nullptr;
 }
 
+WindowPlace Form::RestoredPlace() const {
+    return State == WindowState::Normal ? WindowPlace{Height, Left, Top, Width} : restored_;
+}
+
+void Form::SetRestoredPlace(const WindowPlace& place) {
+    if (State != WindowState::Normal) {
+        restored_ = place;
+        return Control::Changed(PropertyId::RestoredPlace);
+    }
+    Height = place.Height;
+    Left = place.Left;
+    Top = place.Top;
+    Width = place.Width;
+}
+
+void Form::ShowBehind() {
+    const StackGuard guard(comesBehind_);
+    Visible = true;
+}
+
+// A restored window has its place again before its view hears of it.
+void Form::NoteState() {
+    const WindowState now = State;
+    const WindowState before = std::exchange(lastState_, now);
+    if (before == WindowState::Normal) restored_ = {Height, Left, Top, Width};
+    if (now != WindowState::Minimised) fillsScreen_ = now == WindowState::Maximised;
+    if (now != WindowState::Normal) return;
+    TakeSize(restored_.Width, restored_.Height);
+    Left = restored_.Left;
+    Top = restored_.Top;
+}
+
 // The view has taken on the new size before the form lays out its controls.
 void Form::Changed(PropertyId id) {
+    if (id == PropertyId::WindowState) NoteState();
     Control::Changed(id);
     if ((id == PropertyId::Width || id == PropertyId::Height) && !takingSize_ && OnResize) OnResize();
 }

@@ -111,6 +111,12 @@ private:
 
 enum class WindowState { Normal, Minimised, Maximised };
 
+// Where a window lies, and how large it is, in twips.
+struct WindowPlace {
+    int Height, Left, Top, Width;
+    bool operator==(const WindowPlace&) const = default;
+};
+
 // A window. Keeps the list of its controls in the order of their making.
 class Form : public Control {
 public:
@@ -131,8 +137,20 @@ public:
     // What of the form's size the window's edges, title and menus take; 0 where the size is that of the field
     // alone. Set before it is shown.
     int EdgeWidth = 0, EdgeHeight = 0;
+    // The size that the user cannot draw it below; 0 where there is none. Set before it is shown.
+    int SmallestWidth = 0, SmallestHeight = 0;
+
+    // The window's place; for one that is maximised or minimised that to which it goes back.
+    WindowPlace RestoredPlace() const;
+    // Moves it there; one that is maximised or minimised goes there when it is restored.
+    void SetRestoredPlace(const WindowPlace& place);
+    // Whether the window is maximised, or is minimised and was so before.
+    bool FillsScreen() const { return fillsScreen_; }
     // Brings the window in front of the others, with the keys.
     void BringToFront() { Control::Changed(PropertyId::Front); }
+    // Shows the window behind the one in front, which keeps the keys.
+    void ShowBehind();
+    bool ComesBehind() const { return comesBehind_; }
     // The window's own close control was used. The form decides what happens; by itself nothing does.
     std::function<void()> OnQueryUnload;
     // A file was dropped on the window.
@@ -150,8 +168,14 @@ protected:
 
 private:
     friend class Control;
+    void NoteState();
+
     std::vector<Control*> controls_;
     bool takingSize_ = false;
+    WindowState lastState_ = WindowState::Normal;
+    WindowPlace restored_ = {};
+    bool fillsScreen_ = false;
+    bool comesBehind_ = false;
 };
 
 class Label : public Control {
@@ -329,6 +353,8 @@ public:
     void SetEntriesInSight(int entries) { entriesInSight_ = entries; }
     // Characters of one width; set before it is shown.
     bool FixedPitch = false;
+    // Lies over other lists that it reaches into. Set before it is shown.
+    bool InFront = false;
 
     static constexpr int EntryHeight = 240;  // twips
 

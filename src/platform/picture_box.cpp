@@ -82,6 +82,7 @@ void PictureBox::Add(const DrawOperation& operation) {
 void PictureBox::BeginList() {
     before_ += static_cast<long long>(operations_.size());
     operations_.clear();
+    Kept = {};
     operations_.push_back({.What = OfKind::Clear, .Ink = BackColor});
     Control::Changed(PropertyId::Operations);
 }

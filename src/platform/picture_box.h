@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/controls.h"
+#include "platform/pictures.h"
 
 namespace kvt {
 
@@ -22,7 +23,7 @@ inline constexpr int Solid = 0, Transparent = 1, DownwardDiagonal = 5;
 
 // One thing that was drawn. Places and lengths are twips on the field, angles radians.
 struct DrawOperation {
-    // Picture stands for operations that a view has kept as a picture: what comes behind is drawn on it.
+    // Picture stands for operations that were exchanged for a picture: what comes behind is drawn on it.
     enum class Kind : std::uint8_t { Clear, Line, Box, Circle, Picture };
     // The angle that stands for none: the circle is a full one.
     static constexpr float NoAngle = std::numeric_limits<float>::infinity();
@@ -100,10 +101,12 @@ public:
     // How many operations were made before those of the list, in all the field's life.
     long long OperationsBefore() const { return before_; }
 
-    // A list that has grown to this length is offered to OnFull. Who keeps what it shows as a picture gives true,
-    // and the list begins again with that picture; without a taker nothing is dropped and the list grows on.
+    // A list that has grown to this length is offered to OnFull. Who puts what it shows into Kept gives true, and
+    // the list begins again with that picture; without a taker nothing is dropped and the list grows on.
     static constexpr std::size_t MostOperations = 1'000'000;
     std::function<bool()> OnFull;
+    // What a Picture operation stands for: the whole field, in any size.
+    Pixels Kept;
 
     MouseHandler OnMouseMove;
     MouseHandler OnMouseDown;

@@ -6,8 +6,6 @@
 
 namespace kvt {
 
-class PictureBox;
-
 // A rectangle of a field, twips.
 struct FieldArea {
     double Left = 0, Top = 0, Width = 0, Height = 0;
@@ -22,15 +20,7 @@ struct Pixels {
 
 // The file of a Windows bitmap with 24 bits a point.
 std::string BmpOf(const Pixels& picture);
-
-// Turns a drawing into points.
-class PictureService {
-public:
-    virtual ~PictureService() = default;
-    // An area of a field as its window shows it, at least one point.
-    virtual Pixels Paint(const PictureBox& field, const FieldArea& area) = 0;
-    // The file of a PNG.
-    virtual std::string PngOf(const Pixels& picture) = 0;
-};
+// The file of a PNG with 24 bits a point; error 75 where it cannot be made.
+std::string PngOf(const Pixels& picture);
 
 }  // namespace kvt

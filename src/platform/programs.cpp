@@ -13,12 +13,18 @@ Command SplitCommand(std::string_view commandLine,
         std::string beginning(commandLine.substr(0, end));
         if (!isProgram(beginning)) continue;
         command.Program = std::move(beginning);
-        for (const std::string_view word : Split(commandLine.substr(end), " ")) {
-            if (!word.empty()) command.Arguments.emplace_back(word);
-        }
+        command.Rest = commandLine.substr(std::min(end + 1, commandLine.size()));
         break;
     } while (end < commandLine.size());
     return command;
+}
+
+std::vector<std::string> WordsOf(std::string_view text) {
+    std::vector<std::string> words;
+    for (const std::string_view word : Split(text, " ")) {
+        if (!word.empty()) words.emplace_back(word);
+    }
+    return words;
 }
 
 }  // namespace kvt

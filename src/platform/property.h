@@ -29,6 +29,7 @@ enum class PropertyId : std::uint8_t {
     Entries,
     Selection,
     WindowState,
+    RestoredPlace,
     Rows,
     SelectedRow,
     TopRow,

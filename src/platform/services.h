@@ -31,6 +31,8 @@ public:
     virtual void WriteWhole(std::string_view path, std::string_view content) = 0;
     // Adds to a file's end and makes the file where it is missing; error 75.
     virtual void Append(std::string_view path, std::string_view content) = 0;
+    // Whether files can be made in a folder, so far as one can tell beforehand.
+    virtual bool CanWrite(std::string_view folder) = 0;
     // No file is error 53, another failure error 75.
     virtual void Delete(std::string_view path) = 0;
     // Makes a folder with its parents; one that exists is fine. Error 75.
@@ -90,6 +92,10 @@ public:
     virtual int Width() = 0;
     virtual int Height() = 0;
     virtual int WorkAreaHeight() = 0;
+    // A window's place, moved and made smaller where no screen would show all of it.
+    virtual WindowPlace OnScreen(const WindowPlace& place) = 0;
+    // How fine it is: the points of a picture that shows what it shows.
+    virtual double PointsATwip() = 0;
 };
 
 class SystemService {
@@ -111,6 +117,9 @@ public:
     // Puts a key press (a number of keys.h) into the input, as if the user had pressed it. It arrives when the
     // handler that is running has ended.
     virtual void PressKey(int key) = 0;
+    // Puts off a call until the handler that is running is through with all that it has to do; asked for outside of
+    // every handler, until events are served next.
+    virtual void Later(std::function<void()> call) = 0;
     virtual void Beep() = 0;
     // Shows the entries of a menu at the pointer.
     virtual void ShowPopupMenu(Menu& menu) = 0;
@@ -136,7 +145,6 @@ struct Services {
     SerialPort& Port;
     PrinterService& Printer;
     ProgramService& Programs;
-    PictureService& Pictures;
 };
 
 }  // namespace kvt

@@ -28,6 +28,7 @@ void MachineControls::SetUnits(std::string_view name) {
         return;
     }
     RefreshUnits();
+    if (OnUnits) OnUnits();
 }
 
 void MachineControls::RefreshUnits() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string_view>
 
 #include "platform/controls.h"
@@ -18,8 +19,11 @@ public:
     Menu mnuINCHtoMM, mnuMMtoINCH;
     Label lblPPUnits;
 
-    // Sets Metric from "Metric" or "Imperial" and lets the options, menu entries and the label follow. Runs no
-    // click handler. Another name changes nothing.
+    // What else follows the units, wherever they are set.
+    std::function<void()> OnUnits;
+
+    // Sets Metric from "Metric" or "Imperial" and lets the options, menu entries, the label and OnUnits follow. Runs
+    // no click handler. Another name changes nothing.
     void SetUnits(std::string_view name);
     // The same with the units that are in force.
     void RefreshUnits();

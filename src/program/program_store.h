@@ -40,6 +40,8 @@ struct ProgramStore {
     bool EndCodePresent = false;
     bool ArcPresent = false;
     bool ProgramChanged = false;
+    // The last save of the program has not reached its file: what was to be saved is here alone.
+    bool SaveFailed = false;
     bool EditorRunMode = false;
     bool StepGranted = false;
     bool ErrorFlagged = false;
@@ -51,6 +53,8 @@ struct ProgramStore {
 
     bool TransmitActive = false;
 
+    // Whether the user has something to lose here: changes, or a save that has failed.
+    bool Unsaved() const { return ProgramChanged || (SaveFailed && LineCount() > 0); }
     bool IsMK2() const;
     bool IsMK4() const;
     bool IsF1() const;

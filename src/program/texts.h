@@ -70,12 +70,14 @@ inline constexpr int NoLines = 1, DeleteLine = 3, MaximumLines = 4, MustBeNumeri
                      UnknownCode = 9, NoPercent = 10, CannotRead = 11, CannotWrite = 12, OpenTitle = 13,
                      SaveTitle = 14, DeleteTitle = 15, PortProblem = 16, NoPrinter = 17, SerialPort = 18,
                      PortGone = 19, PortGoneAfter = 20, SettingsRefused = 21, ReceivedKept = 22, LineOf = 23,
-                     TimeLeft = 24, ReceivedCount = 25;
+                     TimeLeft = 24, ReceivedCount = 25, NotFound = 5, NotSent = 7;
 inline constexpr int SaveNow = 1, ClearAnyway = 2, ContinueTitle = 3, ClearTitle = 4, NoFileSpecified = 5,
-                     NoCalculator = 6, StillAtWork = 7, Minimum = 11, Maximum = 12, TheFile = 15,
-                     NotACncFile = 16, RecognizingProblem = 17, ProgramVersion = 13, LanguageModule = 14,
-                     Overwrite = 19, LowestValue = 20, HighestValue = 21, LeftAngle = 24, RightAngle = 25,
-                     DragTaskbar = 26, BlockedByTaskbar = 27, RestoreUnsaved = 28, Unkept = 29;
+                     NoCalculator = 6, StillAtWork = 7, NoProgramLeft = 8, NotStarted = 9,
+                     OldResultStays = 10, NoSerialPort = 18, PortStayedClosed = 22, SwitchedOff = 31,
+                     Minimum = 11, Maximum = 12, TheFile = 15, NotACncFile = 16, RecognizingProblem = 17,
+                     ProgramVersion = 13, LanguageModule = 14, Overwrite = 19, LowestValue = 20,
+                     HighestValue = 21, LeftAngle = 24, RightAngle = 25, DragTaskbar = 26,
+                     BlockedByTaskbar = 27, RestoreUnsaved = 28, Unkept = 29;
 // In DrawErrorTexts.
 inline constexpr int HasBeenSaved = 1, TooManyCalls = 2, MostCalls = 3, NotRecognised = 6, NotWritten = 7;
 }  // namespace text

@@ -11,7 +11,10 @@ namespace kvt {
 struct WorkbenchCalls {
     std::function<void()> cmdReturn_Click;
     std::function<void()> ClearProgram_Click;
-    // Repaints the drawing where its window is up; RedrawAfterEdit only if it follows every edit.
+    // Puts a copy of the unsaved program where the next start finds it. False where it could not be written.
+    std::function<bool()> KeepAside;
+    // Have the drawing repainted where its window is up, when the handler that is running has ended; RedrawAfterEdit
+    // only if it follows every edit.
     std::function<void()> mnuDraw_Click;
     std::function<void()> RedrawAfterEdit;
     std::function<void()> ControlsPositioning;

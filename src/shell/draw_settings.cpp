@@ -31,15 +31,6 @@ constexpr Mark marks[] = {
     {"Background", &DrawControls::mnuBackground}, {"AutoRedraw", &DrawControls::mnuAutoRedraw},
 };
 
-WindowPlace PlaceOf(const Form& form) { return {form.Height, form.Left, form.Top, form.Width}; }
-
-void Move(Form& form, const WindowPlace& place) {
-    form.Height = place.Height;
-    form.Left = place.Left;
-    form.Top = place.Top;
-    form.Width = place.Width;
-}
-
 // A window far out is brought back, one beyond the edge to it.
 int OnScreen(int place, int screen) {
     if (place > 0.9 * screen) return ToLong(0.7 * screen);
@@ -52,18 +43,27 @@ DrawSettings::DrawSettings(Workbench& bench) : Keys("DRAW", DrawSettingKeys()), 
     BindMarks();
     Form& drawing = bench_.Draw.Controls.frmDraw;
     Keys.Bind(
-        "DrawWindow", [this](const std::string& value) { PlaceDrawing(WindowPlaceOf(value)); },
-        [&drawing] { return WindowText(PlaceOf(drawing)); });
+        "DrawWindow",
+        [this](const std::string& value) { PlaceDrawing(WindowPlaceOf(value), WindowStateOf(value)); },
+        [this, &drawing] {
+            const bool asItBegins =
+                drawing.FillsScreen() == DrawWindow::BeginsMaximised(bench_.Platform.Screen);
+            return WindowText(drawing.RestoredPlace()) +
+                   (asItBegins ? "" : WindowStateText(drawing.FillsScreen()));
+        });
     Form& listing = bench_.Draw.Listing.frmProgramWindow;
     Keys.Bind(
         "ProgramWindow", [this](const std::string& value) { PlaceListing(value); },
-        [&listing] { return WindowText(PlaceOf(listing)) + (listing.Visible ? ", Active" : ", Inactive"); });
+        [&listing] {
+            return WindowText(listing.RestoredPlace()) + (listing.Visible ? ", Active" : ", Inactive");
+        });
     bench_.Draw.LoadSettings = [this] { LoadSettings(); };
     bench_.Draw.SaveSettings = [this] { SaveSettings(); };
     bench_.Settings.Keys.Bind(
         "DrawWindow Active",
         [this](const std::string& value) {
-            if (TrueOrFalse(value)) bench_.Draw.Show();
+            // A drawing may wait: the editor stands before it.
+            if (TrueOrFalse(value)) bench_.Platform.System.Later([this] { bench_.Draw.ShowBehindEditor(); });
         },
         [&drawing] { return TrueOrFalse(drawing.Visible.Get()); });
 }
@@ -91,9 +91,10 @@ void DrawSettings::LoadSettings() {
     if (!files.Exists(folder + drawFile)) {
         bench_.Draw.Controls.SetDesignMarks();
         Form& form = bench_.Draw.Controls.frmDraw;
-        form.Left = (bench_.Platform.Screen.Width() - form.Width) / 2;
-        form.Top = (bench_.Platform.Screen.Height() - form.Height) / 2;
-        return;
+        WindowPlace place = form.RestoredPlace();
+        place.Left = (bench_.Platform.Screen.Width() - place.Width) / 2;
+        place.Top = (bench_.Platform.Screen.Height() - place.Height) / 2;
+        return form.SetRestoredPlace(place);
     }
     // 3. to 5.
     std::string text;
@@ -109,21 +110,22 @@ void DrawSettings::SaveSettings() {
     if (!written) bench_.TellUnkept();
 }
 
-void DrawSettings::PlaceDrawing(const WindowPlace& place) {
+// One that begins maximised has its place for later, when it is restored.
+void DrawSettings::PlaceDrawing(const WindowPlace& place, std::optional<WindowState> state) {
     Form& form = bench_.Draw.Controls.frmDraw;
-    if (form.State != WindowState::Normal) return;
+    if (state) form.State = *state;
     const int screenWidth = bench_.Platform.Screen.Width();
     const int screenHeight = bench_.Platform.Screen.Height();
     if (place.Height == neverPlaced && place.Left == neverPlaced && place.Top == neverPlaced &&
         place.Width == neverPlaced) {
-        return Move(form, {smallestHeight, (screenWidth - smallestWidth) / 2,
-                           (screenHeight - smallestHeight) / 2, smallestWidth});
+        return form.SetRestoredPlace({smallestHeight, (screenWidth - smallestWidth) / 2,
+                                      (screenHeight - smallestHeight) / 2, smallestWidth});
     }
     WindowPlace moved{std::max(place.Height, smallestHeight), std::max(place.Left, 0), std::max(place.Top, 0),
                       std::max(place.Width, smallestWidth)};
     if (moved.Left + moved.Width > screenWidth) moved.Left = std::max(screenWidth - moved.Width, 0);
     if (moved.Top + moved.Height > screenHeight) moved.Top = std::max(screenHeight - moved.Height, 0);
-    Move(form, moved);
+    form.SetRestoredPlace(bench_.Platform.Screen.OnScreen(moved));
 }
 
 void DrawSettings::PlaceListing(const std::string& value) {
@@ -136,7 +138,7 @@ void DrawSettings::PlaceListing(const std::string& value) {
         WindowPlace place = WindowPlaceOf(value);
         place.Left = OnScreen(place.Left, bench_.Platform.Screen.Width());
         place.Top = OnScreen(place.Top, bench_.Platform.Screen.Height());
-        Move(form, place);
+        form.SetRestoredPlace(place);
     }
     const std::vector<std::string_view> parts = Split(value, ",");
     if (parts.size() < 5) throw RunTimeError(fault::SubscriptOutOfRange);

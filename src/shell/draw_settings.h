@@ -22,7 +22,7 @@ public:
 
 private:
     void BindMarks();
-    void PlaceDrawing(const WindowPlace& place);
+    void PlaceDrawing(const WindowPlace& place, std::optional<WindowState> state);
     void PlaceListing(const std::string& value);
 
     Workbench& bench_;

@@ -12,8 +12,11 @@ constexpr std::size_t drawButton = 7;
 void mnuDraw_Click(Workbench& bench) {
     // A walk may take its time: the window comes forward before it.
     Form& window = bench.Draw.Controls.frmDraw;
-    if (window.Visible && !bench.Draw.State.DrawPending) window.BringToFront();
-    bench.Draw.Show();
+    if (window.Visible && !bench.Draw.State.DrawPending) {
+        window.BringToFront();
+        bench.Platform.Focus.SetFocus(bench.Draw.Controls.pbxDrawField);
+    }
+    bench.Draw.DrawForUser();
     bench.Draw.Controls.frmDraw.BringToFront();
 }
 
@@ -22,9 +25,12 @@ void GoToCodeField(Workbench& bench) {
 }
 
 void ShowEditor(Workbench& bench) {
+    bench.Draw.Editor.GiveBack();
+    bench.Draw.Editor.ScrollBack();
     bench.frmMain.Visible = true;
-    bench.frmMain.BringToFront();
+    // First, so that the field that had the keys last is not passed through on the way.
     GoToCodeField(bench);
+    bench.frmMain.BringToFront();
 }
 
 }  // namespace
@@ -35,18 +41,23 @@ void WireDrawing(Workbench& bench) {
     button.OnClick = [&bench] { mnuDraw_Click(bench); };
     bench.Main.mnuDraw.OnClick = [&bench] { mnuDraw_Click(bench); };
     DrawWindow& draw = bench.Draw;
-    // From below the drawing is repainted where it is, not brought up.
+    // From below the drawing is repainted where it is, not brought up: another program has come into the editor, and
+    // that of a walk that stands has gone.
     bench.Calls.mnuDraw_Click = [&draw] {
-        if (draw.Controls.frmDraw.Visible) draw.Show();
+        if (draw.State.Walking) draw.State.StopRequested = true;
+        if (draw.Controls.frmDraw.Visible) draw.State.FitNext = true;
+        draw.ShowLater();
     };
     bench.Calls.RedrawAfterEdit = [&draw] {
-        if (draw.Controls.frmDraw.Visible && draw.Controls.mnuAutoRedraw.Checked) draw.Show();
+        if (draw.Controls.mnuAutoRedraw.Checked) draw.ShowLater();
     };
     bench.Calls.UnloadDraw = [&draw] {
         if (draw.Controls.frmDraw.Visible) draw.Form_QueryUnload();
     };
     draw.ShowEditor = [&bench] { ShowEditor(bench); };
     draw.GiveKeysBack = [&bench] { GoToCodeField(bench); };
+    // Before a press on a row selects it: also on the row that the drawing has selected.
+    bench.Store.lvCncProgram.OnGotFocus = [&draw] { draw.Editor.GiveBack(); };
 }
 
 void RefreshDrawCommands(Workbench& bench) {

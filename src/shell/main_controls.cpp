@@ -115,6 +115,7 @@ MainControls::MainControls(Form& form)
                   &mnuSaveClipboard, &mnuFileBar2, &mnuFind, &mnuDraw, &mnuPrint, &mnuFileBar3, &mnuExit});
     Put(mnuSettings, {&mnuGeneral, &mnuInfo, &mnuMachine, &mnuPrinter, &mnuReset});
     Put(mnuRightClick, {&RCmnuInsert, &RCmnuDelete});
+    lstAbout.InFront = true;
     mnuOpen.Shortcut = "Ctrl+O";
     mnuNew.Shortcut = "Ctrl+N";
     mnuSave.Shortcut = "Ctrl+S";

@@ -51,7 +51,7 @@ void MainWindow::WireMenus() {
     main.mnuLoadClipboard.OnClick = [this] { Run(bench_.Calls.LoadClipboardModule); };
     main.mnuFind.OnClick = [this] { bench_.Find.mnuFind_Click(); };
     bench_.Conversions.mnuCalculator.OnClick = [this] { mnuCalculator_Click(); };
-    main.mnuPrint.OnClick = [this] { bench_.Print.mnuPrint_Click(); };
+    main.mnuPrint.OnClick = [this] { bench_.Draw.AfterWalk([this] { bench_.Print.mnuPrint_Click(); }); };
     main.mnuPrinter.OnClick = [this] { ShowSettings(settings_page::Printer); };
     bench_.Paper.cmdPrinterDialog.OnClick = [this] { bench_.Print.cmdPrinterDialog_Click(); };
     main.mnuExit.OnClick = [this] { mnuExit_Click(); };
@@ -60,8 +60,15 @@ void MainWindow::WireMenus() {
     main.mnuMachine.OnClick = [this] { ShowSettings(settings_page::Machine); };
     main.RCmnuInsert.OnClick = [this] { bench_.Lines.LineInsert(); };
     main.RCmnuDelete.OnClick = [this] { bench_.Lines.LineDelete(); };
-    main.cmdInsert.OnClick = [this] { bench_.Lines.LineInsert(); };
-    main.cmdDelete.OnClick = [this] { bench_.Lines.LineDelete(); };
+    // Beside the list: the line that they work on is to be seen.
+    main.cmdInsert.OnClick = [this] {
+        bench_.Draw.Editor.ScrollBack();
+        bench_.Lines.LineInsert();
+    };
+    main.cmdDelete.OnClick = [this] {
+        bench_.Draw.Editor.ScrollBack();
+        bench_.Lines.LineDelete();
+    };
     for (const auto& button : main.cmdTopButtons) {
         const int index = button->Index();
         button->OnClick = [this, index] { cmdTopButtons_Click(index); };
@@ -103,6 +110,7 @@ void MainWindow::WireOptions() {
 void MainWindow::WireKeys() {
     bench_.File.txtFileNotes.OnKeyPress = [this](int& character) { txtFileNotes_KeyPress(character); };
     bench_.frmMain.OnKeyDown = [this](int pressed, int held) {
+        bench_.Draw.Editor.ScrollBack();
         if (bench_.Help.TakeKey(pressed, held) || pressed != key::Escape) return;
         if (bench_.Transfer.frRXcode.Visible) bench_.Received.cmdReceiveExit_Click();
         bench_.Main.tabSettings.Visible = false;
@@ -144,7 +152,11 @@ void MainWindow::Form_Load(std::string_view commandLine) {
     RefreshTitle();
     // 10.
     if (bench_.Entry.txtGMcode.ReallyVisible()) platform.Focus.SetFocus(bench_.Entry.txtGMcode);
-    if (!foldersMade) bench_.TellUnkept();
+    bench_.Settings.TellMissingFile();
+    // Told now, while the user can still do something about it.
+    const bool kept =
+        platform.Files.CanWrite(Folders.DataFolder) && platform.Files.CanWrite(Folders.SettingsFolder);
+    if (!foldersMade || !kept) bench_.TellUnkept();
 }
 
 void MainWindow::EndWithoutPrinter() {
@@ -210,7 +222,7 @@ void MainWindow::tmr1sec_Timer() {
     if (!bench_.ControlsOn) return;
     MainControls& main = bench_.Main;
     ProgramStore& store = bench_.Store;
-    const bool changed = store.ProgramChanged;
+    const bool changed = store.Unsaved();
     // 1.
     main.mnuSaveAs.Enabled = true;
     main.cmdTopButtons[top_button::Save]->Enabled = changed;
@@ -259,7 +271,7 @@ void MainWindow::RefreshTitle() {
     std::string title = programName;
     const std::string_view name = ExtractFileName(bench_.File.lblPath.Caption);
     if (!name.empty()) title += " - " + std::string(name);
-    if (bench_.Store.ProgramChanged) title += " *";
+    if (bench_.Store.Unsaved()) title += " *";
     bench_.frmMain.Caption = title;
 }
 
@@ -285,7 +297,7 @@ void MainWindow::mnuExit_Click() {
     ProgramStore& store = bench_.Store;
     bool dropped = false;
     // 1. There is no way back from this question.
-    if (store.LineCount() > 0 && store.ProgramChanged) {
+    if (store.LineCount() > 0 && store.Unsaved()) {
         const Texts& texts = bench_.Language;
         const Answer answer = bench_.Platform.Dialogs.ShowMessage(
             Question(texts.MessageTexts(text::SaveNow), texts.MessageTexts(text::ContinueTitle)));
@@ -314,10 +326,11 @@ void MainWindow::cmdTopButtons_Click(int index) {
         case top_button::Save: return bench_.Writer.mnuSave_Click();
         case top_button::New: return mnuNew_Click();
         case top_button::Print:
-            bench_.Print.DirectPrint = true;
-            bench_.Print.mnuPrint_Click();
-            bench_.Print.DirectPrint = false;
-            return;
+            return bench_.Draw.AfterWalk([this] {
+                bench_.Print.DirectPrint = true;
+                bench_.Print.mnuPrint_Click();
+                bench_.Print.DirectPrint = false;
+            });
         case top_button::Settings: return ShowSettings(settings_page::General);
         case top_button::LatheAxes: return ShowAxes(bench_.Entry.picZXaxes);
         case top_button::MillAxes: return ShowAxes(bench_.Entry.picXYaxes);
@@ -353,14 +366,13 @@ void MainWindow::ShowPaths() {
 void MainWindow::ChooseMachine(const char* machine) {
     if (!bench_.Settings.Busy) mnuNew_Click();
     // Still unsaved: the user kept the program, and the machine stays.
-    if (!bench_.Store.ProgramChanged) bench_.Store.Machine = machine;
+    if (!bench_.Store.Unsaved()) bench_.Store.Machine = machine;
     bench_.ShowCodeLists();
     bench_.RefreshMachine();
 }
 
 void MainWindow::ChooseUnits(const char* units) {
     bench_.Machine.SetUnits(units);
-    bench_.Feeds.SetFeedLimits();
     bench_.Interpreter.Interpreter();
 }
 

@@ -1,5 +1,8 @@
 #include "shell/recovery.h"
 
+#include <algorithm>
+
+#include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "shell/workbench.h"
@@ -11,16 +14,38 @@ namespace {
 constexpr const char* recoveryName = "Recovery";
 constexpr const char* recoveryFile = "Recovery.txt";
 constexpr const char* setAsideFile = "Recovery.old.txt";
-// In front of the program's name, behind the units line.
-constexpr std::string_view nameMark = ";Recovered file: ";
+// In front of a number: programs that were given up while another one took their place.
+constexpr std::string_view asideName = "Recovery.kept.";
+constexpr std::string_view extension = ".txt";
+// Behind the units line, in front of the program's name, or of that of the source it was converted from.
+constexpr std::string_view nameMark = "\r\n;Recovered file: ";
+constexpr std::string_view sourceMark = "\r\n;Converted file: ";
 constexpr std::string_view lineEnd = "\r\n";
 constexpr int interval = 500;  // milliseconds
 
-std::string NameIn(std::string_view text) {
-    const std::size_t mark = text.rfind(nameMark);
-    if (mark == std::string_view::npos) return {};
-    const std::string_view behind = text.substr(mark + nameMark.size());
-    return std::string(behind.substr(0, behind.find(lineEnd)));
+struct OldName {
+    std::string Name;
+    bool IsSource = false;
+};
+
+OldName NameIn(std::string_view text) {
+    OldName found;
+    std::size_t last = 0;
+    for (const std::string_view mark : {nameMark, sourceMark}) {
+        const std::size_t at = text.rfind(mark);
+        if (at == std::string_view::npos || at < last) continue;
+        last = at;
+        const std::string_view behind = text.substr(at + mark.size());
+        found = {std::string(behind.substr(0, behind.find(lineEnd))), mark == sourceMark};
+    }
+    return found;
+}
+
+// The number in the name of a program that was given up; 0 for another name.
+int NumberIn(std::string_view name) {
+    if (!BeginsWithIgnoringCase(name, asideName)) return 0;
+    const double number = Val(RemoveExtension(name.substr(asideName.size())));
+    return number >= 1 && number < 1e6 ? static_cast<int>(number) : 0;
 }
 
 }  // namespace
@@ -32,9 +57,7 @@ Recovery::Recovery(Workbench& bench) : tmrRecovery(bench.frmMain, "tmrRecovery",
 
 std::string Recovery::FileName() const { return bench_.Window.Folders.DataFolder + recoveryFile; }
 
-bool Recovery::Unsaved() const {
-    return bench_.Store.LineCount() > 0 && (bench_.Store.ProgramChanged || bench_.Writer.SaveFailed);
-}
+bool Recovery::Unsaved() const { return bench_.Store.LineCount() > 0 && bench_.Store.Unsaved(); }
 
 void Recovery::tmrRecovery_Timer() {
     if (Unsaved()) {
@@ -44,12 +67,18 @@ void Recovery::tmrRecovery_Timer() {
     }
 }
 
-void Recovery::Keep() {
-    FileService& files = bench_.Platform.Files.InBackground();
+std::string Recovery::Text() const {
     std::string text = bench_.Writer.GenerateAll();
-    text += nameMark;
+    // The last line has its end already.
+    text += (bench_.File.NamesSource ? sourceMark : nameMark).substr(lineEnd.size());
     text += bench_.File.lblPath.Caption.Get();
     text += lineEnd;
+    return text;
+}
+
+void Recovery::Keep() {
+    FileService& files = bench_.Platform.Files.InBackground();
+    std::string text = Text();
     // What could not be written is tried again when there is something new; what another run of the program has
     // taken away is written again.
     if (bench_.Window.Folders.DataFolder.empty()) return;
@@ -57,6 +86,31 @@ void Recovery::Keep() {
     failed_ = !Attempt(recoveryName, [&] { files.WriteWhole(FileName(), text); });
     kept_ = std::move(text);
     if (failed_) bench_.TellUnkept();
+}
+
+bool Recovery::KeepAside() {
+    FileService& files = bench_.Platform.Files.InBackground();
+    const std::string& folder = bench_.Window.Folders.DataFolder;
+    if (folder.empty() || !Unsaved()) return true;
+    int number = 1;
+    for (const std::string& file : Left()) number = std::max(number, NumberIn(ExtractFileName(file)) + 1);
+    const std::string file = folder + std::string(asideName) + PlainNumber(number) + std::string(extension);
+    const bool written = Attempt(recoveryName, [&] { files.WriteWhole(file, Text()); });
+    if (!written) bench_.TellUnkept();
+    return written;
+}
+
+std::vector<std::string> Recovery::Left() const {
+    FileService& files = bench_.Platform.Files.InBackground();
+    const std::string& folder = bench_.Window.Folders.DataFolder;
+    std::vector<std::string> names;
+    Attempt(recoveryName, [&] { names = files.List(folder, "*" + std::string(extension)); });
+    std::erase_if(names, [](const std::string& name) { return NumberIn(name) == 0; });
+    std::sort(names.begin(), names.end(),
+              [](const std::string& a, const std::string& b) { return NumberIn(a) > NumberIn(b); });
+    for (std::string& name : names) name = folder + name;
+    if (files.Exists(FileName())) names.insert(names.begin(), FileName());
+    return names;
 }
 
 void Recovery::Remove() {
@@ -68,39 +122,52 @@ void Recovery::Remove() {
 void Recovery::Restore() {
     FileService& files = bench_.Platform.Files.InBackground();
     tmrRecovery.Enabled = true;
-    std::string text;
-    if (!files.Exists(FileName())) return;
-    if (!Attempt(recoveryName, [&] { text = files.ReadWhole(FileName()); })) return;
-    const FileKind kind = Recognise(text).Kind;
-    const bool isProgram = kind != FileKind::Unknown && kind != FileKind::Language;
-    if (!isProgram) return SetAside(text);
-    const Answer answer =
-        bench_.Platform.Dialogs.ShowMessage(Question(bench_.Language.MessageTexts(text::RestoreUnsaved), ""));
-    if (answer != Answer::Yes) return SetAside(text);
+    for (const std::string& file : Left()) {
+        std::string text;
+        if (!Attempt(recoveryName, [&] { text = files.ReadWhole(file); })) continue;
+        const FileKind kind = Recognise(text).Kind;
+        const bool isProgram = kind != FileKind::Unknown && kind != FileKind::Language;
+        const bool wanted =
+            isProgram && bench_.Platform.Dialogs.ShowMessage(
+                             Question(bench_.Language.MessageTexts(text::RestoreUnsaved), "")) == Answer::Yes;
+        if (wanted) return Bring(file, text);
+        SetAside(file, text);
+    }
+}
 
-    std::string file = FileName();
-    if (bench_.Reader.LoadFile(file) != LoadResult::Loaded) return;
+void Recovery::Bring(const std::string& file, const std::string& text) {
+    const OldName old = NameIn(text);
+    LoadAs as;
+    as.Name = old.Name;
+    as.FromSource = old.IsSource;
+    as.Changed = true;
+    std::string name = file;
+    if (bench_.Reader.LoadFile(name, as) != LoadResult::Loaded) return;
+    bench_.File.lblFileName.Caption = ExtractFileName(old.Name);
     // The line end that the notes gain with each load is not theirs.
     TextBox& notes = bench_.File.txtFileNotes;
     const std::string_view held = notes.Text;
     if (held.ends_with(lineEnd)) notes.Text = std::string(held.substr(0, held.size() - lineEnd.size()));
-    const std::string name = NameIn(text);
-    bench_.File.lblPath.Caption = name;
-    bench_.File.lblFileName.Caption = ExtractFileName(name);
-    bench_.File.dlgFile.FileName = name;
-    bench_.Store.ProgramChanged = true;
-    kept_ = std::move(text);
+    if (file == FileName()) {
+        kept_ = text;
+        return;
+    }
+    // From here on it is kept as any unsaved program is.
+    Keep();
+    FileService& files = bench_.Platform.Files.InBackground();
+    if (!failed_) Attempt(recoveryName, [&] { files.Delete(file); });
 }
 
-void Recovery::SetAside(const std::string& text) {
+void Recovery::SetAside(const std::string& file, const std::string& text) {
     FileService& files = bench_.Platform.Files.InBackground();
     const std::string aside = bench_.Window.Folders.DataFolder + setAsideFile;
-    if (Attempt(recoveryName, [&] { files.WriteWhole(aside, text); })) Remove();
+    if (!Attempt(recoveryName, [&] { files.WriteWhole(aside, text); })) return;
+    if (files.Exists(file)) Attempt(recoveryName, [&] { files.Delete(file); });
 }
 
 void Recovery::End(bool dropped) {
     tmrRecovery.Enabled = false;
-    if (Unsaved() && !dropped) {
+    if (Unsaved() && (!dropped || bench_.Store.SaveFailed)) {
         Keep();
     } else if (!kept_.empty()) {
         Remove();

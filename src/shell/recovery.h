@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/controls.h"
 
@@ -17,10 +18,14 @@ public:
     // Writes what has changed since the last time, twice a second while the window is up.
     Timer tmrRecovery;
 
-    // At the start: asks about what a crash has left, and loads it as a changed program under its old name. On No
-    // it is kept once, as "Recovery.old.txt".
+    // At the start: asks about what a crash or a program given up has left, the latest first, until one is wanted; it
+    // is loaded as a changed program under its old name. One that is not is kept once, as "Recovery.old.txt".
     void Restore();
-    // At the end: the file goes where the program was saved or is dropped, and holds the last state otherwise.
+    // Puts a copy of the unsaved program beside the file, under a name that no other one has, for the next start.
+    // False where it could not be written.
+    bool KeepAside();
+    // At the end: the file goes where the program was saved or is dropped, and holds the last state otherwise. What
+    // the user has tried to save in vain is not dropped.
     void End(bool dropped);
     // Whether the program in the window is in no file.
     bool Unsaved() const;
@@ -29,7 +34,11 @@ private:
     void tmrRecovery_Timer();
     void Keep();
     void Remove();
-    void SetAside(const std::string& text);
+    // The files that a start looks at, the latest first.
+    std::vector<std::string> Left() const;
+    std::string Text() const;
+    void Bring(const std::string& file, const std::string& text);
+    void SetAside(const std::string& file, const std::string& text);
     std::string FileName() const;
 
     Workbench& bench_;

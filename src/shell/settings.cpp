@@ -44,12 +44,8 @@ void EditorSettings::BindSettings() {
         "LanguageFileName", [this](const std::string& value) { languageFile_ = value; },
         [this] { return bench_.Language.ModuleFile; });
     Keys.Bind(
-        "LastFileUsed",
-        [this](const std::string& value) {
-            const std::string named = FileOfCommandLine();
-            lastFile_ = named.empty() ? value : named;
-        },
-        [this] { return bench_.File.lblPath.Caption.Get(); });
+        "LastFileUsed", [this](const std::string& value) { ChooseFile(value); },
+        [this] { return LastFileUsed(); });
     Keys.Bind(
         "Horizontal", [&store](const std::string& value) { store.Horizontal = TrueOrFalse(value); },
         [&store] { return TrueOrFalse(store.Horizontal); });
@@ -108,9 +104,10 @@ void EditorSettings::BindView() {
     bindBox("MachineTime", view.chkViewMachineTime);
     Form& form = bench_.frmMain;
     Keys.Bind(
-        "EditorWindow", [this](const std::string& value) { Place(WindowPlaceOf(value)); },
+        "EditorWindow",
+        [this](const std::string& value) { Place(WindowPlaceOf(value), WindowStateOf(value)); },
         [&form] {
-            return WindowText({form.Height, form.Left, form.Top, form.Width});
+            return WindowText(form.RestoredPlace()) + (form.FillsScreen() ? WindowStateText(true) : "");
         });
 }
 
@@ -181,6 +178,9 @@ void EditorSettings::TakeBuiltInValues() {
     }
     bench_.Store.LimitValues.Fill(bench_.Store.DisableLimitsCheck);
     bench_.ShowCodeLists();
+    // Also where the folder cannot be written, so that there never is a file.
+    ChooseFile("");
+    if (LastFileExists()) LoadLastFile();
 }
 
 void EditorSettings::ApplyFile() {
@@ -203,8 +203,6 @@ void EditorSettings::ApplyFile() {
     LoadModule();
     // 7.
     LoadLastFile();
-    // A drawing that has come up with the settings had no program to fit to.
-    if (bench_.Draw.Controls.frmDraw.Visible) bench_.Draw.cmdAutoFit_Click();
 }
 
 void EditorSettings::LoadModule() {
@@ -221,12 +219,12 @@ void EditorSettings::LoadModule() {
 }
 
 void EditorSettings::LoadLastFile() {
-    if (!LastFileExists()) {
-        bench_.Feeds.SetFeedLimits();
-        return;
+    if (LastFileExists()) {
+        std::string name = lastFile_;
+        bench_.Reader.LoadFile(name);
     }
-    std::string name = lastFile_;
-    bench_.Reader.LoadFile(name);
+    // A file without a line of units leaves those of the settings.
+    bench_.Feeds.SetFeedLimits();
 }
 
 void EditorSettings::SaveSettings() {
@@ -252,16 +250,25 @@ void EditorSettings::mnuReset_Click() {
     putBack(editorFile, editorResetFile);
     putBack(drawFile, drawResetFile);
     // 4.
+    ProgramStore& store = bench_.Store;
     const std::string module = bench_.Language.ModuleFile;
-    const std::string machine = bench_.Store.Machine;
+    const std::string machine = store.Machine;
+    const bool metric = store.Metric;
+    const bool horizontal = store.Horizontal;
     bench_.frmMain.State = WindowState::Normal;
+    resetting_ = true;
     LoadSettings();
+    resetting_ = false;
     if (bench_.Window.Ending()) return;
-    // 5.
+    // 5. The program is what it was, and is checked when everything stands.
+    store.Machine = machine;
+    store.Horizontal = horizontal;
+    bench_.Machine.SetUnits(metric ? "Metric" : "Imperial");
+    bench_.Feeds.SetFeedLimits();
     Run(bench_.Calls.LoadLanguageModule, module);
-    bench_.Store.Machine = machine;
     bench_.RefreshMachine();
     bench_.ShowCodeLists();
+    bench_.Interpreter.Interpreter();
 }
 
 // Read only where no file decides the machine.
@@ -287,20 +294,49 @@ std::string EditorSettings::FileOfCommandLine() const {
         const std::size_t last = name.rfind('"');
         name = last > 0 ? name.substr(1, last - 1) : name.substr(1);
     }
-    return bench_.Platform.Files.Exists(name) ? std::string(name) : std::string();
+    return std::string(name);
+}
+
+void EditorSettings::ChooseFile(const std::string& last) {
+    missed_ = false;
+    lastFile_.clear();
+    // A reset leaves the program alone.
+    if (resetting_) return;
+    bench_.File.LastProgram = last;
+    lastFile_ = last;
+    if (Trim(CommandLine).empty()) return;
+    lastFile_ = FileOfCommandLine();
+    missed_ = !bench_.Platform.Files.Exists(lastFile_);
+}
+
+void EditorSettings::TellMissingFile() {
+    if (!missed_) return;
+    const Texts& texts = bench_.Language;
+    bench_.Platform.Dialogs.ShowMessage(Notice(FileMessage(texts, FileOfCommandLine(), text::NotFound),
+                                               texts.ErrorTexts(text::OpenTitle), Icon::Exclamation));
+}
+
+std::string EditorSettings::LastFileUsed() const {
+    const FileControls& file = bench_.File;
+    const std::string& path = file.lblPath.Caption.Get();
+    // A mistyped name costs nothing, and a source is no program.
+    const bool keeps = path.empty() ? missed_ : file.NamesSource;
+    return keeps ? file.LastProgram : path;
 }
 
 bool EditorSettings::LastFileExists() const {
     return !lastFile_.empty() && bench_.Platform.Files.Exists(lastFile_);
 }
 
-void EditorSettings::Place(const WindowPlace& place) {
+void EditorSettings::Place(const WindowPlace& place, std::optional<WindowState> state) {
     ScreenService& screen = bench_.Platform.Screen;
-    Form& form = bench_.frmMain;
-    form.Height = place.Height > 0 ? place.Height : SmallestHeight;
-    form.Width = place.Width > 0 ? place.Width : std::min(screen.Width(), firstWidth);
-    form.Left = place.Left > 0 ? place.Left : (screen.Width() - form.Width) / 2;
-    form.Top = place.Top > 0 ? place.Top : (screen.Height() - form.Height) / 2;
+    WindowPlace wanted = place;
+    if (wanted.Height <= 0) wanted.Height = SmallestHeight;
+    if (wanted.Width <= 0) wanted.Width = std::min(screen.Width(), firstWidth);
+    if (wanted.Left <= 0) wanted.Left = (screen.Width() - wanted.Width) / 2;
+    if (wanted.Top <= 0) wanted.Top = (screen.Height() - wanted.Height) / 2;
+    bench_.frmMain.SetRestoredPlace(screen.OnScreen(wanted));
+    if (state) bench_.frmMain.State = *state;
 }
 
 void EditorSettings::Centre() {

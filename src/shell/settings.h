@@ -28,8 +28,11 @@ public:
     void LoadSettings();
     // Writes the file. What cannot be written is told.
     void SaveSettings();
-    // Back to the reset copies of both files, but for language and machine.
+    // Back to the reset copies of both files, but for the language, and for the program in the editor with its
+    // machine and units. No file is loaded.
     void mnuReset_Click();
+    // Tells that the command line names a file that is not there.
+    void TellMissingFile();
 
 private:
     void BindSettings();
@@ -42,9 +45,13 @@ private:
     void LoadModule();
     void LoadLastFile();
     void ChooseMachine(const std::string& machine);
-    // What stands between the outer double quotes of the command line, if it has any; empty where no such file is.
+    // The file to open: that of the command line, else the one that is given.
+    void ChooseFile(const std::string& last);
+    // What stands between the outer double quotes of the command line, if it has any.
     std::string FileOfCommandLine() const;
-    void Place(const WindowPlace& place);
+    // The file for the next start.
+    std::string LastFileUsed() const;
+    void Place(const WindowPlace& place, std::optional<WindowState> state);
     void Centre();
     bool LastFileExists() const;
     std::string InFolder(const char* name) const;
@@ -53,6 +60,9 @@ private:
     std::string languageFile_;
     std::string lastFile_;
     bool loaded_ = false;
+    bool resetting_ = false;
+    // The command line names a file that is not there.
+    bool missed_ = false;
 };
 
 }  // namespace kvt

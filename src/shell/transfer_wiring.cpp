@@ -14,8 +14,9 @@ CommandButton& TopButton(Workbench& bench, int index) {
     return *bench.Main.cmdTopButtons[static_cast<std::size_t>(index)];
 }
 
-// The program stays as it is while it is being sent, and while the receive view lies over it.
-bool IsHeld(const Workbench& bench) { return bench.Store.TransmitActive || bench.Transfer.frRXcode.Visible; }
+// The program stays as it is while it is being sent, to the last character of one that is stopped, and while the receive
+// view lies over it.
+bool IsHeld(const Workbench& bench) { return bench.Port.IsSending || bench.Transfer.frRXcode.Visible; }
 
 template <class... Given>
 void UnlessHeld(Workbench& bench, std::function<void(Given...)>& handler) {
@@ -101,6 +102,13 @@ void PlaceSide(PortSide& side, int left) {
     PlaceOptions(side.optStopBits, 2, 450);
 }
 
+// The tool tip of a button, and below it why the button is grey.
+void Explain(Control& button, const std::string& why) {
+    const std::string& shown = button.ToolTip.Get();
+    const std::string own = shown.substr(0, shown.find("\r\n"));
+    button.ToolTip = why.empty() ? own : own + "\r\n" + why;
+}
+
 }  // namespace
 
 void WireTransfer(Workbench& bench) {
@@ -149,6 +157,9 @@ void RefreshTransferMenus(Workbench& bench) {
     for (Control* control : std::initializer_list<Control*>{&transfer.RCmnuTX, &transfer.mnuTX,
                                                             &TopButton(bench, transmitButton)})
         control->Enabled = sends;
+    const std::string why = bench.Port.WhyOff();
+    for (const int index : {receiveButton, transmitButton}) Explain(TopButton(bench, index), why);
+    transfer.chkEnableCom.ToolTip = why;
 }
 
 }  // namespace kvt

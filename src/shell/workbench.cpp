@@ -28,12 +28,12 @@ Workbench::Workbench(Services& services)
       View(frmMain, Store, services.Screen),
       Interpreter(Store, Language, Lists, Results, View, Entry.txtComment, services, Calls),
       Options(Store, View, Lists, Interpreter, Calls),
-      Layout(Entry, Store, Lists, services.Focus),
-      Lines({Entry, Layout, Store, View, Interpreter, Language, services, Calls}),
+      Layout(Entry, Store, Lists, Language, services.Focus),
+      Calculated(Store, Language, services.Dialogs, services.Focus),
+      Lines({Entry, Layout, Store, View, Interpreter, Calculated, Language, services, Calls}),
       Feeds(Entry, Store, Interpreter, services.Focus),
       Find(Store, services.Focus),
-      Conversions(frmMain, Store, Machine),
-      Calculated(Store, Language, services.Dialogs, services.Focus),
+      Conversions(frmMain, Store, Machine, Entry),
       Codes({Entry, Layout, Store, Lists, View, Interpreter, services, Calls}),
       Keyboard({Entry, Layout, Codes, Calculated, Lines, Store, View, Language, services, Calls}),
       Writer({Store, File, Entry, Layout, Lines, Language, services, Calls}),
@@ -41,8 +41,8 @@ Workbench::Workbench(Services& services)
               Writer}),
       Transfer(frmMain),
       Port({Transfer, Language, services}),
-      Transmit({Store, Transfer, Port, Writer, Main.tmr1sec, Results.cmdStop, Results.cmdRun, Language,
-                services, Calls}),
+      Transmit(frmMain, {Store, Transfer, Port, Writer, Main.tmr1sec, Results.cmdStop, Results.cmdRun,
+                         Language, services, Calls}),
       Received({Store,
                 Transfer,
                 Port,
@@ -63,6 +63,8 @@ Workbench::Workbench(Services& services)
       Settings(*this),
       SettingsOfDrawing(*this),
       Kept(*this) {
+    frmMain.SmallestWidth = SmallestWidth;
+    frmMain.SmallestHeight = SmallestHeight;
     frmMain.Width = firstWidth;
     frmMain.Height = firstHeight;
     Store.lvCncProgram.Height = listHeight;
@@ -78,6 +80,7 @@ Workbench::Workbench(Services& services)
 void Workbench::FillCalls() {
     Calls.cmdReturn_Click = [this] { cmdReturn_Click(); };
     Calls.ClearProgram_Click = [this] { ClearProgram_Click(); };
+    Calls.KeepAside = [this] { return Kept.KeepAside(); };
     Calls.RefreshMachine = [this] { RefreshMachine(); };
     Calls.RefreshTitle = [this] { Window.RefreshTitle(); };
     Calls.ControlsPositioning = [this] { PlaceMainWindow(*this); };
@@ -85,6 +88,7 @@ void Workbench::FillCalls() {
     Calls.LoadClipboardModule = [this] { Received.LoadClipboardModule(); };
     Calls.LoadLanguageModule = [this](const std::string& file) { Modules.LoadLanguageModule(file); };
     Calls.HideSettings = [this] { Main.tabSettings.Visible = false; };
+    Machine.OnUnits = [this] { Feeds.SetFeedLimits(); };
     Calls.FirstFieldFocus = [this](std::string_view initial) { Layout.FirstFieldFocus(initial); };
     Entry.cmdReturn.OnClick = [this] {
         cmdReturn_Click();
@@ -265,6 +269,7 @@ void Workbench::OrderTabs() {
 void Workbench::ControlsEnable(int enable) {
     ControlsOn = enable != 0;
     for (Control* control : frozenControls_) control->Enabled = ControlsOn;
+    if (ControlsOn) Layout.RefreshFeedButtons();
     if (!Store.EditorRunMode) Main.frCmdEditor3.Enabled = ControlsOn;
     // A transmission can be stopped.
     if (Store.TransmitActive) Results.cmdStop.Enabled = true;
@@ -292,12 +297,15 @@ void Workbench::ClearProgram_Click() {
     // 1.
     cmdReturn_Click();
     // 2.
-    if (Store.LineCount() > 0 && Store.ProgramChanged) {
+    if (Store.LineCount() > 0 && Store.Unsaved()) {
         const Answer answer = Platform.Dialogs.ShowMessage(
             Question(Language.MessageTexts(text::ClearAnyway), Language.MessageTexts(text::ClearTitle)));
         if (answer == Answer::No) return;
+        // He had it saved, so far as he could.
+        if (Store.SaveFailed) Kept.KeepAside();
     }
-    // 3.
+    // 3. A row of this program is none of the next one.
+    Draw.Editor.GiveBack();
     Store.lvCncProgram.Clear();
     Entry.txtGMcode.Text = "";
     Entry.txtComment.Text = "";
@@ -309,7 +317,8 @@ void Workbench::ClearProgram_Click() {
     Entry.frEntry.Caption = Language.EntryCaption;
     Store.ProgramChanged = false;
     Store.EndCodePresent = false;
-    Writer.SaveFailed = false;
+    Store.SaveFailed = false;
+    File.NamesSource = false;
     // 4.
     Interpreter.ClearAxesProperties();
     Layout.ClearEntryFields();
@@ -317,11 +326,11 @@ void Workbench::ClearProgram_Click() {
     View.MakeLinePropertiesColumns();
     RefreshMachine();
     Interpreter.Interpreter();
-    // 5.
-    Run(Calls.mnuDraw_Click);
     // 6.
     ShowCodeLists();
     if (Entry.txtGMcode.ReallyVisible()) Platform.Focus.SetFocus(Entry.txtGMcode);
+    // 5. Last: a drawing that waits then finds all of it gone.
+    Run(Calls.mnuDraw_Click);
 }
 
 void Workbench::ShowMachineName() {
@@ -338,6 +347,9 @@ void Workbench::RefreshMachine() {
     View.MakeLinePropertiesColumns();
     View.MakeMachineColumns();
     Import.RefreshPreProcessors();
+    // The buttons in use share their room.
+    Main.cmdTopButtons[5]->Visible = !Store.IsF1();
+    Main.cmdTopButtons[6]->Visible = Store.IsF1();
     Run(Calls.ControlsPositioning);
     View.SetAutoWidth();
     Entry.lblGMcode.Caption = "G";
@@ -345,8 +357,6 @@ void Workbench::RefreshMachine() {
     Main.lblMachineType.Caption = Store.IsF1()    ? "F1 CNC"
                                   : Store.IsMK2() ? "Compact5 CNC MK2"
                                                   : "Compact5 CNC MK4";
-    Main.cmdTopButtons[5]->Visible = !Store.IsF1();
-    Main.cmdTopButtons[6]->Visible = Store.IsF1();
     ShowMachineName();
     if (Store.IsF1()) {
         Entry.picXYaxes.Visible = true;

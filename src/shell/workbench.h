@@ -53,11 +53,11 @@ public:
     ControlInterpreter Interpreter;
     ViewOptions Options;
     FieldLayout Layout;
+    CalculatedInputs Calculated;
     LineOperations Lines;
     FeedPresets Feeds;
     FindWindow Find;
     Conversion Conversions;
-    CalculatedInputs Calculated;
     CodeChoice Codes;
     KeyboardEntry Keyboard;
     CncWriter Writer;

@@ -23,7 +23,10 @@ std::string SettingsOf(const PortSide& side) {
 PortControl::PortControl(Parts parts) : parts_(parts) { Wire(); }
 
 void PortControl::Wire() {
-    parts_.Controls.chkEnableCom.OnClick = [this] { chkEnableCom_Click(); };
+    parts_.Controls.chkEnableCom.OnClick = [this] {
+        UserEnables = parts_.Controls.chkEnableCom.Value != 0;
+        chkEnableCom_Click();
+    };
     for (PortSide* side : {&TX(), &RX()}) WireSide(*side);
     for (Control* control :
          std::initializer_list<Control*>{&parts_.Controls.mnuTX, &parts_.Controls.mnuRX,
@@ -144,6 +147,7 @@ void PortControl::SwitchOff() {
 }
 
 void PortControl::SetComEnabled(bool enabled) {
+    UserEnables = enabled;
     // Without a port there is nothing to enable.
     if (started_ && portsFound_ == 0) enabled = false;
     parts_.Controls.chkEnableCom.Value = enabled ? 1 : 0;
@@ -204,17 +208,27 @@ void PortControl::UpdateComSettings() {
     }
 }
 
-void PortControl::AttemptPort(const char* procedure, const std::function<void()>& statement,
+bool PortControl::AttemptPort(const char* procedure, const std::function<void()>& statement,
                               const std::function<bool(int number)>& isSilent) {
     try {
         statement();
+        return true;
     } catch (const RunTimeError& error) {
         if (!isSilent(error.Number)) TellError(error, procedure);
-        if (error.Number != fault::PortAlreadyOpen && error.Number != fault::PortNotOpen) return;
+        if (error.Number != fault::PortAlreadyOpen && error.Number != fault::PortNotOpen) return false;
         parts_.Platform.Dialogs.ShowMessage(
             Notice(PlainNumber(error.Number) + "  " + error.Description + " in " + procedure));
         SwitchOff();
     }
+    return false;
+}
+
+std::string PortControl::WhyOff() const {
+    if (ComEnabled) return {};
+    const bool none = started_ && portsFound_ == 0;
+    return std::string(parts_.Language.MessageTexts(none          ? text::NoSerialPort
+                                                    : UserEnables ? text::PortStayedClosed
+                                                                  : text::SwitchedOff));
 }
 
 std::string PortControl::PortName() {

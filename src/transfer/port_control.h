@@ -22,6 +22,8 @@ public:
     explicit PortControl(Parts parts);
 
     bool ComEnabled = true;
+    // What the user has last chosen, which outlives the run; a port that is missing or fails does not change it.
+    bool UserEnables = true;
     // What else is enabled and disabled with the communication.
     std::vector<Control*> EnabledWithCom;
     // The device has gone since this was last cleared.
@@ -46,8 +48,9 @@ public:
     void UpdateComSettings();
 
     // Runs a statement of a procedure; the errors of a port in the wrong state (8005, 8018) are shown too, and
-    // switch the communication off. Reported are all but those for which isSilent gives true.
-    void AttemptPort(const char* procedure, const std::function<void()>& statement,
+    // switch the communication off. Reported are all but those for which isSilent gives true. False where the
+    // statement has failed.
+    bool AttemptPort(const char* procedure, const std::function<void()>& statement,
                      const std::function<bool(int number)>& isSilent);
 
     // The events that are no characters.
@@ -56,10 +59,12 @@ public:
     // Tells what could not be told while something was being sent.
     void TellPending();
 
+    // Why nothing can be sent or received; empty while it can.
+    std::string WhyOff() const;
     // The port for people: "Com1 (/dev/ttyUSB0)".
     std::string PortName();
 
-    // The keys Port, 1 to 4, and ComPortEnable of a settings file. Before the port has been started they open
+    // The keys Port, 1 to 4, and ComPortEnable (UserEnables) of a settings file. Before the port has been started they open
     // nothing.
     void SetPort(int number);
     void SetComEnabled(bool enabled);

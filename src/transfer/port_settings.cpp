@@ -24,7 +24,7 @@ std::string PortValue(PortControl& port) { return PlainNumber(std::max(1, port.T
 
 void ApplyComEnable(PortControl& port, std::string_view value) { port.SetComEnabled(TrueOrFalse(value)); }
 
-std::string ComEnableValue(PortControl& port) { return TrueOrFalse(port.ComEnabled); }
+std::string ComEnableValue(PortControl& port) { return TrueOrFalse(port.UserEnables); }
 
 // The members of PortSide that a key stands for.
 using Options = OptionGroup PortSide::*;

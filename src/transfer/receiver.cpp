@@ -6,6 +6,8 @@
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "files/cnc_format.h"
+#include "files/recogniser.h"
 
 namespace kvt {
 
@@ -17,8 +19,25 @@ constexpr const char* importName = "cmdReceiveImport_Click";
 constexpr const char* saveName = "cmdReceiveSave_Click";
 constexpr const char* clipboardName = "LoadClipboardModule";
 
-// What a trimmed text has lost of the beginning of its header, and what makes it a program file without notes.
-constexpr std::string_view fileBeginning = "%\r\n    ";
+bool IsProgram(const Recognised& found) {
+    return found.Kind != FileKind::Unknown && found.Kind != FileKind::Language;
+}
+
+// A trimmed text with what makes it a program file: the "%" and the blanks that its first line has lost, three where
+// that is a line of a program, N and a number, four where it is a header, "N`".
+std::string WithBeginning(std::string_view text) {
+    const Recognised found = Recognise(text);
+    std::string_view before = text.substr(0, IsProgram(found) ? found.Position - 1 : 1);
+    if (before.find(cnc::NotesEnd) != std::string_view::npos) return std::string(text);
+    if (IsProgram(found)) {
+        // The header has kept its blanks behind what else has come: noise of the line, empty lines.
+        text.remove_prefix(before.size());
+        while (before.starts_with(cnc::LineEnd)) before.remove_prefix(cnc::LineEnd.size());
+        return std::string(before) + "%\r\n" + std::string(text);
+    }
+    const bool isLine = BeginsWithIgnoringCase(text, "N") && text.substr(1, 1) != "`";
+    return "%\r\n" + std::string(isLine ? 3 : 4, ' ') + std::string(text);
+}
 
 }  // namespace
 
@@ -45,7 +64,9 @@ void Receiver::mnuRX_Click() {
         return;
     }
     // 2., 3.
+    // Help gives way.
     Run(parts_.Calls.HideSettings);
+    Run(parts_.Calls.cmdReturn_Click);
     Run(parts_.Calls.ControlsEnable, 0);
     ShowView(true);
     // 4.
@@ -106,45 +127,54 @@ void Receiver::ShowCount() {
 }
 
 void Receiver::cmdReceiveImport_Click() {
-    FileService& files = parts_.Platform.Files;
     TextBox& box = parts_.Controls.txtRX;
     // What is being sent stays in the editor.
     if (parts_.Port.IsSending) return parts_.Platform.System.Beep();
+    // What comes from here on, while a message is open, is the beginning of the next reception. Where the text
+    // cannot be brought in it goes back in front of that, with the blanks at its ends: more of a line may follow.
+    const std::string received = box.Text.Get();
+    cmdReceiveNew_Click();
+    const LoadResult result = Import(Trim(received), OldProgram::KeptAside);
+    const std::string rest = box.Text.Get();
+    const bool taken = result == LoadResult::Loaded || result == LoadResult::LanguageModule;
+    if (!taken) {
+        cmdReceiveNew_Click();
+        Add(received + rest);
+    } else if (rest.empty()) {
+        cmdReceiveExit_Click();
+    } else {
+        ShowView(true);
+    }
+}
+
+// Brings a trimmed text into the editor as a changed program without a file.
+LoadResult Receiver::Import(std::string_view text, OldProgram old) {
+    FileService& files = parts_.Platform.Files;
     // 1.
-    box.Text = std::string(Trim(box.Text));
-    if (box.Text.Empty()) {
+    if (text.empty()) {
         parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
-        return;
+        return LoadResult::Nothing;
     }
     // 2.
     const std::string scratch = SettingsFolder + "Receive.txt";
     if (files.Exists(scratch)) Attempt(importName, [&] { files.Delete(scratch); });
-    const std::string imported = box.Text.Get();
-    if (!Attempt(importName, [&] { files.WriteWhole(scratch, imported); })) return TellUnwritten(scratch);
-    // What comes from here on, while a message is open, is the beginning of the next reception.
-    cmdReceiveNew_Click();
-    // 3. LoadFile is not to ask.
-    const bool changed = std::exchange(parts_.Store.ProgramChanged, false);
-    std::string name = scratch;
-    const LoadResult result = parts_.Reader.LoadFile(name);
-    // 4. The program has no file now.
-    if (files.Exists(scratch)) Attempt(importName, [&] { files.Delete(scratch); });
-    if (result == LoadResult::Unreadable || result == LoadResult::Nothing) {
-        // Nobody else has the text, so it stays.
-        const std::string rest = box.Text.Get();
-        cmdReceiveNew_Click();
-        Add(imported + rest);
-        parts_.Store.ProgramChanged = changed;
-        return;
+    const std::string whole = IsProgram(Recognise(text)) ? std::string(text) : WithBeginning(text);
+    const std::string_view written = IsProgram(Recognise(whole)) ? std::string_view(whole) : text;
+    if (!Attempt(importName, [&] { files.WriteWhole(scratch, written); })) {
+        TellUnwritten(scratch);
+        return LoadResult::Nothing;
     }
-    parts_.File.dlgFile.FileName.clear();
-    parts_.File.lblPath.Caption = "";
-    parts_.File.lblFileName.Caption = "";
-    // 5.
-    parts_.Store.ProgramChanged = true;
-    // 6.
-    if (box.Text.Get().empty()) return cmdReceiveExit_Click();
-    ShowView(true);
+    // 3. to 5.
+    LoadAs as;
+    as.Old = old;
+    as.Name = "";
+    as.Changed = true;
+    const std::string before = parts_.File.dlgFile.FileName;
+    std::string name = scratch;
+    const LoadResult result = parts_.Reader.LoadFile(name, as);
+    if (result != LoadResult::Loaded) parts_.File.dlgFile.FileName = before;
+    if (files.Exists(scratch)) Attempt(importName, [&] { files.Delete(scratch); });
+    return result;
 }
 
 void Receiver::TellUnwritten(const std::string& name) {
@@ -172,8 +202,7 @@ void Receiver::cmdReceiveSave_Click() {
         return;
     }
     // 3., 4. Deleting the old file and writing the new one are one step of the platform.
-    const bool written =
-        Attempt(saveName, [&] { platform.Files.WriteWhole(name, std::string(fileBeginning) + text); });
+    const bool written = Attempt(saveName, [&] { platform.Files.WriteWhole(name, WithBeginning(text)); });
     if (!written) TellUnwritten(name);
 }
 
@@ -199,16 +228,15 @@ void Receiver::LoadClipboardModule() {
     const Texts& texts = parts_.Language;
     if (parts_.Port.IsSending) return parts_.Platform.System.Beep();
     // 1.
-    if (parts_.Store.LineCount() > 0 && parts_.Store.ProgramChanged) {
+    if (parts_.Store.LineCount() > 0 && parts_.Store.Unsaved()) {
         const Answer answer = parts_.Platform.Dialogs.ShowMessage(
             Question(texts.MessageTexts(text::ClearAnyway), texts.MessageTexts(text::ClearTitle)));
         if (answer == Answer::No) return;
     }
-    // 2.
-    Attempt(clipboardName,
-            [&] { parts_.Controls.txtRX.Text = std::string(Trim(parts_.Platform.Clipboard.GetText())); });
-    // 3.
-    cmdReceiveImport_Click();
+    // 2., 3.
+    std::string text;
+    Attempt(clipboardName, [&] { text = parts_.Platform.Clipboard.GetText(); });
+    if (Import(Trim(text), OldProgram::GivenUp) == LoadResult::Loaded) cmdReceiveExit_Click();
 }
 
 }  // namespace kvt

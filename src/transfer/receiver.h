@@ -38,8 +38,9 @@ public:
     void mnuRX_Click();
     // An event of the port.
     void MSComm1_OnComm(CommEvent event);
-    // Brings what has come into the editor as a changed program without a file. An empty text is told, and so is a
-    // scratch file that cannot be written: then the view stays as it is. Beeps while something is being sent.
+    // Brings what has come into the editor as a changed program without a file; an unsaved one that stood there
+    // stays as a copy for the next start. What cannot be brought in is told, and the view stays as it is. Beeps
+    // while something is being sent.
     void cmdReceiveImport_Click();
     // Writes it to a file, which is replaced without a question.
     void cmdReceiveSave_Click();
@@ -55,6 +56,7 @@ private:
     void Count(std::string_view text);
     void ShowCount();
     void ShowView(bool shown);
+    LoadResult Import(std::string_view text, OldProgram old);
     void TellUnwritten(const std::string& name);
 
     Parts parts_;

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
+#include <pthread.h>
 #include <unistd.h>
 
+#include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <thread>
 
@@ -22,12 +25,12 @@ std::vector<std::string> Samples() {
 }
 
 // The lines that go over the wire, by the plain rule.
-std::string Expected(const std::string& file, bool filter, bool fromMachine) {
+std::string Expected(const std::string& file, bool filter) {
     std::string expected;
     bool begun = !filter;
     for (std::string_view line : Split(file, "\r\n")) {
         if (!begun && line != "%") continue;
-        if (!(fromMachine && line == "%") && !line.empty() && line[0] != ';')
+        if (!line.empty() && line[0] != ';')
             expected += std::string(filter ? line.substr(0, 30) : line) + "\r\n";
         begun = true;
     }
@@ -51,7 +54,7 @@ TEST(SerialTest, EverySampleCrossesAPseudoTerminalByteForByte) {
             bench.Bench->Writer.AddEndCode();
             bench.Bench->Transfer.TX.chkFilter.Value = filter ? 1 : 0;
             const std::string file = bench.Bench->Writer.GenerateAll();
-            const std::string expected = Expected(file, filter, false);
+            const std::string expected = Expected(file, filter);
             bench.Port.Open();
             std::string arrived;
             bool over = false;
@@ -73,12 +76,15 @@ TEST(SerialTest, EverySampleCrossesAPseudoTerminalByteForByte) {
                 machine.Give(file);
                 over = true;
             });
-            const std::string sent = Expected(file, true, true);
             bench.System.OnLook = nullptr;
             const std::string& received = bench.Bench->Transfer.txtRX.Text.Get();
-            for (int looks = 0; received.size() < sent.size() && looks < 10'000; ++looks) bench.Port.Serve(5);
+            for (int looks = 0; received.size() < expected.size() && looks < 10'000; ++looks)
+                bench.Port.Serve(5);
             other.join();
-            EXPECT_TRUE(over && received == sent) << sample;
+            EXPECT_TRUE(over && received == expected) << sample;
+            // It comes into the editor as it went out, but for the notes and comments.
+            bench.Bench->Received.cmdReceiveImport_Click();
+            EXPECT_TRUE(Expected(bench.Bench->Writer.GenerateAll(), true) == expected) << sample;
         }
     }
 }
@@ -129,6 +135,44 @@ TEST(SerialTest, ADeviceThatTakesNothingEndsTheSending) {
     // The next line is given when one has left: as many wait as before, and yet the line has moved.
     watch.Give(10);
     EXPECT_EQ(watch.Stalled(500, 10, 0), 0);
+}
+
+// A reception that the user's surroundings end is written as one that he ends; and where its file cannot be written
+// any more, what has come lies in the folder of data.
+TEST(SerialTest, WhatHasComeIsWrittenWhateverEndsTheReception) {
+    const TemporaryFolder folder;
+    setenv("XDG_DATA_HOME", (folder.Path() / "user").c_str(), 1);
+    const struct {
+        int Signal;
+        bool FolderGoes;
+    } cases[] = {{SIGINT, false}, {SIGHUP, false}, {SIGXFSZ, false}, {SIGTERM, true}};
+    for (const auto& one : cases) {
+        const PseudoTerminal terminal;
+        const fs::path target = folder.Path() / "target";
+        fs::create_directory(target);
+        std::thread user([&, receiver = pthread_self()] {
+            const std::string text("   N` G`\r\n    00M30\0\0\r\n   M\r\n", 29);
+            EXPECT_EQ(write(terminal.Handle(), text.data(), text.size()), 29);
+            std::this_thread::sleep_for(std::chrono::milliseconds(300));
+            if (one.FolderGoes) fs::remove(target);
+            pthread_kill(receiver, one.Signal);
+        });
+        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
+        SerialOptions options;
+        options.File = target / "got.cnc";
+        options.Port = terminal.Path();
+        const int result = ReceiveFile(options);
+        user.join();
+        testing::internal::GetCapturedStdout();
+        const std::string told = testing::internal::GetCapturedStderr();
+        EXPECT_EQ(result, one.FolderGoes ? 2 : 0) << one.Signal << told;
+        const std::size_t kept = told.find(folder.Path() / "user");
+        ASSERT_EQ(kept != std::string::npos, one.FolderGoes) << told;
+        const std::string file = one.FolderGoes ? told.substr(kept, told.find('\n') - kept) : options.File;
+        EXPECT_NE(DiskFiles().ReadWhole(file).find("00M30\r\n   M"), std::string::npos) << one.Signal;
+        fs::remove_all(target);
+    }
 }
 
 TEST(SerialTest, ADeviceBelongsToOneProgram) {

@@ -66,8 +66,7 @@ protected:
     }
 
 private:
-    FaultPlan faults_;
-    DiskFiles files_{faults_};
+    DiskFiles files_;
     SystemPrograms programs_;
     DesktopPlatform desktop_{files_, programs_, 1};
     MemoryPlatform memory_;

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
+#include "desktop/application.h"
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
-    const QApplication application(argc, argv);
+    const kvt::Application application(argc, argv);
     QApplication::setApplicationName("Test Program");
     return RUN_ALL_TESTS();
 }

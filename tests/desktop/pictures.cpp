@@ -213,8 +213,7 @@ private:
     kvt::PseudoTerminal line_;
     bool named_ = qputenv("KVT_PORTS", QByteArray::fromStdString(line_.Path()));
     QTemporaryDir data_;
-    kvt::FaultPlan noFaults_;
-    kvt::DiskFiles files_{noFaults_};
+    kvt::DiskFiles files_;
     kvt::SystemPrograms programs_;
     kvt::DesktopPlatform platform_;
     std::unique_ptr<kvt::Workbench> bench_;

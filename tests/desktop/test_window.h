@@ -80,8 +80,7 @@ protected:
         lvList.RowsChanged();
     }
 
-    FaultPlan faults;
-    DiskFiles files{faults};
+    DiskFiles files;
     SystemPrograms programs;
     DesktopPlatform platform{files, programs, 1};
     Form form{"frmTest"};

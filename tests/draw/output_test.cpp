@@ -1,5 +1,8 @@
+#include <filesystem>
+
 #include "basic/number.h"
 #include "draw_fixture.h"
+#include "platform/picture_painter.h"
 
 namespace kvt::test {
 namespace {
@@ -9,13 +12,14 @@ TEST_F(DrawTest, AMeasureFieldIsCleanedUp) {
                                     {"-5-3", "-53"}, {"007", "7"},   {"-0", "0"}, {"1.50", "1.5"},
                                     {"abc", "0"},    {"- 12", "-12"}};
     for (const auto& one : cases) EXPECT_EQ(CleanUp(one[0]), one[1]) << one[0];
-    EXPECT_THROW(CleanUp(std::string(1000, '9')), RunTimeError);
-    // Leaving such a field keeps what stands there, and the distances.
+    // Leaving a field with a number that none can show keeps what stands there; its distances are none.
     Controls().txtX1.Text = std::string(1000, '9');
-    Controls().txtDeltaX.Text = "7";
+    Controls().txtZ1.Text = "7";
     Controls().txtX1.OnLostFocus();
     EXPECT_EQ(Controls().txtX1.Text.Get().size(), 1000u);
-    EXPECT_EQ(Controls().txtDeltaX.Text, "7");
+    EXPECT_EQ(Controls().txtDeltaX.Text, "");
+    EXPECT_EQ(Controls().txtDeltaZ.Text, "7");
+    EXPECT_TRUE(Bench->Log.Records().empty());
 }
 
 TEST_F(DrawTest, TheMillMeasuresYUpwardsOnceAPointIsFixed) {
@@ -37,10 +41,15 @@ TEST_F(DrawTest, TheMillMeasuresYUpwardsOnceAPointIsFixed) {
     EXPECT_EQ(texts(), "100|100|130|140|30|-40|50|");
     Field().OnMouseDown(mouse::Left, 0, 1130, 860);
     EXPECT_EQ(Field().MousePointer, mouse::DefaultPointer);
-    // The zooming keys work again when a field has been left.
+    // The zooming keys work again when a field has been left and the program was drawn.
     Controls().txtX1.OnGotFocus();
     EXPECT_EQ(Controls().txtDeltaZ.Text, "40");
+    Draw().Form_KeyDown('R');
+    EXPECT_EQ(Field().Operations().back().Mode, draw_mode::Invert);
     Controls().txtX1.OnLostFocus();
+    Draw().Form_KeyDown('I');
+    EXPECT_EQ(State().DrawScale, 1);
+    Draw().Form_KeyDown('R');
     Draw().Form_KeyDown('I');
     EXPECT_EQ(State().DrawScale, 2);
     Draw().Unload();
@@ -71,12 +80,17 @@ TEST_F(DrawTest, TheImageIsWhatTheViewShows) {
     };
     EXPECT_EQ(at(2400, 1005), std::string("\0\0\xFF", 3)) << "the red zero line";
     EXPECT_EQ(at(2400, 600), std::string(3, '\0'));
+    // A folder keeps the point in its name.
+    std::filesystem::create_directory(Folder + "/v1.2");
+    Bench->File.lblPath.Caption = Folder + "/v1.2/pin";
+    Controls().mnuSaveBMP.Click();
+    EXPECT_TRUE(Platform.Files.Exists(Folder + "/v1.2/pin.BMP"));
     Controls().mnuSaveClipboard.Click();
     EXPECT_EQ(Platform.Clipboard.Picture.Points.size(), width * height);
     // A mark is black on white, wherever it stands; twice it is gone.
     Controls().mnuBackground.Checked = true;
     Draw().Redraw();
-    const auto shown = [&] { return Platform.Pictures.Paint(Field(), {1500, 1500, 300, 300}).Points; };
+    const auto shown = [&] { return PaintPicture(Field(), {1500, 1500, 300, 300}, 1.0 / 15).Points; };
     const auto before = shown();
     Draw().Measure.DrawMark(1650, 1650);
     EXPECT_EQ(shown()[10 * 20 + 12], 0u);

@@ -9,8 +9,9 @@ namespace {
 class ShapesTest : public DrawTest {
 protected:
     ShapesTest()
-        : parts_{Controls(),  State(),         Bench->Store,      Bench->Machine, Bench->Results,
-                 Bench->File, Bench->Language, Platform.Services, nullptr,        nullptr} {}
+        : parts_{Controls(),     State(),     Bench->Store,    Bench->Machine,
+                 Bench->Results, Bench->File, Bench->Language, Platform.Services,
+                 nullptr,        nullptr,     nullptr} {}
 
     // Draws an arc from 1000, 1000 and tells what is wrong with it: the pen must end at the end, which like the
     // start lies on it, and G03 runs clockwise as it is seen, over the angle that is given.

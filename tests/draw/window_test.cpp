@@ -77,6 +77,47 @@ TEST_F(DrawTest, TheGridFollowsTheMark) {
     }
 }
 
+TEST_F(DrawTest, TheHeadsOfToolColumnsEndInTheirAxis) {
+    ListView& list = Bench->Store.lvCncProgram;
+    list.SetHeaderText(10, "staal x");
+    list.SetHeaderText(11, "Werkzeugposition Y");
+    list.SetHeaderText(12, "");
+    Draw().Listing.Load();
+    EXPECT_EQ(Draw().Listing.lblToolX.Caption, "staal x");
+    EXPECT_EQ(Draw().Listing.lblToolY.Caption, "WerkzeugpY");
+    EXPECT_EQ(Draw().Listing.lblToolZ.Caption, "Z");
+}
+
+TEST_F(DrawTest, AStrokeIsInSightWhereItsLineIs) {
+    // A view of 1000 by 1000 twips from 1000, 1000 on.
+    Controls().pbxViewWindow.Width = 1000;
+    Controls().pbxViewWindow.Height = 1000;
+    Field().Left = -1000;
+    Field().Top = -1000;
+    struct Sight {
+        const char* What;
+        std::function<void()> Draw;
+        bool Shown;
+    };
+    PictureBox& field = Field();
+    const Sight cases[] = {
+        {"across", [&] { field.Line(0, 1500, 9000, 1500); }, true},
+        {"past the corner", [&] { field.Line(0, 1500, 1500, 0); }, false},
+        {"a box around", [&] { field.MoveTo(500, 500), field.BoxTo(2500, 2500); }, false},
+        {"an edge of a box", [&] { field.MoveTo(500, 500), field.BoxTo(1500, 2500); }, true},
+        {"an arc through it", [&] { field.Circle(1500, 51500, 50000, 1, 2); }, true},
+        {"the rest of its circle", [&] { field.Circle(1500, 51500, 50000, 2, 1); }, false},
+        {"a circle around", [&] { field.Circle(1500, 1500, 1000); }, false},
+        {"a mark", [&] { Draw().Measure.DrawMark(1500, 1500); }, false},
+    };
+    for (const Sight& one : cases) {
+        field.Cls();
+        State().FirstStroke = field.OperationsBefore() + 1;
+        one.Draw();
+        EXPECT_EQ(Draw().View.ShowsStroke(), one.Shown) << one.What;
+    }
+}
+
 TEST_F(DrawTest, KeysAndMenusZoomWithinTheMenu) {
     DrawLines("MK4", "91; 01 X0 Z-10 F50; M30");
     const auto zoomed = [&] { return Field().Operations().back().X2; };
@@ -155,6 +196,7 @@ TEST_F(DrawTest, WaitsServeWhatComesUp) {
     EXPECT_EQ(Platform.System.Clock, 600 + 200 + 1000);
 
     // A redraw asked for in a step follows the walk; the window can be closed in one.
+    Platform.Focus.SetFocus(Field());
     Draw().Sim.SelectSim(simulation::Step);
     int turns = 0;
     Platform.System.NextEvent = [&] {

@@ -9,31 +9,26 @@ namespace kvt::test {
 namespace {
 
 // Ranges that several codes share: name, inch, metric.
-const char* const ranges[] = {"latheX|-1999TO1999|-5999TO5999",
-                              "latheZ|-12900TO12900|-32760TO32760",
-                              "feed|2TO199|2TO499",
-                              "short|-3999TO3999|-9999TO9999",
-                              "long|-7999TO7999|-19999TO19999",
-                              "tool|0TO199|0TO499",
-                              "radius|0TO1999|0TO5999",
-                              "depth|0TO12900|0TO32760",
-                              "shortOffset|0TO3999|0TO9999",
-                              "longOffset|0TO7999|0TO19999",
-                              "boringFeed|-7999TO7999|2TO499",
-                              "none||"};
+const char* const ranges[] = {
+    "latheX|-1999TO1999|-5999TO5999", "latheZ|-12900TO12900|-32760TO32760", "feed|2TO199|2TO499",
+    "short|-3999TO3999|-9999TO9999", "long|-7999TO7999|-19999TO19999", "tool|0TO199|0TO499",
+    "radius|0TO1999|0TO5999", "depth|0TO12900|0TO32760", "shortOffset|0TO3999|0TO9999",
+    "longOffset|0TO7999|0TO19999", "boringFeed|0TO999|2TO499",
+    // Y has four digits, also where the axis is the long one.
+    "longY|-7999TO7999|-9999TO9999", "longOffsetY|0TO7999|0TO9999"};
 
 // Codes|machines|first field|feed buttons|what is shown: field, label and range of each. The machines are 2 (MK2),
 // 4 (MK4), V and H (F1 in its two orientations); a range is a name from above, or the same in both units.
 const char* const table[] = {
     "G00 G92|24|txtXI||XI X latheX, ZK Z latheZ",
     "G00 G92|V|txtXI||XI X long, YJ Y short, ZK Z long",
-    "G00 G92|H|txtXI||XI X short, YJ Y long, ZK Z long",
+    "G00 G92|H|txtXI||XI X short, YJ Y longY, ZK Z long",
     "G01 G02 G03 G72|24|txtXI|feed|XI X latheX, ZK Z latheZ, FKTL F feed",
     "G01 G02 G03 G72|V|txtXI|feed|XI X long, YJ Y short, ZK Z long, FKTL F feed",
-    "G01 G02 G03 G72|H|txtXI|feed|XI X short, YJ Y long, ZK Z long, FKTL F feed",
+    "G01 G02 G03 G72|H|txtXI|feed|XI X short, YJ Y longY, ZK Z long, FKTL F feed",
     "G26|24|txtXI||XI X latheX, ZK Z latheZ, FKTL F feed",
     "G26|V|txtXI||XI X long, YJ Y short, ZK Z long, FKTL F feed",
-    "G26|H|txtXI||XI X short, YJ Y long, ZK Z long, FKTL F feed",
+    "G26|H|txtXI||XI X short, YJ Y longY, ZK Z long, FKTL F feed",
     "G04|24|txtXI||XI X radius",
     "G04|VH|txtXI||XI X 0TO19999",
     "G23|24VH|txtXI||XI X 0TO999, ZK Z 0TO999, FKTL T 0TO499",
@@ -47,14 +42,15 @@ const char* const table[] = {
     "G84 G88|4VH|txtXI|feed|XI X latheX, ZK Z latheZ, FKTL F feed, H H 0TO999",
     "G86|4VH|txtXI|feed|XI X latheX, ZK Z latheZ, FKTL F feed, H H 10TO999",
     "M06|24|txtXI||XI X latheX, ZK Z latheZ, FKTL T tool",
-    "M06|V|txtXI||XI D long, YJ S short, ZK Z long, FKTL T tool",
-    "M06|H|txtXI||XI D short, YJ S long, ZK Z long, FKTL T tool",
-    "M26|24VH|txtH||H H none",
+    "M06|V|txtXI||XI D longOffset, YJ S shortOffset, ZK Z long, FKTL T tool",
+    "M06|H|txtXI||XI D shortOffset, YJ S longOffsetY, ZK Z long, FKTL T tool",
+    "M26|24|txtH||H H 0TO999",
+    "M26|VH|txtH||H H 0TO9999",
     "M98|24|txtXI||XI X 0TO999, ZK Z 0TO999",
     "M98|VH|txtXI||XI X 0TO999, YJ Y 0TO999, ZK Z 0TO999",
     "M99|24|txtXI||XI I radius, ZK K depth",
     "M99|V|txtXI||XI I longOffset, YJ J shortOffset, ZK K longOffset",
-    "M99|H|txtXI||XI I shortOffset, YJ J longOffset, ZK K longOffset",
+    "M99|H|txtXI||XI I shortOffset, YJ J longOffsetY, ZK K longOffset",
     "M99R|24VH|txtXI||XI R radius",
     "G20 G21 G22 G24 G40 G45 G48 G74 G90 G91 G94 G95 M00 M01 M03 M17 M30|24VH|txtComment||",
 };

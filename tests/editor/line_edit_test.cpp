@@ -60,18 +60,17 @@ TEST_F(LineEditTest, PrefixesAndWidthsOfEveryField) {
         {"MK4|27||||105", "[ 27 ][     ][     ][      ][L105][   ]"},
         {"MK4|33|||-100|50", "[ 33 ][     ][     ][-  100][K 50][   ]"},
         {"MK4|84|-100||-200|40|7", "[ 84 ][- 100][     ][-  200][  40][ 07]"},
-        {"MK4|78|100||200|-40|110", "[ 78 ][  100][     ][   200][K 40][110]"},
+        {"MK4|78|100||200|40|110", "[ 78 ][  100][     ][   200][K 40][110]"},
         {"MK4|M06|-5||6|3", "[M06 ][-  05][     ][    06][T 03][   ]"},
-        {"MK4|M26|1|2|3|4|1234", "[M26 ][     ][     ][      ][    ][234]"},
-        {"MK4|M99|-100||200", "[M99 ][I 100][     ][K  200][    ][   ]"},
+        {"MK4|M26|1|2|3|4|123", "[M26 ][     ][     ][      ][    ][123]"},
+        {"MK4|M99|100||200", "[M99 ][I 100][     ][K  200][    ][   ]"},
         {"MK4|21|1|2|3|4|5", "[ 21 ][     ][     ][      ][    ][   ]"},
-        {"MK4|00|-123456||1234567", "[ 00 ][-3456][     ][ 34567][    ][   ]"},
         {"MK2|23|1||999|499", "[ 23 ][   01][     ][   999][T499][   ]"},
         {"MK2|84|1||2|30|4", "[ 84 ][   01][     ][    02][  30][   ]"},
         {"F1|01|-12345|-9999|-1|499", "[ 01 ][-12345][-9999][-   01][ 499][   ]"},
         {"F1|81|1|2|-300|40", "[ 81 ][      ][     ][-  300][  40][   ]"},
-        {"F1|M06|-500|1200|-5|1", "[M06 ][D  500][S1200][-   05][T 01][   ]"},
-        {"F1|M99|100|-50|0", "[M99 ][I  100][J  50][K   00][    ][   ]"},
+        {"F1|M06|500|1200|-5|1", "[M06 ][D  500][S1200][-   05][T 01][   ]"},
+        {"F1|M99|100|50|0", "[M99 ][I  100][J  50][K   00][    ][   ]"},
         // On the mill a visible H takes the place of the fourth parameter.
         {"F1|84|-100||-200|40|7", "[ 84 ][-  100][     ][-  200][  07][   ]"},
         {"F1|M26|||||1234", "[M26 ][      ][     ][      ][1234][   ]"},
@@ -94,12 +93,30 @@ TEST_F(LineEditTest, PrefixesAndWidthsOfEveryField) {
     }
 }
 
+TEST_F(LineEditTest, AValueThatItsCellCannotHoldIsNotWritten) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"MK4|00|-123456||1", "Lowest value for this field is -5999"},
+        {"MK4|00|1||1234567", "Highest value for this field is 32760"},
+        {"MK4|M99|-100||200", "Lowest value for this field is 0"},
+        {"MK4|M26|||||1000", "Highest value for this field is 999"},
+        {"F1|M06|-500|1200|-5|1", "Lowest value for this field is 0"},
+        {"F1|00|1|10000|-5", "Highest value for this field is 9999"},
+    };
+    for (const auto& [typed, message] : cases) {
+        const std::string line = typed;
+        Begin(line.substr(0, line.find('|')));
+        Enter(line.substr(line.find('|') + 1));
+        EXPECT_EQ(Platform.Dialogs.Shown.back().Text, message) << typed;
+        EXPECT_EQ(Bench->Store.LineCount(), 0) << typed;
+    }
+}
+
 TEST_F(LineEditTest, TheRadiusLineLosesADigitAndKeepsItsRadius) {
-    Enter("M99R|-500");
+    Enter("M99R|500");
     EXPECT_EQ(Cells(0), "[M9R ][R 500][     ][      ][    ][   ]");
-    EXPECT_EQ(Bench->Store.M99Radius, -500);
+    EXPECT_EQ(Bench->Store.M99Radius, 500);
     Enter("M99|7||8");
-    EXPECT_EQ(Bench->Store.M99Radius, -500);
+    EXPECT_EQ(Bench->Store.M99Radius, 500);
 }
 
 TEST_F(LineEditTest, WritesWhicheverRowIsSelected) {

@@ -2,6 +2,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "basic/code_page.h"
 #include "files/iso/converter.h"
 #include "program/program_store.h"
 #include "support/bench_fixture.h"
@@ -32,7 +33,7 @@ protected:
         try {
             Rows(machine, text);
         } catch (const iso::Refusal& refusal) {
-            return std::to_string(refusal.Line) + " " + refusal.Why;
+            return std::to_string(refusal.Line) + " " + refusal.Description;
         }
         return "converted";
     }
@@ -135,11 +136,45 @@ TEST_F(IsoTest, WhatTheMachineCannotDoIsRefusedByItsLine) {
 TEST_F(IsoTest, AFindingOfTheCheckBecomesTheErrorFile) {
     std::ofstream(Path("long.nc")) << "G0 X0 Y0 Z10\nM5\nG0 X250\n";
     MemoryPrograms& programs = Platform.Programs;
-    const int program = programs.Start(KVT_PREPROCESSORS "/iso2emco.F1 " + Path("long.nc"));
+    const int program = programs.Start(KVT_PREPROCESSORS "/iso2emco.F1 " + Path("long.nc"), Path("long.nc"));
     ASSERT_TRUE(programs.HasEnded(program));
     EXPECT_EQ(FileContent("long.nc.~ppERR"),
               "Line 3: the machine does not take this (N02 00): X=19999maximum.\r\n");
     EXPECT_FALSE(fs::exists(Path("long.nc.~pp")));
+}
+
+// A file's name reaches the pre-processor, the labels and the next save whole: with several blanks, in the code page
+// and beyond it.
+TEST_F(IsoTest, AnyNameComesThroughAnImport) {
+    Bench->Store.Machine = "F1";
+    PreProcessor& import = Bench->Import;
+    import.PreProcessorFolder = KVT_PREPROCESSORS "/";
+    import.RefreshPreProcessors();
+    for (const char* name : {"a  b   c.nc", " \xC3\xBC \xC3\x9F.nc", "\xE9\x9B\xB6 \xC3\xBC  5.nc"}) {
+        std::ofstream(Path(name)) << "G0 X0 Y0 Z10\nM5\nG0 X25\n";
+        // What stands there already: links to what is not to be touched, or is not there.
+        std::ofstream(Path("other")) << "other";
+        fs::create_symlink(Path("other"), Path(name) + ".~pp");
+        fs::create_symlink(Path("nothing"), Path(name) + ".~ppINFO");
+        const std::string path = NameFromSystem(Path(name));
+        MemoryPrograms& programs = Platform.Programs;
+        ASSERT_TRUE(programs.HasEnded(programs.Start(KVT_PREPROCESSORS "/iso2emco.F1 " + path, path)));
+        EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(Path(name) + ".~pp"))) << name;
+        EXPECT_EQ(FileContent("other"), "other");
+        EXPECT_FALSE(fs::exists(Path("nothing")));
+
+        Platform.Dialogs.Shown.clear();
+        Platform.Dialogs.FileAnswers = {{false, path}};
+        import.mnuPP_Click(0);
+        EXPECT_TRUE(Platform.Dialogs.Shown.empty()) << name;
+        EXPECT_EQ(Bench->File.lblPath.Caption.Get(), path);
+        EXPECT_EQ(Bench->Store.LineCount(), 4) << name;
+        const std::string saved = path.substr(0, path.size() - 3) + ".cnc";
+        Platform.Dialogs.FileAnswers = {{false, saved}};
+        Bench->Writer.mnuSave_Click();
+        EXPECT_TRUE(fs::exists(fs::path(Path(name)).replace_extension(".cnc"))) << name;
+        EXPECT_EQ(Bench->File.lblPath.Caption.Get(), saved);
+    }
 }
 
 }  // namespace

@@ -281,7 +281,7 @@ TEST_F(ReaderTest, ShortLinesAreSkippedAndLongOnesCut) {
     EXPECT_EQ(Store().LineCount(), 500);
 }
 
-TEST_F(ReaderTest, TheQuestionComesAfterTheMachineHasChanged) {
+TEST_F(ReaderTest, TheQuestionComesBeforeTheMachineChanges) {
     const std::string next = FileText("MK2", {{"22"}});
     Edited();
     Platform.Dialogs.Answers = {Answer::Yes};
@@ -290,8 +290,8 @@ TEST_F(ReaderTest, TheQuestionComesAfterTheMachineHasChanged) {
     EXPECT_EQ(Shown()[0].Text, "Do you want to save the open file now?");
     EXPECT_EQ(Shown()[0].Title, "Continue?");
     EXPECT_EQ(Shown()[0].Choice, Buttons::YesNo);
-    // The old program went out in the layout of the new machine.
-    EXPECT_EQ(FileContent("old.cnc"), "%\r\n   N00 G30 X      Z       F    OLD\r\n   M\r\n");
+    // The old program went out in the layout of its own machine.
+    EXPECT_EQ(FileContent("old.cnc"), FileText("MK4", {{.Code = "M30", .Comment = "OLD"}}));
     EXPECT_FALSE(Store().ProgramChanged);
     EXPECT_EQ(Caption(Bench->File.lblPath), Path("program.cnc"));
 

@@ -69,10 +69,10 @@ TEST(SettingsFileTest, ABadValueCostsItselfOrWhatFollows) {
 
 class StartTest : public BenchTest {
 protected:
-    // Starts the program in a data folder; what it tells then.
-    std::string Start(const std::string& data) {
+    // Starts the program in a data folder, with a command line; what it tells then.
+    std::string Start(const std::string& data, const std::string& commandLine = {}) {
         Platform.System.DataFolder = data;
-        Bench->Form_Load("");
+        Bench->Form_Load(commandLine);
         std::string told;
         for (const MessageBox& box : Platform.Dialogs.Shown) told += box.Text + "|";
         Platform.Dialogs.Shown.clear();
@@ -87,11 +87,11 @@ TEST_F(StartTest, WithoutResetCopiesTheBuiltInValuesServe) {
     EXPECT_EQ(Bench->Store.LimitValues(limit::N499), 499);
     EXPECT_EQ(Bench->Platform.Focus.Focused(), &Bench->Entry.txtGMcode);
     Bench->Window.mnuExit_Click();
-    // Values in force at the first end are those of the reset copy, but for the place and the missing ports.
+    // Values in force at the first end are those of the reset copy, but for the place; a missing port is no choice of
+    // the user's.
     BringResetCopies(Platform.Files, Folder);
     const std::string folder = "EMCO/KVT_100/Settings/";
-    const std::string reset =
-        Replace(FileContent(folder + "SettingsEditorReset.txt"), "ComPortEnable=True", "ComPortEnable=False");
+    const std::string reset = FileContent(folder + "SettingsEditorReset.txt");
     EXPECT_EQ(Replace(reset, "8720, 0, 0, 13800", "8720, 7500, 3740, 13800"),
               FileContent(folder + "SettingsEditor.txt"));
     Platform.Files.WriteWhole(Path(folder + "SettingsDrawReset.txt"), "own");
@@ -99,13 +99,17 @@ TEST_F(StartTest, WithoutResetCopiesTheBuiltInValuesServe) {
     EXPECT_EQ(FileContent(folder + "SettingsDrawReset.txt"), "own");
 }
 
-TEST_F(StartTest, AFolderThatCannotBeMadeIsToldOfOnce) {
+// The file on the command line opens all the same.
+TEST_F(StartTest, AFolderThatCannotBeMadeIsToldOfOnceAtTheStart) {
     Platform.Files.WriteWhole(Path("file"), "");
     BringResetCopies(Platform.Files, Path("file"));
-    EXPECT_EQ(Start(Path("file")),
+    Platform.Files.WriteWhole(Path("part one.cnc"), FileText("F1", {{"M30"}}));
+    EXPECT_EQ(Start(Path("file"), "\"" + Path("part one.cnc") + "\""),
               "Settings and unsaved programs cannot be kept. This folder cannot be written: " +
                   Path("file/EMCO/KVT_100/|"));
-    ASSERT_EQ(Load(FileText("MK4", {{"M30"}})), LoadResult::Loaded);
+    EXPECT_EQ(Bench->Store.Machine, "F1");
+    EXPECT_EQ(Bench->Store.LineCount(), 1);
+    EXPECT_EQ(Bench->File.lblPath.Caption.Get(), Path("part one.cnc"));
     Bench->Store.ProgramChanged = true;
     Platform.System.Watch(Bench->frmMain);
     Platform.System.Advance(2000);

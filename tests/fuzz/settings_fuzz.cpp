@@ -30,8 +30,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const std::string folder = "/tmp/kvt-settings-fuzz-" + std::to_string(getpid());
     const kvt::Folders folders = kvt::FoldersBelow(folder);
     const std::string settings = folders.SettingsFolder + "SettingsEditor.txt";
-    kvt::FaultPlan noFaults;
-    kvt::DiskFiles files(noFaults);
+    kvt::DiskFiles files;
     files.MakeFolder(folders.SettingsFolder);
     files.WriteWhole(settings, {reinterpret_cast<const char*>(data), size});
     // A window without a place of its own is centred by the second run.

@@ -40,7 +40,7 @@ public:
         Bench = std::make_unique<Workbench>(platform_.Services);
         for (Form* form : Bench->Forms()) {
             platform_.System.Watch(*form);
-            windows_.push_back(std::make_unique<MemoryWindow>(*form, platform_.Screen));
+            windows_.push_back(std::make_unique<MemoryWindow>(*form, platform_.Screen, platform_.Focus));
         }
         // A wait takes a few events of its own, then ends.
         platform_.System.NextEvent = [this] {
@@ -53,10 +53,9 @@ public:
         platform_.System.Patience = 2000;
         // A copy: it may be saved over.
         const std::string name = folder_ + "/part.cnc";
-        DiskFiles(noFaults_).WriteWhole(
-            name, DiskFiles(noFaults_).ReadWhole(KVT_SOURCE_DIR "/samples/" +
-                                                 std::string(samples[Below(std::size(samples))])));
-        DiskFiles own(noFaults_);
+        DiskFiles().WriteWhole(name, DiskFiles().ReadWhole(KVT_SOURCE_DIR "/samples/" +
+                                                           std::string(samples[Below(std::size(samples))])));
+        DiskFiles own;
         BringResetCopies(own, platform_.System.DataFolder);
         Bench->Form_Load(Below(4) == 0 ? "" : name);
     }
@@ -66,7 +65,7 @@ public:
         platform_.Dialogs.Answers.assign(3, static_cast<Answer>(Below(4)));
         platform_.Dialogs.FileAnswers.assign(1, {Below(3) == 0, folder_ + "/monkey.cnc"});
         platform_.Dialogs.Shown.clear();
-        Event();
+        platform_.System.Run([this] { Event(); });
         if (platform_.System.Ended || ++steps_ % stepsOfARun == 0) Start();
     }
 
@@ -162,7 +161,6 @@ private:
     MemoryPlatform& platform_;
     std::string folder_;
     std::mt19937 random_;
-    FaultPlan noFaults_;
     std::vector<std::unique_ptr<MemoryWindow>> windows_;
     int inWait_ = 0;
     int steps_ = 0;

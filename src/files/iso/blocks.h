@@ -4,12 +4,15 @@
 #include <string_view>
 #include <vector>
 
+#include "basic/failure.h"
+
 namespace kvt::iso {
 
 // Why a program cannot be converted. Line counts from 1; 0 for the program as a whole.
-struct Refusal {
-    int Line = 0;
-    std::string Why;
+struct Refusal : Failure {
+    Refusal(int line, std::string why) : Failure(std::move(why)), Line(line) {}
+
+    int Line;
 };
 
 // One word of a block: its letter in upper case, its number, and the number as it was written.

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QApplication>
+
+namespace kvt {
+
+// Tells the log of the exception that is being handled, whatever it is, under the name of a procedure.
+void TellFailure(const char* procedure) noexcept;
+
+// Every event, timer, notifier and queued call of the toolkit passes here: no failure gets any farther, and the program
+// goes on.
+class Application : public QApplication {
+public:
+    using QApplication::QApplication;
+    bool notify(QObject* receiver, QEvent* event) override;
+};
+
+}  // namespace kvt

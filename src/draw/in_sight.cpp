@@ -1,0 +1,65 @@
+#include "draw/in_sight.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "draw/geometry.h"
+
+namespace kvt {
+
+namespace {
+
+using OfKind = DrawOperation::Kind;
+
+// An arc is looked at in chords of this many degrees: they leave it by less than a point at any scale of the menu.
+constexpr int piecesOfATurn = 720;
+
+bool LineIsInSight(double x1, double y1, double x2, double y2, const FieldArea& area) {
+    double from = 0;
+    double to = 1;
+    const auto cut = [&](double start, double length, double low, double high) {
+        if (length == 0) return start >= low && start <= high;
+        const auto [first, last] = std::minmax({(low - start) / length, (high - start) / length});
+        from = std::max(from, first);
+        to = std::min(to, last);
+        return from <= to;
+    };
+    return cut(x1, x2 - x1, area.Left, area.Left + area.Width) &&
+           cut(y1, y2 - y1, area.Top, area.Top + area.Height);
+}
+
+bool ArcIsInSight(const DrawOperation& arc, const FieldArea& area) {
+    double start = 0;
+    double sweep = 2 * Pi;
+    if (!arc.IsFullCircle()) {
+        start = arc.Start;
+        sweep = std::fmod(double{arc.End} - arc.Start, 2 * Pi);
+        if (sweep <= 1e-6) sweep += 2 * Pi;
+    }
+    const int pieces = std::max(1, static_cast<int>(std::ceil(sweep / (2 * Pi) * piecesOfATurn)));
+    const auto x = [&](int i) { return arc.X1 + arc.Radius() * std::cos(start + sweep * i / pieces); };
+    const auto y = [&](int i) { return arc.Y1 - arc.Radius() * std::sin(start + sweep * i / pieces); };
+    for (int i = 0; i < pieces; ++i) {
+        if (LineIsInSight(x(i), y(i), x(i + 1), y(i + 1), area)) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+bool IsInSight(const DrawOperation& one, const FieldArea& area) {
+    switch (one.What) {
+        case OfKind::Line: return LineIsInSight(one.X1, one.Y1, one.X2, one.Y2, area);
+        case OfKind::Box:
+            return LineIsInSight(one.X1, one.Y1, one.X2, one.Y1, area) ||
+                   LineIsInSight(one.X1, one.Y2, one.X2, one.Y2, area) ||
+                   LineIsInSight(one.X1, one.Y1, one.X1, one.Y2, area) ||
+                   LineIsInSight(one.X2, one.Y1, one.X2, one.Y2, area);
+        case OfKind::Circle: return ArcIsInSight(one, area);
+        case OfKind::Clear:
+        case OfKind::Picture: break;
+    }
+    return false;
+}
+
+}  // namespace kvt

@@ -1,0 +1,35 @@
+// Any bytes from the wire, in pieces of any size: the view shows them all but the zero bytes, and an import leaves
+// a program, or the text where it was.
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+
+#include "basic/text.h"
+#include "shell/workbench.h"
+#include "support/map_files.h"
+
+using kvt::test::Demand;
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size < 2 || size > (std::size_t{1} << 14)) return 0;
+    kvt::test::DisklessPlatform platform;
+    platform.Memory.Port.Ports = 1;
+    kvt::Workbench bench(platform.Services);
+    bench.Form_Load("");
+    const std::size_t piece = data[0] + 1;
+    const std::string wire(reinterpret_cast<const char*>(data + 1), size - 1);
+    for (std::size_t at = 0; at < wire.size(); at += piece)
+        Demand(platform.Memory.Port.Receive(wire.substr(at, piece)));
+
+    std::string shown = wire;
+    std::erase(shown, '\0');
+    Demand(bench.Transfer.frRXcode.Visible && bench.Transfer.txtRX.Text.Get() == shown);
+    bench.Received.cmdReceiveImport_Click();
+    if (bench.Store.LineCount() > 0) {
+        Demand(bench.Store.ProgramChanged && bench.File.lblPath.Caption.Empty());
+    } else if (!kvt::Trim(shown).empty()) {
+        Demand(kvt::Trim(bench.Transfer.txtRX.Text.Get()) == kvt::Trim(shown));
+    }
+    return 0;
+}
