@@ -14,13 +14,21 @@ bool DesktopFocus::Take(Control& control) {
     return Focused() == &control;
 }
 
-void DesktopFocus::WindowActivated(Form& form) {
-    Control* const now = Focused();
-    if (!now || &now->OwningForm() != &form) {
-        const auto last = last_.find(&form);
-        Control* const next = last != last_.end() ? last->second : FirstInTabOrder(form);
-        if (next) SetFocus(*next);
-    }
+bool DesktopFocus::IsOn(const Form& form) {
+    const Control* const now = Focused();
+    return now && &now->OwningForm() == &form;
+}
+
+bool DesktopFocus::GiveBack(Form& form) {
+    const auto last = last_.find(&form);
+    if (!IsOn(form) && last != last_.end()) SetFocus(*last->second);
+    RestoreSoon();
+    return last != last_.end();
+}
+
+void DesktopFocus::TakeFirst(Form& form) {
+    Control* const first = FirstInTabOrder(form);
+    if (first && !IsOn(form)) SetFocus(*first);
     RestoreSoon();
 }
 

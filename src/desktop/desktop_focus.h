@@ -15,8 +15,10 @@ class DesktopFocus : public FocusKeeper {
 public:
     // By hand, to a control that was pressed. False where it did not stay there.
     bool Take(Control& control);
-    // A window has come to the front: the control that had the focus there last gets it back.
-    void WindowActivated(Form& form);
+    // A window has come to the front: the control that had the focus there last gets it back. False where none had.
+    bool GiveBack(Form& form);
+    // A window that has come to the front must have the focus somewhere.
+    void TakeFirst(Form& form);
     // Lets the toolkit's focus follow again, once the events that have come up are through; it strays when a
     // control is hidden or disabled. The window itself takes the keys of such a control.
     void RestoreSoon();
@@ -27,6 +29,7 @@ protected:
 private:
     void Restore();
     void Frame(const Control& control, QWidget* widget);
+    bool IsOn(const Form& form);
 
     QObject later_;
     bool restoring_ = false;

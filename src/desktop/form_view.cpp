@@ -256,10 +256,14 @@ void FormView::StayOnTop(bool stays) {
 
 void FormView::Activated() {
     const Form* const before = std::exchange(Desktop.Front, &form_);
-    Desktop.System.Run(form_, "GotFocus", [this] { Desktop.Focus.WindowActivated(form_); });
-    if (before == &form_) return;
-    if (before && before->OnLostFocus) Desktop.System.Run(*before, "LostFocus", before->OnLostFocus);
-    if (form_.OnActivate) Desktop.System.Run(form_, "Activate", form_.OnActivate);
+    bool known = false;
+    Desktop.System.Run(form_, "GotFocus", [&] { known = Desktop.Focus.GiveBack(form_); });
+    if (before != &form_) {
+        if (before && before->OnLostFocus) Desktop.System.Run(*before, "LostFocus", before->OnLostFocus);
+        if (form_.OnActivate) Desktop.System.Run(form_, "Activate", form_.OnActivate);
+    }
+    // Where the form itself has given the focus to nobody.
+    if (!known) Desktop.System.Run(form_, "GotFocus", [this] { Desktop.Focus.TakeFirst(form_); });
 }
 
 void FormView::Closed() {

@@ -32,6 +32,7 @@ TEST_F(DesktopWindow, MenusComeFromTheControls) {
     ASSERT_EQ(entries.size(), 3);
     EXPECT_EQ(entries[0]->shortcut(), QKeySequence("Ctrl+O"));
     EXPECT_TRUE(entries[1]->isSeparator());
+    EXPECT_TRUE(entries[1]->text().isEmpty()) << "a line, not a heading";
     entries[2]->trigger();
     EXPECT_FALSE(mnuGrid.Checked);
     EXPECT_FALSE(entries[2]->isChecked());

@@ -144,6 +144,26 @@ TEST_F(DesktopWorkbench, AForeignNameIsReadable) {
     EXPECT_EQ(proposed, name + ".cnc");
 }
 
+TEST_F(DesktopWorkbench, TheDrawingOfAStartComesBehindTheEditor) {
+    const std::string folder = data_.filePath("EMCO/KVT_100/Settings/").toStdString();
+    files.MakeFolder(folder);
+    files.WriteWhole(folder + "SettingsEditor.txt",
+                     "LastFileUsed=" KVT_SOURCE_DIR "/samples/mk4_bolt.cnc\r\nDrawWindow Active=True\r\n");
+    Open("");
+    const Form& drawing = bench.Draw.Controls.frmDraw;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return drawing.Visible.Get(); }));
+    QTest::qWait(100);
+    EXPECT_EQ(Focused(), &bench.Entry.txtGMcode);
+    EXPECT_TRUE(windows.front()->Window().isActiveWindow());
+    QMainWindow& window = dynamic_cast<FormView&>(*drawing.View).Window();
+    EXPECT_TRUE(window.isVisible());
+    // With its keys first, not with a field to measure with.
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    QTest::qWait(1);
+    EXPECT_EQ(Focused(), &bench.Draw.Controls.pbxDrawField);
+}
+
 // KVT_MONKEY_EVENTS lets it go on for longer.
 TEST_F(DesktopWorkbench, AMonkeyBreaksNothing) {
     const char* const wanted = std::getenv("KVT_MONKEY_EVENTS");
