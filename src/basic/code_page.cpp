@@ -78,6 +78,26 @@ bool IsUtf8(std::string_view bytes) {
     return true;
 }
 
+std::string ShownToUtf8(std::string_view text) {
+    std::string out;
+    std::string asUtf8;
+    bool holdsName = false;
+    std::uint32_t character = 0;
+    std::size_t length = 0;
+    for (std::size_t at = 0; at < text.size(); at += length) {
+        const bool whole = NextCharacter(text, at, character, length);
+        const std::string_view piece = text.substr(at, length);
+        holdsName = holdsName || (whole && length > 1 && ByteOf(character) == '?');
+        AppendUtf8(piece, out);
+        if (whole) {
+            asUtf8 += piece;
+        } else {
+            AppendUtf8(piece, asUtf8);
+        }
+    }
+    return holdsName ? asUtf8 : out;
+}
+
 std::string FromUtf8(std::string_view utf8) {
     std::string text;
     text.reserve(utf8.size());

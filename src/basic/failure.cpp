@@ -13,7 +13,7 @@ int RunMain(const std::string& name, int failed, const std::function<int()>& bod
         const std::string told = WithoutControls(name + ": " + failure.what());
         std::fprintf(stderr, "%s\n", told.c_str());
     } catch (...) {
-        std::fprintf(stderr, "%s: a failure of an unknown kind\n", name.c_str());
+        std::fprintf(stderr, "%s: an unknown failure has ended the program\n", name.c_str());
     }
     return failed;
 }

@@ -2,7 +2,6 @@
 
 #include <rapidjson/writer.h>
 
-#include <filesystem>
 #include <new>
 
 #include "basic/code_page.h"

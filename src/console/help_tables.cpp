@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
+#include <utility>
 #include <vector>
 
 #include "basic/code_page.h"
@@ -15,12 +17,39 @@ namespace kvt {
 namespace {
 
 struct Words {
-    const char *Code, *Meaning, *Parameters, *Parameter, *Codes, *Metric, *Inch, *Any;
+    const char *Code, *Meaning, *Parameters, *Parameter, *Codes, *Metric, *Inch;
+    // Commands of the machine's own panel.
+    const char *Motors, *Tape, *Line;
 };
-constexpr Words english = {"Code",  "Meaning",  "Parameters",  "Parameter",
-                           "Codes", "1/100 mm", "1/1000 inch", "any"};
-constexpr Words german = {"Code",  "Bedeutung", "Parameter",   "Parameter",
-                          "Codes", "1/100 mm",  "1/1000 Zoll", "beliebig"};
+constexpr Words english = {"Code",
+                           "Meaning",
+                           "Parameters",
+                           "Parameter",
+                           "Codes",
+                           "1/100 mm",
+                           "1/1000 inch",
+                           "Feed motors without current (at the machine alone)",
+                           "Tape of the machine (at the machine alone)",
+                           "Serial line (at the machine alone)"};
+constexpr Words german = {"Code",
+                          "Bedeutung",
+                          "Parameter",
+                          "Parameter",
+                          "Codes",
+                          "1/100 mm",
+                          "1/1000 Zoll",
+                          "Vorschubmotoren stromlos (nur an der Maschine)",
+                          "Band der Maschine (nur an der Maschine)",
+                          "Serielle Leitung (nur an der Maschine)"};
+
+// Commands that are typed at the machine and are no part of a program; the table of a machine names them all the same.
+struct PanelCommand {
+    const char* Code;
+    const char* Words::*Meaning;
+    bool OnMK2;
+};
+constexpr PanelCommand panelCommands[] = {
+    {"G64", &Words::Motors, true}, {"G65", &Words::Tape, false}, {"G66", &Words::Line, false}};
 
 // One parameter of a code, with its range in both units.
 struct Parameter {
@@ -28,21 +57,22 @@ struct Parameter {
 };
 
 // "-5999TO5999" for people.
-std::string RangeText(const std::string& tag, const Words& words) {
+std::string RangeText(const std::string& tag) {
     const std::size_t middle = tag.find("TO");
-    if (middle == std::string::npos) return words.Any;
     return tag.substr(0, middle) + " \xE2\x80\xA6 " + tag.substr(middle + 2);
 }
 
 // A workbench of one machine, to be asked about its codes.
 class MachineTables {
 public:
-    MachineTables(std::string_view machine, const Words& words, const std::string& languageModule)
-        : words_(words), bench_(std::make_unique<Workbench>(platform_.Services)) {
+    MachineTables(std::string_view machine, const std::string& languageModule)
+        : bench_(std::make_unique<Workbench>(platform_.Services)) {
         bench_->Modules.LoadLanguageModule(languageModule);
         bench_->Store.Machine = machine;
         bench_->RefreshMachine();
     }
+
+    bool IsMK2() const { return bench_->Store.IsMK2(); }
 
     std::vector<const ListBox*> Lists() const {
         const CodeLists& lists = bench_->Lists;
@@ -68,7 +98,7 @@ public:
                      {&entry.lblFKTL, &entry.txtFKTL},
                      {&entry.lblH, &entry.txtH}}) {
                 if (!field->Visible) continue;
-                const std::string range = HtmlText(RangeText(field->Tag.Get(), words_));
+                const std::string range = HtmlText(RangeText(field->Tag.Get()));
                 if (metric) parameters.push_back({label->Caption.Get(), range, {}});
                 if (!metric && place < parameters.size()) parameters[place].Inch = range;
                 ++place;
@@ -78,7 +108,6 @@ public:
     }
 
 private:
-    const Words& words_;
     MemoryPlatform platform_;
     std::unique_ptr<Workbench> bench_;
 };
@@ -86,17 +115,26 @@ private:
 std::string CodeOf(const std::string& entry) { return std::string(Trim(Left(entry, 4))); }
 
 std::string Commands(MachineTables& machine, const Words& words) {
-    std::vector<std::vector<std::string>> rows = {{words.Code, words.Meaning, words.Parameters}};
+    // By code, as the lists have them.
+    std::map<std::string, std::vector<std::string>> byCode;
+    const auto row = [](const std::string& code, const std::string& meaning, const std::string& letters) {
+        return std::vector<std::string>{"<a href=\"#" + code + "\">" + code + "</a>", meaning, letters};
+    };
     for (const ListBox* list : machine.Lists()) {
         for (const std::string& entry : list->Entries()) {
             std::string letters;
             for (const Parameter& one : machine.ParametersOf(CodeOf(entry)))
                 letters += (letters.empty() ? "" : ", ") + one.Name;
             const std::string code = CodeOf(entry);
-            rows.push_back({"<a href=\"#" + code + "\">" + code + "</a>",
-                            HtmlText(ToUtf8(EntryDescription(entry))), letters});
+            byCode[code] = row(code, HtmlText(ToUtf8(EntryDescription(entry))), letters);
         }
     }
+    for (const PanelCommand& command : panelCommands) {
+        if (command.OnMK2 || !machine.IsMK2())
+            byCode[command.Code] = row(command.Code, words.*command.Meaning, "");
+    }
+    std::vector<std::vector<std::string>> rows = {{words.Code, words.Meaning, words.Parameters}};
+    for (auto& [code, cells] : byCode) rows.push_back(std::move(cells));
     return HtmlTable(rows);
 }
 
@@ -134,7 +172,7 @@ std::string HelpTable(std::string_view words, const std::string& languageModule)
     const std::vector<std::string_view> parts = Split(words, " ");
     const Words& heads = languageModule.empty() ? english : german;
     if (parts.size() < 2) return {};
-    MachineTables machine(parts.back(), heads, languageModule);
+    MachineTables machine(parts.back(), languageModule);
     if (parts.size() == 2 && parts[0] == "commands") return Commands(machine, heads);
     if (parts.size() == 2 && parts[0] == "ranges") return Ranges(machine, heads);
     if (parts.size() == 3 && parts[0] == "limits") return Limits(machine, std::string(parts[1]), heads);

@@ -9,7 +9,7 @@ std::string TextOf(const PlainValue& value) {
     if (const bool* truth = std::get_if<bool>(&value)) return *truth ? "true" : "false";
     if (const int* whole = std::get_if<int>(&value)) return PlainNumber(*whole);
     if (const float* number = std::get_if<float>(&value)) return PlainNumber(*number);
-    return ToUtf8(std::get<std::string>(value));
+    return ShownToUtf8(std::get<std::string>(value));
 }
 
 }  // namespace kvt

@@ -70,7 +70,7 @@ void ExpectEntries(Script& run, Given given) {
 void ExpectMessage(Script& run, Given given) {
     const std::vector<MessageBox>& shown = run.Session.Platform.Dialogs.Shown;
     if (run.ExpectedBoxes == shown.size()) return run.Fail(Quoted(given.Last()), "no message box");
-    run.Compare(given.Last(), ToUtf8(shown[run.ExpectedBoxes++].Text));
+    run.Compare(given.Last(), ShownToUtf8(shown[run.ExpectedBoxes++].Text));
 }
 
 void ExpectTitle(Script& run, Given given) {
@@ -94,7 +94,7 @@ void ExpectButtons(Script& run, Given given) {
 void ExpectNoMessage(Script& run, Given) {
     const std::vector<MessageBox>& shown = run.Session.Platform.Dialogs.Shown;
     if (run.ExpectedBoxes < shown.size())
-        run.Fail("no message box", Quoted(ToUtf8(shown[run.ExpectedBoxes].Text)));
+        run.Fail("no message box", Quoted(ShownToUtf8(shown[run.ExpectedBoxes].Text)));
 }
 
 // Files.

@@ -54,7 +54,7 @@ ScriptRun::ScriptRun(std::string name, std::string_view script, const ScriptOpti
     Session.Platform.System.NextInTimedWait = [this] { ServeTimedWait(); };
     Session.SetRefusal([this](const std::string& path) { Break(NoPlaceForWrites(path)); });
     Session.Platform.Dialogs.OnUnanswered = [this](const MessageBox& box) {
-        Note("no answer for the message box " + Quoted(ToUtf8(box.Text)) + ", it takes its default");
+        Note("no answer for the message box " + Quoted(ShownToUtf8(box.Text)) + ", it takes its default");
     };
 }
 

@@ -36,11 +36,13 @@ public:
             String(ToUtf8(text));
         }
     }
+    // One in which file names may stand.
+    void Shown(std::string_view text) { String(ShownToUtf8(text)); }
     // A file's name, which is UTF-8 as a rule but may be any bytes.
     void Utf8(std::string_view text) { IsUtf8(text) ? String(text) : Text(text); }
 
     void Any(const PlainValue& value) {
-        if (const auto* text = std::get_if<std::string>(&value)) return Text(*text);
+        if (const auto* text = std::get_if<std::string>(&value)) return Shown(*text);
         const std::string number = TextOf(value);
         json_.RawValue(number.data(), number.size(), rapidjson::kNumberType);
     }
@@ -152,7 +154,8 @@ void WriteBoxes(StateWriter& out, std::span<const MessageBox> boxes) {
     out.Json().StartArray();
     for (const MessageBox& box : boxes) {
         out.Begin();
-        out.Member("text", std::string_view(box.Text));
+        out.Key("text");
+        out.Shown(box.Text);
         out.Member("title", std::string_view(box.Title));
         out.Member("icon", IconName(box.Picture));
         out.Member("buttons", ButtonsName(box.Choice));

@@ -12,8 +12,8 @@ namespace {
 constexpr int outOfMemory = 7;
 constexpr int internalError = 51;
 
-// What the failure that is being handled is in the log.
-RunTimeError InHand() {
+// What a failure of any kind is in the log.
+RunTimeError CaughtNow() {
     try {
         throw;
     } catch (const RunTimeError& error) {
@@ -31,7 +31,7 @@ RunTimeError InHand() {
 
 void TellFailure(const char* procedure) noexcept {
     try {
-        TellError(InHand(), procedure);
+        TellError(CaughtNow(), procedure);
     } catch (...) {
         // Not even memory for the description: nothing is left to tell.
     }

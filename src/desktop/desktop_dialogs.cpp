@@ -89,7 +89,7 @@ Answer DesktopDialogs::ShowMessage(const MessageBox& box) {
     Box window(parent);
     window.setWindowTitle(box.Title.empty() ? QCoreApplication::applicationName() : ToQt(box.Title));
     window.setTextFormat(Qt::PlainText);
-    window.setText(ToQt(box.Text));
+    window.setText(ShownToQt(box.Text));
     window.setIcon(IconOf(box.Picture));
     QMessageBox::StandardButtons buttons = asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok;
     buttons.setFlag(QMessageBox::Cancel, box.Choice == Buttons::YesNoCancel);

@@ -116,7 +116,10 @@ void DesktopPrinter::Print(std::string_view line) {
     font.setStyleHint(QFont::Monospace);
     font.setPointSizeF(FontSize);
     painter_->setFont(font);
-    for (const QString& part : ToQt(line).split(QStringLiteral("\r\n"))) PutLine(part);
+    // The head is a line of its own and names a file; a program is in the code page.
+    const bool head = line.find("\r\n") == std::string_view::npos;
+    for (const QString& part : (head ? ShownToQt(line) : ToQt(line)).split(QStringLiteral("\r\n")))
+        PutLine(part);
 }
 
 // A line that is too long is broken at a blank, and goes on below its last column.

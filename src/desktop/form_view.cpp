@@ -28,7 +28,8 @@ constexpr PropertyId allProperties[] = {
 
 constexpr int lastingTime = 300;  // milliseconds
 
-// What lies over what: documents and pictures over the list, frames and tabs over these, the rest on top.
+// What lies over what: documents, pictures and lists of codes over the list, frames and tabs over these, the rest on
+// top.
 int Layer(const Control& control) {
     switch (control.Kind()) {
         case ControlKind::ListView: return 0;
@@ -36,14 +37,14 @@ int Layer(const Control& control) {
         case ControlKind::RichText: return 2;
         case ControlKind::Frame:
         case ControlKind::TabStrip: return 3;
-        case ControlKind::ListBox: return static_cast<const ListBox&>(control).InFront ? 5 : 4;
+        case ControlKind::ListBox: return static_cast<const ListBox&>(control).InFront ? 5 : 2;
         default: return 4;
     }
 }
 
 // In a title the toolkit takes one of these for a mark of its own, and two for one.
 QString PlainTitle(std::string_view caption) {
-    return ToQt(caption).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+    return ShownToQt(caption).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
 }
 
 }  // namespace

@@ -79,7 +79,7 @@ LabelView::LabelView(DesktopContext& desktop, Label& control, QWidget* parent)
 
 void LabelView::Follow(PropertyId id) {
     switch (id) {
-        case PropertyId::Caption: face_->setText(ToQt(label_.Caption)); break;
+        case PropertyId::Caption: face_->setText(ShownToQt(label_.Caption)); break;
         case PropertyId::ForeColor: SetTextColor(*face_, label_.ForeColor); break;
         case PropertyId::Height: {
             const bool wraps = label_.Height >= severalLines;
@@ -126,7 +126,7 @@ RichTextView::RichTextView(DesktopContext& desktop, RichText& control, QWidget* 
 }
 
 void RichTextView::ShowText() {
-    if (document_.Plain) return browser_->setPlainText(ToQt(document_.Text));
+    if (document_.Plain) return browser_->setPlainText(ShownToQt(document_.Text));
     browser_->setSearchPaths({ToQt(document_.Folder)});
     browser_->setHtml(ToQt(document_.Text));
 }

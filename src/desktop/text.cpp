@@ -8,6 +8,8 @@ namespace kvt {
 
 QString ToQt(std::string_view text) { return QString::fromStdString(ToUtf8(text)); }
 
+QString ShownToQt(std::string_view text) { return QString::fromStdString(ShownToUtf8(text)); }
+
 std::string FromQt(const QString& text) { return FromUtf8(text.toStdString()); }
 
 int CharacterNumber(QChar character) {
@@ -36,7 +38,7 @@ std::string PathText(const QString& path) { return NameFromSystem(QFile::encodeN
 QString PathToQt(std::string_view path) {
     const QByteArray bytes(path.data(), static_cast<qsizetype>(path.size()));
     const QString plain = QFile::decodeName(bytes);
-    return QFile::exists(plain) ? plain : ToQt(path);
+    return QFile::exists(plain) ? plain : ShownToQt(path);
 }
 
 }  // namespace kvt

@@ -8,6 +8,8 @@
 namespace kvt {
 
 QString ToQt(std::string_view text);
+// The same for a caption or a message, in which file names may stand.
+QString ShownToQt(std::string_view text);
 // A character that the code page lacks becomes "?".
 std::string FromQt(const QString& text);
 

@@ -186,7 +186,9 @@ void LineView::SetShownSelection(TextSelection selection) {
     }
 }
 
-QString LineView::Wanted() const { return Cleaned(ToQt(Box.Text), false); }
+QString LineView::Wanted() const {
+    return Box.ShownOnly ? ShownToQt(Box.Text) : Cleaned(ToQt(Box.Text), false);
+}
 
 QString LineView::Fit(const QString& text) const { return Cleaned(text.left(longestLine), false); }
 

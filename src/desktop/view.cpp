@@ -12,7 +12,8 @@ namespace {
 
 // A tool tip that is shown letter by letter, whatever mark-up it looks like.
 QString PlainToolTip(const QString& text) {
-    return text.isEmpty() ? text : "<qt>" + text.toHtmlEscaped() + "</qt>";
+    return text.isEmpty() ? text
+                          : "<qt><p style='white-space:pre-wrap'>" + text.toHtmlEscaped() + "</p></qt>";
 }
 
 }  // namespace
@@ -54,7 +55,7 @@ void View::Follow(PropertyId id) {
                 widget_->unsetCursor();
             }
             break;
-        case PropertyId::ToolTip: widget_->setToolTip(PlainToolTip(ToQt(control_.ToolTip))); break;
+        case PropertyId::ToolTip: widget_->setToolTip(PlainToolTip(ShownToQt(control_.ToolTip))); break;
         default: break;
     }
 }

@@ -307,13 +307,20 @@ bool DrawProgram::EndOfLine() {
         controls_.frStepControls.Visible = true;
         controls_.cmdStep.Visible = true;
         controls_.cmdStep.Enabled = true;
-        parts_.Platform.Focus.SetFocus(controls_.cmdStep);
+        TakeKeysForSteps();
         // A press from before the wait is none; an aborted walk is let go.
         if (!state_.StopRequested) state_.StepPressed = false;
         pieces_.Sim.WaitUntil(state_.StepPressed, true);
         state_.StepPressed = false;
     }
     return !state_.StopRequested && !state_.LeaveWalk;
+}
+
+// Whoever works in the editor beside the drawing keeps the keys.
+void DrawProgram::TakeKeysForSteps() {
+    FocusService& focus = parts_.Platform.Focus;
+    const Control* const focused = focus.Focused();
+    if (!focused || &focused->OwningForm() != &list_.OwningForm()) focus.SetFocus(controls_.cmdStep);
 }
 
 void DrawProgram::Wait() {

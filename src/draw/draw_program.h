@@ -83,6 +83,7 @@ private:
     Color ThreadColor() const;
     void Reference() { previous_ = current_; }
     void Wait();
+    void TakeKeysForSteps();
     // Whether someone is to see how the drawing grows.
     bool IsWatched() const { return pass_ == 1 && (state_.Interval > 1 || state_.StepMode); }
     bool NextLineIsM99() const;

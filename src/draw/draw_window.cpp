@@ -218,6 +218,7 @@ void DrawWindow::Form_Load() {
     Controls.pbxDrawField.Cls();
     State.ZeroX = screen.Width() / 2.0;
     State.ZeroY = screen.Height() / 2.0;
+    Controls.pbxDrawField.MoveTo(State.ZeroX, State.ZeroY);
     State.DrawScale = 1;
     View.SetScaleIndex(firstScale);
     Sim.SelectSim(simulation::Run);
@@ -243,6 +244,8 @@ void DrawWindow::Unload() {
     State.StopRequested = false;
     State.DrawPending = false;
     loaded_ = false;
+    Editor.GiveBack();
+    Editor.ScrollBack();
     if (hadKeys) kvt::Run(GiveKeysBack);
 }
 

@@ -135,8 +135,7 @@ std::string DrawingOutput::Picture(std::string_view kind) const {
 }
 
 Pixels DrawingOutput::PointsOf(const FieldArea& area) const {
-    const PictureBox& field = controls_.pbxDrawField;
-    return PaintPicture(field, area, parts_.Platform.Screen.PointsATwip(), SeenIn(field.Operations(), area));
+    return PaintPicture(controls_.pbxDrawField, area, parts_.Platform.Screen.PointsATwip());
 }
 
 void DrawingOutput::mnuPrint_Click() {

@@ -5,6 +5,7 @@
 
 #include "basic/number.h"
 #include "draw/geometry.h"
+#include "platform/operations.h"
 
 namespace kvt {
 

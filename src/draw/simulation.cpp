@@ -53,6 +53,8 @@ void Simulation::mnuSim_Click(int index) {
     state_.StepPressed = true;
     // Until a later line asks for an interval again.
     if (index == simulation::Run) state_.Interval = 0;
+    // Whoever chooses steps wants to give them.
+    if (index == simulation::Step) parts_.Platform.Focus.SetFocus(controls_.pbxDrawField);
     if (controls_.mnuAutoRedraw.Checked) parts_.Redraw();
 }
 

@@ -2,12 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
-#include <unordered_set>
 
 #include "basic/code_page.h"
 #include "basic/number.h"
 #include "draw/geometry.h"
+#include "platform/operations.h"
 
 namespace kvt {
 
@@ -53,21 +52,6 @@ bool SpansField(const DrawOperation& line, int width, int height) {
            (line.Y1 == 0 && line.Y2 == static_cast<float>(height) && line.X1 == line.X2);
 }
 
-struct Extent {
-    double Left, Top, Right, Bottom;
-};
-
-Extent ExtentOf(const DrawOperation& one) {
-    const double half = one.Width * twipsAPixel / 2.0;
-    if (one.What == OfKind::Circle) {
-        const double r = std::abs(one.Radius()) + half;
-        return {one.X1 - r, one.Y1 - r, one.X1 + r, one.Y1 + r};
-    }
-    const auto [left, right] = std::minmax(one.X1, one.X2);
-    const auto [top, bottom] = std::minmax(one.Y1, one.Y2);
-    return {left - half, top - half, right + half, bottom + half};
-}
-
 // Of an arc only its ends and the quarters that it passes count.
 Extent ArcExtent(const DrawOperation& arc) {
     const double half = arc.Width * twipsAPixel / 2.0;
@@ -86,27 +70,6 @@ Extent ArcExtent(const DrawOperation& arc) {
         add(quarter * Pi / 2);
     return extent;
 }
-
-struct BytesHash {
-    std::size_t operator()(const DrawOperation& one) const {
-        const float places[] = {one.X1, one.Y1, one.X2, one.Y2, one.Start, one.End};
-        std::size_t hash = one.Ink * 31U + static_cast<std::size_t>(one.What);
-        for (const float place : places) {
-            std::uint32_t bits = 0;
-            std::memcpy(&bits, &place, sizeof bits);
-            hash = (hash ^ bits) * 0x9E3779B97F4A7C15U;
-        }
-        return hash;
-    }
-};
-
-struct SameOperation {
-    bool operator()(const DrawOperation& a, const DrawOperation& b) const {
-        return a.What == b.What && a.Style == b.Style && a.Mode == b.Mode && a.Fill == b.Fill &&
-               a.Ink == b.Ink && a.FillInk == b.FillInk && a.X1 == b.X1 && a.Y1 == b.Y1 && a.X2 == b.X2 &&
-               a.Y2 == b.Y2 && a.Start == b.Start && a.End == b.End && a.Width == b.Width;
-    }
-};
 
 class SvgWriter {
 public:
@@ -245,21 +208,6 @@ FieldArea AreaOf(std::span<const DrawOperation> operations, int fieldWidth, int 
            std::clamp(all.Right, field.Left, field.Right), std::clamp(all.Bottom, field.Top, field.Bottom)};
     return {all.Left - margin, all.Top - margin, all.Right - all.Left + 2 * margin,
             all.Bottom - all.Top + 2 * margin};
-}
-
-std::vector<DrawOperation> SeenIn(std::span<const DrawOperation> operations, const FieldArea& area) {
-    std::unordered_set<DrawOperation, BytesHash, SameOperation> known;
-    std::vector<DrawOperation> seen;
-    for (auto one = operations.rbegin(); one != operations.rend(); ++one) {
-        if (one->What == OfKind::Clear || one->What == OfKind::Picture) continue;
-        const Extent extent = ExtentOf(*one);
-        const bool outside = extent.Right < area.Left || extent.Left > area.Left + area.Width ||
-                             extent.Bottom < area.Top || extent.Top > area.Top + area.Height;
-        if (outside || (one->Mode == draw_mode::Copy && !known.insert(*one).second)) continue;
-        seen.push_back(*one);
-    }
-    std::reverse(seen.begin(), seen.end());
-    return seen;
 }
 
 Color GroundOf(std::span<const DrawOperation> operations) {

@@ -21,9 +21,6 @@ struct SvgHead {
 // The rectangle around what was drawn on the field, but for the lines right across it, with a margin; twips.
 FieldArea AreaOf(std::span<const DrawOperation> operations, int fieldWidth, int fieldHeight);
 
-// The operations that are to be seen in an area, in their order. What a later operation covers exactly is left out,
-// so that a path that was run through many times stays small.
-std::vector<DrawOperation> SeenIn(std::span<const DrawOperation> operations, const FieldArea& area);
 // The ground of the field: the colour of its clearing, which comes first.
 Color GroundOf(std::span<const DrawOperation> operations);
 

@@ -18,8 +18,8 @@ constexpr const char* codeCheckName = "txtGMcode_LostFocus";
 constexpr const char* automaticZName = "txtZK_GotFocus";
 constexpr std::size_t codeField = 0;
 constexpr std::size_t firstParameter = 1;
-// Place of Z among the parameter fields.
-constexpr std::size_t zField = 2;
+// Places of Z and of the feed among the parameter fields.
+constexpr std::size_t zField = 2, feedField = 3;
 
 // Default of an empty feed field, by the digits of the code alone.
 constexpr std::string_view feedACodes[] = {"01", "02", "03", "72", "84"};
@@ -281,7 +281,9 @@ void KeyboardEntry::CheckCode() {
             codeChanged_ = false;
             modeKeyUsed_ = false;
             parts_.Layout.InputFields(text);
-            if (parts_.View.chkViewGcode.Value != 0) parts_.Layout.CodeDescription();
+            // The line in its own row keeps its comment.
+            const bool itself = KeepsComment(entry) && entry.Opened.Place == list.SelectedRow();
+            if (parts_.View.chkViewGcode.Value != 0 && !itself) parts_.Layout.CodeDescription();
         }
     }
     // 7.
@@ -319,7 +321,7 @@ void KeyboardEntry::txtZK_GotFocus() {
 void KeyboardEntry::txtFKTL_GotFocus() {
     EntryRow& entry = parts_.Entry;
     const std::string_view code = Trim(entry.txtGMcode.Text);
-    if (entry.txtFKTL.Text.Empty() && !KeepsCode(entry)) {
+    if (entry.txtFKTL.Text.Empty() && !KeepsField(entry, feedField)) {
         if (Holds(feedACodes, code)) entry.txtFKTL.Text = PresetText(entry.txtFeedA);
         if (Holds(feedBCodes, code)) entry.txtFKTL.Text = PresetText(entry.txtFeedB);
     }

@@ -341,8 +341,8 @@ void CncReader::Finish(const std::string& name, const LoadAs& as) {
     store.AddBlankLine(false);
     parts_.Platform.Focus.SetFocus(store.lvCncProgram.OwningForm());
     store.lvCncProgram.RowsChanged();
-    // The drawing may wait for the user, who then finds everything in its place.
-    if (as.Redraws) Run(parts_.Calls.mnuDraw_Click);
+    // Last: a drawing that waits then finds all of the program there.
+    Run(parts_.Calls.mnuDraw_Click);
 }
 
 }  // namespace kvt

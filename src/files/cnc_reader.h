@@ -35,8 +35,6 @@ struct LoadAs {
     bool FromSource = false;
     // It is in no program file.
     bool Changed = false;
-    // An open drawing window is repainted. Who has more to do afterwards does it himself.
-    bool Redraws = true;
 };
 
 // Brings program files into the store.

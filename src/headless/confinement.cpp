@@ -34,6 +34,11 @@ std::uint64_t Changes(long version) {
     return rights;
 }
 
+// Below 1 for a kernel without rules.
+long RulesVersion() {
+    return syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION);
+}
+
 void Permit(int rules, const std::filesystem::path& path, std::uint64_t rights) {
     const int handle = open(path.c_str(), O_PATH | O_CLOEXEC);
     if (handle < 0) return;
@@ -46,7 +51,7 @@ void Permit(int rules, const std::filesystem::path& path, std::uint64_t rights) 
 
 // For the calling thread and what it starts.
 void Confine(const std::vector<std::filesystem::path>& folders) {
-    const long version = syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION);
+    const long version = RulesVersion();
     if (version < 1) return;
     landlock_ruleset_attr handled = {};
     handled.handled_access_fs = Changes(version);
@@ -61,11 +66,15 @@ void Confine(const std::vector<std::filesystem::path>& folders) {
 
 #else
 
+long RulesVersion() { return 0; }
+
 void Confine(const std::vector<std::filesystem::path>&) {}
 
 #endif
 
 }  // namespace
+
+bool CanConfine() { return RulesVersion() >= 1; }
 
 void RunConfined(const std::vector<std::filesystem::path>& folders, const std::function<void()>& body) {
     std::exception_ptr failure;

@@ -9,7 +9,6 @@
 #include "basic/code_page.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
-#include "headless/fresh_file.h"
 
 namespace kvt {
 
@@ -79,10 +78,7 @@ void DiskFiles::WriteWhole(std::string_view path, std::string_view content) {
 }
 
 void DiskFiles::WriteNew(std::string_view path, std::string_view content) {
-    FreshFile fresh(SystemPath(path), {});
-    if (fresh.Handle() < 0 || !WriteAll(fresh.Handle(), content)) AccessError();
-    fresh.Settle();
-    if (!fresh.TakePlace()) AccessError();
+    if (!writing_.WriteNew(SystemPath(path), content)) AccessError();
 }
 
 bool DiskFiles::CanWrite(std::string_view folder) {

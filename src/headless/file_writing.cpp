@@ -142,6 +142,13 @@ bool FileWriting::Write(const fs::path& target, std::string_view content) const 
     return outcome == Outcome::Written;
 }
 
+bool FileWriting::WriteNew(const fs::path& target, std::string_view content) const {
+    FreshFile fresh(target, keptIn_);
+    if (fresh.Handle() < 0 || !WriteAll(fresh.Handle(), content)) return false;
+    GiveUsualMode(fresh.Handle());
+    return fresh.TakePlace();
+}
+
 bool FileWriting::WriteInPlace(const fs::path& target, std::string_view content) const {
     std::ifstream stream(target, std::ios::binary);
     const std::string before(std::istreambuf_iterator<char>(stream), {});

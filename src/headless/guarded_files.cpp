@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-#include "basic/code_page.h"
+#include "basic/run_time_error.h"
 #include "headless/file_names.h"
-#include "headless/system_programs.h"
 
 namespace kvt {
 
@@ -63,12 +62,7 @@ FileService& GuardedFiles::InBackground() {
 }
 
 int GuardedPrograms::Start(std::string_view commandLine, std::string_view file) {
-    const Command command =
-        SplitCommand(commandLine, [](const std::string& path) { return IsProgram(NameForSystem(path)); });
-    for (const std::string_view name : {std::string_view(command.Rest), file}) {
-        if (command.Program.empty() || name.empty()) continue;
-        if (const fs::path source = SystemPath(name); !folders_.Hold(source)) Refuse(OnRefused, source);
-    }
+    if (!folders_.Hold(SystemPath(file))) Refuse(OnRefused, SystemPath(file));
     return programs_.Start(commandLine, file);
 }
 

@@ -33,11 +33,11 @@ public:
     bool Exists(std::string_view path) override { return files_.Exists(path); }
     std::string ReadWhole(std::string_view path) override { return files_.ReadWhole(path); }
     void WriteWhole(std::string_view path, std::string_view content) override;
+    bool CanWrite(std::string_view folder) override { return files_.CanWrite(folder); }
     void Append(std::string_view path, std::string_view content) override;
     void Delete(std::string_view path) override;
     void MakeFolder(std::string_view path) override;
     FileService& InBackground() override;
-    bool CanWrite(std::string_view folder) override { return files_.CanWrite(folder); }
     std::vector<std::string> List(std::string_view folder, std::string_view pattern) override {
         return files_.List(folder, pattern);
     }

@@ -27,6 +27,11 @@ namespace fs = std::filesystem;
 constexpr const char* nowhere = "/dev/null";
 constexpr std::chrono::milliseconds lookInterval{5};
 
+bool IsProgram(const std::string& path) {
+    std::error_code ignored;
+    return fs::is_regular_file(path, ignored) && access(path.c_str(), X_OK) == 0;
+}
+
 // What a process begins with: no files of ours, signals as usual, a group of its own.
 class StartConditions {
 public:
@@ -89,12 +94,10 @@ void Kill(pid_t process) {
     }
 }
 
-}  // namespace
+// The name of a file as an argument that no program takes for an option.
+std::string NoOption(std::string name) { return name.starts_with('-') ? "./" + name : name; }
 
-bool IsProgram(const std::string& path) {
-    std::error_code ignored;
-    return fs::is_regular_file(path, ignored) && access(path.c_str(), X_OK) == 0;
-}
+}  // namespace
 
 SystemPrograms::~SystemPrograms() {
     for (const auto& [number, process] : running_) Kill(process);
@@ -105,11 +108,9 @@ int SystemPrograms::Start(std::string_view commandLine, std::string_view file) {
         SplitCommand(commandLine, [](const std::string& path) { return IsProgram(NameForSystem(path)); });
     if (command.Program.empty()) throw RunTimeError(fault::FileNotFound);
     // The name is one for the system as a whole, and its pieces are pieces of that.
-    std::vector<std::string> words = WordsOf(NameForSystem(command.Rest));
-    // The file that a program is to work on is no option of it.
-    if (!words.empty() && words.front().front() == '-') words.front().insert(0, "./");
+    std::vector<std::string> words = WordsOf(NoOption(NameForSystem(command.Rest)));
     words.insert(words.begin(), NameForSystem(command.Program));
-    const std::string variable = std::string(FileVariable) + "=" + NameForSystem(file);
+    const std::string variable = std::string(FileVariable) + "=" + NoOption(NameForSystem(file));
     pid_t process = 0;
     const auto spawn = [&] { process = StartConditions().Spawn(words, variable); };
     if (confinedTo_.empty()) {

@@ -13,9 +13,6 @@
 
 namespace kvt {
 
-// Whether a file is a program that can be started.
-bool IsProgram(const std::string& path);
-
 // Programs of this machine. What they write to their output is dropped, and their input is empty. Those that were
 // started, not launched, end with this object.
 class SystemPrograms : public ProgramService {

@@ -4,7 +4,8 @@
 
 namespace kvt {
 
-// A folder of its own under the system's temporary folder, which goes with the object.
+// A folder of its own under the system's temporary folder, which goes with the object; that of a run that was killed
+// goes when the next one is made.
 class TemporaryFolder {
 public:
     // A Failure where there is no place for it.
@@ -17,6 +18,7 @@ public:
 
 private:
     std::filesystem::path path_;
+    int lock_ = -1;
 };
 
 }  // namespace kvt

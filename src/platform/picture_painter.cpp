@@ -5,6 +5,8 @@
 #include <numbers>
 #include <utility>
 
+#include "platform/operations.h"
+
 namespace kvt {
 
 namespace {
@@ -135,10 +137,15 @@ private:
     }
 
     void Stroke(double x1, double y1, double x2, double y2) {
-        if ((x1 != x2 && y1 != y2) || dotted_ || width_ >= wide)
-            return SmoothStroke({x1 + 0.5, y1 + 0.5}, {x2 + 0.5, y2 + 0.5});
-        const auto [left, right] = std::minmax({std::round(x1), std::round(x2)});
-        const auto [top, bottom] = std::minmax({std::round(y1), std::round(y2)});
+        const bool alongAxis = x1 == x2 || y1 == y2;
+        if (!alongAxis || width_ >= wide) return SmoothStroke({x1 + 0.5, y1 + 0.5}, {x2 + 0.5, y2 + 0.5});
+        x1 = std::round(x1);
+        y1 = std::round(y1);
+        x2 = std::round(x2);
+        y2 = std::round(y2);
+        if (dotted_) return SmoothStroke({x1 + 0.5, y1 + 0.5}, {x2 + 0.5, y2 + 0.5});
+        const auto [left, right] = std::minmax({x1, x2});
+        const auto [top, bottom] = std::minmax({y1, y2});
         FillPoints(left, top, right + width_ - 1, bottom + width_ - 1);
     }
 
@@ -286,11 +293,10 @@ private:
 
 }  // namespace
 
-Pixels PaintPicture(const PictureBox& field, const FieldArea& area, double pointsATwip,
-                    std::span<const DrawOperation> operations) {
+Pixels PaintPicture(const PictureBox& field, const FieldArea& area, double pointsATwip) {
     PicturePainter painter(field, area, pointsATwip);
     painter.PaintKept();
-    for (const DrawOperation& one : operations) painter.Paint(one);
+    for (const DrawOperation& one : SeenIn(field.Operations(), area)) painter.Paint(one);
     return painter.Take();
 }
 

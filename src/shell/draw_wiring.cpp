@@ -12,7 +12,10 @@ constexpr std::size_t drawButton = 7;
 void mnuDraw_Click(Workbench& bench) {
     // A walk may take its time: the window comes forward before it.
     Form& window = bench.Draw.Controls.frmDraw;
-    if (window.Visible && !bench.Draw.State.DrawPending) window.BringToFront();
+    if (window.Visible && !bench.Draw.State.DrawPending) {
+        window.BringToFront();
+        bench.Platform.Focus.SetFocus(bench.Draw.Controls.pbxDrawField);
+    }
     bench.Draw.DrawForUser();
     bench.Draw.Controls.frmDraw.BringToFront();
 }

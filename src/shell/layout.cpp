@@ -17,6 +17,9 @@ constexpr int listTop = 1360;
 constexpr int entryBand = 2000;
 constexpr int frameHeight = entryBand - 90;
 constexpr int codeListWidth = 3540;
+constexpr int mListHeight = 2735;
+constexpr int millMTop = 4000;
+constexpr int smallestNotes = 1000;
 
 // Inside frames: the first line stands below the frame's title.
 constexpr int firstLine = 300;
@@ -56,18 +59,17 @@ void PlaceCodeLists(Workbench& bench, int width, int bandTop) {
     const int left = width - 3700;
     CodeLists& lists = bench.Lists;
     const int lathesMTop = 3060;
-    const int millMTop = 4000;
-    // The notes keep a few lines in sight between the lists and the entry band.
-    const int smallestNotes = 1000;
-    const int lathesMHeight = std::min(2735, bandTop - lathesMTop - smallestNotes - 60);
-    const int millMHeight = std::min(2735, bandTop - millMTop - smallestNotes - 60);
+    // The notes keep a few lines in sight above the entry band. In a low window they lie over the end of the mill's
+    // list, which has its full height in each.
+    const int lathesMHeight = std::min(mListHeight, bandTop - lathesMTop - smallestNotes - 60);
     Place({{lists.lstMK2Gcodes, left, 0, codeListWidth, 3030},
            {bench.Main.lstMK2Mcodes, left, lathesMTop, codeListWidth, lathesMHeight},
            {lists.lstMK4Gcodes, left, 0, codeListWidth, 3030},
            {lists.lstMK4Mcodes, left, lathesMTop, codeListWidth, lathesMHeight},
            {lists.lstF1Gcodes, left, 0, codeListWidth, 3985},
-           {lists.lstF1Mcodes, left, millMTop, codeListWidth, millMHeight}});
-    const int notesTop = (bench.Store.IsF1() ? millMTop + millMHeight : lathesMTop + lathesMHeight) + 60;
+           {lists.lstF1Mcodes, left, millMTop, codeListWidth, mListHeight}});
+    const int listEnd = bench.Store.IsF1() ? millMTop + mListHeight : lathesMTop + lathesMHeight;
+    const int notesTop = std::min(listEnd + 60, bandTop - smallestNotes);
     const int notesHeight = bandTop - notesTop - 60;
     Place({{bench.Main.frFileNotes, width - 3680, notesTop, codeListWidth, notesHeight},
            {bench.File.txtFileNotes, 60, 270, codeListWidth - 120, notesHeight - 330}});

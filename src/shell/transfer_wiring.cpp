@@ -14,8 +14,9 @@ CommandButton& TopButton(Workbench& bench, int index) {
     return *bench.Main.cmdTopButtons[static_cast<std::size_t>(index)];
 }
 
-// The program stays as it is while it is being sent, and while the receive view lies over it.
-bool IsHeld(const Workbench& bench) { return bench.Store.TransmitActive || bench.Transfer.frRXcode.Visible; }
+// The program stays as it is while it is being sent, to the last character of one that is stopped, and while the receive
+// view lies over it.
+bool IsHeld(const Workbench& bench) { return bench.Port.IsSending || bench.Transfer.frRXcode.Visible; }
 
 template <class... Given>
 void UnlessHeld(Workbench& bench, std::function<void(Given...)>& handler) {

@@ -42,6 +42,14 @@ bool OutgoingLines::Next(std::string& line) {
     return false;
 }
 
+OutgoingAmount AmountOf(std::string_view text, bool filter) {
+    OutgoingAmount amount;
+    OutgoingLines lines(text, filter);
+    for (std::string line; lines.Next(line); ++amount.Lines)
+        amount.Characters += line.size() + cnc::LineEnd.size();
+    return amount;
+}
+
 int RowOfLine(std::string_view line, bool mk2) {
     return ToLong(Val(mk2 ? Mid(line, 5, 2) : Mid(line, 4, 3)) + 1);
 }

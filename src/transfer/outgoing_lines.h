@@ -23,6 +23,13 @@ private:
     bool begun_ = false;
 };
 
+// What is to be sent of a text, line ends counted.
+struct OutgoingAmount {
+    int Lines = 0;
+    std::size_t Characters = 0;
+};
+OutgoingAmount AmountOf(std::string_view text, bool filter);
+
 // The row that is shown for a line: its number plus 1, where the columns hold a number. The number of mk2 has two
 // digits, so that its rows begin anew at line 100.
 int RowOfLine(std::string_view line, bool mk2);

@@ -23,15 +23,18 @@ bool IsProgram(const Recognised& found) {
     return found.Kind != FileKind::Unknown && found.Kind != FileKind::Language;
 }
 
-// A trimmed text with what makes it a program file without notes, and with the blanks that its first line has lost:
-// three where that is a line of a program, N and a number, four where it is a header, "N`".
+// A trimmed text with what makes it a program file: the "%" and the blanks that its first line has lost, three where
+// that is a line of a program, N and a number, four where it is a header, "N`".
 std::string WithBeginning(std::string_view text) {
     const Recognised found = Recognise(text);
-    const std::string_view before = text.substr(0, IsProgram(found) ? found.Position - 1 : 1);
+    std::string_view before = text.substr(0, IsProgram(found) ? found.Position - 1 : 1);
     if (before.find(cnc::NotesEnd) != std::string_view::npos) return std::string(text);
-    // Something in front of the header has kept its blanks.
-    if (IsProgram(found))
-        return "%" + std::string(before.substr(0, 2) == cnc::LineEnd ? "" : cnc::LineEnd) + std::string(text);
+    if (IsProgram(found)) {
+        // The header has kept its blanks behind what else has come: noise of the line, empty lines.
+        text.remove_prefix(before.size());
+        while (before.starts_with(cnc::LineEnd)) before.remove_prefix(cnc::LineEnd.size());
+        return std::string(before) + "%\r\n" + std::string(text);
+    }
     const bool isLine = BeginsWithIgnoringCase(text, "N") && text.substr(1, 1) != "`";
     return "%\r\n" + std::string(isLine ? 3 : 4, ' ') + std::string(text);
 }
@@ -142,7 +145,6 @@ void Receiver::cmdReceiveImport_Click() {
     } else {
         ShowView(true);
     }
-    if (result == LoadResult::Loaded) Run(parts_.Calls.mnuDraw_Click);
 }
 
 // Brings a trimmed text into the editor as a changed program without a file.
@@ -167,7 +169,6 @@ LoadResult Receiver::Import(std::string_view text, OldProgram old) {
     as.Old = old;
     as.Name = "";
     as.Changed = true;
-    as.Redraws = false;
     const std::string before = parts_.File.dlgFile.FileName;
     std::string name = scratch;
     const LoadResult result = parts_.Reader.LoadFile(name, as);
@@ -235,9 +236,7 @@ void Receiver::LoadClipboardModule() {
     // 2., 3.
     std::string text;
     Attempt(clipboardName, [&] { text = parts_.Platform.Clipboard.GetText(); });
-    if (Import(Trim(text), OldProgram::GivenUp) != LoadResult::Loaded) return;
-    cmdReceiveExit_Click();
-    Run(parts_.Calls.mnuDraw_Click);
+    if (Import(Trim(text), OldProgram::GivenUp) == LoadResult::Loaded) cmdReceiveExit_Click();
 }
 
 }  // namespace kvt

@@ -1,31 +1,19 @@
 #include "transfer/transmitter.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/stack_guard.h"
 #include "files/cnc_format.h"
-#include "transfer/outgoing_lines.h"
 
 namespace kvt {
 
 namespace {
 
 constexpr const char* transmitName = "mnuTX_Click";
-
-struct Amount {
-    int Lines = 0;
-    std::size_t Characters = 0;
-};
-
-Amount AmountOf(std::string_view text, bool filter) {
-    Amount amount;
-    OutgoingLines lines(text, filter);
-    for (std::string line; lines.Next(line); ++amount.Lines)
-        amount.Characters += line.size() + cnc::LineEnd.size();
-    return amount;
-}
 
 // "1:05" of seconds.
 std::string MinutesText(double seconds) {
@@ -35,7 +23,9 @@ std::string MinutesText(double seconds) {
 
 }  // namespace
 
-Transmitter::Transmitter(Parts parts) : parts_(parts) {
+Transmitter::Transmitter(Form& form, Parts parts) : tmrTransmit(form, "tmrTransmit", 1), parts_(parts) {
+    tmrTransmit.Enabled = false;
+    tmrTransmit.OnTimer = [this] { tmrTransmit_Timer(); };
     for (Menu* entry : {&parts_.Controls.mnuTX, &parts_.Controls.RCmnuTX})
         entry->OnClick = [this] { mnuTX_Click(); };
 }
@@ -47,8 +37,7 @@ bool Transmitter::Attempt(const std::function<void()>& statement) {
 }
 
 void Transmitter::mnuTX_Click() {
-    const StackGuard guard(sending_);
-    if (!guard.Entered()) return;
+    if (sending_) return;
     ProgramStore& store = parts_.Store;
     // 1.
     if (store.LineCount() < 1) {
@@ -58,29 +47,43 @@ void Transmitter::mnuTX_Click() {
     // 2.
     if (!parts_.Port.ComEnabled) return parts_.Platform.System.Beep();
     Run(parts_.Calls.HideSettings);
-    // 3. Without a port there is nothing to begin.
+    // Without a port there is nothing to begin.
     if (!OpenPort()) return;
     // 4.
+    sending_ = true;
     store.TransmitActive = true;
-    const StackGuard telling(parts_.Port.IsSending);
+    parts_.Port.IsSending = true;
     parts_.Port.HasVanished = false;
     WasCut = false;
     lastLine_.clear();
-    const int selected = store.lvCncProgram.SelectedRow();
+    selectedBefore_ = store.lvCncProgram.SelectedRow();
     // 5., 6.
     parts_.Writer.AddEndCode();
     Freeze();
     // 7. to 11.
-    std::string text;
-    if (MakeScratch(text)) Send(text);
+    if (!MakeScratch(text_)) return Finish();
+    Begin();
+    while (sending_) {
+        const long before = steps_;
+        const bool alive = parts_.Platform.System.WaitUntil(
+            [this, before] { return sending_ && steps_ == before ? LeftOfStep() : 0; });
+        if (!alive) Stop();
+        if (steps_ == before) TakeStep();
+    }
+}
+
+void Transmitter::Finish() {
+    ProgramStore& store = parts_.Store;
     // 12.
     if (parts_.Platform.Files.Exists(scratch_)) Attempt([&] { parts_.Platform.Files.Delete(scratch_); });
-    Attempt([&] { store.lvCncProgram.Select(selected); });
-    Attempt([&] { store.lvCncProgram.EnsureVisible(selected); });
+    Attempt([&] { store.lvCncProgram.Select(selectedBefore_); });
+    Attempt([&] { store.lvCncProgram.EnsureVisible(selectedBefore_); });
     store.lvCncProgram.RowsChanged();
     Thaw();
     TellVanished();
     parts_.Port.TellPending();
+    parts_.Port.IsSending = false;
+    sending_ = false;
 }
 
 // False where it does not open: one message has told that.
@@ -140,39 +143,68 @@ bool Transmitter::MakeScratch(std::string& text) {
     return false;
 }
 
-void Transmitter::Send(std::string_view text) {
+void Transmitter::Begin() {
     const bool filter = parts_.Port.TX().chkFilter.Value != 0;
-    Amount left = AmountOf(text, filter);
-    const int all = left.Lines;
-    OutgoingLines lines(text, filter);
-    for (std::string line; lines.Next(line); --left.Lines) {
-        if (!parts_.Store.TransmitActive) {
-            SendUnits();
-            WasCut = true;
-            break;
-        }
-        ShowProgress(all - left.Lines + 1, all, left.Characters);
-        if (!Give(line)) Stop();
-        // Gone, or refusing what it is given: that has been told, and the next line would fare no better.
-        if (!parts_.Port.Port().IsOpen()) break;
-        left.Characters -= line.size() + cnc::LineEnd.size();
-    }
-    SerialPort& port = parts_.Port.Port();
-    parts_.Platform.System.WaitUntil([&] { return port.MillisecondsLeft(); });
+    left_ = AmountOf(text_, filter);
+    allLines_ = left_.Lines;
+    lines_.emplace(text_, filter);
+    draining_ = false;
+    TakeStep();
 }
 
-// Gives one line to the port and waits for it, but for the little that the next one is to be early. False when the
-// program has ended.
-bool Transmitter::Give(std::string_view line) {
+double Transmitter::LeftOfStep() const {
+    const SerialPort& port = parts_.Port.Port();
+    return port.MillisecondsLeft() - (draining_ ? 0 : port.Lead());
+}
+
+void Transmitter::TakeStep() {
+    // A message may stand in the one before.
+    const StackGuard guard(stepping_);
+    if (!guard.Entered()) return;
+    ++steps_;
+    if (draining_) return Finish();
+    NextLine();
+    SetTimer();
+}
+
+void Transmitter::SetTimer() {
+    tmrTransmit.Interval = std::max(1, ToLong(std::ceil(LeftOfStep())));
+    tmrTransmit.Enabled = true;
+}
+
+void Transmitter::tmrTransmit_Timer() {
+    tmrTransmit.Enabled = false;
+    if (!sending_ || stepping_) return;
+    LeftOfStep() > 0 ? SetTimer() : TakeStep();
+}
+
+// Gives the next line to the port; the little that it is to be early is in the wait for it.
+void Transmitter::NextLine() {
+    std::string line;
+    // Gone, or refusing what it is given: that has been told, and the next line would fare no better.
+    draining_ = !parts_.Port.Port().IsOpen() || !lines_->Next(line);
+    if (draining_) return;
+    if (!parts_.Store.TransmitActive) {
+        SendUnits();
+        WasCut = true;
+        draining_ = true;
+        return;
+    }
+    ShowProgress();
+    Give(line);
+    --left_.Lines;
+    left_.Characters -= line.size() + cnc::LineEnd.size();
+}
+
+void Transmitter::Give(const std::string& line) {
     SerialPort& port = parts_.Port.Port();
     // The settings that a reception has left would spoil it.
     Attempt([&] { port.SetSettings(parts_.Port.TX().Settings); });
     Attempt([&] {
-        port.Output(std::string(line) + std::string(cnc::LineEnd));
+        port.Output(line + std::string(cnc::LineEnd));
         lastLine_ = line;
     });
     ShowRow(line);
-    return parts_.Platform.System.WaitUntil([&] { return port.MillisecondsLeft() - port.Lead(); });
 }
 
 void Transmitter::ShowRow(std::string_view line) {
@@ -193,7 +225,9 @@ void Transmitter::SendUnits() {
     Attempt([&] { parts_.Port.Port().Output(units); });
 }
 
-void Transmitter::ShowProgress(int line, int lines, std::size_t charactersLeft) {
+void Transmitter::ShowProgress() {
+    const int lines = allLines_;
+    const int line = lines - left_.Lines + 1;
     TransferControls& controls = parts_.Controls;
     controls.prgTransmit.Max = lines;
     controls.prgTransmit.SetValue(line);
@@ -201,7 +235,7 @@ void Transmitter::ShowProgress(int line, int lines, std::size_t charactersLeft) 
     controls.lblTransmitLine.Caption =
         Filled(texts.ErrorTexts(text::LineOf), {PlainNumber(line), PlainNumber(lines)});
     const double each = parts_.Port.Port().Line().CharacterMilliseconds();
-    const std::string time = MinutesText(static_cast<double>(charactersLeft) * each / 1000);
+    const std::string time = MinutesText(static_cast<double>(left_.Characters) * each / 1000);
     controls.lblTransmitLeft.Caption =
         Filled(texts.ErrorTexts(text::TimeLeft), {time, parts_.Port.TX().Baud});
 }

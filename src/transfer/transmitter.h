@@ -1,18 +1,21 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "files/cnc_writer.h"
 #include "program/program_store.h"
 #include "program/workbench_calls.h"
+#include "transfer/outgoing_lines.h"
 #include "transfer/port_control.h"
 
 namespace kvt {
 
 // Sends the program to the machine, line by line at the machine's pace: it has no handshake and acknowledges
-// nothing. Each line is given as a whole and waited for, so that the selected row is the one on the wire.
+// nothing. Each line is given as a whole and waited for, so that the selected row is the one on the wire. While
+// something else stands in a wait above the transmission's own, a timer gives the lines, and ends it.
 class Transmitter {
 public:
     struct Parts {
@@ -29,7 +32,10 @@ public:
         Services& Platform;
         WorkbenchCalls& Calls;
     };
-    explicit Transmitter(Parts parts);
+    Transmitter(Form& form, Parts parts);
+
+    // Ticks when the next line is due.
+    Timer tmrTransmit;
 
     // The folder of the scratch file, with a separator at its end.
     std::string SettingsFolder;
@@ -48,17 +54,34 @@ private:
     void Freeze();
     void Thaw();
     bool MakeScratch(std::string& text);
-    void Send(std::string_view text);
+    // A step gives a line, or behind the last one ends the transmission; the milliseconds until the next one is due.
+    void Begin();
+    double LeftOfStep() const;
+    void TakeStep();
+    void SetTimer();
+    void tmrTransmit_Timer();
+    void NextLine();
+    void Finish();
     void SendUnits();
-    bool Give(std::string_view line);
+    void Give(const std::string& line);
     void ShowRow(std::string_view line);
-    void ShowProgress(int line, int lines, std::size_t charactersLeft);
+    void ShowProgress();
     void TellVanished();
 
     Parts parts_;
     std::string scratch_;
     std::string lastLine_;
+    // The text on its way, what is left of it, and the steps that were taken.
+    std::string text_;
+    std::optional<OutgoingLines> lines_;
+    OutgoingAmount left_;
+    int allLines_ = 0;
+    long steps_ = 0;
+    int selectedBefore_ = 0;
     bool sending_ = false;
+    bool stepping_ = false;
+    // All lines are given; what the port still holds is on its way.
+    bool draining_ = false;
     // The units and the machine of what is being sent.
     bool metric_ = true;
     bool mk2_ = false;

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 
 #include "console/commands.h"
@@ -95,6 +96,11 @@ TEST_F(ConsoleTest, TheWorstFileGivesTheStatus) {
     const std::string wrong = Put("wrong.cnc", bad);
     const std::string strange = Put("strange.cnc", "%");
     const std::string module = Put("module.txt", "[Kestrel Vise Toolkit, Language Resource]\r\n");
+    const std::string picture = Put("p.svg", good);
+    const std::string link = Path("link"), own = Path("own");
+    std::filesystem::create_symlink("p.svg", link);
+    std::filesystem::create_symlink("well.cnc", own);
+    std::filesystem::create_hard_link(picture, Path("hard.svg"));
     const struct {
         std::vector<std::string> Words;
         int Status;
@@ -118,6 +124,18 @@ TEST_F(ConsoleTest, TheWorstFileGivesTheStatus) {
         {{"check", "--strange", well}, 2, 1},
         {{"format", well}, 2, 1},
         {{"format", well, wrong, "-o", Path("out4")}, 2, 1},
+        {{"format", well, "-o", link}, 2, 1},
+        {{"format", well, "-o", own}, 0, 0},
+        {{"format", own, "-o", own}, 0, 0},
+        {{"language", "-o", link}, 2, 1},
+        {{"draw", picture, "-o", picture}, 2, 1},
+        {{"draw", picture, "-o", Path("hard.svg")}, 2, 1},
+        {{"receive", link, "--port", "/dev/null"}, 2, 1},
+        {{"machine", "--receive", Path("none/out")}, 2, 1},
+        {{"machine", "--send", well, "--receive", well}, 2, 1},
+        {{"machine", "--drop-after", "-7"}, 2, 1},
+        {{"receive", Path("out5"), "--port", "/dev/null", "--idle", "-1"}, 2, 1},
+        {{"check", "--", strange + "\n\x1B[1m"}, 2, 1},
         {{"--help"}, 0, 0},
         {{"--version"}, 0, 0},
     };
@@ -128,6 +146,8 @@ TEST_F(ConsoleTest, TheWorstFileGivesTheStatus) {
         EXPECT_EQ(LinesOf(Errors).size(), one.Complaints) << call << Errors;
     }
     EXPECT_FALSE(Platform.Files.Exists(Path("out3")));
+    EXPECT_EQ(FileContent("p.svg"), good);
+    EXPECT_TRUE(std::filesystem::is_symlink(own));
     // What cannot be read is named, and the files around it are still listed.
     EXPECT_EQ(Run({"check", well, Path("missing"), wrong}), 2);
     EXPECT_NE(Errors.find(Path("missing")), std::string::npos);
@@ -388,6 +408,33 @@ TEST_F(ConsoleTest, APictureOfEachKindAndNeverOverTheProgram) {
         EXPECT_NE(Errors.find("is the program itself"), std::string::npos) << Errors;
     }
     EXPECT_EQ(Platform.Files.ReadWhole(source), good);
+    // Nor over another one, by a link.
+    std::filesystem::create_symlink(Put("c.cnc", good), Folder + "/c.png");
+    EXPECT_EQ(Run({"draw", source, "-o", Folder + "/c.png"}), 2);
+    EXPECT_EQ(Platform.Files.ReadWhole(Folder + "/c.cnc"), good);
+    std::filesystem::create_symlink("b.png", Folder + "/d.png");
+    EXPECT_EQ(Run({"draw", source, "-o", Folder + "/d.png"}), 0) << Errors;
+}
+
+TEST_F(ConsoleTest, EveryFailureIsToldInOneLine) {
+    const std::string well = Put("well.cnc", good);
+    const char* const before = std::getenv("TMPDIR");
+    const std::string kept = before ? before : "";
+    setenv("TMPDIR", "/nonexistent", 1);
+    Captured error(stderr);
+    for (const char* command : {"send", "receive"}) {
+        const std::vector<std::string> words = {command, well, "--port", "/dev/null"};
+        EXPECT_EQ(RunMain("kvtc", 2, [&] { return RunConsole(words, {}); }), 2);
+    }
+    EXPECT_EQ(RunMain("a\nb", 3, []() -> int { throw RunTimeError(fault::Overflow); }), 3);
+    EXPECT_EQ(RunMain("c", 0, [] { return 4; }), 4);
+    const std::string temporary = "kvtc: no temporary folder can be made in /nonexistent\n";
+    EXPECT_EQ(error.End(), temporary + temporary + "a.b: Overflow\n");
+    if (before) {
+        setenv("TMPDIR", kept.c_str(), 1);
+    } else {
+        unsetenv("TMPDIR");
+    }
 }
 
 }  // namespace kvt::test

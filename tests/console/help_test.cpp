@@ -60,6 +60,11 @@ TEST(HelpPage, FalseExamplesBreakTheBuild) {
     EXPECT_NE(HelpTable("limits G01 MK4", "").find("<td>F</td><td>2 &#8230; 499</td><td>2 &#8230; 199</td>"),
               std::string::npos);
     EXPECT_EQ(HelpTable("limits M30 MK4", ""), "");
+    // Commands of the machine alone stand among the others.
+    const std::string commands = HelpTable("commands MK4", "");
+    const std::size_t panel = commands.find("#G66");
+    EXPECT_LT(commands.find("#G33"), panel);
+    EXPECT_GT(commands.find("#G73"), panel);
 }
 
 }  // namespace kvt::test

@@ -8,6 +8,7 @@
 #include <filesystem>
 
 #include "console/commands.h"
+#include "headless/confinement.h"
 #include "support/bench_fixture.h"
 
 namespace kvt::test {
@@ -164,6 +165,60 @@ TEST_F(ScriptTest, TheFoldersOfARunGoWithIt) {
     EXPECT_EQ(RunText("write ${SETTINGS}/own.txt of the first run\nstart\n", kept), 0) << Errors;
     EXPECT_EQ(FileContent("kept/EMCO/KVT_100/Settings/own.txt"), "of the first run");
     EXPECT_EQ(RunText("expect file ${DATA}/Settings/own.txt of the first run\n", kept), 0) << Errors;
+}
+
+TEST_F(ScriptTest, AWriteElsewhereEndsTheScriptAndIsNotDone) {
+    namespace fs = std::filesystem;
+    const std::string source = Path("p.cnc");
+    fs::create_directory(Path("free"));
+    const struct {
+        std::string Line;  // behind "start"
+        std::string Elsewhere;
+    } cases[] = {
+        {"write " + Path("new") + " x", "new"},
+        {"write ${TMP}/../../" + fs::path(Folder).filename().string() + "/new x", "new"},
+        {"program " + source + " x", "p.cnc"},
+        {"delete " + source, "p.cnc"},
+        {"notes changed\nadvance 1000\nclick mnuSave", "p.cnc"},
+        {"file " + Path("as.cnc") + "\nclick mnuSaveAs", "as.cnc"},
+        {"click mnuDraw\nclick frmDraw.mnuSaveBMP", "p.BMP"},
+        {"file " + source + "\nclick mnuPP 0", "p.cnc"},
+    };
+    for (const auto& one : cases) {
+        Platform.Files.WriteWhole(source, program);
+        EXPECT_EQ(RunText("program ${PP}/x.MK4 #!/bin/sh\\n\nstart " + source + "\n" + one.Line +
+                          "\nexpect nomessage\nshow state.machine\n"),
+                  2)
+            << one.Line;
+        const std::string where = Path(one.Elsewhere) + "\n";
+        EXPECT_TRUE(Errors.size() > where.size() && Errors.ends_with(where)) << one.Line << ": " << Errors;
+        EXPECT_EQ(Errors.rfind(Script + ":", 0), 0u) << Errors;
+        EXPECT_EQ(Out, "") << one.Line;
+        EXPECT_EQ(FileContent("p.cnc"), program) << one.Line;
+        EXPECT_EQ(fs::exists(Path(one.Elsewhere)), one.Elsewhere == "p.cnc") << one.Line;
+    }
+    // The call allows a folder, and the script does not.
+    const std::string writes = "write " + Path("free/x") + " y\n";
+    const std::string own = "--writes " + Path("free") + "\n";
+    EXPECT_EQ(RunText("# options: " + own + writes), 2);
+    EXPECT_EQ(RunText("# options: --data " + Path("free/data") + "\nstart\n"), 2);
+    EXPECT_TRUE(fs::is_empty(Path("free")));
+    EXPECT_EQ(RunText(writes, {"--writes", Path("free")}), 0) << Errors;
+    EXPECT_EQ(FileContent("free/x"), "y");
+    EXPECT_EQ(RunText("", {"--writes", Path("none")}), 2);
+}
+
+TEST_F(ScriptTest, AProgramThatAScriptStartsWritesInItsFoldersAlone) {
+    if (!CanConfine()) GTEST_SKIP() << "the kernel has no rules for it";
+    Platform.Files.WriteWhole(Path("kept"), "kept");
+    const std::string evil = "#!/bin/sh\\nrm -f " + Path("kept") + "\\necho x > " + Path("new") +
+                             "\\nmv \"$1\" " + Path("moved") + "\\necho done > \"$1.~ppERR\"\\n";
+    EXPECT_EQ(RunText("program ${PP}/x.MK4 " + evil + "\nwrite ${TMP}/source x\nstart\nfile ${TMP}/source\n" +
+                      "click mnuPP 0\nexpect frmPreProcessor.visible true\nexpect file ${TMP}/source x\n"),
+              0)
+        << Errors;
+    EXPECT_EQ(FileContent("kept"), "kept");
+    for (const char* name : {"new", "moved"}) EXPECT_FALSE(std::filesystem::exists(Path(name))) << name;
 }
 
 TEST_F(ScriptTest, TheDumpListsFocusAndControls) {

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
+#include <pthread.h>
 #include <unistd.h>
 
+#include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <thread>
 
@@ -132,6 +135,44 @@ TEST(SerialTest, ADeviceThatTakesNothingEndsTheSending) {
     // The next line is given when one has left: as many wait as before, and yet the line has moved.
     watch.Give(10);
     EXPECT_EQ(watch.Stalled(500, 10, 0), 0);
+}
+
+// A reception that the user's surroundings end is written as one that he ends; and where its file cannot be written
+// any more, what has come lies in the folder of data.
+TEST(SerialTest, WhatHasComeIsWrittenWhateverEndsTheReception) {
+    const TemporaryFolder folder;
+    setenv("XDG_DATA_HOME", (folder.Path() / "user").c_str(), 1);
+    const struct {
+        int Signal;
+        bool FolderGoes;
+    } cases[] = {{SIGINT, false}, {SIGHUP, false}, {SIGXFSZ, false}, {SIGTERM, true}};
+    for (const auto& one : cases) {
+        const PseudoTerminal terminal;
+        const fs::path target = folder.Path() / "target";
+        fs::create_directory(target);
+        std::thread user([&, receiver = pthread_self()] {
+            const std::string text("   N` G`\r\n    00M30\0\0\r\n   M\r\n", 29);
+            EXPECT_EQ(write(terminal.Handle(), text.data(), text.size()), 29);
+            std::this_thread::sleep_for(std::chrono::milliseconds(300));
+            if (one.FolderGoes) fs::remove(target);
+            pthread_kill(receiver, one.Signal);
+        });
+        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
+        SerialOptions options;
+        options.File = target / "got.cnc";
+        options.Port = terminal.Path();
+        const int result = ReceiveFile(options);
+        user.join();
+        testing::internal::GetCapturedStdout();
+        const std::string told = testing::internal::GetCapturedStderr();
+        EXPECT_EQ(result, one.FolderGoes ? 2 : 0) << one.Signal << told;
+        const std::size_t kept = told.find(folder.Path() / "user");
+        ASSERT_EQ(kept != std::string::npos, one.FolderGoes) << told;
+        const std::string file = one.FolderGoes ? told.substr(kept, told.find('\n') - kept) : options.File;
+        EXPECT_NE(DiskFiles().ReadWhole(file).find("00M30\r\n   M"), std::string::npos) << one.Signal;
+        fs::remove_all(target);
+    }
 }
 
 TEST(SerialTest, ADeviceBelongsToOneProgram) {

@@ -1,3 +1,4 @@
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QClipboard>
 #include <QElapsedTimer>
@@ -85,6 +86,40 @@ TEST_F(DesktopDrawing, ASpeedHoldsItsPaceAndWaitsAreIdle) {
     EXPECT_LT(share, 0.05);
 }
 
+// The list has followed the drawing, away from the user's own row; the press may come before the window is active or
+// after it.
+TEST_F(DesktopDrawing, APressInTheListFindsTheRowThatIsSeen) {
+    Open("mk4_roller.cnc");
+    ListView& list = bench.Store.lvCncProgram;
+    auto* const area = static_cast<QAbstractScrollArea*>(View::Of(list)->Widget());
+    for (const int behind : {0, 2}) {
+        for (const bool active : {false, true}) {
+            bench.Draw.Show();
+            list.Select(2);
+            list.ScrollTo(1);
+            bench.Draw.Sim.SelectSim(simulation::Step);
+            platform.Services.Focus.SetFocus(Controls().pbxDrawField);
+            QTimer user;
+            user.callOnTimeout([&] {
+                if (!bench.Draw.State.Walking || !Controls().cmdStep.Enabled) return;
+                if (list.TopRow() < 4) return Controls().cmdStep.Click();
+                user.stop();
+                // The walk's own row too.
+                const int row = behind == 0 ? list.SelectedRow() : list.TopRow() + behind;
+                const int place = ListView::HeaderHeight + ListView::RowHeight * (row - list.TopRow());
+                if (active) bench.frmMain.OnActivate();
+                QTest::mouseClick(area->viewport(), Qt::LeftButton, {}, {40, place / 15 + 8});
+                EXPECT_EQ(list.SelectedRow(), row);
+                EXPECT_EQ(platform.Services.Focus.Focused(), &bench.Entry.txtGMcode);
+                bench.Draw.Form_QueryUnload();
+            });
+            user.start(1);
+            bench.Draw.Redraw();
+            EXPECT_FALSE(user.isActive());
+        }
+    }
+}
+
 TEST_F(DesktopDrawing, TheFieldsFollowTheMouseWithinAFrame) {
     Open("mk4_pawn.cnc");
     std::vector<qint64> times;
@@ -117,6 +152,24 @@ TEST_F(DesktopDrawing, TheFieldsFollowTheMouseWithinAFrame) {
     EXPECT_NE(shown(), before);
     Controls().pbxDrawField.Cross = FieldPlace();
     EXPECT_EQ(shown(), before);
+}
+
+TEST_F(DesktopDrawing, TheListingIsThereWhileTheKeysAre) {
+    Open("mk4_pawn.cnc");
+    const auto activate = [this](const char* name) {
+        const std::vector<Form*> forms = bench.Forms();
+        for (std::size_t i = 0; i < forms.size(); ++i) {
+            QEvent activation(QEvent::WindowActivate);
+            if (forms[i]->Name() == name) QApplication::sendEvent(&windows[i]->Window(), &activation);
+        }
+    };
+    activate("frmDraw");
+    Controls().mnuProgramWindow.Click();
+    activate("frmProgramWindow");
+    EXPECT_TRUE(bench.Draw.Listing.frmProgramWindow.Visible);
+    bench.Find.mnuFind_Click();
+    activate("frmFind");
+    EXPECT_FALSE(bench.Draw.Listing.frmProgramWindow.Visible);
 }
 
 TEST_F(DesktopDrawing, ItLeavesAsPictureAndOnPaper) {

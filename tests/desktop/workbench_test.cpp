@@ -2,6 +2,7 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScopeGuard>
@@ -11,6 +12,7 @@
 #include <random>
 #include <sstream>
 
+#include "desktop/text.h"
 #include "shell/workbench.h"
 #include "test_window.h"
 
@@ -138,6 +140,28 @@ TEST_F(DesktopWorkbench, TheDrawingOfAStartComesBehindTheEditor) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     QTest::qWait(1);
     EXPECT_EQ(Focused(), &bench.Draw.Controls.pbxDrawField);
+}
+
+// A name that the code page does not hold is seen as it is, blanks and all, and proposed so.
+TEST_F(DesktopWorkbench, AForeignNameIsReadable) {
+    const QString name = QString::fromUtf8("\u96f6  \u4ef6 \u00fc");
+    const std::string path = PathText(data_.filePath(name + ".cnc"));
+    files.WriteWhole(path, files.ReadWhole(KVT_SOURCE_DIR "/samples/mk4_bolt.cnc"));
+    Open("\"" + path + "\"");
+    EXPECT_EQ(windows.front()->Window().windowTitle(), "Kestrel Vise Toolkit - " + name + ".cnc");
+    const auto* const label = windows.front()->Window().findChild<QLabel*>("lblPath");
+    ASSERT_TRUE(label);
+    EXPECT_EQ(label->text(), data_.filePath(name + ".cnc"));
+
+    bench.File.NamesSource = true;
+    QString proposed;
+    WhenShown<QFileDialog>([&](QFileDialog& dialog) {
+        proposed = dialog.findChild<QLineEdit*>("fileNameEdit")->text();
+        dialog.reject();
+    });
+    bench.File.lblPath.Caption = PathText(data_.filePath(name + ".nc"));
+    bench.Writer.mnuSave_Click();
+    EXPECT_EQ(proposed, name + ".cnc");
 }
 
 // KVT_MONKEY_EVENTS lets it go on for longer.

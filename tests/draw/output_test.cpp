@@ -90,9 +90,7 @@ TEST_F(DrawTest, TheImageIsWhatTheViewShows) {
     // A mark is black on white, wherever it stands; twice it is gone.
     Controls().mnuBackground.Checked = true;
     Draw().Redraw();
-    const auto shown = [&] {
-        return PaintPicture(Field(), {1500, 1500, 300, 300}, 1.0 / 15, Field().Operations()).Points;
-    };
+    const auto shown = [&] { return PaintPicture(Field(), {1500, 1500, 300, 300}, 1.0 / 15).Points; };
     const auto before = shown();
     Draw().Measure.DrawMark(1650, 1650);
     EXPECT_EQ(shown()[10 * 20 + 12], 0u);

@@ -196,6 +196,7 @@ TEST_F(DrawTest, WaitsServeWhatComesUp) {
     EXPECT_EQ(Platform.System.Clock, 600 + 200 + 1000);
 
     // A redraw asked for in a step follows the walk; the window can be closed in one.
+    Platform.Focus.SetFocus(Field());
     Draw().Sim.SelectSim(simulation::Step);
     int turns = 0;
     Platform.System.NextEvent = [&] {

@@ -69,10 +69,10 @@ TEST(SettingsFileTest, ABadValueCostsItselfOrWhatFollows) {
 
 class StartTest : public BenchTest {
 protected:
-    // Starts the program in a data folder; what it tells then.
-    std::string Start(const std::string& data) {
+    // Starts the program in a data folder, with a command line; what it tells then.
+    std::string Start(const std::string& data, const std::string& commandLine = {}) {
         Platform.System.DataFolder = data;
-        Bench->Form_Load("");
+        Bench->Form_Load(commandLine);
         std::string told;
         for (const MessageBox& box : Platform.Dialogs.Shown) told += box.Text + "|";
         Platform.Dialogs.Shown.clear();
@@ -99,13 +99,17 @@ TEST_F(StartTest, WithoutResetCopiesTheBuiltInValuesServe) {
     EXPECT_EQ(FileContent(folder + "SettingsDrawReset.txt"), "own");
 }
 
-TEST_F(StartTest, AFolderThatCannotBeMadeIsToldOfOnce) {
+// The file on the command line opens all the same.
+TEST_F(StartTest, AFolderThatCannotBeMadeIsToldOfOnceAtTheStart) {
     Platform.Files.WriteWhole(Path("file"), "");
     BringResetCopies(Platform.Files, Path("file"));
-    EXPECT_EQ(Start(Path("file")),
+    Platform.Files.WriteWhole(Path("part one.cnc"), FileText("F1", {{"M30"}}));
+    EXPECT_EQ(Start(Path("file"), "\"" + Path("part one.cnc") + "\""),
               "Settings and unsaved programs cannot be kept. This folder cannot be written: " +
                   Path("file/EMCO/KVT_100/|"));
-    ASSERT_EQ(Load(FileText("MK4", {{"M30"}})), LoadResult::Loaded);
+    EXPECT_EQ(Bench->Store.Machine, "F1");
+    EXPECT_EQ(Bench->Store.LineCount(), 1);
+    EXPECT_EQ(Bench->File.lblPath.Caption.Get(), Path("part one.cnc"));
     Bench->Store.ProgramChanged = true;
     Platform.System.Watch(Bench->frmMain);
     Platform.System.Advance(2000);

@@ -20,7 +20,7 @@ void ConvertFor(kvt::iso::Machine machine, const std::string& code) {
         program = converter.Convert(kvt::iso::ReadBlocks(code));
         for (const std::string& remark : converter.Remarks()) Demand(!remark.empty());
     } catch (const kvt::iso::Refusal& refusal) {
-        Demand(!refusal.Why.empty() && refusal.Line >= 0);
+        Demand(!refusal.Description.empty() && refusal.Line >= 0);
         return;
     }
     kvt::test::DisklessPlatform platform;

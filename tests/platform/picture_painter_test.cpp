@@ -29,8 +29,7 @@ protected:
         field.BoxTo(x2 * 15, y2 * 15);
     }
     Pixels Paint(double left = 0, double top = 0, double width = 100, double height = 60, double scale = 1) {
-        return PaintPicture(field, {left * 15, top * 15, width * 15, height * 15}, scale / 15,
-                            field.Operations());
+        return PaintPicture(field, {left * 15, top * 15, width * 15, height * 15}, scale / 15);
     }
     Color At(int x, int y) {
         const Pixels picture = Paint();
@@ -121,7 +120,7 @@ TEST_F(PainterTest, BoxesHaveTheirFills) {
 
 TEST_F(PainterTest, DotsAndInversions) {
     field.DrawStyle = draw_style::Dotted;
-    Line(10, 10, 90, 10);
+    Line(10, 10.3, 90, 10.3);
     int lit = 0;
     for (int x = 10; x < 90; ++x) lit += At(x, 10) == red ? 1 : 0;
     EXPECT_EQ(lit, 40);

@@ -65,7 +65,7 @@ public:
         platform_.Dialogs.Answers.assign(3, static_cast<Answer>(Below(4)));
         platform_.Dialogs.FileAnswers.assign(1, {Below(3) == 0, folder_ + "/monkey.cnc"});
         platform_.Dialogs.Shown.clear();
-        Event();
+        platform_.System.Run([this] { Event(); });
         if (platform_.System.Ended || ++steps_ % stepsOfARun == 0) Start();
     }
 

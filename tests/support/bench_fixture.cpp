@@ -51,6 +51,8 @@ std::string FileText(const std::string& machine, const std::vector<Line>& lines,
 BenchTest::BenchTest() {
     std::string pattern = (std::filesystem::temp_directory_path() / "kvt-test-XXXXXX").string();
     Folder = mkdtemp(pattern.data());
+    // What commands keep of the user's is kept there too.
+    setenv("XDG_DATA_HOME", Path("user").c_str(), 1);
     Bench = std::make_unique<Workbench>(Platform.Services);
 }
 

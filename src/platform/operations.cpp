@@ -1,0 +1,65 @@
+#include "platform/operations.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <unordered_set>
+
+namespace kvt {
+
+namespace {
+
+using OfKind = DrawOperation::Kind;
+
+constexpr int twipsAPixel = 15;
+
+struct BytesHash {
+    std::size_t operator()(const DrawOperation& one) const {
+        const float places[] = {one.X1, one.Y1, one.X2, one.Y2, one.Start, one.End};
+        std::size_t hash = one.Ink * 31U + static_cast<std::size_t>(one.What);
+        for (const float place : places) {
+            std::uint32_t bits = 0;
+            std::memcpy(&bits, &place, sizeof bits);
+            hash = (hash ^ bits) * 0x9E3779B97F4A7C15U;
+        }
+        return hash;
+    }
+};
+
+struct SameOperation {
+    bool operator()(const DrawOperation& a, const DrawOperation& b) const {
+        return a.What == b.What && a.Style == b.Style && a.Mode == b.Mode && a.Fill == b.Fill &&
+               a.Ink == b.Ink && a.FillInk == b.FillInk && a.X1 == b.X1 && a.Y1 == b.Y1 && a.X2 == b.X2 &&
+               a.Y2 == b.Y2 && a.Start == b.Start && a.End == b.End && a.Width == b.Width;
+    }
+};
+
+}  // namespace
+
+Extent ExtentOf(const DrawOperation& one) {
+    const double half = one.Width * twipsAPixel / 2.0;
+    if (one.What == OfKind::Circle) {
+        const double r = std::abs(one.Radius()) + half;
+        return {one.X1 - r, one.Y1 - r, one.X1 + r, one.Y1 + r};
+    }
+    const auto [left, right] = std::minmax(one.X1, one.X2);
+    const auto [top, bottom] = std::minmax(one.Y1, one.Y2);
+    return {left - half, top - half, right + half, bottom + half};
+}
+
+std::vector<DrawOperation> SeenIn(std::span<const DrawOperation> operations, const FieldArea& area) {
+    std::unordered_set<DrawOperation, BytesHash, SameOperation> known;
+    std::vector<DrawOperation> seen;
+    for (auto one = operations.rbegin(); one != operations.rend(); ++one) {
+        if (one->What == OfKind::Clear || one->What == OfKind::Picture) continue;
+        const Extent extent = ExtentOf(*one);
+        const bool outside = extent.Right < area.Left || extent.Left > area.Left + area.Width ||
+                             extent.Bottom < area.Top || extent.Top > area.Top + area.Height;
+        if (outside || (one->Mode == draw_mode::Copy && !known.insert(*one).second)) continue;
+        seen.push_back(*one);
+    }
+    std::reverse(seen.begin(), seen.end());
+    return seen;
+}
+
+}  // namespace kvt
