@@ -179,6 +179,7 @@ void DrawWindow::ShowBehindEditor() {
     if (State.DrawPending || Controls.frmDraw.Visible) return;
     MakeReady();
     Controls.frmDraw.ShowBehind();
+    keysDue_ = true;
     if (!State.DrawPending) return;
     TakeOnProgram();
     FitAndDraw();
@@ -257,8 +258,8 @@ void DrawWindow::Form_QueryUnload() {
 
 void DrawWindow::Form_Activate() {
     TakeOnProgram();
-    Control* const focused = parts_.Platform.Focus.Focused();
-    if (!focused || &focused->OwningForm() != &Controls.frmDraw)
+    const Control* const focused = parts_.Platform.Focus.Focused();
+    if (std::exchange(keysDue_, false) || !focused || &focused->OwningForm() != &Controls.frmDraw)
         parts_.Platform.Focus.SetFocus(Controls.pbxDrawField);
     FitAndDraw();
 }

@@ -93,6 +93,8 @@ private:
     bool loaded_ = false;
     bool redrawAsked_ = false;
     bool showAsked_ = false;
+    // The window was shown without the keys: the first time that it has them they go to the field.
+    bool keysDue_ = false;
     std::vector<std::function<void()>> afterWalk_;
     bool givenUp_ = false;
     // Where the middle button holds the field.

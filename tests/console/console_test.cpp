@@ -412,8 +412,6 @@ TEST_F(ConsoleTest, APictureOfEachKindAndNeverOverTheProgram) {
     std::filesystem::create_symlink(Put("c.cnc", good), Folder + "/c.png");
     EXPECT_EQ(Run({"draw", source, "-o", Folder + "/c.png"}), 2);
     EXPECT_EQ(Platform.Files.ReadWhole(Folder + "/c.cnc"), good);
-    std::filesystem::create_symlink("b.png", Folder + "/d.png");
-    EXPECT_EQ(Run({"draw", source, "-o", Folder + "/d.png"}), 0) << Errors;
 }
 
 TEST_F(ConsoleTest, EveryFailureIsToldInOneLine) {

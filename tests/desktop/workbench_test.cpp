@@ -122,26 +122,6 @@ TEST_F(DesktopWorkbench, AWholeProgramIsTypedByKeysAlone) {
     EXPECT_FALSE(windows.front()->Window().isVisible());
 }
 
-TEST_F(DesktopWorkbench, TheDrawingOfAStartComesBehindTheEditor) {
-    const std::string folder = data_.filePath("EMCO/KVT_100/Settings/").toStdString();
-    files.MakeFolder(folder);
-    files.WriteWhole(folder + "SettingsEditor.txt",
-                     "LastFileUsed=" KVT_SOURCE_DIR "/samples/mk4_bolt.cnc\r\nDrawWindow Active=True\r\n");
-    Open("");
-    const Form& drawing = bench.Draw.Controls.frmDraw;
-    ASSERT_TRUE(QTest::qWaitFor([&] { return drawing.Visible.Get(); }));
-    QTest::qWait(100);
-    EXPECT_EQ(Focused(), &bench.Entry.txtGMcode);
-    EXPECT_TRUE(windows.front()->Window().isActiveWindow());
-    QMainWindow& window = dynamic_cast<FormView&>(*drawing.View).Window();
-    EXPECT_TRUE(window.isVisible());
-    // With its keys first, not with a field to measure with.
-    window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    QTest::qWait(1);
-    EXPECT_EQ(Focused(), &bench.Draw.Controls.pbxDrawField);
-}
-
 // A name that the code page does not hold is seen as it is, blanks and all, and proposed so.
 TEST_F(DesktopWorkbench, AForeignNameIsReadable) {
     const QString name = QString::fromUtf8("\u96f6  \u4ef6 \u00fc");
@@ -162,6 +142,26 @@ TEST_F(DesktopWorkbench, AForeignNameIsReadable) {
     bench.File.lblPath.Caption = PathText(data_.filePath(name + ".nc"));
     bench.Writer.mnuSave_Click();
     EXPECT_EQ(proposed, name + ".cnc");
+}
+
+TEST_F(DesktopWorkbench, TheDrawingOfAStartComesBehindTheEditor) {
+    const std::string folder = data_.filePath("EMCO/KVT_100/Settings/").toStdString();
+    files.MakeFolder(folder);
+    files.WriteWhole(folder + "SettingsEditor.txt",
+                     "LastFileUsed=" KVT_SOURCE_DIR "/samples/mk4_bolt.cnc\r\nDrawWindow Active=True\r\n");
+    Open("");
+    const Form& drawing = bench.Draw.Controls.frmDraw;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return drawing.Visible.Get(); }));
+    QTest::qWait(100);
+    EXPECT_EQ(Focused(), &bench.Entry.txtGMcode);
+    EXPECT_TRUE(windows.front()->Window().isActiveWindow());
+    QMainWindow& window = dynamic_cast<FormView&>(*drawing.View).Window();
+    EXPECT_TRUE(window.isVisible());
+    // With its keys first, not with a field to measure with.
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    QTest::qWait(1);
+    EXPECT_EQ(Focused(), &bench.Draw.Controls.pbxDrawField);
 }
 
 // KVT_MONKEY_EVENTS lets it go on for longer.

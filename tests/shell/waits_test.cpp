@@ -51,7 +51,7 @@ private:
         bench_ = std::make_unique<Workbench>(platform_.Services);
         for (Form* form : bench_->Forms()) {
             platform_.System.Watch(*form);
-            windows_.push_back(std::make_unique<MemoryWindow>(*form, platform_.Screen));
+            windows_.push_back(std::make_unique<MemoryWindow>(*form, platform_.Screen, platform_.Focus));
         }
         platform_.Port.Ports = 1;
         platform_.System.Patience = 500;
