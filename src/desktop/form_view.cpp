@@ -63,6 +63,7 @@ FormView::FormView(DesktopContext& desktop, Form& form)
     connect(&lasting_, &QTimer::timeout, this, [this] { lasted_ = form_.RestoredPlace(); });
     MakeViews();
     Stack();
+    covered_ = std::make_unique<CoveredLists>(desktop, form);
     SetSmallestSize();
     Follow(PropertyId::Caption);
     Follow(PropertyId::Enabled);
@@ -76,6 +77,7 @@ FormView::FormView(DesktopContext& desktop, Form& form)
 
 FormView::~FormView() {
     if (Desktop.Front == &form_) Desktop.Front = nullptr;
+    covered_.reset();
     views_.clear();
     window_->removeEventFilter(this);
     field_->removeEventFilter(this);
