@@ -195,8 +195,6 @@ void Workbench::PlaceInFrames() {
                        &Main.lstMK2Mcodes,
                        &Lists.lstMK4Gcodes,
                        &Lists.lstMK4Mcodes,
-                       &Lists.lstF1Gcodes,
-                       &Lists.lstF1Mcodes,
                        &Main.frFileNotes,
                        &File.txtFileNotes,
                        &Entry.frEntry,
