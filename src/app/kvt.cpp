@@ -17,9 +17,9 @@
 #include "desktop/form_view.h"
 #include "desktop/text.h"
 #include "files/folders.h"
-#include "headless/disk_files.h"
-#include "headless/system_programs.h"
 #include "shell/workbench.h"
+#include "system/disk_files.h"
+#include "system/system_programs.h"
 
 namespace {
 

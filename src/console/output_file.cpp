@@ -12,7 +12,7 @@
 #include "basic/number.h"
 #include "console/loaded_file.h"
 #include "files/folders.h"
-#include "headless/user_folder.h"
+#include "system/user_folder.h"
 
 namespace kvt {
 

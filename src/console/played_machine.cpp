@@ -12,7 +12,7 @@
 
 #include "basic/run_time_error.h"
 #include "basic/text.h"
-#include "headless/posix_port.h"
+#include "system/posix_port.h"
 #include "transfer/outgoing_lines.h"
 
 namespace kvt {

@@ -9,7 +9,7 @@
 #include "headless/guarded_files.h"
 #include "headless/memory_platform.h"
 #include "headless/memory_window.h"
-#include "headless/temporary_folder.h"
+#include "system/temporary_folder.h"
 
 namespace kvt {
 

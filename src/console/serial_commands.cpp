@@ -12,10 +12,10 @@
 #include "basic/number.h"
 #include "basic/text.h"
 #include "console/commands.h"
-#include "console/interrupts.h"
 #include "console/loaded_file.h"
 #include "console/output_file.h"
 #include "console/played_machine.h"
+#include "system/interrupts.h"
 
 namespace kvt {
 

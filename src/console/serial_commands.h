@@ -3,9 +3,9 @@
 #include <memory>
 #include <string>
 
-#include "headless/posix_port.h"
-#include "headless/temporary_folder.h"
+#include "headless/posix_system.h"
 #include "shell/workbench.h"
+#include "system/temporary_folder.h"
 
 namespace kvt {
 

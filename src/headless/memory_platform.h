@@ -7,14 +7,14 @@
 #include <string>
 #include <vector>
 
-#include "headless/disk_files.h"
 #include "headless/fault_plan.h"
 #include "headless/faulty_files.h"
 #include "headless/memory_focus.h"
 #include "headless/memory_port.h"
 #include "headless/memory_printer.h"
-#include "headless/system_programs.h"
+#include "headless/memory_programs.h"
 #include "platform/services.h"
+#include "system/disk_files.h"
 
 namespace kvt {
 

@@ -1,4 +1,4 @@
-#include "headless/file_writing.h"
+#include "system/file_writing.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -10,7 +10,7 @@
 #include <iterator>
 #include <optional>
 
-#include "headless/fresh_file.h"
+#include "system/fresh_file.h"
 
 namespace kvt {
 

@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include "headless/memory_platform.h"
 #include "platform/serial_port.h"
 
 namespace kvt {
@@ -63,20 +62,6 @@ private:
     bool sending_ = false;
     bool settingsWait_ = false;
     bool vanishing_ = false;
-};
-
-// The system of a console that works with real ports: its clock is that of the wall.
-class PosixSystem : public MemorySystem {
-public:
-    PosixSystem(FocusKeeper& focus, PosixPort& port) : MemorySystem(focus), port_(port) {}
-
-    bool WaitUntil(const std::function<double()>& left) override;
-
-    // Looked at all through a wait.
-    std::function<void()> OnLook;
-
-private:
-    PosixPort& port_;
 };
 
 }  // namespace kvt

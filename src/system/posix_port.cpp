@@ -1,4 +1,4 @@
-#include "headless/posix_port.h"
+#include "system/posix_port.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -11,6 +11,8 @@
 #include <cerrno>
 #include <chrono>
 #include <utility>
+
+#include "basic/run_time_error.h"
 
 namespace kvt {
 
@@ -201,16 +203,6 @@ void PosixPort::Vanish() {
     close(std::exchange(handle_, -1));
     sending_ = false;
     Tell(CommEvent::Vanished);
-}
-
-bool PosixSystem::WaitUntil(const std::function<double()>& left) {
-    port_.Serve(0);
-    if (OnLook) OnLook();
-    for (double more = left(); more > 0 && !Ended; more = left()) {
-        port_.Serve(std::min(more, longestRest));
-        if (OnLook) OnLook();
-    }
-    return !Ended;
 }
 
 }  // namespace kvt

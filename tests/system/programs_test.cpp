@@ -3,7 +3,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "headless/system_programs.h"
+#include "headless/memory_programs.h"
+#include "system/system_programs.h"
 
 namespace kvt::test {
 

@@ -1,4 +1,4 @@
-#include "headless/disk_files.h"
+#include "system/disk_files.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -15,8 +15,8 @@
 
 #include "basic/code_page.h"
 #include "headless/faulty_files.h"
-#include "headless/fresh_file.h"
 #include "headless/guarded_files.h"
+#include "system/fresh_file.h"
 
 namespace kvt::test {
 

@@ -2,9 +2,9 @@
 
 #include <memory>
 
-#include "headless/file_names.h"
-#include "headless/file_writing.h"
 #include "platform/services.h"
+#include "system/file_names.h"
+#include "system/file_writing.h"
 
 namespace kvt {
 

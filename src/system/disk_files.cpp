@@ -1,4 +1,4 @@
-#include "headless/disk_files.h"
+#include "system/disk_files.h"
 
 #include <unistd.h>
 

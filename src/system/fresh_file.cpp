@@ -1,4 +1,4 @@
-#include "headless/fresh_file.h"
+#include "system/fresh_file.h"
 
 #include <fcntl.h>
 #include <signal.h>
@@ -12,8 +12,8 @@
 #include <string>
 #include <utility>
 
-#include "headless/file_names.h"
-#include "headless/file_writing.h"
+#include "system/file_names.h"
+#include "system/file_writing.h"
 
 namespace kvt {
 
