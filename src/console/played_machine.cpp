@@ -67,7 +67,7 @@ bool PlayedMachine::OtherEndIsOpen() const {
 
 // How many characters may pass now; at least one, for which it waits.
 std::size_t PlayedMachine::Due() {
-    const double each = line_.Settings.CharacterMilliseconds() / line_.Haste;
+    const double each = line_.Settings.CharacterMilliseconds() / line_.SpeedUp;
     while (Now() < next_ && !Stops()) Rest(next_ - Now());
     next_ = std::max(next_, Now() - mostAtOnce * each);
     return 1 + static_cast<std::size_t>(std::max(0.0, (Now() - next_) / each));
@@ -75,7 +75,7 @@ std::size_t PlayedMachine::Due() {
 
 bool PlayedMachine::Drops(std::size_t more) {
     passed_ += static_cast<long>(more);
-    next_ += static_cast<double>(more) * line_.Settings.CharacterMilliseconds() / line_.Haste;
+    next_ += static_cast<double>(more) * line_.Settings.CharacterMilliseconds() / line_.SpeedUp;
     return line_.DropAfter >= 0 && passed_ >= line_.DropAfter;
 }
 
@@ -91,7 +91,7 @@ TransferEnd PlayedMachine::Take(std::string& received) {
             return TransferEnd::Gone;
         if (size == 0 && !line_.Pseudo) return TransferEnd::Gone;
         if (size <= 0) {
-            Rest(line_.Haste > 1 ? 1 : longestRest / 4);
+            Rest(line_.SpeedUp > 1 ? 1 : longestRest / 4);
             continue;
         }
         received.append(piece, static_cast<std::size_t>(size));
@@ -113,16 +113,16 @@ TransferEnd PlayedMachine::Take(std::string& received) {
 }
 
 TransferEnd PlayedMachine::AwaitOtherEnd() {
-    for (double since = Now(); Now() - since < settling / line_.Haste;) {
+    for (double since = Now(); Now() - since < settling / line_.SpeedUp;) {
         if (Stops()) return TransferEnd::Stopped;
         if (!OtherEndIsOpen()) since = Now();
-        Rest(longestRest / line_.Haste);
+        Rest(longestRest / line_.SpeedUp);
     }
     return TransferEnd::Well;
 }
 
 void PlayedMachine::AwaitLettingGo() const {
-    while (line_.Pseudo && OtherEndIsOpen() && !Stops()) Rest(longestRest / line_.Haste);
+    while (line_.Pseudo && OtherEndIsOpen() && !Stops()) Rest(longestRest / line_.SpeedUp);
 }
 
 TransferEnd PlayedMachine::Give(std::string_view file) {

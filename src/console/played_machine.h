@@ -38,7 +38,7 @@ public:
         // A pseudo-terminal, whose other end comes and goes.
         bool Pseudo = true;
         // So many times faster than the settings say.
-        double Haste = 1;
+        double SpeedUp = 1;
         // After so many characters in either direction it is over; none where below 0.
         long DropAfter = -1;
     };

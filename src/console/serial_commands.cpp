@@ -65,8 +65,8 @@ bool OpenPort(SerialBench& bench, const std::string& name) {
 
 }  // namespace
 
-SerialBench::SerialBench(const std::string& device, const std::string& settings, double haste)
-    : Port({device}, haste),
+SerialBench::SerialBench(const std::string& device, const std::string& settings, double speedUp)
+    : Port({device}, speedUp),
       System(Platform.Focus, Port),
       Services{Platform.Files, Platform.Dialogs, Platform.Clipboard, Platform.Screen, System, Platform.Focus,
                Port,           Platform.Printer, Platform.Programs},

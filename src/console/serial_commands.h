@@ -12,8 +12,8 @@ namespace kvt {
 // A workbench without a window on a real port.
 class SerialBench {
 public:
-    // The device, and the settings of both directions as "300,N,8,1"; see PosixPort for haste.
-    SerialBench(const std::string& device, const std::string& settings, double haste = 1);
+    // The device, and the settings of both directions as "300,N,8,1"; see PosixPort for speedUp.
+    SerialBench(const std::string& device, const std::string& settings, double speedUp = 1);
     SerialBench(const SerialBench&) = delete;
     SerialBench& operator=(const SerialBench&) = delete;
 

@@ -21,7 +21,7 @@ void MemoryPort::Output(std::string_view text) {
     faults_.Pass("port", fault::PortNotOpen);
     if (!open_) throw RunTimeError(fault::PortNotOpen);
     Given += text;
-    pace_.Give(static_cast<double>(clock_), text.size(), Line());
+    pace_.Take(static_cast<double>(clock_), text.size(), Line());
     sending_ = true;
 }
 

@@ -20,7 +20,7 @@ public:
     void Output(std::string_view text) override;
     double MillisecondsLeft() const override;
     // The step of the clock.
-    double Lead() const override { return 1; }
+    double LeadTime() const override { return 1; }
     std::string Input() override;
     std::string DeviceName(int number) const override;
 

@@ -154,7 +154,7 @@ void Transmitter::Begin() {
 
 double Transmitter::LeftOfStep() const {
     const SerialPort& port = parts_.Port.Port();
-    return port.MillisecondsLeft() - (draining_ ? 0 : port.Lead());
+    return port.MillisecondsLeft() - (draining_ ? 0 : port.LeadTime());
 }
 
 void Transmitter::TakeStep() {

@@ -3,6 +3,7 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include <QElapsedTimer>
 #include <QTest>
 
 #include "basic/run_time_error.h"
