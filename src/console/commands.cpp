@@ -57,7 +57,7 @@ int CheckOneAsJson(const std::string& file, JsonSink& out) {
 }  // namespace
 
 int Check(const std::vector<std::string>& files, bool json, const ConsoleOptions& options) {
-    int worst = status::Well;
+    int worst = status::Succeeded;
     bool first = true;
     JsonSink out(stdout);
     for (const std::string& file : files) {
@@ -80,7 +80,7 @@ int WriteLanguageModule(const std::string& out) {
     const auto bench = std::make_unique<Workbench>(platform.Services);
     try {
         platform.Files.WriteWhole(NameFromSystem(out), bench->Modules.WriteModule());
-        return status::Well;
+        return status::Succeeded;
     } catch (const RunTimeError&) {
         return Complain(out, "could not be written");
     }

@@ -69,7 +69,7 @@ std::string WhyNotWritten(const std::string& out, const std::string& source, Sou
 void PrepareToWrite(DiskFiles& files) {
     const std::string folder = DataFolder();
     if (folder.empty()) return;
-    files.KeepIn(folder);
+    files.SetDataFolder(folder);
     files.RemoveLeftovers();
 }
 

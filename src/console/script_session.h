@@ -29,8 +29,8 @@ public:
     bool Running() const { return started_ && !Platform.System.Ended; }
     const std::string& CommandLine() const { return commandLine_; }
 
-    Workbench& Bench() { return *bench_; }
-    ListView& Program() { return bench_->Store.lvCncProgram; }
+    Workbench& Bench() { return *workbench_; }
+    ListView& Program() { return workbench_->Store.lvCncProgram; }
     const std::vector<Form*>& Forms() const { return forms_; }
     // An unknown name is a ScriptError.
     Control& Named(std::string_view name, int index = -1) const;
@@ -49,7 +49,7 @@ public:
     std::string ErrorLogPath() const;
 
 private:
-    void NewBench();
+    void NewWorkbench();
 
     TemporaryFolder temporary_;
     OwnFolders folders_;
@@ -61,7 +61,7 @@ private:
                             Platform.Port,   Platform.Printer, programs_};
     std::string dataFolder_;
     Arguments::Variables variables_;
-    std::unique_ptr<Workbench> bench_;
+    std::unique_ptr<Workbench> workbench_;
     std::vector<Form*> forms_;
     std::vector<std::unique_ptr<MemoryWindow>> windows_;
     std::string commandLine_;

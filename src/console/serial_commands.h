@@ -10,12 +10,12 @@
 namespace kvt {
 
 // A workbench without a window on a real port.
-class SerialBench {
+class SerialWorkbench {
 public:
     // The device, and the settings of both directions as "300,N,8,1"; see PosixPort for speedUp.
-    SerialBench(const std::string& device, const std::string& settings, double speedUp = 1);
-    SerialBench(const SerialBench&) = delete;
-    SerialBench& operator=(const SerialBench&) = delete;
+    SerialWorkbench(const std::string& device, const std::string& settings, double speedUp = 1);
+    SerialWorkbench(const SerialWorkbench&) = delete;
+    SerialWorkbench& operator=(const SerialWorkbench&) = delete;
 
     MemoryPlatform Platform;
     PosixPort Port;

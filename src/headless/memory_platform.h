@@ -65,7 +65,7 @@ public:
     int Height() override { return HeightTwips; }
     int WorkAreaHeight() override { return WorkAreaTwips; }
     WindowPlace OnScreen(const WindowPlace& place) override;
-    double PointsATwip() override { return 1.0 / 15; }
+    double PointsPerTwip() override { return 1.0 / 15; }
 
     int WidthTwips = 28800;
     int HeightTwips = 16200;
@@ -82,8 +82,8 @@ public:
         : focus_(focus), clipboard_(clipboard) {}
 
     bool DoEvents() override;
-    // Only after a great many turns the user loses his patience: then what he does next comes, as in a wait.
-    bool Breathe(long long turn) override;
+    // Serves nothing until GiveUpAfter turns have passed; from then on what the user does next comes, as in a wait.
+    bool ServeEvents(long long turn) override;
     // Takes one thing that has come up, then lets the clock run on, from tick to tick.
     bool WaitUntil(const std::function<double()>& left) override;
     std::tm Now() override;
@@ -101,11 +101,11 @@ public:
     // The same for a wait that ends by itself: it asks this and nothing else.
     std::function<void()> NextInTimedWait;
     // After how many turns of endless work it takes events as a wait does.
-    long long Patience = 2'000'000;
+    long long GiveUpAfter = 2'000'000;
     // Runs whenever the clock has moved on.
     std::function<void()> OnClock;
 
-    // Runs what stands for a handler of a user's action, then what it has put off.
+    // Runs what stands for a handler of a user's action, then what it has deferred.
     void Run(const std::function<void()>& handler);
 
     // A key or a character as a user presses it.
@@ -129,9 +129,9 @@ private:
         int Held;
         int Character;  // 0 for a key without one
     };
-    struct PutOffCall {
+    struct DeferredCall {
         std::function<void()> Call;
-        int Depth;  // of the handler that has put it off
+        int Depth;  // of the handler that has deferred it
     };
     bool ServeWaiting();
     void Deliver(KeyPress press);
@@ -158,7 +158,7 @@ private:
     std::deque<KeyPress> keys_;
     bool delivering_ = false;
     std::vector<std::unique_ptr<TimerPhase>> timers_;
-    std::deque<PutOffCall> putOff_;
+    std::deque<DeferredCall> deferred_;
     int depth_ = 0;  // of handlers
 };
 

@@ -20,8 +20,8 @@ void MemoryPort::Close() { Reset(); }
 void MemoryPort::Output(std::string_view text) {
     faults_.Pass("port", fault::PortNotOpen);
     if (!open_) throw RunTimeError(fault::PortNotOpen);
-    Given += text;
-    pace_.Take(static_cast<double>(clock_), text.size(), Line());
+    Sent += text;
+    pace_.Add(static_cast<double>(clock_), text.size(), Line());
     sending_ = true;
 }
 
@@ -61,7 +61,7 @@ void MemoryPort::Reset() {
     open_ = false;
     sending_ = false;
     received_.clear();
-    pace_.Forget();
+    pace_.Reset();
 }
 
 void MemoryPort::SettingsChanged() {

@@ -30,8 +30,8 @@ public:
     bool NextOpeningFails = false;
     // Whether 8 data bits without parity are all that it takes, as with a pseudo-terminal.
     bool TakesPlainFramesOnly = false;
-    // All that was given.
-    std::string Given;
+    // All that was sent.
+    std::string Sent;
 
     // These characters arrive; false where the port is closed and they are lost.
     bool Receive(std::string_view text);
@@ -39,7 +39,7 @@ public:
     void Vanish();
     // The clock has moved on.
     void ClockMoved();
-    // Closes without a word, for a new run of the program.
+    // Closes without an event, for a new run of the program.
     void Reset();
 
 protected:

@@ -12,7 +12,7 @@ namespace kvt {
 class MemoryPrinter : public PrinterService {
 public:
     explicit MemoryPrinter(FaultPlan& faults) : faults_(faults) { BeginRun(); }
-    // For a new run of the program: face and size as the printer comes.
+    // For a new run of the program: font and size as the printer has them.
     void BeginRun() {
         FontName = "Courier New";
         FontSize = 10;

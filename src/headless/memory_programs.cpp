@@ -19,7 +19,7 @@ int MemoryPrograms::Start(std::string_view commandLine, std::string_view file) {
 bool MemoryPrograms::HasEnded(int program) {
     if (waitedFor_ == program) return real_.HasEnded(program);
     waitedFor_ = program;
-    const auto end = std::chrono::steady_clock::now() + Patience;
+    const auto end = std::chrono::steady_clock::now() + GiveUpAfter;
     while (!real_.HasEnded(program)) {
         if (std::chrono::steady_clock::now() >= end) return false;
         std::this_thread::sleep_for(lookInterval);

@@ -25,7 +25,7 @@ public:
     void ConfineTo(std::vector<std::filesystem::path> folders) { real_.ConfineTo(std::move(folders)); }
 
     // How long the first question for its end waits for a program, in real time.
-    std::chrono::milliseconds Patience{20'000};
+    std::chrono::milliseconds GiveUpAfter{20'000};
     std::vector<std::string> OnDesktop;
     std::vector<std::string> Launched;
 

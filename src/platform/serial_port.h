@@ -84,9 +84,9 @@ private:
 class LinePace {
 public:
     // Takes bytes on at a time; they go behind what is still under way.
-    void Take(double now, std::size_t bytes, const LineSettings& line);
+    void Add(double now, std::size_t bytes, const LineSettings& line);
     double Left(double now) const { return free_ > now ? free_ - now : 0; }
-    void Forget() { free_ = 0; }
+    void Reset() { free_ = 0; }
 
 private:
     double free_ = 0;
@@ -95,7 +95,7 @@ private:
 // Tells a device that takes nothing from one that is slow. Times are milliseconds of any clock.
 class LineWatch {
 public:
-    void Take(std::size_t bytes) { given_ += static_cast<long long>(bytes); }
+    void Add(std::size_t bytes) { given_ += static_cast<long long>(bytes); }
     // For how long nothing has left, with so many bytes waiting and so many milliseconds of their time on the line
     // still to go.
     double Stalled(double now, std::size_t waiting, double left);

@@ -97,7 +97,7 @@ void PosixPort::Open() {
     handle_ = handle;
     device_ = device;
     unwritten_.clear();
-    pace_.Forget();
+    pace_.Reset();
     sending_ = false;
     WatchChanged();
     // At once, whatever somebody else has left in the driver: the first byte is to go at the right rate.
@@ -118,8 +118,8 @@ void PosixPort::BeginClose() {
 
 void PosixPort::Output(std::string_view text) {
     if (!IsOpen()) throw RunTimeError(fault::PortNotOpen);
-    pace_.Take(Now(), text.size(), Line());
-    watch_.Take(text.size());
+    pace_.Add(Now(), text.size(), Line());
+    watch_.Add(text.size());
     unwritten_ += text;
     sending_ = true;
     // That the device has gone is told by Serve, not to whoever is just sending.

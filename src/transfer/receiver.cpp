@@ -84,13 +84,13 @@ void Receiver::MSComm1_OnComm(CommEvent event) {
         case CommEvent::Send:
             Attempt(eventName, [&] { parts_.Port.Port().SetSettings(parts_.Port.TX().Settings); });
             break;
-        case CommEvent::Receive: return TakeCharacters();
+        case CommEvent::Receive: return AppendReceived();
         case CommEvent::Vanished: return parts_.Port.Vanished();
         case CommEvent::Refused: return parts_.Port.Refused();
     }
 }
 
-void Receiver::TakeCharacters() {
+void Receiver::AppendReceived() {
     TextBox& box = parts_.Controls.txtRX;
     // 1. The machine has begun to send.
     if (!parts_.Controls.frRXcode.Visible) Attempt(eventName, [&] { mnuRX_Click(); });

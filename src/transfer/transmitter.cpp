@@ -68,7 +68,7 @@ void Transmitter::mnuTX_Click() {
         const bool alive = parts_.Platform.System.WaitUntil(
             [this, before] { return sending_ && steps_ == before ? LeftOfStep() : 0; });
         if (!alive) Stop();
-        if (steps_ == before) TakeStep();
+        if (steps_ == before) RunStep();
     }
 }
 
@@ -79,7 +79,7 @@ void Transmitter::Finish() {
     Attempt([&] { store.lvCncProgram.Select(selectedBefore_); });
     Attempt([&] { store.lvCncProgram.EnsureVisible(selectedBefore_); });
     store.lvCncProgram.RowsChanged();
-    Thaw();
+    Unfreeze();
     TellVanished();
     parts_.Port.TellPending();
     parts_.Port.IsSending = false;
@@ -108,7 +108,7 @@ void Transmitter::Freeze() {
     parts_.tmr1sec.Enabled = false;
 }
 
-void Transmitter::Thaw() {
+void Transmitter::Unfreeze() {
     parts_.tmr1sec.Enabled = true;
     Form& form = parts_.cmdStop.OwningForm();
     form.MousePointer = pointer::Usual;
@@ -149,7 +149,7 @@ void Transmitter::Begin() {
     allLines_ = left_.Lines;
     lines_.emplace(text_, filter);
     draining_ = false;
-    TakeStep();
+    RunStep();
 }
 
 double Transmitter::LeftOfStep() const {
@@ -157,7 +157,7 @@ double Transmitter::LeftOfStep() const {
     return port.MillisecondsLeft() - (draining_ ? 0 : port.LeadTime());
 }
 
-void Transmitter::TakeStep() {
+void Transmitter::RunStep() {
     // A message may stand in the one before.
     const StackGuard guard(stepping_);
     if (!guard.Entered()) return;
@@ -175,7 +175,7 @@ void Transmitter::SetTimer() {
 void Transmitter::tmrTransmit_Timer() {
     tmrTransmit.Enabled = false;
     if (!sending_ || stepping_) return;
-    LeftOfStep() > 0 ? SetTimer() : TakeStep();
+    LeftOfStep() > 0 ? SetTimer() : RunStep();
 }
 
 // Gives the next line to the port; the little that it is to be early is in the wait for it.
@@ -191,12 +191,12 @@ void Transmitter::NextLine() {
         return;
     }
     ShowProgress();
-    Give(line);
+    SendLine(line);
     --left_.Lines;
     left_.Characters -= line.size() + cnc::LineEnd.size();
 }
 
-void Transmitter::Give(const std::string& line) {
+void Transmitter::SendLine(const std::string& line) {
     SerialPort& port = parts_.Port.Port();
     // The settings that a reception has left would spoil it.
     Attempt([&] { port.SetSettings(parts_.Port.TX().Settings); });

@@ -50,7 +50,7 @@ public:
             return true;
         };
         platform_.System.NextInTimedWait = platform_.System.NextEvent;
-        platform_.System.Patience = 2000;
+        platform_.System.GiveUpAfter = 2000;
         // A copy: it may be saved over.
         const std::string name = folder_ + "/part.cnc";
         DiskFiles().WriteWhole(name, DiskFiles().ReadWhole(KVT_SOURCE_DIR "/samples/" +

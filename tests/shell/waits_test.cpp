@@ -54,7 +54,7 @@ private:
             windows_.push_back(std::make_unique<MemoryWindow>(*form, platform_.Screen, platform_.Focus));
         }
         platform_.Port.Ports = 1;
-        platform_.System.Patience = 500;
+        platform_.System.GiveUpAfter = 500;
         platform_.System.NextEvent = [this] { return InWait(1); };
         platform_.System.NextInTimedWait = [this] { InWait(2); };
         // The clock goes on while a box stands.
