@@ -39,17 +39,14 @@ bool Transmitter::Attempt(const std::function<void()>& statement) {
 void Transmitter::mnuTX_Click() {
     if (sending_) return;
     ProgramStore& store = parts_.Store;
-    // 1.
     if (store.LineCount() < 1) {
         parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
         return;
     }
-    // 2.
     if (!parts_.Port.ComEnabled) return parts_.Platform.System.Beep();
     Run(parts_.Calls.HideSettings);
     // Without a port there is nothing to begin.
     if (!OpenPort()) return;
-    // 4.
     sending_ = true;
     store.TransmitActive = true;
     parts_.Port.IsSending = true;
@@ -57,10 +54,9 @@ void Transmitter::mnuTX_Click() {
     WasCut = false;
     lastLine_.clear();
     selectedBefore_ = store.lvCncProgram.SelectedRow();
-    // 5., 6.
+    // What is sent is a whole program: the end code that it lacks is added, and stays.
     parts_.Writer.AddEndCode();
     Freeze();
-    // 7. to 11.
     if (!MakeScratch(text_)) return Finish();
     Begin();
     while (sending_) {
@@ -74,7 +70,6 @@ void Transmitter::mnuTX_Click() {
 
 void Transmitter::Finish() {
     ProgramStore& store = parts_.Store;
-    // 12.
     if (parts_.Platform.Files.Exists(scratch_)) Attempt([&] { parts_.Platform.Files.Delete(scratch_); });
     Attempt([&] { store.lvCncProgram.Select(selectedBefore_); });
     Attempt([&] { store.lvCncProgram.EnsureVisible(selectedBefore_); });
@@ -211,7 +206,7 @@ void Transmitter::ShowRow(std::string_view line) {
     ListView& list = parts_.Store.lvCncProgram;
     int row = 0;
     Attempt([&] { row = RowOfLine(line, mk2_); });
-    // Line 00 stands in row 1, which is not shown: deliberate.
+    // Row 1 is the one of line 00, which the "%", the header and the notes count for too: it is not shown for any.
     if (row <= 1) return;
     Attempt([&] { list.EnsureVisible(row); });
     Attempt([&] { list.Select(row); });
