@@ -184,7 +184,7 @@ int DrawPicture(const std::string& file, const std::string& out) {
         Complain(file, error);
         return status::Usage;
     }
-    PrepareToWrite(drawn.Loaded.Platform.Disk);
+    PrepareToWrite(drawn.Loaded.Platform.Files);
     const bool written = Attempt("draw", [&] {
         drawn.Loaded.Platform.Files.WriteWhole(NameFromSystem(out),
                                                drawn.Loaded.Bench->Draw.Output.Picture(kind));

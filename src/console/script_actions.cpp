@@ -54,7 +54,7 @@ void Start(Script& run, Args args) {
 // Keys.
 
 bool KeysArrive(Script& run) {
-    MemoryPlatform& platform = run.Session.Platform;
+    FaultyPlatform& platform = run.Session.Platform;
     const char* const why = platform.System.Ended       ? "the program has ended"
                             : !platform.Focus.Focused() ? "no control has the focus"
                                                         : nullptr;

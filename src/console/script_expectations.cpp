@@ -184,7 +184,7 @@ void ExpectPort(Script& run, Args args) {
 }
 
 void ExpectPortSettings(Script& run, Args args) {
-    run.Compare(args.Last(), run.Session.Platform.Port.Settings());
+    run.Compare(args.Last(), run.Session.Platform.Services.Port.Settings());
 }
 
 void ExpectBeeps(Script& run, Args args) {

@@ -32,7 +32,7 @@ ScriptSession::ScriptSession(const ScriptOptions& options) {
     Platform.System.DataFolder = NameFromSystem(data);
     const Folders folders = FoldersBelow(Platform.System.DataFolder);
     dataFolder_ = folders.DataFolder;
-    Platform.Disk.SetDataFolder(dataFolder_);
+    Platform.Files.SetDataFolder(dataFolder_);
     try {
         for (const std::string& folder : {NameFromSystem(own.string()), folders.DataFolder,
                                           folders.SettingsFolder, folders.PreProcessorFolder}) {
@@ -81,7 +81,7 @@ void ScriptSession::Start(const std::string& commandLine) {
     started_ = true;
     commandLine_ = commandLine;
     // As the window's main function does.
-    Platform.Disk.RemoveLeftovers();
+    Platform.Files.RemoveLeftovers();
     BringResetCopies(ownFiles_, Platform.System.DataFolder);
     workbench_->Form_Load(NameFromSystem(commandLine));
 }

@@ -6,8 +6,8 @@
 #include "console/control_access.h"
 #include "console/script.h"
 #include "console/script_words.h"
+#include "headless/faulty_platform.h"
 #include "headless/guarded_files.h"
-#include "headless/memory_platform.h"
 #include "headless/memory_window.h"
 #include "system/temporary_folder.h"
 
@@ -22,7 +22,7 @@ public:
     ScriptSession(const ScriptSession&) = delete;
     ScriptSession& operator=(const ScriptSession&) = delete;
 
-    MemoryPlatform Platform;
+    FaultyPlatform Platform;
 
     // Starts the program with a command line (UTF-8); after it has ended once more, in the same folders.
     void Start(const std::string& commandLine);
@@ -53,12 +53,12 @@ private:
 
     TemporaryFolder temporary_;
     OwnFolders folders_;
-    GuardedFiles ownFiles_{Platform.Disk, folders_};
-    GuardedFiles files_{Platform.Files, folders_};
-    GuardedPrograms programs_{Platform.Programs, folders_};
-    kvt::Services services_{files_,          Platform.Dialogs, Platform.Clipboard,
-                            Platform.Screen, Platform.System,  Platform.Focus,
-                            Platform.Port,   Platform.Printer, programs_};
+    GuardedFiles ownFiles_{Platform.Files, folders_};
+    GuardedFiles files_{Platform.Services.Files, folders_};
+    GuardedPrograms programs_{Platform.Services.Programs, folders_};
+    kvt::Services services_{
+        files_,         Platform.Dialogs,       Platform.Services.Clipboard, Platform.Screen, Platform.System,
+        Platform.Focus, Platform.Services.Port, Platform.Services.Printer,   programs_};
     std::string dataFolder_;
     Arguments::Variables variables_;
     std::unique_ptr<Workbench> workbench_;

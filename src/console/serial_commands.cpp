@@ -146,7 +146,7 @@ bool SaveReceived(SerialWorkbench& serial, const std::string& name) {
 int ReceiveFile(const SerialOptions& options) {
     if (const std::string why = WhyNotWritten(options.File); !why.empty()) return Complain(options.File, why);
     SerialWorkbench serial(options.Port, options.Settings);
-    PrepareToWrite(serial.Platform.Disk);
+    PrepareToWrite(serial.Platform.Files);
     Interrupts interrupts;
     if (!OpenPort(serial, options.Port)) return status::Usage;
     Collect(serial, options.Idle, interrupts);

@@ -7,8 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "headless/fault_plan.h"
-#include "headless/faulty_files.h"
 #include "headless/memory_focus.h"
 #include "headless/memory_port.h"
 #include "headless/memory_printer.h"
@@ -45,8 +43,7 @@ private:
 
 class MemoryClipboard : public ClipboardService {
 public:
-    explicit MemoryClipboard(FaultPlan& faults) : faults_(faults) {}
-    std::string GetText() override;
+    std::string GetText() override { return Content; }
     void Clear() override;
     void SetText(std::string_view text) override;
     void SetPicture(const Pixels& picture) override;
@@ -54,9 +51,6 @@ public:
     // A text or a picture, as the other is empty.
     std::string Content;
     Pixels Picture;
-
-private:
-    FaultPlan& faults_;
 };
 
 class MemoryScreen : public ScreenService {
@@ -80,6 +74,9 @@ public:
     // Without a clipboard the keys of copying and pasting do nothing.
     explicit MemorySystem(FocusKeeper& focus, ClipboardService* clipboard = nullptr)
         : focus_(focus), clipboard_(clipboard) {}
+
+    // From now on text boxes copy to and paste from this one.
+    void UseClipboard(ClipboardService& clipboard) { clipboard_ = &clipboard; }
 
     bool DoEvents() override;
     // Serves nothing until GiveUpAfter turns have passed; from then on what the user does next comes, as in a wait.
@@ -162,24 +159,20 @@ private:
     int depth_ = 0;  // of handlers
 };
 
-// The memory half of the platform: all services without a display. Files are those of the disk.
-class MemoryPlatform {
+// What the memory half of the platform consists of: the services without a display. Files are those of the disk.
+class MemoryServices {
 public:
-    FaultPlan Faults;
-    DiskFiles Disk;
-    FaultyFiles Files{Disk, Faults};
+    DiskFiles Files;
     MemoryDialogs Dialogs;
-    MemoryClipboard Clipboard{Faults};
+    MemoryClipboard Clipboard;
     MemoryScreen Screen;
     MemoryFocus Focus;
     MemorySystem System{Focus, &Clipboard};
-    MemoryPort Port{Faults, System.Clock};
-    MemoryPrinter Printer{Faults};
-    MemoryPrograms Programs{Faults};
+    MemoryPort Port{System.Clock};
+    MemoryPrinter Printer;
+    MemoryPrograms Programs;
 
-    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port, Printer, Programs};
-
-    MemoryPlatform() {
+    MemoryServices() {
         System.OnClock = [this] { Port.ClockMoved(); };
     }
 
@@ -191,6 +184,12 @@ public:
         Port.OnComm = nullptr;
         Printer.BeginRun();
     }
+};
+
+// These services as they are. With planned failures around them they are a FaultyPlatform.
+class MemoryPlatform : public MemoryServices {
+public:
+    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port, Printer, Programs};
 };
 
 }  // namespace kvt

@@ -2,17 +2,16 @@
 
 #include <string>
 
-#include "headless/fault_plan.h"
 #include "platform/serial_port.h"
 
 namespace kvt {
 
 // A serial port without a device: what is given leaves at the port's rate on a virtual clock, what arrives is put
-// there. Calls of the service `port` fail as planned: an opening with error 8005, other calls with 8018.
+// there.
 class MemoryPort : public SerialPort {
 public:
     // clock counts milliseconds and must outlive the port.
-    MemoryPort(FaultPlan& faults, const long long& clock) : faults_(faults), clock_(clock) {}
+    explicit MemoryPort(const long long& clock) : clock_(clock) {}
 
     void Open() override;
     void Close() override;
@@ -46,7 +45,6 @@ protected:
     void SettingsChanged() override;
 
 private:
-    FaultPlan& faults_;
     const long long& clock_;
     LinePace pace_;
     std::string received_;

@@ -11,11 +11,6 @@ constexpr std::chrono::milliseconds lookInterval{5};
 
 }  // namespace
 
-int MemoryPrograms::Start(std::string_view commandLine, std::string_view file) {
-    faults_.Pass("program", fault::FileNotFound);
-    return real_.Start(commandLine, file);
-}
-
 bool MemoryPrograms::HasEnded(int program) {
     if (waitedFor_ == program) return real_.HasEnded(program);
     waitedFor_ = program;
@@ -28,7 +23,6 @@ bool MemoryPrograms::HasEnded(int program) {
 }
 
 bool MemoryPrograms::Launch(std::string_view name) {
-    faults_.Pass("program", fault::FileNotFound);
     if (std::find(OnDesktop.begin(), OnDesktop.end(), name) == OnDesktop.end()) return false;
     Launched.emplace_back(name);
     return true;

@@ -24,7 +24,7 @@ constexpr const char* machines[] = {"MK2", "MK4", "F1"};
 // to be known by.
 class WaitingUser {
 public:
-    WaitingUser(MemoryPlatform& platform, const std::string& folder, unsigned seed)
+    WaitingUser(FaultyPlatform& platform, const std::string& folder, unsigned seed)
         : platform_(platform), folder_(folder), random_(seed) {}
 
     void Work(int events) {
@@ -351,7 +351,7 @@ private:
         });
     }
 
-    MemoryPlatform& platform_;
+    FaultyPlatform& platform_;
     std::string folder_;
     std::mt19937 random_;
     std::vector<std::unique_ptr<MemoryWindow>> windows_;

@@ -36,8 +36,7 @@ TEST(Programs, ACommandLineSplitsAtBlanksBehindTheProgram) {
 }
 
 TEST(Programs, OneThatHangsIsEndedWithWhatItStarted) {
-    FaultPlan faults;
-    MemoryPrograms programs(faults);
+    MemoryPrograms programs;
     programs.GiveUpAfter = std::chrono::milliseconds{0};
     const int sleeper = programs.Start("/bin/sleep 300", "");
     EXPECT_FALSE(programs.HasEnded(sleeper));
