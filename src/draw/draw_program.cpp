@@ -176,7 +176,7 @@ void DrawProgram::End() {
 }
 
 bool DrawProgram::Round() {
-    pieces_.Sim.Breathe();
+    pieces_.Sim.ServeEvents();
     if (state_.LeaveWalk) return false;
     // 1.
     if (controls_.mnuProgramWindow.Checked && pieces_.Listing.Follow(lineIndex_, itemCount_))

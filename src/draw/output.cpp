@@ -135,7 +135,7 @@ std::string DrawingOutput::Picture(std::string_view kind) const {
 }
 
 Pixels DrawingOutput::PointsOf(const FieldArea& area) const {
-    return PaintPicture(controls_.pbxDrawField, area, parts_.Platform.Screen.PointsATwip());
+    return PaintPicture(controls_.pbxDrawField, area, parts_.Platform.Screen.PointsPerTwip());
 }
 
 void DrawingOutput::mnuPrint_Click() {

@@ -115,9 +115,9 @@ void Simulation::ShowTool() {
 }
 
 // What is to end at its next turn needs nothing more from outside.
-void Simulation::Breathe() {
+void Simulation::ServeEvents() {
     if (state_.StopRequested) return;
-    if (!parts_.Platform.System.Breathe(++state_.Turns)) state_.LeaveWalk = true;
+    if (!parts_.Platform.System.ServeEvents(++state_.Turns)) state_.LeaveWalk = true;
 }
 
 }  // namespace kvt

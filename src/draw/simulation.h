@@ -29,7 +29,7 @@ public:
     void WaitUntil(const bool& flag, bool value);
     // One more turn of a walk, a thread or a pocket: lets the system deliver what has come up now and then, also
     // at full speed.
-    void Breathe();
+    void ServeEvents();
 
 private:
     void ShowTool();
