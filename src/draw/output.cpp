@@ -6,6 +6,7 @@
 #include "basic/stack_guard.h"
 #include "basic/text.h"
 #include "draw/pdf.h"
+#include "files/questions.h"
 #include "platform/picture_painter.h"
 
 namespace kvt {
@@ -98,12 +99,7 @@ bool DrawingOutput::AskForName(std::string& name) {
         if (!platform.Dialogs.ShowSave(dialog) || dialog.FileName.empty()) return false;
         name = dialog.FileName;
         if (!IsPictureKind(PictureKindOf(name))) name += ".png";
-        if (!platform.Files.Exists(name)) return true;
-        std::string question(parts_.Language.MessageTexts(text::Overwrite));
-        question += " ";
-        question += ExtractFileName(name);
-        question += "?";
-        const Answer answer = platform.Dialogs.ShowMessage(Question(question, "", Buttons::YesNoCancel));
+        const Answer answer = AskToOverwrite(platform, parts_.Language, name);
         if (answer == Answer::Yes) return true;
         if (answer == Answer::Cancel) return false;
     }
