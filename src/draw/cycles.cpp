@@ -22,7 +22,7 @@ void DrawThread(DrawParts& parts, Simulation& waits, float length, float pitch, 
     for (std::int32_t turn = 1; turn <= count; ++turn) {
         field.LineTo(field.CurrentX + along, field.CurrentY - half);
         field.LineTo(field.CurrentX + along, field.CurrentY + half);
-        waits.Breathe();
+        waits.ServeEvents();
         if (parts.State.StopRequested || parts.State.LeaveWalk) return;
     }
     // 7. The tick at the thread's start is meant, as long in twips as there are turns.

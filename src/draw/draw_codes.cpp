@@ -21,7 +21,7 @@ constexpr Color yellow = 0x00FFFF;
 constexpr Color grey = 0xC0C0C0;
 
 constexpr int mostCalls = 5;
-constexpr double twipsOfHalfAPixel = 7.5;
+constexpr double twipsPerHalfPixel = 7.5;
 
 // The target of a jump: the last three characters of the F cell.
 std::int32_t Target(std::string_view cell) { return ToInteger(Val(Right(cell, 3))); }
@@ -64,7 +64,7 @@ void DrawProgram::Arc(bool isG03) {
     arc.Radius = ToSingle(move_.V);
     arc.DirV = ToSingle(move_.V);
     arc.DirH = ToSingle(move_.H);
-    MakeArc(parts_, arc, pass_);
+    MakeArc(shared_, arc, pass_);
     Reference();
     Wait();
 }
@@ -80,7 +80,7 @@ void DrawProgram::ArcCentre() {
     arc.EndH = ToSingle(move_.H);
     arc.CentreV = ToSingle(std::abs(centre_.V));
     arc.CentreH = ToSingle(std::abs(centre_.H));
-    MakeArc(parts_, arc, pass_);
+    MakeArc(shared_, arc, pass_);
     Reference();
     Wait();
 }
@@ -96,8 +96,8 @@ void DrawProgram::Call() {
     returnStack_[depth] = lineIndex_;
     lineIndex_ = std::min(itemCount_, Target(Cell(column::F)));
     if (++callDepth_ > mostCalls) {
-        const Texts& texts = parts_.Language;
-        parts_.Platform.Dialogs.ShowMessage(
+        const Texts& texts = shared_.Language;
+        shared_.Platform.Dialogs.ShowMessage(
             Notice(texts.DrawErrorTexts(text::TooManyCalls), texts.DrawErrorTexts(text::MostCalls)));
         state_.StopRequested = true;
     }
@@ -110,7 +110,7 @@ Color DrawProgram::ThreadColor() const { return Overridden(controls_.mnuBackgrou
 // It takes no reference, but moves it along by itself.
 void DrawProgram::Thread() {
     field_.ForeColor = ThreadColor();
-    DrawThread(parts_, pieces_.Sim, ToSingle(move_.H), ToSingle(pitch_), "G33");
+    DrawThread(shared_, parts_.Sim, ToSingle(move_.H), ToSingle(pitch_), "G33");
     previous_.H += move_.H;
     Wait();
 }
@@ -118,7 +118,7 @@ void DrawProgram::Thread() {
 void DrawProgram::ThreadingCycle() {
     field_.ForeColor = ThreadColor();
     DrawBoxOutAndBack(field_, startX_ + move_.H, startY_ + move_.V);
-    DrawThread(parts_, pieces_.Sim, ToSingle(move_.H), ToSingle(pitch_), "G78");
+    DrawThread(shared_, parts_.Sim, ToSingle(move_.H), ToSingle(pitch_), "G78");
     Wait();
 }
 
@@ -151,7 +151,7 @@ void DrawProgram::PocketCycle() {
     call.Ink = penMode_ == 0 ? grey : red;
     call.PenWidth = penMode_ == 0 ? state_.ToolWidth : 1;
     call.ToolDiameter = toolDiameter_;
-    DrawPocket(parts_, pieces_.Sim, call);
+    DrawPocket(shared_, parts_.Sim, call);
     leave_ = state_.StopRequested || state_.LeaveWalk;
     if (!leave_ && penMode_ == 0) FinishingOutline();
 }
@@ -184,7 +184,7 @@ void DrawProgram::SetRegister() {
 
 void DrawProgram::ToolChange() {
     toolDiameter_ = ToSingle(Val(Right(Cell(column::X), 4)));
-    state_.ToolWidth = ToSingle(double{toolDiameter_} * state_.DrawScale / twipsOfHalfAPixel);
+    state_.ToolWidth = ToSingle(double{toolDiameter_} * state_.DrawScale / twipsPerHalfPixel);
     if (state_.ToolWidth < 1) state_.ToolWidth = 1;
 }
 

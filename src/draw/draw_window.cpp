@@ -28,7 +28,7 @@ constexpr int wideField = 860;
 constexpr int narrowField = 600;
 constexpr int firstScale = 3;
 // How far a notch of the wheel goes, in twips.
-constexpr double twipsANotch = 900;
+constexpr double twipsPerNotch = 900;
 
 enum class Zooming { None, In, Out, Draw };
 
@@ -44,15 +44,15 @@ constexpr DrawKey drawKeys[] = {
 
 }  // namespace
 
-DrawWindow::DrawWindow(const Rooms& rooms)
+DrawWindow::DrawWindow(const Parts& parts)
     : parts_{Controls,
              State,
-             rooms.Store,
-             rooms.Machine,
-             rooms.Results,
-             rooms.File,
-             rooms.Language,
-             rooms.Platform,
+             parts.Store,
+             parts.Machine,
+             parts.Results,
+             parts.File,
+             parts.Language,
+             parts.Platform,
              [this] { Redraw(); },
              [this](std::function<void()> then) { AfterWalk(std::move(then)); },
              nullptr},
@@ -62,7 +62,7 @@ DrawWindow::DrawWindow(const Rooms& rooms)
       Editor(parts_),
       Measure(parts_, Sim, View),
       Output(parts_),
-      pieces_{parts_, View, Sim, Listing, Editor, [this] { PositionControls(); }} {
+      walkParts_{parts_, View, Sim, Listing, Editor, [this] { PositionControls(); }} {
     Form& form = Controls.frmDraw;
     form.SmallestWidth = leastWidth;
     form.SmallestHeight = leastHeight;
@@ -160,16 +160,16 @@ void DrawWindow::AfterWalk(std::function<void()> then) {
 
 void DrawWindow::RunPasses() {
     const bool wide = parts_.Store.IsF1() && Controls.mnuToolWidth.Checked;
-    DrawProgram(pieces_, wide ? 0 : 1, 1).Run();
+    DrawProgram(walkParts_, wide ? 0 : 1, 1).Run();
     if (!wide || !Controls.mnuToolCenter.Checked || State.LeaveWalk) return;
     State.Turns = 0;
-    DrawProgram(pieces_, 1, 2).Run();
+    DrawProgram(walkParts_, 1, 2).Run();
 }
 
 void DrawWindow::Show() {
     if (State.DrawPending) return;
     if (Controls.frmDraw.Visible) return Redraw();
-    MakeReady();
+    PrepareToShow();
     Controls.frmDraw.Visible = true;
     // The window's coming to the front has done it already where it is told at once.
     if (State.DrawPending) Form_Activate();
@@ -177,11 +177,11 @@ void DrawWindow::Show() {
 
 void DrawWindow::ShowBehindEditor() {
     if (State.DrawPending || Controls.frmDraw.Visible) return;
-    MakeReady();
+    PrepareToShow();
     Controls.frmDraw.ShowBehind();
-    keysDue_ = true;
+    focusFieldNext_ = true;
     if (!State.DrawPending) return;
-    TakeOnProgram();
+    UpdateForProgram();
     FitAndDraw();
 }
 
@@ -193,7 +193,7 @@ void DrawWindow::ShowLater() {
     });
 }
 
-void DrawWindow::MakeReady() {
+void DrawWindow::PrepareToShow() {
     if (!loaded_) Form_Load();
     State.DrawPending = true;
     State.AutoFitPending = true;
@@ -234,7 +234,7 @@ void DrawWindow::Form_Load() {
 void DrawWindow::Unload() {
     State.LeaveWalk = true;
     const Control* const focused = parts_.Platform.Focus.Focused();
-    const bool hadKeys = focused && &focused->OwningForm() == &Controls.frmDraw;
+    const bool hadFocus = focused && &focused->OwningForm() == &Controls.frmDraw;
     Controls.frmDraw.Visible = false;
     Listing.Unload();
     Measure.ClearMeasure();
@@ -245,21 +245,21 @@ void DrawWindow::Unload() {
     State.StopRequested = false;
     State.DrawPending = false;
     loaded_ = false;
-    Editor.GiveBack();
-    Editor.ScrollBack();
-    if (hadKeys) kvt::Run(GiveKeysBack);
+    Editor.RestoreSelection();
+    Editor.RestoreScroll();
+    if (hadFocus) kvt::Run(RestoreFocus);
 }
 
 void DrawWindow::Form_QueryUnload() {
-    Output.GiveGroundBack();
+    Output.RestoreBackground();
     kvt::Run(SaveSettings);
     Unload();
 }
 
 void DrawWindow::Form_Activate() {
-    TakeOnProgram();
+    UpdateForProgram();
     const Control* const focused = parts_.Platform.Focus.Focused();
-    if (std::exchange(keysDue_, false) || !focused || &focused->OwningForm() != &Controls.frmDraw)
+    if (std::exchange(focusFieldNext_, false) || !focused || &focused->OwningForm() != &Controls.frmDraw)
         parts_.Platform.Focus.SetFocus(Controls.pbxDrawField);
     FitAndDraw();
 }
@@ -270,7 +270,7 @@ void DrawWindow::FitAndDraw() {
     if (std::exchange(State.RedrawRequested, false)) Redraw();
 }
 
-void DrawWindow::TakeOnProgram() {
+void DrawWindow::UpdateForProgram() {
     State.DrawPending = false;
     // 1.
     parts_.Store.ErrorFlagged = false;
@@ -411,14 +411,14 @@ void DrawWindow::Form_KeyDown(int pressed) {
 
 // The middle button draws the field along.
 void DrawWindow::pbxDrawField_MouseMove(int button, float x, float y) {
-    if ((button & mouse::Middle) != 0) View.ScrollBy(double{heldX_} - x, double{heldY_} - y);
+    if ((button & mouse::Middle) != 0) View.ScrollBy(double{dragX_} - x, double{dragY_} - y);
     Measure.pbxDrawField_MouseMove(x, y);
 }
 
 void DrawWindow::pbxDrawField_MouseDown(int button, float x, float y) {
     if (button == mouse::Middle) {
-        heldX_ = x;
-        heldY_ = y;
+        dragX_ = x;
+        dragY_ = y;
         return;
     }
     Measure.pbxDrawField_MouseDown(x, y);
@@ -426,7 +426,7 @@ void DrawWindow::pbxDrawField_MouseDown(int button, float x, float y) {
 
 void DrawWindow::pbxDrawField_MouseWheel(int shift, double notches, bool sideways) {
     if ((shift & mouse::CtrlHeld) != 0) return View.Zoom(notches > 0 ? 1 : -1);
-    const double twips = -notches * twipsANotch;
+    const double twips = -notches * twipsPerNotch;
     if (sideways || (shift & mouse::ShiftHeld) != 0) return View.ScrollBy(twips, 0);
     View.ScrollBy(0, twips);
 }

@@ -11,7 +11,7 @@ namespace kvt {
 // The drawing window: what it shows, its menus, keys and buttons, and the one way to draw the program.
 class DrawWindow {
 public:
-    struct Rooms {
+    struct Parts {
         ProgramStore& Store;
         MachineControls& Machine;
         InterpreterControls& Results;
@@ -19,7 +19,7 @@ public:
         Texts& Language;
         Services& Platform;
     };
-    explicit DrawWindow(const Rooms& rooms);
+    explicit DrawWindow(const Parts& parts);
     DrawWindow(const DrawWindow&) = delete;
     DrawWindow& operator=(const DrawWindow&) = delete;
 
@@ -73,12 +73,12 @@ public:
     // Called for settings where they are to be taken or kept, and for the editor where it is to come forward.
     std::function<void()> LoadSettings, SaveSettings, ShowEditor;
     // Called when the window that was closed had the keys.
-    std::function<void()> GiveKeysBack;
+    std::function<void()> RestoreFocus;
 
 private:
     void Form_Load();
-    void MakeReady();
-    void TakeOnProgram();
+    void PrepareToShow();
+    void UpdateForProgram();
     void FitAndDraw();
     void WireMenus();
     void WireField();
@@ -89,16 +89,16 @@ private:
     void pbxDrawField_MouseDown(int button, float x, float y);
     void pbxDrawField_MouseWheel(int shift, double notches, bool sideways);
 
-    DrawProgram::Pieces pieces_;
+    DrawProgram::Parts walkParts_;
     bool loaded_ = false;
     bool redrawAsked_ = false;
     bool showAsked_ = false;
     // The window was shown without the keys: the first time that it has them they go to the field.
-    bool keysDue_ = false;
+    bool focusFieldNext_ = false;
     std::vector<std::function<void()>> afterWalk_;
     bool givenUp_ = false;
     // Where the middle button holds the field.
-    float heldX_ = 0, heldY_ = 0;
+    float dragX_ = 0, dragY_ = 0;
 };
 
 }  // namespace kvt

@@ -13,14 +13,14 @@ public:
 
     // Does nothing while the editor works with its selection, and once the user has chosen a row himself.
     void Follow(int row);
-    void GiveBack();
+    void RestoreSelection();
     // Scrolls back to where the user had the list. Nothing where he has found another row or place since.
-    void ScrollBack();
+    void RestoreScroll();
     // The walk has ended.
     void End();
 
 private:
-    bool Free() const;
+    bool MayFollow() const;
 
     DrawParts& parts_;
     // The row that is selected by this one, 0 for none; and what was selected and on top before.
@@ -28,7 +28,7 @@ private:
     int before_ = 0, topBefore_ = 0;
     // The first row in sight while the list is still to be scrolled back, 0 otherwise.
     int topShown_ = 0;
-    bool left_ = false;
+    bool userMoved_ = false;
 };
 
 }  // namespace kvt

@@ -89,16 +89,18 @@ void Measuring::WireFields() {
 }
 
 // Distance from the zero point in program units; the field's Y grows downwards.
-float Measuring::Across(float x) const { return ToSingle((state_.ZeroX - x) * -1 / state_.DrawScale); }
-float Measuring::Down(float y) const { return ToSingle((state_.ZeroY - y) * -1 / state_.DrawScale); }
+float Measuring::HorizontalValue(float x) const {
+    return ToSingle((state_.ZeroX - x) * -1 / state_.DrawScale);
+}
+float Measuring::VerticalValue(float y) const { return ToSingle((state_.ZeroY - y) * -1 / state_.DrawScale); }
 
 // The fields repaint themselves: the system need not be let run for it.
 void Measuring::pbxDrawField_MouseMove(float x, float y) {
     Attempt(mouseMoveName, [&] {
         const bool mill = parts_.Store.IsF1();
         // 1.
-        const float h = Across(x);
-        const float v = Down(y);
+        const float h = HorizontalValue(x);
+        const float v = VerticalValue(y);
         // 2.
         controls_.txtDiameter.Text = Shown(std::abs(double{v}) * 2);
         // 3. Before the first click the mill's Y has the field's sign, which is meant.
@@ -136,14 +138,14 @@ void Measuring::pbxDrawField_MouseDown(float x, float y) {
             const std::size_t pair = state_.MeasureClicks == 1 ? 0 : 1;
             marks[2 * pair] = x;
             marks[2 * pair + 1] = y;
-            listOfMarks_[pair] = controls_.pbxDrawField.OperationsBefore();
+            drawingOfMark_[pair] = controls_.pbxDrawField.OperationsBefore();
             DrawMark(x, y);
             sim_.EnableControls(false);
         } else {
             ClearMeasure();
             for (const std::size_t pair : {0U, 1U}) {
                 // A drawing that came in between has wiped it already.
-                if (listOfMarks_[pair] == controls_.pbxDrawField.OperationsBefore())
+                if (drawingOfMark_[pair] == controls_.pbxDrawField.OperationsBefore())
                     DrawMark(marks[2 * pair], marks[2 * pair + 1]);
             }
             sim_.EnableControls(true);
@@ -168,8 +170,8 @@ void Measuring::DrawMark(float x, float y) {
     field.Line(x - markArm, y, x + markArm, y);
     field.Line(x, y - markArm, x, y + markArm);
     // 3.
-    state_.MeasureX = Across(x);
-    state_.MeasureY = Down(y);
+    state_.MeasureX = HorizontalValue(x);
+    state_.MeasureY = VerticalValue(y);
     // 4.
     field.DrawMode = draw_mode::Copy;
 }

@@ -56,7 +56,7 @@ void DrawingOutput::SaveImage(std::string_view target) {
     if (target == toFile) {
         const std::string name = path + ".BMP";
         const bool written = Attempt(toFile, [&] { platform.Files.WriteWhole(name, BmpOf(PointsOf(seen))); });
-        return Tell(written, name);
+        return ShowResult(written, name);
     }
     // 4.
     const std::string name = std::string(ExtractFileName(path)) + ".BMP";
@@ -68,7 +68,7 @@ void DrawingOutput::SaveImage(std::string_view target) {
     if (put) platform.Dialogs.ShowMessage(Notice(name + ": " + controls_.mnuSaveClipboard.Caption.Get()));
 }
 
-void DrawingOutput::Tell(bool written, std::string_view name) {
+void DrawingOutput::ShowResult(bool written, std::string_view name) {
     const Texts& texts = parts_.Language;
     if (written) {
         std::string message(texts.DrawErrorTexts(text::HasBeenSaved));
@@ -114,7 +114,7 @@ void DrawingOutput::mnuSavePicture_Click() {
     if (!AskForName(name)) return;
     const bool written = Attempt(
         savePictureName, [&] { parts_.Platform.Files.WriteWhole(name, Picture(PictureKindOf(name))); });
-    Tell(written, name);
+    ShowResult(written, name);
 }
 
 SvgHead DrawingOutput::Head() const {
@@ -161,15 +161,15 @@ void DrawingOutput::PrintDrawing() {
     controls_.lblGrid.Visible = true;
     controls_.frProperties.Height = printedHeight;
     // 4.
-    groundTaken_ = !controls_.mnuBackground.Checked;
-    if (groundTaken_) {
+    whiteForPrint_ = !controls_.mnuBackground.Checked;
+    if (whiteForPrint_) {
         controls_.mnuBackground.Checked = true;
         parts_.Redraw();
     }
     // It may have been closed in a wait of that drawing.
     if (controls_.frmDraw.Visible) PrintForm();
-    if (groundTaken_) {
-        GiveGroundBack();
+    if (whiteForPrint_) {
+        RestoreBackground();
         parts_.Redraw();
     }
     // 5.
@@ -179,8 +179,8 @@ void DrawingOutput::PrintDrawing() {
     controls_.frProperties.Height = shownHeight;
 }
 
-void DrawingOutput::GiveGroundBack() {
-    if (std::exchange(groundTaken_, false)) controls_.mnuBackground.Checked = false;
+void DrawingOutput::RestoreBackground() {
+    if (std::exchange(whiteForPrint_, false)) controls_.mnuBackground.Checked = false;
 }
 
 // No name for the PDF where there is no printer is the user's cancel, not a failure.

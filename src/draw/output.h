@@ -29,7 +29,7 @@ public:
     void mnuPrint_Click();
 
     // Ends the white ground that printing has taken; a window that closes while it is drawn keeps the user's own.
-    void GiveGroundBack();
+    void RestoreBackground();
 
     // The whole drawing as the content of a file of a kind of picture; another kind is error 5.
     std::string Picture(std::string_view kind) const;
@@ -39,13 +39,13 @@ private:
     Pixels PointsOf(const FieldArea& area) const;
     bool AskForName(std::string& name);
     // Tells what has become of a file.
-    void Tell(bool written, std::string_view name);
+    void ShowResult(bool written, std::string_view name);
     void PrintDrawing();
     void PrintForm();
 
     DrawParts& parts_;
     DrawControls& controls_;
-    bool groundTaken_ = false;
+    bool whiteForPrint_ = false;
     bool printing_ = false;
 };
 

@@ -98,7 +98,7 @@ private:
             }
             DrawRow(from, to, 0);
             // 4. A tool without a diameter never comes to the end.
-            waits_.Breathe();
+            waits_.ServeEvents();
             if (state_.LeaveWalk || (state_.StopRequested && !odd)) return false;
         }
     }

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int widthPixels = 786;
 constexpr int heightPixels = 200;
-constexpr int twipsAPixel = 15;
+constexpr int twipsPerPixel = 15;
 // What is left of the size around the list then is as wide at the right and below as it is at the left.
 constexpr int edgeWidth = 80;
 constexpr int edgeHeight = 220;
@@ -86,13 +86,13 @@ ProgramWindow::ProgramWindow(DrawParts& parts)
     lstCncLines.TabIndex = 0;
     lstCncLines.Left = 60;
     lstCncLines.Top = 320;
-    frmProgramWindow.Width = widthPixels * twipsAPixel;
-    frmProgramWindow.Height = heightPixels * twipsAPixel;
+    frmProgramWindow.Width = widthPixels * twipsPerPixel;
+    frmProgramWindow.Height = heightPixels * twipsPerPixel;
 }
 
 void ProgramWindow::Form_Load() {
-    frmProgramWindow.Width = widthPixels * twipsAPixel;
-    frmProgramWindow.Height = heightPixels * twipsAPixel;
+    frmProgramWindow.Width = widthPixels * twipsPerPixel;
+    frmProgramWindow.Height = heightPixels * twipsPerPixel;
     const ListView& list = parts_.Store.lvCncProgram;
     int header = 2;
     for (Label* head : {&lblN, &lblG, &lblX, &lblY, &lblZ, &lblF, &lblH})

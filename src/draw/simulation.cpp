@@ -5,7 +5,7 @@ namespace kvt {
 namespace {
 
 constexpr int mostTicks = 1000;
-constexpr int turnsOfAWait = 20;
+constexpr int turnsPerWait = 20;
 
 }  // namespace
 
@@ -91,8 +91,8 @@ void Simulation::WaitTimer() {
     if (interval <= 1 || state_.Released) return;
     controls_.Timer1.Interval = interval;
     // Where nobody is there to end it, a walk that waits is given up sooner than one that runs.
-    state_.Turns += turnsOfAWait;
-    ShowTool();
+    state_.Turns += turnsPerWait;
+    MarkTool();
     const std::int16_t before = state_.TimerTicks;
     const auto left = [&]() -> double {
         const bool ticked = state_.TimerTicks != before || !controls_.Timer1.Enabled;
@@ -102,20 +102,20 @@ void Simulation::WaitTimer() {
 }
 
 void Simulation::WaitUntil(const bool& flag, bool value) {
-    ShowTool();
+    MarkTool();
     while (flag != value && !state_.LeaveWalk && !state_.Released) {
         if (!parts_.Platform.System.DoEvents()) state_.LeaveWalk = true;
     }
 }
 
 // Where the pen stands.
-void Simulation::ShowTool() {
+void Simulation::MarkTool() {
     PictureBox& field = controls_.pbxDrawField;
     field.Cross = FieldPlace{true, field.CurrentX, field.CurrentY};
 }
 
 // What is to end at its next turn needs nothing more from outside.
-void Simulation::Breathe() {
+void Simulation::ServeEvents() {
     if (state_.StopRequested) return;
     if (!parts_.Platform.System.Breathe(++state_.Turns)) state_.LeaveWalk = true;
 }

@@ -29,10 +29,10 @@ public:
     void WaitUntil(const bool& flag, bool value);
     // One more turn of a walk, a thread or a pocket: lets the system deliver what has come up now and then, also
     // at full speed.
-    void Breathe();
+    void ServeEvents();
 
 private:
-    void ShowTool();
+    void MarkTool();
 
     DrawParts& parts_;
     DrawControls& controls_;

@@ -22,7 +22,7 @@ struct SvgHead {
 FieldArea AreaOf(std::span<const DrawOperation> operations, int fieldWidth, int fieldHeight);
 
 // The ground of the field: the colour of its clearing, which comes first.
-Color GroundOf(std::span<const DrawOperation> operations);
+Color BackgroundOf(std::span<const DrawOperation> operations);
 
 // The operations as an SVG document, cut to what was drawn; UTF-8.
 std::string SvgOf(std::span<const DrawOperation> operations, const SvgHead& head);

@@ -25,8 +25,8 @@ void GoToCodeField(Workbench& bench) {
 }
 
 void ShowEditor(Workbench& bench) {
-    bench.Draw.Editor.GiveBack();
-    bench.Draw.Editor.ScrollBack();
+    bench.Draw.Editor.RestoreSelection();
+    bench.Draw.Editor.RestoreScroll();
     bench.frmMain.Visible = true;
     // First, so that the field that had the keys last is not passed through on the way.
     GoToCodeField(bench);
@@ -55,9 +55,9 @@ void WireDrawing(Workbench& bench) {
         if (draw.Controls.frmDraw.Visible) draw.Form_QueryUnload();
     };
     draw.ShowEditor = [&bench] { ShowEditor(bench); };
-    draw.GiveKeysBack = [&bench] { GoToCodeField(bench); };
+    draw.RestoreFocus = [&bench] { GoToCodeField(bench); };
     // Before a press on a row selects it: also on the row that the drawing has selected.
-    bench.Store.lvCncProgram.OnGotFocus = [&draw] { draw.Editor.GiveBack(); };
+    bench.Store.lvCncProgram.OnGotFocus = [&draw] { draw.Editor.RestoreSelection(); };
 }
 
 void RefreshDrawCommands(Workbench& bench) {
