@@ -69,7 +69,7 @@ void DrawProgram::Arc(bool isG03) {
     Wait();
 }
 
-// Also without an arc that waits for it: then with the values that stand.
+// An M99 without an arc in front draws one with the values of the last arc.
 void DrawProgram::ArcCentre() {
     arcPending_ = false;
     FeedPen(arcIsG03_ ? cyan : magenta);
@@ -89,7 +89,7 @@ void DrawProgram::EndOfProgram() { state_.StopRequested = true; }
 
 void DrawProgram::RadiusMode() { state_.DrawRadius = true; }
 
-// The step to the next line adds 1: the target's number is the row in front of it.
+// Stepping to the next line adds 1: line N is row N + 1, so that the target's number is the row in front of it.
 void DrawProgram::Call() {
     const auto depth = static_cast<std::size_t>(callDepth_);
     if (callDepth_ < 0 || depth >= returnStack_.size()) throw RunTimeError(fault::SubscriptOutOfRange);
@@ -107,7 +107,7 @@ void DrawProgram::Jump() { lineIndex_ = Target(Cell(column::F)); }
 
 Color DrawProgram::ThreadColor() const { return Overridden(controls_.mnuBackground.Checked ? blue : yellow); }
 
-// It takes no reference, but moves it along by itself.
+// The reference moves along the thread only, whatever the tool position says.
 void DrawProgram::Thread() {
     field_.ForeColor = ThreadColor();
     DrawThread(shared_, parts_.Sim, ToSingle(move_.H), ToSingle(pitch_), "G33");
@@ -122,7 +122,7 @@ void DrawProgram::ThreadingCycle() {
     Wait();
 }
 
-// On the mill nothing shows of it, which is meant.
+// On the mill a boring has no move in the plane of the drawing, so that nothing shows of it.
 void DrawProgram::Boring() {
     field_.ForeColor = Overridden(blue);
     if (!mill_) {

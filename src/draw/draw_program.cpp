@@ -100,11 +100,10 @@ DrawProgram::DrawProgram(Parts& parts, int penMode, int pass)
       mill_(parts.Shared.Store.IsF1()) {}
 
 void DrawProgram::Run() {
-    // 1.
     if (!controls_.frmDraw.Visible) return;
     Attempt(drawProgramName, [this] {
         Begin();
-        // Lines that have gone in a wait are not missed.
+        // Lines can be deleted during a wait.
         while (lineIndex_ <= std::min(itemCount_, list_.Count()) && !state_.LeaveWalk && ProcessLine())
             ++lineIndex_;
         End();
@@ -114,28 +113,22 @@ void DrawProgram::Run() {
 void DrawProgram::Begin() {
     const bool full = pass_ == 1;
     const bool whiteBackground = controls_.mnuBackground.Checked;
-    // 2., 3.
     parts_.View.ShowGridSize();
     itemCount_ = list_.Count();
     if (full) field_.Cls();
-    // 4.
     state_.Drawing = true;
     state_.ToolWidth = 1;
     if (full) parts_.PositionControls();
-    // 5.
     const std::string name(ExtractFileName(shared_.File.lblPath.Caption));
     controls_.lblFileName.Caption = name;
     controls_.frmDraw.Caption = name;
-    // 6., 7.
     if (full) field_.BackColor = whiteBackground ? white : black;
     if (controls_.mnuGrid.Checked && full) parts_.View.MakeGrid();
-    // 9.
     if (state_.ZeroX > 0) {
         field_.MoveTo(state_.ZeroX, state_.ZeroY);
     } else {
         field_.MoveTo(controls_.frmDraw.Width / 2.0, controls_.frmDraw.Height / 2.0);
     }
-    // 10., 11.
     state_.DrawAbsolute = false;
     state_.StepPressed = false;
     state_.DrawRadius = mill_;
@@ -143,33 +136,29 @@ void DrawProgram::Begin() {
         parts_.View.MakeZeroPoint();
         state_.FirstStroke = field_.OperationsBefore() + static_cast<long long>(field_.Operations().size());
     }
-    // 8., 12. The Abort button is there for the whole length of every walk.
+    // The Abort button is there for the whole length of every walk.
     controls_.cmdAutoFit.Enabled = false;
     controls_.cmdRedraw.Enabled = false;
     controls_.cmdStop.Visible = true;
     controls_.cmdStop.Enabled = true;
     controls_.cmdRun.Enabled = true;
     controls_.frStepControls.Visible = true;
-    // 13.
     const int sim = parts_.Sim.CheckedSim();
     state_.StepMode = sim == simulation::Step;
     state_.Interval = intervalOfSim[sim];
     controls_.Timer1.Enabled = state_.Interval > 1;
-    // 14.
     parts_.Listing.Begin();
 }
 
 void DrawProgram::End() {
-    // 1.
     parts_.Sim.EnableControls(true);
-    // 2.
     Control* const focused = shared_.Platform.Focus.Focused();
     if (focused && focused->Container == &controls_.frStepControls)
         shared_.Platform.Focus.SetFocus(controls_.pbxDrawField);
     controls_.frStepControls.Visible = false;
     state_.StopRequested = false;
     state_.Drawing = false;
-    // 3.
+    // The menu may have changed the scale meanwhile; that asks for no drawing.
     state_.ScaleUpdating = true;
     controls_.UpDown.SetValue(parts_.View.CheckedScaleIndex());
     state_.ScaleUpdating = false;
@@ -178,31 +167,30 @@ void DrawProgram::End() {
 bool DrawProgram::ProcessLine() {
     parts_.Sim.ServeEvents();
     if (state_.LeaveWalk) return false;
-    // 1.
+    // LISTING: with it open, a line with an error ends the walk behind that line.
     if (controls_.mnuProgramWindow.Checked && parts_.Listing.Follow(lineIndex_, itemCount_))
         parts_.Sim.cmdStop_Click();
-    // 2.
+    // MODES OF THE LINE: an arc keeps its colour on its line with the centre.
     state_.NoRadiusLine = false;
     state_.ForceRadiusLine = false;
     if (!arcPending_) colorOverride_ = -1;
-    // 3.
+    // COMMAND IN THE COMMENT: may leave out the line, or end the walk.
     switch (Command(Cell(column::Comment))) {
         case Next::DrawLine: break;
         case Next::EndOfLine: return EndOfLine();
         case Next::LeaveProgram: return false;
     }
     if (IsWatched()) parts_.Editor.Follow(lineIndex_);
-    // 4.
+    // PEN: for what has no colour of its own.
     field_.ForeColor = controls_.mnuBackground.Checked ? black : white;
-    // 5. to 8.
+    // VALUES: the line with the centre keeps the moves of its arc's line.
     ReadCode();
     arcPending_ ? ReadCentre() : ReadValues();
     const std::string_view feed = Trim(Cell(column::F));
     pitch_ = Val(feed.substr(!feed.empty() && IsLetter(feed[0]) ? 1 : 0)) * state_.DrawScale;
-    // 9.
     startX_ = field_.CurrentX;
     startY_ = field_.CurrentY;
-    // 10. to 12.
+    // STROKES: the code draws, waits, and takes the reference of the next absolute move.
     Dispatch();
     if (leave_) return false;
     return EndOfLine();
@@ -227,7 +215,7 @@ DrawProgram::Next DrawProgram::Command(std::string_view comment) {
             state_.StepMode = true;
             break;
         case ControlCommand::Wait:
-            // An overlay waits nowhere.
+            // The overlay does not wait.
             if (pass_ != 1) break;
             parts_.Editor.Follow(lineIndex_);
             state_.WaitingForClick = true;
@@ -300,15 +288,12 @@ void DrawProgram::Dispatch() {
 }
 
 bool DrawProgram::EndOfLine() {
-    // 13.
-    startX_ = field_.CurrentX;
-    startY_ = field_.CurrentY;
     if (state_.StepMode && pass_ == 1) {
         controls_.frStepControls.Visible = true;
         controls_.cmdStep.Visible = true;
         controls_.cmdStep.Enabled = true;
         FocusStepButton();
-        // A press from before the wait is none; an aborted walk is let go.
+        // A press before this wait does not count, but an aborted walk need not wait any more.
         if (!state_.StopRequested) state_.StepPressed = false;
         parts_.Sim.WaitUntil(state_.StepPressed, true);
         state_.StepPressed = false;
@@ -316,7 +301,7 @@ bool DrawProgram::EndOfLine() {
     return !state_.StopRequested && !state_.LeaveWalk;
 }
 
-// Whoever works in the editor beside the drawing keeps the keys.
+// A user who works in the editor beside the drawing keeps the focus.
 void DrawProgram::FocusStepButton() {
     FocusService& focus = shared_.Platform.Focus;
     const Control* const focused = focus.Focused();

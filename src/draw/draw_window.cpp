@@ -113,7 +113,7 @@ void DrawWindow::WireField() {
     field.OnKeyPress = [this](int& character) {
         if (character == key::Enter) State.WaitingForClick = false;
     };
-    // What is only read hands the focus on.
+    // Read-only fields hand the focus on.
     for (TextBox* shown : {&Controls.txtDiameter, &Controls.txtDeltaX, &Controls.txtDeltaZ,
                            &Controls.txtDeltaXZ, &Controls.txtGrid}) {
         shown->OnGotFocus = [this] { parts_.Platform.Focus.SetFocus(Controls.pbxDrawField); };
@@ -124,7 +124,7 @@ void DrawWindow::Redraw() {
     const StackGuard guard(State.Walking);
     redrawAsked_ = true;
     if (!guard.Entered()) {
-        // An aborted walk would wait on for its step or its click.
+        // An aborted walk would go on waiting for its step or its click.
         if (State.StopRequested) {
             State.StepPressed = true;
             State.WaitingForClick = false;
@@ -139,13 +139,13 @@ void DrawWindow::Redraw() {
         State.LeaveWalk = false;
         State.Released = false;
         State.Turns = 0;
-        // A program without a travel yet waits for its first.
+        // A program without a travel is fitted when it has one.
         if (State.FitNext) State.FitNext = !View.Fit();
         RunPasses();
         Controls.pbxDrawField.Cross = FieldPlace();
         Editor.End();
         if (!State.LeaveWalk) continue;
-        // Closed, or ended; where it is up again another Redraw was asked for.
+        // A window closed and shown again during the walk has asked for another Redraw.
         givenUp_ = Controls.frmDraw.Visible && !redrawAsked_;
     }
     for (std::function<void()>& then : std::exchange(afterWalk_, {}))
@@ -171,7 +171,7 @@ void DrawWindow::Show() {
     if (Controls.frmDraw.Visible) return Redraw();
     PrepareToShow();
     Controls.frmDraw.Visible = true;
-    // The window's coming to the front has done it already where it is told at once.
+    // Some systems activate the window inside that call, others later.
     if (State.DrawPending) Form_Activate();
 }
 
@@ -238,7 +238,7 @@ void DrawWindow::Unload() {
     Controls.frmDraw.Visible = false;
     Listing.Unload();
     Measure.ClearMeasure();
-    // What a fault in a walk has left.
+    // A walk that a fault has ended leaves these behind.
     Sim.EnableControls(true);
     Controls.frStepControls.Visible = false;
     State.Drawing = false;
@@ -264,7 +264,7 @@ void DrawWindow::Form_Activate() {
     FitAndDraw();
 }
 
-// Last of what the window's coming to the front does, for a walk may wait.
+// Comes last when the window is activated, for a walk may wait.
 void DrawWindow::FitAndDraw() {
     View.Autofit();
     if (std::exchange(State.RedrawRequested, false)) Redraw();
@@ -272,9 +272,7 @@ void DrawWindow::FitAndDraw() {
 
 void DrawWindow::UpdateForProgram() {
     State.DrawPending = false;
-    // 1.
     parts_.Store.ErrorFlagged = false;
-    // 2.
     if (!parts_.Language.ModuleFile.empty()) {
         int entry = 1;
         for (Menu* menu :
@@ -283,7 +281,7 @@ void DrawWindow::UpdateForProgram() {
             menu->Caption = parts_.Language.DrawViewTexts(entry++);
         }
     }
-    // 4. The names of the axes.
+    // The names of the axes.
     const bool mill = parts_.Store.IsF1();
     Controls.lblZ1.Caption = mill ? "Y1" : "Z1";
     Controls.lblZ2.Caption = mill ? "Y2" : "Z2";
@@ -295,11 +293,9 @@ void DrawWindow::UpdateForProgram() {
         control->Enabled = !mill;
     }
     PlaceFramesInRow();
-    // 5.
     Controls.frProperties.Height = propertiesHeight;
     Controls.frStepControls.Top = Controls.frProperties.Top + Controls.frProperties.Height - frameGap;
     for (Control* button : {&Controls.cmdStep, &Controls.cmdStop, &Controls.cmdRun}) button->Top = buttonsTop;
-    // 6.
     Controls.lblDiameter.Caption = "\xD8";
 }
 
@@ -342,16 +338,14 @@ void DrawWindow::PositionControls() {
     Form& form = Controls.frmDraw;
     if (form.State == WindowState::Minimised) return;
     Attempt(positionControlsName, [&] {
-        // 1.
         if (form.Width < leastWidth) form.Width = leastWidth;
         if (form.Height < leastHeight) form.Height = leastHeight;
         const int width = form.Width;
         const int height = form.Height;
-        // 2.
         PictureBox& view = Controls.pbxViewWindow;
         view.Width = width - 460;
         view.Height = height - 1220;
-        // 3., 4.
+        // Scroll bars count in tens of twips.
         const PictureBox& field = Controls.pbxDrawField;
         ScrollBar& across = Controls.hsbViewWindow;
         across.Top = height - 1200;
@@ -361,13 +355,12 @@ void DrawWindow::PositionControls() {
         down.Left = width - 435;
         down.Height = height - 1230;
         down.Max = ToLong((field.Height - view.Height) / 10.0);
-        // 5.
+        // What a narrow window has no room for.
         Controls.frGrid.Visible = width > 7000;
         Controls.cmdAutoFit.Visible = width > 7900;
         Controls.cmdRedraw.Visible = width > 8700;
         Controls.UpDown.Visible = width > 9000;
         PlaceFramesInRow();
-        // 6.
         ShowMenusOfMachine();
     });
 }
@@ -409,7 +402,7 @@ void DrawWindow::Form_KeyDown(int pressed) {
     }
 }
 
-// The middle button draws the field along.
+// The middle button drags the field along.
 void DrawWindow::pbxDrawField_MouseMove(int button, float x, float y) {
     if ((button & mouse::Middle) != 0) View.ScrollBy(double{dragX_} - x, double{dragY_} - y);
     Measure.pbxDrawField_MouseMove(x, y);

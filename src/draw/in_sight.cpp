@@ -11,7 +11,7 @@ namespace {
 
 using Kind = DrawOperation::Kind;
 
-// An arc is looked at in chords of this many degrees: they leave it by less than a point at any scale of the menu.
+// An arc is tested as chords, so many for a full turn: they differ from it by less than a pixel at any scale of the menu.
 constexpr int chordsPerTurn = 720;
 
 bool LineIsInSight(double x1, double y1, double x2, double y2, const FieldArea& area) {

@@ -54,12 +54,11 @@ std::string ShownDistance(double value) { return FitsField(value) ? Shown(value)
 }  // namespace
 
 std::string CleanUp(std::string_view text) {
-    // 1.
     if (text.empty()) return "0";
-    // 2., 3.
+    // A sign counts only in front.
     std::string number = Replace(text, "-", "");
     if (text.front() == '-') number = number.empty() ? "0" : "-" + number;
-    // 4. What no field can show stays as it was typed.
+    // What no field can show stays as it was typed.
     const double value = NumberIn(number);
     return FitsField(value) ? Shown(value) : std::string(text);
 }
@@ -98,17 +97,14 @@ float Measuring::VerticalValue(float y) const { return ToSingle((state_.ZeroY - 
 void Measuring::pbxDrawField_MouseMove(float x, float y) {
     Attempt(mouseMoveName, [&] {
         const bool mill = parts_.Store.IsF1();
-        // 1.
         const float h = HorizontalValue(x);
         const float v = VerticalValue(y);
-        // 2.
         controls_.txtDiameter.Text = Shown(std::abs(double{v}) * 2);
-        // 3. Before the first click the mill's Y has the field's sign, which is meant.
+        // Only behind the first click the mill's Y gets its own sign: before, the field's position is shown as it is.
         if (state_.MeasureClicks == 0) {
             controls_.txtX1.Text = Shown(mill ? h : v);
             controls_.txtZ1.Text = Shown(mill ? v : h);
         }
-        // 4.
         if (state_.MeasureClicks == 1) {
             const std::int32_t dh = ToLong(double{h} - state_.MeasureX);
             const std::int32_t dv = ToLong(double{v} - state_.MeasureY);
@@ -124,15 +120,11 @@ void Measuring::pbxDrawField_MouseMove(float x, float y) {
 }
 
 void Measuring::pbxDrawField_MouseDown(float x, float y) {
-    // 1.
     state_.WaitingForClick = false;
-    // 2.
     if (parts_.Store.ErrorFlagged || state_.Drawing) return;
     Attempt(mouseDownName, [&] {
-        // 3.
         ++state_.MeasureClicks;
         view_.ShowGridSize();
-        // 4.
         std::array<float, 4>& marks = state_.MeasureMarks;
         if (state_.MeasureClicks < 3) {
             const std::size_t pair = state_.MeasureClicks == 1 ? 0 : 1;
@@ -151,7 +143,7 @@ void Measuring::pbxDrawField_MouseDown(float x, float y) {
             sim_.EnableControls(true);
         }
     });
-    // 5., 6. ClearMeasure has counted back to 0.
+    // The third click has counted back to 0.
     ShowPointer(state_.MeasureClicks == 1 ? mouse::CrossPointer : mouse::DefaultPointer);
 }
 
@@ -162,17 +154,13 @@ void Measuring::ShowPointer(int pointer) {
 
 void Measuring::DrawMark(float x, float y) {
     PictureBox& field = controls_.pbxDrawField;
-    // 1.
     field.ForeColor = controls_.mnuBackground.Checked ? black : white;
     field.DrawWidth = 1;
     field.DrawMode = draw_mode::Invert;
-    // 2.
     field.Line(x - markArm, y, x + markArm, y);
     field.Line(x, y - markArm, x, y + markArm);
-    // 3.
     state_.MeasureX = HorizontalValue(x);
     state_.MeasureY = VerticalValue(y);
-    // 4.
     field.DrawMode = draw_mode::Copy;
 }
 

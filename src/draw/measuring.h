@@ -17,7 +17,7 @@ public:
     // Twips on the field.
     void pbxDrawField_MouseMove(float x, float y);
     void pbxDrawField_MouseDown(float x, float y);
-    // An inverting cross; what is drawn twice is gone. Notes the place in program units.
+    // An inverting cross: drawn a second time it vanishes. Notes the place in program units.
     void DrawMark(float x, float y);
     // Withdraws the measurement; the marks go with the next drawing.
     void ClearMeasure();

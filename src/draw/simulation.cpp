@@ -43,17 +43,17 @@ void Simulation::EnableControls(bool flag) {
 void Simulation::mnuSim_Click(int index) {
     EnableControls(index == simulation::Run);
     controls_.cmdStep.Enabled = false;
-    // A walk that goes on keeps its Abort.
+    // A walk under way keeps its Abort button.
     controls_.frStepControls.Visible = index != simulation::Run || state_.Walking;
-    // What a fault has left.
+    // A walk that a fault has ended leaves it set.
     if (!state_.Walking) state_.Drawing = false;
     SelectSim(index);
-    // A walk that waits for a step would wait for a button that is disabled now: it goes on.
+    // cmdStep is disabled now, so that a walk which waits for it must go on.
     if (index != simulation::Step) state_.StepMode = false;
     state_.StepPressed = true;
-    // Until a later line asks for an interval again.
+    // Ends the waits until a later line asks for an interval.
     if (index == simulation::Run) state_.Interval = 0;
-    // Whoever chooses steps wants to give them.
+    // The keys that give a step act in the drawing.
     if (index == simulation::Step) parts_.Platform.Focus.SetFocus(controls_.pbxDrawField);
     if (controls_.mnuAutoRedraw.Checked) parts_.Redraw();
 }
@@ -69,7 +69,7 @@ void Simulation::cmdStop_Click() {
     EnableControls(true);
     controls_.frStepControls.Visible = false;
     if (state_.Walking) return;
-    // Nothing to abort but what a fault has left.
+    // Nothing to abort: resets what a walk ended by a fault has left set.
     state_.Drawing = false;
     state_.StopRequested = false;
 }
@@ -90,7 +90,7 @@ void Simulation::WaitTimer() {
     const int interval = state_.Interval;
     if (interval <= 1 || state_.Released) return;
     controls_.Timer1.Interval = interval;
-    // Where nobody is there to end it, a walk that waits is given up sooner than one that runs.
+    // An endless program that waits is given up after fewer lines than one that does not.
     state_.Turns += turnsPerWait;
     MarkTool();
     const std::int16_t before = state_.TimerTicks;
@@ -108,13 +108,13 @@ void Simulation::WaitUntil(const bool& flag, bool value) {
     }
 }
 
-// Where the pen stands.
+// Shows where the pen is.
 void Simulation::MarkTool() {
     PictureBox& field = controls_.pbxDrawField;
     field.Cross = FieldPlace{true, field.CurrentX, field.CurrentY};
 }
 
-// What is to end at its next turn needs nothing more from outside.
+// An aborted walk ends by itself; no event is needed.
 void Simulation::ServeEvents() {
     if (state_.StopRequested) return;
     if (!parts_.Platform.System.Breathe(++state_.Turns)) state_.LeaveWalk = true;
