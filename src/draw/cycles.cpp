@@ -22,7 +22,7 @@ void DrawThread(DrawParts& parts, Simulation& waits, float length, float pitch, 
         field.LineTo(field.CurrentX + along, field.CurrentY - half);
         field.LineTo(field.CurrentX + along, field.CurrentY + half);
         waits.ServeEvents();
-        if (parts.State.StopRequested || parts.State.LeaveWalk) return;
+        if (parts.State.StopRequested || parts.State.Leaving()) return;
     }
     // The way home is drawn as a tick at the thread's start, as long in twips as there are turns: users count on it.
     field.Line(startX, startY + (forward ? count : -count), startX, startY);

@@ -152,7 +152,7 @@ void DrawProgram::PocketCycle() {
     call.PenWidth = penMode_ == 0 ? state_.ToolWidth : 1;
     call.ToolDiameter = toolDiameter_;
     DrawPocket(shared_, parts_.Sim, call);
-    leave_ = state_.StopRequested || state_.LeaveWalk;
+    leave_ = state_.StopRequested || state_.Leaving();
     if (!leave_ && penMode_ == 0) FinishingOutline();
 }
 

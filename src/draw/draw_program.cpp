@@ -104,7 +104,7 @@ void DrawProgram::Run() {
     Attempt(drawProgramName, [this] {
         Begin();
         // Lines can be deleted during a wait.
-        while (lineIndex_ <= std::min(itemCount_, list_.Count()) && !state_.LeaveWalk && ProcessLine())
+        while (lineIndex_ <= std::min(itemCount_, list_.Count()) && !state_.Leaving() && ProcessLine())
             ++lineIndex_;
         End();
     });
@@ -166,7 +166,7 @@ void DrawProgram::End() {
 
 bool DrawProgram::ProcessLine() {
     parts_.Sim.ServeEvents();
-    if (state_.LeaveWalk) return false;
+    if (state_.Leaving()) return false;
     // LISTING: with it open, a line with an error ends the walk behind that line.
     if (controls_.mnuProgramWindow.Checked && parts_.Listing.Follow(lineIndex_, itemCount_))
         parts_.Sim.cmdStop_Click();
@@ -218,9 +218,8 @@ DrawProgram::Next DrawProgram::Command(std::string_view comment) {
             // The overlay does not wait.
             if (pass_ != 1) break;
             parts_.Editor.Follow(lineIndex_);
-            state_.WaitingForClick = true;
-            parts_.Sim.WaitUntil(state_.WaitingForClick, false);
-            if (state_.LeaveWalk) return Next::LeaveProgram;
+            parts_.Sim.WaitFor(UserWait::Click);
+            if (state_.Leaving()) return Next::LeaveProgram;
             break;
         case ControlCommand::NoCheck:
         case ControlCommand::NoRenum:
@@ -295,10 +294,10 @@ bool DrawProgram::EndOfLine() {
         FocusStepButton();
         // A press before this wait does not count, but an aborted walk need not wait any more.
         if (!state_.StopRequested) state_.StepPressed = false;
-        parts_.Sim.WaitUntil(state_.StepPressed, true);
+        if (!state_.StepPressed) parts_.Sim.WaitFor(UserWait::Step);
         state_.StepPressed = false;
     }
-    return !state_.StopRequested && !state_.LeaveWalk;
+    return !state_.StopRequested && !state_.Leaving();
 }
 
 // A user who works in the editor beside the drawing keeps the focus.

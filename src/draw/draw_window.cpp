@@ -4,7 +4,6 @@
 
 #include "basic/number.h"
 #include "basic/run_time_error.h"
-#include "basic/stack_guard.h"
 #include "platform/keys.h"
 #include "program/workbench_calls.h"
 
@@ -29,6 +28,18 @@ constexpr int narrowField = 600;
 constexpr int firstScale = 3;
 // How far a notch of the wheel goes, in twips.
 constexpr double twipsPerNotch = 900;
+
+// Ends the walk's phase, also when a failure passes through.
+class WalkGuard {
+public:
+    explicit WalkGuard(WalkState& walk) : walk_(walk) { walk_.Phase = WalkPhase::Paced; }
+    ~WalkGuard() { walk_.Phase = WalkPhase::Idle; }
+    WalkGuard(const WalkGuard&) = delete;
+    WalkGuard& operator=(const WalkGuard&) = delete;
+
+private:
+    WalkState& walk_;
+};
 
 enum class Zooming { None, In, Out, Draw };
 
@@ -111,7 +122,7 @@ void DrawWindow::WireField() {
         pbxDrawField_MouseWheel(shift, notches, sideways);
     };
     field.OnKeyPress = [this](int& character) {
-        if (character == key::Enter) State.WaitingForClick = false;
+        if (character == key::Enter) State.EndClickWait();
     };
     // Read-only fields hand the focus on.
     for (TextBox* shown : {&Controls.txtDiameter, &Controls.txtDeltaX, &Controls.txtDeltaZ,
@@ -121,30 +132,29 @@ void DrawWindow::WireField() {
 }
 
 void DrawWindow::Redraw() {
-    const StackGuard guard(State.Walking);
     redrawAsked_ = true;
-    if (!guard.Entered()) {
+    if (State.Walking()) {
         // An aborted walk would go on waiting for its step or its click.
         if (State.StopRequested) {
-            State.StepPressed = true;
-            State.WaitingForClick = false;
+            State.PressStep();
+            State.EndClickWait();
         }
         return;
     }
+    const WalkGuard guard(State);
     givenUp_ = false;
     // An Abort with nothing to abort leaves nothing behind.
     State.StopRequested = false;
     while (redrawAsked_) {
         redrawAsked_ = false;
-        State.LeaveWalk = false;
-        State.Released = false;
+        State.Phase = WalkPhase::Paced;
         State.Turns = 0;
         // A program without a travel is fitted when it has one.
         if (State.FitNext) State.FitNext = !View.Fit();
         RunPasses();
         Controls.pbxDrawField.Cross = FieldPlace();
         Editor.End();
-        if (!State.LeaveWalk) continue;
+        if (!State.Leaving()) continue;
         // A window closed and shown again during the walk has asked for another Redraw.
         givenUp_ = Controls.frmDraw.Visible && !redrawAsked_;
     }
@@ -153,36 +163,34 @@ void DrawWindow::Redraw() {
 }
 
 void DrawWindow::AfterWalk(std::function<void()> then) {
-    if (!State.Walking) return then();
-    Sim.Release();
+    if (!State.Walking()) return then();
+    State.Release();
     afterWalk_.push_back(std::move(then));
 }
 
 void DrawWindow::RunPasses() {
     const bool wide = parts_.Store.IsF1() && Controls.mnuToolWidth.Checked;
     DrawProgram(walkParts_, wide ? 0 : 1, 1).Run();
-    if (!wide || !Controls.mnuToolCenter.Checked || State.LeaveWalk) return;
+    if (!wide || !Controls.mnuToolCenter.Checked || State.Leaving()) return;
     State.Turns = 0;
     DrawProgram(walkParts_, 1, 2).Run();
 }
 
 void DrawWindow::Show() {
-    if (State.DrawPending) return;
+    if (State.Opening()) return;
     if (Controls.frmDraw.Visible) return Redraw();
     PrepareToShow();
     Controls.frmDraw.Visible = true;
     // Some systems activate the window inside that call, others later.
-    if (State.DrawPending) Form_Activate();
+    if (State.Opening()) Form_Activate();
 }
 
 void DrawWindow::ShowBehindEditor() {
-    if (State.DrawPending || Controls.frmDraw.Visible) return;
+    if (State.Opening() || Controls.frmDraw.Visible) return;
     PrepareToShow();
     Controls.frmDraw.ShowBehind();
     focusFieldNext_ = true;
-    if (!State.DrawPending) return;
-    UpdateForProgram();
-    FitAndDraw();
+    if (State.Opening()) FitAndDraw(UpdateForProgram());
 }
 
 void DrawWindow::ShowLater() {
@@ -194,14 +202,13 @@ void DrawWindow::ShowLater() {
 }
 
 void DrawWindow::PrepareToShow() {
-    if (!loaded_) Form_Load();
-    State.DrawPending = true;
+    if (State.Window == WindowPhase::Closed) Form_Load();
+    State.Window = WindowPhase::Opening;
     State.AutoFitPending = true;
-    State.RedrawRequested = true;
 }
 
 void DrawWindow::DrawForUser() {
-    if (Controls.frmDraw.Visible && !State.Walking && !View.ShowsStroke()) State.FitNext = true;
+    if (Controls.frmDraw.Visible && !State.Walking() && !View.ShowsStroke()) State.FitNext = true;
     Show();
 }
 
@@ -228,11 +235,10 @@ void DrawWindow::Form_Load() {
     Controls.pbxDrawField.FillStyle = fill_style::Transparent;
     kvt::Run(LoadSettings);
     Form_Activate();
-    loaded_ = true;
 }
 
 void DrawWindow::Unload() {
-    State.LeaveWalk = true;
+    State.Leave();
     const Control* const focused = parts_.Platform.Focus.Focused();
     const bool hadFocus = focused && &focused->OwningForm() == &Controls.frmDraw;
     Controls.frmDraw.Visible = false;
@@ -243,8 +249,7 @@ void DrawWindow::Unload() {
     Controls.frStepControls.Visible = false;
     State.Drawing = false;
     State.StopRequested = false;
-    State.DrawPending = false;
-    loaded_ = false;
+    State.Window = WindowPhase::Closed;
     Editor.RestoreSelection();
     Editor.RestoreScroll();
     if (hadFocus) kvt::Run(RestoreFocus);
@@ -257,21 +262,23 @@ void DrawWindow::Form_QueryUnload() {
 }
 
 void DrawWindow::Form_Activate() {
-    UpdateForProgram();
+    const bool opened = UpdateForProgram();
     const Control* const focused = parts_.Platform.Focus.Focused();
     if (std::exchange(focusFieldNext_, false) || !focused || &focused->OwningForm() != &Controls.frmDraw)
         parts_.Platform.Focus.SetFocus(Controls.pbxDrawField);
-    FitAndDraw();
+    FitAndDraw(opened);
 }
 
 // Comes last when the window is activated, for a walk may wait.
-void DrawWindow::FitAndDraw() {
+void DrawWindow::FitAndDraw(bool redraw) {
     View.Autofit();
-    if (std::exchange(State.RedrawRequested, false)) Redraw();
+    if (redraw) Redraw();
 }
 
-void DrawWindow::UpdateForProgram() {
-    State.DrawPending = false;
+// Captions, names of the axes and frames. Gives true the first time after the window was shown.
+bool DrawWindow::UpdateForProgram() {
+    const bool opened = State.Opening();
+    if (opened) State.Window = WindowPhase::Open;
     parts_.Store.ErrorFlagged = false;
     if (!parts_.Language.ModuleFile.empty()) {
         int entry = 1;
@@ -297,6 +304,7 @@ void DrawWindow::UpdateForProgram() {
     Controls.frStepControls.Top = Controls.frProperties.Top + Controls.frProperties.Height - frameGap;
     for (Control* button : {&Controls.cmdStep, &Controls.cmdStop, &Controls.cmdRun}) button->Top = buttonsTop;
     Controls.lblDiameter.Caption = "\xD8";
+    return opened;
 }
 
 void DrawWindow::Form_LostFocus() {

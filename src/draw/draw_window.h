@@ -37,8 +37,8 @@ public:
     Measuring Measure;
     DrawingOutput Output;
 
-    // Draws the program anew, in the passes that machine and menus ask for. While a walk stands on the stack none
-    // is begun; one follows when that has ended. Does nothing while the window is hidden.
+    // Draws the program anew, in the passes that machine and menus ask for. During a walk none is begun; one
+    // follows when that has ended. Does nothing while the window is hidden.
     void Redraw();
     // Whether the last Redraw was given up because nothing could end it any more.
     bool GivenUp() const { return givenUp_; }
@@ -54,9 +54,9 @@ public:
     // Draws anew as Show does, if the window is up, when the handler that asks for it has ended: a drawing may wait,
     // and what comes up then must find all done.
     void ShowLater();
-    // Lets a walk that stands go on to its end without a wait, then does something; at once where none stands.
+    // Lets a walk under way go on to its end without a wait, then does something; at once without one.
     void AfterWalk(std::function<void()> then);
-    // Closes the window; a walk that stands ends.
+    // Closes the window; a walk under way ends.
     void Unload();
 
     void Form_Activate();
@@ -78,8 +78,8 @@ public:
 private:
     void Form_Load();
     void PrepareToShow();
-    void UpdateForProgram();
-    void FitAndDraw();
+    bool UpdateForProgram();
+    void FitAndDraw(bool redraw);
     void WireMenus();
     void WireField();
     void RunPasses();
@@ -90,7 +90,6 @@ private:
     void pbxDrawField_MouseWheel(int shift, double notches, bool sideways);
 
     DrawProgram::Parts walkParts_;
-    bool loaded_ = false;
     bool redrawAsked_ = false;
     bool showAsked_ = false;
     // The window was shown without the keys: the first time that it has them they go to the field.

@@ -120,7 +120,7 @@ void Measuring::pbxDrawField_MouseMove(float x, float y) {
 }
 
 void Measuring::pbxDrawField_MouseDown(float x, float y) {
-    state_.WaitingForClick = false;
+    state_.EndClickWait();
     if (parts_.Store.ErrorFlagged || state_.Drawing) return;
     Attempt(mouseDownName, [&] {
         ++state_.MeasureClicks;

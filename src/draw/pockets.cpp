@@ -94,12 +94,12 @@ private:
             if (EndPassed()) {
                 rowStep_ = std::abs((double{state_.PocketY2} - state_.PocketY1) / row_);
                 DrawRow(from, to, (odd ? 1 : quadrant_.EvenOffset) * toolRadius_);
-                return !state_.LeaveWalk;
+                return !state_.Leaving();
             }
             DrawRow(from, to, 0);
             // A tool without a diameter never comes to the end, so that events are served in every row.
             waits_.ServeEvents();
-            if (state_.LeaveWalk || (state_.StopRequested && !odd)) return false;
+            if (state_.Leaving() || (state_.StopRequested && !odd)) return false;
         }
     }
 

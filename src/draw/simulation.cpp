@@ -44,13 +44,13 @@ void Simulation::mnuSim_Click(int index) {
     EnableControls(index == simulation::Run);
     controls_.cmdStep.Enabled = false;
     // A walk under way keeps its Abort button.
-    controls_.frStepControls.Visible = index != simulation::Run || state_.Walking;
+    controls_.frStepControls.Visible = index != simulation::Run || state_.Walking();
     // A walk that a fault has ended leaves it set.
-    if (!state_.Walking) state_.Drawing = false;
+    if (!state_.Walking()) state_.Drawing = false;
     SelectSim(index);
     // cmdStep is disabled now, so that a walk which waits for it must go on.
     if (index != simulation::Step) state_.StepMode = false;
-    state_.StepPressed = true;
+    state_.PressStep();
     // Ends the waits until a later line asks for an interval.
     if (index == simulation::Run) state_.Interval = 0;
     // The keys that give a step act in the drawing.
@@ -59,7 +59,7 @@ void Simulation::mnuSim_Click(int index) {
 }
 
 void Simulation::cmdStep_Click() {
-    state_.StepPressed = true;
+    state_.PressStep();
     controls_.cmdStep.Enabled = false;
 }
 
@@ -68,7 +68,7 @@ void Simulation::cmdStop_Click() {
     SelectSim(simulation::Run);
     EnableControls(true);
     controls_.frStepControls.Visible = false;
-    if (state_.Walking) return;
+    if (state_.Walking()) return;
     // Nothing to abort: resets what a walk ended by a fault has left set.
     state_.Drawing = false;
     state_.StopRequested = false;
@@ -80,15 +80,9 @@ void Simulation::Timer1_Timer() {
     state_.TimerTicks = static_cast<std::int16_t>(state_.TimerTicks >= mostTicks ? 1 : state_.TimerTicks + 1);
 }
 
-void Simulation::Release() {
-    state_.Released = true;
-    state_.StepPressed = true;
-    state_.WaitingForClick = false;
-}
-
 void Simulation::WaitTimer() {
     const int interval = state_.Interval;
-    if (interval <= 1 || state_.Released) return;
+    if (interval <= 1 || !state_.MayWait()) return;
     controls_.Timer1.Interval = interval;
     // An endless program that waits is given up after fewer lines than one that does not.
     state_.Turns += turnsPerWait;
@@ -96,16 +90,20 @@ void Simulation::WaitTimer() {
     const std::int16_t before = state_.TimerTicks;
     const auto left = [&]() -> double {
         const bool ticked = state_.TimerTicks != before || !controls_.Timer1.Enabled;
-        return ticked || state_.LeaveWalk || state_.Released ? 0 : interval;
+        return ticked || !state_.MayWait() ? 0 : interval;
     };
-    if (!parts_.Platform.System.WaitUntil(left)) state_.LeaveWalk = true;
+    if (!parts_.Platform.System.WaitUntil(left)) state_.Leave();
 }
 
-void Simulation::WaitUntil(const bool& flag, bool value) {
+void Simulation::WaitFor(UserWait wait) {
     MarkTool();
-    while (flag != value && !state_.LeaveWalk && !state_.Released) {
-        if (!parts_.Platform.System.DoEvents()) state_.LeaveWalk = true;
+    state_.Wait = wait;
+    while (state_.Wait == wait && state_.MayWait()) {
+        if (parts_.Platform.System.DoEvents()) continue;
+        state_.Leave();
+        break;
     }
+    state_.Wait = UserWait::None;
 }
 
 // Shows where the pen is.
@@ -117,7 +115,7 @@ void Simulation::MarkTool() {
 // An aborted walk ends by itself; no event is needed.
 void Simulation::ServeEvents() {
     if (state_.StopRequested) return;
-    if (!parts_.Platform.System.Breathe(++state_.Turns)) state_.LeaveWalk = true;
+    if (!parts_.Platform.System.Breathe(++state_.Turns)) state_.Leave();
 }
 
 }  // namespace kvt

@@ -12,7 +12,7 @@ constexpr std::size_t drawButton = 7;
 void mnuDraw_Click(Workbench& bench) {
     // A walk may take its time: the window comes forward before it.
     Form& window = bench.Draw.Controls.frmDraw;
-    if (window.Visible && !bench.Draw.State.DrawPending) {
+    if (window.Visible && !bench.Draw.State.Opening()) {
         window.BringToFront();
         bench.Platform.Focus.SetFocus(bench.Draw.Controls.pbxDrawField);
     }
@@ -44,7 +44,7 @@ void WireDrawing(Workbench& bench) {
     // From below the drawing is repainted where it is, not brought up: another program has come into the editor, and
     // that of a walk that stands has gone.
     bench.Calls.mnuDraw_Click = [&draw] {
-        if (draw.State.Walking) draw.State.StopRequested = true;
+        if (draw.State.Walking()) draw.State.StopRequested = true;
         if (draw.Controls.frmDraw.Visible) draw.State.FitNext = true;
         draw.ShowLater();
     };
@@ -63,7 +63,7 @@ void WireDrawing(Workbench& bench) {
 void RefreshDrawCommands(Workbench& bench) {
     const bool hasLines = bench.Store.LineCount() > 0;
     bench.Main.mnuDraw.Enabled = hasLines;
-    bench.Main.cmdTopButtons[drawButton]->Enabled = hasLines && !bench.Draw.State.DrawPending;
+    bench.Main.cmdTopButtons[drawButton]->Enabled = hasLines && !bench.Draw.State.Opening();
 }
 
 }  // namespace kvt
