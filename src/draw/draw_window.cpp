@@ -108,10 +108,7 @@ void DrawWindow::WireMenus() {
     Controls.mnuEditor.OnClick = [this] { mnuEditor_Click(); };
     Controls.mnuRedraw.OnClick = [this] { cmdRedraw_Click(); };
     Controls.mnuAutoFit.OnClick = [this] { cmdAutoFit_Click(); };
-    Controls.mnuExit.OnClick = [this] {
-        kvt::Run(SaveSettings);
-        Unload();
-    };
+    Controls.mnuExit.OnClick = [this] { Form_QueryUnload(); };
 }
 
 void DrawWindow::WireField() {
