@@ -63,11 +63,11 @@ void MainWindow::WireMenus() {
     main.RCmnuDelete.OnClick = [this] { bench_.Lines.LineDelete(); };
     // Beside the list: the line that they work on is to be seen.
     main.cmdInsert.OnClick = [this] {
-        bench_.Draw.Editor.ScrollBack();
+        bench_.Draw.Editor.RestoreScroll();
         bench_.Lines.LineInsert();
     };
     main.cmdDelete.OnClick = [this] {
-        bench_.Draw.Editor.ScrollBack();
+        bench_.Draw.Editor.RestoreScroll();
         bench_.Lines.LineDelete();
     };
     for (const auto& button : main.cmdTopButtons) {
@@ -111,7 +111,7 @@ void MainWindow::WireOptions() {
 void MainWindow::WireKeys() {
     bench_.File.txtFileNotes.OnKeyPress = [this](int& character) { txtFileNotes_KeyPress(character); };
     bench_.frmMain.OnKeyDown = [this](int pressed, int held) {
-        bench_.Draw.Editor.ScrollBack();
+        bench_.Draw.Editor.RestoreScroll();
         if (bench_.Help.TakeKey(pressed, held) || pressed != key::Escape) return;
         if (bench_.Transfer.frRXcode.Visible) bench_.Received.cmdReceiveExit_Click();
         bench_.Main.tabSettings.Visible = false;
@@ -193,7 +193,7 @@ void MainWindow::FitSmallScreen() {
 
 void MainWindow::Form_Activate() {
     bench_.Draw.Listing.Hide();
-    bench_.Draw.Editor.GiveBack();
+    bench_.Draw.Editor.RestoreSelection();
     bench_.Entry.RememberFeeds();
     bench_.File.lblFileName.Left = 60;
     MainControls& main = bench_.Main;

@@ -304,7 +304,7 @@ void Workbench::ClearProgram_Click() {
         if (Store.SaveFailed) Kept.KeepAside();
     }
     // 3. A row of this program is none of the next one.
-    Draw.Editor.GiveBack();
+    Draw.Editor.RestoreSelection();
     Store.lvCncProgram.Clear();
     Entry.txtGMcode.Text = "";
     Entry.txtComment.Text = "";

@@ -57,7 +57,6 @@ Receiver::~Receiver() { parts_.Platform.Port.OnComm = nullptr; }
 
 void Receiver::mnuRX_Click() {
     if (!parts_.Port.ComEnabled) return;
-    // 1.
     const bool open = Attempt(openName, [&] {
         if (!parts_.Port.Port().IsOpen()) parts_.Port.Port().Open();
     });
@@ -65,13 +64,11 @@ void Receiver::mnuRX_Click() {
         parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::PortProblem)));
         return;
     }
-    // 2., 3.
-    // Help gives way.
+    // Help gives way to what is received.
     Run(parts_.Calls.HideSettings);
     Run(parts_.Calls.cmdReturn_Click);
     Run(parts_.Calls.ControlsEnable, 0);
     ShowView(true);
-    // 4.
     cmdReceiveNew_Click();
 }
 
@@ -86,21 +83,19 @@ void Receiver::MSComm1_OnComm(CommEvent event) {
         case CommEvent::Send:
             Attempt(eventName, [&] { parts_.Port.Port().SetSettings(parts_.Port.TX().Settings); });
             break;
-        case CommEvent::Receive: return TakeCharacters();
+        case CommEvent::Receive: return AppendReceived();
         case CommEvent::Vanished: return parts_.Port.Vanished();
         case CommEvent::Refused: return parts_.Port.Refused();
     }
 }
 
-void Receiver::TakeCharacters() {
+void Receiver::AppendReceived() {
     TextBox& box = parts_.Controls.txtRX;
-    // 1. The machine has begun to send.
+    // The machine has begun to send.
     if (!parts_.Controls.frRXcode.Visible) Attempt(eventName, [&] { mnuRX_Click(); });
-    // 2.
     Attempt(eventName, [&] { parts_.Port.Port().SetSettings(parts_.Port.RX().Settings); });
-    // 3.
     if (box.ReallyVisible() && box.ReallyEnabled()) parts_.Platform.Focus.SetFocus(box);
-    // 4., 5. What comes always goes to the end, wherever the user has clicked.
+    // What comes always goes to the end, wherever the user has clicked.
     std::string text;
     Attempt(eventName, [&] { text = parts_.Port.Port().Input(); });
     Add(text);
@@ -152,12 +147,11 @@ void Receiver::cmdReceiveImport_Click() {
 // Brings a trimmed text into the editor as a changed program without a file.
 LoadResult Receiver::Import(std::string_view text, UnsavedProgram old) {
     FileService& files = parts_.Platform.Files;
-    // 1.
     if (text.empty()) {
         parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
         return LoadResult::Nothing;
     }
-    // 2.
+    // By way of a file it is read, and recognised, as any program is.
     const std::string scratch = SettingsFolder + "Receive.txt";
     if (files.Exists(scratch)) Attempt(importName, [&] { files.Delete(scratch); });
     const std::string whole = IsProgram(Recognise(text)) ? std::string(text) : WithBeginning(text);
@@ -166,7 +160,7 @@ LoadResult Receiver::Import(std::string_view text, UnsavedProgram old) {
         TellUnwritten(scratch);
         return LoadResult::Nothing;
     }
-    // 3. to 5.
+    // The program is in no file of the user: its name is empty, and it counts as changed.
     LoadAs as;
     as.Unsaved = old;
     as.Name = "";
@@ -187,13 +181,12 @@ void Receiver::TellUnwritten(const std::string& name) {
 
 void Receiver::cmdReceiveSave_Click() {
     Services& platform = parts_.Platform;
-    // 1.
     const std::string text(Trim(parts_.Controls.txtRX.Text));
     if (text.empty()) {
         platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
         return;
     }
-    // 2. A cancelled dialog gives no name, not that of the program in the editor.
+    // A cancelled dialog gives no name, not that of the program in the editor.
     FileDialog& dialog = parts_.File.dlgFile;
     const std::string before = std::exchange(dialog.FileName, {});
     dialog.CancelError = false;
@@ -203,7 +196,7 @@ void Receiver::cmdReceiveSave_Click() {
         platform.Dialogs.ShowMessage(Notice(parts_.Language.MessageTexts(text::NoFileSpecified)));
         return;
     }
-    // 3., 4. Deleting the old file and writing the new one are one step of the platform.
+    // Deleting the old file and writing the new one are one step of the platform.
     const bool written = Attempt(saveName, [&] { platform.Files.WriteWhole(name, WithBeginning(text)); });
     if (!written) TellUnwritten(name);
 }
@@ -228,10 +221,8 @@ void Receiver::cmdReceiveExit_Click() {
 
 void Receiver::LoadClipboardModule() {
     if (parts_.Port.IsSending) return parts_.Platform.System.Beep();
-    // 1.
     const bool asks = parts_.Store.LineCount() > 0 && parts_.Store.Unsaved();
     if (asks && !AskToClear(parts_.Platform.Dialogs, parts_.Language)) return;
-    // 2., 3.
     std::string text;
     Attempt(clipboardName, [&] { text = parts_.Platform.Clipboard.GetText(); });
     if (Import(Trim(text), UnsavedProgram::Discard) == LoadResult::Loaded) cmdReceiveExit_Click();

@@ -51,7 +51,7 @@ public:
     void LoadClipboardModule();
 
 private:
-    void TakeCharacters();
+    void AppendReceived();
     void Add(std::string_view text);
     void Count(std::string_view text);
     void ShowCount();
