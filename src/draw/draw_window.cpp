@@ -220,7 +220,7 @@ void DrawWindow::Form_Load() {
     Form& form = Controls.frmDraw;
     if (BeginsMaximised(screen)) {
         form.State = WindowState::Maximised;
-        form.TakeSize(screen.Width(), screen.WorkAreaHeight());
+        form.ApplySize(screen.Width(), screen.WorkAreaHeight());
     }
     Controls.pbxDrawField.Cls();
     State.ZeroX = screen.Width() / 2.0;

@@ -6,6 +6,7 @@
 #include "basic/stack_guard.h"
 #include "basic/text.h"
 #include "draw/pdf.h"
+#include "files/questions.h"
 #include "platform/picture_painter.h"
 
 namespace kvt {
@@ -94,12 +95,7 @@ bool DrawingOutput::AskForName(std::string& name) {
         if (!platform.Dialogs.ShowSave(dialog) || dialog.FileName.empty()) return false;
         name = dialog.FileName;
         if (!IsPictureKind(PictureKindOf(name))) name += ".png";
-        if (!platform.Files.Exists(name)) return true;
-        std::string question(parts_.Language.MessageTexts(text::Overwrite));
-        question += " ";
-        question += ExtractFileName(name);
-        question += "?";
-        const Answer answer = platform.Dialogs.ShowMessage(Question(question, "", Buttons::YesNoCancel));
+        const Answer answer = AskToOverwrite(platform, parts_.Language, name);
         if (answer == Answer::Yes) return true;
         if (answer == Answer::Cancel) return false;
     }
@@ -131,7 +127,7 @@ std::string DrawingOutput::Picture(std::string_view kind) const {
 }
 
 Pixels DrawingOutput::PointsOf(const FieldArea& area) const {
-    return PaintPicture(controls_.pbxDrawField, area, parts_.Platform.Screen.PointsATwip());
+    return PaintPicture(controls_.pbxDrawField, area, parts_.Platform.Screen.PointsPerTwip());
 }
 
 void DrawingOutput::mnuPrint_Click() {

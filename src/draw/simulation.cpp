@@ -115,7 +115,7 @@ void Simulation::MarkTool() {
 // An aborted walk ends by itself; no event is needed.
 void Simulation::ServeEvents() {
     if (state_.StopRequested) return;
-    if (!parts_.Platform.System.Breathe(++state_.Turns)) state_.Leave();
+    if (!parts_.Platform.System.ServeEvents(++state_.Turns)) state_.Leave();
 }
 
 }  // namespace kvt
