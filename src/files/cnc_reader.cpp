@@ -6,6 +6,7 @@
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "editor/result_cells.h"
 #include "files/cnc_format.h"
 #include "files/questions.h"
 #include "program/code_key.h"
@@ -59,15 +60,6 @@ std::string Formatted(std::string_view digits) {
     return IsFormatted(digits) ? std::string(digits) : RightPad(FormatText(digits, "00"), digits.size());
 }
 
-void ClearResultCells(ListRow& row) {
-    row[column::Error] = "";
-    for (const int c : {column::ToolX, column::ToolZ, column::CenterX, column::CenterZ, column::Radius}) {
-        row[c] = "      ";
-    }
-    row[column::Angle] = "   ";
-    row[column::Time] = "        ";
-}
-
 // The prefix letter that a code gives one of its parameters, whatever the file holds.
 struct ForcedPrefix {
     CodeKey Key;
@@ -109,7 +101,7 @@ void ReadNumbered(ListRow& row, std::string_view record, std::span<const cnc::Pa
         Cell& cell = row[forced.Column];
         cell = forced.Letter + std::string(cell.View().substr(1));
     }
-    ClearResultCells(row);
+    BlankResultCells(row);
 }
 
 // The units line of the mill, which names the orientation too.
@@ -159,17 +151,17 @@ LoadResult CncReader::LoadFile(std::string& fileName, const LoadAs& as) {
 bool CncReader::SettleUnsavedProgram(UnsavedProgram old) {
     ProgramStore& store = parts_.Store;
     if (!store.Unsaved()) return true;
-    const auto keepAside = [this] { return parts_.Calls.KeepAside && parts_.Calls.KeepAside(); };
-    const bool kept = old == UnsavedProgram::KeepCopy && keepAside();
+    const auto keepCopy = [this] { return parts_.Calls.KeepAside && parts_.Calls.KeepAside(); };
+    const bool kept = old == UnsavedProgram::KeepCopy && keepCopy();
     // Without a copy it is the user's to say.
     const bool asks = !kept && old != UnsavedProgram::Discard;
     if (asks && AskToSave(parts_.Platform.Dialogs, parts_.Language)) {
         parts_.Writer.mnuSave_Click();
         // "The program is still open" is what a failed save says. A cancelled dialog lets the opening go on.
-        if (store.SaveFailed || (store.ProgramChanged && !keepAside())) return false;
+        if (store.SaveFailed || (store.ProgramChanged && !keepCopy())) return false;
     } else if (!kept && store.SaveFailed) {
-        // The user had it saved, so far as he could.
-        keepAside();
+        // The user had chosen to save it, and the file could not be written.
+        keepCopy();
     }
     store.ProgramChanged = false;
     store.SaveFailed = false;
