@@ -147,7 +147,7 @@ int RunProgram(int argc, char** argv) {
     kvt::DesktopSystem& system = platform.Desktop.System;
     files.SetDataFolder(kvt::FoldersBelow(system.LocalDataFolder()).DataFolder);
     files.RemoveLeftovers();
-    kvt::BringResetCopies(files, system.LocalDataFolder());
+    kvt::InstallResetCopies(files, system.LocalDataFolder());
     BringPreProcessors(system.LocalDataFolder());
     kvt::Workbench workbench(platform.Services);
     workbench.Modules.StartFolder = kvt::PathText(QApplication::applicationDirPath()) + "/";

@@ -69,14 +69,12 @@ public:
         DrawWindow& draw = Loaded.Bench->Draw;
         Loaded.Platform.System.Watch(draw.Controls.frmDraw);
         Loaded.Platform.System.NextEvent = [&draw] {
-            if (draw.State.WaitingForClick) {
-                draw.State.WaitingForClick = false;
-            } else if (draw.State.StepMode && draw.Controls.cmdStep.Enabled) {
-                draw.Controls.cmdStep.Click();
-            } else {
-                return false;
+            switch (draw.State.Wait) {
+                case UserWait::Click: draw.State.EndClickWait(); return true;
+                case UserWait::Step: draw.Controls.cmdStep.Click(); return true;
+                case UserWait::None: break;
             }
-            return true;
+            return false;
         };
         draw.Show();
         if (draw.GivenUp()) {

@@ -82,7 +82,7 @@ void ScriptSession::Start(const std::string& commandLine) {
     commandLine_ = commandLine;
     // As the window's main function does.
     Platform.Files.RemoveLeftovers();
-    BringResetCopies(ownFiles_, Platform.System.DataFolder);
+    InstallResetCopies(ownFiles_, Platform.System.DataFolder);
     workbench_->Form_Load(NameFromSystem(commandLine));
 }
 

@@ -7,6 +7,7 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "files/cnc_format.h"
+#include "files/questions.h"
 #include "files/recogniser.h"
 
 namespace kvt {
@@ -27,16 +28,17 @@ bool IsProgram(const Recognised& found) {
 // that is a line of a program, N and a number, four where it is a header, "N`".
 std::string WithBeginning(std::string_view text) {
     const Recognised found = Recognise(text);
+    const std::string notesEnd = std::string(cnc::NotesEnd) + std::string(LineEnd);
     std::string_view before = text.substr(0, IsProgram(found) ? found.Position - 1 : 1);
     if (before.find(cnc::NotesEnd) != std::string_view::npos) return std::string(text);
     if (IsProgram(found)) {
         // The header has kept its blanks behind what else has come: noise of the line, empty lines.
         text.remove_prefix(before.size());
-        while (before.starts_with(cnc::LineEnd)) before.remove_prefix(cnc::LineEnd.size());
-        return std::string(before) + "%\r\n" + std::string(text);
+        while (before.starts_with(LineEnd)) before.remove_prefix(LineEnd.size());
+        return std::string(before) + notesEnd + std::string(text);
     }
     const bool isLine = BeginsWithIgnoringCase(text, "N") && text.substr(1, 1) != "`";
-    return "%\r\n" + std::string(isLine ? 3 : 4, ' ') + std::string(text);
+    return notesEnd + std::string(isLine ? 3 : 4, ' ') + std::string(text);
 }
 
 }  // namespace
@@ -129,7 +131,7 @@ void Receiver::cmdReceiveImport_Click() {
     // cannot be brought in it goes back in front of that, with the blanks at its ends: more of a line may follow.
     const std::string received = box.Text.Get();
     cmdReceiveNew_Click();
-    const LoadResult result = Import(Trim(received), OldProgram::KeptAside);
+    const LoadResult result = Import(Trim(received), UnsavedProgram::KeepCopy);
     const std::string rest = box.Text.Get();
     const bool taken = result == LoadResult::Loaded || result == LoadResult::LanguageModule;
     if (!taken) {
@@ -143,7 +145,7 @@ void Receiver::cmdReceiveImport_Click() {
 }
 
 // Brings a trimmed text into the editor as a changed program without a file.
-LoadResult Receiver::Import(std::string_view text, OldProgram old) {
+LoadResult Receiver::Import(std::string_view text, UnsavedProgram old) {
     FileService& files = parts_.Platform.Files;
     if (text.empty()) {
         parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
@@ -160,7 +162,7 @@ LoadResult Receiver::Import(std::string_view text, OldProgram old) {
     }
     // The program is in no file of the user: its name is empty, and it counts as changed.
     LoadAs as;
-    as.Old = old;
+    as.Unsaved = old;
     as.Name = "";
     as.Changed = true;
     const std::string before = parts_.File.dlgFile.FileName;
@@ -218,16 +220,12 @@ void Receiver::cmdReceiveExit_Click() {
 }
 
 void Receiver::LoadClipboardModule() {
-    const Texts& texts = parts_.Language;
     if (parts_.Port.IsSending) return parts_.Platform.System.Beep();
-    if (parts_.Store.LineCount() > 0 && parts_.Store.Unsaved()) {
-        const Answer answer = parts_.Platform.Dialogs.ShowMessage(
-            Question(texts.MessageTexts(text::ClearAnyway), texts.MessageTexts(text::ClearTitle)));
-        if (answer == Answer::No) return;
-    }
+    const bool asks = parts_.Store.LineCount() > 0 && parts_.Store.Unsaved();
+    if (asks && !AskToClear(parts_.Platform.Dialogs, parts_.Language)) return;
     std::string text;
     Attempt(clipboardName, [&] { text = parts_.Platform.Clipboard.GetText(); });
-    if (Import(Trim(text), OldProgram::GivenUp) == LoadResult::Loaded) cmdReceiveExit_Click();
+    if (Import(Trim(text), UnsavedProgram::Discard) == LoadResult::Loaded) cmdReceiveExit_Click();
 }
 
 }  // namespace kvt

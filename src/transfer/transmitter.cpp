@@ -188,7 +188,7 @@ void Transmitter::NextLine() {
     ShowProgress();
     SendLine(line);
     --left_.Lines;
-    left_.Characters -= line.size() + cnc::LineEnd.size();
+    left_.Characters -= line.size() + LineEnd.size();
 }
 
 void Transmitter::SendLine(const std::string& line) {
@@ -196,7 +196,7 @@ void Transmitter::SendLine(const std::string& line) {
     // The settings that a reception has left would spoil it.
     Attempt([&] { port.SetSettings(parts_.Port.TX().Settings); });
     Attempt([&] {
-        port.Output(line + std::string(cnc::LineEnd));
+        port.Output(line + std::string(LineEnd));
         lastLine_ = line;
     });
     ShowRow(line);
@@ -216,7 +216,7 @@ void Transmitter::ShowRow(std::string_view line) {
 void Transmitter::SendUnits() {
     // A reception meanwhile has put the port to its own settings.
     Attempt([&] { parts_.Port.Port().SetSettings(parts_.Port.TX().Settings); });
-    const std::string units = (metric_ ? "M" : "\"") + std::string(cnc::LineEnd);
+    const std::string units = (metric_ ? "M" : "\"") + std::string(LineEnd);
     Attempt([&] { parts_.Port.Port().Output(units); });
 }
 

@@ -183,12 +183,12 @@ TEST_F(DrawTest, NothingThatComesUpInAWaitDoesHarm) {
             int turn = 0;
             Platform.System.NextEvent = [&] {
                 if (++turn == wait) does();
-                State().WaitingForClick = false;
-                State().StepPressed = true;
+                State().EndClickWait();
+                State().PressStep();
                 return turn < 20;
             };
             Draw().Redraw();
-            EXPECT_FALSE(State().Walking || Field().Cross.Get().Shown);
+            EXPECT_FALSE(State().Walking() || Field().Cross.Get().Shown);
             EXPECT_EQ(State().MeasureClicks, 0);
             Draw().Unload();
         }

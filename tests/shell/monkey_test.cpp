@@ -56,7 +56,7 @@ public:
         DiskFiles().WriteWhole(name, DiskFiles().ReadWhole(KVT_SOURCE_DIR "/samples/" +
                                                            std::string(samples[Below(std::size(samples))])));
         DiskFiles own;
-        BringResetCopies(own, platform_.System.DataFolder);
+        InstallResetCopies(own, platform_.System.DataFolder);
         Bench->Form_Load(Below(4) == 0 ? "" : name);
     }
 

@@ -262,7 +262,7 @@ private:
             },
             [this, expected, at] {
                 ++Counts["lines edited"];
-                if (bench_->Draw.State.Walking) ++Counts["lines edited while a drawing waits"];
+                if (bench_->Draw.State.Walking()) ++Counts["lines edited while a drawing waits"];
                 const Lines now = Program();
                 ASSERT_EQ(now.size(), expected.size());
                 const std::string_view x = List().Row(static_cast<int>(at) + 1)[column::X];
