@@ -21,7 +21,7 @@ constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 constexpr bool IsSkipped(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
-// The road for numbers of more digits than a double holds exactly.
+// Reads a number of more digits than a double holds exactly.
 double ValOfLongText(std::string_view text) {
     std::string compact;
     bool point = false;
@@ -202,7 +202,7 @@ std::string_view Magnitude(float value, char (&buffer)[128]) {
     const float twice = magnitude * 2;
     char* end = nullptr;
     if (twice < 16777216.0F && twice == std::trunc(twice)) {
-        // Positions are whole numbers and halves: the short road.
+        // Nearly every position is a whole number or a half.
         const auto whole = static_cast<std::uint32_t>(magnitude);
         end = std::to_chars(buffer, buffer + sizeof buffer, whole).ptr;
         if (static_cast<float>(whole) != magnitude) {
@@ -259,8 +259,8 @@ SixCharacters FieldOfSix(float value) {
     const float magnitude = std::abs(value);
     const float twice = magnitude * 2;
     if (magnitude < 1'000'000 && twice == static_cast<float>(static_cast<int>(twice))) {
-        // The short road of nearly every position: whole numbers and halves, written from the right into a
-        // word that begins as six blanks.
+        // Nearly every position is a whole number or a half: written from the right into a word that begins as six
+        // blanks.
         std::uint64_t characters = 0x202020202020;
         int at = 40;
         const auto put = [&](char c) {

@@ -107,7 +107,7 @@ public:
             std::min({widest * twipsAPixel / area.Width, highest * twipsAPixel / area.Height, 1.0});
         width = area.Width / twipsAPixel * scale;
         height = area.Height / twipsAPixel * scale;
-        return SvgOf(field.Operations(), {bench_->Store.Machine, draw.State.DrawScale,
+        return SvgOf(field.Operations(), {std::string(NameOf(bench_->Store.Machine)), draw.State.DrawScale,
                                           bench_->Store.Metric ? "0.01 mm" : "0.001 inch", field.ScaleWidth(),
                                           field.ScaleHeight()});
     }
@@ -120,10 +120,10 @@ private:
     void ReadHead() {
         bool units = false;
         for (const std::string_view word : Split(block_.Head, " ")) {
-            if (word == "MK2" || word == "MK4" || word == "F1") {
-                bench_->Store.Machine = word;
+            if (const auto machine = MachineNamed(word)) {
+                bench_->Store.Machine = *machine;
             } else if (word == "mm" || word == "inch") {
-                bench_->Machine.SetUnits(word == "mm" ? "Metric" : "Imperial");
+                bench_->Machine.SetUnits(UnitsOf(word == "mm"));
                 units = true;
             } else if (word == "error") {
                 wantsError_ = true;

@@ -190,9 +190,9 @@ int Judge(const std::string& received, const std::string& machine) {
         std::printf("It is no program that a machine takes.\n");
         return status::Finding;
     }
-    const bool fits = EqualIgnoringCase(bench->Store.Machine, machine);
+    const bool fits = MachineNamed(machine) == bench->Store.Machine;
     std::printf("It is a program of %d lines for %s%s.\n", bench->Store.LineCount(),
-                bench->Store.Machine.c_str(), fits ? "" : ", not for this machine");
+                FactsOf(bench->Store.Machine).Name, fits ? "" : ", not for this machine");
     return fits ? status::Well : status::Finding;
 }
 

@@ -120,7 +120,8 @@ bool CalculatedInputs::EvalText(TextBox& field, bool textStays) {
     return value >= low && value <= high;
 }
 
-void CalculatedInputs::Refuse(TextBox& field, int message, std::int32_t bound, Icon icon, bool textStays) {
+void CalculatedInputs::Refuse(TextBox& field, MessageText message, std::int32_t bound, Icon icon,
+                              bool textStays) {
     std::string refusal(texts_.MessageTexts(message));
     refusal += " " + PlainNumber(bound);
     dialogs_.ShowMessage(Notice(refusal, "Value Check", icon));

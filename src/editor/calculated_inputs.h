@@ -29,7 +29,7 @@ public:
     void LeaveField(TextBox& field, bool keepsEmpty);
 
 private:
-    void Refuse(TextBox& field, int message, std::int32_t bound, Icon icon, bool textStays);
+    void Refuse(TextBox& field, MessageText message, std::int32_t bound, Icon icon, bool textStays);
 
     const ProgramStore& store_;
     const Texts& texts_;

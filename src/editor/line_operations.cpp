@@ -7,6 +7,7 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "editor/field_format.h"
+#include "program/result_cells.h"
 #include "program/word.h"
 
 namespace kvt {
@@ -128,12 +129,7 @@ void LineOperations::LineInsert() {
         row[column::Z] = "      ";
         row[column::F] = "    ";
         row[column::H] = "   ";
-        row[column::Error] = "";
-        for (const int c : {column::ToolX, column::ToolZ, column::CenterX, column::CenterZ, column::Radius}) {
-            row[c] = "      ";
-        }
-        row[column::Angle] = "   ";
-        row[column::Time] = "        ";
+        ClearResultCells(row);
         list.Select(selected);
     });
     // 6., 7.
@@ -197,9 +193,7 @@ void LineOperations::LineEdit() {
     // 9.
     Attempt(lineEditName, [&] {
         ListRow& row = SelectedRow();
-        for (int c = column::ToolX; c <= column::Radius; ++c) row[c] = "      ";
-        row[column::Angle] = "   ";
-        row[column::Error] = "               ";
+        ClearResultCells(row);
         if (KeepsComment(entry_)) {
             Keep(column::Comment);
         } else {

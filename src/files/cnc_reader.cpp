@@ -6,6 +6,7 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "files/cnc_format.h"
+#include "program/result_cells.h"
 
 namespace kvt {
 
@@ -55,15 +56,6 @@ std::string ParameterCell(std::string_view prefix, std::string_view digits, std:
     return cell;
 }
 
-void ClearResultCells(ListRow& row) {
-    row[column::Error] = "";
-    for (const int c : {column::ToolX, column::ToolZ, column::CenterX, column::CenterZ, column::Radius}) {
-        row[c] = "      ";
-    }
-    row[column::Angle] = "   ";
-    row[column::Time] = "        ";
-}
-
 // The prefix letter that a code gives one of its parameters, whatever the file holds.
 struct ForcedPrefix {
     CodeKey Key;
@@ -106,6 +98,12 @@ constexpr MillUnits millUnits[] = {
     {"\"-", false, true}, {"MI", true, false},  {"\"I", false, false},
 };
 
+MachineModel MachineOf(FileKind kind) {
+    return kind == FileKind::MK2   ? MachineModel::MK2
+           : kind == FileKind::MK4 ? MachineModel::MK4
+                                   : MachineModel::F1;
+}
+
 }  // namespace
 
 CncReader::CncReader(Parts parts) : parts_(parts) {}
@@ -132,7 +130,7 @@ LoadResult CncReader::LoadFile(std::string& fileName, const LoadAs& as) {
     }
     // 8. The old program is saved in the layout of its own machine, so the machine changes behind that.
     if (!LeaveProgram(as.Old)) return LoadResult::Nothing;
-    store.Machine = found.Kind == FileKind::MK2 ? "MK2" : found.Kind == FileKind::MK4 ? "MK4" : "F1";
+    store.Machine = MachineOf(found.Kind);
     // 9.
     Run(parts_.Calls.ClearProgram_Click);
     // 10. to 14.
@@ -251,7 +249,7 @@ bool CncReader::ReadMK2(std::string_view record, std::size_t index) {
     const std::string_view mark = Trim(Field(record, cnc::MK2UnitsMark));
     const bool imperial = mark == "\"";
     if (imperial || EqualIgnoringCase(mark, "M")) {
-        parts_.Machine.SetUnits(imperial ? "Imperial" : "Metric");
+        parts_.Machine.SetUnits(UnitsOf(!imperial));
         return false;
     }
     ListRow& row = parts_.Store.lvCncProgram.AddRow();
@@ -273,7 +271,7 @@ bool CncReader::ReadMK4(std::string_view record, bool withoutComments) {
     const std::string_view number = Trim(Field(record, cnc::Number));
     const bool imperial = number == "\"";
     if (imperial || EqualIgnoringCase(number, "M")) {
-        parts_.Machine.SetUnits(imperial ? "Imperial" : "Metric");
+        parts_.Machine.SetUnits(UnitsOf(!imperial));
         return false;
     }
     ListRow& row = parts_.Store.lvCncProgram.AddRow();
@@ -297,7 +295,7 @@ bool CncReader::ReadF1(std::string_view record) {
     for (const MillUnits& units : millUnits) {
         if (!EqualIgnoringCase(number, units.Mark)) continue;
         parts_.Store.Horizontal = units.Horizontal;
-        parts_.Machine.SetUnits(units.Metric ? "Metric" : "Imperial");
+        parts_.Machine.SetUnits(UnitsOf(units.Metric));
         return false;
     }
     ListRow& row = parts_.Store.lvCncProgram.AddRow();

@@ -50,12 +50,8 @@ void PreProcessor::RefreshPreProcessors() {
     }
     PreProcessorCount = 0;
     // 2.
-    const ProgramStore& store = parts_.Store;
-    const char* const pattern = store.IsMK2()   ? "*.MK2"
-                                : store.IsMK4() ? "*.MK4"
-                                : store.IsF1()  ? "*.F1"
-                                                : nullptr;
-    if (!pattern || PreProcessorFolder.empty()) return;
+    if (PreProcessorFolder.empty()) return;
+    const std::string pattern = "*." + std::string(NameOf(parts_.Store.Machine));
     // 3.
     std::vector<std::string> names;
     Attempt("RefreshPreProcessors", [&] { names = parts_.Platform.Files.List(PreProcessorFolder, pattern); });
@@ -171,7 +167,7 @@ bool PreProcessor::MakeWay(const std::string& file) {
     return false;
 }
 
-void PreProcessor::Tell(int message, const std::string& name) {
+void PreProcessor::Tell(MessageText message, const std::string& name) {
     const Texts& texts = parts_.Language;
     parts_.Platform.Dialogs.ShowMessage(
         Notice(std::string(texts.MessageTexts(message)) + "\r\n" + name, "", Icon::Exclamation));

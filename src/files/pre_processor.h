@@ -47,7 +47,7 @@ private:
     bool MakeWay(const std::string& file);
     bool ShowMessage(const std::string& file, const char* caption);
     void Remove(const std::string& file);
-    void Tell(int message, const std::string& name);
+    void Tell(MessageText message, const std::string& name);
 
     Parts parts_;
     // The array mnuPP. Entries that are not in use are hidden.

@@ -12,6 +12,8 @@ constexpr std::array<std::int32_t, LimitTable::Size> machineLimits = {
 
 }  // namespace
 
+std::int32_t MachineLimit(int index) { return machineLimits[static_cast<std::size_t>(index) - 1]; }
+
 void LimitTable::Fill(bool disableLimitsCheck) {
     values_ = machineLimits;
     if (!disableLimitsCheck) return;
