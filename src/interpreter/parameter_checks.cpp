@@ -1,6 +1,5 @@
 #include "interpreter/parameter_checks.h"
 
-#include <array>
 #include <cstdlib>
 #include <span>
 
@@ -257,51 +256,24 @@ void Apply(const Test& test, const RowValues& values, const Conditions& now, std
     }
 }
 
-// A code as a small number: 0 to 99 for G codes, 100 to 199 for M codes, -1 for any other text.
-constexpr int SlotOf(CodeKey key) {
-    const CodeKey letter = key >> 24;
-    const int tens = static_cast<int>(key >> 16 & 0xFF) - '0';
-    const int ones = static_cast<int>(key >> 8 & 0xFF) - '0';
-    if ((key & 0xFF) != ' ' || (letter != ' ' && letter != 'M')) return -1;
-    if (tens < 0 || tens > 9 || ones < 0 || ones > 9) return -1;
-    return (letter == 'M' ? 100 : 0) + tens * 10 + ones;
-}
-
-// Which rule of a group holds a code: the first one of these units.
-class RuleIndex {
-public:
-    RuleIndex(std::span<const Rule> rules, UnitSet units) {
-        for (const Rule& rule : rules) {
-            if (rule.For != UnitSet::Both && rule.For != units) continue;
-            for (const CodeKey key : rule.Keys) {
-                const Rule*& slot = rules_[static_cast<std::size_t>(SlotOf(key))];
-                if (!slot) slot = &rule;
-            }
+// The first rule of a group that holds a code in these units; null for none.
+const Rule* RuleOf(std::span<const Rule> rules, CodeKey key, UnitSet units) {
+    for (const Rule& rule : rules) {
+        if (rule.For != UnitSet::Both && rule.For != units) continue;
+        for (const CodeKey one : rule.Keys) {
+            if (one == key) return &rule;
         }
     }
-    const Rule* Of(CodeKey key) const {
-        const int slot = SlotOf(key);
-        return slot < 0 ? nullptr : rules_[static_cast<std::size_t>(slot)];
-    }
-
-private:
-    std::array<const Rule*, 200> rules_ = {};
-};
-
-// The three independent groups of one machine in one unit system.
-struct MachineRules {
-    RuleIndex Coordinates, FCell, HCell;
-};
-
-const MachineRules& RulesOf(bool mill, bool metric) {
-    static const auto make = [](bool isMill, UnitSet units) {
-        return isMill ? MachineRules{{millCoordinates, units}, {millFCell, units}, {{}, units}}
-                      : MachineRules{{latheCoordinates, units}, {latheFCell, units}, {latheHCell, units}};
-    };
-    static const MachineRules rules[] = {make(false, UnitSet::Inch), make(false, UnitSet::Metric),
-                                         make(true, UnitSet::Inch), make(true, UnitSet::Metric)};
-    return rules[(mill ? 2 : 0) + (metric ? 1 : 0)];
+    return nullptr;
 }
+
+// The three independent groups of a machine.
+struct RuleGroups {
+    std::span<const Rule> Coordinates, FCell, HCell;
+};
+
+constexpr RuleGroups latheGroups{latheCoordinates, latheFCell, latheHCell};
+constexpr RuleGroups millGroups{millCoordinates, millFCell, {}};
 
 }  // namespace
 
@@ -313,11 +285,12 @@ ParameterChecks::ParameterChecks(const ProgramStore& store, const Texts& texts)
       mill_(store.IsF1()) {}
 
 std::string ParameterChecks::Message(CodeKey key, const RowValues& values) const {
-    const MachineRules& rules = RulesOf(mill_, metric_);
+    const RuleGroups& groups = mill_ ? millGroups : latheGroups;
+    const UnitSet units = metric_ ? UnitSet::Metric : UnitSet::Inch;
     const Conditions now{limits_, texts_, metric_, horizontal_};
     std::string message;
-    for (const RuleIndex* group : {&rules.Coordinates, &rules.FCell, &rules.HCell}) {
-        const Rule* rule = group->Of(key);
+    for (const std::span<const Rule> group : {groups.Coordinates, groups.FCell, groups.HCell}) {
+        const Rule* rule = RuleOf(group, key, units);
         if (!rule) continue;
         for (const Test& test : rule->Tests) Apply(test, values, now, message);
     }
