@@ -185,7 +185,7 @@ bool CheckPass::FollowsArc() const {
     return previous == code::G02 || previous == code::G03;
 }
 
-// M99 judges the arc in front of it by the centre that was found for it. On the first line there is none.
+// M99 checks the arc in front of it by the centre that was found for it. On the first line there is none.
 CheckPass::Next CheckPass::ArcCenterLine() {
     if (itemRow_ == 1) return Next::GoOn;
     if (!FollowsArc()) return EndWith(text::MustFollowArc);

@@ -29,14 +29,13 @@ enum class Bound : std::uint8_t {
 };
 
 limit::ByUnits EntryOf(Bound bound, bool horizontal) {
-    const auto both = [](int index) { return limit::ByUnits{index, index}; };
     switch (bound) {
-        case Bound::Two: return both(limit::Two);
-        case Bound::Ten: return both(limit::Ten);
-        case Bound::N221: return both(limit::N221);
-        case Bound::N499: return both(limit::N499);
-        case Bound::N999: return both(limit::N999);
-        case Bound::N9999: return both(limit::Plus9999);
+        case Bound::Two: return limit::Both(limit::Two);
+        case Bound::Ten: return limit::Both(limit::Ten);
+        case Bound::N221: return limit::Both(limit::N221);
+        case Bound::N499: return limit::Both(limit::N499);
+        case Bound::N999: return limit::Both(limit::N999);
+        case Bound::N9999: return limit::Both(limit::Plus9999);
         case Bound::LatheX: return limit::LatheX;
         case Bound::LatheZ: return limit::LatheZ;
         case Bound::Feed: return limit::Feed;
@@ -47,7 +46,7 @@ limit::ByUnits EntryOf(Bound bound, bool horizontal) {
         case Bound::None:
         case Bound::Zero: break;
     }
-    return both(limit::Zero);
+    return limit::Both(limit::Zero);
 }
 
 int IndexOf(Bound bound, bool negated, bool metric, bool horizontal) {

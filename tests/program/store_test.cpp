@@ -38,6 +38,7 @@ TEST_F(StoreTest, LinesAndTheirCap) {
     EXPECT_EQ(Store.LineCount(), 3);
     Last()[column::Number] = " 1N";
     EXPECT_EQ(Store.LineCount(), 3);
+    EXPECT_FALSE(MachineNamed("MK9"));
     for (const auto& [machine, cap] : {std::pair{"MK2", 160}, {"mk2", 160}, {"MK4", 210}, {"F1", 210}}) {
         Store.Machine = MachineNamed(machine).value();
         Store.EndCodePresent = false;
