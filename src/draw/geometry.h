@@ -4,8 +4,14 @@
 
 namespace kvt {
 
+// A pen of width 1 is so wide; 96 pixels are an inch.
+inline constexpr int TwipsPerPixel = 15;
+
 // The angle of a direction, from 0 up to two pi, counter-clockwise with Y up. Both 0 give pi.
 double Atan2(double x, double y);
+
+// How far an arc goes counter-clockwise from its start to its end, above 0 up to two pi.
+double SweepOf(float start, float end);
 
 // Radians as degrees, in 32-bit floats.
 float RadToDeg(float angle);

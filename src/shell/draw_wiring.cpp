@@ -17,7 +17,6 @@ void mnuDraw_Click(Workbench& bench) {
         bench.Platform.Focus.SetFocus(bench.Draw.Controls.pbxDrawField);
     }
     bench.Draw.DrawForUser();
-    bench.Draw.Controls.frmDraw.BringToFront();
 }
 
 void GoToCodeField(Workbench& bench) {

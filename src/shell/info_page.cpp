@@ -37,7 +37,7 @@ void InfoPage::PutOn(TabStrip& settings, int page) {
         }
         Place({{*label, leftEdge, top, fieldWidth, lineHeight},
                {*box, leftEdge, top + lineHeight + 45, fieldWidth, fieldHeight}});
-        box->ShownOnly = true;
+        box->ReadOnly = true;
         top += step;
     }
 }
