@@ -1,9 +1,8 @@
 #pragma once
 
-namespace kvt {
+#include "basic/number.h"
 
-// The value of pi in all of the drawing's arithmetic.
-inline constexpr double Pi = 3.14159265358979;
+namespace kvt {
 
 // A pen of width 1 is so wide; 96 pixels are an inch.
 inline constexpr int TwipsPerPixel = 15;

@@ -115,7 +115,8 @@ bool CalculatedInputs::EvalText(TextBox& field, bool keepText) {
     return value >= low && value <= high;
 }
 
-void CalculatedInputs::Refuse(TextBox& field, int message, std::int32_t bound, Icon icon, bool keepText) {
+void CalculatedInputs::Refuse(TextBox& field, MessageText message, std::int32_t bound, Icon icon,
+                              bool keepText) {
     std::string refusal(texts_.MessageTexts(message));
     refusal += " " + PlainNumber(bound);
     dialogs_.ShowMessage(Notice(refusal, "Value Check", icon));

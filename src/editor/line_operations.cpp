@@ -7,7 +7,7 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "editor/field_format.h"
-#include "editor/result_cells.h"
+#include "program/result_cells.h"
 #include "program/word.h"
 
 namespace kvt {
@@ -116,7 +116,7 @@ void LineOperations::LineInsert() {
         row[column::Z] = "      ";
         row[column::F] = "    ";
         row[column::H] = "   ";
-        BlankResultCells(row);
+        ClearResultCells(row);
         list.Select(selected);
     });
     Renumber(selected + 1);
@@ -169,9 +169,7 @@ void LineOperations::LineEdit() {
     FormatInputs();
     Attempt(lineEditName, [&] {
         ListRow& row = SelectedRow();
-        for (int c = column::ToolX; c <= column::Radius; ++c) row[c] = "      ";
-        row[column::Angle] = "   ";
-        row[column::Error] = "               ";
+        ClearResultCells(row);
         if (CommentUnchanged(entry_)) {
             KeepOpenedCell(column::Comment);
         } else {

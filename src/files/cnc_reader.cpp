@@ -6,10 +6,10 @@
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
-#include "editor/result_cells.h"
 #include "files/cnc_format.h"
 #include "files/questions.h"
 #include "program/code_key.h"
+#include "program/result_cells.h"
 
 namespace kvt {
 
@@ -101,7 +101,7 @@ void ReadNumbered(ListRow& row, std::string_view record, std::span<const cnc::Pa
         Cell& cell = row[forced.Column];
         cell = forced.Letter + std::string(cell.View().substr(1));
     }
-    BlankResultCells(row);
+    ClearResultCells(row);
 }
 
 // The units line of the mill, which names the orientation too.
@@ -115,6 +115,12 @@ constexpr MillUnits millUnits[] = {
     {"M", true, false},   {"\"", false, false}, {"M-", true, true},
     {"\"-", false, true}, {"MI", true, false},  {"\"I", false, false},
 };
+
+MachineModel MachineOf(FileKind kind) {
+    return kind == FileKind::MK2   ? MachineModel::MK2
+           : kind == FileKind::MK4 ? MachineModel::MK4
+                                   : MachineModel::F1;
+}
 
 }  // namespace
 
@@ -139,7 +145,7 @@ LoadResult CncReader::LoadFile(std::string& fileName, const LoadAs& as) {
     }
     // The old program is saved in the layout of its own machine, so the machine changes behind that.
     if (!SettleUnsavedProgram(as.Unsaved)) return LoadResult::Nothing;
-    store.Machine = found.Kind == FileKind::MK2 ? "MK2" : found.Kind == FileKind::MK4 ? "MK4" : "F1";
+    store.Machine = MachineOf(found.Kind);
     Run(parts_.Calls.ClearProgram_Click);
     ReadNotes(text, found);
     ReadLines(text, found);
@@ -151,7 +157,7 @@ LoadResult CncReader::LoadFile(std::string& fileName, const LoadAs& as) {
 bool CncReader::SettleUnsavedProgram(UnsavedProgram old) {
     ProgramStore& store = parts_.Store;
     if (!store.Unsaved()) return true;
-    const auto keepCopy = [this] { return parts_.Calls.KeepAside && parts_.Calls.KeepAside(); };
+    const auto keepCopy = [this] { return parts_.Calls.KeepRecoveryCopy && parts_.Calls.KeepRecoveryCopy(); };
     const bool kept = old == UnsavedProgram::KeepCopy && keepCopy();
     // Without a copy it is the user's to say.
     const bool asks = !kept && old != UnsavedProgram::Discard;
@@ -246,7 +252,7 @@ bool CncReader::ReadMK2(std::string_view record, std::string_view comment, std::
     const std::string_view mark = Trim(Field(record, cnc::MK2UnitsMark));
     const bool imperial = mark == "\"";
     if (imperial || EqualIgnoringCase(mark, "M")) {
-        parts_.Machine.SetUnits(imperial ? "Imperial" : "Metric");
+        parts_.Machine.SetUnits(UnitsOf(!imperial));
         return false;
     }
     ListRow& row = parts_.Store.lvCncProgram.AddRow();
@@ -265,7 +271,7 @@ bool CncReader::ReadMK4(std::string_view record, std::string_view comment) {
     const std::string_view number = Trim(Field(record, cnc::Number));
     const bool imperial = number == "\"";
     if (imperial || EqualIgnoringCase(number, "M")) {
-        parts_.Machine.SetUnits(imperial ? "Imperial" : "Metric");
+        parts_.Machine.SetUnits(UnitsOf(!imperial));
         return false;
     }
     ListRow& row = parts_.Store.lvCncProgram.AddRow();
@@ -280,7 +286,7 @@ bool CncReader::ReadF1(std::string_view record, std::string_view comment) {
     for (const MillUnits& units : millUnits) {
         if (!EqualIgnoringCase(number, units.Mark)) continue;
         parts_.Store.Horizontal = units.Horizontal;
-        parts_.Machine.SetUnits(units.Metric ? "Metric" : "Imperial");
+        parts_.Machine.SetUnits(UnitsOf(units.Metric));
         return false;
     }
     ListRow& row = parts_.Store.lvCncProgram.AddRow();

@@ -50,12 +50,8 @@ void PreProcessor::RefreshPreProcessors() {
         for (int i = 1; i < PreProcessorCount; ++i) MenuEntry(i).Visible = false;
     }
     PreProcessorCount = 0;
-    const ProgramStore& store = parts_.Store;
-    const char* const pattern = store.IsMK2()   ? "*.MK2"
-                                : store.IsMK4() ? "*.MK4"
-                                : store.IsF1()  ? "*.F1"
-                                                : nullptr;
-    if (!pattern || PreProcessorFolder.empty()) return;
+    if (PreProcessorFolder.empty()) return;
+    const std::string pattern = "*." + std::string(NameOf(parts_.Store.Machine));
     std::vector<std::string> names;
     Attempt("RefreshPreProcessors", [&] { names = parts_.Platform.Files.List(PreProcessorFolder, pattern); });
     if (names.size() > maxEntries) names.resize(maxEntries);
@@ -165,7 +161,7 @@ bool PreProcessor::RemoveOldResult(const std::string& file) {
     return false;
 }
 
-void PreProcessor::ShowNotice(int message, const std::string& name) {
+void PreProcessor::ShowNotice(MessageText message, const std::string& name) {
     const Texts& texts = parts_.Language;
     parts_.Platform.Dialogs.ShowMessage(
         Notice(std::string(texts.MessageTexts(message)).append(LineEnd) + name, "", Icon::Exclamation));

@@ -94,15 +94,15 @@ void MainWindow::WireMenus() {
 
 void MainWindow::WireOptions() {
     MachineControls& machine = bench_.Machine;
-    machine.optSettingsMK2.OnClick = [this] { ChooseMachine("MK2"); };
-    machine.optSettingsMK4.OnClick = [this] { ChooseMachine("MK4"); };
-    machine.optSettingsF1CNC.OnClick = [this] { ChooseMachine("F1"); };
-    machine.optSettingsMm.OnClick = [this] { ChooseUnits("Metric"); };
-    machine.optSettingsInch.OnClick = [this] { ChooseUnits("Imperial"); };
-    machine.optSettingsHmm.OnClick = [this] { ChooseUnits("Metric", true); };
-    machine.optSettingsHinch.OnClick = [this] { ChooseUnits("Imperial", true); };
-    machine.optSettingsVmm.OnClick = [this] { ChooseUnits("Metric", false); };
-    machine.optSettingsVinch.OnClick = [this] { ChooseUnits("Imperial", false); };
+    for (const MachineFacts& one : Machines()) {
+        machine.OptionOf(one.Model).OnClick = [this, &one] { ChooseMachine(one.Model); };
+    }
+    machine.optSettingsMm.OnClick = [this] { ChooseUnits(Units::Metric); };
+    machine.optSettingsInch.OnClick = [this] { ChooseUnits(Units::Imperial); };
+    machine.optSettingsHmm.OnClick = [this] { ChooseUnits(Units::Metric, true); };
+    machine.optSettingsHinch.OnClick = [this] { ChooseUnits(Units::Imperial, true); };
+    machine.optSettingsVmm.OnClick = [this] { ChooseUnits(Units::Metric, false); };
+    machine.optSettingsVinch.OnClick = [this] { ChooseUnits(Units::Imperial, false); };
     bench_.Main.lblSettingsIncrColor.OnClick = [this] { ChooseColor(bench_.Store.IncrColor); };
     bench_.Main.lblSettingsAbsColor.OnClick = [this] { ChooseColor(bench_.Store.AbsColor); };
     bench_.View.chkViewFileNotes.OnClick = [this] { PlaceMainWindow(bench_); };
@@ -361,7 +361,7 @@ void MainWindow::ShowPaths() {
     bench_.Info.Show(bench_.File.lblPath.Caption.Get(), bench_.Modules.StartFolder, Folders.SettingsFolder);
 }
 
-void MainWindow::ChooseMachine(const char* machine) {
+void MainWindow::ChooseMachine(MachineModel machine) {
     if (!bench_.Settings.Busy) mnuNew_Click();
     // Still unsaved: the user kept the program, and the machine stays.
     if (!bench_.Store.Unsaved()) bench_.Store.Machine = machine;
@@ -369,12 +369,12 @@ void MainWindow::ChooseMachine(const char* machine) {
     bench_.RefreshMachine();
 }
 
-void MainWindow::ChooseUnits(const char* units) {
+void MainWindow::ChooseUnits(Units units) {
     bench_.Machine.SetUnits(units);
     bench_.Interpreter.Interpreter();
 }
 
-void MainWindow::ChooseUnits(const char* units, bool horizontal) {
+void MainWindow::ChooseUnits(Units units, bool horizontal) {
     bench_.Store.Horizontal = horizontal;
     ChooseUnits(units);
 }

@@ -5,6 +5,7 @@
 
 #include "files/folders.h"
 #include "platform/picture_box.h"
+#include "program/machine.h"
 
 namespace kvt {
 
@@ -41,9 +42,9 @@ private:
     void WireOptions();
     void WireKeys();
     void cmdTopButtons_Click(int index);
-    void ChooseMachine(const char* machine);
-    void ChooseUnits(const char* units);
-    void ChooseUnits(const char* units, bool horizontal);
+    void ChooseMachine(MachineModel machine);
+    void ChooseUnits(Units units);
+    void ChooseUnits(Units units, bool horizontal);
     // Asks for one of the mode colours, and colours the lines with it.
     void ChooseColor(Color& color);
     // Shows a picture of the axes over the program list, or leaves it.

@@ -50,14 +50,11 @@ void EditorSettings::BindSettings() {
         "Horizontal", [&store](const std::string& value) { store.Horizontal = TrueOrFalse(value); },
         [&store] { return TrueOrFalse(store.Horizontal); });
     Keys.Bind(
-        "Metric",
-        [this](const std::string& value) {
-            bench_.Machine.SetUnits(TrueOrFalse(value) ? "Metric" : "Imperial");
-        },
+        "Metric", [this](const std::string& value) { bench_.Machine.SetUnits(UnitsOf(TrueOrFalse(value))); },
         [&store] { return TrueOrFalse(store.Metric); });
     Keys.Bind(
         "Machine", [this](const std::string& value) { ChooseMachine(value); },
-        [&store] { return store.Machine; });
+        [&store] { return std::string(NameOf(store.Machine)); });
     Keys.Bind(
         "DisableLimitsCheck",
         [&store](const std::string& value) { store.DisableLimitsCheck = TrueOrFalse(value); },
@@ -167,7 +164,7 @@ void EditorSettings::ChooseBuiltInFont() {
 
 void EditorSettings::TakeBuiltInValues() {
     for (PortSide* side : {&bench_.Port.TX(), &bench_.Port.RX()}) bench_.Port.cmdEmco_Click(*side);
-    bench_.Store.Machine = "MK4";
+    bench_.Store.Machine = MachineModel::MK4;
     bench_.RefreshMachine();
     Centre();
     try {
@@ -252,7 +249,7 @@ void EditorSettings::mnuReset_Click() {
     // 4.
     ProgramStore& store = bench_.Store;
     const std::string module = bench_.Language.ModuleFile;
-    const std::string machine = store.Machine;
+    const MachineModel machine = store.Machine;
     const bool metric = store.Metric;
     const bool horizontal = store.Horizontal;
     bench_.frmMain.State = WindowState::Normal;
@@ -263,7 +260,7 @@ void EditorSettings::mnuReset_Click() {
     // 5. The program is what it was, and is checked when everything stands.
     store.Machine = machine;
     store.Horizontal = horizontal;
-    bench_.Machine.SetUnits(metric ? "Metric" : "Imperial");
+    bench_.Machine.SetUnits(UnitsOf(metric));
     bench_.Feeds.SetFeedLimits();
     Run(bench_.Calls.LoadLanguageModule, module);
     bench_.RefreshMachine();
@@ -274,18 +271,9 @@ void EditorSettings::mnuReset_Click() {
 // Read only where no file decides the machine.
 void EditorSettings::ChooseMachine(const std::string& machine) {
     if (LastFileExists()) return;
-    MachineControls& controls = bench_.Machine;
-    const struct {
-        const char* Name;
-        OptionButton& Option;
-    } options[] = {{"MK2", controls.optSettingsMK2},
-                   {"MK4", controls.optSettingsMK4},
-                   {"F1", controls.optSettingsF1CNC},
-                   {"", controls.optSettingsMK4}};
-    for (const auto& [name, option] : options) {
-        if (EqualIgnoringCase(machine, name)) return option.Click();
-    }
-    throw RunTimeError(fault::TypeMismatch);
+    const std::optional<MachineModel> model = machine.empty() ? MachineModel::MK4 : MachineNamed(machine);
+    if (!model) throw RunTimeError(fault::TypeMismatch);
+    bench_.Machine.OptionOf(*model).Click();
 }
 
 std::string EditorSettings::FileOfCommandLine() const {

@@ -81,7 +81,7 @@ Workbench::Workbench(Services& services)
 void Workbench::FillCalls() {
     Calls.cmdReturn_Click = [this] { cmdReturn_Click(); };
     Calls.ClearProgram_Click = [this] { ClearProgram_Click(); };
-    Calls.KeepAside = [this] { return Kept.KeepAside(); };
+    Calls.KeepRecoveryCopy = [this] { return Kept.KeepAside(); };
     Calls.RefreshMachine = [this] { RefreshMachine(); };
     Calls.RefreshTitle = [this] { Window.RefreshTitle(); };
     Calls.ControlsPositioning = [this] { PlaceMainWindow(*this); };
@@ -290,7 +290,7 @@ void Workbench::cmdReturn_Click() {
 void Workbench::TellUnkept() {
     if (std::exchange(unkeptTold_, true)) return;
     Platform.Dialogs.ShowMessage(
-        Notice(std::string(Language.MessageTexts(text::Unkept)) + " " + Window.Folders.DataFolder, "",
+        Notice(std::string(Language.MessageTexts(text::CannotKeep)) + " " + Window.Folders.DataFolder, "",
                Icon::Exclamation));
 }
 
@@ -332,12 +332,7 @@ void Workbench::ClearProgram_Click() {
     Run(Calls.mnuDraw_Click);
 }
 
-void Workbench::ShowMachineName() {
-    const OptionButton& option = Store.IsF1()    ? Machine.optSettingsF1CNC
-                                 : Store.IsMK2() ? Machine.optSettingsMK2
-                                                 : Machine.optSettingsMK4;
-    Main.lblMachineType.Caption = option.Caption;
-}
+void Workbench::ShowMachineName() { Main.lblMachineType.Caption = Machine.OptionOf(Store.Machine).Caption; }
 
 void Workbench::RefreshMachine() {
     Run(Calls.RefreshTitle);
@@ -353,9 +348,6 @@ void Workbench::RefreshMachine() {
     View.SetAutoWidth();
     Entry.lblGMcode.Caption = "G";
     Machine.RefreshUnits();
-    Main.lblMachineType.Caption = Store.IsF1()    ? "F1 CNC"
-                                  : Store.IsMK2() ? "Compact5 CNC MK2"
-                                                  : "Compact5 CNC MK4";
     ShowMachineName();
     if (Store.IsF1()) {
         Entry.picXYaxes.Visible = true;
