@@ -74,11 +74,11 @@ void LineOperations::LineDelete() {
     interpreter_.EndStepRun();
     store_.ProgramChanged = true;
     list.RemoveRow(selected);
-    // The deleted line can be written elsewhere as long as it stands in the entry row.
+    // As long as the deleted line is open in the entry row it can be written to another row.
     int& opened = entry_.Opened.Place;
     if (opened == selected) opened = 0;
     if (opened > selected) --opened;
-    // Without a line there is nothing to number, to check or to draw; the open line stands already.
+    // Without a line there is nothing to number, to check or to draw, and the open line is there already.
     if (store_.LineCount() < 1) return;
     Renumber(1);
     // A pointer to the deleted line now aims at the line that moved up into its place.
@@ -179,7 +179,7 @@ void LineOperations::LineEdit() {
     interpreter_.Interpreter();
     const bool added = edited == list.Count();
     store_.AddBlankLine(added);
-    // A line that was added leaves the row to the next one; another one still stands there.
+    // An added line leaves the entry row free for the next one; an edited one stays open in it.
     if (added) {
         entry_.Opened.Close();
     } else {

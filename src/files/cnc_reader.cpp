@@ -157,19 +157,17 @@ LoadResult CncReader::LoadFile(std::string& fileName, const LoadAs& as) {
 bool CncReader::SettleUnsavedProgram(UnsavedProgram old) {
     ProgramStore& store = parts_.Store;
     if (!store.Unsaved()) return true;
-    const auto keepAside = [this] {
-        return parts_.Calls.KeepRecoveryCopy && parts_.Calls.KeepRecoveryCopy();
-    };
-    const bool kept = old == UnsavedProgram::KeepCopy && keepAside();
+    const auto keepCopy = [this] { return parts_.Calls.KeepRecoveryCopy && parts_.Calls.KeepRecoveryCopy(); };
+    const bool kept = old == UnsavedProgram::KeepCopy && keepCopy();
     // Without a copy it is the user's to say.
     const bool asks = !kept && old != UnsavedProgram::Discard;
     if (asks && AskToSave(parts_.Platform.Dialogs, parts_.Language)) {
         parts_.Writer.mnuSave_Click();
         // "The program is still open" is what a failed save says. A cancelled dialog lets the opening go on.
-        if (store.SaveFailed || (store.ProgramChanged && !keepAside())) return false;
+        if (store.SaveFailed || (store.ProgramChanged && !keepCopy())) return false;
     } else if (!kept && store.SaveFailed) {
-        // The user had it saved, so far as he could.
-        keepAside();
+        // The user had chosen to save it, and the file could not be written.
+        keepCopy();
     }
     store.ProgramChanged = false;
     store.SaveFailed = false;

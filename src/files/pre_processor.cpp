@@ -96,7 +96,7 @@ void PreProcessor::mnuPP_Click(int index) {
     }
 }
 
-// Runs the pre-processor. False where it has left no program, which has been told then, or the user has ended it.
+// Runs the pre-processor. False where it has left no program, after a message, or where the user has ended it.
 bool PreProcessor::Convert(const std::string& command, const std::string& name) {
     int program = 0;
     if (!Attempt(preProcessorName, [&] { program = parts_.Platform.Programs.Start(command, name); })) {
@@ -153,7 +153,7 @@ void PreProcessor::Remove(const std::string& file) {
     Attempt(preProcessorName, [&] { parts_.Platform.Files.Delete(file); });
 }
 
-// Removes what an earlier run has left under a name. False, and told, where it stays.
+// Removes a file of an earlier run. False, after a message, where that fails.
 bool PreProcessor::RemoveOldResult(const std::string& file) {
     Remove(file);
     if (!parts_.Platform.Files.Exists(file)) return true;
