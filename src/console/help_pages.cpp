@@ -43,7 +43,7 @@ public:
           window_(bench_->Draw.Controls.frmDraw, platform_.Screen, platform_.Focus) {
         ReadHead();
         ProgramStore& store = bench_->Store;
-        bench_->RefreshMachine();
+        bench_->Display.RefreshMachine();
         store.AddBlankLine(false);
         for (const std::string& line : block.Lines) {
             ++line_;

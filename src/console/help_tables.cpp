@@ -69,7 +69,7 @@ public:
         : bench_(std::make_unique<Workbench>(platform_.Services)) {
         bench_->Modules.LoadLanguageModule(languageModule);
         bench_->Store.Machine = machine;
-        bench_->RefreshMachine();
+        bench_->Display.RefreshMachine();
     }
 
     bool IsMK2() const { return bench_->Store.IsMK2(); }

@@ -68,7 +68,7 @@ void ScriptSession::NewBench() {
     // The help documents lie beside the program.
     std::error_code failed;
     const fs::path program = fs::read_symlink("/proc/self/exe", failed);
-    bench_->Modules.StartFolder = NameFromSystem(program.parent_path().string()) + "/";
+    bench_->Help.StartFolder = NameFromSystem(program.parent_path().string()) + "/";
     forms_ = bench_->Forms();
     for (Form* form : forms_) {
         Platform.System.Watch(*form);

@@ -147,15 +147,17 @@ LoadResult CncReader::LoadFile(std::string& fileName, const LoadAs& as) {
 bool CncReader::LeaveProgram(OldProgram old) {
     ProgramStore& store = parts_.Store;
     if (!store.Unsaved()) return true;
-    const auto keepAside = [this] { return parts_.Calls.KeepAside && parts_.Calls.KeepAside(); };
-    const bool kept = old == OldProgram::KeptAside && keepAside();
+    const auto writeRecoveryCopy = [this] {
+        return parts_.Calls.WriteRecoveryCopy && parts_.Calls.WriteRecoveryCopy();
+    };
+    const bool kept = old == OldProgram::KeptAside && writeRecoveryCopy();
     // Without a copy it is the user's to say.
     if (!kept && old != OldProgram::GivenUp && AskToSave()) {
         // "The program is still open" is what a failed save says. A cancelled dialog lets the opening go on.
-        if (store.SaveFailed || (store.ProgramChanged && !keepAside())) return false;
+        if (store.SaveFailed || (store.ProgramChanged && !writeRecoveryCopy())) return false;
     } else if (!kept && store.SaveFailed) {
         // The user had it saved, so far as he could.
-        keepAside();
+        writeRecoveryCopy();
     }
     store.ProgramChanged = false;
     store.SaveFailed = false;

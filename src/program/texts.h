@@ -77,7 +77,7 @@ inline constexpr int SaveNow = 1, ClearAnyway = 2, ContinueTitle = 3, ClearTitle
                      Minimum = 11, Maximum = 12, TheFile = 15, NotACncFile = 16, RecognizingProblem = 17,
                      ProgramVersion = 13, LanguageModule = 14, Overwrite = 19, LowestValue = 20,
                      HighestValue = 21, LeftAngle = 24, RightAngle = 25, DragTaskbar = 26,
-                     BlockedByTaskbar = 27, RestoreUnsaved = 28, Unkept = 29;
+                     BlockedByTaskbar = 27, RestoreUnsaved = 28, DataNotWritable = 29;
 // In DrawErrorTexts.
 inline constexpr int HasBeenSaved = 1, TooManyCalls = 2, MostCalls = 3, NotRecognised = 6, NotWritten = 7;
 }  // namespace text

@@ -3,22 +3,48 @@
 #include <string>
 #include <string_view>
 
+#include "editor/feed_presets.h"
+#include "files/cnc_reader.h"
 #include "files/settings_file.h"
+#include "interpreter/interpreter.h"
+#include "shell/machine_display.h"
+#include "shell/printer_page.h"
+#include "shell/user_data.h"
+#include "transfer/port_control.h"
 
 namespace kvt {
-
-class Workbench;
 
 // What outlives a run of the main window, and the way back to the delivered state. The controls are the settings;
 // this brings them into the file and back.
 class EditorSettings {
 public:
-    explicit EditorSettings(Workbench& bench);
+    struct Parts {
+        Form& Window;
+        ProgramStore& Store;
+        MachineControls& Machine;
+        FileControls& File;
+        ViewColumns& View;
+        PrinterPage& Paper;
+        PortControl& Port;
+        FeedPresets& Feeds;
+        CncReader& Reader;
+        ControlInterpreter& Interpreter;
+        MachineDisplay& Display;
+        Texts& Language;
+        UserData& Data;
+        Services& Platform;
+        WorkbenchCalls& Calls;
+    };
+    explicit EditorSettings(const Parts& parts);
 
     // The keys of the file. A room that is in charge of a value binds its key here.
     SettingsFile Keys;
     // The text of the command line, which is looked at where the file names the last file.
     std::string CommandLine;
+
+    // Tells that there is no printer, and ends the program; whether it is ending.
+    std::function<void()> EndWithoutPrinter;
+    std::function<bool()> Ending;
 
     // The keys of the file are being applied: a machine chosen by them clears nothing.
     bool Busy = false;
@@ -35,12 +61,9 @@ public:
     void TellMissingFile();
 
 private:
-    void BindSettings();
-    void BindView();
-    void BindTransfer();
-    void BindPrinter();
+    void BindKeys();
     void ChooseBuiltInFont();
-    void TakeBuiltInValues();
+    void ApplyBuiltInValues();
     void ApplyFile();
     void LoadModule();
     void LoadLastFile();
@@ -51,12 +74,12 @@ private:
     std::string FileOfCommandLine() const;
     // The file for the next start.
     std::string LastFileUsed() const;
-    void Place(const WindowPlace& place, std::optional<WindowState> state);
-    void Centre();
+    void PlaceWindow(const WindowPlace& place, std::optional<WindowState> state);
+    void CentreWindow();
     bool LastFileExists() const;
     std::string InFolder(const char* name) const;
 
-    Workbench& bench_;
+    Parts parts_;
     std::string languageFile_;
     std::string lastFile_;
     bool loaded_ = false;
