@@ -8,8 +8,8 @@
 #include "console/script_drawing.h"
 #include "console/script_run.h"
 #include "console/state.h"
-#include "headless/key_names.h"
-#include "headless/text_editing.h"
+#include "platform/clicks.h"
+#include "platform/key_press.h"
 #include "platform/keys.h"
 
 // What a script can do to the workbench, as a user or as what surrounds it.

@@ -5,7 +5,7 @@
 #include "basic/code_page.h"
 #include "basic/number.h"
 #include "console/drawing.h"
-#include "headless/text_editing.h"
+#include "platform/clicks.h"
 
 namespace kvt::script {
 

@@ -14,6 +14,7 @@
 #include "headless/memory_port.h"
 #include "headless/memory_printer.h"
 #include "headless/system_programs.h"
+#include "platform/keyboard.h"
 #include "platform/services.h"
 
 namespace kvt {
@@ -72,14 +73,13 @@ public:
     int WorkAreaTwips = 15600;
 };
 
-// The system without a display. Time is virtual and starts at 0. A key chooses the menu entry whose shortcut it
-// is, or goes to the control with the focus, with the editing that a text box does by itself. What a wait takes
-// next comes from NextEvent.
-class MemorySystem : public SystemService {
+// The system without a display. Time is virtual and starts at 0. Keys go to the form of the control with the focus.
+// What a wait takes next comes from NextEvent.
+class MemorySystem : public SystemService, private KeyboardHost {
 public:
     // Without a clipboard the keys of copying and pasting do nothing.
     explicit MemorySystem(FocusKeeper& focus, ClipboardService* clipboard = nullptr)
-        : focus_(focus), clipboard_(clipboard) {}
+        : focus_(focus), keyboard_(focus, clipboard, *this) {}
 
     bool DoEvents() override;
     // Only after a great many turns the user loses his patience: then what he does next comes, as in a wait.
@@ -88,7 +88,7 @@ public:
     bool WaitUntil(const std::function<double()>& left) override;
     std::tm Now() override;
     std::string LocalDataFolder() override { return DataFolder; }
-    void PressKey(int key) override;
+    void PressKey(int key) override { Press(key); }
     void Later(std::function<void()> call) override;
     void Beep() override { ++Beeps; }
     void ShowPopupMenu(Menu& menu) override { ShownPopup = &menu; }
@@ -109,8 +109,8 @@ public:
     void Run(const std::function<void()>& handler);
 
     // A key or a character as a user presses it.
-    void Press(int key, int held = 0);
-    void Type(char character);
+    void Press(int key, int held = 0) { Deliver(PressOf(KeyStroke{key, held})); }
+    void Type(char character) { Deliver(PressOf(character)); }
     // Lets the virtual clock run on, with the timers of the forms that are given to it.
     void Advance(int milliseconds);
     void Watch(Form& form);
@@ -124,11 +124,11 @@ public:
     Menu* ShownPopup = nullptr;
 
 private:
-    struct KeyPress {
-        int Key;  // 0 for a character alone
-        int Held;
-        int Character;  // 0 for a key without one
-    };
+    void Run(const Control&, const char*, const std::function<void()>& act) override { act(); }
+    bool HasEnded() const override { return Ended; }
+    bool MenuIsOpen() const override { return ShownPopup != nullptr; }
+    void CloseMenu() override { ShownPopup = nullptr; }
+
     struct PutOffCall {
         std::function<void()> Call;
         int Depth;  // of the handler that has put it off
@@ -136,7 +136,6 @@ private:
     bool ServeWaiting();
     void Deliver(KeyPress press);
     void DeliverWaiting();
-    void DeliverOne(const KeyPress& press);
     // A timer of a form, and when it was set going: it ticks from there on.
     class TimerPhase : public ControlView {
     public:
@@ -154,7 +153,7 @@ private:
     long long NextTick(long long end) const;
 
     FocusKeeper& focus_;
-    ClipboardService* clipboard_;
+    Keyboard keyboard_;
     std::deque<KeyPress> keys_;
     bool delivering_ = false;
     std::vector<std::unique_ptr<TimerPhase>> timers_;

@@ -151,6 +151,14 @@ void Workbench::WireTransfer() {
         Transmit.Stop();
         Interpreter.cmdStop_Click();
     };
+    // The button has gone with the view; the next key is a code.
+    for (CommandButton* button : {&Transfer.cmdReceiveImport, &Transfer.cmdReceiveExit}) {
+        button->OnClick = [this, leave = std::move(button->OnClick)] {
+            leave();
+            const Control* const focused = Platform.Focus.Focused();
+            if (!Transfer.frRXcode.Visible && focused && !focused->ReallyVisible()) FocusCode();
+        };
+    }
     ListView& list = Store.lvCncProgram;
     UnlessHeld(list.OnClick);
     UnlessHeld(list.OnRightClick);

@@ -3,9 +3,9 @@
 #include <random>
 
 #include "files/settings_file.h"
-#include "headless/key_names.h"
 #include "headless/memory_window.h"
-#include "headless/text_editing.h"
+#include "platform/clicks.h"
+#include "platform/key_press.h"
 #include "platform/keys.h"
 #include "platform/picture_box.h"
 #include "support/bench_fixture.h"

@@ -6,7 +6,7 @@
 #include "basic/number.h"
 #include "basic/text.h"
 #include "headless/memory_window.h"
-#include "headless/text_editing.h"
+#include "platform/clicks.h"
 #include "platform/keys.h"
 #include "support/bench_fixture.h"
 
