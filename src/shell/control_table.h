@@ -10,6 +10,8 @@ namespace kvt {
 
 inline constexpr int SmallestHeight = 8720;
 inline constexpr int SmallestWidth = 11800;
+// Before a settings file has told another one.
+inline constexpr int UsualWidth = 13800;
 
 // A length in twips. It may follow the width or the height of the window, within bounds.
 struct Length {

@@ -5,7 +5,7 @@
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
-#include "shell/control_table.h"
+#include "shell/settings_keys.h"
 
 namespace kvt {
 
@@ -19,7 +19,6 @@ constexpr const char* editorResetFile = "SettingsEditorReset.txt";
 constexpr const char* drawFile = "SettingsDraw.txt";
 constexpr const char* drawResetFile = "SettingsDrawReset.txt";
 constexpr const char* defaultModule = "Language.txt";
-constexpr int firstWidth = 13800;
 
 void Copy(FileService& files, const std::string& from, const std::string& to, const char* procedure) {
     if (files.Exists(from)) Attempt(procedure, [&] { files.WriteWhole(to, files.ReadWhole(from)); });
@@ -37,7 +36,7 @@ void EditorSettings::BindKeys() {
         [this] { return parts_.Language.ModuleFile; });
     Keys.Bind(
         "LastFileUsed", [this](const std::string& value) { ChooseFile(value); },
-        [this] { return LastFileUsed(); });
+        [this] { return parts_.Last.ForNextStart(); });
     Keys.Bind(
         "Metric",
         [this](const std::string& value) {
@@ -47,13 +46,6 @@ void EditorSettings::BindKeys() {
     Keys.Bind(
         "Machine", [this](const std::string& value) { ChooseMachine(value); },
         [this] { return parts_.Store.Machine; });
-    Keys.Bind(
-        "EditorWindow",
-        [this](const std::string& value) { PlaceWindow(WindowPlaceOf(value), WindowStateOf(value)); },
-        [this] {
-            const Form& form = parts_.Window;
-            return WindowText(form.RestoredPlace()) + (form.FillsScreen() ? WindowStateText(true) : "");
-        });
 }
 
 void EditorSettings::LoadSettings() {
@@ -68,7 +60,7 @@ void EditorSettings::LoadSettings() {
     }
     if (Ending()) return;
     loaded_ = true;
-    parts_.Window.Visible = true;
+    parts_.Main.Window.Visible = true;
 }
 
 // The first font named "Courier"; a "Courier New" behind it takes its place.
@@ -85,7 +77,7 @@ void EditorSettings::ApplyBuiltInValues() {
     for (PortSide* side : {&parts_.Port.TX(), &parts_.Port.RX()}) parts_.Port.cmdEmco_Click(*side);
     parts_.Store.Machine = "MK4";
     parts_.Display.RefreshMachine();
-    CentreWindow();
+    Centre(parts_.Main.Window, parts_.Platform.Screen);
     try {
         ChooseBuiltInFont();
     } catch (const RunTimeError& error) {
@@ -96,13 +88,13 @@ void EditorSettings::ApplyBuiltInValues() {
     parts_.Display.ShowCodeLists();
     // Also where the folder cannot be written, so that there never is a file.
     ChooseFile("");
-    if (LastFileExists()) LoadLastFile();
+    if (parts_.Last.Exists()) LoadLastFile();
 }
 
 void EditorSettings::ApplyFile() {
     FileService& files = parts_.Platform.Files;
     languageFile_.clear();
-    lastFile_.clear();
+    parts_.Last.Forget();
     std::string text;
     Attempt(loadSettingsName, [&] { text = WithoutUtf8Mark(files.ReadWhole(InFolder(editorFile))); });
     Busy = true;
@@ -132,8 +124,8 @@ void EditorSettings::LoadModule() {
 }
 
 void EditorSettings::LoadLastFile() {
-    if (LastFileExists()) {
-        std::string name = lastFile_;
+    if (parts_.Last.Exists()) {
+        std::string name = parts_.Last.Name();
         parts_.Reader.LoadFile(name);
     }
     // A file without a line of units leaves those of the settings.
@@ -164,7 +156,7 @@ void EditorSettings::mnuReset_Click() {
     const std::string machine = store.Machine;
     const bool metric = store.Metric;
     const bool horizontal = store.Horizontal;
-    parts_.Window.State = WindowState::Normal;
+    parts_.Main.Window.State = WindowState::Normal;
     resetting_ = true;
     LoadSettings();
     resetting_ = false;
@@ -182,7 +174,7 @@ void EditorSettings::mnuReset_Click() {
 
 // Read only where no file decides the machine.
 void EditorSettings::ChooseMachine(const std::string& machine) {
-    if (LastFileExists()) return;
+    if (parts_.Last.Exists()) return;
     MachineControls& controls = parts_.Machine;
     const struct {
         const char* Name;
@@ -197,62 +189,9 @@ void EditorSettings::ChooseMachine(const std::string& machine) {
     throw RunTimeError(fault::TypeMismatch);
 }
 
-std::string EditorSettings::FileOfCommandLine() const {
-    std::string_view name = Trim(CommandLine);
-    if (!name.empty() && name.front() == '"') {
-        const std::size_t last = name.rfind('"');
-        name = last > 0 ? name.substr(1, last - 1) : name.substr(1);
-    }
-    return std::string(name);
-}
-
 void EditorSettings::ChooseFile(const std::string& last) {
-    missed_ = false;
-    lastFile_.clear();
-    // A reset leaves the program alone.
-    if (resetting_) return;
-    parts_.File.LastProgram = last;
-    lastFile_ = last;
-    if (Trim(CommandLine).empty()) return;
-    lastFile_ = FileOfCommandLine();
-    missed_ = !parts_.Platform.Files.Exists(lastFile_);
-}
-
-void EditorSettings::TellMissingFile() {
-    if (!missed_) return;
-    const Texts& texts = parts_.Language;
-    parts_.Platform.Dialogs.ShowMessage(Notice(FileMessage(texts, FileOfCommandLine(), text::NotFound),
-                                               texts.ErrorTexts(text::OpenTitle), Icon::Exclamation));
-}
-
-std::string EditorSettings::LastFileUsed() const {
-    const FileControls& file = parts_.File;
-    const std::string& path = file.lblPath.Caption.Get();
-    // A mistyped name on the command line changes nothing, and a source is no program.
-    const bool keeps = path.empty() ? missed_ : file.NamesSource;
-    return keeps ? file.LastProgram : path;
-}
-
-bool EditorSettings::LastFileExists() const {
-    return !lastFile_.empty() && parts_.Platform.Files.Exists(lastFile_);
-}
-
-void EditorSettings::PlaceWindow(const WindowPlace& place, std::optional<WindowState> state) {
-    ScreenService& screen = parts_.Platform.Screen;
-    WindowPlace wanted = place;
-    if (wanted.Height <= 0) wanted.Height = SmallestHeight;
-    if (wanted.Width <= 0) wanted.Width = std::min(screen.Width(), firstWidth);
-    if (wanted.Left <= 0) wanted.Left = (screen.Width() - wanted.Width) / 2;
-    if (wanted.Top <= 0) wanted.Top = (screen.Height() - wanted.Height) / 2;
-    parts_.Window.SetRestoredPlace(screen.OnScreen(wanted));
-    if (state) parts_.Window.State = *state;
-}
-
-void EditorSettings::CentreWindow() {
-    ScreenService& screen = parts_.Platform.Screen;
-    Form& form = parts_.Window;
-    form.Left = (screen.Width() - form.Width) / 2;
-    form.Top = (screen.Height() - form.Height) / 2;
+    if (resetting_) return parts_.Last.Forget();
+    parts_.Last.Choose(last);
 }
 
 std::string EditorSettings::InFolder(const char* name) const {

@@ -7,6 +7,7 @@
 #include "files/cnc_reader.h"
 #include "files/settings_file.h"
 #include "interpreter/interpreter.h"
+#include "shell/last_file.h"
 #include "shell/machine_display.h"
 #include "shell/printer_page.h"
 #include "shell/user_data.h"
@@ -19,10 +20,9 @@ namespace kvt {
 class EditorSettings {
 public:
     struct Parts {
-        Form& Window;
+        MainControls& Main;
         ProgramStore& Store;
         MachineControls& Machine;
-        FileControls& File;
         ViewColumns& View;
         PrinterPage& Paper;
         PortControl& Port;
@@ -32,6 +32,7 @@ public:
         MachineDisplay& Display;
         Texts& Language;
         UserData& Data;
+        LastFile& Last;
         Services& Platform;
         WorkbenchCalls& Calls;
     };
@@ -39,8 +40,6 @@ public:
 
     // The keys of the file. A room that is in charge of a value binds its key here.
     SettingsFile Keys;
-    // The text of the command line, which is looked at where the file names the last file.
-    std::string CommandLine;
 
     // Tells that there is no printer, and ends the program; whether it is ending.
     std::function<void()> EndWithoutPrinter;
@@ -57,8 +56,6 @@ public:
     // Back to the reset copies of both files, but for the language, and for the program in the editor with its
     // machine and units. No file is loaded.
     void mnuReset_Click();
-    // Tells that the command line names a file that is not there.
-    void TellMissingFile();
 
 private:
     void BindKeys();
@@ -68,24 +65,14 @@ private:
     void LoadModule();
     void LoadLastFile();
     void ChooseMachine(const std::string& machine);
-    // The file to open: that of the command line, else the one that is given.
+    // A reset leaves the program alone.
     void ChooseFile(const std::string& last);
-    // What stands between the outer double quotes of the command line, if it has any.
-    std::string FileOfCommandLine() const;
-    // The file for the next start.
-    std::string LastFileUsed() const;
-    void PlaceWindow(const WindowPlace& place, std::optional<WindowState> state);
-    void CentreWindow();
-    bool LastFileExists() const;
     std::string InFolder(const char* name) const;
 
     Parts parts_;
     std::string languageFile_;
-    std::string lastFile_;
     bool loaded_ = false;
     bool resetting_ = false;
-    // The command line names a file that is not there.
-    bool missed_ = false;
 };
 
 }  // namespace kvt

@@ -1,7 +1,10 @@
 #include "shell/settings_keys.h"
 
+#include <algorithm>
+
 #include "basic/number.h"
 #include "basic/text.h"
+#include "shell/control_table.h"
 #include "transfer/port_settings.h"
 
 namespace kvt {
@@ -35,6 +38,14 @@ void BindFeed(SettingsFile& keys, const char* key, TextBox& preset) {
         key,
         [&preset](const std::string& value) { preset.Text = RightPad(PlainNumber(ToLong(Val(value))), 5); },
         [&preset] { return std::string(Trim(preset.Text)); });
+}
+
+void Place(Form& window, ScreenService& screen, WindowPlace place) {
+    if (place.Height <= 0) place.Height = SmallestHeight;
+    if (place.Width <= 0) place.Width = std::min(screen.Width(), UsualWidth);
+    if (place.Left <= 0) place.Left = (screen.Width() - place.Width) / 2;
+    if (place.Top <= 0) place.Top = (screen.Height() - place.Height) / 2;
+    window.SetRestoredPlace(screen.OnScreen(place));
 }
 
 }  // namespace
@@ -84,6 +95,23 @@ void BindPrinter(SettingsFile& keys, PrinterPage& page) {
     keys.Bind(
         "FontSize", [&page](const std::string& value) { page.SetFontSize(Val(value)); },
         [&page, selected] { return selected(page.cboFontSize); });
+}
+
+void BindWindow(SettingsFile& keys, Form& window, ScreenService& screen) {
+    keys.Bind(
+        "EditorWindow",
+        [&window, &screen](const std::string& value) {
+            Place(window, screen, WindowPlaceOf(value));
+            if (const std::optional<WindowState> state = WindowStateOf(value)) window.State = *state;
+        },
+        [&window] {
+            return WindowText(window.RestoredPlace()) + (window.FillsScreen() ? WindowStateText(true) : "");
+        });
+}
+
+void Centre(Form& window, ScreenService& screen) {
+    window.Left = (screen.Width() - window.Width) / 2;
+    window.Top = (screen.Height() - window.Height) / 2;
 }
 
 }  // namespace kvt

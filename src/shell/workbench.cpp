@@ -4,7 +4,6 @@ namespace kvt {
 
 namespace {
 
-constexpr int firstWidth = 13800;
 constexpr int firstHeight = 8720;
 constexpr int firstListHeight = firstHeight - 3370;
 
@@ -50,6 +49,7 @@ Workbench::Workbench(Services& services)
                 Calls}),
       Draw({Store, Machine, Results, File, Language, services}),
       data_(services, Language),
+      lastFile_(File, Language, services),
       paper_(frmMain, services.Printer),
       info_(frmMain),
       Help({Store, Transfer, Entry, Main, Language, services, Calls}),
@@ -65,13 +65,13 @@ Workbench::Workbench(Services& services)
       clearing_({Store, Entry, Layout, File, Lists, View, Interpreter, Draw.Editor, Display, Language,
                  services, Calls}),
       Modules(Forms(), {Main, Entry, Store, View, Display, Help, Interpreter, Language, services.Files}),
-      settings_({frmMain, Store, Machine, File, View, paper_, Port, feeds_, Reader, Interpreter, Display,
-                 Language, data_, services, Calls}),
+      settings_({Main, Store, Machine, View, paper_, Port, feeds_, Reader, Interpreter, Display, Language,
+                 data_, lastFile_, services, Calls}),
       drawSettings_(Draw, data_, services),
       recovery_(frmMain, {Store, File, Reader, Writer, Language, data_, services}) {
     frmMain.SmallestWidth = SmallestWidth;
     frmMain.SmallestHeight = SmallestHeight;
-    frmMain.Width = firstWidth;
+    frmMain.Width = UsualWidth;
     frmMain.Height = firstHeight;
     Store.lvCncProgram.Height = firstListHeight;
     BindProgram(settings_.Keys, Store, Main);
@@ -79,6 +79,7 @@ Workbench::Workbench(Services& services)
     BindView(settings_.Keys, View);
     BindPort(settings_.Keys, Port);
     BindPrinter(settings_.Keys, paper_);
+    BindWindow(settings_.Keys, frmMain, services.Screen);
     drawSettings_.BindShown(settings_.Keys);
     FillCalls();
     WireWindow();

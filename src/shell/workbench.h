@@ -95,6 +95,7 @@ public:
 
 private:
     UserData data_;
+    LastFile lastFile_;
     PrinterPage paper_;
     InfoPage info_;
 

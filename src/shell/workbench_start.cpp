@@ -31,7 +31,7 @@ void Workbench::Form_Load(std::string_view commandLine) {
     const std::string transmission = folders.SettingsFolder + transmissionFile;
     if (files.Exists(transmission)) Attempt(formLoadName, [&] { files.Delete(transmission); });
     if (!FindPrinter()) return;
-    settings_.CommandLine = commandLine;
+    lastFile_.CommandLine = commandLine;
     settings_.LoadSettings();
     if (ended_) return;
     positions_.ControlsPositioning();
@@ -44,7 +44,7 @@ void Workbench::Form_Load(std::string_view commandLine) {
     tmr1sec_Timer();
     RefreshTitle();
     FocusCode();
-    settings_.TellMissingFile();
+    lastFile_.TellMissing();
     // Told now, while the user can still do something about it.
     const bool writable = files.CanWrite(folders.DataFolder) && files.CanWrite(folders.SettingsFolder);
     if (!foldersMade || !writable) data_.TellNotWritable();
