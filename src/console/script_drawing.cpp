@@ -91,7 +91,7 @@ void ExpectOperationCount(ScriptRun& run, const Arguments& given) {
 }
 
 void ExpectPicture(ScriptRun& run, const Arguments& given) {
-    MemoryPlatform& platform = run.Session.Platform;
+    FaultyPlatform& platform = run.Session.Platform;
     const std::string& where = given.Last();
     bool there = false;
     if (where == "clipboard") {

@@ -70,7 +70,7 @@ WindowPlace DesktopScreen::OnScreen(const WindowPlace& place) {
 }
 
 // That of the window in use, which may be on another screen.
-double DesktopScreen::PointsATwip() {
+double DesktopScreen::PointsPerTwip() {
     const QWidget* const window = QApplication::activeWindow();
     return lengths_.Exact(1) * (window ? window->devicePixelRatioF() : qApp->devicePixelRatio());
 }

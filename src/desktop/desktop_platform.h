@@ -18,7 +18,7 @@ public:
     int Height() override;
     int WorkAreaHeight() override;
     WindowPlace OnScreen(const WindowPlace& place) override;
-    double PointsATwip() override;
+    double PointsPerTwip() override;
 
 private:
     const Scale& lengths_;

@@ -222,8 +222,8 @@ bool FormView::NoteSize() {
         }
         return Desktop.Lengths.Twips(pixels) + edge;
     };
-    return form_.TakeSize(twips({form_.Width, lasted_.Width}, form_.EdgeWidth, field_->width()),
-                          twips({form_.Height, lasted_.Height}, form_.EdgeHeight, field_->height()));
+    return form_.ApplySize(twips({form_.Width, lasted_.Width}, form_.EdgeWidth, field_->width()),
+                           twips({form_.Height, lasted_.Height}, form_.EdgeHeight, field_->height()));
 }
 
 void FormView::Resized() {

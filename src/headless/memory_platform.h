@@ -7,15 +7,13 @@
 #include <string>
 #include <vector>
 
-#include "headless/disk_files.h"
-#include "headless/fault_plan.h"
-#include "headless/faulty_files.h"
 #include "headless/memory_focus.h"
 #include "headless/memory_port.h"
 #include "headless/memory_printer.h"
-#include "headless/system_programs.h"
+#include "headless/memory_programs.h"
 #include "platform/keyboard.h"
 #include "platform/services.h"
+#include "system/disk_files.h"
 
 namespace kvt {
 
@@ -46,8 +44,7 @@ private:
 
 class MemoryClipboard : public ClipboardService {
 public:
-    explicit MemoryClipboard(FaultPlan& faults) : faults_(faults) {}
-    std::string GetText() override;
+    std::string GetText() override { return Content; }
     void Clear() override;
     void SetText(std::string_view text) override;
     void SetPicture(const Pixels& picture) override;
@@ -55,9 +52,6 @@ public:
     // A text or a picture, as the other is empty.
     std::string Content;
     Pixels Picture;
-
-private:
-    FaultPlan& faults_;
 };
 
 class MemoryScreen : public ScreenService {
@@ -66,7 +60,7 @@ public:
     int Height() override { return HeightTwips; }
     int WorkAreaHeight() override { return WorkAreaTwips; }
     WindowPlace OnScreen(const WindowPlace& place) override;
-    double PointsATwip() override { return 1.0 / 15; }
+    double PointsPerTwip() override { return 1.0 / 15; }
 
     int WidthTwips = 28800;
     int HeightTwips = 16200;
@@ -81,9 +75,12 @@ public:
     explicit MemorySystem(FocusKeeper& focus, ClipboardService* clipboard = nullptr)
         : focus_(focus), keyboard_(focus, clipboard, *this) {}
 
+    // From now on text boxes copy to and paste from this one.
+    void UseClipboard(ClipboardService& clipboard) { keyboard_.UseClipboard(clipboard); }
+
     bool DoEvents() override;
-    // Only after a great many turns the user loses his patience: then what he does next comes, as in a wait.
-    bool Breathe(long long turn) override;
+    // Serves nothing until GiveUpAfter turns have passed; from then on what the user does next comes, as in a wait.
+    bool ServeEvents(long long turn) override;
     // Takes one thing that has come up, then lets the clock run on, from tick to tick.
     bool WaitUntil(const std::function<double()>& left) override;
     std::tm Now() override;
@@ -101,11 +98,11 @@ public:
     // The same for a wait that ends by itself: it asks this and nothing else.
     std::function<void()> NextInTimedWait;
     // After how many turns of endless work it takes events as a wait does.
-    long long Patience = 2'000'000;
+    long long GiveUpAfter = 2'000'000;
     // Runs whenever the clock has moved on.
     std::function<void()> OnClock;
 
-    // Runs what stands for a handler of a user's action, then what it has put off.
+    // Runs what stands for a handler of a user's action, then what it has deferred.
     void Run(const std::function<void()>& handler);
 
     // A key or a character as a user presses it.
@@ -129,9 +126,9 @@ private:
     bool MenuIsOpen() const override { return ShownPopup != nullptr; }
     void CloseMenu() override { ShownPopup = nullptr; }
 
-    struct PutOffCall {
+    struct DeferredCall {
         std::function<void()> Call;
-        int Depth;  // of the handler that has put it off
+        int Depth;  // of the handler that has deferred it
     };
     bool ServeWaiting();
     void Deliver(KeyPress press);
@@ -157,28 +154,24 @@ private:
     std::deque<KeyPress> keys_;
     bool delivering_ = false;
     std::vector<std::unique_ptr<TimerPhase>> timers_;
-    std::deque<PutOffCall> putOff_;
+    std::deque<DeferredCall> deferred_;
     int depth_ = 0;  // of handlers
 };
 
-// The memory half of the platform: all services without a display. Files are those of the disk.
-class MemoryPlatform {
+// What the memory half of the platform consists of: the services without a display. Files are those of the disk.
+class MemoryServices {
 public:
-    FaultPlan Faults;
-    DiskFiles Disk;
-    FaultyFiles Files{Disk, Faults};
+    DiskFiles Files;
     MemoryDialogs Dialogs;
-    MemoryClipboard Clipboard{Faults};
+    MemoryClipboard Clipboard;
     MemoryScreen Screen;
     MemoryFocus Focus;
     MemorySystem System{Focus, &Clipboard};
-    MemoryPort Port{Faults, System.Clock};
-    MemoryPrinter Printer{Faults};
-    MemoryPrograms Programs{Faults};
+    MemoryPort Port{System.Clock};
+    MemoryPrinter Printer;
+    MemoryPrograms Programs;
 
-    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port, Printer, Programs};
-
-    MemoryPlatform() {
+    MemoryServices() {
         System.OnClock = [this] { Port.ClockMoved(); };
     }
 
@@ -190,6 +183,12 @@ public:
         Port.OnComm = nullptr;
         Printer.BeginRun();
     }
+};
+
+// These services as they are. With planned failures around them they are a FaultyPlatform.
+class MemoryPlatform : public MemoryServices {
+public:
+    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port, Printer, Programs};
 };
 
 }  // namespace kvt

@@ -77,22 +77,22 @@ std::tm MemorySystem::Now() {
 }
 
 void MemorySystem::Later(std::function<void()> call) {
-    putOff_.push_back({std::move(call), std::max(depth_, 1)});
+    deferred_.push_back({std::move(call), std::max(depth_, 1)});
 }
 
-// One that stands below on the stack is not through yet: what it has put off stays for its own end.
+// One that stands below on the stack is not through yet: what it has deferred stays for its own end.
 void MemorySystem::Run(const std::function<void()>& handler) {
     {
         const Deeper deeper(depth_);
         handler();
     }
     const auto due = [this] {
-        return std::find_if(putOff_.begin(), putOff_.end(),
-                            [this](const PutOffCall& one) { return one.Depth > depth_; });
+        return std::find_if(deferred_.begin(), deferred_.end(),
+                            [this](const DeferredCall& one) { return one.Depth > depth_; });
     };
-    for (auto next = due(); next != putOff_.end() && !Ended; next = due()) {
+    for (auto next = due(); next != deferred_.end() && !Ended; next = due()) {
         const std::function<void()> call = std::move(next->Call);
-        putOff_.erase(next);
+        deferred_.erase(next);
         const Deeper deeper(depth_);
         call();
     }
@@ -121,14 +121,14 @@ void MemorySystem::DeliverWaiting() {
 void MemorySystem::BeginRun() {
     keys_.clear();
     timers_.clear();
-    putOff_.clear();
+    deferred_.clear();
     ShownPopup = nullptr;
     Ended = false;
 }
 
-bool MemorySystem::Breathe(long long turn) {
+bool MemorySystem::ServeEvents(long long turn) {
     if (Ended) return false;
-    if (Events.empty() && turn < Patience) return true;
+    if (Events.empty() && turn < GiveUpAfter) return true;
     return DoEvents();
 }
 

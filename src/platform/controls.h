@@ -161,7 +161,7 @@ public:
     // Controls were made after the window: it shows them too from now on.
     void TellControlsAdded() { Changed(PropertyId::Entries); }
     // Takes on the size that its window has got. OnResize is left to the caller; true where the size is another.
-    bool TakeSize(int width, int height);
+    bool ApplySize(int width, int height);
 
 protected:
     void Changed(PropertyId id) override;

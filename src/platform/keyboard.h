@@ -34,6 +34,7 @@ public:
     // Without a clipboard the keys of copying and pasting do nothing.
     Keyboard(FocusService& focus, ClipboardService* clipboard, KeyboardHost& host)
         : focus_(focus), clipboard_(clipboard), host_(host) {}
+    void UseClipboard(ClipboardService& clipboard) { clipboard_ = &clipboard; }
 
     // A key that goes down in the window of a form. The form alone hears of it where the control with the focus lies
     // in another form, is hidden or disabled. False where nothing has a use for it, so that a widget may scroll by it.

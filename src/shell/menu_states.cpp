@@ -48,7 +48,7 @@ void MenuStates::RefreshTransfer(bool hasLines) {
 
 void MenuStates::RefreshDraw(bool hasLines) {
     parts_.Main.mnuDraw.Enabled = hasLines;
-    parts_.Main.Button(TopButton::Draw).Enabled = hasLines && !parts_.Drawing.DrawPending;
+    parts_.Main.Button(TopButton::Draw).Enabled = hasLines && !parts_.Drawing.Opening();
 }
 
 }  // namespace kvt

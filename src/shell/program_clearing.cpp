@@ -1,14 +1,13 @@
 #include "shell/program_clearing.h"
 
+#include "files/questions.h"
+
 namespace kvt {
 
 bool ProgramClearing::MayClear() {
     ProgramStore& store = parts_.Store;
     if (store.LineCount() == 0 || !store.Unsaved()) return true;
-    const Texts& texts = parts_.Language;
-    const Answer answer = parts_.Platform.Dialogs.ShowMessage(
-        Question(texts.MessageTexts(text::ClearAnyway), texts.MessageTexts(text::ClearTitle)));
-    if (answer == Answer::No) return false;
+    if (!AskToClear(parts_.Platform.Dialogs, parts_.Language)) return false;
     // The user has tried to save it, in vain: the next start offers it.
     if (store.SaveFailed) parts_.Calls.WriteRecoveryCopy();
     return true;
@@ -36,7 +35,7 @@ void ProgramClearing::ClearProgram_Click() {
     Run(parts_.Calls.cmdReturn_Click);
     if (!MayClear()) return;
     // The row that the drawing gives back is one of this program.
-    parts_.DrawnLine.GiveBack();
+    parts_.DrawnLine.RestoreSelection();
     Empty();
     parts_.Interpreter.ClearAxesProperties();
     parts_.Layout.ClearEntryFields();

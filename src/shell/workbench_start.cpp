@@ -1,4 +1,5 @@
 #include "basic/run_time_error.h"
+#include "files/questions.h"
 #include "shell/workbench.h"
 
 // The start of the workbench, and its end.
@@ -72,10 +73,8 @@ void Workbench::mnuExit_Click() {
     bool dropped = false;
     // There is no way back from this question.
     if (Store.LineCount() > 0 && Store.Unsaved()) {
-        const Answer answer = Platform.Dialogs.ShowMessage(
-            Question(Language.MessageTexts(text::SaveNow), Language.MessageTexts(text::ContinueTitle)));
-        if (answer == Answer::Yes) Writer.mnuSave_Click();
-        dropped = answer != Answer::Yes;
+        dropped = !AskToSave(Platform.Dialogs, Language);
+        if (!dropped) Writer.mnuSave_Click();
     }
     recovery_.End(dropped);
     Store.ProgramChanged = false;

@@ -29,7 +29,7 @@ void Workbench::WireWindow() {
         Platform.System.ShowPopupMenu(Main.mnuRightClick);
     };
     // Before a press on a row selects it: also on the row that the drawing has selected.
-    list.OnGotFocus = [this] { Draw.Editor.GiveBack(); };
+    list.OnGotFocus = [this] { Draw.Editor.RestoreSelection(); };
     // The path and the file's name stand in one place; a click changes between them.
     File.lblPath.OnClick = [this] {
         File.lblFileName.Caption = ExtractFileName(File.lblPath.Caption);
@@ -79,11 +79,11 @@ void Workbench::WireButtons() {
     wire(TopButton::Transmit, [this] { Transmit.mnuTX_Click(); });
     // Beside the list: the line that they work on is to be seen.
     Main.cmdInsert.OnClick = [this] {
-        Draw.Editor.ScrollBack();
+        Draw.Editor.RestoreScroll();
         Lines.LineInsert();
     };
     Main.cmdDelete.OnClick = [this] {
-        Draw.Editor.ScrollBack();
+        Draw.Editor.RestoreScroll();
         Lines.LineDelete();
     };
     Entry.cmdReturn.OnClick = [this] {
@@ -117,7 +117,7 @@ void Workbench::WireReset() {
 void Workbench::WireKeys() {
     File.txtFileNotes.OnKeyPress = [this](int& character) { txtFileNotes_KeyPress(character); };
     frmMain.OnKeyDown = [this](int pressed, int held) {
-        Draw.Editor.ScrollBack();
+        Draw.Editor.RestoreScroll();
         if (Help.HandleKey(pressed, held) || pressed != key::Escape) return;
         if (Transfer.frRXcode.Visible) Received.cmdReceiveExit_Click();
         Main.tabSettings.Visible = false;
@@ -130,7 +130,7 @@ void Workbench::WireDrawing() {
     // From below the drawing is repainted where it is, not brought up: another program has come into the editor, and
     // that of a walk that stands has gone.
     Calls.mnuDraw_Click = [this] {
-        if (Draw.State.Walking) Draw.State.StopRequested = true;
+        if (Draw.State.Walking()) Draw.State.StopRequested = true;
         if (Draw.Controls.frmDraw.Visible) Draw.State.FitNext = true;
         Draw.ShowLater();
     };
@@ -141,7 +141,7 @@ void Workbench::WireDrawing() {
         if (Draw.Controls.frmDraw.Visible) Draw.Form_QueryUnload();
     };
     Draw.ShowEditor = [this] { ShowEditor(); };
-    Draw.GiveKeysBack = [this] { FocusCode(); };
+    Draw.RestoreFocus = [this] { FocusCode(); };
 }
 
 void Workbench::WireTransfer() {
@@ -179,8 +179,8 @@ void Workbench::UnlessHeld(std::function<void(Arguments...)>& handler) {
 
 void Workbench::Form_Activate() {
     Draw.Listing.Hide();
-    Draw.Editor.GiveBack();
-    Entry.NoteFeeds();
+    Draw.Editor.RestoreSelection();
+    Entry.RememberFeeds();
     for (RichText* document : Main.Documents()) document->Visible = false;
     Main.lstAbout.Visible = false;
     View.MakeLinePropertiesColumns();
@@ -270,7 +270,7 @@ void Workbench::mnuCalculator_Click() {
 void Workbench::mnuDraw_Click() {
     Form& window = Draw.Controls.frmDraw;
     // A walk may take its time: the window comes forward before it.
-    if (window.Visible && !Draw.State.DrawPending) {
+    if (window.Visible && !Draw.State.Opening()) {
         window.BringToFront();
         Platform.Focus.SetFocus(Draw.Controls.pbxDrawField);
     }
@@ -283,8 +283,8 @@ void Workbench::FocusCode() {
 }
 
 void Workbench::ShowEditor() {
-    Draw.Editor.GiveBack();
-    Draw.Editor.ScrollBack();
+    Draw.Editor.RestoreSelection();
+    Draw.Editor.RestoreScroll();
     frmMain.Visible = true;
     // First, so that the field that had the keys last is not passed through on the way.
     FocusCode();

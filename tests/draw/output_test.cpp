@@ -62,7 +62,7 @@ TEST_F(DrawTest, TheMillMeasuresYUpwardsOnceAPointIsFixed) {
 }
 
 TEST_F(DrawTest, TheImageIsWhatTheViewShows) {
-    Controls().frmDraw.TakeSize(6160, 4220);  // a view of 5700 by 3000
+    Controls().frmDraw.ApplySize(6160, 4220);  // a view of 5700 by 3000
     DrawLines("MK4", "91; 01 X0 Z-10 F50; M30");
     Draw().PositionControls();
     Field().Left = -300;
@@ -123,7 +123,7 @@ TEST_F(DrawTest, PaperIsWhite) {
 
 TEST_F(DrawTest, AViewWiderThanTheFieldHasItInTheMiddle) {
     Put("MK4", "91; M30");
-    Controls().frmDraw.TakeSize(60460, 41220);
+    Controls().frmDraw.ApplySize(60460, 41220);
     Draw().PositionControls();
     Draw().cmdAutoFit_Click();
     EXPECT_EQ(Controls().hsbViewWindow.Max, -2000);
@@ -183,12 +183,12 @@ TEST_F(DrawTest, NothingThatComesUpInAWaitDoesHarm) {
             int turn = 0;
             Platform.System.NextEvent = [&] {
                 if (++turn == wait) does();
-                State().WaitingForClick = false;
-                State().StepPressed = true;
+                State().EndClickWait();
+                State().PressStep();
                 return turn < 20;
             };
             Draw().Redraw();
-            EXPECT_FALSE(State().Walking || Field().Cross.Get().Shown);
+            EXPECT_FALSE(State().Walking() || Field().Cross.Get().Shown);
             EXPECT_EQ(State().MeasureClicks, 0);
             Draw().Unload();
         }

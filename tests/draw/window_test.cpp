@@ -35,7 +35,7 @@ TEST_F(DrawTest, AutofitTakesTheLargestScaleThatFits) {
                                 &axes.lblXAxisMin,    &axes.lblXAxisMax,    &axes.lblYAxisMax,
                                 &axes.lblZAxisMin};
         for (std::size_t i = 0; i < labels.size(); ++i) named[i]->Caption = labels[i];
-        Controls().frmDraw.TakeSize(28800, 15600);
+        Controls().frmDraw.ApplySize(28800, 15600);
         Draw().PositionControls();
         Draw().View.Autofit();
         EXPECT_FALSE(State().AutoFitPending);
@@ -163,7 +163,7 @@ TEST_F(DrawTest, FramesAndMenusFollowWidthAndMachine) {
          {Size{15, 15, false, false, false, false, 5700}, Size{7001, 4000, true, false, false, false, 7001},
           Size{7901, 4000, true, true, false, false, 7901}, Size{8701, 4000, true, true, true, false, 8701},
           Size{9001, 4000, true, true, true, true, 9001}}) {
-        Controls().frmDraw.TakeSize(one.Width, one.Height);
+        Controls().frmDraw.ApplySize(one.Width, one.Height);
         Draw().Form_Resize();
         EXPECT_EQ(Controls().frmDraw.Width, one.Held);
         EXPECT_EQ(Controls().pbxViewWindow.Width, one.Held - 460);
@@ -238,7 +238,7 @@ TEST_F(DrawTest, WaitsServeWhatComesUp) {
 }
 
 TEST_F(DrawTest, AbortEndsAnEndlessWalk) {
-    Platform.System.Patience = 1000;
+    Platform.System.GiveUpAfter = 1000;
     // Also one that draws nothing, and a pocket whose tool has no diameter.
     for (const char* program : {"91; 27 L0", "M06 D0 S1000; 91; 72 X500 Y500 Z-100 F50; M30"}) {
         int asked = 0;

@@ -1,4 +1,4 @@
-#include "headless/memory_platform.h"
+#include "headless/faulty_platform.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@ struct Window {
 }  // namespace
 
 TEST(MemoryDialogsTest, AnswersQueueAndTheDefaultFollows) {
-    MemoryPlatform platform;
+    FaultyPlatform platform;
     MemoryDialogs& dialogs = platform.Dialogs;
     std::vector<std::string> unanswered;
     dialogs.OnUnanswered = [&](const MessageBox& box) { unanswered.push_back(box.Text); };
@@ -37,7 +37,7 @@ TEST(MemoryDialogsTest, AnswersQueueAndTheDefaultFollows) {
 }
 
 TEST(MemoryDialogsTest, AFileDialogKeepsItsNameWhenCancelled) {
-    MemoryPlatform platform;
+    FaultyPlatform platform;
     Window window;
     FileDialog& dialog = window.dlgFile;
     dialog.FileName = "C:\\cnc\\first.cnc";
@@ -63,18 +63,19 @@ TEST(MemoryDialogsTest, AFileDialogKeepsItsNameWhenCancelled) {
 }
 
 TEST(MemoryClipboardTest, EachCallCanBeMadeToFail) {
-    MemoryPlatform platform;
-    platform.Clipboard.SetText("one");
-    EXPECT_EQ(platform.Clipboard.GetText(), "one");
+    FaultyPlatform platform;
+    ClipboardService& clipboard = platform.Services.Clipboard;
+    clipboard.SetText("one");
+    EXPECT_EQ(clipboard.GetText(), "one");
     platform.Faults.Fail("clipboard", 2);
-    platform.Clipboard.Clear();
+    clipboard.Clear();
     EXPECT_EQ(platform.Clipboard.Content, "");
-    EXPECT_THROW(platform.Clipboard.SetText("two"), RunTimeError);
+    EXPECT_THROW(clipboard.SetText("two"), RunTimeError);
     EXPECT_EQ(platform.Clipboard.Content, "");
-    platform.Clipboard.SetText("three");
+    clipboard.SetText("three");
     platform.Faults.Fail("clipboard", 1);
-    EXPECT_THROW(platform.Clipboard.GetText(), RunTimeError);
-    EXPECT_EQ(platform.Clipboard.GetText(), "three");
+    EXPECT_THROW(clipboard.GetText(), RunTimeError);
+    EXPECT_EQ(clipboard.GetText(), "three");
 }
 
 TEST(MemoryFocusTest, TheFocusGoesOnlyWhereKeysCanGo) {

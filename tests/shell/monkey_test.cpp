@@ -30,7 +30,7 @@ constexpr const char* lines[] = {
 // one seed.
 class Monkey {
 public:
-    Monkey(MemoryPlatform& platform, const std::string& folder, unsigned seed)
+    Monkey(FaultyPlatform& platform, const std::string& folder, unsigned seed)
         : platform_(platform), folder_(folder), random_(seed) {}
 
     void Start() {
@@ -50,13 +50,13 @@ public:
             return true;
         };
         platform_.System.NextInTimedWait = platform_.System.NextEvent;
-        platform_.System.Patience = 2000;
+        platform_.System.GiveUpAfter = 2000;
         // A copy: it may be saved over.
         const std::string name = folder_ + "/part.cnc";
         DiskFiles().WriteWhole(name, DiskFiles().ReadWhole(KVT_SOURCE_DIR "/samples/" +
                                                            std::string(samples[Below(std::size(samples))])));
         DiskFiles own;
-        BringResetCopies(own, platform_.System.DataFolder);
+        InstallResetCopies(own, platform_.System.DataFolder);
         Bench->Form_Load(Below(4) == 0 ? "" : name);
     }
 
@@ -158,7 +158,7 @@ private:
         box->Text = text;
     }
 
-    MemoryPlatform& platform_;
+    FaultyPlatform& platform_;
     std::string folder_;
     std::mt19937 random_;
     std::vector<std::unique_ptr<MemoryWindow>> windows_;

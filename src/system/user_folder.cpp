@@ -1,4 +1,4 @@
-#include "headless/user_folder.h"
+#include "system/user_folder.h"
 
 #include <pwd.h>
 #include <unistd.h>

@@ -1,4 +1,4 @@
-#include "headless/file_writing.h"
+#include "system/file_writing.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -10,7 +10,7 @@
 #include <iterator>
 #include <optional>
 
-#include "headless/fresh_file.h"
+#include "system/fresh_file.h"
 
 namespace kvt {
 
@@ -54,7 +54,7 @@ void GiveUsualMode(int handle) {
 
 // Owner, group and mode of the file that is replaced. False where owner or group cannot be had; another group
 // then may do no more than everybody.
-bool TakeOver(int handle, const struct stat& old) {
+bool CopyOwnerAndMode(int handle, const struct stat& old) {
     struct stat own = {};
     if (fstat(handle, &own) != 0) return false;
     const bool sameGroup =
@@ -80,7 +80,7 @@ struct Replacement {
     std::string_view Content;
     const std::optional<struct stat>& Old;
     const fs::path& NotesFolder;
-    bool Settles;
+    bool Syncs;
 };
 
 Outcome Replace(const Replacement& what, bool evenWithAnotherOwner) {
@@ -90,15 +90,15 @@ Outcome Replace(const Replacement& what, bool evenWithAnotherOwner) {
     if (!WriteAll(fresh.Handle(), what.Content)) return Outcome::Failed;
     if (!what.Old) {
         GiveUsualMode(fresh.Handle());
-    } else if (!TakeOver(fresh.Handle(), *what.Old) && !evenWithAnotherOwner) {
+    } else if (!CopyOwnerAndMode(fresh.Handle(), *what.Old) && !evenWithAnotherOwner) {
         return Outcome::NotThisWay;
     }
-    if (what.Settles) fresh.Settle();
-    return fresh.TakePlace() ? Outcome::Written : OutcomeOfError();
+    if (what.Syncs) fresh.Sync();
+    return fresh.ReplaceTarget() ? Outcome::Written : OutcomeOfError();
 }
 
 // Takes the room that a content needs before a byte of the old one is lost.
-bool TakeRoom(int handle, std::size_t size, off_t before) {
+bool ReserveSpace(int handle, std::size_t size, off_t before) {
     if (static_cast<off_t>(size) <= before) return true;
     if (posix_fallocate(handle, 0, static_cast<off_t>(size)) == 0) return true;
     static_cast<void>(ftruncate(handle, before));
@@ -133,7 +133,7 @@ bool FileWriting::Write(const fs::path& target, std::string_view content) const 
     const std::optional<struct stat> old = StateOf(target);
     // What is no plain file is not replaced, and a protected one stays what it is.
     if (old && (!S_ISREG(old->st_mode) || !CanWrite(target))) return false;
-    const Replacement what{target, content, old, keptIn_, waitsForDisk_};
+    const Replacement what{target, content, old, dataFolder_, waitsForDisk_};
     Outcome outcome = Replace(what, false);
     if (outcome == Outcome::NotThisWay && old) {
         if (WriteInPlace(target, content)) return true;
@@ -143,10 +143,10 @@ bool FileWriting::Write(const fs::path& target, std::string_view content) const 
 }
 
 bool FileWriting::WriteNew(const fs::path& target, std::string_view content) const {
-    FreshFile fresh(target, keptIn_);
+    FreshFile fresh(target, dataFolder_);
     if (fresh.Handle() < 0 || !WriteAll(fresh.Handle(), content)) return false;
     GiveUsualMode(fresh.Handle());
-    return fresh.TakePlace();
+    return fresh.ReplaceTarget();
 }
 
 bool FileWriting::WriteInPlace(const fs::path& target, std::string_view content) const {
@@ -156,7 +156,7 @@ bool FileWriting::WriteInPlace(const fs::path& target, std::string_view content)
     const Opened file(target, O_WRONLY);
     struct stat state = {};
     if (file.Handle() < 0 || fstat(file.Handle(), &state) != 0) return false;
-    if (!TakeRoom(file.Handle(), content.size(), state.st_size)) return false;
+    if (!ReserveSpace(file.Handle(), content.size(), state.st_size)) return false;
     if ((state.st_mode & ~(plainMode | S_IFMT)) != 0) fchmod(file.Handle(), state.st_mode & plainMode);
     if (Overwrite(file.Handle(), content)) {
         if (waitsForDisk_) fsync(file.Handle());
@@ -167,19 +167,19 @@ bool FileWriting::WriteInPlace(const fs::path& target, std::string_view content)
 }
 
 bool FileWriting::KeepCopy(const fs::path& target, std::string_view content) const {
-    if (keptIn_.empty()) return false;
-    const fs::path folder = keptIn_ / copiesFolder;
+    if (dataFolder_.empty()) return false;
+    const fs::path folder = dataFolder_ / copiesFolder;
     std::error_code failed;
     fs::create_directories(folder, failed);
     const fs::path copy = folder / NameOfCopy(target);
-    FreshFile fresh(copy, keptIn_);
+    FreshFile fresh(copy, dataFolder_);
     if (fresh.Handle() < 0 || !WriteAll(fresh.Handle(), content)) return false;
-    fresh.Settle();
-    return fresh.TakePlace();
+    fresh.Sync();
+    return fresh.ReplaceTarget();
 }
 
 void FileWriting::RemoveLeftovers() const {
-    if (!keptIn_.empty()) RemoveUnfinished(keptIn_);
+    if (!dataFolder_.empty()) RemoveUnfinished(dataFolder_);
 }
 
 }  // namespace kvt

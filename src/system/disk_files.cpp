@@ -1,4 +1,4 @@
-#include "headless/disk_files.h"
+#include "system/disk_files.h"
 
 #include <unistd.h>
 
@@ -37,9 +37,9 @@ FileService& DiskFiles::InBackground() {
     return *background_;
 }
 
-void DiskFiles::KeepIn(std::string_view folder) {
-    writing_.KeepIn(ResolvedPath(SystemPath(folder)));
-    if (background_) background_->KeepIn(folder);
+void DiskFiles::SetDataFolder(std::string_view folder) {
+    writing_.SetDataFolder(ResolvedPath(SystemPath(folder)));
+    if (background_) background_->SetDataFolder(folder);
 }
 
 std::string DiskFiles::ReadWhole(std::string_view path) {

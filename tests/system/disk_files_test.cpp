@@ -1,4 +1,4 @@
-#include "headless/disk_files.h"
+#include "system/disk_files.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -15,8 +15,8 @@
 
 #include "basic/code_page.h"
 #include "headless/faulty_files.h"
-#include "headless/fresh_file.h"
 #include "headless/guarded_files.h"
+#include "system/fresh_file.h"
 
 namespace kvt::test {
 
@@ -232,7 +232,7 @@ TEST_F(DiskFilesTest, AFolderThatTakesNoNewFileLetsItBeWrittenInPlace) {
         const WithoutRights without;
         withoutData = ErrorOf([&] { Files.WriteWhole(Path("closed/a"), "new"); });
         EXPECT_EQ(OnDisk("closed/a"), "the old text");
-        Files.KeepIn(Path("data") + "/");
+        Files.SetDataFolder(Path("data") + "/");
         withData = ErrorOf([&] { Files.WriteWhole(Path("closed/a"), "new"); });
         newOne = ErrorOf([&] { Files.WriteWhole(Path("closed/b"), "new"); });
     }
@@ -281,7 +281,7 @@ TEST_F(DiskFilesTest, WhatAKilledRunHasLeftGoesAtTheNextStart) {
     ASSERT_EQ(waitpid(child, &status, 0), child);
     std::ofstream(Path("far/.~kvt-own")) << "somebody's";
     // One that is being written now.
-    Files.KeepIn(Path("data"));
+    Files.SetDataFolder(Path("data"));
     FreshFile now(Path("far/other"), Path("data"));
     std::vector<mode_t> modes;
     for (const auto& file : fs::directory_iterator(Path("far")))

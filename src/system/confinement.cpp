@@ -1,4 +1,4 @@
-#include "headless/confinement.h"
+#include "system/confinement.h"
 
 #include <fcntl.h>
 #include <sys/prctl.h>

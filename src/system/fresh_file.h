@@ -18,9 +18,9 @@ public:
     // Below 0 where it could not be made; errno tells why.
     int Handle() const { return handle_; }
     // Has the content on the disk before the name is.
-    void Settle() const;
+    void Sync() const;
     // Closes it, and gives it the name. False, and errno tells why, where that fails.
-    bool TakePlace();
+    bool ReplaceTarget();
 
 private:
     void Note(const std::filesystem::path& folder);

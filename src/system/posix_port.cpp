@@ -1,4 +1,4 @@
-#include "headless/posix_port.h"
+#include "system/posix_port.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -12,11 +12,15 @@
 #include <chrono>
 #include <utility>
 
+#include "basic/code_page.h"
+#include "basic/run_time_error.h"
+#include "system/serial_devices.h"
+
 namespace kvt {
 
 namespace {
 
-constexpr double lead = 12;  // milliseconds
+constexpr double leadTime = 12;  // milliseconds
 constexpr double longestRest = 20;
 constexpr double closingGrace = 500;
 
@@ -58,24 +62,32 @@ bool SetUpLine(int handle, const LineSettings& line) {
            (held.c_cflag & shape) == (state.c_cflag & shape);
 }
 
-PosixPort::PosixPort(std::vector<std::string> devices, double haste)
-    : devices_(std::move(devices)), haste_(haste) {}
+PosixPort::PosixPort(std::vector<std::string> devices, double speedUp)
+    : devices_(std::move(devices)), speedUp_(speedUp) {}
 
 PosixPort::~PosixPort() {
     OnComm = nullptr;
-    Close();
+    PosixPort::Close();
 }
 
 // Milliseconds of the line's own clock.
 double PosixPort::Now() const {
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return std::chrono::duration<double, std::milli>(now).count() * haste_;
+    return std::chrono::duration<double, std::milli>(now).count() * speedUp_;
 }
 
 void PosixPort::Open() {
     if (IsOpen() || CommPort() > static_cast<int>(devices_.size()))
         throw RunTimeError(fault::PortAlreadyOpen);
     const std::string& device = devices_[static_cast<std::size_t>(CommPort()) - 1];
+    received_.clear();
+    if (closing_ && device == device_) {
+        closing_ = false;
+        SettingsChanged();
+        return WatchChanged();
+    }
+    PosixPort::Close();
+    if (IsLockedByOther(device)) throw RunTimeError(fault::PortAlreadyOpen);
     const int handle = open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     if (handle < 0) throw RunTimeError(fault::PortAlreadyOpen);
     if (isatty(handle) == 0 || flock(handle, LOCK_EX | LOCK_NB) != 0 || ioctl(handle, TIOCEXCL) != 0) {
@@ -83,31 +95,36 @@ void PosixPort::Open() {
         throw RunTimeError(fault::PortAlreadyOpen);
     }
     handle_ = handle;
+    device_ = device;
     unwritten_.clear();
-    received_.clear();
-    pace_.Forget();
+    pace_.Reset();
     sending_ = false;
+    WatchChanged();
     // At once, whatever somebody else has left in the driver: the first byte is to go at the right rate.
     Apply();
 }
 
 void PosixPort::Close() {
-    if (!IsOpen()) return;
-    const double latest = Now() + (MillisecondsLeft() + closingGrace) * haste_;
-    while (IsOpen() && MillisecondsLeft() > 0 && Now() < latest)
-        Serve(std::min(MillisecondsLeft(), longestRest));
-    if (!IsOpen()) return;
-    ioctl(handle_, TIOCNXCL);
-    close(std::exchange(handle_, -1));
+    if (IsOpen()) BeginClose();
+    while (handle_ >= 0) Serve(std::min(Left(), longestRest));
+}
+
+void PosixPort::BeginClose() {
+    closing_ = true;
+    closingEnd_ = Now() + (Left() + closingGrace) * speedUp_;
+    LookAfterSending();
+    WatchChanged();
 }
 
 void PosixPort::Output(std::string_view text) {
     if (!IsOpen()) throw RunTimeError(fault::PortNotOpen);
-    pace_.Give(Now(), text.size(), Line());
-    watch_.Give(text.size());
+    pace_.Add(Now(), text.size(), Line());
+    watch_.Add(text.size());
     unwritten_ += text;
     sending_ = true;
+    // That the device has gone is told by Serve, not to whoever is just sending.
     Write();
+    WatchChanged();
 }
 
 // Characters that have not yet been given to the line.
@@ -117,13 +134,13 @@ std::size_t PosixPort::Waiting() const {
     return unwritten_.size() + static_cast<std::size_t>(told ? std::max(0, inDriver) : 0);
 }
 
-double PosixPort::MillisecondsLeft() const {
-    if (!IsOpen()) return 0;
+double PosixPort::Left() const {
+    if (handle_ < 0) return 0;
     const double waiting = static_cast<double>(Waiting()) * Line().CharacterMilliseconds();
-    return std::max(pace_.Left(Now()), waiting) / haste_;
+    return std::max(pace_.Left(Now()), waiting) / speedUp_;
 }
 
-double PosixPort::Lead() const { return lead; }
+double PosixPort::LeadTime() const { return leadTime; }
 
 std::string PosixPort::Input() {
     if (!IsOpen()) throw RunTimeError(fault::PortNotOpen);
@@ -132,11 +149,11 @@ std::string PosixPort::Input() {
 
 std::string PosixPort::DeviceName(int number) const {
     const bool known = number >= 1 && number <= static_cast<int>(devices_.size());
-    return known ? devices_[static_cast<std::size_t>(number) - 1] : std::string();
+    return known ? NameFromSystem(devices_[static_cast<std::size_t>(number) - 1]) : std::string();
 }
 
 void PosixPort::SettingsChanged() {
-    settingsWait_ = MillisecondsLeft() > 0;
+    settingsWait_ = Left() > 0;
     if (!settingsWait_ && !vanishing_) Apply();
 }
 
@@ -146,38 +163,47 @@ void PosixPort::Apply() {
 }
 
 bool PosixPort::IsStuck() {
-    return watch_.Stalled(Now(), Waiting(), pace_.Left(Now())) > LongestStall * haste_;
+    return watch_.Stalled(Now(), Waiting(), pace_.Left(Now())) > LongestStall * speedUp_;
 }
 
 void PosixPort::Serve(double milliseconds) {
     pollfd device = {handle_, POLLIN, 0};
-    if (!unwritten_.empty()) device.events |= POLLOUT;
-    const int ready = poll(&device, 1, static_cast<int>(milliseconds));
-    if (ready > 0 && (device.revents & POLLIN) != 0) Read();
-    if (ready > 0 && IsOpen() && (device.revents & POLLIN) == 0 &&
-        (device.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0)
-        return Vanish();
-    Write();
+    if (HasUnwritten()) device.events |= POLLOUT;
+    const bool ready = poll(&device, 1, static_cast<int>(milliseconds)) > 0;
+    if (handle_ < 0) return;
+    const bool came = ready && (device.revents & POLLIN) != 0;
+    const bool gone = ready && !came && (device.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
+    if (came) Receive();
+    if (gone || !Write()) return Vanish();
+    LookAfterSending();
+    WatchChanged();
+}
+
+void PosixPort::LookAfterSending() {
+    if (closing_ && (Left() <= 0 || Now() >= closingEnd_)) return Release();
     if (!IsOpen() || !sending_) return;
     if (IsStuck()) return Vanish();
-    if (MillisecondsLeft() > 0) return;
+    if (Left() > 0) return;
     sending_ = false;
     if (settingsWait_) SettingsChanged();
     Tell(CommEvent::Send);
 }
 
-void PosixPort::Write() {
-    if (!IsOpen() || unwritten_.empty()) return;
+// False where the device has gone.
+bool PosixPort::Write() {
+    if (handle_ < 0 || unwritten_.empty()) return true;
     const ssize_t written = write(handle_, unwritten_.data(), unwritten_.size());
     if (written > 0) unwritten_.erase(0, static_cast<std::size_t>(written));
-    if (written < 0 && errno != EAGAIN && errno != EINTR) Vanish();
+    return written >= 0 || errno == EAGAIN || errno == EINTR;
 }
 
-void PosixPort::Read() {
+// What comes while it closes is for nobody.
+void PosixPort::Receive() {
     char piece[4096];
     const ssize_t size = read(handle_, piece, sizeof piece);
     if (size < 0 && (errno == EAGAIN || errno == EINTR)) return;
     if (size <= 0) return Vanish();
+    if (closing_) return;
     Keep({piece, static_cast<std::size_t>(size)});
     Tell(CommEvent::Receive);
 }
@@ -189,6 +215,7 @@ void PosixPort::Keep(std::string_view piece) {
 
 // What it has still brought is told before it is closed.
 void PosixPort::Vanish() {
+    if (closing_) return Release();
     if (!IsOpen() || vanishing_) return;
     vanishing_ = true;
     char piece[4096];
@@ -198,19 +225,22 @@ void PosixPort::Vanish() {
     }
     if (!received_.empty()) Tell(CommEvent::Receive);
     vanishing_ = false;
-    close(std::exchange(handle_, -1));
-    sending_ = false;
+    if (handle_ < 0) return;
+    Release();
     Tell(CommEvent::Vanished);
 }
 
-bool PosixSystem::WaitUntil(const std::function<double()>& left) {
-    port_.Serve(0);
-    if (OnLook) OnLook();
-    for (double more = left(); more > 0 && !Ended; more = left()) {
-        port_.Serve(std::min(more, longestRest));
-        if (OnLook) OnLook();
-    }
-    return !Ended;
+// What the driver still holds is given up, so that the system does not wait for a device that takes nothing.
+void PosixPort::Release() {
+    const int handle = std::exchange(handle_, -1);
+    closing_ = false;
+    sending_ = false;
+    settingsWait_ = false;
+    unwritten_.clear();
+    WatchChanged();
+    tcflush(handle, TCOFLUSH);
+    ioctl(handle, TIOCNXCL);
+    close(handle);
 }
 
 }  // namespace kvt

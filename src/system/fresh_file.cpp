@@ -1,4 +1,4 @@
-#include "headless/fresh_file.h"
+#include "system/fresh_file.h"
 
 #include <fcntl.h>
 #include <signal.h>
@@ -12,8 +12,8 @@
 #include <string>
 #include <utility>
 
-#include "headless/file_names.h"
-#include "headless/file_writing.h"
+#include "system/file_names.h"
+#include "system/file_writing.h"
 
 namespace kvt {
 
@@ -90,9 +90,9 @@ FreshFile::~FreshFile() {
     errno = reason;
 }
 
-void FreshFile::Settle() const { fsync(handle_); }
+void FreshFile::Sync() const { fsync(handle_); }
 
-bool FreshFile::TakePlace() {
+bool FreshFile::ReplaceTarget() {
     // Some disks tell only now that the content has no room.
     const bool whole = close(std::exchange(handle_, -1)) == 0;
     if (!whole || rename(path_.c_str(), target_.c_str()) != 0) return false;

@@ -3,7 +3,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "headless/system_programs.h"
+#include "headless/memory_programs.h"
+#include "system/system_programs.h"
 
 namespace kvt::test {
 
@@ -35,9 +36,8 @@ TEST(Programs, ACommandLineSplitsAtBlanksBehindTheProgram) {
 }
 
 TEST(Programs, OneThatHangsIsEndedWithWhatItStarted) {
-    FaultPlan faults;
-    MemoryPrograms programs(faults);
-    programs.Patience = std::chrono::milliseconds{0};
+    MemoryPrograms programs;
+    programs.GiveUpAfter = std::chrono::milliseconds{0};
     const int sleeper = programs.Start("/bin/sleep 300", "");
     EXPECT_FALSE(programs.HasEnded(sleeper));
     programs.End(sleeper);

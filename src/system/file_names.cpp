@@ -1,4 +1,4 @@
-#include "headless/file_names.h"
+#include "system/file_names.h"
 
 #include <algorithm>
 #include <charconv>

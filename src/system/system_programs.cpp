@@ -1,4 +1,4 @@
-#include "headless/system_programs.h"
+#include "system/system_programs.h"
 
 #include <fcntl.h>
 #include <signal.h>
@@ -10,11 +10,11 @@
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
-#include <thread>
 
+#include "basic/run_time_error.h"
 #include "basic/text.h"
-#include "headless/confinement.h"
-#include "headless/file_names.h"
+#include "system/confinement.h"
+#include "system/file_names.h"
 
 extern char** environ;
 
@@ -25,7 +25,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* nowhere = "/dev/null";
-constexpr std::chrono::milliseconds lookInterval{5};
 
 bool IsProgram(const std::string& path) {
     std::error_code ignored;
@@ -149,29 +148,6 @@ bool SystemPrograms::Launch(std::string_view name) {
         return true;
     }
     return false;
-}
-
-int MemoryPrograms::Start(std::string_view commandLine, std::string_view file) {
-    faults_.Pass("program", fault::FileNotFound);
-    return real_.Start(commandLine, file);
-}
-
-bool MemoryPrograms::HasEnded(int program) {
-    if (waitedFor_ == program) return real_.HasEnded(program);
-    waitedFor_ = program;
-    const auto end = std::chrono::steady_clock::now() + Patience;
-    while (!real_.HasEnded(program)) {
-        if (std::chrono::steady_clock::now() >= end) return false;
-        std::this_thread::sleep_for(lookInterval);
-    }
-    return true;
-}
-
-bool MemoryPrograms::Launch(std::string_view name) {
-    faults_.Pass("program", fault::FileNotFound);
-    if (std::find(OnDesktop.begin(), OnDesktop.end(), name) == OnDesktop.end()) return false;
-    Launched.emplace_back(name);
-    return true;
 }
 
 }  // namespace kvt

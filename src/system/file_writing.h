@@ -10,7 +10,7 @@ namespace kvt {
 class FileWriting {
 public:
     // The folder of data, which keeps what a failure would lose; without one nothing is kept.
-    void KeepIn(std::filesystem::path folder) { keptIn_ = std::move(folder); }
+    void SetDataFolder(std::filesystem::path folder) { dataFolder_ = std::move(folder); }
     // Without it the content may still be on its way to the disk when its name is there.
     void WaitForDisk(bool waits) { waitsForDisk_ = waits; }
 
@@ -29,7 +29,7 @@ private:
     bool WriteInPlace(const std::filesystem::path& target, std::string_view content) const;
     bool KeepCopy(const std::filesystem::path& target, std::string_view content) const;
 
-    std::filesystem::path keptIn_;
+    std::filesystem::path dataFolder_;
     bool waitsForDisk_ = true;
 };
 

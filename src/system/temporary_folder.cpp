@@ -1,4 +1,4 @@
-#include "headless/temporary_folder.h"
+#include "system/temporary_folder.h"
 
 #include <fcntl.h>
 #include <sys/file.h>

@@ -2,9 +2,9 @@
 
 #include <memory>
 
-#include "headless/file_names.h"
-#include "headless/file_writing.h"
 #include "platform/services.h"
+#include "system/file_names.h"
+#include "system/file_writing.h"
 
 namespace kvt {
 
@@ -28,7 +28,7 @@ public:
     std::vector<std::string> List(std::string_view folder, std::string_view pattern) override;
 
     // The folder of data, where copies lie of files that must be written in place.
-    void KeepIn(std::string_view folder);
+    void SetDataFolder(std::string_view folder);
     // At a start: removes what a run that was killed in the middle of a write has left.
     void RemoveLeftovers() const { writing_.RemoveLeftovers(); }
 
