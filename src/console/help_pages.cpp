@@ -12,6 +12,7 @@
 #include "console/loaded_file.h"
 #include "draw/svg.h"
 #include "headless/memory_window.h"
+#include "platform/twips.h"
 
 namespace kvt {
 
@@ -21,7 +22,6 @@ namespace fs = std::filesystem;
 
 constexpr int pictureWidth = 7400, pictureHeight = 6600;  // of the drawing window, twips
 constexpr double widest = 460, highest = 340;             // of a drawing in the document, pixels
-constexpr double twipsPerPixel = 15;
 
 std::string ReadAll(const fs::path& file) {
     std::ifstream in(file, std::ios::binary);
@@ -104,9 +104,9 @@ public:
         if (!moves) return {};
         const FieldArea area = AreaOf(field.Operations(), field.ScaleWidth(), field.ScaleHeight());
         const double scale =
-            std::min({widest * twipsPerPixel / area.Width, highest * twipsPerPixel / area.Height, 1.0});
-        width = area.Width / twipsPerPixel * scale;
-        height = area.Height / twipsPerPixel * scale;
+            std::min({widest * TwipsPerPixel / area.Width, highest * TwipsPerPixel / area.Height, 1.0});
+        width = area.Width / TwipsPerPixel * scale;
+        height = area.Height / TwipsPerPixel * scale;
         return SvgOf(field.Operations(), {workbench_->Store.Machine, draw.State.DrawScale,
                                           workbench_->Store.Metric ? "0.01 mm" : "0.001 inch",
                                           field.ScaleWidth(), field.ScaleHeight()});
