@@ -36,7 +36,7 @@ std::vector<std::string> OptionWords(std::string_view script) {
         if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
         if (line.substr(0, optionsMark.size()) == optionsMark) {
             line.remove_prefix(optionsMark.size());
-            for (std::string_view word = TakeWord(line); !word.empty(); word = TakeWord(line))
+            for (std::string_view word = NextWord(line); !word.empty(); word = NextWord(line))
                 words.emplace_back(word);
         }
         script.remove_prefix(std::min(end + 1, script.size()));

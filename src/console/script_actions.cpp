@@ -308,7 +308,7 @@ void PrintMessages(Script& run, Args) {
 
 void Expect(Script& run, Args args) {
     std::string_view line = args.Last();
-    const std::string_view word = TakeWord(line);
+    const std::string_view word = NextWord(line);
     if (const ScriptAction* expectation = FindAction(ScriptExpectations(), word)) {
         expectation->Do(run, Arguments(line, expectation->Arguments, run.Session.Variables()));
         return;

@@ -36,28 +36,28 @@ long long Made(const PictureBox& field) {
 
 }  // namespace
 
-void MouseMove(ScriptRun& run, const Arguments& given) {
+void MouseMove(ScriptRun& run, const Arguments& args) {
     const PictureBox* const field = FieldInReach(run);
     if (!field || !field->OnMouseMove) return;
-    field->OnMouseMove(0, 0, static_cast<float>(given.Number(0)), static_cast<float>(given.Number(1)));
+    field->OnMouseMove(0, 0, static_cast<float>(args.Number(0)), static_cast<float>(args.Number(1)));
 }
 
-void MouseDown(ScriptRun& run, const Arguments& given) {
+void MouseDown(ScriptRun& run, const Arguments& args) {
     PictureBox* const field = FieldInReach(run);
     if (!field) return;
     run.Session.Platform.Focus.SetFocus(*field);
     if (!FieldInReach(run) || !field->OnMouseDown) return;
-    field->OnMouseDown(mouse::Left, 0, static_cast<float>(given.Number(0)),
-                       static_cast<float>(given.Number(1)));
+    field->OnMouseDown(mouse::Left, 0, static_cast<float>(args.Number(0)),
+                       static_cast<float>(args.Number(1)));
 }
 
-void Scroll(ScriptRun& run, const Arguments& given) {
-    Control& control = run.Session.Named(given.Text(0));
+void Scroll(ScriptRun& run, const Arguments& args) {
+    Control& control = run.Session.Named(args.Text(0));
     auto* const range = dynamic_cast<RangeControl*>(&control);
-    if (!range) throw ScriptError{Quoted(given.Text(0)) + " is no scroll bar"};
+    if (!range) throw ScriptError{Quoted(args.Text(0)) + " is no scroll bar"};
     if (const char* const why = run.Session.WhyOutOfReach(control))
-        return run.Note(given.Text(0) + ": " + why);
-    range->SetValue(given.Number(1));
+        return run.Note(args.Text(0) + ": " + why);
+    range->SetValue(args.Number(1));
 }
 
 void PrintOperations(ScriptRun& run, const Arguments&) {
@@ -68,31 +68,31 @@ void PrintOperations(ScriptRun& run, const Arguments&) {
     run.OperationsMark = run.CountMark = Made(field);
 }
 
-void ExpectOperation(ScriptRun& run, const Arguments& given) {
+void ExpectOperation(ScriptRun& run, const Arguments& args) {
     const std::span<const DrawOperation> operations = Since(Field(run), run.OperationsMark);
     const int count = static_cast<int>(operations.size());
-    const int number = given.Number(0) < 0 ? count + given.Number(0) + 1 : given.Number(0);
+    const int number = args.Number(0) < 0 ? count + args.Number(0) + 1 : args.Number(0);
     if (number < 1 || number > count)
-        return run.Fail(Quoted(given.Last()), "no such operation among " + PlainNumber(count));
+        return run.Fail(Quoted(args.Last()), "no such operation among " + PlainNumber(count));
     const std::optional<std::string> text =
-        OperationField(operations[static_cast<std::size_t>(number) - 1], given.Text(1));
-    if (!text) return run.Fail(Quoted(given.Last()), "no field " + Quoted(given.Text(1)));
-    run.Compare(given.Last(), *text);
+        OperationField(operations[static_cast<std::size_t>(number) - 1], args.Text(1));
+    if (!text) return run.Fail(Quoted(args.Last()), "no field " + Quoted(args.Text(1)));
+    run.Compare(args.Last(), *text);
 }
 
-void ExpectOperationCount(ScriptRun& run, const Arguments& given) {
+void ExpectOperationCount(ScriptRun& run, const Arguments& args) {
     const PictureBox& field = Field(run);
     const std::span<const DrawOperation> operations = Since(field, run.CountMark);
     const auto count = std::count_if(operations.begin(), operations.end(), [&](const DrawOperation& one) {
-        return OperationName(one) == given.Text(0);
+        return OperationName(one) == args.Text(0);
     });
     run.CountMark = Made(field);
-    run.Compare(given.Last(), PlainNumber(static_cast<std::int64_t>(count)));
+    run.Compare(args.Last(), PlainNumber(static_cast<std::int64_t>(count)));
 }
 
-void ExpectPicture(ScriptRun& run, const Arguments& given) {
+void ExpectPicture(ScriptRun& run, const Arguments& args) {
     FaultyPlatform& platform = run.Session.Platform;
-    const std::string& where = given.Last();
+    const std::string& where = args.Last();
     bool there = false;
     if (where == "clipboard") {
         there = platform.Clipboard.Picture.Width > 0;

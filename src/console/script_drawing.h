@@ -5,13 +5,13 @@
 namespace kvt::script {
 
 // Actions and expectations about the drawing window.
-void MouseMove(ScriptRun& run, const Arguments& given);
-void MouseDown(ScriptRun& run, const Arguments& given);
-void Scroll(ScriptRun& run, const Arguments& given);
-void PrintOperations(ScriptRun& run, const Arguments& given);
-void ExpectOperation(ScriptRun& run, const Arguments& given);
+void MouseMove(ScriptRun& run, const Arguments& args);
+void MouseDown(ScriptRun& run, const Arguments& args);
+void Scroll(ScriptRun& run, const Arguments& args);
+void PrintOperations(ScriptRun& run, const Arguments& args);
+void ExpectOperation(ScriptRun& run, const Arguments& args);
 // A picture on the clipboard, on paper since the last time, or in a file of a kind that the drawing is saved in.
-void ExpectPicture(ScriptRun& run, const Arguments& given);
-void ExpectOperationCount(ScriptRun& run, const Arguments& given);
+void ExpectPicture(ScriptRun& run, const Arguments& args);
+void ExpectOperationCount(ScriptRun& run, const Arguments& args);
 
 }  // namespace kvt::script

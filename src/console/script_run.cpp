@@ -71,7 +71,7 @@ bool ScriptRun::RunNextLine() {
 
 // Runs one line; true where it was a user's action.
 bool ScriptRun::RunAction(std::string_view text, int line) {
-    const std::string_view word = text.substr(0, 1) == "#" ? std::string_view() : TakeWord(text);
+    const std::string_view word = text.substr(0, 1) == "#" ? std::string_view() : NextWord(text);
     if (word.empty()) return false;
     const Restored<int> lineAgain(line_, line);
     const Restored<int> depthAgain(depth_, depth_ + 1);
@@ -109,7 +109,7 @@ void ScriptRun::Do(const ScriptAction& action, std::string_view text) {
     }
 }
 
-// Begins a wait and does what was put off until then; true where something of it was a user's action.
+// Begins a wait and does what was deferred to it; true where something of it was a user's action.
 bool ScriptRun::RunDeferred(Frame& frame) {
     ++frame.Waits;
     bool acted = false;

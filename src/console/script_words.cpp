@@ -62,7 +62,7 @@ int WholeNumber(std::string_view word) {
 std::string_view TakeQuotedWord(std::string_view& line) {
     line = WithoutBlanks(line);
     const std::size_t end = line.substr(0, 1) == "\"" ? line.find('"', 1) : std::string_view::npos;
-    if (end == std::string_view::npos) return TakeWord(line);
+    if (end == std::string_view::npos) return NextWord(line);
     const std::string_view word = line.substr(1, end - 1);
     line = WithoutBlanks(line.substr(end + 1));
     return word;
@@ -97,7 +97,7 @@ Arguments::Arguments(std::string_view line, const Shape& shape, const Variables&
     if (!line.empty()) throw ScriptError{"what is this: " + Quoted(line)};
 }
 
-std::string_view TakeWord(std::string_view& line) {
+std::string_view NextWord(std::string_view& line) {
     line = WithoutBlanks(line);
     const std::string_view word = line.substr(0, line.find_first_of(blanks));
     line = WithoutBlanks(line.substr(word.size()));

@@ -52,7 +52,7 @@ private:
 };
 
 // Takes the first word off a line, and the blanks on both sides of it.
-std::string_view TakeWord(std::string_view& line);
+std::string_view NextWord(std::string_view& line);
 
 // A text as a script has it, in double quotes with its escapes.
 std::string Quoted(std::string_view text);

@@ -131,8 +131,8 @@ bool PictureBoxView::KeepAsPicture() {
     const double longer = std::max({1, box_.Width.Get(), box_.Height.Get()});
     const double pixelsATwip = std::min(Desktop.Lengths.Exact(1) * PixelRatio(), largestKept / longer);
     const FieldArea whole{0, 0, 1.0 * box_.Width, 1.0 * box_.Height};
-    box_.Kept = PaintPicture(box_, whole, pixelsATwip);
-    kept_ = ImageOf(box_.Kept);
+    box_.Flattened = PaintPicture(box_, whole, pixelsATwip);
+    kept_ = ImageOf(box_.Flattened);
     kept_.setText(QStringLiteral("width"), QString::number(box_.Width));
     kept_.setText(QStringLiteral("height"), QString::number(box_.Height));
     return true;

@@ -152,7 +152,7 @@ LineView::LineView(DesktopContext& desktop, TextBox& control, QWidget* parent)
     : TextBoxView(desktop, control, new QLineEdit(parent)), edit_(static_cast<QLineEdit*>(Widget())) {
     edit_->setMaxLength(longestLine);
     edit_->setValidator(new LineFilter(edit_));
-    edit_->setReadOnly(control.ShownOnly);
+    edit_->setReadOnly(control.ReadOnly);
     edit_->setInputMethodHints(Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
     connect(edit_, &QLineEdit::textEdited, this, [this] { Edited(); });
     connect(edit_, &QLineEdit::selectionChanged, this, [this] { SelectionMoved(); });
@@ -161,7 +161,7 @@ LineView::LineView(DesktopContext& desktop, TextBox& control, QWidget* parent)
 
 void LineView::Follow(PropertyId id) {
     TextBoxView::Follow(id);
-    if (id != PropertyId::ForeColor || !Box.ShownOnly) return;
+    if (id != PropertyId::ForeColor || !Box.ReadOnly) return;
     QPalette palette = edit_->palette();
     palette.setColor(QPalette::Base, palette.color(QPalette::Button));
     edit_->setPalette(palette);
@@ -189,7 +189,7 @@ void LineView::SetShownSelection(TextSelection selection) {
 }
 
 QString LineView::Wanted() const {
-    return Box.ShownOnly ? ShownToQt(Box.Text) : Cleaned(ToQt(Box.Text), false);
+    return Box.ReadOnly ? ShownToQt(Box.Text) : Cleaned(ToQt(Box.Text), false);
 }
 
 // As if it were typed: the handlers see each character.

@@ -5,20 +5,12 @@
 #include "basic/text.h"
 #include "draw/arcs.h"
 #include "draw/draw_program.h"
+#include "draw/ink.h"
 
 // What each code draws, in the order of the table in draw_program.cpp.
 namespace kvt {
 
 namespace {
-
-constexpr Color white = 0xFFFFFF;
-constexpr Color green = 0x00FF00;
-constexpr Color blue = 0xFF0000;
-constexpr Color red = 0x0000FF;
-constexpr Color magenta = 0xFF00FF;
-constexpr Color cyan = 0xFFFF00;
-constexpr Color yellow = 0x00FFFF;
-constexpr Color grey = 0xC0C0C0;
 
 constexpr int mostCalls = 5;
 constexpr double twipsPerHalfPixel = 7.5;
@@ -34,26 +26,26 @@ Color DrawProgram::Overridden(Color color) const {
 
 void DrawProgram::FeedPen(Color color) {
     field_.DrawWidth = penMode_ == 1 ? 1 : ToLong(WholePart(state_.ToolWidth));
-    field_.ForeColor = Overridden(pass_ == 1 ? color : white);
+    field_.ForeColor = Overridden(pass_ == 1 ? color : ink::White);
 }
 
 void DrawProgram::Rapid() {
     field_.DrawWidth = 1;
-    field_.ForeColor = Overridden(green);
+    field_.ForeColor = Overridden(ink::Green);
     field_.Line(startX_, startY_, field_.CurrentX + move_.H, field_.CurrentY + move_.V);
     Reference();
     Wait();
 }
 
 void DrawProgram::Feed() {
-    FeedPen(blue);
+    FeedPen(ink::Blue);
     field_.Line(startX_, startY_, field_.CurrentX + move_.H, field_.CurrentY + move_.V);
     Reference();
     Wait();
 }
 
 void DrawProgram::Arc(bool isG03) {
-    FeedPen(isG03 ? cyan : magenta);
+    FeedPen(isG03 ? ink::Cyan : ink::Magenta);
     if (NextLineIsM99()) {
         arcPending_ = true;
         arcIsG03_ = isG03;
@@ -72,7 +64,7 @@ void DrawProgram::Arc(bool isG03) {
 // An M99 without an arc in front draws one with the values of the last arc.
 void DrawProgram::ArcCentre() {
     arcPending_ = false;
-    FeedPen(arcIsG03_ ? cyan : magenta);
+    FeedPen(arcIsG03_ ? ink::Cyan : ink::Magenta);
     ArcCall arc;
     arc.IsG03 = arcIsG03_;
     arc.Radius = ToSingle(arcRadius_);
@@ -105,7 +97,9 @@ void DrawProgram::Call() {
 
 void DrawProgram::Jump() { lineIndex_ = Target(Cell(column::F)); }
 
-Color DrawProgram::ThreadColor() const { return Overridden(controls_.mnuBackground.Checked ? blue : yellow); }
+Color DrawProgram::ThreadColor() const {
+    return Overridden(controls_.mnuBackground.Checked ? ink::Blue : ink::Yellow);
+}
 
 // The reference moves along the thread only, whatever the tool position says.
 void DrawProgram::Thread() {
@@ -124,7 +118,7 @@ void DrawProgram::ThreadingCycle() {
 
 // On the mill a boring has no move in the plane of the drawing, so that nothing shows of it.
 void DrawProgram::Boring() {
-    field_.ForeColor = Overridden(blue);
+    field_.ForeColor = Overridden(ink::Blue);
     if (!mill_) {
         field_.DrawWidth = 2;
         field_.LineTo(startX_ + move_.H, startY_);
@@ -135,7 +129,7 @@ void DrawProgram::Boring() {
 }
 
 void DrawProgram::TurningCycle() {
-    field_.ForeColor = Overridden(red);
+    field_.ForeColor = Overridden(ink::Red);
     DrawBoxOutAndBack(field_, startX_ + move_.H, startY_ + move_.V);
     Wait();
 }
@@ -148,7 +142,7 @@ void DrawProgram::PocketCycle() {
     call.MoveH = move_.H;
     call.SignH = Val(Cell(column::X));
     call.SignV = Val(Cell(column::Y));
-    call.Ink = penMode_ == 0 ? grey : red;
+    call.Ink = penMode_ == 0 ? ink::Grey : ink::Red;
     call.PenWidth = penMode_ == 0 ? state_.ToolWidth : 1;
     call.ToolDiameter = toolDiameter_;
     DrawPocket(shared_, parts_.Sim, call);
@@ -157,7 +151,7 @@ void DrawProgram::PocketCycle() {
 }
 
 void DrawProgram::FinishingOutline() {
-    field_.ForeColor = Overridden(red);
+    field_.ForeColor = Overridden(ink::Red);
     field_.DrawWidth = ToLong(state_.ToolWidth);
     field_.LineTo(state_.PocketX2, state_.PocketY1);
     field_.LineTo(state_.PocketX1, state_.PocketY1);

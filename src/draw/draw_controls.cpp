@@ -198,7 +198,7 @@ void DrawControls::PlaceFrames() {
     Place(lblFileName, 60, 590, 6000, 200);
     lblFileName.Visible = false;
     for (TextBox* shown : {&txtDiameter, &txtDeltaX, &txtDeltaZ, &txtDeltaXZ, &txtGrid})
-        shown->ShownOnly = true;
+        shown->ReadOnly = true;
     lblDiameter.ToolTip = "Diameter";
     UpDown.Max = ScaleCount - 1;
     UpDown.SetValue(firstScale);

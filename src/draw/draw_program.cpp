@@ -5,6 +5,7 @@
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "draw/ink.h"
 #include "interpreter/control_commands.h"
 
 namespace kvt {
@@ -13,17 +14,14 @@ namespace {
 
 constexpr const char* drawProgramName = "DrawProgram";
 
-constexpr Color black = 0x000000;
-constexpr Color white = 0xFFFFFF;
-
 struct NamedColor {
     const char* Name;
     Color Value;
 };
 
 constexpr NamedColor namedColors[] = {
-    {"Black", black},      {"Blue", 0xFF0000}, {"Cyan", 0xFFFF00}, {"Green", 0x00FF00},
-    {"Magenta", 0xFF00FF}, {"Red", 0x0000FF},  {"White", white},   {"Yellow", 0x00FFFF},
+    {"Black", ink::Black},     {"Blue", ink::Blue}, {"Cyan", ink::Cyan},   {"Green", ink::Green},
+    {"Magenta", ink::Magenta}, {"Red", ink::Red},   {"White", ink::White}, {"Yellow", ink::Yellow},
 };
 
 // An unknown name is black.
@@ -31,7 +29,7 @@ Color ColorNamed(std::string_view name) {
     for (const NamedColor& color : namedColors) {
         if (EqualIgnoringCase(name, color.Name)) return color.Value;
     }
-    return black;
+    return ink::Black;
 }
 
 // The wait of each entry of mnuSim in milliseconds.
@@ -122,7 +120,7 @@ void DrawProgram::Begin() {
     const std::string name(ExtractFileName(shared_.File.lblPath.Caption));
     controls_.lblFileName.Caption = name;
     controls_.frmDraw.Caption = name;
-    if (full) field_.BackColor = whiteBackground ? white : black;
+    if (full) field_.BackColor = whiteBackground ? ink::White : ink::Black;
     if (controls_.mnuGrid.Checked && full) parts_.View.MakeGrid();
     if (state_.ZeroX > 0) {
         field_.MoveTo(state_.ZeroX, state_.ZeroY);
@@ -182,7 +180,7 @@ bool DrawProgram::ProcessLine() {
     }
     if (IsWatched()) parts_.Editor.Follow(lineIndex_);
     // PEN: for what has no colour of its own.
-    field_.ForeColor = controls_.mnuBackground.Checked ? black : white;
+    field_.ForeColor = controls_.mnuBackground.Checked ? ink::Black : ink::White;
     // VALUES: the line with the centre keeps the moves of its arc's line.
     ReadCode();
     arcPending_ ? ReadCentre() : ReadValues();

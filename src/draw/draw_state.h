@@ -23,9 +23,15 @@ struct ViewState {
     long long FirstStroke = 0;
 };
 
-// The life of the drawing window. Closed -> Opening when it is shown, -> Open when it is activated for the first time,
-// which draws the program; -> Closed from everywhere.
-enum class WindowPhase { Closed, Opening, Open };
+// The life of the drawing window:
+//
+//   Closed    takes settings and sizes on when it is shown next
+//   Opening   is being shown and not activated yet: what asks for it now is served by that
+//   DrawDue   activated; the program is still to be drawn, behind the fit, whose drawing may wait
+//   Open      was drawn
+//
+// They follow in this order; Closed comes behind each of them.
+enum class WindowPhase { Closed, Opening, DrawDue, Open };
 
 // From one Redraw to the end of its drawing, in one or two passes:
 //

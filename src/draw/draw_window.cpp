@@ -187,7 +187,9 @@ void DrawWindow::ShowBehindEditor() {
     PrepareToShow();
     Controls.frmDraw.ShowBehind();
     focusFieldNext_ = true;
-    if (State.Opening()) FitAndDraw(UpdateForProgram());
+    if (!State.Opening()) return;
+    UpdateForProgram();
+    FitAndDraw();
 }
 
 void DrawWindow::ShowLater() {
@@ -259,23 +261,24 @@ void DrawWindow::Form_QueryUnload() {
 }
 
 void DrawWindow::Form_Activate() {
-    const bool opened = UpdateForProgram();
+    UpdateForProgram();
     const Control* const focused = parts_.Platform.Focus.Focused();
     if (std::exchange(focusFieldNext_, false) || !focused || &focused->OwningForm() != &Controls.frmDraw)
         parts_.Platform.Focus.SetFocus(Controls.pbxDrawField);
-    FitAndDraw(opened);
+    FitAndDraw();
 }
 
 // Comes last when the window is activated, for a walk may wait.
-void DrawWindow::FitAndDraw(bool redraw) {
+void DrawWindow::FitAndDraw() {
     View.Autofit();
-    if (redraw) Redraw();
+    if (State.Window != WindowPhase::DrawDue) return;
+    State.Window = WindowPhase::Open;
+    Redraw();
 }
 
-// Captions, names of the axes and frames. Gives true the first time after the window was shown.
-bool DrawWindow::UpdateForProgram() {
-    const bool opened = State.Opening();
-    if (opened) State.Window = WindowPhase::Open;
+// Captions, names of the axes and frames.
+void DrawWindow::UpdateForProgram() {
+    if (State.Opening()) State.Window = WindowPhase::DrawDue;
     parts_.Store.ErrorFlagged = false;
     if (!parts_.Language.ModuleFile.empty()) {
         int entry = 1;
@@ -301,7 +304,6 @@ bool DrawWindow::UpdateForProgram() {
     Controls.frStepControls.Top = Controls.frProperties.Top + Controls.frProperties.Height - frameGap;
     for (Control* button : {&Controls.cmdStep, &Controls.cmdStop, &Controls.cmdRun}) button->Top = buttonsTop;
     Controls.lblDiameter.Caption = "\xD8";
-    return opened;
 }
 
 void DrawWindow::Form_LostFocus() {

@@ -78,8 +78,8 @@ public:
 private:
     void Form_Load();
     void PrepareToShow();
-    bool UpdateForProgram();
-    void FitAndDraw(bool redraw);
+    void UpdateForProgram();
+    void FitAndDraw();
     void WireMenus();
     void WireField();
     void RunPasses();

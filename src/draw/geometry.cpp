@@ -14,6 +14,11 @@ double Atan2(double x, double y) {
     return y > 0 ? Pi - angle : angle + Pi;
 }
 
+double SweepOf(float start, float end) {
+    const double sweep = std::fmod(double{end} - start, 2 * Pi);
+    return sweep <= 1e-6 ? sweep + 2 * Pi : sweep;
+}
+
 float RadToDeg(float angle) { return static_cast<float>(double{angle} * 57.29578); }
 
 }  // namespace kvt

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/twips.h"
+
 namespace kvt {
 
 // The value of pi in all of the drawing's arithmetic.
@@ -7,6 +9,9 @@ inline constexpr double Pi = 3.14159265358979;
 
 // The angle of a direction, from 0 up to two pi, counter-clockwise with Y up. Both 0 give pi.
 double Atan2(double x, double y);
+
+// How far an arc goes counter-clockwise from its start to its end, above 0 up to two pi.
+double SweepOf(float start, float end);
 
 // Radians as degrees, in 32-bit floats.
 float RadToDeg(float angle);

@@ -33,8 +33,7 @@ bool ArcIsInSight(const DrawOperation& arc, const FieldArea& area) {
     double sweep = 2 * Pi;
     if (!arc.IsFullCircle()) {
         start = arc.Start;
-        sweep = std::fmod(double{arc.End} - arc.Start, 2 * Pi);
-        if (sweep <= 1e-6) sweep += 2 * Pi;
+        sweep = SweepOf(arc.Start, arc.End);
     }
     const int pieces = std::max(1, static_cast<int>(std::ceil(sweep / (2 * Pi) * chordsPerTurn)));
     const auto x = [&](int i) { return arc.X1 + arc.Radius() * std::cos(start + sweep * i / pieces); };

@@ -6,6 +6,7 @@
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "draw/ink.h"
 #include "platform/keys.h"
 
 namespace kvt {
@@ -16,8 +17,6 @@ constexpr const char* mouseMoveName = "pbxDrawfield_MouseMove";
 constexpr const char* mouseDownName = "pbxDrawfield_MouseDown";
 
 constexpr float markArm = 100;  // twips, whatever the scale
-constexpr Color black = 0x000000;
-constexpr Color white = 0xFFFFFF;
 
 // The four fields in the order of their ring, and where the arrow keys go from each.
 struct RingField {
@@ -154,7 +153,7 @@ void Measuring::ShowPointer(int pointer) {
 
 void Measuring::DrawMark(float x, float y) {
     PictureBox& field = controls_.pbxDrawField;
-    field.ForeColor = controls_.mnuBackground.Checked ? black : white;
+    field.ForeColor = controls_.mnuBackground.Checked ? ink::Black : ink::White;
     field.DrawWidth = 1;
     field.DrawMode = draw_mode::Invert;
     field.Line(x - markArm, y, x + markArm, y);

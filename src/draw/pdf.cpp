@@ -13,8 +13,6 @@ namespace {
 
 using Kind = DrawOperation::Kind;
 
-constexpr double twipsPerPixel = 15;
-constexpr double twipsPerPoint = 20;  // 72 an inch
 constexpr double hatchStep = 120;
 constexpr double mostOfAnArc = Pi / 2;  // of a curve that stands for it
 
@@ -43,11 +41,11 @@ std::string Escaped(const std::string& text) {
 // The marks on the page, in twips of the field.
 class PageWriter {
 public:
-    std::string Write(const FieldArea& area, Color ground, const std::vector<DrawOperation>& operations) {
-        const double scale = 1 / twipsPerPoint;
+    std::string Write(const FieldArea& area, Color background, const std::vector<DrawOperation>& operations) {
+        const double scale = 1.0 / TwipsPerPoint;
         const auto fine = [](double value) { return PlainNumber(static_cast<float>(value)) + " "; };
         out_ = fine(scale) + "0 0 " + fine(-scale) + fine(-area.Left * scale) +
-               fine((area.Top + area.Height) * scale) + "cm\n1 J 1 j\n" + Ink(ground, "rg") +
+               fine((area.Top + area.Height) * scale) + "cm\n1 J 1 j\n" + Ink(background, "rg") +
                Point(area.Left, area.Top) + Point(area.Width, area.Height) + "re f\n";
         for (const DrawOperation& one : operations) Add(one);
         return out_;
@@ -58,7 +56,7 @@ private:
         const bool inverts = one.Mode == draw_mode::Invert;
         // Whatever the pen's colour, an inversion takes the difference to white.
         out_ += inverts ? "q /Inverts gs\n" + Ink(0xFFFFFF, "RG") : Ink(one.Ink, "RG");
-        out_ += Number(one.Width * twipsPerPixel) + "w\n";
+        out_ += Number(one.Width * TwipsPerPixel) + "w\n";
         const bool dotted = one.Style != draw_style::Solid && one.Width == 1;
         if (dotted) out_ += "[30 30] 0 d\n";
         const std::string path = PathOf(one);
@@ -73,12 +71,8 @@ private:
         if (one.What == Kind::Line) return Point(one.X1, one.Y1) + "m " + Point(one.X2, one.Y2) + "l ";
         if (one.What == Kind::Box)
             return Point(one.X1, one.Y1) + Point(double{one.X2} - one.X1, double{one.Y2} - one.Y1) + "re ";
-        return one.IsFullCircle() ? Arc(one, 0, 2 * Pi) + "h " : Arc(one, one.Start, SweepOf(one));
-    }
-
-    static double SweepOf(const DrawOperation& arc) {
-        const double sweep = std::fmod(double{arc.End} - arc.Start, 2 * Pi);
-        return sweep <= 1e-6 ? sweep + 2 * Pi : sweep;
+        return one.IsFullCircle() ? Arc(one, 0, 2 * Pi) + "h "
+                                  : Arc(one, one.Start, SweepOf(one.Start, one.End));
     }
 
     static std::string Arc(const DrawOperation& one, double start, double sweep) {
@@ -108,7 +102,7 @@ private:
                                           : std::pair<double, double>(std::minmax(one.X1, one.X2));
         const auto [top, bottom] = circle ? std::pair{one.Y1 - r, one.Y1 + r}
                                           : std::pair<double, double>(std::minmax(one.Y1, one.Y2));
-        out_ += "q " + path + "W n " + Ink(one.FillInk, "RG") + Number(twipsPerPixel) + "w\n";
+        out_ += "q " + path + "W n " + Ink(one.FillInk, "RG") + Number(TwipsPerPixel) + "w\n";
         const double height = bottom - top;
         for (double x = std::floor((left - height) / hatchStep) * hatchStep; x <= right; x += hatchStep)
             out_ += Point(x, top) + "m " + Point(x + height, bottom) + "l S\n";
@@ -128,8 +122,8 @@ std::string PdfOf(std::span<const DrawOperation> operations, const SvgHead& head
     const std::string objects[] = {
         "<< /Type /Catalog /Pages 2 0 R >>",
         "<< /Type /Pages /Kids [3 0 R] /Count 1 >>",
-        "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 " + Number(area.Width / twipsPerPoint) +
-            Number(area.Height / twipsPerPoint) +
+        "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 " + Number(area.Width / TwipsPerPoint) +
+            Number(area.Height / TwipsPerPoint) +
             "] /Contents 4 0 R /Resources << /ExtGState << /Inverts << /BM /Difference >> >> >> >>",
         "<< /Length " + PlainNumber(static_cast<std::int64_t>(page.size())) + " >>\nstream\n" + page +
             "\nendstream",

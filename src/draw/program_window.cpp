@@ -5,6 +5,7 @@
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "draw/geometry.h"
 
 namespace kvt {
 
@@ -12,7 +13,6 @@ namespace {
 
 constexpr int widthPixels = 786;
 constexpr int heightPixels = 200;
-constexpr int twipsPerPixel = 15;
 // With these the margin around the list is as wide at the right and below as at the left.
 constexpr int edgeWidth = 80;
 constexpr int edgeHeight = 220;
@@ -86,13 +86,13 @@ ProgramWindow::ProgramWindow(DrawParts& parts)
     lstCncLines.TabIndex = 0;
     lstCncLines.Left = 60;
     lstCncLines.Top = 320;
-    frmProgramWindow.Width = widthPixels * twipsPerPixel;
-    frmProgramWindow.Height = heightPixels * twipsPerPixel;
+    frmProgramWindow.Width = widthPixels * TwipsPerPixel;
+    frmProgramWindow.Height = heightPixels * TwipsPerPixel;
 }
 
 void ProgramWindow::Form_Load() {
-    frmProgramWindow.Width = widthPixels * twipsPerPixel;
-    frmProgramWindow.Height = heightPixels * twipsPerPixel;
+    frmProgramWindow.Width = widthPixels * TwipsPerPixel;
+    frmProgramWindow.Height = heightPixels * TwipsPerPixel;
     const ListView& list = parts_.Store.lvCncProgram;
     int header = 2;
     for (Label* head : {&lblN, &lblG, &lblX, &lblY, &lblZ, &lblF, &lblH})

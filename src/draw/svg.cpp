@@ -15,7 +15,6 @@ namespace {
 using Kind = DrawOperation::Kind;
 
 constexpr double margin = 300;  // twips
-constexpr int twipsPerPixel = 15;
 
 std::string Number(double value) { return PlainNumber(static_cast<float>(std::round(value * 10) / 10)); }
 
@@ -54,7 +53,7 @@ bool SpansField(const DrawOperation& line, int width, int height) {
 
 // Of an arc only its ends and the quarters that it passes count.
 Extent ArcExtent(const DrawOperation& arc) {
-    const double half = arc.Width * twipsPerPixel / 2.0;
+    const double half = arc.Width * TwipsPerPixel / 2.0;
     Extent extent{1e300, 1e300, -1e300, -1e300};
     const auto add = [&](double angle) {
         const double x = arc.X1 + arc.Radius() * std::cos(angle);
@@ -75,8 +74,8 @@ class SvgWriter {
 public:
     SvgWriter(const FieldArea& area, const SvgHead& head) : area_(area), head_(head) {}
 
-    std::string Write(const std::vector<DrawOperation>& operations, Color ground) {
-        Begin(ground);
+    std::string Write(const std::vector<DrawOperation>& operations, Color background) {
+        Begin(background);
         for (const DrawOperation& one : operations) {
             const bool stroke = one.What == Kind::Line || (one.What == Kind::Circle && !one.IsFullCircle());
             if (!stroke || !SameStroke(one)) EndPath();
@@ -93,12 +92,12 @@ public:
     }
 
 private:
-    void Begin(Color ground) {
+    void Begin(Color background) {
         const std::string title = Escaped(ToUtf8(head_.Title));
         const std::string scale = PlainNumber(head_.DrawScale);
         out_ = "<svg xmlns=\"http://www.w3.org/2000/svg\"" +
-               Attribute("width", Number(area_.Width / twipsPerPixel)) +
-               Attribute("height", Number(area_.Height / twipsPerPixel)) +
+               Attribute("width", Number(area_.Width / TwipsPerPixel)) +
+               Attribute("height", Number(area_.Height / TwipsPerPixel)) +
                Attribute("viewBox", Number(area_.Left) + " " + Number(area_.Top) + " " + Number(area_.Width) +
                                         " " + Number(area_.Height)) +
                Attribute("data-twips-a-unit", scale) + Attribute("data-unit", head_.Unit) + ">\n<title>" +
@@ -108,7 +107,7 @@ private:
                "<path d=\"M0 0L120 120\" stroke=\"#000000\" stroke-width=\"15\"/></pattern></defs>\n<rect" +
                Attribute("x", Number(area_.Left)) + Attribute("y", Number(area_.Top)) +
                Attribute("width", Number(area_.Width)) + Attribute("height", Number(area_.Height)) +
-               Attribute("fill", ColorText(ground)) +
+               Attribute("fill", ColorText(background)) +
                "/>\n<g fill=\"none\" stroke-linecap=\"round\" stroke-linejoin=\"round\">\n";
     }
 
@@ -116,7 +115,7 @@ private:
         // Whatever the pen's colour, an inversion takes the difference to white.
         const bool inverts = one.Mode == draw_mode::Invert;
         std::string text = Attribute("stroke", ColorText(inverts ? 0xFFFFFF : one.Ink)) +
-                           Attribute("stroke-width", PlainNumber(one.Width * twipsPerPixel));
+                           Attribute("stroke-width", PlainNumber(one.Width * TwipsPerPixel));
         if (one.Style != draw_style::Solid && one.Width == 1) text += Attribute("stroke-dasharray", "30 30");
         if (inverts) text += Attribute("style", "mix-blend-mode:difference");
         return text;
@@ -142,8 +141,7 @@ private:
             path_ += "L" + end_;
             return;
         }
-        double sweep = std::fmod(double{one.End} - one.Start, 2 * Pi);
-        if (sweep <= 1e-6) sweep += 2 * Pi;
+        const double sweep = SweepOf(one.Start, one.End);
         const double r = one.Radius();
         const auto at = [&](double angle) {
             return point(one.X1 + r * std::cos(angle), one.Y1 - r * std::sin(angle));

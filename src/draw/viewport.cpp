@@ -5,6 +5,7 @@
 
 #include "basic/number.h"
 #include "draw/in_sight.h"
+#include "draw/ink.h"
 
 namespace kvt {
 
@@ -18,12 +19,6 @@ constexpr int freeWidth = 500;
 
 constexpr int crossArm = 100;  // twips
 constexpr int ringRadius = 150;
-
-constexpr Color black = 0x000000;
-constexpr Color white = 0xFFFFFF;
-constexpr Color red = 0x0000FF;
-constexpr Color yellow = 0x00FFFF;
-constexpr Color darkGrey = 0x404040;
 
 struct Extents {
     double VTravel, HTravel, VLimit, HLimit;
@@ -137,11 +132,11 @@ void Viewport::MakeZeroPoint() {
     const double y = state_.MarkerY;
     field.DrawWidth = 1;
     // The axes, right across the field.
-    field.ForeColor = red;
+    field.ForeColor = ink::Red;
     field.Line(0, y, field.ScaleWidth(), y);
     field.Line(x, 0, x, field.ScaleHeight());
     // The mark itself has the same size at every scale.
-    field.ForeColor = controls_.mnuBackground.Checked ? black : white;
+    field.ForeColor = controls_.mnuBackground.Checked ? ink::Black : ink::White;
     field.Line(x - crossArm, y, x + crossArm, y);
     field.Line(x, y - crossArm, x, y + crossArm);
     const int fillBefore = field.FillStyle;
@@ -161,7 +156,7 @@ void Viewport::MakeGrid() {
     const float penX = field.CurrentX;
     const float penY = field.CurrentY;
     field.DrawWidth = 1;
-    field.ForeColor = controls_.mnuBackground.Checked ? yellow : darkGrey;
+    field.ForeColor = controls_.mnuBackground.Checked ? ink::Yellow : ink::DarkGrey;
     // The phases put the lines on the zero point mark; the pen is at 0, 0 when the field has just been cleared.
     const auto phase = [&](float marker) { return Remainder(WholePart(marker), WholePart(step)); };
     const double phaseX = phase(state_.MarkerX);

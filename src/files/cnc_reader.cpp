@@ -94,15 +94,20 @@ void ReadNumbered(ListRow& row, std::string_view record, std::span<const cnc::Pa
     std::string codeText(Field(record, cnc::Code));
     codeText += ' ';
     row[column::Code] = codeText;
-    const CodeKey key = KeyOf(codeText);
     for (const cnc::Parameter& parameter : parameters) {
-        std::string text(Field(record, parameter.Place));
-        const std::string_view digits = std::string_view(text).substr(1);
-        if (!IsFormatted(digits)) text.replace(1, std::string::npos, Formatted(digits));
-        for (const ForcedPrefix& forced : prefixes) {
-            if (forced.Key == key && forced.Column == parameter.Column) text[0] = forced.Letter;
+        const std::string_view text = Field(record, parameter.Place);
+        const std::string_view digits = text.substr(1);
+        if (IsFormatted(digits)) {
+            row[parameter.Column] = text;
+        } else {
+            row[parameter.Column] = text[0] + Formatted(digits);
         }
-        row[parameter.Column] = text;
+    }
+    const CodeKey key = KeyOf(codeText);
+    for (const ForcedPrefix& forced : prefixes) {
+        if (forced.Key != key) continue;
+        Cell& cell = row[forced.Column];
+        cell = forced.Letter + std::string(cell.View().substr(1));
     }
     ClearResultCells(row);
 }

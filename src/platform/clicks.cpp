@@ -8,7 +8,7 @@ bool TakesFocus(const Control& control) {
     switch (control.Kind()) {
         case ControlKind::RichText: return true;
         case ControlKind::PictureBox: return control.TabIndex >= 0;
-        default: return TakesKeys(control.Kind());
+        default: return AcceptsKeys(control.Kind());
     }
 }
 

@@ -82,15 +82,15 @@ void Form::NoteState() {
 void Form::Changed(PropertyId id) {
     if (id == PropertyId::WindowState) NoteState();
     Control::Changed(id);
-    if ((id == PropertyId::Width || id == PropertyId::Height) && !takingSize_ && OnResize) OnResize();
+    if ((id == PropertyId::Width || id == PropertyId::Height) && !applyingSize_ && OnResize) OnResize();
 }
 
 bool Form::ApplySize(int width, int height) {
     if (width == Width && height == Height) return false;
-    takingSize_ = true;
+    applyingSize_ = true;
     Width = width;
     Height = height;
-    takingSize_ = false;
+    applyingSize_ = false;
     return true;
 }
 

@@ -171,7 +171,7 @@ private:
     void NoteState();
 
     std::vector<Control*> controls_;
-    bool takingSize_ = false;
+    bool applyingSize_ = false;
     WindowState lastState_ = WindowState::Normal;
     WindowPlace restored_ = {};
     bool fillsScreen_ = false;
@@ -216,7 +216,7 @@ public:
     // All characters have the same width, for columns of numbers. Set before it is shown.
     bool FixedPitch = false;
     // Has the colour of buttons and can be copied from; the user's hands change nothing. Set before it is shown.
-    bool ShownOnly = false;
+    bool ReadOnly = false;
     // For undoing it; kept by the editing alone.
     LastTextEdit LastEdit;
 

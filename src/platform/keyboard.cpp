@@ -118,7 +118,7 @@ bool Keyboard::TurnPage(Control& target, bool backwards) {
     ShowPage(*tabs, (tabs->Value + (backwards ? pages - 1 : 1)) % pages);
     // The page that had the focus is out of sight.
     if (host_.HasEnded() || focus_.Focused() != &target || target.ReallyVisible()) return true;
-    Control* const next = TakesTab(*tabs) ? tabs : FirstInTabOrder(*tabs);
+    Control* const next = AcceptsTab(*tabs) ? tabs : FirstInTabOrder(*tabs);
     if (next) host_.Run(target, "LostFocus", [&] { focus_.SetFocus(*next); });
     return true;
 }

@@ -83,7 +83,7 @@ void PictureBox::Add(const DrawOperation& operation) {
 void PictureBox::BeginList() {
     before_ += static_cast<long long>(operations_.size());
     operations_.clear();
-    Kept = {};
+    Flattened = {};
     operations_.push_back({.What = OperationKind::Clear, .Ink = BackColor});
     Control::Changed(PropertyId::Operations);
 }

@@ -101,12 +101,12 @@ public:
     // How many operations were made before those of the list, in all the field's life.
     long long OperationsBefore() const { return before_; }
 
-    // A list that has grown to this length is offered to OnFull. Who puts what it shows into Kept gives true, and
+    // A list that has grown to this length is offered to OnFull. Who puts what it shows into Flattened gives true, and
     // the list begins again with that picture; without a taker nothing is dropped and the list grows on.
     static constexpr std::size_t MostOperations = 1'000'000;
     std::function<bool()> OnFull;
     // What a Picture operation stands for: the whole field, in any size.
-    Pixels Kept;
+    Pixels Flattened;
 
     MouseHandler OnMouseMove;
     MouseHandler OnMouseDown;

@@ -46,20 +46,21 @@ public:
     }
 
     // What the field has kept of operations that are in its list no more.
-    void PaintKept() {
-        const Pixels& kept = field_.Kept;
-        if (kept.Points.empty()) return;
+    void PaintFlattened() {
+        const Pixels& flattened = field_.Flattened;
+        if (flattened.Points.empty()) return;
         const auto source = [this](int at, double origin, int points, int twips) {
             return static_cast<int>(std::floor((at + 0.5 + origin) / scale_ * points / std::max(1, twips)));
         };
         for (int y = 0; y < picture_.Height; ++y) {
-            const int fromY = source(y, originY_, kept.Height, field_.Height);
-            if (fromY < 0 || fromY >= kept.Height) continue;
+            const int fromY = source(y, originY_, flattened.Height, field_.Height);
+            if (fromY < 0 || fromY >= flattened.Height) continue;
             for (int x = 0; x < picture_.Width; ++x) {
-                const int fromX = source(x, originX_, kept.Width, field_.Width);
-                if (fromX < 0 || fromX >= kept.Width) continue;
+                const int fromX = source(x, originX_, flattened.Width, field_.Width);
+                if (fromX < 0 || fromX >= flattened.Width) continue;
                 picture_.Points[At(x, y)] =
-                    kept.Points[static_cast<std::size_t>(fromY) * static_cast<std::size_t>(kept.Width) +
+                    flattened
+                        .Points[static_cast<std::size_t>(fromY) * static_cast<std::size_t>(flattened.Width) +
                                 static_cast<std::size_t>(fromX)];
             }
         }
@@ -295,7 +296,7 @@ private:
 
 Pixels PaintPicture(const PictureBox& field, const FieldArea& area, double pointsPerTwip) {
     PicturePainter painter(field, area, pointsPerTwip);
-    painter.PaintKept();
+    painter.PaintFlattened();
     for (const DrawOperation& one : SeenIn(field.Operations(), area)) painter.Paint(one);
     return painter.Take();
 }

@@ -10,7 +10,7 @@ bool Before(const Control* a, const Control* b) { return a->TabIndex.Get() < b->
 
 }  // namespace
 
-bool TakesKeys(ControlKind kind) {
+bool AcceptsKeys(ControlKind kind) {
     switch (kind) {
         case ControlKind::TextBox:
         case ControlKind::CheckBox:
@@ -24,17 +24,17 @@ bool TakesKeys(ControlKind kind) {
     }
 }
 
-bool TakesTab(const Control& control) {
+bool AcceptsTab(const Control& control) {
     // A scroll bar that the mouse moves leaves the keys where they are; Tab alone goes there.
     const bool scrolls = control.Kind() == ControlKind::ScrollBar || control.Kind() == ControlKind::UpDown;
-    return (TakesKeys(control.Kind()) || scrolls) && control.TabIndex >= 0 && control.ReallyVisible() &&
+    return (AcceptsKeys(control.Kind()) || scrolls) && control.TabIndex >= 0 && control.ReallyVisible() &&
            control.ReallyEnabled();
 }
 
 Control* NextInTabOrder(Control& from, bool backwards) {
     std::vector<Control*> stops;
     for (Control* control : from.OwningForm().Controls()) {
-        if (control == &from || TakesTab(*control)) stops.push_back(control);
+        if (control == &from || AcceptsTab(*control)) stops.push_back(control);
     }
     std::stable_sort(stops.begin(), stops.end(), Before);
     if (backwards) std::reverse(stops.begin(), stops.end());
@@ -51,7 +51,7 @@ Control* FirstInTabOrder(const Control& container) {
     std::vector<Control*> stops;
     const std::vector<Control*>& all = container.OwningForm().Controls();
     std::copy_if(all.begin(), all.end(), std::back_inserter(stops), [&](const Control* control) {
-        return control != &container && lies(control) && TakesTab(*control);
+        return control != &container && lies(control) && AcceptsTab(*control);
     });
     const auto first = std::min_element(stops.begin(), stops.end(), Before);
     return first == stops.end() ? nullptr : *first;

@@ -5,10 +5,10 @@
 namespace kvt {
 
 // Whether controls of a kind take keys from whatever gives them the focus.
-bool TakesKeys(ControlKind kind);
+bool AcceptsKeys(ControlKind kind);
 
 // Whether the Tab key stops at a control: one of a kind that takes keys, with a tab index, to be seen and enabled.
-bool TakesTab(const Control& control);
+bool AcceptsTab(const Control& control);
 
 // The stop after a control in the order of the tab indices, round the end of its form; null where there is no
 // other.

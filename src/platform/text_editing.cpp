@@ -270,7 +270,7 @@ void CopyOrCut(TextBox& box, bool cut, ClipboardService& clipboard) {
 
 std::optional<TextEdit> EditOf(const TextBox& box, const KeyPress& press) {
     const std::optional<TextEdit> edit = ActionOf(box, press);
-    if (edit && box.ShownOnly && Changes(edit->Action)) return std::nullopt;
+    if (edit && box.ReadOnly && Changes(edit->Action)) return std::nullopt;
     return edit;
 }
 

@@ -17,7 +17,7 @@ InfoPage::InfoPage(Form& form)
       txtCurrentFilePath(form, "txtCurrentFilePath"),
       txtApplicationPath(form, "txtApplicationPath"),
       txtSettingsPath(form, "txtSettingsPath") {
-    for (TextBox* box : {&txtCurrentFilePath, &txtApplicationPath, &txtSettingsPath}) box->ShownOnly = true;
+    for (TextBox* box : {&txtCurrentFilePath, &txtApplicationPath, &txtSettingsPath}) box->ReadOnly = true;
 }
 
 void InfoPage::Show(std::string_view currentFile, std::string_view application, std::string_view settings) {

@@ -275,7 +275,6 @@ void Workbench::mnuDraw_Click() {
         Platform.Focus.SetFocus(Draw.Controls.pbxDrawField);
     }
     Draw.DrawForUser();
-    window.BringToFront();
 }
 
 void Workbench::FocusCode() {

@@ -73,7 +73,10 @@ std::vector<std::string> OfferedDevices() {
 }
 
 bool IsLockedByOther(const fs::path& device, const fs::path& locks) {
-    const int holder = NumberIn(locks / ("LCK.." + device.filename().string()), 0);
+    std::error_code failed;
+    const fs::path real = fs::canonical(device, failed);
+    const fs::path& named = failed ? device : real;
+    const int holder = NumberIn(locks / ("LCK.." + named.filename().string()), 0);
     return holder > 0 && holder != getpid() && (kill(holder, 0) == 0 || errno == EPERM);
 }
 

@@ -148,7 +148,7 @@ TEST_F(PainterTest, DotsAndInversions) {
 
 TEST_F(PainterTest, WhatTheFieldHasKeptLiesBelow) {
     field.OnFull = [this] {
-        field.Kept = Paint();
+        field.Flattened = Paint();
         return true;
     };
     Line(10, 20, 30, 20);

@@ -45,7 +45,7 @@ void KeyForm::Place() {
     // The keys come there by the mouse alone.
     txtNotes.TabIndex = -1;
     txtNotes.MultiLine = true;
-    txtShown.ShownOnly = true;
+    txtShown.ReadOnly = true;
     for (Menu* entry : {&mnuOpen, &mnuSave, &mnuDraw, &mnuAgain, &mnuCopy}) entry->Container = &mnuFile;
     mnuOpen.Shortcut = "Ctrl+O";
     mnuSave.Shortcut = "Ctrl+S";
