@@ -1,10 +1,8 @@
 #include "basic/number.h"
 
-#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
-#include <cstring>
 #include <limits>
 
 #include "basic/run_time_error.h"
@@ -21,7 +19,7 @@ constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 constexpr bool IsSkipped(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
-// The road for numbers of more digits than a double holds exactly.
+// Reads a number of more digits than a double holds exactly.
 double ValOfLongText(std::string_view text) {
     std::string compact;
     bool point = false;
@@ -202,7 +200,7 @@ std::string_view Magnitude(float value, char (&buffer)[128]) {
     const float twice = magnitude * 2;
     char* end = nullptr;
     if (twice < 16777216.0F && twice == std::trunc(twice)) {
-        // Positions are whole numbers and halves: the short road.
+        // Nearly every position is a whole number or a half.
         const auto whole = static_cast<std::uint32_t>(magnitude);
         end = std::to_chars(buffer, buffer + sizeof buffer, whole).ptr;
         if (static_cast<float>(whole) != magnitude) {
@@ -250,34 +248,26 @@ void RoundOff(std::string& text, std::size_t point, std::size_t decimals) {
 
 }  // namespace
 
-// Characters are packed into words first byte lowest.
-static_assert(std::endian::native == std::endian::little);
-
 SixCharacters FieldOfSix(float value) {
     SixCharacters field = {{' ', ' ', ' ', ' ', ' ', ' '}};
     constexpr std::size_t width = sizeof field.Text;
     const float magnitude = std::abs(value);
-    const float twice = magnitude * 2;
-    if (magnitude < 1'000'000 && twice == static_cast<float>(static_cast<int>(twice))) {
-        // The short road of nearly every position: whole numbers and halves, written from the right into a
-        // word that begins as six blanks.
-        std::uint64_t characters = 0x202020202020;
-        int at = 40;
-        const auto put = [&](char c) {
-            if (at >= 0) characters ^= static_cast<std::uint64_t>(c ^ ' ') << at;
-            at -= 8;
-        };
-        auto whole = static_cast<unsigned>(twice) / 2;
-        if (static_cast<unsigned>(twice) % 2 != 0) {
-            put('5');
-            put('.');
+    // Nearly every position is a whole number or a half: written from the right, where there is room for any.
+    const auto isWhole = [](float number, float below) {
+        return number < below && number == static_cast<float>(static_cast<int>(number));
+    };
+    if (isWhole(magnitude, 100'000) || isWhole(magnitude * 2, 2'000)) {
+        char* at = field.Text + width;
+        auto whole = static_cast<unsigned>(magnitude);
+        if (static_cast<float>(whole) != magnitude) {
+            *--at = '5';
+            *--at = '.';
+        } else if (whole == 0) {
+            *--at = '0';
         }
-        for (; whole != 0 || at == 40; whole /= 10) put(static_cast<char>('0' + whole % 10));
-        if (value < 0) put('-');
-        if (at >= -8) {
-            std::memcpy(field.Text, &characters, width);
-            return field;
-        }
+        for (; whole != 0; whole /= 10) *--at = static_cast<char>('0' + whole % 10);
+        if (value < 0) *--at = '-';
+        return field;
     }
     // Decimals are rounded off the shortest text, not off the float behind it.
     std::string text = NumberText(value);

@@ -29,6 +29,12 @@ auto AtLeastNone(const char* what) {
     };
 }
 
+std::vector<std::string> MachineNames() {
+    std::vector<std::string> names;
+    for (const MachineFacts& machine : Machines()) names.emplace_back(machine.Name);
+    return names;
+}
+
 }  // namespace
 
 int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& options) {
@@ -90,7 +96,7 @@ int RunConsole(const std::vector<std::string>& words, const ConsoleOptions& opti
     MachineOptions played;
     CLI::App* machine = app.add_subcommand("machine", "Play the machine at the other end of the line");
     machine->add_option("--machine", played.Machine, "MK2, MK4 or F1")
-        ->check(CLI::IsMember({"MK2", "MK4", "F1"}, CLI::ignore_case));
+        ->check(CLI::IsMember(MachineNames(), CLI::ignore_case));
     machine->add_option("--baud", played.Baud, "Characters pass at this rate")
         ->check(CLI::Range(110, 115200));
     machine->add_option("--port", played.Port, "Device; without one a pseudo-terminal is made");

@@ -107,9 +107,10 @@ public:
             std::min({widest * TwipsPerPixel / area.Width, highest * TwipsPerPixel / area.Height, 1.0});
         width = area.Width / TwipsPerPixel * scale;
         height = area.Height / TwipsPerPixel * scale;
-        return SvgOf(field.Operations(), {workbench_->Store.Machine, draw.State.DrawScale,
-                                          workbench_->Store.Metric ? "0.01 mm" : "0.001 inch",
-                                          field.ScaleWidth(), field.ScaleHeight()});
+        return SvgOf(
+            field.Operations(),
+            {std::string(NameOf(workbench_->Store.Machine)), draw.State.DrawScale,
+             workbench_->Store.Metric ? "0.01 mm" : "0.001 inch", field.ScaleWidth(), field.ScaleHeight()});
     }
 
 private:
@@ -120,10 +121,10 @@ private:
     void ReadHead() {
         bool units = false;
         for (const std::string_view word : Split(block_.Head, " ")) {
-            if (word == "MK2" || word == "MK4" || word == "F1") {
-                workbench_->Store.Machine = word;
+            if (const auto machine = MachineNamed(word)) {
+                workbench_->Store.Machine = *machine;
             } else if (word == "mm" || word == "inch") {
-                workbench_->Machine.SetUnits(word == "mm" ? "Metric" : "Imperial");
+                workbench_->Machine.SetUnits(UnitsOf(word == "mm"));
                 units = true;
             } else if (word == "error") {
                 wantsError_ = true;

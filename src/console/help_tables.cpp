@@ -65,7 +65,7 @@ std::string RangeText(const std::string& tag) {
 // A workbench of one machine, to be asked about its codes.
 class MachineTables {
 public:
-    MachineTables(std::string_view machine, const std::string& languageModule)
+    MachineTables(MachineModel machine, const std::string& languageModule)
         : workbench_(std::make_unique<Workbench>(platform_.Services)) {
         workbench_->Modules.LoadLanguageModule(languageModule);
         workbench_->Store.Machine = machine;
@@ -84,7 +84,7 @@ public:
     std::vector<Parameter> ParametersOf(const std::string& code) {
         std::vector<Parameter> parameters;
         for (const bool metric : {true, false}) {
-            workbench_->Machine.SetUnits(metric ? "Metric" : "Imperial");
+            workbench_->Machine.SetUnits(UnitsOf(metric));
             workbench_->Entry.lblGMcode.Caption = code.substr(0, 1);
             std::string form = code.substr(1);
             workbench_->Entry.txtGMcode.Text = form;
@@ -172,7 +172,9 @@ std::string HelpTable(std::string_view words, const std::string& languageModule)
     const std::vector<std::string_view> parts = Split(words, " ");
     const Words& heads = languageModule.empty() ? english : german;
     if (parts.size() < 2) return {};
-    MachineTables machine(parts.back(), languageModule);
+    const auto model = MachineNamed(parts.back());
+    if (!model) return {};
+    MachineTables machine(*model, languageModule);
     if (parts.size() == 2 && parts[0] == "commands") return Commands(machine, heads);
     if (parts.size() == 2 && parts[0] == "ranges") return Ranges(machine, heads);
     if (parts.size() == 3 && parts[0] == "limits") return Limits(machine, std::string(parts[1]), heads);

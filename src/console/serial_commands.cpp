@@ -190,9 +190,9 @@ int ReportReceived(const std::string& received, const std::string& machine) {
         std::printf("It is no program that a machine takes.\n");
         return status::Finding;
     }
-    const bool fits = EqualIgnoringCase(workbench->Store.Machine, machine);
+    const bool fits = MachineNamed(machine) == workbench->Store.Machine;
     std::printf("It is a program of %d lines for %s%s.\n", workbench->Store.LineCount(),
-                workbench->Store.Machine.c_str(), fits ? "" : ", not for this machine");
+                FactsOf(workbench->Store.Machine).Name, fits ? "" : ", not for this machine");
     return fits ? status::Succeeded : status::Finding;
 }
 

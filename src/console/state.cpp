@@ -80,7 +80,7 @@ using Bench = const Workbench&;
 
 // In the order of the object: what stands in front of the rows, and what stands behind them.
 constexpr Scalar programScalars[] = {
-    {"machine", [](Bench b) -> PlainValue { return b.Store.Machine; }},
+    {"machine", [](Bench b) -> PlainValue { return std::string(NameOf(b.Store.Machine)); }},
     {"metric", [](Bench b) -> PlainValue { return b.Store.Metric; }},
     {"horizontal", [](Bench b) -> PlainValue { return b.Store.Horizontal; }},
     {"disableLimitsCheck", [](Bench b) -> PlainValue { return b.Store.DisableLimitsCheck; }},

@@ -24,7 +24,7 @@ public:
     };
 
     // PenMode 1 draws with a pen of one pixel, 0 feed moves in the tool's width. Pass 1 is a full drawing, any
-    // other an overlay in white over what stands.
+    // other an overlay in white over that.
     DrawProgram(Parts& parts, int penMode, int pass);
 
     // A run-time failure leaves the field as drawn so far, and Drawing set.

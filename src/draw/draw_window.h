@@ -52,7 +52,7 @@ public:
     // The same behind the editor, with which the keys stay.
     void ShowBehindEditor();
     // Draws anew as Show does, if the window is up, when the handler that asks for it has ended: a drawing may wait,
-    // and what comes up then must find all done.
+    // and the events that it serves then must find all done.
     void ShowLater();
     // Lets a walk under way go on to its end without a wait, then does something; at once without one.
     void AfterWalk(std::function<void()> then);

@@ -1,11 +1,9 @@
 #pragma once
 
+#include "basic/number.h"
 #include "platform/twips.h"
 
 namespace kvt {
-
-// The value of pi in all of the drawing's arithmetic.
-inline constexpr double Pi = 3.14159265358979;
 
 // The angle of a direction, from 0 up to two pi, counter-clockwise with Y up. Both 0 give pi.
 double Atan2(double x, double y);

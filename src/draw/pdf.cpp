@@ -14,7 +14,7 @@ namespace {
 using Kind = DrawOperation::Kind;
 
 constexpr double hatchStep = 120;
-constexpr double mostOfAnArc = Pi / 2;  // of a curve that stands for it
+constexpr double largestCurve = Pi / 2;  // of an arc, as one curve
 
 std::string Number(double value) {
     return PlainNumber(static_cast<float>(std::round(value * 100) / 100)) + " ";
@@ -77,7 +77,7 @@ private:
 
     static std::string Arc(const DrawOperation& one, double start, double sweep) {
         const double r = std::abs(one.Radius());
-        const int pieces = std::max(1, static_cast<int>(std::ceil(sweep / mostOfAnArc - 1e-9)));
+        const int pieces = std::max(1, static_cast<int>(std::ceil(sweep / largestCurve - 1e-9)));
         const double step = sweep / pieces;
         const double reach = 4.0 / 3 * std::tan(step / 4);
         const auto at = [&](double angle, double along) {

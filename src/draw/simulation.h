@@ -24,7 +24,7 @@ public:
     void WaitTimer();
     // Waits until the user has given what is waited for, or the walk may not wait any more.
     void WaitFor(UserWait wait);
-    // One more turn of a walk, a thread or a pocket: lets the system deliver what has come up now and then, also
+    // One more turn of a walk, a thread or a pocket: lets the system deliver events now and then, also
     // at full speed.
     void ServeEvents();
 

@@ -68,7 +68,7 @@ std::string MathString(std::string& text) {
         const std::size_t found = text.find_first_of(operators);
         const std::size_t m = found != std::string::npos && found + 1 < length ? found + 1 : length;
         if (m == length) break;
-        // In front of a leading minus stands an operand of 0.
+        // A leading minus gets an operand of 0 in front.
         const std::string operand = text.substr(0, m - 1);
         Attempt(mathStringName,
                 [&] { operands[n] = IsPi(operand) ? std::bit_cast<float>(piBits) : Single(Val(operand)); });
@@ -115,7 +115,8 @@ bool CalculatedInputs::EvalText(TextBox& field, bool keepText) {
     return value >= low && value <= high;
 }
 
-void CalculatedInputs::Refuse(TextBox& field, int message, std::int32_t bound, Icon icon, bool keepText) {
+void CalculatedInputs::Refuse(TextBox& field, MessageText message, std::int32_t bound, Icon icon,
+                              bool keepText) {
     std::string refusal(texts_.MessageTexts(message));
     refusal += " " + PlainNumber(bound);
     dialogs_.ShowMessage(Notice(refusal, "Value Check", icon));

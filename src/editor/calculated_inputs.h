@@ -29,7 +29,7 @@ public:
     void EvaluateField(TextBox& field, bool keepEmpty);
 
 private:
-    void Refuse(TextBox& field, int message, std::int32_t bound, Icon icon, bool keepText);
+    void Refuse(TextBox& field, MessageText message, std::int32_t bound, Icon icon, bool keepText);
 
     const ProgramStore& store_;
     const Texts& texts_;

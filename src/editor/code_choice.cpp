@@ -91,7 +91,7 @@ void CodeChoice::lvCncProgram_Click() {
     parts_.Layout.InputFields(code);
     FillFields(entry, row, store.IsF1());
     RememberOpenedLine(entry, row, place);
-    // A first value beyond its range is told, here alone; it stays, and can be passed.
+    // Only here a first value beyond its range gets a message; it stays, and the field can be left.
     entry.txtGMcode.SelectAll();
     entry.Opened.BeingOpened = true;
     parts_.Platform.Focus.SetFocus(entry.txtGMcode);

@@ -78,7 +78,7 @@ void Conversion::Convert(double factor) {
     }
     list.RowsChanged();
     list.Select(selected);
-    machine_.SetUnits(factor == inchToMetric ? "Metric" : "Imperial");
+    machine_.SetUnits(UnitsOf(factor == inchToMetric));
     if (const int opened = entry_.Opened.Place; opened > 0) {
         FillFields(entry_, list.Row(opened), store_.IsF1());
         RememberOpenedLine(entry_, list.Row(opened), opened);

@@ -12,8 +12,6 @@ namespace kvt {
 
 namespace {
 
-constexpr UnitRanges Both(ValueRange range) { return {range, range}; }
-
 // A range that may follow the orientation of the mill.
 struct Limits {
     UnitRanges Vertical;
@@ -23,20 +21,21 @@ struct Limits {
         : Vertical(vertical), Horizontal(horizontal) {}
 };
 
-constexpr UnitRanges latheX{{-1999, 1999}, {-5999, 5999}};
-constexpr UnitRanges latheZ{{-12900, 12900}, {-32760, 32760}};
-constexpr UnitRanges shortAxis{{-3999, 3999}, {-9999, 9999}};
-constexpr UnitRanges longAxis{{-7999, 7999}, {-19999, 19999}};
-constexpr UnitRanges shortOffset{{0, 3999}, {0, 9999}};
-constexpr UnitRanges longOffset{{0, 7999}, {0, 19999}};
-constexpr UnitRanges latheOffsetX{{0, 1999}, {0, 5999}};
-constexpr UnitRanges latheOffsetZ{{0, 12900}, {0, 32760}};
+constexpr UnitRanges latheX = EitherSide(limit::LatheX);
+constexpr UnitRanges latheZ = EitherSide(limit::LatheZ);
+constexpr UnitRanges shortAxis = EitherSide(limit::MillShort);
+constexpr UnitRanges longAxis = EitherSide(limit::MillLong);
+constexpr UnitRanges shortOffset = UpTo(limit::MillShort);
+constexpr UnitRanges longOffset = UpTo(limit::MillLong);
+constexpr UnitRanges latheOffsetX = UpTo(limit::LatheX);
+constexpr UnitRanges latheOffsetZ = UpTo(limit::LatheZ);
 constexpr UnitRanges latheDwell = latheOffsetX;
-constexpr UnitRanges tool{{0, 199}, {0, 499}};
-constexpr UnitRanges upTo999 = Both({0, 999});
+constexpr UnitRanges tool = UpTo(limit::Feed);
+constexpr UnitRanges upTo999 = UpTo(limit::Both(limit::N999));
 // What the column holds is the only bound.
-constexpr UnitRanges unlimited =
-    Both({std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()});
+constexpr ValueRange everything{std::numeric_limits<std::int32_t>::min(),
+                                std::numeric_limits<std::int32_t>::max()};
+constexpr UnitRanges unlimited{everything, everything};
 
 // The mill has a short axis and two long ones; the orientation decides whether X or Y is the short one.
 constexpr Limits millX{longAxis, shortAxis};
@@ -74,9 +73,9 @@ const LayoutRow layoutTable[] = {
     {{"G26 "}, lathes, {{XI, "X", latheX}, {ZK, "Z", latheZ}, {FKTL, "F", FeedRange}}},
     {{"G26 "}, f1, {{XI, "X", millX}, {YJ, "Y", millY}, {ZK, "Z", millZ}, {FKTL, "F", FeedRange}}},
     {{"G04 "}, lathes, {{XI, "X", latheDwell}}},
-    {{"G04 "}, f1, {{XI, "X", Both({0, 19999})}}},
-    {{"G23 "}, all, {{XI, "X", upTo999}, {ZK, "Z", upTo999}, {FKTL, "T", Both({0, 499})}}},
-    {{"G25 ", "G27 "}, all, {{FKTL, "Line", Both({0, 221})}}},
+    {{"G04 "}, f1, {{XI, "X", UpTo(limit::Both(limit::Plus19999))}}},
+    {{"G23 "}, all, {{XI, "X", upTo999}, {ZK, "Z", upTo999}, {FKTL, "T", UpTo(limit::Both(limit::N499))}}},
+    {{"G25 ", "G27 "}, all, {{FKTL, "Line", UpTo(limit::Both(limit::N221))}}},
     {{"G33 "}, all, {{ZK, "Z", latheZ}, {FKTL, "K", FeedRange}}},
     {{"G73 ", "G81 ", "G82 ", "G83 ", "G85 ", "G89 "},
      lathes,
@@ -96,7 +95,10 @@ const LayoutRow layoutTable[] = {
      true},
     {{"G86 "},
      withH,
-     {{XI, "X", latheX}, {ZK, "Z", latheZ}, {FKTL, "F", FeedRange}, {H, "H", Both({10, 999})}},
+     {{XI, "X", latheX},
+      {ZK, "Z", latheZ},
+      {FKTL, "F", FeedRange},
+      {H, "H", Between(limit::Both(limit::Ten), limit::Both(limit::N999))}},
      true},
     {{"M06 "}, lathes, {{XI, "X", latheX}, {ZK, "Z", latheZ}, {FKTL, "T", tool}}},
     {{"M06 "}, f1, {{XI, "D", millX}, {YJ, "S", millY}, {ZK, "Z", millZ}, {FKTL, "T", tool}}},

@@ -284,7 +284,7 @@ void KeyboardEntry::CheckCode() {
     if (fillsComment && !CommentUnchanged(entry)) parts_.Layout.CodeDescription();
 }
 
-// Automatic Z, on the mill: the depth that stands already is the default. An opened line has its own.
+// Automatic Z, on the mill: the depth reached so far is the default. An opened line has its own.
 void KeyboardEntry::txtZK_GotFocus() {
     EntryRow& entry = parts_.Entry;
     ProgramStore& store = parts_.Store;

@@ -7,6 +7,7 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "editor/field_format.h"
+#include "program/result_cells.h"
 #include "program/word.h"
 
 namespace kvt {
@@ -73,11 +74,11 @@ void LineOperations::LineDelete() {
     interpreter_.EndStepRun();
     store_.ProgramChanged = true;
     list.RemoveRow(selected);
-    // The deleted line can be written elsewhere as long as it stands in the entry row.
+    // As long as the deleted line is open in the entry row it can be written to another row.
     int& opened = entry_.Opened.Place;
     if (opened == selected) opened = 0;
     if (opened > selected) --opened;
-    // Without a line there is nothing to number, to check or to draw; the open line stands already.
+    // Without a line there is nothing to number, to check or to draw, and the open line is there already.
     if (store_.LineCount() < 1) return;
     Renumber(1);
     // A pointer to the deleted line now aims at the line that moved up into its place.
@@ -115,12 +116,7 @@ void LineOperations::LineInsert() {
         row[column::Z] = "      ";
         row[column::F] = "    ";
         row[column::H] = "   ";
-        row[column::Error] = "";
-        for (const int c : {column::ToolX, column::ToolZ, column::CenterX, column::CenterZ, column::Radius}) {
-            row[c] = "      ";
-        }
-        row[column::Angle] = "   ";
-        row[column::Time] = "        ";
+        ClearResultCells(row);
         list.Select(selected);
     });
     Renumber(selected + 1);
@@ -173,9 +169,7 @@ void LineOperations::LineEdit() {
     FormatInputs();
     Attempt(lineEditName, [&] {
         ListRow& row = SelectedRow();
-        for (int c = column::ToolX; c <= column::Radius; ++c) row[c] = "      ";
-        row[column::Angle] = "   ";
-        row[column::Error] = "               ";
+        ClearResultCells(row);
         if (CommentUnchanged(entry_)) {
             KeepOpenedCell(column::Comment);
         } else {
@@ -185,7 +179,7 @@ void LineOperations::LineEdit() {
     interpreter_.Interpreter();
     const bool added = edited == list.Count();
     store_.AddBlankLine(added);
-    // A line that was added leaves the row to the next one; another one still stands there.
+    // An added line leaves the entry row free for the next one; an edited one stays open in it.
     if (added) {
         entry_.Opened.Close();
     } else {

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "platform/controls.h"
+#include "program/limits.h"
 
 namespace kvt {
 
@@ -20,7 +21,18 @@ struct UnitRanges {
     constexpr const ValueRange& In(bool metric) const { return metric ? Metric : Inch; }
 };
 
-inline constexpr UnitRanges FeedRange{{2, 199}, {2, 499}};
+// From one bound of the machines to another; up to one from 0; and as far on either side of 0.
+constexpr UnitRanges Between(limit::ByUnits low, limit::ByUnits high) {
+    return {{MachineLimit(low.Inch), MachineLimit(high.Inch)},
+            {MachineLimit(low.Metric), MachineLimit(high.Metric)}};
+}
+constexpr UnitRanges UpTo(limit::ByUnits high) { return Between(limit::Both(limit::Zero), high); }
+constexpr UnitRanges EitherSide(limit::ByUnits high) {
+    return {{-MachineLimit(high.Inch), MachineLimit(high.Inch)},
+            {-MachineLimit(high.Metric), MachineLimit(high.Metric)}};
+}
+
+inline constexpr UnitRanges FeedRange = Between(limit::Both(limit::Two), limit::Feed);
 
 // Gives a field its range: two numbers joined by "TO" in the Tag, which the check of the field reads, and the tool tip.
 void SetRange(TextBox& field, const ValueRange& range);

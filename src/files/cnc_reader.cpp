@@ -9,6 +9,7 @@
 #include "files/cnc_format.h"
 #include "files/questions.h"
 #include "program/code_key.h"
+#include "program/result_cells.h"
 
 namespace kvt {
 
@@ -57,15 +58,6 @@ bool IsFormatted(std::string_view digits) {
 // Digits as a column holds them, as wide as they stand in the record.
 std::string Formatted(std::string_view digits) {
     return IsFormatted(digits) ? std::string(digits) : RightPad(FormatText(digits, "00"), digits.size());
-}
-
-void ClearResultCells(ListRow& row) {
-    row[column::Error] = "";
-    for (const int c : {column::ToolX, column::ToolZ, column::CenterX, column::CenterZ, column::Radius}) {
-        row[c] = "      ";
-    }
-    row[column::Angle] = "   ";
-    row[column::Time] = "        ";
 }
 
 // The prefix letter that a code gives one of its parameters, whatever the file holds.
@@ -124,6 +116,12 @@ constexpr MillUnits millUnits[] = {
     {"\"-", false, true}, {"MI", true, false},  {"\"I", false, false},
 };
 
+MachineModel MachineOf(FileKind kind) {
+    return kind == FileKind::MK2   ? MachineModel::MK2
+           : kind == FileKind::MK4 ? MachineModel::MK4
+                                   : MachineModel::F1;
+}
+
 }  // namespace
 
 CncReader::CncReader(Parts parts) : parts_(parts) {}
@@ -147,7 +145,7 @@ LoadResult CncReader::LoadFile(std::string& fileName, const LoadAs& as) {
     }
     // The old program is saved in the layout of its own machine, so the machine changes behind that.
     if (!SettleUnsavedProgram(as.Unsaved)) return LoadResult::Nothing;
-    store.Machine = found.Kind == FileKind::MK2 ? "MK2" : found.Kind == FileKind::MK4 ? "MK4" : "F1";
+    store.Machine = MachineOf(found.Kind);
     Run(parts_.Calls.ClearProgram_Click);
     ReadNotes(text, found);
     ReadLines(text, found);
@@ -159,19 +157,17 @@ LoadResult CncReader::LoadFile(std::string& fileName, const LoadAs& as) {
 bool CncReader::SettleUnsavedProgram(UnsavedProgram old) {
     ProgramStore& store = parts_.Store;
     if (!store.Unsaved()) return true;
-    const auto writeRecoveryCopy = [this] {
-        return parts_.Calls.WriteRecoveryCopy && parts_.Calls.WriteRecoveryCopy();
-    };
-    const bool kept = old == UnsavedProgram::KeepCopy && writeRecoveryCopy();
+    const auto keepCopy = [this] { return parts_.Calls.KeepRecoveryCopy && parts_.Calls.KeepRecoveryCopy(); };
+    const bool kept = old == UnsavedProgram::KeepCopy && keepCopy();
     // Without a copy it is the user's to say.
     const bool asks = !kept && old != UnsavedProgram::Discard;
     if (asks && AskToSave(parts_.Platform.Dialogs, parts_.Language)) {
         parts_.Writer.mnuSave_Click();
         // "The program is still open" is what a failed save says. A cancelled dialog lets the opening go on.
-        if (store.SaveFailed || (store.ProgramChanged && !writeRecoveryCopy())) return false;
+        if (store.SaveFailed || (store.ProgramChanged && !keepCopy())) return false;
     } else if (!kept && store.SaveFailed) {
-        // The user had it saved, so far as he could.
-        writeRecoveryCopy();
+        // The user had chosen to save it, and the file could not be written.
+        keepCopy();
     }
     store.ProgramChanged = false;
     store.SaveFailed = false;
@@ -256,7 +252,7 @@ bool CncReader::ReadMK2(std::string_view record, std::string_view comment, std::
     const std::string_view mark = Trim(Field(record, cnc::MK2UnitsMark));
     const bool imperial = mark == "\"";
     if (imperial || EqualIgnoringCase(mark, "M")) {
-        parts_.Machine.SetUnits(imperial ? "Imperial" : "Metric");
+        parts_.Machine.SetUnits(UnitsOf(!imperial));
         return false;
     }
     ListRow& row = parts_.Store.lvCncProgram.AddRow();
@@ -275,7 +271,7 @@ bool CncReader::ReadMK4(std::string_view record, std::string_view comment) {
     const std::string_view number = Trim(Field(record, cnc::Number));
     const bool imperial = number == "\"";
     if (imperial || EqualIgnoringCase(number, "M")) {
-        parts_.Machine.SetUnits(imperial ? "Imperial" : "Metric");
+        parts_.Machine.SetUnits(UnitsOf(!imperial));
         return false;
     }
     ListRow& row = parts_.Store.lvCncProgram.AddRow();
@@ -290,7 +286,7 @@ bool CncReader::ReadF1(std::string_view record, std::string_view comment) {
     for (const MillUnits& units : millUnits) {
         if (!EqualIgnoringCase(number, units.Mark)) continue;
         parts_.Store.Horizontal = units.Horizontal;
-        parts_.Machine.SetUnits(units.Metric ? "Metric" : "Imperial");
+        parts_.Machine.SetUnits(UnitsOf(units.Metric));
         return false;
     }
     ListRow& row = parts_.Store.lvCncProgram.AddRow();

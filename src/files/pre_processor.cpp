@@ -50,12 +50,8 @@ void PreProcessor::RefreshPreProcessors() {
         for (int i = 1; i < PreProcessorCount; ++i) MenuEntry(i).Visible = false;
     }
     PreProcessorCount = 0;
-    const ProgramStore& store = parts_.Store;
-    const char* const pattern = store.IsMK2()   ? "*.MK2"
-                                : store.IsMK4() ? "*.MK4"
-                                : store.IsF1()  ? "*.F1"
-                                                : nullptr;
-    if (!pattern || PreProcessorFolder.empty()) return;
+    if (PreProcessorFolder.empty()) return;
+    const std::string pattern = "*." + std::string(NameOf(parts_.Store.Machine));
     std::vector<std::string> names;
     Attempt("RefreshPreProcessors", [&] { names = parts_.Platform.Files.List(PreProcessorFolder, pattern); });
     if (names.size() > maxEntries) names.resize(maxEntries);
@@ -100,7 +96,7 @@ void PreProcessor::mnuPP_Click(int index) {
     }
 }
 
-// Runs the pre-processor. False where it has left no program, which has been told then, or the user has ended it.
+// Runs the pre-processor. False where it has left no program, after a message, or where the user has ended it.
 bool PreProcessor::Convert(const std::string& command, const std::string& name) {
     int program = 0;
     if (!Attempt(preProcessorName, [&] { program = parts_.Platform.Programs.Start(command, name); })) {
@@ -157,7 +153,7 @@ void PreProcessor::Remove(const std::string& file) {
     Attempt(preProcessorName, [&] { parts_.Platform.Files.Delete(file); });
 }
 
-// Removes what an earlier run has left under a name. False, and told, where it stays.
+// Removes a file of an earlier run. False, after a message, where that fails.
 bool PreProcessor::RemoveOldResult(const std::string& file) {
     Remove(file);
     if (!parts_.Platform.Files.Exists(file)) return true;
@@ -165,7 +161,7 @@ bool PreProcessor::RemoveOldResult(const std::string& file) {
     return false;
 }
 
-void PreProcessor::ShowNotice(int message, const std::string& name) {
+void PreProcessor::ShowNotice(MessageText message, const std::string& name) {
     const Texts& texts = parts_.Language;
     parts_.Platform.Dialogs.ShowMessage(
         Notice(std::string(texts.MessageTexts(message)).append(LineEnd) + name, "", Icon::Exclamation));

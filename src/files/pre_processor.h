@@ -47,7 +47,7 @@ private:
     bool RemoveOldResult(const std::string& file);
     bool ShowMessage(const std::string& file, const char* caption);
     void Remove(const std::string& file);
-    void ShowNotice(int message, const std::string& name);
+    void ShowNotice(MessageText message, const std::string& name);
 
     Parts parts_;
     // The array mnuPP. Entries that are not in use are hidden.

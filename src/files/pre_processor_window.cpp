@@ -79,7 +79,7 @@ void PreProcessorWindow::Close() {
     const Control* const focused = focus_.Focused();
     const bool hadFocus = focused && &focused->OwningForm() == &frmPreProcessor;
     frmPreProcessor.Visible = false;
-    // What is still at work is told again a little later.
+    // While the program still runs the offer comes again a little later.
     if (cmdAbort.Visible) tmrAbort.Enabled = true;
     if (hadFocus && focusBefore_) focus_.SetFocus(*focusBefore_);
 }

@@ -13,7 +13,6 @@ namespace kvt {
 
 namespace {
 
-constexpr double pi = 3.14159265358979;
 constexpr double tolerance = 80;
 
 float Truncated(float value) { return static_cast<float>(WholePart(value)); }
@@ -35,60 +34,55 @@ void CheckPass::InPlane(float x, float y, float z, float& u, float& v) const {
     }
 }
 
-bool CheckPass::Arc() {
-    ListRow& item = *item_;
-    // 1.
+CheckPass::Next CheckPass::Arc() {
     if (mk2_) DeriveMK2ArcZ();
-    // 2.
     InPlane(Truncated(xBefore_), Truncated(yBefore_), Truncated(zBefore_), store_.ArcStartU,
             store_.ArcStartV);
-    // 3.
     ApplyMove();
-    // 4.
     InPlane(Truncated(x_), Truncated(y_), Truncated(z_), store_.ArcEndU, store_.ArcEndV);
-    // 5.
     if (store_.ArcStartU == store_.ArcEndU && store_.ArcStartV == store_.ArcEndV) {
         return EndWith(text::StartAndEndSame);
     }
-    // 6. On the last row the flags keep their values from the arc before.
-    if (store_.LineCount() > itemRow_) {
-        const ListRow& next = list_.Row(itemRow_ + 1);
-        const CodeKey nextKey = KeyOf(next[column::Code]);
-        nextIsM99_ = nextKey == code::M99;
-        nextIsM99R_ = nextKey == code::M99R;
-        if (nextIsM99_) {
-            Attempt(interpreterName, [&] {
-                i_ = ReadWord(next[column::X]).Value;
-                j_ = ReadWord(next[column::Y]).Value;
-                k_ = ReadWord(next[column::Z]).Value;
-            });
-        }
-    }
-    // 7. to 9.
-    if (FindRadius()) return true;
-    // 10.
-    item[column::Radius] = FieldOfSix(radius_);
-    // 11.
-    const bool direction = (key_ == code::G02) != mill_;
-    // 12. These two moves whatever the plane: deliberate.
+
+    ReadNextLine();
+    if (const Next next = FindRadius(); next != Next::GoOn) return next;
+    (*item_)[column::Radius] = FieldOfSix(radius_);
+    // These two moves whatever the plane: the third axis of a mill is not looked at.
     if (std::abs(dX_) > radius_ || std::abs(dZ_) > radius_) return EndWith(text::RadiusTooSmall);
-    // 13.
+
+    // On the mill the senses of the two codes change places.
+    const bool direction = (key_ == code::G02) != mill_;
     store_.ArcCenterU = 0;
     store_.ArcCenterV = 0;
     Attempt(interpreterName, [&] {
         FindCenter(store_.ArcStartU, store_.ArcStartV, store_.ArcEndU, store_.ArcEndV, radius_, direction,
                    store_.ArcCenterU, store_.ArcCenterV);
     });
-    // 14.
     WriteArcCenter();
-    // 15.
+
+    // The angle is that between the positions themselves, not between the truncated points.
     float startU = 0, startV = 0, endU = 0, endV = 0;
     InPlane(xBefore_, yBefore_, zBefore_, startU, startV);
     InPlane(x_, y_, z_, endU, endV);
     Attempt(interpreterName, [&] {
         WriteArcAngle(Divide(Length(double(endU) - startU, double(endV) - startV) / 2, radius_));
     });
-    return false;
+    return Next::GoOn;
+}
+
+// An M99 behind the arc gives its centre or radius. On the last row the flags keep their values from the arc before.
+void CheckPass::ReadNextLine() {
+    if (store_.LineCount() <= itemRow_) return;
+    const ListRow& next = list_.Row(itemRow_ + 1);
+    const CodeKey nextKey = KeyOf(next[column::Code]);
+    nextIsM99_ = nextKey == code::M99;
+    nextIsM99R_ = nextKey == code::M99R;
+    if (!nextIsM99_) return;
+    Attempt(interpreterName, [&] {
+        i_ = ReadWord(next[column::X]).Value;
+        j_ = ReadWord(next[column::Y]).Value;
+        k_ = ReadWord(next[column::Z]).Value;
+    });
 }
 
 // That control derives the Z of an arc from its X; what was typed is replaced.
@@ -109,17 +103,16 @@ void CheckPass::DeriveMK2ArcZ() {
     if (store_.AbsoluteMode) dZ_ = zTarget_ - zBefore_;
 }
 
-// True ends the run.
-bool CheckPass::FindRadius() {
+CheckPass::Next CheckPass::FindRadius() {
     if (nextIsM99_) return RadiusFromNextLine();
     if (nextIsM99R_) {
         radius_ = store_.M99Radius;
-        return false;
+        return Next::GoOn;
     }
     return RadiusOfQuadrant();
 }
 
-bool CheckPass::RadiusFromNextLine() {
+CheckPass::Next CheckPass::RadiusFromNextLine() {
     double u = 0;
     double v = 0;
     if (plane_ == Plane::XY) {
@@ -133,14 +126,15 @@ bool CheckPass::RadiusFromNextLine() {
         v = k_;
     }
     radius_ = static_cast<float>(Length(u, v));
-    // The whole run ends here without a word: deliberate.
-    if (radius_ == 0) return true;
+    // An arc without a radius ends the run, and no finding tells it.
+    if (radius_ == 0) return Next::EndRun;
     (*item_)[column::Radius] = FieldOfSix(radius_);
     WriteArcAngle(Length(double(x_) - xBefore_, double(z_) - zBefore_) / 2 / radius_);
-    return false;
+    return Next::GoOn;
 }
 
-bool CheckPass::RadiusOfQuadrant() {
+// Without an M99 an arc is a whole quadrant, whose two moves are equal; the MK2 makes them so itself.
+CheckPass::Next CheckPass::RadiusOfQuadrant() {
     if (!mk2_) {
         float first = 0;
         float second = 0;
@@ -157,7 +151,7 @@ bool CheckPass::RadiusOfQuadrant() {
         if (std::abs(first) != std::abs(second)) return EndWith(text::NotFullQuadrant);
     }
     radius_ = std::abs(store_.ArcStartU - store_.ArcEndU);
-    return false;
+    return Next::GoOn;
 }
 
 void CheckPass::WriteArcCenter() {
@@ -182,31 +176,38 @@ void CheckPass::WriteArcCenter() {
 void CheckPass::WriteArcAngle(double half) {
     const double square = 1 - half * half;
     if (square <= 0) return;
-    const auto angle = static_cast<float>(std::atan(half / std::sqrt(square)) * 360 / pi);
+    const auto angle = static_cast<float>(std::atan(half / std::sqrt(square)) * 360 / Pi);
     (*item_)[column::Angle] = Format(angle, "0.0");
 }
 
-// M99 and M99R: the arc in front of them is judged by its centre.
-bool CheckPass::ArcCenterLine(bool radiusForm) {
-    if (itemRow_ == 1) return false;
-    // 1.
+bool CheckPass::FollowsArc() const {
     const CodeKey previous = KeyOf(list_.Row(itemRow_ - 1)[column::Code]);
-    if (previous != code::G02 && previous != code::G03) return EndWith(text::MustFollowArc);
-    // 2.
+    return previous == code::G02 || previous == code::G03;
+}
+
+// M99 checks the arc in front of it by the centre that was found for it. On the first line there is none.
+CheckPass::Next CheckPass::ArcCenterLine() {
+    if (itemRow_ == 1) return Next::GoOn;
+    if (!FollowsArc()) return EndWith(text::MustFollowArc);
     quadrantFlag_ = OverQuadrantLimit();
-    // 3.
-    if (radiusForm) {
-        RewriteRadiusLine();
-        return false;
-    }
     const double toStart =
         ArcDistance(store_.ArcCenterU, store_.ArcCenterV, store_.ArcStartU, store_.ArcStartV);
     const double toEnd = ArcDistance(store_.ArcCenterU, store_.ArcCenterV, store_.ArcEndU, store_.ArcEndV);
     invalidArcFlag_ = std::abs(toStart - toEnd) > tolerance;
-    return false;
+    return Next::GoOn;
 }
 
-// Whether start and end lie on different sides of the centre. The 1 is deliberate.
+// The radius form: a centre made from a radius is as far from both ends.
+CheckPass::Next CheckPass::ArcRadiusLine() {
+    if (itemRow_ == 1) return Next::GoOn;
+    if (!FollowsArc()) return EndWith(text::MustFollowArc);
+    quadrantFlag_ = OverQuadrantLimit();
+    RewriteRadiusLine();
+    return Next::GoOn;
+}
+
+// Whether start and end lie on different sides of the centre by more than the tolerance. In the first of the four cases
+// more than one unit behind the centre is too much already.
 bool CheckPass::OverQuadrantLimit() const {
     const double startU = store_.ArcStartU, endU = store_.ArcEndU, centerU = store_.ArcCenterU;
     const double startV = store_.ArcStartV, endV = store_.ArcEndV, centerV = store_.ArcCenterV;

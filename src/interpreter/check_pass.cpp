@@ -3,19 +3,27 @@
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "interpreter/control_commands.h"
+#include "program/result_cells.h"
 #include "program/word.h"
 
 namespace kvt {
 
-CheckPass::CheckPass(ControlInterpreter& room)
-    : room_(room),
-      store_(room.store_),
-      list_(room.store_.lvCncProgram),
-      texts_(room.texts_),
-      checks_(room.store_, room.texts_),
-      run_(room.runs_),
-      mk2_(room.store_.IsMK2()),
-      mill_(room.store_.IsF1()) {}
+namespace {
+
+// In the tool columns of a row: it has not run yet.
+constexpr std::string_view notExecuted = "     ?";
+
+}  // namespace
+
+CheckPass::CheckPass(ControlInterpreter& interpreter)
+    : interpreter_(interpreter),
+      store_(interpreter.store_),
+      list_(interpreter.store_.lvCncProgram),
+      texts_(interpreter.texts_),
+      checks_(interpreter.store_, interpreter.texts_),
+      run_(interpreter.runs_),
+      mk2_(interpreter.store_.IsMK2()),
+      mill_(interpreter.store_.IsF1()) {}
 
 void CheckPass::Run() {
     selectedRow_ = list_.SelectedRow();
@@ -31,25 +39,17 @@ void CheckPass::Pass1() {
         itemRow_ = row_ = row;
         item_ = &list_.Row(row);
         ListRow& item = *item_;
-        // 1. Clear the result cells. The "?" tells that pass 2 has not been here.
-        item[column::Error] = "               ";
-        for (const int c : {column::ToolX, column::ToolY, column::ToolZ}) item[c] = "     ?";
-        for (const int c : {column::CenterX, column::CenterY, column::CenterZ, column::Radius})
-            item[c] = "      ";
-        item[column::Angle] = "   ";
-        item[column::Time] = "        ";
-        // 2.
+        ClearResultCells(item);
+        for (const int c : {column::ToolX, column::ToolY, column::ToolZ}) item[c] = notExecuted;
         key_ = KeyOf(item[column::Code]);
         ReadValues();
-        // 3. Only the word is looked at here; the drawing obeys it.
+        // Only the word is looked at here; the drawing obeys it.
         if (ControlCommandOf(item[column::Comment]) == ControlCommand::Unknown) {
-            Find(texts_.ProgramErrorTexts(text::UnknownControlCommand));
+            ReportFinding(texts_.ProgramErrorTexts(text::UnknownControlCommand));
         }
-        // 4.
         if (key_ == code::G22 || key_ == code::M30) store_.EndCodePresent = true;
-        // 5., 6.
-        const std::string message = checks_.Message(key_, raw_);
-        if (!message.empty()) Find(message);
+        const std::string finding = checks_.Message(key_, raw_);
+        if (!finding.empty()) ReportFinding(finding);
     }
 }
 
@@ -62,77 +62,69 @@ void CheckPass::Pass2() {
     if (next == Next::Abandoned) return;
     ShowProgress();
     if (next == Next::GoOn) FinishRun();
-    room_.RefreshLineCount();
+    interpreter_.RefreshLineCount();
     list_.RowsChanged();
 }
 
+// One row. The order of the steps is the rule: each works on what those in front of it have left, and a finding
+// that ends the run leaves out those behind it.
 CheckPass::Next CheckPass::Step() {
-    // 1.
+    // TAKE THE ROW: a jump has put row_ in front of it.
     itemRow_ = ++row_;
-    // No program of these machines runs that long; nested calls could go on for ever.
     item_ = &list_.Row(itemRow_);
-    if (linesExecuted_ >= MaxExecutedLines) {
-        EndWith(text::TooManyLines);
-        return Next::EndRun;
-    }
-    // 2.
     comment_.clear();
-    // 3.
+    // No program of these machines runs that long; nested calls could go on for ever.
+    if (linesExecuted_ >= MaxExecutedLines) return EndWith(text::TooManyLines);
+
+    // WAIT: stepping through the program, the user grants each row. Other handlers run in here.
     if (store_.EditorRunMode) {
         const Next next = WaitForStep();
         if (next != Next::GoOn) return next;
+        item_ = &list_.Row(itemRow_);
     }
-    item_ = &list_.Row(itemRow_);
-    // 4.
+
+    // READ THE CELLS. A line that the drawing skips is checked like any other: the machine runs it.
     key_ = KeyOf((*item_)[column::Code]);
     ReadValues();
-    // 5.
     ReadTargets();
-    // 6. A line that the drawing skips is walked and checked like any other: deliberate.
-    // 7.
+
+    // MOVE, then the rule of the code itself: flow, modes, arcs, position.
     WorkOutMove();
-    bool ends = false;
-    Attempt(interpreterName, [&] { ends = ApplyKey(); });
-    if (ends) return Next::EndRun;
-    // 8.
-    if (quadrantFlag_ || invalidArcFlag_) {
-        EndWith(quadrantFlag_ ? text::OneQuadrantMax : text::InvalidArc);
-        return Next::EndRun;
-    }
-    // 9.
+    Next next = Next::GoOn;
+    Attempt(interpreterName, [&] { next = ApplyKey(); });
+    if (next != Next::GoOn) return next;
+
+    // ARC CENTRE: what an M99 has found out about the arc in front of it.
+    if (quadrantFlag_) return EndWith(text::OneQuadrantMax);
+    if (invalidArcFlag_) return EndWith(text::InvalidArc);
+
+    // MODES of the next row: a radius is never halved.
     if (store_.RadiusMode) xFactor_ = 1;
-    // 10.
     item_->ForeColor = store_.AbsoluteMode ? store_.AbsColor : store_.IncrColor;
-    // 11.
+
+    // POSITION: the axes have seen the far end of a cycle before the tool is back at its start.
     UpdateAxes();
-    // 12.
     RestorePosition();
     WriteToolCells();
-    // 13.
-    if (!mk2_) Attempt(interpreterName, [&] { ends = CountRepeats(); });
-    if (ends) return Next::EndRun;
-    // 14.
+
+    // CYCLES: the MK2 has no division of cut.
+    if (!mk2_) Attempt(interpreterName, [&] { next = CountRepeats(); });
+    if (next != Next::GoOn) return next;
+
+    // MEMORY for later rows: arcs make columns visible, a tool change brings its radius.
     if (key_ == code::G02 || key_ == code::G03) store_.ArcPresent = true;
-    if (key_ == code::M06) {
-        toolFound_ = true;
-        Attempt(interpreterName,
-                [&] { toolRadius_ = static_cast<float>(Val(Right((*item_)[column::X], 4))); });
-    }
-    // 15.
+    if (key_ == code::M06) ChangeTool();
+
+    // TIME: an overflow leaves the row without one.
     ++linesExecuted_;
-    float time = 0;
-    Attempt(interpreterName, [&] { time = static_cast<float>(TimeOfLine()); });
-    if (time > 0) {
-        (*item_)[column::Time] = MakeTimeString(time);
-    } else {
-        (*item_)[column::Time] = "        ";
-    }
-    totalTime_ += time;
-    // 16.
+    WriteTime();
+
+    // LINE CAP: found on the last row that runs, which an end code has made of its own one.
     if (row_ == list_.Count() - 1 && store_.LineCount() > store_.MaxLines() && !store_.DisableLimitsCheck) {
-        Find(texts_.ErrorTexts(text::MaximumLines));
+        ReportFinding(texts_.ErrorTexts(text::MaximumLines));
     }
-    // 17.
+
+    // COMMENT: that of a cycle, where it has changed.
     Cell& comment = (*item_)[column::Comment];
     if (!comment_.empty() && !(comment == comment_)) comment = comment_;
     return Next::GoOn;
@@ -144,12 +136,12 @@ CheckPass::Next CheckPass::WaitForStep() {
     list_.Select(itemRow_);
     list_.RowsChanged();
     while (!store_.StepGranted) {
-        room_.waiting_ = true;
-        const bool alive = room_.services_.System.DoEvents();
-        room_.waiting_ = false;
+        interpreter_.waiting_ = true;
+        const bool alive = interpreter_.services_.System.DoEvents();
+        interpreter_.waiting_ = false;
         // Another run has gone through, or the mode was left: this pass is given up.
-        if (room_.runs_ != run_) return Next::Abandoned;
-        if (!alive) room_.LeaveRunMode();
+        if (interpreter_.runs_ != run_) return Next::Abandoned;
+        if (!alive) interpreter_.LeaveRunMode();
         if (!store_.EditorRunMode || itemRow_ > list_.Count()) return Next::Abandoned;
     }
     store_.StepGranted = false;
@@ -174,6 +166,23 @@ void CheckPass::ReadValues() {
     });
 }
 
+// D of the tool change: the last four characters of its cell.
+void CheckPass::ChangeTool() {
+    toolFound_ = true;
+    Attempt(interpreterName, [&] { toolRadius_ = static_cast<float>(Val(Right((*item_)[column::X], 4))); });
+}
+
+void CheckPass::WriteTime() {
+    float time = 0;
+    Attempt(interpreterName, [&] { time = static_cast<float>(TimeOfLine()); });
+    if (time > 0) {
+        (*item_)[column::Time] = MakeTimeString(time);
+    } else {
+        (*item_)[column::Time] = BlankTime;
+    }
+    totalTime_ += time;
+}
+
 void CheckPass::ReadTargets() {
     xTarget_ = static_cast<float>(xNumber_ * xFactor_);
     yTarget_ = static_cast<float>(yNumber_);
@@ -183,7 +192,7 @@ void CheckPass::ReadTargets() {
     invalidArcFlag_ = false;
 }
 
-bool CheckPass::ApplyKey() {
+CheckPass::Next CheckPass::ApplyKey() {
     switch (key_) {
         case code::G00:
         case code::G73:
@@ -195,60 +204,57 @@ bool CheckPass::ApplyKey() {
         case code::G85:
         case code::G86:
         case code::G88:
-        case code::G89: ApplyMove(); return false;
-        case code::G72:
-            MustFollowToolChange();
-            if (PocketTooSmall()) return true;
-            ApplyMove();
-            return false;
+        case code::G89: ApplyMove(); break;
+        case code::G72: return Pocket();
         case code::G01:
             ApplyMove();
             LineAngle();
-            return false;
+            break;
         case code::G02:
         case code::G03: return Arc();
         case code::G24:
             if (store_.AbsoluteMode) return EndWith(text::G24BeforeG90);
             store_.RadiusMode = true;
-            return false;
+            break;
         case code::G25: return SubroutineCall();
         case code::G27: return Jump();
         case code::M17: return Return();
         case code::G22:
-        case code::M30: EndOfProgram(); return false;
-        case code::G33: ThreadMove(); return false;
+        case code::M30: EndOfProgram(); break;
+        case code::G33: ThreadMove(); break;
         case code::G45:
         case code::G46:
         case code::G47:
-        case code::G48: MustFollowToolChange(); return false;
+        case code::G48: MustFollowToolChange(); break;
         case code::G90:
             store_.AbsoluteMode = true;
-            xFactor_ = 0.5F;
-            return false;
+            xFactor_ = diameterFactor;
+            break;
         case code::G91:
             store_.AbsoluteMode = false;
             xFactor_ = 1;
-            return false;
-        case code::G92: SetRegister(); return false;
-        case code::M99: return ArcCenterLine(false);
-        case code::M99R: return ArcCenterLine(true);
-        default: return false;
+            break;
+        case code::G92: SetRegister(); break;
+        case code::M99: return ArcCenterLine();
+        case code::M99R: return ArcRadiusLine();
+        default: break;
     }
+    return Next::GoOn;
 }
 
-void CheckPass::Find(std::string_view message) {
-    (*item_)[column::Error] = message;
+void CheckPass::ReportFinding(std::string_view finding) {
+    (*item_)[column::Error] = finding;
     store_.ErrorRow = row_;
-    room_.FlagError(store_.ErrorRow - 1);
+    interpreter_.FlagError(store_.ErrorRow - 1);
 }
 
-bool CheckPass::EndWith(int programError) {
-    Find(texts_.ProgramErrorTexts(programError));
-    return true;
+CheckPass::Next CheckPass::EndWith(ProgramErrorText finding) {
+    ReportFinding(texts_.ProgramErrorTexts(finding));
+    return Next::EndRun;
 }
 
 void CheckPass::ShowProgress() {
-    InterpreterControls& c = room_.controls_;
+    InterpreterControls& c = interpreter_.controls_;
     if (linesExecuted_ > 0) c.lblPPLinesExe.Caption = PlainNumber(linesExecuted_);
     if (!axesKnown_ || !axesStale_) return;
     axesStale_ = false;
@@ -266,13 +272,13 @@ void CheckPass::ShowProgress() {
 void CheckPass::FinishRun() {
     Attempt(interpreterName, [&] { list_.Select(selectedRow_); });
     store_.EditorRunMode = false;
-    room_.controls_.cmdStep.Enabled = false;
-    room_.controls_.cmdStop.Enabled = true;
+    interpreter_.controls_.cmdStep.Enabled = false;
+    interpreter_.controls_.cmdStop.Enabled = true;
     if (store_.ErrorRow == 0) list_.SetHeaderWidth(ErrorHeader, 0);
-    room_.controls_.lblPPMachineTime.Caption = MakeTimeString(totalTime_);
-    room_.RefreshLineCount();
-    room_.view_.MakeLinePropertiesColumns();
-    room_.view_.SetAutoWidth();
+    interpreter_.controls_.lblPPMachineTime.Caption = MakeTimeString(totalTime_);
+    interpreter_.RefreshLineCount();
+    interpreter_.view_.MakeLinePropertiesColumns();
+    interpreter_.view_.SetAutoWidth();
 }
 
 }  // namespace kvt

@@ -9,6 +9,9 @@
 
 namespace kvt {
 
+// X is programmed as a diameter and kept as a radius.
+inline constexpr float diameterFactor = 0.5F;
+
 // The name under which faults inside a run are reported.
 inline constexpr const char* interpreterName = "Interpreter";
 
@@ -16,7 +19,7 @@ inline constexpr const char* interpreterName = "Interpreter";
 // times seconds, angles degrees. Rules in the order that they run: flow, arcs, cycles, positions, mill.
 class CheckPass {
 public:
-    explicit CheckPass(ControlInterpreter& room);
+    explicit CheckPass(ControlInterpreter& interpreter);
 
     // Both passes and what ends a run.
     void Run();
@@ -25,34 +28,41 @@ private:
     void Pass1();
     void Pass2();
 
+    // How a step leaves the run: it goes on; a finding has ended it; another run has gone through meanwhile.
     enum class Next { GoOn, EndRun, Abandoned };
     enum class Plane { None, XY, XZ, YZ };
 
-    // One row of pass 2; the numbered steps stand in check_pass.cpp.
+    // One row of pass 2.
     Next Step();
     Next WaitForStep();
     void ReadValues();
     void ReadTargets();
     void WorkOutMove();
 
-    // Rules of the key. True: the run ends here.
-    bool ApplyKey();
-    bool SubroutineCall();
-    bool Jump();
-    bool EndlessLoop(int target);
-    bool Return();
+    // Rules of the key.
+    Next ApplyKey();
+    // Flow.
+    Next SubroutineCall();
+    Next Jump();
+    Next EndlessLoop(int target);
+    Next Return();
     void EndOfProgram();
-    bool Arc();
+    // Arcs.
+    Next Arc();
     void DeriveMK2ArcZ();
-    bool RadiusFromNextLine();
-    bool RadiusOfQuadrant();
-    bool FindRadius();
+    void ReadNextLine();
+    Next FindRadius();
+    Next RadiusFromNextLine();
+    Next RadiusOfQuadrant();
     void WriteArcCenter();
-    bool ArcCenterLine(bool radiusForm);
-    void RewriteRadiusLine();
+    Next ArcCenterLine();
+    Next ArcRadiusLine();
+    bool FollowsArc() const;
     bool OverQuadrantLimit() const;
+    void RewriteRadiusLine();
+    // Cycles.
     void RestorePosition();
-    bool CountRepeats();
+    Next CountRepeats();
     float CycleDistance() const;
     void CycleComment();
     float CutDistance() const;
@@ -66,6 +76,8 @@ private:
     void SetPlane(Plane plane);
     void UpdateAxes();
     void WriteToolCells();
+    void ChangeTool();
+    void WriteTime();
     double TimeOfLine();
     double MoveTime(double feed);
     double ArcTime(double feed);
@@ -73,12 +85,13 @@ private:
     // Mill rules.
     void No3d();
     void MustFollowToolChange();
-    bool PocketTooSmall();
+    Next Pocket();
+    bool PocketHoldsTool() const;
 
-    // Writes a finding into the row and its error state; the run goes on unless the caller ends it.
-    void Find(std::string_view message);
-    // Find with an entry of the program error texts; true, so that a rule can end the run with it.
-    bool EndWith(int programError);
+    // Writes a finding into the row and its error state; the run goes on.
+    void ReportFinding(std::string_view finding);
+    // The same, and the run ends.
+    Next EndWith(ProgramErrorText finding);
     // An angle with one decimal from half the chord over the radius; nothing where the chord is too long.
     void WriteArcAngle(double half);
 
@@ -88,7 +101,7 @@ private:
     void ShowProgress();
     void FinishRun();
 
-    ControlInterpreter& room_;
+    ControlInterpreter& interpreter_;
     ProgramStore& store_;
     ListView& list_;
     const Texts& texts_;

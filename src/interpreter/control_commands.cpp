@@ -23,14 +23,11 @@ constexpr CommandName commands[] = {
 }  // namespace
 
 ControlCommand ControlCommandOf(std::string_view comment) {
-    // 1. to 3. The first three characters, then the word up to the first blank.
     if (comment.size() < 3 || !EqualIgnoringCase(comment.substr(0, 3), "CMD")) return ControlCommand::None;
     const std::string_view word = comment.substr(0, comment.find(' '));
-    // 4. The whole word.
     for (const CommandName& command : commands) {
         if (EqualIgnoringCase(word, command.Word)) return command.Command;
     }
-    // 5.
     return ControlCommand::Unknown;
 }
 

@@ -55,8 +55,7 @@ float CheckPass::CutDistance() const {
     return static_cast<float>(std::abs(double(x_)) - x);
 }
 
-// True when the division of cut is an error, which ends the run.
-bool CheckPass::CountRepeats() {
+CheckPass::Next CheckPass::CountRepeats() {
     float distance = 0;
     const double cut = raw_.H;
     switch (key_) {
@@ -81,21 +80,21 @@ bool CheckPass::CountRepeats() {
             repeats_ =
                 static_cast<float>(WholePart(distance / cut) + (Remainder(distance, cut) != 0 ? 1 : 0));
             break;
-        default: return false;
+        default: return Next::GoOn;
     }
-    if (repeats_ <= 0) return false;
+    if (repeats_ <= 0) return Next::GoOn;
     if (distance < cut) return EndWith(text::DivisionOfCut);
-    if (room_.txtComment_.Text.Empty()) CycleComment();
-    return false;
+    if (interpreter_.txtComment_.Text.Empty()) CycleComment();
+    return Next::GoOn;
 }
 
-// "@  (3x)" and the description. It is the same list on every machine.
+// "@  (3x)" and the description of the code, which every machine takes from the list of the MK4.
 void CheckPass::CycleComment() {
     if (describedKey_ != key_) {
         describedKey_ = key_;
         description_.clear();
         const std::string_view digits = Trim((*item_)[column::Code]);
-        for (const std::string& entry : room_.lists_.lstMK4Gcodes.Entries()) {
+        for (const std::string& entry : interpreter_.lists_.lstMK4Gcodes.Entries()) {
             if (kvt::Find(Left(entry, 3), digits) == 0) continue;
             description_ = EntryDescription(entry);
             break;

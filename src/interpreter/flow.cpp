@@ -6,43 +6,40 @@
 
 namespace kvt {
 
-bool CheckPass::SubroutineCall() {
+CheckPass::Next CheckPass::SubroutineCall() {
     const int target = raw_.F;
-    // 1. As the row index is the line number and 1, the next line is refused too.
+    // The row index is the line number and 1, so the next line is refused too.
     if (target <= row_) return EndWith(text::InvalidSub);
-    // 2.
     if (depth_ > 5) return EndWith(text::MaxNestedSubs);
-    // 3.
     if (target > store_.LineCount() - 1) return EndWith(text::NoSuchLine);
-    // 4. The sixth call falls outside the stack: reported, and the run goes on as if it had been stored.
+    // The stack of the control holds five. A sixth call is reported, and the run goes on as if it had been stored.
     ++depth_;
     Attempt(interpreterName, [&] {
         if (depth_ > 5) throw RunTimeError(fault::SubscriptOutOfRange);
         returnStack_[static_cast<std::size_t>(depth_)] = row_ + 1;
     });
     row_ = target;
-    return false;
+    return Next::GoOn;
 }
 
-bool CheckPass::Jump() {
+CheckPass::Next CheckPass::Jump() {
     const int target = raw_.F;
-    // 1.
     if (target > store_.LineCount() - 1) return EndWith(text::NoSuchLine);
-    // 2., 3. A line below 0 is no row: reported, and the next line runs.
-    bool ends = false;
+    // A line below 0 is no row: reported, and the next line runs.
+    Next next = Next::GoOn;
     Attempt(interpreterName, [&] {
         const std::string_view toolX = list_.Row(target + 1)[column::ToolX];
         if (toolX.empty() || toolX.back() != '?') {
-            ends = EndlessLoop(target);
+            next = EndlessLoop(target);
         } else {
             row_ = target;
         }
     });
-    return ends;
+    return next;
 }
 
-// The target has run already, which is taken as an endless loop.
-bool CheckPass::EndlessLoop(int target) {
+// A target that has run already counts as an endless loop, even where the program would leave it by another way.
+CheckPass::Next CheckPass::EndlessLoop(int target) {
     const std::string_view message = texts_.ProgramErrorTexts(text::EndlessLoop);
     for (int row = target + 1; row <= row_; ++row) {
         ListRow& crossed = list_.Row(row);
@@ -50,13 +47,13 @@ bool CheckPass::EndlessLoop(int target) {
         crossed[column::Angle] = " xx";
         crossed[column::Error] = message;
     }
-    room_.controls_.lblPPMachineTime.Caption = "xx:xx:xx";
+    interpreter_.controls_.lblPPMachineTime.Caption = "xx:xx:xx";
     store_.ErrorRow = row_;
-    room_.FlagError(store_.ErrorRow - 1);
-    return true;
+    interpreter_.FlagError(store_.ErrorRow - 1);
+    return Next::EndRun;
 }
 
-bool CheckPass::Return() {
+CheckPass::Next CheckPass::Return() {
     if (depth_ == 0) return EndWith(text::ReturnWithoutSub);
     // From depth 6 the read fails as the store did, and the row stays.
     Attempt(interpreterName, [&] {
@@ -64,12 +61,12 @@ bool CheckPass::Return() {
         row_ = returnStack_[static_cast<std::size_t>(depth_)] - 1;
     });
     --depth_;
-    return false;
+    return Next::GoOn;
 }
 
 void CheckPass::EndOfProgram() {
     if (store_.EditorRunMode) {
-        room_.controls_.cmdStep.Enabled = false;
+        interpreter_.controls_.cmdStep.Enabled = false;
         selectedRow_ = itemRow_;
     }
     row_ = store_.LineCount();

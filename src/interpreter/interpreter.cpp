@@ -31,23 +31,19 @@ ControlInterpreter::ControlInterpreter(ProgramStore& store, const Texts& texts, 
 }
 
 void ControlInterpreter::Interpreter() {
-    // Whatever asks for a run but the Run button ends the steps; an error may have left them behind.
+    // Whatever asks for a run but the Run button ends the steps; an error may have left the mode behind.
     if (store_.EditorRunMode && !runAsked_) LeaveRunMode();
     runAsked_ = false;
     // A step run that is asked for next, in the same wait, is one of its own.
     waiting_ = false;
     ++runs_;
 
-    // 1.
     store_.AbsoluteMode = false;
     store_.EndCodePresent = false;
     store_.ErrorFlagged = false;
     store_.ArcPresent = false;
-    // 2.
     controls_.lblPPLinesExe.Caption = "xxx";
-    // 3.
     store_.RadiusMode = store_.IsF1();
-    // 4. An empty program.
     if (store_.LineCount() < 1) {
         store_.lvCncProgram.SetHeaderWidth(ErrorHeader, 0);
         store_.ProgramChanged = false;
@@ -59,7 +55,6 @@ void ControlInterpreter::Interpreter() {
         controls_.lblPPLines.Caption = "0";
         return;
     }
-    // 5. The rest of the start and the two passes.
     CheckPass(*this).Run();
 }
 

@@ -1,6 +1,5 @@
 #include "interpreter/parameter_checks.h"
 
-#include <array>
 #include <cstdlib>
 #include <span>
 
@@ -29,42 +28,33 @@ enum class Bound : std::uint8_t {
     Long
 };
 
-struct LimitIndices {
-    int Metric;
-    int Inch;
-};
-
-LimitIndices UpperIndices(Bound bound, bool horizontal) {
-    constexpr LimitIndices shortAxis{limit::Plus9999, limit::Plus3999};
-    constexpr LimitIndices longAxis{limit::Plus19999, limit::Plus7999};
+limit::ByUnits EntryOf(Bound bound, bool horizontal) {
     switch (bound) {
-        case Bound::Two: return {limit::Two, limit::Two};
-        case Bound::Ten: return {limit::Ten, limit::Ten};
-        case Bound::N221: return {limit::N221, limit::N221};
-        case Bound::N499: return {limit::N499, limit::N499};
-        case Bound::N999: return {limit::N999, limit::N999};
-        case Bound::N9999: return {limit::Plus9999, limit::Plus9999};
-        case Bound::LatheX: return {limit::Plus5999, limit::Plus1999};
-        case Bound::LatheZ: return {limit::Plus32760, limit::Plus12900};
-        case Bound::Feed: return {limit::N499, limit::N199};
-        case Bound::MillX: return horizontal ? shortAxis : longAxis;
-        case Bound::MillY: return horizontal ? longAxis : shortAxis;
-        case Bound::Short: return shortAxis;
-        case Bound::Long: return longAxis;
+        case Bound::Two: return limit::Both(limit::Two);
+        case Bound::Ten: return limit::Both(limit::Ten);
+        case Bound::N221: return limit::Both(limit::N221);
+        case Bound::N499: return limit::Both(limit::N499);
+        case Bound::N999: return limit::Both(limit::N999);
+        case Bound::N9999: return limit::Both(limit::Plus9999);
+        case Bound::LatheX: return limit::LatheX;
+        case Bound::LatheZ: return limit::LatheZ;
+        case Bound::Feed: return limit::Feed;
+        case Bound::MillX: return horizontal ? limit::MillShort : limit::MillLong;
+        case Bound::MillY: return horizontal ? limit::MillLong : limit::MillShort;
+        case Bound::Short: return limit::MillShort;
+        case Bound::Long: return limit::MillLong;
         case Bound::None:
         case Bound::Zero: break;
     }
-    return {limit::Zero, limit::Zero};
+    return limit::Both(limit::Zero);
 }
 
-// The limit table holds the negated number of each axis bound in front of it.
 int IndexOf(Bound bound, bool negated, bool metric, bool horizontal) {
-    const LimitIndices upper = UpperIndices(bound, horizontal);
-    return (metric ? upper.Metric : upper.Inch) - (negated ? 1 : 0);
+    return EntryOf(bound, horizontal).In(metric) - (negated ? 1 : 0);
 }
 
 enum class Field : std::uint8_t { X, Y, Z, F, H };
-enum class Units : std::uint8_t { Neither, Metric, Inch, Both };
+enum class UnitSet : std::uint8_t { Neither, Metric, Inch, Both };
 
 // A message that is written as it stands in front of "minimum" or "maximum"; null prints the limit itself.
 struct Literal {
@@ -82,8 +72,8 @@ struct Test {
     Literal LowerText;
     Bound Upper;
     Literal UpperText = {};
-    Units AbsoluteIn = Units::Neither;  // where the test takes the value without its sign
-    // Deliberate: the metric, horizontal maximum of the mill's X names the negative limit.
+    UnitSet AbsoluteIn = UnitSet::Neither;  // where the test takes the value without its sign
+    // The metric, horizontal maximum of the mill's X names the negative limit; the test is right all the same.
     bool NamesNegative = false;
 };
 
@@ -96,7 +86,7 @@ constexpr Test FromZero(Field field, char letter, const char* lowerText, Bound u
 struct Rule {
     std::span<const CodeKey> Keys;
     std::span<const Test> Tests;
-    Units For = Units::Both;
+    UnitSet For = UnitSet::Both;
 };
 
 // --- Lathes ---------------------------------------------------------------------------------------------
@@ -129,7 +119,7 @@ constexpr Rule latheCoordinates[] = {
     {play, lathePlayTests},       {arcCenter, latheArcCenterTests}, {pointers, pointerTests},
 };
 
-// G86 has no feed test: deliberate.
+// G86 is not here: its feed is not tested.
 constexpr CodeKey latheFeeds[] = {code::G01, code::G02, code::G03, code::G73, code::G81, code::G82,
                                   code::G83, code::G84, code::G85, code::G88, code::G89};
 constexpr Test latheFeedTests[] = {{Field::F, 'F', Bound::Two, false, Same("!F= 2 "), Bound::Feed}};
@@ -152,7 +142,7 @@ constexpr Rule latheHCell[] = {{cuts, cutTests}, {groove, grooveTests}};
 
 // --- Mill -----------------------------------------------------------------------------------------------
 
-constexpr Test WithoutSign(Test test, Units units) {
+constexpr Test WithoutSign(Test test, UnitSet units) {
     test.AbsoluteIn = units;
     return test;
 }
@@ -165,7 +155,7 @@ constexpr Test MillXMove() {
 
 constexpr CodeKey millMoves[] = {code::G00, code::G01, code::G02, code::G03,
                                  code::G04, code::G72, code::G92, code::M06};
-constexpr Test millMoveTests[] = {MillXMove(), WithoutSign(Axis(Field::Y, 'Y', Bound::MillY), Units::Inch),
+constexpr Test millMoveTests[] = {MillXMove(), WithoutSign(Axis(Field::Y, 'Y', Bound::MillY), UnitSet::Inch),
                                   Axis(Field::Z, 'Z', Bound::Long)};
 
 constexpr CodeKey millDepths[] = {code::G73, code::G81, code::G82, code::G83, code::G85, code::G89};
@@ -173,37 +163,37 @@ constexpr Test millDepthTests[] = {Axis(Field::Z, 'Z', Bound::Long)};
 
 constexpr CodeKey millPlay[] = {code::M98};
 constexpr Test millPlayTests[] = {FromZero(Field::X, 'X', "!X= 0 ", Bound::Long),
-                                  WithoutSign(FromZero(Field::Y, 'Y', "!Y= 0 ", Bound::Short), Units::Inch),
+                                  WithoutSign(FromZero(Field::Y, 'Y', "!Y= 0 ", Bound::Short), UnitSet::Inch),
                                   FromZero(Field::Z, 'Z', "!Z= 0 ", Bound::Long)};
 
 // In millimetres only the upper bounds are tested, without the sign; in inches the maxima of I and J come
 // before the tests against 0.
-constexpr Test UpperOnly(Field field, char letter, Bound bound, Units absoluteIn) {
+constexpr Test UpperOnly(Field field, char letter, Bound bound, UnitSet absoluteIn) {
     return {field, letter, Bound::None, false, {}, bound, {}, absoluteIn};
 }
-constexpr Test LowerOnly(Field field, char letter, const char* text, Units absoluteIn) {
+constexpr Test LowerOnly(Field field, char letter, const char* text, UnitSet absoluteIn) {
     return {field, letter, Bound::Zero, false, Same(text), Bound::None, {}, absoluteIn};
 }
-constexpr Test millCenterMetric[] = {UpperOnly(Field::X, 'I', Bound::MillX, Units::Both),
-                                     UpperOnly(Field::Y, 'J', Bound::MillY, Units::Both),
-                                     UpperOnly(Field::Z, 'K', Bound::Long, Units::Both)};
-constexpr Test millCenterInch[] = {UpperOnly(Field::X, 'I', Bound::MillX, Units::Neither),
-                                   UpperOnly(Field::Y, 'J', Bound::MillY, Units::Both),
-                                   LowerOnly(Field::X, 'I', "!I= 0 ", Units::Neither),
-                                   LowerOnly(Field::Y, 'J', "!J= 0 ", Units::Both),
-                                   LowerOnly(Field::Z, 'K', "!K= 0 ", Units::Neither),
-                                   UpperOnly(Field::Z, 'K', Bound::Long, Units::Neither)};
+constexpr Test millCenterMetric[] = {UpperOnly(Field::X, 'I', Bound::MillX, UnitSet::Both),
+                                     UpperOnly(Field::Y, 'J', Bound::MillY, UnitSet::Both),
+                                     UpperOnly(Field::Z, 'K', Bound::Long, UnitSet::Both)};
+constexpr Test millCenterInch[] = {UpperOnly(Field::X, 'I', Bound::MillX, UnitSet::Neither),
+                                   UpperOnly(Field::Y, 'J', Bound::MillY, UnitSet::Both),
+                                   LowerOnly(Field::X, 'I', "!I= 0 ", UnitSet::Neither),
+                                   LowerOnly(Field::Y, 'J', "!J= 0 ", UnitSet::Both),
+                                   LowerOnly(Field::Z, 'K', "!K= 0 ", UnitSet::Neither),
+                                   UpperOnly(Field::Z, 'K', Bound::Long, UnitSet::Neither)};
 
 constexpr Rule millCoordinates[] = {
     {millMoves, millMoveTests},
     {millDepths, millDepthTests},
     {millPlay, millPlayTests},
-    {arcCenter, millCenterMetric, Units::Metric},
-    {arcCenter, millCenterInch, Units::Inch},
+    {arcCenter, millCenterMetric, UnitSet::Metric},
+    {arcCenter, millCenterInch, UnitSet::Inch},
     {pointers, pointerTests},
 };
 
-// G86 has no feed test here either: deliberate.
+// G86 has no feed test here either.
 constexpr CodeKey millFeeds[] = {code::G01, code::G02, code::G03, code::G72, code::G73, code::G81,
                                  code::G82, code::G83, code::G84, code::G85, code::G88, code::G89};
 constexpr Test millFeedTests[] = {
@@ -234,7 +224,8 @@ struct Conditions {
 };
 
 // "!X=-5999minimum": the literal, or the letter and the limit, then the word.
-std::string MessageOf(const Test& test, const Literal& literal, int index, int word, const Conditions& now) {
+std::string MessageOf(const Test& test, const Literal& literal, int index, MessageText word,
+                      const Conditions& now) {
     std::string message;
     if (const char* text = now.Metric ? literal.Metric : literal.Inch) {
         message = text;
@@ -248,8 +239,8 @@ std::string MessageOf(const Test& test, const Literal& literal, int index, int w
 
 void Apply(const Test& test, const RowValues& values, const Conditions& now, std::string& message) {
     std::int64_t value = ValueOf(test.Of, values);
-    const Units units = now.Metric ? Units::Metric : Units::Inch;
-    if (test.AbsoluteIn == Units::Both || test.AbsoluteIn == units) value = std::abs(value);
+    const UnitSet units = now.Metric ? UnitSet::Metric : UnitSet::Inch;
+    if (test.AbsoluteIn == UnitSet::Both || test.AbsoluteIn == units) value = std::abs(value);
 
     if (test.Lower != Bound::None) {
         const int lower = IndexOf(test.Lower, test.LowerNegated, now.Metric, now.Horizontal);
@@ -264,51 +255,24 @@ void Apply(const Test& test, const RowValues& values, const Conditions& now, std
     }
 }
 
-// A code as a small number: 0 to 99 for G codes, 100 to 199 for M codes, -1 for any other text.
-constexpr int SlotOf(CodeKey key) {
-    const CodeKey letter = key >> 24;
-    const int tens = static_cast<int>(key >> 16 & 0xFF) - '0';
-    const int ones = static_cast<int>(key >> 8 & 0xFF) - '0';
-    if ((key & 0xFF) != ' ' || (letter != ' ' && letter != 'M')) return -1;
-    if (tens < 0 || tens > 9 || ones < 0 || ones > 9) return -1;
-    return (letter == 'M' ? 100 : 0) + tens * 10 + ones;
-}
-
-// Which rule of a group holds a code: the first one of these units.
-class RuleIndex {
-public:
-    RuleIndex(std::span<const Rule> rules, Units units) {
-        for (const Rule& rule : rules) {
-            if (rule.For != Units::Both && rule.For != units) continue;
-            for (const CodeKey key : rule.Keys) {
-                const Rule*& slot = rules_[static_cast<std::size_t>(SlotOf(key))];
-                if (!slot) slot = &rule;
-            }
+// The first rule of a group that holds a code in these units; null for none.
+const Rule* RuleOf(std::span<const Rule> rules, CodeKey key, UnitSet units) {
+    for (const Rule& rule : rules) {
+        if (rule.For != UnitSet::Both && rule.For != units) continue;
+        for (const CodeKey one : rule.Keys) {
+            if (one == key) return &rule;
         }
     }
-    const Rule* Of(CodeKey key) const {
-        const int slot = SlotOf(key);
-        return slot < 0 ? nullptr : rules_[static_cast<std::size_t>(slot)];
-    }
-
-private:
-    std::array<const Rule*, 200> rules_ = {};
-};
-
-// The three independent groups of one machine in one unit system.
-struct MachineRules {
-    RuleIndex Coordinates, FCell, HCell;
-};
-
-const MachineRules& RulesOf(bool mill, bool metric) {
-    static const auto make = [](bool isMill, Units units) {
-        return isMill ? MachineRules{{millCoordinates, units}, {millFCell, units}, {{}, units}}
-                      : MachineRules{{latheCoordinates, units}, {latheFCell, units}, {latheHCell, units}};
-    };
-    static const MachineRules rules[] = {make(false, Units::Inch), make(false, Units::Metric),
-                                         make(true, Units::Inch), make(true, Units::Metric)};
-    return rules[(mill ? 2 : 0) + (metric ? 1 : 0)];
+    return nullptr;
 }
+
+// The three independent groups of a machine.
+struct RuleGroups {
+    std::span<const Rule> Coordinates, FCell, HCell;
+};
+
+constexpr RuleGroups latheGroups{latheCoordinates, latheFCell, latheHCell};
+constexpr RuleGroups millGroups{millCoordinates, millFCell, {}};
 
 }  // namespace
 
@@ -320,11 +284,12 @@ ParameterChecks::ParameterChecks(const ProgramStore& store, const Texts& texts)
       mill_(store.IsF1()) {}
 
 std::string ParameterChecks::Message(CodeKey key, const RowValues& values) const {
-    const MachineRules& rules = RulesOf(mill_, metric_);
+    const RuleGroups& groups = mill_ ? millGroups : latheGroups;
+    const UnitSet units = metric_ ? UnitSet::Metric : UnitSet::Inch;
     const Conditions now{limits_, texts_, metric_, horizontal_};
     std::string message;
-    for (const RuleIndex* group : {&rules.Coordinates, &rules.FCell, &rules.HCell}) {
-        const Rule* rule = group->Of(key);
+    for (const std::span<const Rule> group : {groups.Coordinates, groups.FCell, groups.HCell}) {
+        const Rule* rule = RuleOf(group, key, units);
         if (!rule) continue;
         for (const Test& test : rule->Tests) Apply(test, values, now, message);
     }

@@ -12,8 +12,8 @@ namespace kvt {
 
 namespace {
 
-constexpr double pi = 3.14159265358979;
-constexpr double unitsPerInchFactor = 2.54;
+// Times are worked out for 1/100 mm.
+constexpr double hundredthsPerThousandth = 2.54;
 
 constexpr CodeKey planeKeys[] = {code::G00, code::G01, code::G02, code::G03, code::G72};
 
@@ -77,7 +77,7 @@ void CheckPass::ThreadMove() {
 // The angle of a sloping line, with the side that it leans to.
 void CheckPass::LineAngle() {
     if (dX_ == 0 || dZ_ == 0) return;
-    const auto angle = static_cast<float>(90 - std::abs(std::atan(double(dZ_) / dX_) * 180 / pi));
+    const auto angle = static_cast<float>(90 - std::abs(std::atan(double(dZ_) / dX_) * 180 / Pi));
     const bool sameSign = (dX_ > 0) == (dZ_ > 0);
     std::string cell(texts_.MessageTexts(sameSign ? text::LeftAngle : text::RightAngle));
     cell += Format(angle, "0.0");
@@ -87,7 +87,7 @@ void CheckPass::LineAngle() {
 void CheckPass::SetRegister() {
     store_.AbsoluteMode = true;
     if (mill_) {
-        xFactor_ = 0.5F;
+        xFactor_ = diameterFactor;
         store_.RadiusMode = true;
         x_ = xTarget_;
         y_ = yTarget_;
@@ -97,7 +97,7 @@ void CheckPass::SetRegister() {
         x_ = xTarget_;
         z_ = zTarget_;
     } else {
-        xFactor_ = 0.5F;
+        xFactor_ = diameterFactor;
         x_ = xTarget_ / 2;
         z_ = zTarget_;
     }
@@ -126,6 +126,7 @@ void CheckPass::WriteToolCells() {
     item[column::ToolZ] = FieldOfSix(z_);
 }
 
+// Seconds, at the feed of the row and the rapid rates and pauses of the machines.
 double CheckPass::TimeOfLine() {
     const double feed = std::max(raw_.F, 1);
     switch (key_) {
@@ -148,7 +149,7 @@ double CheckPass::TimeOfLine() {
 }
 
 double CheckPass::MoveTime(double feed) {
-    const double unit = store_.Metric ? 1 : unitsPerInchFactor;
+    const double unit = store_.Metric ? 1 : hundredthsPerThousandth;
     float a = 0;
     float b = 0;
     InPlane(std::abs(x_ - xBefore_), std::abs(y_ - yBefore_), std::abs(z_ - zBefore_), a, b);
@@ -160,10 +161,10 @@ double CheckPass::MoveTime(double feed) {
     return (sloping ? time * 1.1 : time) * unit;
 }
 
-// An arc without an angle takes the length of the arc before: deliberate.
+// An arc whose angle cell has stayed empty takes the length of the arc before.
 double CheckPass::ArcTime(double feed) {
     const double angle = Val((*item_)[column::Angle]);
-    if (angle != 0) arcLength_ = (2 * pi * Val((*item_)[column::Radius])) / (360 / angle);
+    if (angle != 0) arcLength_ = (2 * Pi * Val((*item_)[column::Radius])) / (360 / angle);
     return arcLength_ / 78.55 * (50 / feed);
 }
 

@@ -19,8 +19,12 @@ constexpr HeaderDefault headerDefaults[SubItemCount] = {
     {"Radius", 0}, {"Angle", 0},  {"Time", 0},     {"Comment", 5000},
 };
 
-constexpr int firstShownHeader = 2;
-constexpr int lastMeasuredHeader = 18;
+// Twips: the smallest widths that hold a column's numbers.
+constexpr int positionWidth = 811;
+constexpr int centerWidth = 1020;
+constexpr int timeWidth = 1050;
+
+constexpr int HeaderOf(int c) { return c + 1; }
 
 }  // namespace
 
@@ -41,63 +45,48 @@ ViewColumns::ViewColumns(Form& form, ProgramStore& store, ScreenService& screen)
     }
 }
 
-void ViewColumns::Show(int header, int minimum) {
+void ViewColumns::Show(bool shown, int c, int minimum) {
+    const int header = HeaderOf(c);
     const int characters = static_cast<int>(store_.lvCncProgram.Header(header).Text.size());
-    store_.lvCncProgram.SetHeaderWidth(header, std::max(minimum, characters * 104 + 193));
+    store_.lvCncProgram.SetHeaderWidth(header, shown ? std::max(minimum, characters * 104 + 193) : 0);
 }
 
 void ViewColumns::MakeToolpositionColums() {
-    if (chkViewToolPos.Value == 0) {
-        for (const int header : {10, 11, 12}) Hide(header);
-        return;
-    }
-    Show(10, 811);
-    Show(12, 811);
-    if (store_.IsF1()) {
-        Show(11, 811);
-    } else {
-        Hide(11);
-    }
+    const bool shown = chkViewToolPos.Value != 0;
+    Show(shown, column::ToolX, positionWidth);
+    Show(shown && store_.IsF1(), column::ToolY, positionWidth);
+    Show(shown, column::ToolZ, positionWidth);
 }
 
 void ViewColumns::MakeLinePropertiesColumns() {
-    if (chkViewLineProperties.Value == 0) {
-        for (int header = 13; header <= 17; ++header) Hide(header);
-    } else {
-        Show(17, 811);
-        if (store_.ArcPresent) {
-            Show(13, 1020);
-            if (store_.IsF1()) {
-                Show(14, 1020);
-            } else {
-                Hide(14);
-            }
-            Show(15, 1020);
-            Show(16, 811);
-        } else {
-            for (int header = 13; header <= 16; ++header) Hide(header);
-        }
-    }
+    const bool shown = chkViewLineProperties.Value != 0;
+    const bool arcs = shown && store_.ArcPresent;
+    Show(arcs, column::CenterX, centerWidth);
+    Show(arcs && store_.IsF1(), column::CenterY, centerWidth);
+    Show(arcs, column::CenterZ, centerWidth);
+    Show(arcs, column::Radius, positionWidth);
+    Show(shown, column::Angle, positionWidth);
     SetAutoWidth();
 }
 
 void ViewColumns::MakeMachineTimeColumn() {
-    store_.lvCncProgram.SetHeaderWidth(18, chkViewMachineTime.Value != 0 ? 1050 : 0);
+    store_.lvCncProgram.SetHeaderWidth(HeaderOf(column::Time), chkViewMachineTime.Value != 0 ? timeWidth : 0);
 }
 
 void ViewColumns::MakeMachineColumns() {
     ListView& list = store_.lvCncProgram;
     const bool mill = store_.IsF1();
-    list.SetHeaderWidth(2, store_.IsMK2() ? 600 : 495);
-    list.SetHeaderWidth(4, mill ? 811 : 706);
-    list.SetHeaderWidth(5, mill ? 811 : 0);
+    list.SetHeaderWidth(HeaderOf(column::Number), store_.IsMK2() ? 600 : 495);
+    list.SetHeaderWidth(HeaderOf(column::X), mill ? 811 : 706);
+    list.SetHeaderWidth(HeaderOf(column::Y), mill ? 811 : 0);
 }
 
 void ViewColumns::SetAutoWidth() {
     if (chkSettingsAutowidth.Value == 0 || form_.State.Get() == WindowState::Maximised) return;
+    // Of all but the columns, the comment with them: that column takes what is left.
     int width = 8093;
-    for (int header = firstShownHeader; header <= lastMeasuredHeader; ++header) {
-        width += store_.lvCncProgram.Header(header).Width;
+    for (int c = column::Number; c <= column::Time; ++c) {
+        width += store_.lvCncProgram.Header(HeaderOf(c)).Width;
     }
     if (store_.IsMK2()) width += 495;
     if (store_.IsF1()) width -= 421;

@@ -22,9 +22,8 @@ public:
     void SetAutoWidth();
 
 private:
-    // Keeps the header readable: by its characters, at least minimum.
-    void Show(int header, int minimum);
-    void Hide(int header) { store_.lvCncProgram.SetHeaderWidth(header, 0); }
+    // Shows or hides a column; one that shows is as wide as its header's text, at least minimum.
+    void Show(bool shown, int c, int minimum);
 
     Form& form_;
     ProgramStore& store_;

@@ -50,19 +50,18 @@ void ViewOptions::AddComments() {
     const ListBox& gCodes = store_.IsMK2()   ? lists_.lstMK2Gcodes
                             : store_.IsMK4() ? lists_.lstMK4Gcodes
                                              : lists_.lstF1Gcodes;
-    // 1. The same for every row.
+    // No code is chosen in the lists any more.
     (store_.IsMK2() ? lists_.lstMK2Gcodes : lists_.lstMK4Gcodes).ListIndex = -1;
     lists_.lstMK4Mcodes.ListIndex = -1;
     for (int row = 1; row <= list.Count(); ++row) {
         ListRow& item = list.Row(row);
-        // 2.
         if (!Trim(item[column::Comment].View()).empty()) continue;
         std::string key(Trim(item[column::Code].View()));
         if (key.empty()) continue;
         if (UpperChar(key[0]) != 'M') key.insert(0, "G");
-        // 3. M codes come from the lathe's list on every machine: deliberate.
+        // The comments of M codes are those of the lathe on every machine.
         const ListBox& codes = UpperChar(key[0]) == 'M' ? lists_.lstMK4Mcodes : gCodes;
-        // 4.
+        // An entry names its code by three characters, so M99R has none.
         for (const std::string& entry : codes.Entries()) {
             if (!EqualIgnoringCase(Left(entry, 3), key)) continue;
             item[column::Comment] = "@  " + EntryDescription(entry);

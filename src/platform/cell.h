@@ -50,13 +50,6 @@ public:
         return {HeapText(), HeapSize()};
     }
     operator std::string_view() const { return View(); }
-    // The first eight bytes as a word, the first character lowest. Those behind the text mean nothing; only
-    // for a text that stands in place.
-    std::uint64_t FirstEight() const {
-        std::uint64_t word = 0;
-        std::memcpy(&word, bytes_, sizeof word);
-        return word;
-    }
     std::size_t Size() const { return Tag() <= InPlace ? Tag() : HeapSize(); }
     bool Empty() const { return Tag() == 0; }
 

@@ -1,19 +1,12 @@
 #include "program/limits.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace kvt {
 
-namespace {
-
-constexpr std::array<std::int32_t, LimitTable::Size> machineLimits = {
-    0,    2,     10,   199,   221,  499,    999,   -1999,  1999,  -3999,  3999, -5999,
-    5999, -7999, 7999, -9999, 9999, -12900, 12900, -19999, 19999, -32760, 32760};
-
-}  // namespace
-
 void LimitTable::Fill(bool disableLimitsCheck) {
-    values_ = machineLimits;
+    std::copy(std::begin(MachineLimits), std::end(MachineLimits), values_.begin());
     if (!disableLimitsCheck) return;
     for (std::int32_t& value : values_) value = NoLimit(value);
 }

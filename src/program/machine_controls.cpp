@@ -1,13 +1,11 @@
 #include "program/machine_controls.h"
 
-#include "basic/text.h"
-
 namespace kvt {
 
 MachineControls::MachineControls(Form& form, ProgramStore& store)
-    : optSettingsMK2(form, "optSettingsMK2", "Compact5 CNC MK2"),
-      optSettingsMK4(form, "optSettingsMK4", "Compact5 CNC MK4"),
-      optSettingsF1CNC(form, "optSettingsF1CNC", "F1 CNC"),
+    : optSettingsMK2(form, "optSettingsMK2", FactsOf(MachineModel::MK2).Caption),
+      optSettingsMK4(form, "optSettingsMK4", FactsOf(MachineModel::MK4).Caption),
+      optSettingsF1CNC(form, "optSettingsF1CNC", FactsOf(MachineModel::F1).Caption),
       optSettingsMm(form, "optSettingsMm", "mm"),
       optSettingsInch(form, "optSettingsInch", "Inch"),
       optSettingsHmm(form, "optSettingsHmm", "mm"),
@@ -19,14 +17,8 @@ MachineControls::MachineControls(Form& form, ProgramStore& store)
       lblPPUnits(form, "lblPPUnits"),
       store_(store) {}
 
-void MachineControls::SetUnits(std::string_view name) {
-    if (EqualIgnoringCase(name, "Metric")) {
-        store_.Metric = true;
-    } else if (EqualIgnoringCase(name, "Imperial")) {
-        store_.Metric = false;
-    } else {
-        return;
-    }
+void MachineControls::SetUnits(Units units) {
+    store_.Metric = units == Units::Metric;
     RefreshUnits();
     if (OnUnits) OnUnits();
 }
@@ -48,10 +40,17 @@ void MachineControls::RefreshUnits() {
     lblPPUnits.Caption = units;
 }
 
+OptionButton& MachineControls::OptionOf(MachineModel model) {
+    switch (model) {
+        case MachineModel::MK2: return optSettingsMK2;
+        case MachineModel::MK4: return optSettingsMK4;
+        case MachineModel::F1: break;
+    }
+    return optSettingsF1CNC;
+}
+
 void MachineControls::RefreshMachineOptions() {
-    optSettingsMK2.Value = store_.IsMK2();
-    optSettingsMK4.Value = store_.IsMK4();
-    optSettingsF1CNC.Value = store_.IsF1();
+    for (const MachineFacts& one : Machines()) OptionOf(one.Model).Value = one.Model == store_.Machine;
 }
 
 }  // namespace kvt

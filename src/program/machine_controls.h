@@ -1,8 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <string_view>
-
 #include "platform/controls.h"
 #include "program/program_store.h"
 
@@ -22,11 +20,11 @@ public:
     // What else follows the units, wherever they are set.
     std::function<void()> OnUnits;
 
-    // Sets Metric from "Metric" or "Imperial" and lets the options, menu entries, the label and OnUnits follow. Runs
-    // no click handler. Another name changes nothing.
-    void SetUnits(std::string_view name);
+    // Sets Metric and lets the options, menu entries, the label and OnUnits follow. Runs no click handler.
+    void SetUnits(Units units);
     // The same with the units that are in force.
     void RefreshUnits();
+    OptionButton& OptionOf(MachineModel model);
     // Puts the machine options to the machine in force.
     void RefreshMachineOptions();
 

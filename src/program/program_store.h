@@ -5,6 +5,7 @@
 
 #include "platform/list_view.h"
 #include "program/limits.h"
+#include "program/machine.h"
 
 namespace kvt {
 
@@ -26,7 +27,7 @@ struct ProgramStore {
     ListView lvCncProgram;
 
     // Settings.
-    std::string Machine = "MK4";
+    MachineModel Machine = MachineModel::MK4;
     bool Metric = true;
     bool Horizontal = false;
     bool DisableLimitsCheck = false;
@@ -55,13 +56,13 @@ struct ProgramStore {
 
     // Whether the user has something to lose here: changes, or a save that has failed.
     bool Unsaved() const { return ProgramChanged || (SaveFailed && LineCount() > 0); }
-    bool IsMK2() const;
-    bool IsMK4() const;
-    bool IsF1() const;
+    bool IsMK2() const { return Machine == MachineModel::MK2; }
+    bool IsMK4() const { return Machine == MachineModel::MK4; }
+    bool IsF1() const { return Machine == MachineModel::F1; }
 
     // Number of program lines; the trailing "NN" row does not count.
     int LineCount() const;
-    // 160 lines on MK2, 210 otherwise; one less while no end code is present, which reserves its row.
+    // What the control of the machine holds; one less while no end code is present, which reserves its row.
     int MaxLines() const;
     // Restores the trailing blank row after any change of the rows, and selects it or the row selected before.
     void AddBlankLine(bool selectNew);

@@ -12,7 +12,7 @@ struct WorkbenchCalls {
     std::function<void()> cmdReturn_Click;
     std::function<void()> ClearProgram_Click;
     // Puts a copy of the unsaved program where the next start finds it. False where it could not be written.
-    std::function<bool()> WriteRecoveryCopy;
+    std::function<bool()> KeepRecoveryCopy;
     // Have the drawing repainted where its window is up, when the handler that is running has ended; RedrawAfterEdit
     // only if it follows every edit.
     std::function<void()> mnuDraw_Click;

@@ -134,7 +134,7 @@ void ModuleLoader::ApplyOrderedLines(const LanguageSection& section) {
     };
     for (const TableSection& one : TableSections()) {
         if (is(one.Section))
-            inOrder(1, [&](int i, const std::string& text) { (parts_.Language.*one.Table).Set(i, text); });
+            inOrder(1, [&](int i, const std::string& text) { one.Table(parts_.Language).Set(i, text); });
     }
     for (const ListSection& one : ListSections()) {
         ListBox* const list = is(one.Section) ? ListOf(*windows_.front(), one) : nullptr;
@@ -202,10 +202,10 @@ std::string ModuleLoader::WriteModule() const {
         module.Line(PlainNumber(number), Trim(text));
     };
     for (const TableSection& one : TableSections()) {
-        if (one.Table == &Texts::DrawViewTexts) continue;  // written with its labels
+        const TextTable& table = one.Table(parts_.Language);
+        if (&table == &texts.DrawViewTexts) continue;  // written with its labels
         module.Section(one.Section);
-        const TextTable& table = texts.*one.Table;
-        for (int i = 1; i <= table.Size(); ++i) numbered(i, table(i));
+        for (int i = 1; i <= table.Size(); ++i) numbered(i, table.At(i));
     }
     for (const ListSection& one : ListSections()) {
         const ListBox* const list = ListOf(*windows_.front(), one);

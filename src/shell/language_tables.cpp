@@ -222,12 +222,12 @@ constexpr LabelRow labelRows[] = {
 };
 
 constexpr TableSection tableSections[] = {
-    {"Program error codes", &Texts::ProgramErrorTexts},
-    {"Error Messages", &Texts::ErrorTexts},
-    {"Messages", &Texts::MessageTexts},
-    {"DRAW Error Message", &Texts::DrawErrorTexts},
+    {"Program error codes", [](Texts& texts) -> TextTable& { return texts.ProgramErrorTexts; }},
+    {"Error Messages", [](Texts& texts) -> TextTable& { return texts.ErrorTexts; }},
+    {"Messages", [](Texts& texts) -> TextTable& { return texts.MessageTexts; }},
+    {"DRAW Error Message", [](Texts& texts) -> TextTable& { return texts.DrawErrorTexts; }},
     // The entries of the View menu are looked up by their order too, when the draw window comes to the front.
-    {"DRAW Menu View", &Texts::DrawViewTexts},
+    {"DRAW Menu View", [](Texts& texts) -> TextTable& { return texts.DrawViewTexts; }},
 };
 
 constexpr ListSection listSections[] = {

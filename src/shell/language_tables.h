@@ -24,7 +24,7 @@ std::span<const LabelRow> LabelRows();
 // The sections whose lines fill a table, or the descriptions of a code list, in their order.
 struct TableSection {
     const char* Section;
-    TextTable Texts::*Table;
+    TextTable& (*Table)(Texts& texts);
 };
 std::span<const TableSection> TableSections();
 struct ListSection {

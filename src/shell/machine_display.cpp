@@ -38,11 +38,7 @@ void MachineDisplay::ShowCodeLists() {
 }
 
 void MachineDisplay::ShowMachineName() {
-    const MachineControls& machine = parts_.Machine;
-    const OptionButton& option = parts_.Store.IsF1()    ? machine.optSettingsF1CNC
-                                 : parts_.Store.IsMK2() ? machine.optSettingsMK2
-                                                        : machine.optSettingsMK4;
-    parts_.Main.lblMachineType.Caption = option.Caption;
+    parts_.Main.lblMachineType.Caption = parts_.Machine.OptionOf(parts_.Store.Machine).Caption;
 }
 
 }  // namespace kvt

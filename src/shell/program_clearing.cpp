@@ -9,7 +9,7 @@ bool ProgramClearing::MayClear() {
     if (store.LineCount() == 0 || !store.Unsaved()) return true;
     if (!AskToClear(parts_.Platform.Dialogs, parts_.Language)) return false;
     // The user has tried to save it, in vain: the next start offers it.
-    if (store.SaveFailed) parts_.Calls.WriteRecoveryCopy();
+    if (store.SaveFailed) parts_.Calls.KeepRecoveryCopy();
     return true;
 }
 

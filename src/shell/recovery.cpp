@@ -87,7 +87,7 @@ void Recovery::Write() {
     if (failed_) parts_.Data.TellNotWritable();
 }
 
-bool Recovery::WriteRecoveryCopy() {
+bool Recovery::KeepRecoveryCopy() {
     FileService& files = parts_.Platform.Files.InBackground();
     const std::string& folder = parts_.Data.Folders.DataFolder;
     if (folder.empty() || !Unsaved()) return true;

@@ -33,7 +33,7 @@ public:
     void Restore();
     // Puts a copy of the unsaved program beside the file, under a name that no other one has, for the next start.
     // False where it could not be written.
-    bool WriteRecoveryCopy();
+    bool KeepRecoveryCopy();
     // At the end: the file goes where the program was saved or is dropped, and holds the last state otherwise. What
     // the user has tried to save in vain is not dropped.
     void End(bool dropped);

@@ -38,14 +38,11 @@ void EditorSettings::BindKeys() {
         "LastFileUsed", [this](const std::string& value) { ChooseFile(value); },
         [this] { return parts_.Last.ForNextStart(); });
     Keys.Bind(
-        "Metric",
-        [this](const std::string& value) {
-            parts_.Machine.SetUnits(TrueOrFalse(value) ? "Metric" : "Imperial");
-        },
+        "Metric", [this](const std::string& value) { parts_.Machine.SetUnits(UnitsOf(TrueOrFalse(value))); },
         [this] { return TrueOrFalse(parts_.Store.Metric); });
     Keys.Bind(
         "Machine", [this](const std::string& value) { ChooseMachine(value); },
-        [this] { return parts_.Store.Machine; });
+        [this] { return std::string(NameOf(parts_.Store.Machine)); });
 }
 
 void EditorSettings::LoadSettings() {
@@ -75,7 +72,7 @@ void EditorSettings::ChooseBuiltInFont() {
 
 void EditorSettings::ApplyBuiltInValues() {
     for (PortSide* side : {&parts_.Port.TX(), &parts_.Port.RX()}) parts_.Port.cmdEmco_Click(*side);
-    parts_.Store.Machine = "MK4";
+    parts_.Store.Machine = MachineModel::MK4;
     parts_.Display.RefreshMachine();
     Centre(parts_.Main.Window, parts_.Platform.Screen);
     try {
@@ -153,7 +150,7 @@ void EditorSettings::mnuReset_Click() {
     putBack(drawFile, drawResetFile);
     ProgramStore& store = parts_.Store;
     const std::string module = parts_.Language.ModuleFile;
-    const std::string machine = store.Machine;
+    const MachineModel machine = store.Machine;
     const bool metric = store.Metric;
     const bool horizontal = store.Horizontal;
     parts_.Main.Window.State = WindowState::Normal;
@@ -164,7 +161,7 @@ void EditorSettings::mnuReset_Click() {
     // The program is what it was, and is checked when everything stands.
     store.Machine = machine;
     store.Horizontal = horizontal;
-    parts_.Machine.SetUnits(metric ? "Metric" : "Imperial");
+    parts_.Machine.SetUnits(UnitsOf(metric));
     parts_.Feeds.SetFeedLimits();
     Run(parts_.Calls.LoadLanguageModule, module);
     parts_.Display.RefreshMachine();
@@ -175,18 +172,9 @@ void EditorSettings::mnuReset_Click() {
 // Read only where no file decides the machine.
 void EditorSettings::ChooseMachine(const std::string& machine) {
     if (parts_.Last.Exists()) return;
-    MachineControls& controls = parts_.Machine;
-    const struct {
-        const char* Name;
-        OptionButton& Option;
-    } options[] = {{"MK2", controls.optSettingsMK2},
-                   {"MK4", controls.optSettingsMK4},
-                   {"F1", controls.optSettingsF1CNC},
-                   {"", controls.optSettingsMK4}};
-    for (const auto& [name, option] : options) {
-        if (EqualIgnoringCase(machine, name)) return option.Click();
-    }
-    throw RunTimeError(fault::TypeMismatch);
+    const std::optional<MachineModel> model = machine.empty() ? MachineModel::MK4 : MachineNamed(machine);
+    if (!model) throw RunTimeError(fault::TypeMismatch);
+    parts_.Machine.OptionOf(*model).Click();
 }
 
 void EditorSettings::ChooseFile(const std::string& last) {

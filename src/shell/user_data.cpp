@@ -7,7 +7,7 @@ namespace kvt {
 void UserData::TellNotWritable() {
     if (std::exchange(told_, true)) return;
     platform_.Dialogs.ShowMessage(
-        Notice(std::string(language_.MessageTexts(text::DataNotWritable)) + " " + Folders.DataFolder, "",
+        Notice(std::string(language_.MessageTexts(text::CannotKeep)) + " " + Folders.DataFolder, "",
                Icon::Exclamation));
 }
 

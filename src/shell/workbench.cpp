@@ -98,7 +98,7 @@ Workbench::Workbench(Services& services)
 void Workbench::FillCalls() {
     Calls.cmdReturn_Click = [this] { Modes.cmdReturn_Click(); };
     Calls.ClearProgram_Click = [this] { clearing_.ClearProgram_Click(); };
-    Calls.WriteRecoveryCopy = [this] { return recovery_.WriteRecoveryCopy(); };
+    Calls.KeepRecoveryCopy = [this] { return recovery_.KeepRecoveryCopy(); };
     Calls.RefreshMachine = [this] { Display.RefreshMachine(); };
     Calls.RefreshTitle = [this] { RefreshTitle(); };
     Calls.ControlsPositioning = [this] { positions_.ControlsPositioning(); };

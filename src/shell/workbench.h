@@ -166,9 +166,9 @@ private:
     void PrintAfterWalk(bool direct);
     // Brings the paths on the info page up to date.
     void ShowPaths();
-    void ChooseMachine(const char* machine);
-    void ChooseUnits(const char* units);
-    void ChooseUnits(const char* units, bool horizontal);
+    void ChooseMachine(MachineModel machine);
+    void ChooseUnits(Units units);
+    void ChooseUnits(Units units, bool horizontal);
     // Asks for one of the mode colours, and colours the lines with it.
     void ChooseColor(Color& color);
     void txtFileNotes_KeyPress(int& character);

@@ -94,15 +94,15 @@ void Workbench::WireButtons() {
 }
 
 void Workbench::WireOptions() {
-    Machine.optSettingsMK2.OnClick = [this] { ChooseMachine("MK2"); };
-    Machine.optSettingsMK4.OnClick = [this] { ChooseMachine("MK4"); };
-    Machine.optSettingsF1CNC.OnClick = [this] { ChooseMachine("F1"); };
-    Machine.optSettingsMm.OnClick = [this] { ChooseUnits("Metric"); };
-    Machine.optSettingsInch.OnClick = [this] { ChooseUnits("Imperial"); };
-    Machine.optSettingsHmm.OnClick = [this] { ChooseUnits("Metric", true); };
-    Machine.optSettingsHinch.OnClick = [this] { ChooseUnits("Imperial", true); };
-    Machine.optSettingsVmm.OnClick = [this] { ChooseUnits("Metric", false); };
-    Machine.optSettingsVinch.OnClick = [this] { ChooseUnits("Imperial", false); };
+    for (const MachineFacts& one : Machines()) {
+        Machine.OptionOf(one.Model).OnClick = [this, &one] { ChooseMachine(one.Model); };
+    }
+    Machine.optSettingsMm.OnClick = [this] { ChooseUnits(Units::Metric); };
+    Machine.optSettingsInch.OnClick = [this] { ChooseUnits(Units::Imperial); };
+    Machine.optSettingsHmm.OnClick = [this] { ChooseUnits(Units::Metric, true); };
+    Machine.optSettingsHinch.OnClick = [this] { ChooseUnits(Units::Imperial, true); };
+    Machine.optSettingsVmm.OnClick = [this] { ChooseUnits(Units::Metric, false); };
+    Machine.optSettingsVinch.OnClick = [this] { ChooseUnits(Units::Imperial, false); };
     Main.lblSettingsIncrColor.OnClick = [this] { ChooseColor(Store.IncrColor); };
     Main.lblSettingsAbsColor.OnClick = [this] { ChooseColor(Store.AbsColor); };
     View.chkViewFileNotes.OnClick = [this] { positions_.ControlsPositioning(); };
@@ -219,7 +219,7 @@ void Workbench::ShowPaths() {
     info_.Show(File.lblPath.Caption.Get(), Help.StartFolder, data_.Folders.SettingsFolder);
 }
 
-void Workbench::ChooseMachine(const char* machine) {
+void Workbench::ChooseMachine(MachineModel machine) {
     if (!settings_.Busy) clearing_.mnuNew_Click();
     // Still unsaved: the user kept the program, and the machine stays.
     if (!Store.Unsaved()) Store.Machine = machine;
@@ -227,12 +227,12 @@ void Workbench::ChooseMachine(const char* machine) {
     Display.RefreshMachine();
 }
 
-void Workbench::ChooseUnits(const char* units) {
+void Workbench::ChooseUnits(Units units) {
     Machine.SetUnits(units);
     Interpreter.Interpreter();
 }
 
-void Workbench::ChooseUnits(const char* units, bool horizontal) {
+void Workbench::ChooseUnits(Units units, bool horizontal) {
     Store.Horizontal = horizontal;
     ChooseUnits(units);
 }

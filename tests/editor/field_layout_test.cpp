@@ -66,7 +66,9 @@ protected:
         return code;
     }
     void Use(char machine, bool metric) {
-        Bench->Store.Machine = machine == '2' ? "MK2" : machine == '4' ? "MK4" : "F1";
+        Bench->Store.Machine = machine == '2'   ? MachineModel::MK2
+                               : machine == '4' ? MachineModel::MK4
+                                                : MachineModel::F1;
         // The orientation is the mill's alone: MK4 stands for a lathe after a horizontal mill.
         Bench->Store.Horizontal = machine == 'H' || machine == '4';
         Bench->Store.Metric = metric;
@@ -142,7 +144,7 @@ TEST_F(FieldLayoutTest, ACodeIsBroughtIntoItsFourCharacters) {
     EXPECT_EQ(Enter("G", "1"), "G1");
     EXPECT_EQ(Enter("G", ""), "G");
     EXPECT_EQ(Shown(), "");
-    Bench->Store.Machine = "mk2";
+    Bench->Store.Machine = MachineModel::MK2;
     EXPECT_EQ(Enter("G", "g02 "), "g02 ");
     EXPECT_FALSE(Bench->Entry.txtZK.Enabled);
 }
@@ -184,7 +186,7 @@ TEST_F(FieldLayoutTest, TheDescriptionComesFromTheListOfTheMachineAndMode) {
           "F1|G|92|@  Set XYZ Register (ABS)", "F1|G|84|old", "f1|M|20|@  Switch output X62 PIN 7 HIGH",
           "MK4|G||old"}) {
         const auto one = Fields(line);
-        Bench->Store.Machine = one[0];
+        Bench->Store.Machine = MachineNamed(one[0]).value();
         Bench->Entry.lblGMcode.Caption = one[1];
         Bench->Entry.txtGMcode.Text = one[2];
         Bench->Entry.txtComment.Text = "old";
@@ -195,7 +197,7 @@ TEST_F(FieldLayoutTest, TheDescriptionComesFromTheListOfTheMachineAndMode) {
     Bench->Lists.lstF1Gcodes.SetEntry(1, "G01 \t Gerade\tbahn ");
     Bench->Entry.lblGMcode.Caption = "G";
     Bench->Entry.txtGMcode.Text = "01";
-    Bench->Store.Machine = "F1";
+    Bench->Store.Machine = MachineModel::F1;
     Bench->Layout.CodeDescription();
     EXPECT_EQ(Trim(Bench->Entry.txtComment.Text.Get().substr(3)), "Geradebahn");
 }

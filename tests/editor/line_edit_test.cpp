@@ -13,7 +13,7 @@ protected:
     }
     // An empty program of a machine, with its open line.
     void Begin(const std::string& machine) {
-        Bench->Store.Machine = machine;
+        Bench->Store.Machine = MachineNamed(machine).value();
         List.Clear();
         Bench->Display.RefreshMachine();
         Bench->Store.AddBlankLine(true);

@@ -57,13 +57,13 @@ TEST_F(IsoTest, SamplesOfPostsPassTheCheck) {
         SCOPED_TRACE(std::string(file) + " " + machine);
         fs::copy_file(fs::path(KVT_SOURCE_DIR "/samples/iso") / file, Path(file),
                       fs::copy_options::overwrite_existing);
-        Bench->Store.Machine = machine;
+        Bench->Store.Machine = MachineNamed(machine).value();
         Bench->Import.RefreshPreProcessors();
         ASSERT_EQ(Bench->Import.PreProcessorCount, 1);
         Platform.Dialogs.FileAnswers.push_back({false, Path(file)});
         Bench->Import.mnuPP_Click(0);
         EXPECT_EQ(Bench->Import.Window.frmPreProcessor.Caption.Get(), "PreProcessor Information");
-        EXPECT_EQ(Bench->Store.Machine, machine);
+        EXPECT_EQ(NameOf(Bench->Store.Machine), machine);
         EXPECT_EQ(Bench->Store.LineCount(), lines);
         EXPECT_EQ(Bench->Results.lblXAxisMax.Caption.Get(), xMax);
         EXPECT_EQ(Bench->Results.lblZAxisMin.Caption.Get(), zMin);
@@ -146,7 +146,7 @@ TEST_F(IsoTest, AFindingOfTheCheckBecomesTheErrorFile) {
 // A file's name reaches the pre-processor, the labels and the next save whole: with several blanks, in the code page
 // and beyond it.
 TEST_F(IsoTest, AnyNameComesThroughAnImport) {
-    Bench->Store.Machine = "F1";
+    Bench->Store.Machine = MachineModel::F1;
     PreProcessor& import = Bench->Import;
     import.PreProcessorFolder = KVT_PREPROCESSORS "/";
     import.RefreshPreProcessors();

@@ -68,7 +68,7 @@ TEST_F(ReaderTest, EveryColumnOfARecordGoesToItsCell) {
                                                         : f1Head;
         const int line = one.Machine == "MK2" ? 1 : 0;
         ASSERT_EQ(Load(head + one.Line + "\r\n   M\r\n"), LoadResult::Loaded);
-        EXPECT_EQ(Store().Machine, one.Machine);
+        EXPECT_EQ(NameOf(Store().Machine), one.Machine);
         EXPECT_EQ(Row(line), one.Row) << one.Machine << ": " << one.What;
     }
 }
@@ -123,7 +123,7 @@ TEST_F(ReaderTest, TheUnitsLineSetsUnitsAndOrientationAndEndsTheWalk) {
     MachineControls& controls = Bench->Machine;
     for (const Case& one : cases) {
         SCOPED_TRACE(std::string(one.Machine) + " " + one.Units);
-        controls.SetUnits(one.Metric ? "Imperial" : "Metric");
+        controls.SetUnits(UnitsOf(!one.Metric));
         Store().Horizontal = std::string(one.Machine) == "F1" && !one.Horizontal;
         const char* end = std::string(one.Machine) == "MK2" ? "22" : "M30";
         const std::string behind = "   N01 G00 X     Z       F    \r\n";
@@ -154,9 +154,9 @@ TEST_F(ReaderTest, RecognitionTakesTheFirstMarkInItsOrder) {
         {"[Kestrel Vise Toolkit, Language Resource]\r\n%\r\n   N00 G22\r\n   M\r\n", "MK2"},
     };
     for (const auto& one : cases) {
-        Store().Machine = "";
+        Store().Machine = one.Machine == std::string("F1") ? MachineModel::MK2 : MachineModel::F1;
         ASSERT_EQ(Load(one.Text), LoadResult::Loaded);
-        EXPECT_EQ(Store().Machine, one.Machine);
+        EXPECT_EQ(NameOf(Store().Machine), one.Machine);
         EXPECT_EQ(Store().LineCount(), 1);
     }
 }
@@ -184,7 +184,7 @@ TEST_F(ReaderTest, AnUnknownFileIsToldAndLeavesEverything) {
         EXPECT_EQ(Shown()[0].Title, "File Recognizing Problem");
         EXPECT_EQ(Shown()[0].Picture, Icon::Exclamation);
         EXPECT_EQ(Shown()[0].Choice, Buttons::Ok);
-        EXPECT_EQ(Store().Machine, "MK4");
+        EXPECT_EQ(NameOf(Store().Machine), "MK4");
         EXPECT_EQ(Cell(0, column::Comment), "OLD");
         EXPECT_EQ(Caption(Bench->File.lblPath), Path("old.cnc"));
         EXPECT_TRUE(Store().ProgramChanged);
@@ -224,7 +224,8 @@ TEST_F(ReaderTest, AMarkAtTheVeryStartLosesNoLine) {
         for (const std::string before : {"", "\n", "\r\n"}) {
             const std::size_t records = Bench->Log.Records().size();
             ASSERT_EQ(Load(before + one.Program), LoadResult::Loaded);
-            EXPECT_EQ(Store().LineCount(), one.Lines) << Store().Machine << " behind " << before.size();
+            EXPECT_EQ(Store().LineCount(), one.Lines)
+                << NameOf(Store().Machine) << " behind " << before.size();
             EXPECT_EQ(Bench->File.txtFileNotes.Text.Get(), "");
             // The notes fail, and that alone.
             ASSERT_EQ(Bench->Log.Records().size(), records + 1);
@@ -307,7 +308,7 @@ TEST_F(ReaderTest, TheQuestionComesBeforeTheMachineChanges) {
     Bench->File.lblPath.Caption = "";
     Platform.Dialogs.Answers = {Answer::Yes};
     ASSERT_EQ(Load(next), LoadResult::Loaded);
-    EXPECT_EQ(Store().Machine, "MK2");
+    EXPECT_EQ(NameOf(Store().Machine), "MK2");
     EXPECT_EQ(Store().LineCount(), 1);
 }
 

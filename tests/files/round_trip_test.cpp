@@ -48,7 +48,7 @@ public:
         const char* const machines[] = {"MK2", "MK4", "F1"};
         const std::string machine = machines[Number(0, 2)];
         ProgramStore& store = bench_.Store;
-        store.Machine = machine;
+        store.Machine = MachineNamed(machine).value();
         store.Metric = Number(0, 1) != 0;
         store.Horizontal = machine == "F1" && Number(0, 1) != 0;
         count_ = Number(1, 60);

@@ -107,7 +107,7 @@ TEST_F(StartTest, AFolderThatCannotBeMadeIsToldOfOnceAtTheStart) {
     EXPECT_EQ(Start(Path("file"), "\"" + Path("part one.cnc") + "\""),
               "Settings and unsaved programs cannot be kept. This folder cannot be written: " +
                   Path("file/EMCO/KVT_100/|"));
-    EXPECT_EQ(Bench->Store.Machine, "F1");
+    EXPECT_EQ(Bench->Store.Machine, MachineModel::F1);
     EXPECT_EQ(Bench->Store.LineCount(), 1);
     EXPECT_EQ(Bench->File.lblPath.Caption.Get(), Path("part one.cnc"));
     Bench->Store.ProgramChanged = true;

@@ -319,7 +319,7 @@ TEST_F(FlowTest, EveryProgramComesToAnEnd) {
     int found = 0;
     for (int program = 0; program < 300; ++program) {
         const int count = 2 + below(program % 2 == 0 ? 12 : 60);
-        Bench->Store.Machine = program % 3 == 0 ? "MK2" : program % 3 == 1 ? "MK4" : "F1";
+        Bench->Store.Machine = Machines()[static_cast<std::size_t>(program % 3)].Model;
         list.Clear();
         for (int line = 0; line < count; ++line) {
             // Most targets lie just ahead, so that calls are taken.

@@ -157,7 +157,7 @@ std::int32_t& ValueOf(RowValues& values, char field) {
 class ParameterChecksTest : public ::testing::Test {
 protected:
     void Use(const Setting& setting) {
-        Store.Machine = setting.Machine;
+        Store.Machine = MachineNamed(setting.Machine).value();
         Store.Metric = setting.Metric;
         Store.Horizontal = setting.Horizontal;
         Checks = std::make_unique<ParameterChecks>(Store, Language);
@@ -171,7 +171,7 @@ protected:
     }
 
     void ExpectRange(const Range& range, const std::string& code) {
-        const std::string what = Store.Machine + " " + code + " " + range.Field;
+        const std::string what = std::string(NameOf(Store.Machine)) + " " + code + " " + range.Field;
         EXPECT_EQ(With(code, range.Field, range.Low), "") << what;
         EXPECT_EQ(With(code, range.Field, range.Low - 1), range.Below) << what;
         EXPECT_EQ(With(code, range.Field, range.High), "") << what;
@@ -223,8 +223,8 @@ TEST_F(ParameterChecksTest, BoundsOfEveryCodeOnEveryMachine) {
                     ExpectRange(found->second, code);
                     continue;
                 }
-                EXPECT_EQ(With(code, field, INT32_MIN), "") << Store.Machine << " " << code << field;
-                EXPECT_EQ(With(code, field, INT32_MAX), "") << Store.Machine << " " << code << field;
+                EXPECT_EQ(With(code, field, INT32_MIN), "") << NameOf(Store.Machine) << " " << code << field;
+                EXPECT_EQ(With(code, field, INT32_MAX), "") << NameOf(Store.Machine) << " " << code << field;
             }
         }
     }

@@ -38,8 +38,9 @@ TEST_F(StoreTest, LinesAndTheirCap) {
     EXPECT_EQ(Store.LineCount(), 3);
     Last()[column::Number] = " 1N";
     EXPECT_EQ(Store.LineCount(), 3);
+    EXPECT_FALSE(MachineNamed("MK9"));
     for (const auto& [machine, cap] : {std::pair{"MK2", 160}, {"mk2", 160}, {"MK4", 210}, {"F1", 210}}) {
-        Store.Machine = machine;
+        Store.Machine = MachineNamed(machine).value();
         Store.EndCodePresent = false;
         EXPECT_EQ(Store.MaxLines(), cap - 1) << machine;
         Store.EndCodePresent = true;
@@ -117,11 +118,11 @@ TEST(TextsTest, ABlankEntryGivesTheBuiltInText) {
     EXPECT_EQ(LanguageText("English", " Deutsch "), " Deutsch ");
     Texts texts;
     EXPECT_EQ(texts.MessageTexts(text::ClearAnyway), "File has been changed. Clear anyway?");
-    texts.MessageTexts.Set(text::ClearAnyway, "Trotzdem?");
+    texts.MessageTexts.Set(2, "Trotzdem?");
     EXPECT_EQ(texts.MessageTexts(text::ClearAnyway), "Trotzdem?");
-    texts.MessageTexts.Set(text::ClearAnyway, "   ");
+    texts.MessageTexts.Set(2, "   ");
     EXPECT_EQ(texts.MessageTexts(text::ClearAnyway), "File has been changed. Clear anyway?");
-    EXPECT_EQ(texts.ErrorTexts(2), "");
+    EXPECT_EQ(texts.ErrorTexts.At(2), "");
     const std::pair<TextTable*, int> tables[] = {{&texts.ProgramErrorTexts, 22},
                                                  {&texts.ErrorTexts, 30},
                                                  {&texts.MessageTexts, 31},
@@ -129,7 +130,7 @@ TEST(TextsTest, ABlankEntryGivesTheBuiltInText) {
     for (const auto& one : tables) {
         EXPECT_EQ(ErrorOf([&] { one.first->Set(one.second, "last"); }), 0);
         for (const int index : {0, one.second + 1}) {
-            EXPECT_EQ(ErrorOf([&] { (*one.first)(index); }), fault::SubscriptOutOfRange);
+            EXPECT_EQ(ErrorOf([&] { std::ignore = one.first->At(index); }), fault::SubscriptOutOfRange);
             EXPECT_EQ(ErrorOf([&] { one.first->Set(index, "x"); }), fault::SubscriptOutOfRange);
         }
     }

@@ -42,8 +42,8 @@ protected:
             all += "\n";
         }
         for (const TableSection& section : TableSections()) {
-            const TextTable& table = Bench->Language.*section.Table;
-            for (int i = 1; i <= table.Size(); ++i) all += std::string(Trim(table(i))) + "\n";
+            const TextTable& table = section.Table(Bench->Language);
+            for (int i = 1; i <= table.Size(); ++i) all += std::string(Trim(table.At(i))) + "\n";
         }
         for (int header = 1; header <= SubItemCount; ++header)
             all += Bench->Store.lvCncProgram.Header(header).Text + "\n";
@@ -127,9 +127,9 @@ TEST_F(LanguageTest, SectionsKeysAndOrder) {
     EXPECT_EQ(Bench->Language.EntryCaption, "Eingabe");
     EXPECT_EQ(Bench->Main.mnuMachine.Caption, "Maschine");
     EXPECT_EQ(Bench->Main.tabSettings.Captions[settings_page::Machine], "Maschine");
-    EXPECT_EQ(Bench->Language.ErrorTexts(1), "one=1");
-    EXPECT_EQ(Bench->Language.ErrorTexts(3), "three");
-    EXPECT_EQ(Bench->Language.DrawViewTexts(2), "Grund");  // by its order, whatever the key
+    EXPECT_EQ(Bench->Language.ErrorTexts.At(1), "one=1");
+    EXPECT_EQ(Bench->Language.ErrorTexts.At(3), "three");
+    EXPECT_EQ(Bench->Language.DrawViewTexts.At(2), "Grund");  // by its order, whatever the key
     const ListView& list = Bench->Store.lvCncProgram;
     EXPECT_EQ(list.Header(2).Text, "Nr");
     EXPECT_EQ(list.Header(3).Text, header);
@@ -149,18 +149,18 @@ TEST_F(LanguageTest, SectionsKeysAndOrder) {
     LoadModule(
         "\xEF\xBB\xBF" +
         Module("[Error Messages]\n=\n2=\xC3\xA4\n[System Variables]\nLanguage Name=English\n[Toolbar]"));
-    EXPECT_EQ(Bench->Language.ErrorTexts(1), "No Lines of code present");
-    EXPECT_EQ(Bench->Language.ErrorTexts(2), "\xE4");
-    EXPECT_EQ(Bench->Language.ErrorTexts(3), "three");
+    EXPECT_EQ(Bench->Language.ErrorTexts.At(1), "No Lines of code present");
+    EXPECT_EQ(Bench->Language.ErrorTexts.At(2), "\xE4");
+    EXPECT_EQ(Bench->Language.ErrorTexts.At(3), "three");
     EXPECT_EQ(Bench->Language.TranslatedBy, "");
     EXPECT_EQ(Bench->Main.cmdTopButtons[8]->Caption, "RX");
 
     // A place holder only keeps its name; it counts in the first line alone.
     LoadModule("; a DUMMY\r\n" + Module("[Error Messages]\n1=never\n"));
-    EXPECT_EQ(Bench->Language.ErrorTexts(1), "No Lines of code present");
+    EXPECT_EQ(Bench->Language.ErrorTexts.At(1), "No Lines of code present");
     EXPECT_EQ(Bench->Language.LanguageName, "English");
     LoadModule(Module("[Error Messages]\n1=dummy\n"));
-    EXPECT_EQ(Bench->Language.ErrorTexts(1), "dummy");
+    EXPECT_EQ(Bench->Language.ErrorTexts.At(1), "dummy");
     EXPECT_EQ(Bench->Store.LineCount(), 3);
 }
 

@@ -305,7 +305,7 @@ private:
         Act([this] { TurnTo(bench_->frmMain), bench_->Main.mnuOpen.Click(); },
             [this, machine] {
                 ++Counts["programs opened"];
-                EXPECT_EQ(bench_->Store.Machine, machine);
+                EXPECT_EQ(NameOf(bench_->Store.Machine), machine);
                 EXPECT_EQ(bench_->Main.cmdTopButtons[6]->Visible, machine == "F1");
                 EXPECT_EQ(bench_->File.lblPath.Caption.Get(), FileOf(machine));
                 EXPECT_EQ(List().Count(), bench_->Store.LineCount() + 1) << "the open line";
@@ -321,12 +321,12 @@ private:
         if (!options[chosen]->ReallyVisible()) return;
         const bool keeps = Below(2) == 0;
         platform_.Dialogs.Answers.assign(1, keeps ? Answer::No : Answer::Yes);
-        const std::string machine = bench_->Store.Machine;
+        const std::string machine(NameOf(bench_->Store.Machine));
         Act([&] { ClickByHand(*options[chosen], platform_.Focus); },
             [=, this] {
                 ++Counts["machines chosen"];
                 const bool kept = keeps && changed && !before.empty();
-                EXPECT_EQ(bench_->Store.Machine, kept ? machine : machines[chosen]);
+                EXPECT_EQ(NameOf(bench_->Store.Machine), kept ? machine : machines[chosen]);
                 EXPECT_EQ(bench_->Store.LineCount(), kept ? static_cast<int>(before.size()) : 0);
             });
         bench_->Main.tabSettings.Visible = false;

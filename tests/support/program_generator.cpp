@@ -57,9 +57,9 @@ int GeneratedField::Value(std::mt19937& random) const {
 }
 
 void Use(Workbench& bench, const Setting& setting) {
-    bench.Store.Machine = setting.Machine;
+    bench.Store.Machine = MachineNamed(setting.Machine).value();
     bench.Store.Horizontal = setting.Horizontal;
-    bench.Machine.SetUnits(setting.Metric ? "Metric" : "Imperial");
+    bench.Machine.SetUnits(UnitsOf(setting.Metric));
     bench.Store.ProgramChanged = false;
     bench.Main.mnuNew.Click();
     bench.Display.ShowCodeLists();

@@ -62,7 +62,7 @@ MachineProgram Converter::Convert(const std::vector<Block>& blocks) {
 void Converter::ConvertBlock(const Block& block) {
     setsPosition_ = dwells_ = referenceReturn_ = toolChange_ = end_ = false;
     stop_ = spindle_ = -1;
-    // One that stands alone tells what follows.
+    // A comment on a line of its own belongs to the block behind it.
     if (!block.Comment.empty()) comment_ = block.Comment.substr(0, longestComment);
     // A comment must not become a command of the control.
     if (EqualIgnoringCase(Left(comment_, 3), "cmd")) comment_ = "* " + comment_.substr(0, longestComment - 2);
@@ -148,7 +148,7 @@ void Converter::ApplyModalCode(int code, const Word& word) {
     Refuse("G" + word.Text + " is not converted");
 }
 
-// Reference returns and subprograms are left out with a word.
+// Reference returns and subprograms are left out, with a remark.
 bool Converter::SkipsBlock(const Block& block) {
     if (referenceReturn_) {
         Remark(block, "the return to the reference point was left out.");
@@ -290,12 +290,12 @@ int Converter::FeedNumber() {
     const double feed = feed_ * (perTurn_ ? speed_ : 1);
     if (feed <= 0) Refuse("no feed is given");
     const ValueRange& range = FeedRange.In(program_.Metric);
-    const double held = std::clamp<double>(feed, range.Low, range.High);
-    if (std::lround(held) != std::lround(feed)) {
+    const double clamped = std::clamp<double>(feed, range.Low, range.High);
+    if (std::lround(clamped) != std::lround(feed)) {
         Remark("Feeds beyond the machine's were held to " + PlainNumber(range.Low) + " to " +
                PlainNumber(range.High) + ".");
     }
-    return static_cast<int>(std::lround(held));
+    return static_cast<int>(std::lround(clamped));
 }
 
 }  // namespace kvt::iso

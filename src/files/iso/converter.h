@@ -46,7 +46,7 @@ private:
     void Dwell(const Block& block);
     bool SkipsBlock(const Block& block);
 
-    // The way of one block.
+    // The move of one block.
     // Reads where the block goes; false where it names no axis.
     bool FindTarget(const Block& block);
     void SetPosition();

@@ -4,7 +4,7 @@
 #include "basic/number.h"
 #include "files/iso/converter.h"
 
-// The ways of the tool.
+// The moves of the tool.
 namespace kvt::iso {
 
 namespace {
