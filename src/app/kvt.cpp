@@ -150,7 +150,7 @@ int RunProgram(int argc, char** argv) {
     kvt::InstallResetCopies(files, system.LocalDataFolder());
     BringPreProcessors(system.LocalDataFolder());
     kvt::Workbench workbench(platform.Services);
-    workbench.Modules.StartFolder = kvt::PathText(QApplication::applicationDirPath()) + "/";
+    workbench.Help.StartFolder = kvt::PathText(QApplication::applicationDirPath()) + "/";
     // In quotes, so that the name keeps the blanks at its ends.
     workbench.Form_Load(options.File.isEmpty() ? std::string() : "\"" + kvt::PathText(options.File) + "\"");
     if (system.Ended()) return 0;
@@ -165,7 +165,7 @@ int RunProgram(int argc, char** argv) {
     // A second signal does not wait for the answer to the question that the first one has led to.
     bool ending = false;
     const kvt::EndSignals signalsToEnd([&] {
-        if (std::exchange(ending, true) || workbench.Window.Ending()) return system.EndProgram();
+        if (std::exchange(ending, true) || workbench.Ending()) return system.EndProgram();
         system.Run(main, "QueryUnload", main.OnQueryUnload);
         ending = false;
     });

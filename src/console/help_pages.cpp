@@ -12,6 +12,7 @@
 #include "console/loaded_file.h"
 #include "draw/svg.h"
 #include "headless/memory_window.h"
+#include "platform/twips.h"
 
 namespace kvt {
 
@@ -21,7 +22,6 @@ namespace fs = std::filesystem;
 
 constexpr int pictureWidth = 7400, pictureHeight = 6600;  // of the drawing window, twips
 constexpr double widest = 460, highest = 340;             // of a drawing in the document, pixels
-constexpr double twipsPerPixel = 15;
 
 std::string ReadAll(const fs::path& file) {
     std::ifstream in(file, std::ios::binary);
@@ -43,7 +43,7 @@ public:
           window_(workbench_->Draw.Controls.frmDraw, platform_.Screen, platform_.Focus) {
         ReadHead();
         ProgramStore& store = workbench_->Store;
-        workbench_->RefreshMachine();
+        workbench_->Display.RefreshMachine();
         store.AddBlankLine(false);
         for (const std::string& line : block.Lines) {
             ++line_;
@@ -104,9 +104,9 @@ public:
         if (!moves) return {};
         const FieldArea area = AreaOf(field.Operations(), field.ScaleWidth(), field.ScaleHeight());
         const double scale =
-            std::min({widest * twipsPerPixel / area.Width, highest * twipsPerPixel / area.Height, 1.0});
-        width = area.Width / twipsPerPixel * scale;
-        height = area.Height / twipsPerPixel * scale;
+            std::min({widest * TwipsPerPixel / area.Width, highest * TwipsPerPixel / area.Height, 1.0});
+        width = area.Width / TwipsPerPixel * scale;
+        height = area.Height / TwipsPerPixel * scale;
         return SvgOf(
             field.Operations(),
             {std::string(NameOf(workbench_->Store.Machine)), draw.State.DrawScale,

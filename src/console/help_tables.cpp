@@ -69,7 +69,7 @@ public:
         : workbench_(std::make_unique<Workbench>(platform_.Services)) {
         workbench_->Modules.LoadLanguageModule(languageModule);
         workbench_->Store.Machine = machine;
-        workbench_->RefreshMachine();
+        workbench_->Display.RefreshMachine();
     }
 
     bool IsMK2() const { return workbench_->Store.IsMK2(); }

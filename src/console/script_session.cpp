@@ -68,7 +68,7 @@ void ScriptSession::NewWorkbench() {
     // The help documents lie beside the program.
     std::error_code failed;
     const fs::path program = fs::read_symlink("/proc/self/exe", failed);
-    workbench_->Modules.StartFolder = NameFromSystem(program.parent_path().string()) + "/";
+    workbench_->Help.StartFolder = NameFromSystem(program.parent_path().string()) + "/";
     forms_ = workbench_->Forms();
     for (Form* form : forms_) {
         Platform.System.Watch(*form);

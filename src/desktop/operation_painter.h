@@ -4,12 +4,13 @@
 #include <span>
 
 #include "platform/picture_box.h"
+#include "platform/twips.h"
 
 namespace kvt {
 
 // Where a piece of a field lies in an image. Lines along the axes fall on whole pixels whatever piece it is.
 struct FieldPiece {
-    double PixelsATwip = 1.0 / 15;
+    double PixelsATwip = 1.0 / TwipsPerPixel;
     double PenWidth = 1;  // pixels of a pen that is 1 wide
     QPoint Origin;        // the image's upper left corner, in pixels of the field
 };

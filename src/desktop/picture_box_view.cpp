@@ -10,6 +10,7 @@
 #include "desktop/colors.h"
 #include "desktop/pixel_image.h"
 #include "platform/picture_painter.h"
+#include "platform/twips.h"
 
 namespace kvt {
 
@@ -95,7 +96,8 @@ void PictureBoxView::PaintCross(QPainter& painter) const {
     const QPointF place(box_.Cross.Get().X * pixelsATwip + 0.5, box_.Cross.Get().Y * pixelsATwip + 0.5);
     const double arm = crossArm * pixelsATwip;
     for (const auto& [color, width] : {std::pair(ground, 5.0), std::pair(ink, 2.0)}) {
-        painter.setPen(QPen(color, width * std::max(1.0, pixelsATwip * 15), Qt::SolidLine, Qt::FlatCap));
+        painter.setPen(
+            QPen(color, width * std::max(1.0, pixelsATwip * TwipsPerPixel), Qt::SolidLine, Qt::FlatCap));
         for (const QPointF side : {QPointF(arm, 0), QPointF(0, arm)})
             painter.drawLine(QLineF(place - side, place + side));
     }
@@ -119,7 +121,7 @@ void PictureBoxView::ShowArea(const QRect& area, double ratio) {
 void PictureBoxView::PaintPart(const QRect& part, std::span<const DrawOperation> operations) {
     shown_.setDevicePixelRatio(1);
     const double pixelsATwip = Desktop.Lengths.Exact(1) * ratio_;
-    const FieldPiece piece{pixelsATwip, std::max(1.0, pixelsATwip * 15), area_.topLeft()};
+    const FieldPiece piece{pixelsATwip, std::max(1.0, pixelsATwip * TwipsPerPixel), area_.topLeft()};
     if (!operations.empty()) PaintOperations(shown_, piece, part, operations, kept_);
     shown_.setDevicePixelRatio(ratio_);
 }

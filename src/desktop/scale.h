@@ -3,6 +3,8 @@
 #include <QRect>
 #include <cmath>
 
+#include "platform/twips.h"
+
 namespace kvt {
 
 // Lengths of the controls (twips) on the screen: 15 twips are a pixel at factor 1.
@@ -12,13 +14,13 @@ public:
 
     double Factor() const { return factor_; }
 
-    double Exact(double twips) const { return twips * factor_ / TwipsAPixel; }
-    int Pixels(double twips) const { return static_cast<int>(std::lround(twips * factor_ / TwipsAPixel)); }
+    double Exact(double twips) const { return twips * factor_ / TwipsPerPixel; }
+    int Pixels(double twips) const { return static_cast<int>(std::lround(twips * factor_ / TwipsPerPixel)); }
     // Rounded up, so that a window is never smaller than it was asked to be.
     int PixelsUp(int twips) const {
-        return static_cast<int>(std::ceil(twips * factor_ / TwipsAPixel - 1e-6));
+        return static_cast<int>(std::ceil(twips * factor_ / TwipsPerPixel - 1e-6));
     }
-    int Twips(int pixels) const { return static_cast<int>(std::lround(pixels * TwipsAPixel / factor_)); }
+    int Twips(int pixels) const { return static_cast<int>(std::lround(pixels * TwipsPerPixel / factor_)); }
     // Edges are rounded, not lengths: what touches in twips touches on the screen.
     QRect Rectangle(int left, int top, int width, int height) const {
         const int x = Pixels(left);
@@ -27,7 +29,6 @@ public:
     }
 
 private:
-    static constexpr double TwipsAPixel = 15;
     double factor_;
 };
 

@@ -1,11 +1,9 @@
 #pragma once
 
 #include "basic/number.h"
+#include "platform/twips.h"
 
 namespace kvt {
-
-// A pen of width 1 is so wide; 96 pixels are an inch.
-inline constexpr int TwipsPerPixel = 15;
 
 // The angle of a direction, from 0 up to two pi, counter-clockwise with Y up. Both 0 give pi.
 double Atan2(double x, double y);

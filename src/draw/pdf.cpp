@@ -13,7 +13,6 @@ namespace {
 
 using Kind = DrawOperation::Kind;
 
-constexpr double twipsPerPoint = 20;  // 72 an inch
 constexpr double hatchStep = 120;
 constexpr double largestCurve = Pi / 2;  // of an arc, as one curve
 
@@ -43,7 +42,7 @@ std::string Escaped(const std::string& text) {
 class PageWriter {
 public:
     std::string Write(const FieldArea& area, Color background, const std::vector<DrawOperation>& operations) {
-        const double scale = 1 / twipsPerPoint;
+        const double scale = 1.0 / TwipsPerPoint;
         const auto fine = [](double value) { return PlainNumber(static_cast<float>(value)) + " "; };
         out_ = fine(scale) + "0 0 " + fine(-scale) + fine(-area.Left * scale) +
                fine((area.Top + area.Height) * scale) + "cm\n1 J 1 j\n" + Ink(background, "rg") +
@@ -123,8 +122,8 @@ std::string PdfOf(std::span<const DrawOperation> operations, const SvgHead& head
     const std::string objects[] = {
         "<< /Type /Catalog /Pages 2 0 R >>",
         "<< /Type /Pages /Kids [3 0 R] /Count 1 >>",
-        "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 " + Number(area.Width / twipsPerPoint) +
-            Number(area.Height / twipsPerPoint) +
+        "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 " + Number(area.Width / TwipsPerPoint) +
+            Number(area.Height / TwipsPerPoint) +
             "] /Contents 4 0 R /Resources << /ExtGState << /Inverts << /BM /Difference >> >> >> >>",
         "<< /Length " + PlainNumber(static_cast<std::int64_t>(page.size())) + " >>\nstream\n" + page +
             "\nendstream",

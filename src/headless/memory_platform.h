@@ -13,6 +13,7 @@
 #include "headless/memory_programs.h"
 #include "platform/keyboard.h"
 #include "platform/services.h"
+#include "platform/twips.h"
 #include "system/disk_files.h"
 
 namespace kvt {
@@ -60,7 +61,7 @@ public:
     int Height() override { return HeightTwips; }
     int WorkAreaHeight() override { return WorkAreaTwips; }
     WindowPlace OnScreen(const WindowPlace& place) override;
-    double PointsPerTwip() override { return 1.0 / 15; }
+    double PointsPerTwip() override { return 1.0 / TwipsPerPixel; }
 
     int WidthTwips = 28800;
     int HeightTwips = 16200;

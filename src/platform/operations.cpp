@@ -1,4 +1,5 @@
 #include "platform/operations.h"
+#include "platform/twips.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,8 +11,6 @@ namespace kvt {
 namespace {
 
 using OperationKind = DrawOperation::Kind;
-
-constexpr int twipsPerPixel = 15;
 
 struct BytesHash {
     std::size_t operator()(const DrawOperation& one) const {
@@ -37,7 +36,7 @@ struct SameOperation {
 }  // namespace
 
 Extent ExtentOf(const DrawOperation& one) {
-    const double half = one.Width * twipsPerPixel / 2.0;
+    const double half = one.Width * TwipsPerPixel / 2.0;
     if (one.What == OperationKind::Circle) {
         const double r = std::abs(one.Radius()) + half;
         return {one.X1 - r, one.Y1 - r, one.X1 + r, one.Y1 + r};

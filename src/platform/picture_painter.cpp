@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/operations.h"
+#include "platform/twips.h"
 
 namespace kvt {
 
@@ -13,9 +14,8 @@ namespace {
 
 using OperationKind = DrawOperation::Kind;
 
-constexpr double twipsPerPoint = 15;  // where a pen of width 1 is one point wide
-constexpr double hatchStep = 8;       // widths of such a pen
-constexpr double dashes = 2;          // as long as the gaps between them
+constexpr double hatchStep = 8;  // widths of the thinnest pen
+constexpr double dashes = 2;     // as long as the gaps between them
 constexpr double fullTurn = 2 * std::numbers::pi;
 // From this width on a stroke along an axis is as smooth at its ends as any other.
 constexpr double wide = 3;
@@ -37,7 +37,7 @@ public:
     PicturePainter(const PictureBox& field, const FieldArea& area, double pointsPerTwip)
         : field_(field),
           scale_(pointsPerTwip),
-          penScale_(std::max(1.0, pointsPerTwip * twipsPerPoint)),
+          penScale_(std::max(1.0, pointsPerTwip * TwipsPerPixel)),
           originX_(std::round(area.Left * pointsPerTwip)),
           originY_(std::round(area.Top * pointsPerTwip)) {
         picture_.Width = std::max(1, static_cast<int>(std::lround(area.Width * scale_)));

@@ -2,16 +2,16 @@
 
 #include <string>
 
+#include "draw/draw_window.h"
 #include "files/settings_file.h"
+#include "shell/user_data.h"
 
 namespace kvt {
-
-class Workbench;
 
 // What outlives a run of the draw window: the marks of its menus, its place, and that of the listing.
 class DrawSettings {
 public:
-    explicit DrawSettings(Workbench& bench);
+    DrawSettings(DrawWindow& draw, UserData& data, Services& platform);
 
     SettingsFile Keys;
 
@@ -19,13 +19,17 @@ public:
     // and the window stands in the middle.
     void LoadSettings();
     void SaveSettings();
+    // Takes charge of the key of the main window's file that tells whether the draw window was shown.
+    void BindShown(SettingsFile& editorKeys);
 
 private:
     void BindMarks();
     void PlaceDrawing(const WindowPlace& place, std::optional<WindowState> state);
     void PlaceListing(const std::string& value);
 
-    Workbench& bench_;
+    DrawWindow& draw_;
+    UserData& data_;
+    Services& platform_;
 };
 
 }  // namespace kvt

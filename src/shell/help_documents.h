@@ -3,16 +3,32 @@
 #include <string>
 #include <string_view>
 
-#include "platform/controls.h"
+#include "editor/entry_row.h"
+#include "platform/services.h"
+#include "program/program_store.h"
+#include "program/texts.h"
+#include "program/workbench_calls.h"
+#include "shell/main_controls.h"
+#include "transfer/transfer_controls.h"
 
 namespace kvt {
-
-class Workbench;
 
 // The documents that lie over the program list: help, the codes of the machines, and what is told about the program.
 class HelpDocuments {
 public:
-    explicit HelpDocuments(Workbench& bench);
+    struct Parts {
+        const ProgramStore& Store;
+        const TransferControls& Transfer;
+        EntryRow& Entry;
+        MainControls& Main;
+        const Texts& Language;
+        Services& Platform;
+        WorkbenchCalls& Calls;
+    };
+    explicit HelpDocuments(const Parts& parts);
+
+    // Where the program lies, with a separator at its end; the documents are below it.
+    std::string StartFolder;
 
     Menu mnuHelpText, mnuGhelp, mnuAbout;
     // Looks for a text in the document that is shown; red where it was not found.
@@ -23,8 +39,8 @@ public:
     void mnuGhelp_Click();
     void mnuAbout_Click();
 
-    // Takes the keys of the documents; false leaves a key to others.
-    bool TakeKey(int pressed, int held);
+    // Handles the keys of the documents; false leaves a key to others.
+    bool HandleKey(int pressed, int held);
     // The document that is shown; null where none is.
     RichText* Shown() const;
     // Leaves the search; the document stays.
@@ -38,11 +54,14 @@ private:
     // The common part. Gives false where the document was shown and has been left.
     bool Show(RichText& document);
     void Load(RichText& document, const char* name);
-    std::string Found(const std::string& name) const;
+    // The whole name of a document's file; empty where there is none.
+    std::string PathOf(const std::string& name) const;
     void FillAbout();
     void Search();
+    void ShowSearch();
+    void ShowHelpFor(int held);
 
-    Workbench& bench_;
+    Parts parts_;
     std::string folder_ = "en/";  // of the language, below that of the help documents
 };
 

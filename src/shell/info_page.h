@@ -14,8 +14,6 @@ public:
     Label lblCurrentFilePath, lblApplicationPath, lblSettingsPath;
     TextBox txtCurrentFilePath, txtApplicationPath, txtSettingsPath;
 
-    // Puts the page into the settings at the number of a page.
-    void PutOn(TabStrip& settings, int page);
     // Shows the paths; an empty one says that there is no file.
     void Show(std::string_view currentFile, std::string_view application, std::string_view settings);
 };

@@ -6,15 +6,12 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "files/settings_file.h"
-#include "shell/workbench.h"
 
 namespace kvt {
 
 namespace {
 
 constexpr const char* loadModuleName = "LoadLanguageModule";
-constexpr const char* toolbarCaptions[] = {"Open", "Save", "New",  "Print", "Set",
-                                           "Axes", "Axes", "Draw", "RX",    "TX"};
 constexpr int firstNamedHeader = 2;
 constexpr int mostReports = 100;  // of one section
 
@@ -63,53 +60,48 @@ void DescribeEntry(ListBox& list, int index, const std::string& description) {
 
 }  // namespace
 
-ModuleLoader::ModuleLoader(Workbench& bench) : bench_(bench) {}
+ModuleLoader::ModuleLoader(std::vector<Form*> windows, const Parts& parts)
+    : windows_(std::move(windows)), parts_(parts) {}
 
 void ModuleLoader::LoadLanguageModule(const std::string& fileName) {
-    FileService& files = bench_.Platform.Files;
-    Texts& texts = bench_.Language;
-    // 1.
+    FileService& files = parts_.Files;
+    Texts& texts = parts_.Language;
     if (fileName.empty() || !files.Exists(fileName)) return;
     texts.ModuleFile = fileName;
-    if (builtInTabs_.empty()) builtInTabs_ = bench_.Main.tabSettings.Captions;
-    // 2.
+    if (builtInTabs_.empty()) builtInTabs_ = parts_.Main.tabSettings.Captions;
     LanguageModule module;
     Attempt(loadModuleName, [&] { module = ReadLanguageModule(files.ReadWhole(fileName)); });
-    // 3.
+    // Changes nothing but the name of the module in force.
     if (module.PlaceHolder) return;
-    // 4.
     texts.LanguageName.clear();
     texts.TranslatedBy.clear();
-    // 5.
-    for (const LanguageSection& section : module.Sections) TakeSection(section);
-    bench_.ShowMachineName();
-    // 6. Automatic comments appear in the new language.
-    CheckBox& gcode = bench_.View.chkViewGcode;
+    for (const LanguageSection& section : module.Sections) ApplySection(section);
+    parts_.Display.ShowMachineName();
+    // Automatic comments appear in the new language.
+    CheckBox& gcode = parts_.View.chkViewGcode;
     if (gcode.Value != 0) {
         gcode.Value = 0;
         gcode.Click();
         gcode.Value = 1;
         gcode.Click();
     }
-    // 7.
-    bench_.Window.Form_Activate();
-    bench_.Interpreter.Interpreter();
+    Run(windows_.front()->OnActivate);
+    parts_.Interpreter.Interpreter();
 }
 
-void ModuleLoader::TakeSection(const LanguageSection& section) {
-    TakeLabels(section);
-    TakeOrderedLines(section);
+void ModuleLoader::ApplySection(const LanguageSection& section) {
+    ApplyLabels(section);
+    ApplyOrderedLines(section);
     if (EqualIgnoringCase(section.Name, language_section::System)) {
-        for (const LanguageLine& line : section.Lines) TakeSystemLine(line);
+        for (const LanguageLine& line : section.Lines) ApplySystemLine(line);
     }
-    if (EqualIgnoringCase(section.Name, language_section::Toolbar)) TakeToolbar();
+    if (EqualIgnoringCase(section.Name, language_section::Toolbar)) ApplyToolbar();
 }
 
-void ModuleLoader::TakeLabels(const LanguageSection& section) {
-    const std::vector<Form*> forms = bench_.Forms();
+void ModuleLoader::ApplyLabels(const LanguageSection& section) {
     for (const LabelRow& row : LabelRows()) {
         if (!EqualIgnoringCase(section.Name, row.Section)) continue;
-        Control* const control = ControlOf(forms, row);
+        Control* const control = ControlOf(windows_, row);
         if (!control) continue;
         for (const LanguageLine& line : section.Lines) {
             if (EqualIgnoringCase(line.Key, row.Key) && !line.Value.empty())
@@ -121,61 +113,60 @@ void ModuleLoader::TakeLabels(const LanguageSection& section) {
 void ModuleLoader::SetLabel(Control& control, const LabelRow& row, const std::string& value) {
     if (row.What == ShownText::Tab) {
         const int page = TabOf(builtInTabs_, row.Key);
-        if (page >= 0) bench_.Main.tabSettings.SetCaption(page, value);
+        if (page >= 0) parts_.Main.tabSettings.SetCaption(page, value);
         return;
     }
     if (TextProperty* text = TextOf(control, row.What)) *text = value;
-    if (&control == &bench_.Entry.frEntry) bench_.Language.EntryCaption = value;
+    if (&control == &parts_.Entry.frEntry) parts_.Language.EntryCaption = value;
 }
 
-void ModuleLoader::TakeOrderedLines(const LanguageSection& section) {
+void ModuleLoader::ApplyOrderedLines(const LanguageSection& section) {
     const auto is = [&](const char* name) { return EqualIgnoringCase(section.Name, name); };
-    const auto inOrder = [&](int first, const auto& take) {
+    const auto inOrder = [&](int first, const auto& apply) {
         int place = first;
         int failures = 0;
         for (const LanguageLine& line : section.Lines) {
             // What lies beyond the end is reported, but not a million times.
-            if (!Attempt(loadModuleName, [&] { take(place, line.Value); }) && ++failures == mostReports)
+            if (!Attempt(loadModuleName, [&] { apply(place, line.Value); }) && ++failures == mostReports)
                 return;
             ++place;
         }
     };
     for (const TableSection& one : TableSections()) {
         if (is(one.Section))
-            inOrder(1, [&](int i, const std::string& text) { one.Table(bench_.Language).Set(i, text); });
+            inOrder(1, [&](int i, const std::string& text) { one.Table(parts_.Language).Set(i, text); });
     }
     for (const ListSection& one : ListSections()) {
-        ListBox* const list = is(one.Section) ? ListOf(bench_.frmMain, one) : nullptr;
+        ListBox* const list = is(one.Section) ? ListOf(*windows_.front(), one) : nullptr;
         if (list) inOrder(0, [&](int i, const std::string& text) { DescribeEntry(*list, i, text); });
     }
     if (is(language_section::Headers))
-        inOrder(firstNamedHeader, [&](int i, const std::string& text) { TakeHeader(i, text); });
+        inOrder(firstNamedHeader, [&](int i, const std::string& text) { ApplyHeader(i, text); });
 }
 
-void ModuleLoader::TakeSystemLine(const LanguageLine& line) {
-    if (EqualIgnoringCase(line.Key, "Language Name")) bench_.Language.LanguageName = line.Value;
-    if (EqualIgnoringCase(line.Key, "Translated by")) bench_.Language.TranslatedBy = line.Value;
+void ModuleLoader::ApplySystemLine(const LanguageLine& line) {
+    if (EqualIgnoringCase(line.Key, "Language Name")) parts_.Language.LanguageName = line.Value;
+    if (EqualIgnoringCase(line.Key, "Translated by")) parts_.Language.TranslatedBy = line.Value;
     if (EqualIgnoringCase(line.Key, "Help File Name") && !line.Value.empty())
-        bench_.Help.UseLanguage(line.Value);
+        parts_.Help.UseLanguage(line.Value);
 }
 
 // Words in another language would not fit: the pictures remain.
-void ModuleLoader::TakeToolbar() {
-    const bool english = EqualIgnoringCase(bench_.Language.LanguageName, "English");
-    for (std::size_t i = 0; i < bench_.Main.cmdTopButtons.size(); ++i) {
-        bench_.Main.cmdTopButtons[i]->Caption = english ? toolbarCaptions[i] : "";
+void ModuleLoader::ApplyToolbar() {
+    const bool english = EqualIgnoringCase(parts_.Language.LanguageName, "English");
+    for (const auto& button : parts_.Main.cmdTopButtons) {
+        button->Caption = english ? CaptionOf(static_cast<TopButton>(button->Index())) : "";
     }
 }
 
-void ModuleLoader::TakeHeader(int header, const std::string& text) {
-    ListView& list = bench_.Store.lvCncProgram;
+void ModuleLoader::ApplyHeader(int header, const std::string& text) {
+    ListView& list = parts_.Store.lvCncProgram;
     // A header past the last one is error 9 also where it would be left.
     list.SetHeaderText(header, text.empty() ? list.Header(header).Text : text);
-    if (header == ErrorHeader && !text.empty()) bench_.Language.ErrorHeaderText = text;
+    if (header == ErrorHeader && !text.empty()) parts_.Language.ErrorHeaderText = text;
 }
 
 void ModuleLoader::WriteLabels(LanguageModuleText& module) const {
-    const std::vector<Form*> forms = bench_.Forms();
     std::string_view section;
     std::string_view key;
     for (const LabelRow& row : LabelRows()) {
@@ -186,12 +177,12 @@ void ModuleLoader::WriteLabels(LanguageModuleText& module) const {
         }
         if (key == row.Key) continue;
         key = row.Key;
-        Control* const control = ControlOf(forms, row);
+        Control* const control = ControlOf(windows_, row);
         const TextProperty* text = control ? TextOf(*control, row.What) : nullptr;
-        const bool isEntry = control == &bench_.Entry.frEntry;  // it shows the code that is entered
+        const bool isEntry = control == &parts_.Entry.frEntry;  // it shows the code that is entered
         // The tool tip of the arrows tells the scale in force, not what they do.
         if (control && control->Kind() == ControlKind::UpDown) text = nullptr;
-        const std::string shown = isEntry ? bench_.Language.EntryCaption : text ? text->Get() : std::string();
+        const std::string shown = isEntry ? parts_.Language.EntryCaption : text ? text->Get() : std::string();
         module.Line(key, shown.empty() ? std::string(key) : shown);
     }
 }
@@ -200,7 +191,7 @@ std::string ModuleLoader::WriteModule() const {
     LanguageModuleText module;
     module.Comment("Put your words behind each =. What stands in a comment is the English.");
     module.Section(language_section::System);
-    const Texts& texts = bench_.Language;
+    const Texts& texts = parts_.Language;
     module.Line("Language Name", texts.LanguageName.empty() ? "English" : texts.LanguageName);
     module.Line("Translated by", texts.TranslatedBy);
     module.Line("Help File Name", "");
@@ -211,13 +202,13 @@ std::string ModuleLoader::WriteModule() const {
         module.Line(PlainNumber(number), Trim(text));
     };
     for (const TableSection& one : TableSections()) {
-        const TextTable& table = one.Table(bench_.Language);
+        const TextTable& table = one.Table(parts_.Language);
         if (&table == &texts.DrawViewTexts) continue;  // written with its labels
         module.Section(one.Section);
         for (int i = 1; i <= table.Size(); ++i) numbered(i, table.At(i));
     }
     for (const ListSection& one : ListSections()) {
-        const ListBox* const list = ListOf(bench_.frmMain, one);
+        const ListBox* const list = ListOf(*windows_.front(), one);
         if (!list) continue;
         module.Section(one.Section);
         for (const std::string& entry : list->Entries()) {
@@ -228,7 +219,7 @@ std::string ModuleLoader::WriteModule() const {
     module.Section(language_section::Headers);
     for (int header = firstNamedHeader; header <= SubItemCount; ++header) {
         numbered(header, header == ErrorHeader ? std::string_view(texts.ErrorHeaderText)
-                                               : bench_.Store.lvCncProgram.Header(header).Text);
+                                               : parts_.Store.lvCncProgram.Header(header).Text);
     }
     return module.Text();
 }

@@ -4,21 +4,30 @@
 #include <vector>
 
 #include "files/language_module.h"
+#include "interpreter/interpreter.h"
+#include "shell/help_documents.h"
 #include "shell/language_tables.h"
+#include "shell/machine_display.h"
 
 namespace kvt {
-
-class Control;
-class Workbench;
 
 // The language of the window: brings the texts of a module into controls, lists, headers and message tables. What
 // a module does not hold stays as it is.
 class ModuleLoader {
 public:
-    explicit ModuleLoader(Workbench& bench);
-
-    // Where the program lies, with a separator at its end; help documents of a module are below it.
-    std::string StartFolder;
+    struct Parts {
+        MainControls& Main;
+        EntryRow& Entry;
+        ProgramStore& Store;
+        ViewColumns& View;
+        MachineDisplay& Display;
+        HelpDocuments& Help;
+        ControlInterpreter& Interpreter;
+        Texts& Language;
+        FileService& Files;
+    };
+    // All windows, the main one first.
+    ModuleLoader(std::vector<Form*> windows, const Parts& parts);
 
     // Puts a module into effect and remembers its name. A file that is not there changes nothing.
     void LoadLanguageModule(const std::string& fileName);
@@ -26,17 +35,18 @@ public:
     std::string WriteModule() const;
 
 private:
-    void TakeSection(const LanguageSection& section);
-    void TakeLabels(const LanguageSection& section);
+    void ApplySection(const LanguageSection& section);
+    void ApplyLabels(const LanguageSection& section);
     void SetLabel(Control& control, const LabelRow& row, const std::string& value);
     // Tables, code lists and headers: the place of a line decides.
-    void TakeOrderedLines(const LanguageSection& section);
-    void TakeSystemLine(const LanguageLine& line);
-    void TakeToolbar();
+    void ApplyOrderedLines(const LanguageSection& section);
+    void ApplySystemLine(const LanguageLine& line);
+    void ApplyToolbar();
     void WriteLabels(LanguageModuleText& module) const;
-    void TakeHeader(int header, const std::string& text);
+    void ApplyHeader(int header, const std::string& text);
 
-    Workbench& bench_;
+    std::vector<Form*> windows_;
+    Parts parts_;
     std::vector<std::string> builtInTabs_;  // as they were before the first module
 };
 

@@ -1,5 +1,7 @@
 #include "shell/language_tables.h"
 
+#include "shell/main_controls.h"
+
 namespace kvt {
 
 namespace {
@@ -47,16 +49,16 @@ constexpr LabelRow labelRows[] = {
     {"menu Help", "G-Code", "mnuGhelp"},
     {"menu Help", "About", "mnuAbout"},
 
-    {"Toolbar", "Open File", "cmdTopButtons", toolTip, 0},
-    {"Toolbar", "Save File", "cmdTopButtons", toolTip, 1},
-    {"Toolbar", "New File", "cmdTopButtons", toolTip, 2},
-    {"Toolbar", "Print File", "cmdTopButtons", toolTip, 3},
-    {"Toolbar", "Settings", "cmdTopButtons", toolTip, 4},
-    {"Toolbar", "Show Axes", "cmdTopButtons", toolTip, 5},
-    {"Toolbar", "Show Axes", "cmdTopButtons", toolTip, 6},
-    {"Toolbar", "Draw Toolpath", "cmdTopButtons", toolTip, 7},
-    {"Toolbar", "Receive File", "cmdTopButtons", toolTip, 8},
-    {"Toolbar", "Transmit File", "cmdTopButtons", toolTip, 9},
+    {"Toolbar", "Open File", "cmdTopButtons", toolTip, Index(TopButton::Open)},
+    {"Toolbar", "Save File", "cmdTopButtons", toolTip, Index(TopButton::Save)},
+    {"Toolbar", "New File", "cmdTopButtons", toolTip, Index(TopButton::New)},
+    {"Toolbar", "Print File", "cmdTopButtons", toolTip, Index(TopButton::Print)},
+    {"Toolbar", "Settings", "cmdTopButtons", toolTip, Index(TopButton::Settings)},
+    {"Toolbar", "Show Axes", "cmdTopButtons", toolTip, Index(TopButton::LatheAxes)},
+    {"Toolbar", "Show Axes", "cmdTopButtons", toolTip, Index(TopButton::MillAxes)},
+    {"Toolbar", "Draw Toolpath", "cmdTopButtons", toolTip, Index(TopButton::Draw)},
+    {"Toolbar", "Receive File", "cmdTopButtons", toolTip, Index(TopButton::Receive)},
+    {"Toolbar", "Transmit File", "cmdTopButtons", toolTip, Index(TopButton::Transmit)},
 
     {"Frame Path", "Current File", "frControlPanel"},
 

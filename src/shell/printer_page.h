@@ -7,7 +7,7 @@
 
 namespace kvt {
 
-// The page of the settings that chooses the face of what is printed.
+// The page of the settings that chooses the font of what is printed.
 class PrinterPage {
 public:
     PrinterPage(Form& form, PrinterService& printer);
@@ -16,9 +16,9 @@ public:
     ComboBox cboFontName, cboFontSize;
     CommandButton cmdPrinterDialog;
 
-    // Fills the list with the printer's fonts and shows face and size in force. Error 482 without a printer.
+    // Fills the list with the printer's fonts and shows the font and the size in force. Error 482 without a printer.
     void FillFonts();
-    // Give the printer a face, or a size in points, which the lists show. What a list does not hold joins it: it
+    // Give the printer a font, or a size in points, which the lists show. What a list does not hold joins it: it
     // may be a font of another machine. An empty name, or a size that is not 1 to 200, changes nothing.
     void SetFontName(std::string_view name);
     void SetFontSize(double points);

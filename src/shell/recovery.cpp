@@ -6,8 +6,6 @@
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
-#include "shell/workbench.h"
-
 namespace kvt {
 
 namespace {
@@ -50,59 +48,60 @@ int NumberIn(std::string_view name) {
 
 }  // namespace
 
-Recovery::Recovery(Workbench& bench) : tmrRecovery(bench.frmMain, "tmrRecovery", interval), bench_(bench) {
+Recovery::Recovery(Form& window, const Parts& parts)
+    : tmrRecovery(window, "tmrRecovery", interval), parts_(parts) {
     tmrRecovery.Enabled = false;
     tmrRecovery.OnTimer = [this] { tmrRecovery_Timer(); };
 }
 
-std::string Recovery::FileName() const { return bench_.Window.Folders.DataFolder + recoveryFile; }
+std::string Recovery::FileName() const { return parts_.Data.Folders.DataFolder + recoveryFile; }
 
-bool Recovery::Unsaved() const { return bench_.Store.LineCount() > 0 && bench_.Store.Unsaved(); }
+bool Recovery::Unsaved() const { return parts_.Store.LineCount() > 0 && parts_.Store.Unsaved(); }
 
 void Recovery::tmrRecovery_Timer() {
     if (Unsaved()) {
-        Keep();
-    } else if (!kept_.empty()) {
+        Write();
+    } else if (!written_.empty()) {
         Remove();
     }
 }
 
 std::string Recovery::Text() const {
-    std::string text = bench_.Writer.GenerateAll();
+    std::string text = parts_.Writer.GenerateAll();
     // The last line has its end already.
-    text += (bench_.File.NamesSource ? sourceMark : nameMark).substr(LineEnd.size());
-    text += bench_.File.lblPath.Caption.Get();
+    text += (parts_.File.NamesSource ? sourceMark : nameMark).substr(LineEnd.size());
+    text += parts_.File.lblPath.Caption.Get();
     text += LineEnd;
     return text;
 }
 
-void Recovery::Keep() {
-    FileService& files = bench_.Platform.Files.InBackground();
+void Recovery::Write() {
+    FileService& files = parts_.Platform.Files.InBackground();
     std::string text = Text();
     // What could not be written is tried again when there is something new; what another run of the program has
     // taken away is written again.
-    if (bench_.Window.Folders.DataFolder.empty()) return;
-    if (text == kept_ && (failed_ || files.Exists(FileName()))) return;
+    if (parts_.Data.Folders.DataFolder.empty()) return;
+    if (text == written_ && (failed_ || files.Exists(FileName()))) return;
     failed_ = !Attempt(recoveryName, [&] { files.WriteWhole(FileName(), text); });
-    kept_ = std::move(text);
-    if (failed_) bench_.TellUnkept();
+    written_ = std::move(text);
+    if (failed_) parts_.Data.TellNotWritable();
 }
 
-bool Recovery::KeepAside() {
-    FileService& files = bench_.Platform.Files.InBackground();
-    const std::string& folder = bench_.Window.Folders.DataFolder;
+bool Recovery::KeepRecoveryCopy() {
+    FileService& files = parts_.Platform.Files.InBackground();
+    const std::string& folder = parts_.Data.Folders.DataFolder;
     if (folder.empty() || !Unsaved()) return true;
     int number = 1;
-    for (const std::string& file : Left()) number = std::max(number, NumberIn(ExtractFileName(file)) + 1);
+    for (const std::string& file : Copies()) number = std::max(number, NumberIn(ExtractFileName(file)) + 1);
     const std::string file = folder + std::string(asideName) + PlainNumber(number) + std::string(extension);
     const bool written = Attempt(recoveryName, [&] { files.WriteWhole(file, Text()); });
-    if (!written) bench_.TellUnkept();
+    if (!written) parts_.Data.TellNotWritable();
     return written;
 }
 
-std::vector<std::string> Recovery::Left() const {
-    FileService& files = bench_.Platform.Files.InBackground();
-    const std::string& folder = bench_.Window.Folders.DataFolder;
+std::vector<std::string> Recovery::Copies() const {
+    FileService& files = parts_.Platform.Files.InBackground();
+    const std::string& folder = parts_.Data.Folders.DataFolder;
     std::vector<std::string> names;
     Attempt(recoveryName, [&] { names = files.List(folder, "*" + std::string(extension)); });
     std::erase_if(names, [](const std::string& name) { return NumberIn(name) == 0; });
@@ -114,62 +113,62 @@ std::vector<std::string> Recovery::Left() const {
 }
 
 void Recovery::Remove() {
-    FileService& files = bench_.Platform.Files.InBackground();
-    kept_.clear();
+    FileService& files = parts_.Platform.Files.InBackground();
+    written_.clear();
     if (files.Exists(FileName())) Attempt(recoveryName, [&] { files.Delete(FileName()); });
 }
 
 void Recovery::Restore() {
-    FileService& files = bench_.Platform.Files.InBackground();
+    FileService& files = parts_.Platform.Files.InBackground();
     tmrRecovery.Enabled = true;
-    for (const std::string& file : Left()) {
+    for (const std::string& file : Copies()) {
         std::string text;
         if (!Attempt(recoveryName, [&] { text = files.ReadWhole(file); })) continue;
         const FileKind kind = Recognise(text).Kind;
         const bool isProgram = kind != FileKind::Unknown && kind != FileKind::Language;
         const bool wanted =
-            isProgram && bench_.Platform.Dialogs.ShowMessage(
-                             Question(bench_.Language.MessageTexts(text::RestoreUnsaved), "")) == Answer::Yes;
-        if (wanted) return Bring(file, text);
+            isProgram && parts_.Platform.Dialogs.ShowMessage(
+                             Question(parts_.Language.MessageTexts(text::RestoreUnsaved), "")) == Answer::Yes;
+        if (wanted) return Load(file, text);
         SetAside(file, text);
     }
 }
 
-void Recovery::Bring(const std::string& file, const std::string& text) {
+void Recovery::Load(const std::string& file, const std::string& text) {
     const OldName old = NameIn(text);
     LoadAs as;
     as.Name = old.Name;
     as.FromSource = old.IsSource;
     as.Changed = true;
     std::string name = file;
-    if (bench_.Reader.LoadFile(name, as) != LoadResult::Loaded) return;
-    bench_.File.lblFileName.Caption = ExtractFileName(old.Name);
+    if (parts_.Reader.LoadFile(name, as) != LoadResult::Loaded) return;
+    parts_.File.lblFileName.Caption = ExtractFileName(old.Name);
     // The line end that the notes gain with each load is not theirs.
-    TextBox& notes = bench_.File.txtFileNotes;
+    TextBox& notes = parts_.File.txtFileNotes;
     const std::string_view held = notes.Text;
     if (held.ends_with(LineEnd)) notes.Text = std::string(held.substr(0, held.size() - LineEnd.size()));
     if (file == FileName()) {
-        kept_ = text;
+        written_ = text;
         return;
     }
     // From here on it is kept as any unsaved program is.
-    Keep();
-    FileService& files = bench_.Platform.Files.InBackground();
+    Write();
+    FileService& files = parts_.Platform.Files.InBackground();
     if (!failed_) Attempt(recoveryName, [&] { files.Delete(file); });
 }
 
 void Recovery::SetAside(const std::string& file, const std::string& text) {
-    FileService& files = bench_.Platform.Files.InBackground();
-    const std::string aside = bench_.Window.Folders.DataFolder + setAsideFile;
+    FileService& files = parts_.Platform.Files.InBackground();
+    const std::string aside = parts_.Data.Folders.DataFolder + setAsideFile;
     if (!Attempt(recoveryName, [&] { files.WriteWhole(aside, text); })) return;
     if (files.Exists(file)) Attempt(recoveryName, [&] { files.Delete(file); });
 }
 
 void Recovery::End(bool dropped) {
     tmrRecovery.Enabled = false;
-    if (Unsaved() && (!dropped || bench_.Store.SaveFailed)) {
-        Keep();
-    } else if (!kept_.empty()) {
+    if (Unsaved() && (!dropped || parts_.Store.SaveFailed)) {
+        Write();
+    } else if (!written_.empty()) {
         Remove();
     }
 }

@@ -3,17 +3,27 @@
 #include <string>
 #include <vector>
 
+#include "files/cnc_reader.h"
+#include "files/cnc_writer.h"
 #include "platform/controls.h"
+#include "shell/user_data.h"
 
 namespace kvt {
-
-class Workbench;
 
 // Keeps an unsaved program in "Recovery.txt", for the start after a crash. The file has the form of a program
 // file; behind its units line, where no reader looks, stands the name that the program had.
 class Recovery {
 public:
-    explicit Recovery(Workbench& bench);
+    struct Parts {
+        ProgramStore& Store;
+        FileControls& File;
+        CncReader& Reader;
+        CncWriter& Writer;
+        const Texts& Language;
+        UserData& Data;
+        Services& Platform;
+    };
+    Recovery(Form& window, const Parts& parts);
 
     // Writes what has changed since the last time, twice a second while the window is up.
     Timer tmrRecovery;
@@ -23,26 +33,27 @@ public:
     void Restore();
     // Puts a copy of the unsaved program beside the file, under a name that no other one has, for the next start.
     // False where it could not be written.
-    bool KeepAside();
+    bool KeepRecoveryCopy();
     // At the end: the file goes where the program was saved or is dropped, and holds the last state otherwise. What
     // the user has tried to save in vain is not dropped.
     void End(bool dropped);
-    // Whether the program in the window is in no file.
-    bool Unsaved() const;
 
 private:
+    // Whether the program in the window is in no file.
+    bool Unsaved() const;
     void tmrRecovery_Timer();
-    void Keep();
+    // Writes the copy, or takes it away.
+    void Write();
     void Remove();
     // The files that a start looks at, the latest first.
-    std::vector<std::string> Left() const;
+    std::vector<std::string> Copies() const;
     std::string Text() const;
-    void Bring(const std::string& file, const std::string& text);
+    void Load(const std::string& file, const std::string& text);
     void SetAside(const std::string& file, const std::string& text);
     std::string FileName() const;
 
-    Workbench& bench_;
-    std::string kept_;  // what the file is to hold; empty while there is none of this run
+    Parts parts_;
+    std::string written_;  // what the file is to hold; empty while there is none of this run
     bool failed_ = false;
 };
 

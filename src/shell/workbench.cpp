@@ -1,17 +1,11 @@
 #include "shell/workbench.h"
 
-#include "files/questions.h"
-#include "shell/draw_wiring.h"
-#include "shell/layout.h"
-#include "shell/transfer_wiring.h"
-
 namespace kvt {
 
 namespace {
 
-constexpr int firstWidth = 13800;
 constexpr int firstHeight = 8720;
-constexpr int listHeight = firstHeight - 3370;
+constexpr int firstListHeight = firstHeight - 3370;
 
 }  // namespace
 
@@ -30,13 +24,13 @@ Workbench::Workbench(Services& services)
       Interpreter(Store, Language, Lists, Results, View, Entry.txtComment, services, Calls),
       Options(Store, View, Lists, Interpreter, Calls),
       Layout(Entry, Store, Lists, Language, services.Focus),
-      Calculated(Store, Language, services.Dialogs, services.Focus),
-      Lines({Entry, Layout, Store, View, Interpreter, Calculated, Language, services, Calls}),
-      Feeds(Entry, Store, Interpreter, services.Focus),
+      calculated_(Store, Language, services.Dialogs, services.Focus),
+      Lines({Entry, Layout, Store, View, Interpreter, calculated_, Language, services, Calls}),
+      feeds_(Entry, Store, Interpreter, services.Focus),
       Find(Store, services.Focus),
-      Conversions(frmMain, Store, Machine, Entry),
+      conversions_(frmMain, Store, Machine, Entry),
       Codes({Entry, Layout, Store, Lists, View, Interpreter, services, Calls}),
-      Keyboard({Entry, Layout, Codes, Calculated, Lines, Store, View, Language, services, Calls}),
+      keyboard_({Entry, Layout, Codes, calculated_, Lines, Store, View, Language, services, Calls}),
       Writer({Store, File, Entry, Layout, Lines, Language, services, Calls}),
       Reader({Store, File, Entry, Layout, Machine, View, Options, Interpreter, Language, services, Calls,
               Writer}),
@@ -54,316 +48,69 @@ Workbench::Workbench(Services& services)
                 services,
                 Calls}),
       Draw({Store, Machine, Results, File, Language, services}),
-      Paper(frmMain, services.Printer),
-      Info(frmMain),
-      Help(*this),
-      Print({Store, File, Writer, Language, services, Calls}),
+      data_(services, Language),
+      lastFile_(File, Language, services),
+      paper_(frmMain, services.Printer),
+      info_(frmMain),
+      Help({Store, Transfer, Entry, Main, Language, services, Calls}),
+      print_({Store, File, Writer, Language, services, Calls}),
       Import({Store, File, Reader, Main.mnuImport, services, Language}),
-      Window(*this),
-      Modules(*this),
-      Settings(*this),
-      SettingsOfDrawing(*this),
-      Kept(*this) {
+      table_(frmMain),
+      positions_({table_, Main, Store, Entry, File, View, Results}),
+      Display({Store, Machine, Lists, View, Entry, Main, Import, Calls}),
+      Modes({table_, Store, Transfer, Layout, Results, Main, Help}),
+      size_({frmMain, Language, services, Calls}),
+      states_({Main, Store, Results, Transfer, Port, Draw.State}),
+      overlays_({Main, Entry, Store.lvCncProgram, services.Focus, Calls}),
+      clearing_({Store, Entry, Layout, File, Lists, View, Interpreter, Draw.Editor, Display, Language,
+                 services, Calls}),
+      Modules(Forms(), {Main, Entry, Store, View, Display, Help, Interpreter, Language, services.Files}),
+      settings_({Main, Store, Machine, View, paper_, Port, feeds_, Reader, Interpreter, Display, Language,
+                 data_, lastFile_, services, Calls}),
+      drawSettings_(Draw, data_, services),
+      recovery_(frmMain, {Store, File, Reader, Writer, Language, data_, services}) {
     frmMain.SmallestWidth = SmallestWidth;
     frmMain.SmallestHeight = SmallestHeight;
-    frmMain.Width = firstWidth;
+    frmMain.Width = UsualWidth;
     frmMain.Height = firstHeight;
-    Store.lvCncProgram.Height = listHeight;
-    PlaceInFrames();
-    OrderTabs();
+    Store.lvCncProgram.Height = firstListHeight;
+    BindProgram(settings_.Keys, Store, Main);
+    BindEntry(settings_.Keys, Entry);
+    BindView(settings_.Keys, View);
+    BindPort(settings_.Keys, Port);
+    BindPrinter(settings_.Keys, paper_);
+    BindWindow(settings_.Keys, frmMain, services.Screen);
+    drawSettings_.BindShown(settings_.Keys);
     FillCalls();
-    WireTransfer(*this);
-    RefreshMachine();
+    WireWindow();
+    WireMenus();
+    WireButtons();
+    WireOptions();
+    WireReset();
+    WireKeys();
+    WireDrawing();
+    WireTransfer();
+    Display.RefreshMachine();
     View.MakeMachineTimeColumn();
-    ShowCodeLists();
+    Display.ShowCodeLists();
 }
 
 void Workbench::FillCalls() {
-    Calls.cmdReturn_Click = [this] { cmdReturn_Click(); };
-    Calls.ClearProgram_Click = [this] { ClearProgram_Click(); };
-    Calls.KeepRecoveryCopy = [this] { return Kept.KeepAside(); };
-    Calls.RefreshMachine = [this] { RefreshMachine(); };
-    Calls.RefreshTitle = [this] { Window.RefreshTitle(); };
-    Calls.ControlsPositioning = [this] { PlaceMainWindow(*this); };
-    Calls.ControlsEnable = [this](int enable) { ControlsEnable(enable); };
+    Calls.cmdReturn_Click = [this] { Modes.cmdReturn_Click(); };
+    Calls.ClearProgram_Click = [this] { clearing_.ClearProgram_Click(); };
+    Calls.KeepRecoveryCopy = [this] { return recovery_.KeepRecoveryCopy(); };
+    Calls.RefreshMachine = [this] { Display.RefreshMachine(); };
+    Calls.RefreshTitle = [this] { RefreshTitle(); };
+    Calls.ControlsPositioning = [this] { positions_.ControlsPositioning(); };
+    Calls.ControlsEnable = [this](int enable) { Modes.ControlsEnable(enable); };
     Calls.LoadClipboardModule = [this] { Received.LoadClipboardModule(); };
     Calls.LoadLanguageModule = [this](const std::string& file) { Modules.LoadLanguageModule(file); };
     Calls.HideSettings = [this] { Main.tabSettings.Visible = false; };
-    Machine.OnUnits = [this] { Feeds.SetFeedLimits(); };
     Calls.FirstFieldFocus = [this](std::string_view initial) { Layout.FirstFieldFocus(initial); };
-    Entry.cmdReturn.OnClick = [this] {
-        cmdReturn_Click();
-        // The button has gone; the next key is a code.
-        if (Platform.Focus.Focused() == &Entry.cmdReturn) Platform.Focus.SetFocus(Entry.txtGMcode);
-    };
-    WireDrawing(*this);
-}
-
-void Workbench::PlaceInFrames() {
-    const auto put = [](Frame& frame, std::initializer_list<Control*> inside) {
-        for (Control* control : inside) control->Container = &frame;
-    };
-    put(Main.frControlPanel, {&File.lblPath, &File.lblFileName});
-    put(Main.frSetReplace, {&Entry.txtFeedA, &Entry.txtFeedB, &Entry.cmdFeedA, &Entry.cmdFeedB});
-    put(Main.frView, {&View.chkViewToolPos, &View.chkViewLineProperties, &View.chkViewMachineTime,
-                      &View.chkViewGcode, &View.chkViewFileNotes});
-    put(Main.frProgramProperties,
-        {&Machine.lblPPUnits, &Results.lblPPLines, &Results.lblPPLinesExe, &Results.lblPPMachineTime});
-    put(Main.frAxesProperties, {&Main.frXAxis, &Main.frYaxis, &Main.frZAxis});
-    put(Main.frXAxis, {&Results.lblXAxisMin, &Results.lblXAxisMax, &Results.lblXAxisTravel});
-    put(Main.frYaxis, {&Results.lblYAxisMin, &Results.lblYAxisMax, &Results.lblYAxisTravel});
-    put(Main.frZAxis, {&Results.lblZAxisMin, &Results.lblZAxisMax, &Results.lblZAxisTravel});
-    put(Main.frFileNotes, {&File.txtFileNotes});
-    put(Main.frCmdEditor1, {&Main.cmdInsert, &Main.cmdDelete});
-    put(Entry.frEntry, {&Main.lblComment});
-    for (Menu* entry : {&Machine.mnuINCHtoMM, &Machine.mnuMMtoINCH, &Conversions.mnuCalculator,
-                        &Conversions.mnuDelComments}) {
-        entry->Container = &Main.mnuConvert;
-    }
-    put(Main.frMachineType, {&Machine.optSettingsMK2, &Machine.optSettingsMK4, &Machine.optSettingsF1CNC});
-    put(Main.frCompact5, {&Machine.optSettingsMm, &Machine.optSettingsInch});
-    put(Main.frF1CNC, {&Machine.optSettingsHmm, &Machine.optSettingsHinch, &Machine.optSettingsVmm,
-                       &Machine.optSettingsVinch, &Main.lblHorizontal, &Main.lblVertical});
-    for (Label* number :
-         {&Machine.lblPPUnits, &Results.lblPPLines, &Results.lblPPLinesExe, &Results.lblPPMachineTime,
-          &Results.lblXAxisMin, &Results.lblXAxisMax, &Results.lblXAxisTravel, &Results.lblYAxisMin,
-          &Results.lblYAxisMax, &Results.lblYAxisTravel, &Results.lblZAxisMin, &Results.lblZAxisMax,
-          &Results.lblZAxisTravel}) {
-        number->AtRight = true;
-    }
-    const auto onPage = [this](int page, std::initializer_list<Control*> controls) {
-        for (Control* control : controls) {
-            control->Container = &Main.tabSettings;
-            control->Page = page;
-        }
-    };
-    onPage(settings_page::General,
-           {&View.chkSettingsAutowidth, &Entry.chkSettingsDWC, &Main.lblSettingsIncrColor,
-            &Main.lblSettingsAbsColor, &Main.cmdResetAll});
-    onPage(settings_page::Printer, {&Paper.lblFontName, &Paper.cboFontName, &Paper.lblFontSize,
-                                    &Paper.cboFontSize, &Paper.cmdPrinterDialog});
-    Info.PutOn(Main.tabSettings, settings_page::Info);
-    onPage(settings_page::Machine, {&Main.frMachineType, &Main.frCompact5, &Main.frF1CNC});
-    for (const auto& button : Main.cmdTopButtons) button->Container = &Main.frControlPanel;
-    put(Main.frAxesProperties, {&Main.lblMin, &Main.lblMax, &Main.lblTravel});
-    put(Main.frProgramProperties,
-        {&Main.lblMachineType, &Main.lblUnits, &Main.lblLines, &Main.lblLinesExecuted, &Main.lblMachineTime});
-    // cmdStop stands over that frame, not in it: a frozen window keeps it.
-    put(Main.frCmdEditor3, {&Results.cmdRun, &Results.cmdStep});
-
-    frozenControls_ = {&Main.mnuFile,
-                       &Main.mnuSettings,
-                       &Main.mnuXfer,
-                       &Main.mnuConvert,
-                       &Main.mnuHelp,
-                       &Main.frControlPanel,
-                       &Main.frSetReplace,
-                       &Entry.txtFeedA,
-                       &Entry.txtFeedB,
-                       &Main.frView,
-                       &View.chkViewToolPos,
-                       &View.chkViewLineProperties,
-                       &View.chkViewMachineTime,
-                       &View.chkViewGcode,
-                       &View.chkViewFileNotes,
-                       &Main.frProgramProperties,
-                       &Machine.lblPPUnits,
-                       &Results.lblPPLines,
-                       &Results.lblPPLinesExe,
-                       &Results.lblPPMachineTime,
-                       &Main.lblMachineType,
-                       &Main.lblUnits,
-                       &Main.lblLines,
-                       &Main.lblLinesExecuted,
-                       &Main.lblMachineTime,
-                       &Main.lblMin,
-                       &Main.lblMax,
-                       &Main.lblTravel,
-                       &Main.frAxesProperties,
-                       &Main.frXAxis,
-                       &Main.frYaxis,
-                       &Main.frZAxis,
-                       &Results.lblXAxisMin,
-                       &Results.lblXAxisMax,
-                       &Results.lblXAxisTravel,
-                       &Results.lblYAxisMin,
-                       &Results.lblYAxisMax,
-                       &Results.lblYAxisTravel,
-                       &Results.lblZAxisMin,
-                       &Results.lblZAxisMax,
-                       &Results.lblZAxisTravel,
-                       &Lists.lstMK2Gcodes,
-                       &Main.lstMK2Mcodes,
-                       &Lists.lstMK4Gcodes,
-                       &Lists.lstMK4Mcodes,
-                       &Main.frFileNotes,
-                       &File.txtFileNotes,
-                       &Entry.frEntry,
-                       &Main.frCmdEditor1,
-                       &Main.frCmdEditor2,
-                       &Main.cmdInsert,
-                       &Results.cmdRun,
-                       &Main.cmdDelete,
-                       &Results.cmdStep,
-                       &Results.cmdStop,
-                       &Entry.cmdFeedA,
-                       &Entry.cmdFeedB};
-    for (const auto& button : Main.cmdTopButtons) frozenControls_.push_back(button.get());
-}
-
-// The chain of the entry row first, then the list and what lies around it.
-void Workbench::OrderTabs() {
-    int next = 0;
-    for (Control* control : std::initializer_list<Control*>{&Entry.txtGMcode,
-                                                            &Entry.txtXI,
-                                                            &Entry.txtYJ,
-                                                            &Entry.txtZK,
-                                                            &Entry.txtFKTL,
-                                                            &Entry.txtH,
-                                                            &Entry.txtComment,
-                                                            &Store.lvCncProgram,
-                                                            &Main.cmdInsert,
-                                                            &Main.cmdDelete,
-                                                            &Results.cmdRun,
-                                                            &Results.cmdStep,
-                                                            &Results.cmdStop,
-                                                            &Entry.cmdFeedA,
-                                                            &Entry.txtFeedA,
-                                                            &Entry.cmdFeedB,
-                                                            &Entry.txtFeedB,
-                                                            &View.chkViewToolPos,
-                                                            &View.chkViewLineProperties,
-                                                            &View.chkViewMachineTime,
-                                                            &View.chkViewGcode,
-                                                            &View.chkViewFileNotes,
-                                                            &Lists.lstMK2Gcodes,
-                                                            &Lists.lstMK4Gcodes,
-                                                            &Lists.lstMK4Mcodes,
-                                                            &Lists.lstF1Gcodes,
-                                                            &Lists.lstF1Mcodes,
-                                                            &File.txtFileNotes,
-                                                            &Main.tabSettings,
-                                                            &View.chkSettingsAutowidth,
-                                                            &Entry.chkSettingsDWC,
-                                                            &Main.cmdResetAll,
-                                                            &Info.txtCurrentFilePath,
-                                                            &Info.txtApplicationPath,
-                                                            &Info.txtSettingsPath,
-                                                            &Machine.optSettingsMK2,
-                                                            &Machine.optSettingsMK4,
-                                                            &Machine.optSettingsF1CNC,
-                                                            &Machine.optSettingsMm,
-                                                            &Machine.optSettingsInch,
-                                                            &Machine.optSettingsVmm,
-                                                            &Machine.optSettingsVinch,
-                                                            &Machine.optSettingsHmm,
-                                                            &Machine.optSettingsHinch,
-                                                            &Paper.cboFontName,
-                                                            &Paper.cboFontSize,
-                                                            &Paper.cmdPrinterDialog,
-                                                            &Entry.cmdReturn}) {
-        control->TabIndex = next++;
-    }
-    for (const auto& button : Main.cmdTopButtons) button->TabIndex = next++;
-}
-
-void Workbench::ControlsEnable(int enable) {
-    ControlsOn = enable != 0;
-    for (Control* control : frozenControls_) control->Enabled = ControlsOn;
-    if (ControlsOn) Layout.RefreshFeedButtons();
-    if (!Store.EditorRunMode) Main.frCmdEditor3.Enabled = ControlsOn;
-    // A transmission can be stopped.
-    if (Store.TransmitActive) Results.cmdStop.Enabled = true;
-}
-
-void Workbench::cmdReturn_Click() {
-    // What is being sent or received keeps the window frozen.
-    ControlsEnable(Store.TransmitActive || Transfer.frRXcode.Visible ? 0 : 1);
-    for (Control* overlay : std::initializer_list<Control*>{
-             &Entry.cmdReturn, &Main.rtfAbout, &Main.lstAbout, &Main.rtfHelp, &Main.rtfGcodeHelpMK2,
-             &Main.rtfGcodeHelpMK4, &Entry.picXYaxes, &Entry.picZXaxes}) {
-        overlay->Visible = false;
-    }
-    Help.HideSearch();
-}
-
-void Workbench::TellUnkept() {
-    if (std::exchange(unkeptTold_, true)) return;
-    Platform.Dialogs.ShowMessage(
-        Notice(std::string(Language.MessageTexts(text::CannotKeep)) + " " + Window.Folders.DataFolder, "",
-               Icon::Exclamation));
-}
-
-void Workbench::ClearProgram_Click() {
-    // 1.
-    cmdReturn_Click();
-    // 2.
-    if (Store.LineCount() > 0 && Store.Unsaved()) {
-        if (!AskToClear(Platform.Dialogs, Language)) return;
-        // He had it saved, so far as he could.
-        if (Store.SaveFailed) Kept.KeepAside();
-    }
-    // 3. A row of this program is none of the next one.
-    Draw.Editor.RestoreSelection();
-    Store.lvCncProgram.Clear();
-    Entry.txtGMcode.Text = "";
-    Entry.txtComment.Text = "";
-    Lists.lstMK4Gcodes.ListIndex = -1;
-    Lists.lstMK4Mcodes.ListIndex = -1;
-    File.lblPath.Caption = "";
-    File.lblFileName.Caption = "";
-    File.txtFileNotes.Text = "";
-    Entry.frEntry.Caption = Language.EntryCaption;
-    Store.ProgramChanged = false;
-    Store.EndCodePresent = false;
-    Store.SaveFailed = false;
-    File.NamesSource = false;
-    // 4.
-    Interpreter.ClearAxesProperties();
-    Layout.ClearEntryFields();
-    Interpreter.RefreshLineCount();
-    View.MakeLinePropertiesColumns();
-    RefreshMachine();
-    Interpreter.Interpreter();
-    // 6.
-    ShowCodeLists();
-    if (Entry.txtGMcode.ReallyVisible()) Platform.Focus.SetFocus(Entry.txtGMcode);
-    // 5. Last: a drawing that waits then finds all of it gone.
-    Run(Calls.mnuDraw_Click);
-}
-
-void Workbench::ShowMachineName() { Main.lblMachineType.Caption = Machine.OptionOf(Store.Machine).Caption; }
-
-void Workbench::RefreshMachine() {
-    Run(Calls.RefreshTitle);
-    Machine.RefreshMachineOptions();
-    View.MakeToolpositionColums();
-    View.MakeLinePropertiesColumns();
-    View.MakeMachineColumns();
-    Import.RefreshPreProcessors();
-    // The buttons in use share their room.
-    Main.cmdTopButtons[5]->Visible = !Store.IsF1();
-    Main.cmdTopButtons[6]->Visible = Store.IsF1();
-    Run(Calls.ControlsPositioning);
-    View.SetAutoWidth();
-    Entry.lblGMcode.Caption = "G";
-    Machine.RefreshUnits();
-    ShowMachineName();
-    if (Store.IsF1()) {
-        Entry.picXYaxes.Visible = true;
-        Entry.picXYaxes.Enabled = true;
-        Entry.cmdReturn.Visible = true;
-        Entry.cmdReturn.Enabled = true;
-    }
-}
-
-void Workbench::ShowCodeLists() {
-    Lists.lstMK2Gcodes.Visible = Store.IsMK2();
-    Main.lstMK2Mcodes.Visible = Store.IsMK2();
-    Lists.lstMK4Gcodes.Visible = Store.IsMK4();
-    Lists.lstMK4Mcodes.Visible = Store.IsMK4();
-    Lists.lstF1Gcodes.Visible = Store.IsF1();
-    Lists.lstF1Mcodes.Visible = Store.IsF1();
+    Machine.OnUnits = [this] { feeds_.SetFeedLimits(); };
+    overlays_.OnSettings = [this] { ShowPaths(); };
+    settings_.Ending = [this] { return ended_; };
+    settings_.EndWithoutPrinter = [this] { EndWithoutPrinter(); };
 }
 
 }  // namespace kvt

@@ -19,17 +19,26 @@
 #include "shell/help_documents.h"
 #include "shell/info_page.h"
 #include "shell/language.h"
+#include "shell/layout.h"
+#include "shell/machine_display.h"
 #include "shell/main_controls.h"
-#include "shell/main_window.h"
+#include "shell/menu_states.h"
+#include "shell/overlays.h"
 #include "shell/printer_page.h"
+#include "shell/program_clearing.h"
 #include "shell/recovery.h"
 #include "shell/settings.h"
+#include "shell/settings_keys.h"
+#include "shell/user_data.h"
+#include "shell/window_modes.h"
+#include "shell/window_size.h"
 #include "transfer/receiver.h"
 #include "transfer/transmitter.h"
 
 namespace kvt {
 
-// The whole workbench: the main window with all rooms, wired together. It stands on one half of the platform.
+// Puts the rooms together on one half of the platform: gives each of them what it needs, leads menus, buttons and keys
+// to what they do, and is the start and the one way out. What stands on it from outside reaches the rooms here.
 class Workbench {
 public:
     explicit Workbench(Services& services);
@@ -53,13 +62,29 @@ public:
     ControlInterpreter Interpreter;
     ViewOptions Options;
     FieldLayout Layout;
-    CalculatedInputs Calculated;
+
+private:
+    CalculatedInputs calculated_;
+
+public:
     LineOperations Lines;
-    FeedPresets Feeds;
+
+private:
+    FeedPresets feeds_;
+
+public:
     FindWindow Find;
-    Conversion Conversions;
+
+private:
+    Conversion conversions_;
+
+public:
     CodeChoice Codes;
-    KeyboardEntry Keyboard;
+
+private:
+    KeyboardEntry keyboard_;
+
+public:
     CncWriter Writer;
     CncReader Reader;
     TransferControls Transfer;
@@ -67,49 +92,99 @@ public:
     Transmitter Transmit;
     Receiver Received;
     DrawWindow Draw;
-    PrinterPage Paper;
-    InfoPage Info;
-    HelpDocuments Help;
-    ProgramPrint Print;
-    PreProcessor Import;
-    MainWindow Window;
-    ModuleLoader Modules;
-    EditorSettings Settings;
-    DrawSettings SettingsOfDrawing;
-    Recovery Kept;
 
+private:
+    UserData data_;
+    LastFile lastFile_;
+    PrinterPage paper_;
+    InfoPage info_;
+
+public:
+    HelpDocuments Help;
+
+private:
+    ProgramPrint print_;
+
+public:
+    PreProcessor Import;
+
+private:
+    ControlTable table_;
+    MainLayout positions_;
+
+public:
+    MachineDisplay Display;
+    WindowModes Modes;
+
+private:
+    WindowSize size_;
+    MenuStates states_;
+    Overlays overlays_;
+    ProgramClearing clearing_;
+
+public:
+    ModuleLoader Modules;
+
+private:
+    EditorSettings settings_;
+    DrawSettings drawSettings_;
+    Recovery recovery_;
+
+public:
     // All windows, the main one first.
     std::vector<Form*> Forms() {
         return {&frmMain, &Draw.Controls.frmDraw, &Draw.Listing.frmProgramWindow, &Find.frmFind,
                 &Import.Window.frmPreProcessor};
     }
-
-    // Starts the workbench; see MainWindow.
-    void Form_Load(std::string_view commandLine) { Window.Form_Load(commandLine); }
-    // Leaves all overlays and returns to the editor view.
-    void cmdReturn_Click();
-    // Asks about unsaved changes, then empties the program, its names and its notes.
-    void ClearProgram_Click();
-    // The name of the machine in force, as its option has it.
-    void ShowMachineName();
-    // Applies the machine and its units to the window.
-    void RefreshMachine();
-    // The code lists of the machine, and no others.
-    void ShowCodeLists();
-    // Freezes the window (0) or frees it (1), but for the stop of a transmission.
-    void ControlsEnable(int enable);
-    bool ControlsOn = true;
-    // Tells, once in a run, that what is to outlive it cannot be written.
-    void TellUnkept();
+    // Starts the workbench with the text of the command line: folders, settings, the file that is named there,
+    // layout, and the focus on the code field.
+    void Form_Load(std::string_view commandLine);
+    // Whether the way out has been taken; a question about unsaved changes may still stand.
+    bool Ending() const { return ended_; }
 
 private:
     void FillCalls();
-    void PlaceInFrames();
-    void OrderTabs();
+    void WireWindow();
+    void WireMenus();
+    void WireButtons();
+    void WireOptions();
+    void WireReset();
+    void WireKeys();
+    void WireDrawing();
+    void WireTransfer();
+    // Has a handler of a hand on the program do nothing while the program is held.
+    template <class... Arguments>
+    void UnlessHeld(std::function<void(Arguments...)>& handler);
+    bool IsHeld() const;
 
-    bool unkeptTold_ = false;
-    // What ControlsEnable works on.
-    std::vector<Control*> frozenControls_;
+    void Form_Activate();
+    void tmr1sec_Timer();
+    // The title: the file's name, and a mark while the program has changed.
+    void RefreshTitle();
+    void OpenFile(std::string name);
+    // Prints when a walk that stands has ended; without the dialog if it is to be direct.
+    void PrintAfterWalk(bool direct);
+    // Brings the paths on the info page up to date.
+    void ShowPaths();
+    void ChooseMachine(MachineModel machine);
+    void ChooseUnits(Units units);
+    void ChooseUnits(Units units, bool horizontal);
+    // Asks for one of the mode colours, and colours the lines with it.
+    void ChooseColor(Color& color);
+    void txtFileNotes_KeyPress(int& character);
+    void mnuCalculator_Click();
+    void mnuDraw_Click();
+    void ShowEditor();
+    void FocusCode();
+
+    void FindFolders();
+    // Reads the fonts of the printer. A machine without one ends the program; false then.
+    bool FindPrinter();
+    // Tells that there is no printer, and ends.
+    void EndWithoutPrinter();
+    void mnuExit_Click();
+
+    bool ended_ = false;
 };
 
 }  // namespace kvt

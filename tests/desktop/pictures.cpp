@@ -31,7 +31,7 @@ public:
         : folder_(std::move(folder)), prefix_(std::move(prefix)), platform_(files_, programs_, scale) {
         qputenv("XDG_DATA_HOME", data_.path().toLocal8Bit());
         bench_ = std::make_unique<kvt::Workbench>(platform_.Services);
-        bench_->Modules.StartFolder = QCoreApplication::applicationDirPath().toStdString() + "/";
+        bench_->Help.StartFolder = QCoreApplication::applicationDirPath().toStdString() + "/";
         bench_->Form_Load("");
         kvt::Form& form = bench_->frmMain;
         form.Left = 0;
@@ -90,14 +90,14 @@ public:
             kvt::MainControls& main = bench_->Main;
             (mk2 ? main.rtfGcodeHelpMK2 : main.rtfGcodeHelpMK4).ShowSection("G02");
             Save((std::string("help_") + name).c_str());
-            bench_->cmdReturn_Click();
+            bench_->Modes.cmdReturn_Click();
         }
         bench_->Help.mnuHelpText_Click();
         Save("help");
-        bench_->cmdReturn_Click();
+        bench_->Modes.cmdReturn_Click();
         bench_->Help.mnuAbout_Click();
         Save("about");
-        bench_->cmdReturn_Click();
+        bench_->Modes.cmdReturn_Click();
     }
 
     // In German: each machine, the settings, the help and the drawing.
@@ -109,12 +109,13 @@ public:
             Save((std::string("german_") + name).c_str());
         }
         for (int page = 0; page < 5; ++page) {
-            bench_->Window.ShowSettings(page);
+            if (page == 0) bench_->Main.mnuGeneral.Click();
+            bench_->Main.tabSettings.Value = page;
             Save((std::string("german_settings_") + std::to_string(page)).c_str());
         }
         bench_->Help.mnuHelpText_Click();
         Save("german_help");
-        bench_->cmdReturn_Click();
+        bench_->Modes.cmdReturn_Click();
         ShowDrawing("f1_lid");
         Save("german_draw");
     }
@@ -153,7 +154,7 @@ private:
         bench_->Store.ProgramChanged = false;
         std::string file = std::string(KVT_SOURCE_DIR "/samples/") + name + ".cnc";
         bench_->Reader.LoadFile(file);
-        bench_->cmdReturn_Click();
+        bench_->Modes.cmdReturn_Click();
     }
     // A part of the program comes back as the machine sends it, then the whole goes out at 300 baud.
     void TakeTransfer() {

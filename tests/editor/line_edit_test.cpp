@@ -15,7 +15,7 @@ protected:
     void Begin(const std::string& machine) {
         Bench->Store.Machine = MachineNamed(machine).value();
         List.Clear();
-        Bench->RefreshMachine();
+        Bench->Display.RefreshMachine();
         Bench->Store.AddBlankLine(true);
     }
     // The entry row as a user has it before Enter in the comment: code, five fields, comment.

@@ -86,7 +86,7 @@ TEST_F(StartTest, WithoutResetCopiesTheBuiltInValuesServe) {
     EXPECT_EQ(Bench->frmMain.Left, 7500);
     EXPECT_EQ(Bench->Store.LimitValues(limit::N499), 499);
     EXPECT_EQ(Bench->Platform.Focus.Focused(), &Bench->Entry.txtGMcode);
-    Bench->Window.mnuExit_Click();
+    Bench->Main.mnuExit.Click();
     // Values in force at the first end are those of the reset copy, but for the place; a missing port is no choice of
     // the user's.
     InstallResetCopies(Platform.Files, Folder);
@@ -114,7 +114,7 @@ TEST_F(StartTest, AFolderThatCannotBeMadeIsToldOfOnceAtTheStart) {
     Platform.System.Watch(Bench->frmMain);
     Platform.System.Advance(2000);
     Platform.Dialogs.Answers = {Answer::No};
-    Bench->Window.mnuExit_Click();
+    Bench->Main.mnuExit.Click();
     ASSERT_EQ(Platform.Dialogs.Shown.size(), 1u);
     EXPECT_EQ(Platform.Dialogs.Shown[0].Text, "Do you want to save the open file now?");
     EXPECT_TRUE(Platform.System.Ended);

@@ -19,7 +19,7 @@ std::string SettingsAfterARun(const std::string& folder, const std::string& sett
     const auto bench = std::make_unique<kvt::Workbench>(platform.Services);
     bench->Form_Load("");
     if (!bench->frmMain.Visible) std::abort();
-    bench->Window.mnuExit_Click();
+    bench->Main.mnuExit.Click();
     if (!platform.System.Ended) std::abort();
     return platform.Files.ReadWhole(settings);
 }

@@ -274,7 +274,7 @@ TEST_F(StepTest, OtherWaysOutOfTheWait) {
     // The program goes away under the wait.
     Check("MK4", {Plain("21"), Plain("21")});
     ThenStep();
-    Then([this] { Bench->ClearProgram_Click(); });
+    Then([this] { Bench->Calls.ClearProgram_Click(); });
     Shown().cmdRun.Click();
     ExpectLeft();
     EXPECT_EQ(List().Count(), 0);

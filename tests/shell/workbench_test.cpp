@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <set>
+
 #include "basic/text.h"
 #include "support/bench_fixture.h"
 #include "support/table.h"
@@ -52,7 +54,7 @@ TEST_F(WorkbenchTest, ClearingAsksAboutChangesAndNoKeepsEverything) {
     LoadPart();
     for (Control* overlay : Overlays()) overlay->Visible = true;
     Platform.Dialogs.Answers = {Answer::No};
-    Bench->ClearProgram_Click();
+    Bench->Calls.ClearProgram_Click();
     ASSERT_EQ(Platform.Dialogs.Shown.size(), 1u);
     EXPECT_EQ(Platform.Dialogs.Shown[0].Text, "File has been changed. Clear anyway?");
     EXPECT_EQ(Platform.Dialogs.Shown[0].Title, "Clear?");
@@ -71,7 +73,7 @@ TEST_F(WorkbenchTest, ClearingEmptiesTheProgramAndTheEntryRow) {
     Bench->Calls.mnuDraw_Click = [&] { ++drawings; };
     Bench->Language.EntryCaption = "Eingabe";
     Platform.Dialogs.Answers = {Answer::Yes};
-    Bench->ClearProgram_Click();
+    Bench->Calls.ClearProgram_Click();
     EXPECT_EQ(Bench->Store.lvCncProgram.Count(), 0);
     EntryRow& entry = Bench->Entry;
     EXPECT_EQ(entry.frEntry.Caption, "Eingabe");
@@ -99,10 +101,10 @@ TEST_F(WorkbenchTest, ClearingEmptiesTheProgramAndTheEntryRow) {
     Platform.Dialogs.Shown.clear();
     Bench->Store.AddBlankLine(true);
     Bench->Store.ProgramChanged = true;
-    Bench->ClearProgram_Click();
+    Bench->Calls.ClearProgram_Click();
     LoadPart();
     Bench->Store.ProgramChanged = false;
-    Bench->ClearProgram_Click();
+    Bench->Calls.ClearProgram_Click();
     EXPECT_TRUE(Platform.Dialogs.Shown.empty());
     EXPECT_EQ(Bench->Store.lvCncProgram.Count(), 0);
 }
@@ -121,9 +123,9 @@ TEST_F(WorkbenchTest, AFrozenWindowKeepsItsStop) {
         if (inFrame || control->Name() == "cmdTopButtons") frozen.push_back(control);
     }
     ASSERT_GE(frozen.size(), 55u);
-    Bench->ControlsEnable(0);
+    Bench->Modes.ControlsEnable(0);
     for (Control* control : frozen) EXPECT_FALSE(control->Enabled) << control->Name();
-    EXPECT_FALSE(Bench->ControlsOn);
+    EXPECT_FALSE(Bench->Modes.ControlsOn());
     for (Control* control : Named("lvCncProgram lstF1Gcodes"))
         EXPECT_TRUE(control->Enabled) << control->Name();
     // Returning to the editor frees it.
@@ -133,18 +135,18 @@ TEST_F(WorkbenchTest, AFrozenWindowKeepsItsStop) {
         const bool feedButton = control == &Bench->Entry.cmdFeedA || control == &Bench->Entry.cmdFeedB;
         EXPECT_EQ(control->Enabled, !feedButton) << control->Name();
     }
-    EXPECT_TRUE(Bench->ControlsOn);
+    EXPECT_TRUE(Bench->Modes.ControlsOn());
 
     // The frame of the step buttons is left alone while a program is stepped.
     Bench->Store.EditorRunMode = true;
-    Bench->ControlsEnable(0);
+    Bench->Modes.ControlsEnable(0);
     EXPECT_TRUE(Bench->Main.frCmdEditor3.Enabled);
     EXPECT_FALSE(Bench->Results.cmdStop.Enabled);
     Bench->Store.EditorRunMode = false;
-    Bench->ControlsEnable(1);
+    Bench->Modes.ControlsEnable(1);
     // A transmission can be stopped by hand.
     Bench->Store.TransmitActive = true;
-    Bench->ControlsEnable(0);
+    Bench->Modes.ControlsEnable(0);
     EXPECT_FALSE(Bench->Results.cmdRun.Enabled);
     EXPECT_TRUE(Bench->Results.cmdStop.ReallyEnabled());
 }
@@ -202,6 +204,30 @@ TEST_F(WorkbenchTest, AFailureWhileTheReporterRunsIsDropped) {
     ASSERT_EQ(bench.Log.Records().size(), 2u);
     EXPECT_EQ(bench.Log.Records()[0].Procedure, "First");
     EXPECT_EQ(bench.Log.Records()[1].Procedure, "Second");
+}
+
+// A control that was made without a row would lie in the corner, outside the Tab order, and stay free while the window is
+// frozen.
+TEST_F(WorkbenchTest, EveryControlHasARow) {
+    std::set<std::string> rows;
+    const auto add = [&rows](std::span<const ControlRow> table, const std::string& side) {
+        for (const ControlRow& row : table) {
+            std::string name = row.Name;
+            if (const std::size_t at = name.find('#'); at != std::string::npos) name.replace(at, 1, side);
+            EXPECT_TRUE(rows.insert(name).second) << name;
+        }
+    };
+    add(ControlRows(), "");
+    add(PortSideRows(), "TX");
+    add(PortSideRows(), "RX");
+    add(TransferRows(), "");
+    for (const Control* control : Bench->frmMain.Controls()) {
+        const ControlKind kind = control->Kind();
+        // The entries for the pre-processors come with their folder.
+        if (kind == ControlKind::Timer || kind == ControlKind::FileDialog || control->Name() == "mnuPP")
+            continue;
+        EXPECT_TRUE(rows.contains(control->Name())) << control->Name();
+    }
 }
 
 }  // namespace kvt::test

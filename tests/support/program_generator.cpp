@@ -61,8 +61,8 @@ void Use(Workbench& bench, const Setting& setting) {
     bench.Store.Horizontal = setting.Horizontal;
     bench.Machine.SetUnits(UnitsOf(setting.Metric));
     bench.Store.ProgramChanged = false;
-    bench.Window.mnuNew_Click();
-    bench.ShowCodeLists();
+    bench.Main.mnuNew.Click();
+    bench.Display.ShowCodeLists();
 }
 
 std::vector<std::string> CodesOf(Workbench& bench) {

@@ -112,7 +112,7 @@ TEST_F(TransferTest, AVanishedPortIsToldInEachState) {
     EXPECT_THAT(Transmit(), ::testing::EndsWith("    00 00                     \r\n"));
     EXPECT_EQ(Platform.Dialogs.Shown.size(), 1u);
     EXPECT_THAT(LastBox(), HasSubstr("The last line sent was:\r\n    00 00"));
-    EXPECT_TRUE(Bench->ControlsOn);
+    EXPECT_TRUE(Bench->Modes.ControlsOn());
     EXPECT_FALSE(Bench->Transfer.frTransmit.Visible);
 
     // Once, also where Stop has been clicked before.
@@ -187,7 +187,7 @@ TEST_F(TransferTest, AnImportLosesNothing) {
     Platform.Dialogs.OnUnanswered = nullptr;
     EXPECT_EQ(Received(), "no programmore");
     EXPECT_TRUE(Bench->Transfer.frCmdRX.Visible);
-    EXPECT_FALSE(Bench->ControlsOn);
+    EXPECT_FALSE(Bench->Modes.ControlsOn());
     Bench->Received.cmdReceiveExit_Click();
 
     // What is being sent stays.

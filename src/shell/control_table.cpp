@@ -1,0 +1,83 @@
+#include "shell/control_table.h"
+
+#include "basic/failure.h"
+
+namespace kvt {
+
+namespace {
+
+// The name of a row on one side of the port.
+std::string NameOf(std::string_view name, std::string_view side) {
+    std::string whole(name);
+    if (const std::size_t at = whole.find('#'); at != std::string::npos) whole.replace(at, 1, side);
+    return whole;
+}
+
+}  // namespace
+
+int Length::In(int width, int height) const {
+    const int base = Follows == Of::Width ? width : Follows == Of::Height ? height : 0;
+    return std::clamp(base + Twips, Least, Most);
+}
+
+ControlTable::ControlTable(Form& form) : form_(form) {
+    for (const ControlRow& row : ControlRows()) Add(row, {});
+    for (const std::string_view side : {"TX", "RX"}) {
+        for (const ControlRow& row : PortSideRows()) Add(row, side);
+    }
+    for (const ControlRow& row : TransferRows()) Add(row, {});
+}
+
+void ControlTable::Add(const ControlRow& row, std::string_view side) {
+    const std::string name = NameOf(row.Name, side);
+    const std::string containerName = NameOf(row.Container, side);
+    Control* const container = containerName.empty() ? nullptr : form_.FindControl(containerName);
+    if (!containerName.empty() && !container) throw Failure("No control " + containerName);
+    if (Control* const single = form_.FindControl(name)) return AddOne(*single, row, container);
+    int index = 0;
+    while (Control* const element = form_.FindControl(name, index)) {
+        AddOne(*element, row, container);
+        ++index;
+    }
+    if (index == 0) throw Failure("No control " + name);
+}
+
+void ControlTable::AddOne(Control& control, const ControlRow& row, Control* container) {
+    if (container) control.Container = container;
+    if (row.Page >= 0) control.Page = row.Page;
+    if (row.Traits & ControlRow::Hidden) control.Visible = false;
+    if (row.Traits & ControlRow::TabStop) control.TabIndex = nextTab_++;
+    if (row.Traits & ControlRow::AtRight) static_cast<Label&>(control).AtRight = true;
+    entries_.push_back({&control, &row});
+}
+
+void ControlTable::Place(bool mill) const {
+    const int width = form_.Width;
+    const int height = form_.Height;
+    for (const Entry& entry : entries_) {
+        const ControlRow& row = *entry.Row;
+        const Area& area = mill && row.OnMill.IsSet ? row.OnMill : row.Place;
+        if (!area.IsSet) continue;
+        Control& control = *entry.Of;
+        const int element = std::max(control.Index(), 0);
+        const Grid& grid = row.Elements;
+        control.Left = area.Left.In(width, height) + element % grid.Columns * grid.Right;
+        control.Top = area.Top.In(width, height) + element / grid.Columns * grid.Down;
+        control.Width = area.Width.In(width, height);
+        control.Height = area.Height.In(width, height);
+    }
+}
+
+void ControlTable::EnableFrozen(bool enabled) const {
+    for (const Entry& entry : entries_) {
+        if (entry.Row->Traits & ControlRow::Frozen) entry.Of->Enabled = enabled;
+    }
+}
+
+void ControlTable::HideOverlays() const {
+    for (const Entry& entry : entries_) {
+        if (entry.Row->Traits & ControlRow::Overlay) entry.Of->Visible = false;
+    }
+}
+
+}  // namespace kvt

@@ -1,0 +1,58 @@
+#include "shell/program_clearing.h"
+
+#include "files/questions.h"
+
+namespace kvt {
+
+bool ProgramClearing::MayClear() {
+    ProgramStore& store = parts_.Store;
+    if (store.LineCount() == 0 || !store.Unsaved()) return true;
+    if (!AskToClear(parts_.Platform.Dialogs, parts_.Language)) return false;
+    // The user has tried to save it, in vain: the next start offers it.
+    if (store.SaveFailed) parts_.Calls.KeepRecoveryCopy();
+    return true;
+}
+
+void ProgramClearing::Empty() {
+    ProgramStore& store = parts_.Store;
+    store.lvCncProgram.Clear();
+    parts_.Entry.txtGMcode.Text = "";
+    parts_.Entry.txtComment.Text = "";
+    parts_.Lists.lstMK4Gcodes.ListIndex = -1;
+    parts_.Lists.lstMK4Mcodes.ListIndex = -1;
+    FileControls& file = parts_.File;
+    file.lblPath.Caption = "";
+    file.lblFileName.Caption = "";
+    file.txtFileNotes.Text = "";
+    file.NamesSource = false;
+    parts_.Entry.frEntry.Caption = parts_.Language.EntryCaption;
+    store.ProgramChanged = false;
+    store.EndCodePresent = false;
+    store.SaveFailed = false;
+}
+
+void ProgramClearing::ClearProgram_Click() {
+    Run(parts_.Calls.cmdReturn_Click);
+    if (!MayClear()) return;
+    // The row that the drawing gives back is one of this program.
+    parts_.DrawnLine.RestoreSelection();
+    Empty();
+    parts_.Interpreter.ClearAxesProperties();
+    parts_.Layout.ClearEntryFields();
+    parts_.Interpreter.RefreshLineCount();
+    parts_.View.MakeLinePropertiesColumns();
+    parts_.Display.RefreshMachine();
+    parts_.Interpreter.Interpreter();
+    parts_.Display.ShowCodeLists();
+    if (parts_.Entry.txtGMcode.ReallyVisible()) parts_.Platform.Focus.SetFocus(parts_.Entry.txtGMcode);
+    // Last: a drawing that waits then finds all of it gone.
+    Run(parts_.Calls.mnuDraw_Click);
+}
+
+void ProgramClearing::mnuNew_Click() {
+    ClearProgram_Click();
+    parts_.Store.AddBlankLine(true);
+    Run(parts_.Calls.RefreshTitle);
+}
+
+}  // namespace kvt
