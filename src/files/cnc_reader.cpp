@@ -94,6 +94,14 @@ std::string_view PrefixOr(const char& forced, std::string_view inFile) {
     return forced != 0 ? std::string_view(&forced, 1) : inFile;
 }
 
+// Whether the fourth parameter of the mill is an H of four digits, the first in the place of the letter: as they
+// stand, since formatted without it a 0 behind it would be lost.
+bool FourDigits(std::string_view record, const ForcedPrefix& forced) {
+    const std::string_view number = record.substr(cnc::F1Fourth.Prefix.At, 4);
+    return forced.Fourth == 0 && number[0] != '0' &&
+           number.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 // The units line of the mill, which names the orientation too.
 struct MillUnits {
     const char* Mark;
@@ -310,8 +318,10 @@ bool CncReader::ReadF1(std::string_view record) {
                                    Field(record, cnc::F1Second.Digits), "##00", 4);
     row[column::Z] = ParameterCell(PrefixOr(forced.Third, Field(record, cnc::F1Third.Prefix)),
                                    Field(record, cnc::F1Third.Digits), "###00", 5);
-    row[column::F] = ParameterCell(PrefixOr(forced.Fourth, Field(record, cnc::F1Fourth.Prefix)),
-                                   Field(record, cnc::F1Fourth.Digits), "#00", 3);
+    row[column::F] = FourDigits(record, forced)
+                         ? std::string(record.substr(cnc::F1Fourth.Prefix.At, 4))
+                         : ParameterCell(PrefixOr(forced.Fourth, Field(record, cnc::F1Fourth.Prefix)),
+                                         Field(record, cnc::F1Fourth.Digits), "#00", 3);
     ClearResultCells(row);
     row[column::Comment] = Trim(Field(record, cnc::Comment));
     return true;
