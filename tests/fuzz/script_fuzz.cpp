@@ -14,15 +14,17 @@ using kvt::test::Demand;
 
 namespace {
 
-const char* const programs[] = {
-    "%\\r\\n    N` G`   X `    Z `  F`  H \\r\\n    00 92  2000    500\\r\\n    01 01  1000 - 2000  50\\r\\n"
-    "    02 02  1500 - 2250  50\\r\\n    03 84   900 - 1500 100  40\\r\\n    04 25            L 06\\r\\n"
-    "    05M30\\r\\n    06M17\\r\\n   M\\r\\n",
-    "%\\r\\n    N` G`  X  `  Y `   Z ` F  \\r\\n    00 92    00   00   500\\r\\n    01M06D  500S1200    00T "
-    "01\\r\\n"
-    "    02 72  1580 1580-  200  70\\r\\n    03 73           - 1200  50\\r\\n    04M30\\r\\n   MI\\r\\n",
-    "%\\r\\n   N00 G92 X 3200 Z  1000 F   \\r\\n   N01 G03 X 2200 Z-  400 F 40\\r\\n   N02 G22 X      Z      "
-    " F   \\r\\n   M\\r\\n"};
+// With its line ends written as a script writes them.
+constexpr const char* mk4 =
+    R"(%\r\n    N` G`   X `    Z `  F`  H \r\n    00 92  2000    500\r\n    01 01  1000 - 2000  50\r\n)"
+    R"(    02 02  1500 - 2250  50\r\n    03 84   900 - 1500 100  40\r\n    04 25            L 06\r\n)"
+    R"(    05M30\r\n    06M17\r\n   M\r\n)";
+constexpr const char* f1 =
+    R"(%\r\n    N` G`  X  `  Y `   Z ` F  \r\n    00 92    00   00   500\r\n    01M06D  500S1200    00T 01\r\n)"
+    R"(    02 72  1580 1580-  200  70\r\n    03 73           - 1200  50\r\n    04M30\r\n   MI\r\n)";
+constexpr const char* mk2 =
+    R"(%\r\n   N00 G92 X 3200 Z  1000 F   \r\n   N01 G03 X 2200 Z-  400 F 40\r\n   M\r\n)";
+constexpr const char* programs[] = {mk4, f1, mk2};
 
 constexpr const char* keys[] = {"Enter",  "Tab",    "Shift+Tab", "Esc",    "Insert", "Delete", "Backspace",
                                 "Up",     "Down",   "Left",      "Right",  "Home",   "End",    "F1",
