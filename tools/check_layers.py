@@ -18,9 +18,10 @@ MAY_INCLUDE = {room: set(CORE[:level]) for level, room in enumerate(CORE)}
 MAY_INCLUDE["transfer"] = set(CORE)
 MAY_INCLUDE["draw"] = set(CORE)
 MAY_INCLUDE["shell"] = {*CORE, "transfer", "draw"}
-MAY_INCLUDE["headless"] = {"basic", "platform"}
-MAY_INCLUDE["desktop"] = {"basic", "platform"}
-MAY_INCLUDE["console"] = {*MAY_INCLUDE["shell"], "shell", "headless"}
+MAY_INCLUDE["system"] = {"basic", "platform"}
+MAY_INCLUDE["headless"] = {"basic", "platform", "system"}
+MAY_INCLUDE["desktop"] = {"basic", "platform", "system"}
+MAY_INCLUDE["console"] = {*MAY_INCLUDE["shell"], "shell", "headless", "system"}
 MAY_INCLUDE["app"] = {*MAY_INCLUDE["console"], "console", "desktop"}
 
 # Headers from outside, by the beginning of their names -> the rooms that may include them.

@@ -34,12 +34,12 @@ bool MachineOf(std::string_view ownName, iso::Machine& machine) {
 // What the check of the workbench finds in the program, as a refusal that names the line of the ISO program.
 void CheckAsTheMachine(const std::string& file, const iso::MachineProgram& program) {
     MemoryPlatform platform;
-    Workbench bench(platform.Services);
+    Workbench workbench(platform.Services);
     std::string name = file;
-    if (bench.Reader.LoadFile(name) != LoadResult::Loaded)
+    if (workbench.Reader.LoadFile(name) != LoadResult::Loaded)
         throw iso::Refusal{0, "the program was not written"};
-    const ListView& rows = bench.Store.lvCncProgram;
-    for (int row = 1; row <= bench.Store.LineCount(); ++row) {
+    const ListView& rows = workbench.Store.lvCncProgram;
+    for (int row = 1; row <= workbench.Store.LineCount(); ++row) {
         std::string_view finding = Trim(rows.Row(row)[column::Error].View());
         if (finding.empty()) continue;
         if (finding.front() == '!') finding.remove_prefix(1);
@@ -49,9 +49,9 @@ void CheckAsTheMachine(const std::string& file, const iso::MachineProgram& progr
                                      program.Rows[std::min(index, program.Rows.size() - 1)].Code +
                                      "): " + std::string(finding)};
     }
-    if (bench.Store.LineCount() > bench.Store.MaxLines()) {
-        throw iso::Refusal{0, "the program has " + PlainNumber(bench.Store.LineCount()) +
-                                  " lines, the machine holds " + PlainNumber(bench.Store.MaxLines())};
+    if (workbench.Store.LineCount() > workbench.Store.MaxLines()) {
+        throw iso::Refusal{0, "the program has " + PlainNumber(workbench.Store.LineCount()) +
+                                  " lines, the machine holds " + PlainNumber(workbench.Store.MaxLines())};
     }
 }
 

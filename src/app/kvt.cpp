@@ -17,9 +17,9 @@
 #include "desktop/form_view.h"
 #include "desktop/text.h"
 #include "files/folders.h"
-#include "headless/disk_files.h"
-#include "headless/system_programs.h"
 #include "shell/workbench.h"
+#include "system/disk_files.h"
+#include "system/system_programs.h"
 
 namespace {
 
@@ -145,9 +145,9 @@ int RunProgram(int argc, char** argv) {
     kvt::DesktopPlatform platform(files, programs,
                                   options.Scale > 0 ? options.Scale : kvt::DesktopPlatform::ScreenFactor());
     kvt::DesktopSystem& system = platform.Desktop.System;
-    files.KeepIn(kvt::FoldersBelow(system.LocalDataFolder()).DataFolder);
+    files.SetDataFolder(kvt::FoldersBelow(system.LocalDataFolder()).DataFolder);
     files.RemoveLeftovers();
-    kvt::BringResetCopies(files, system.LocalDataFolder());
+    kvt::InstallResetCopies(files, system.LocalDataFolder());
     BringPreProcessors(system.LocalDataFolder());
     kvt::Workbench workbench(platform.Services);
     workbench.Modules.StartFolder = kvt::PathText(QApplication::applicationDirPath()) + "/";

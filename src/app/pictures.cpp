@@ -19,9 +19,9 @@
 #include "console/played_machine.h"
 #include "desktop/desktop_platform.h"
 #include "desktop/form_view.h"
-#include "headless/disk_files.h"
-#include "headless/system_programs.h"
 #include "shell/workbench.h"
+#include "system/disk_files.h"
+#include "system/system_programs.h"
 
 namespace {
 

@@ -57,7 +57,7 @@ int CheckOneAsJson(const std::string& file, JsonSink& out) {
 }  // namespace
 
 int Check(const std::vector<std::string>& files, bool json, const ConsoleOptions& options) {
-    int worst = status::Well;
+    int worst = status::Succeeded;
     bool first = true;
     JsonSink out(stdout);
     for (const std::string& file : files) {
@@ -76,11 +76,11 @@ int Check(const std::vector<std::string>& files, bool json, const ConsoleOptions
 int WriteLanguageModule(const std::string& out) {
     if (const std::string why = WhyNotWritten(out); !why.empty()) return Complain(out, why);
     MemoryPlatform platform;
-    PrepareToWrite(platform.Disk);
+    PrepareToWrite(platform.Files);
     const auto bench = std::make_unique<Workbench>(platform.Services);
     try {
         platform.Files.WriteWhole(NameFromSystem(out), bench->Modules.WriteModule());
-        return status::Well;
+        return status::Succeeded;
     } catch (const RunTimeError&) {
         return Complain(out, "could not be written");
     }
@@ -95,7 +95,7 @@ int FormatFile(const std::string& file, const std::string& out) {
     // Writing these back would lose what was not found.
     if (HasBareLineEnds(loaded, file))
         return Complain(file, "not all of its lines end in CR LF; nothing was written");
-    PrepareToWrite(loaded.Platform.Disk);
+    PrepareToWrite(loaded.Platform.Files);
     bench.File.lblPath.Caption = NameFromSystem(out);
     const std::size_t shown = loaded.Platform.Dialogs.Shown.size();
     bench.Writer.mnuSave_Click();

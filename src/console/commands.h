@@ -7,7 +7,7 @@ namespace kvt {
 
 // Exit status of every command.
 namespace status {
-inline constexpr int Well = 0;
+inline constexpr int Succeeded = 0;
 inline constexpr int Finding = 1;  // the program has an error
 inline constexpr int Usage = 2;    // wrong usage, or a file that cannot be read or recognised
 }  // namespace status

@@ -17,7 +17,7 @@ namespace kvt {
 
 namespace {
 
-using OfKind = DrawOperation::Kind;
+using OperationKind = DrawOperation::Kind;
 
 struct OperationFieldName {
     const char* Name;
@@ -50,13 +50,13 @@ constexpr OperationFieldName fields[] = {
 
 bool HasField(const DrawOperation& operation, const OperationFieldName& field) {
     switch (operation.What) {
-        case OfKind::Line: return field.OfLine;
-        case OfKind::Box: return field.OfBox;
-        case OfKind::Circle: return field.OfCircle;
-        case OfKind::Clear:
-        case OfKind::Picture: break;
+        case OperationKind::Line: return field.OfLine;
+        case OperationKind::Box: return field.OfBox;
+        case OperationKind::Circle: return field.OfCircle;
+        case OperationKind::Clear:
+        case OperationKind::Picture: break;
     }
-    return operation.What == OfKind::Clear && std::string_view(field.Name) == "color";
+    return operation.What == OperationKind::Clear && std::string_view(field.Name) == "color";
 }
 
 // A file with its drawing: the window maximised and fitted. Nobody looks on, so what waits for a user goes on.
@@ -69,19 +69,17 @@ public:
         DrawWindow& draw = Loaded.Bench->Draw;
         Loaded.Platform.System.Watch(draw.Controls.frmDraw);
         Loaded.Platform.System.NextEvent = [&draw] {
-            if (draw.State.WaitingForClick) {
-                draw.State.WaitingForClick = false;
-            } else if (draw.State.StepMode && draw.Controls.cmdStep.Enabled) {
-                draw.Controls.cmdStep.Click();
-            } else {
-                return false;
+            switch (draw.State.Wait) {
+                case UserWait::Click: draw.State.EndClickWait(); return true;
+                case UserWait::Step: draw.Controls.cmdStep.Click(); return true;
+                case UserWait::None: break;
             }
-            return true;
+            return false;
         };
         draw.Show();
         if (draw.GivenUp()) {
             Complain(file, "the drawing was ended after " +
-                               PlainNumber(std::int64_t{Loaded.Platform.System.Patience}) +
+                               PlainNumber(std::int64_t{Loaded.Platform.System.GiveUpAfter}) +
                                " turns: this program never ends");
         }
     }
@@ -118,11 +116,11 @@ int DrawOneAsJson(const std::string& file, JsonSink& out) {
 
 std::string_view OperationName(const DrawOperation& operation) {
     switch (operation.What) {
-        case OfKind::Clear: return "clear";
-        case OfKind::Line: return "line";
-        case OfKind::Box: return "box";
-        case OfKind::Circle: return "circle";
-        case OfKind::Picture: break;
+        case OperationKind::Clear: return "clear";
+        case OperationKind::Line: return "line";
+        case OperationKind::Box: return "box";
+        case OperationKind::Circle: return "circle";
+        case OperationKind::Picture: break;
     }
     return "picture";
 }
@@ -158,7 +156,7 @@ void WriteOperations(JsonSink& out, std::span<const DrawOperation> operations) {
 }
 
 int DrawAsJson(const std::vector<std::string>& files) {
-    int worst = status::Well;
+    int worst = status::Succeeded;
     JsonSink out(stdout);
     for (const std::string& file : files) {
         int one = status::Usage;
@@ -184,7 +182,7 @@ int DrawPicture(const std::string& file, const std::string& out) {
         Complain(file, error);
         return status::Usage;
     }
-    PrepareToWrite(drawn.Loaded.Platform.Disk);
+    PrepareToWrite(drawn.Loaded.Platform.Files);
     const bool written = Attempt("draw", [&] {
         drawn.Loaded.Platform.Files.WriteWhole(NameFromSystem(out),
                                                drawn.Loaded.Bench->Draw.Output.Picture(kind));

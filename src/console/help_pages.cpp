@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 
 constexpr int pictureWidth = 7400, pictureHeight = 6600;  // of the drawing window, twips
 constexpr double widest = 460, highest = 340;             // of a drawing in the document, pixels
-constexpr double twipsAPixel = 15;
+constexpr double twipsPerPixel = 15;
 
 std::string ReadAll(const fs::path& file) {
     std::ifstream in(file, std::ios::binary);
@@ -39,11 +39,11 @@ class Example {
 public:
     explicit Example(const HelpBlock& block)
         : block_(block),
-          bench_(std::make_unique<Workbench>(platform_.Services)),
-          window_(bench_->Draw.Controls.frmDraw, platform_.Screen, platform_.Focus) {
+          workbench_(std::make_unique<Workbench>(platform_.Services)),
+          window_(workbench_->Draw.Controls.frmDraw, platform_.Screen, platform_.Focus) {
         ReadHead();
-        ProgramStore& store = bench_->Store;
-        bench_->RefreshMachine();
+        ProgramStore& store = workbench_->Store;
+        workbench_->RefreshMachine();
         store.AddBlankLine(false);
         for (const std::string& line : block.Lines) {
             ++line_;
@@ -57,13 +57,13 @@ public:
     }
 
     std::string Listing() const {
-        const bool mill = bench_->Store.IsF1();
+        const bool mill = workbench_->Store.IsF1();
         std::vector<int> columns = {column::Number, column::Code, column::X};
         if (mill) columns.push_back(column::Y);
         columns.insert(columns.end(), {column::Z, column::F});
-        if (bench_->Store.IsMK4()) columns.push_back(column::H);
+        if (workbench_->Store.IsMK4()) columns.push_back(column::H);
         columns.push_back(column::Comment);
-        const ListView& list = bench_->Store.lvCncProgram;
+        const ListView& list = workbench_->Store.lvCncProgram;
         std::string text;
         for (const int c : columns) {
             std::string head = list.Header(c + 1).Text;
@@ -71,7 +71,7 @@ public:
             text += head + " ";
         }
         text = std::string(TrimRight(text)) + "\n";
-        for (int row = 1; row <= bench_->Store.LineCount(); ++row) {
+        for (int row = 1; row <= workbench_->Store.LineCount(); ++row) {
             std::string line;
             for (const int c : columns) {
                 std::string cell(list.Row(row)[c]);
@@ -87,7 +87,7 @@ public:
 
     // The drawing as an SVG document; empty where nothing is drawn.
     std::string Draw(double& width, double& height) {
-        DrawWindow& draw = bench_->Draw;
+        DrawWindow& draw = workbench_->Draw;
         // A window as large as the picture is to be, so that lines keep their width.
         platform_.Screen.WidthTwips = 0;
         draw.Controls.frmDraw.Width = pictureWidth;
@@ -98,18 +98,18 @@ public:
         platform_.System.Watch(draw.Controls.frmDraw);
         draw.Show();
         const PictureBox& field = draw.Controls.pbxDrawField;
-        const bool moves = bench_->Results.lblXAxisTravel.Caption != "0" ||
-                           bench_->Results.lblYAxisTravel.Caption != "0" ||
-                           bench_->Results.lblZAxisTravel.Caption != "0";
+        const bool moves = workbench_->Results.lblXAxisTravel.Caption != "0" ||
+                           workbench_->Results.lblYAxisTravel.Caption != "0" ||
+                           workbench_->Results.lblZAxisTravel.Caption != "0";
         if (!moves) return {};
         const FieldArea area = AreaOf(field.Operations(), field.ScaleWidth(), field.ScaleHeight());
         const double scale =
-            std::min({widest * twipsAPixel / area.Width, highest * twipsAPixel / area.Height, 1.0});
-        width = area.Width / twipsAPixel * scale;
-        height = area.Height / twipsAPixel * scale;
-        return SvgOf(field.Operations(), {bench_->Store.Machine, draw.State.DrawScale,
-                                          bench_->Store.Metric ? "0.01 mm" : "0.001 inch", field.ScaleWidth(),
-                                          field.ScaleHeight()});
+            std::min({widest * twipsPerPixel / area.Width, highest * twipsPerPixel / area.Height, 1.0});
+        width = area.Width / twipsPerPixel * scale;
+        height = area.Height / twipsPerPixel * scale;
+        return SvgOf(field.Operations(), {workbench_->Store.Machine, draw.State.DrawScale,
+                                          workbench_->Store.Metric ? "0.01 mm" : "0.001 inch",
+                                          field.ScaleWidth(), field.ScaleHeight()});
     }
 
 private:
@@ -121,9 +121,9 @@ private:
         bool units = false;
         for (const std::string_view word : Split(block_.Head, " ")) {
             if (word == "MK2" || word == "MK4" || word == "F1") {
-                bench_->Store.Machine = word;
+                workbench_->Store.Machine = word;
             } else if (word == "mm" || word == "inch") {
-                bench_->Machine.SetUnits(word == "mm" ? "Metric" : "Imperial");
+                workbench_->Machine.SetUnits(word == "mm" ? "Metric" : "Imperial");
                 units = true;
             } else if (word == "error") {
                 wantsError_ = true;
@@ -138,12 +138,12 @@ private:
     void Enter(std::string_view line) {
         const std::size_t comment = line.find(';');
         const std::vector<std::string_view> words = Split(Trim(line.substr(0, comment)), " ");
-        EntryRow& entry = bench_->Entry;
+        EntryRow& entry = workbench_->Entry;
         if (words[0].size() < 3) Fail("no code: " + std::string(line));
         entry.lblGMcode.Caption = words[0].substr(0, 1);
         std::string code(words[0].substr(1));
         entry.txtGMcode.Text = code;
-        bench_->Layout.InputFields(code);
+        workbench_->Layout.InputFields(code);
         for (TextBox* field : {&entry.txtXI, &entry.txtYJ, &entry.txtZK, &entry.txtFKTL, &entry.txtH})
             field->Text = field->Visible ? "0" : "";
         for (std::size_t i = 1; i < words.size(); ++i) {
@@ -151,13 +151,13 @@ private:
         }
         entry.txtComment.Text =
             comment == std::string_view::npos ? "" : FromUtf8(Trim(line.substr(comment + 1)));
-        ListView& list = bench_->Store.lvCncProgram;
+        ListView& list = workbench_->Store.lvCncProgram;
         list.Select(list.Count());
-        bench_->Lines.LineEdit();
+        workbench_->Lines.LineEdit();
     }
 
     TextBox& FieldOf(std::string_view word) {
-        EntryRow& entry = bench_->Entry;
+        EntryRow& entry = workbench_->Entry;
         for (const auto& [label, field] :
              std::initializer_list<std::pair<Label*, TextBox*>>{{&entry.lblXI, &entry.txtXI},
                                                                 {&entry.lblYJ, &entry.txtYJ},
@@ -174,13 +174,13 @@ private:
     [[noreturn]] void Fail(const std::string& what) const { throw HelpFault{block_.Line + line_ - 1, what}; }
 
     std::string FirstFinding() const {
-        const ListRow& row = bench_->Store.lvCncProgram.Row(bench_->Store.ErrorRow);
+        const ListRow& row = workbench_->Store.lvCncProgram.Row(workbench_->Store.ErrorRow);
         return std::string(Trim(row[column::Error])) + " in line " + std::string(Trim(row[column::Number]));
     }
 
     const HelpBlock& block_;
     MemoryPlatform platform_;
-    std::unique_ptr<Workbench> bench_;
+    std::unique_ptr<Workbench> workbench_;
     MemoryWindow window_;
     int line_ = 0;
     bool wantsError_ = false;

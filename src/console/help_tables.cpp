@@ -66,31 +66,31 @@ std::string RangeText(const std::string& tag) {
 class MachineTables {
 public:
     MachineTables(std::string_view machine, const std::string& languageModule)
-        : bench_(std::make_unique<Workbench>(platform_.Services)) {
-        bench_->Modules.LoadLanguageModule(languageModule);
-        bench_->Store.Machine = machine;
-        bench_->RefreshMachine();
+        : workbench_(std::make_unique<Workbench>(platform_.Services)) {
+        workbench_->Modules.LoadLanguageModule(languageModule);
+        workbench_->Store.Machine = machine;
+        workbench_->RefreshMachine();
     }
 
-    bool IsMK2() const { return bench_->Store.IsMK2(); }
+    bool IsMK2() const { return workbench_->Store.IsMK2(); }
 
     std::vector<const ListBox*> Lists() const {
-        const CodeLists& lists = bench_->Lists;
-        if (bench_->Store.IsMK2()) return {&lists.lstMK2Gcodes};
-        if (bench_->Store.IsMK4()) return {&lists.lstMK4Gcodes, &lists.lstMK4Mcodes};
+        const CodeLists& lists = workbench_->Lists;
+        if (workbench_->Store.IsMK2()) return {&lists.lstMK2Gcodes};
+        if (workbench_->Store.IsMK4()) return {&lists.lstMK4Gcodes, &lists.lstMK4Mcodes};
         return {&lists.lstF1Gcodes, &lists.lstF1Mcodes};
     }
 
     std::vector<Parameter> ParametersOf(const std::string& code) {
         std::vector<Parameter> parameters;
         for (const bool metric : {true, false}) {
-            bench_->Machine.SetUnits(metric ? "Metric" : "Imperial");
-            bench_->Entry.lblGMcode.Caption = code.substr(0, 1);
+            workbench_->Machine.SetUnits(metric ? "Metric" : "Imperial");
+            workbench_->Entry.lblGMcode.Caption = code.substr(0, 1);
             std::string form = code.substr(1);
-            bench_->Entry.txtGMcode.Text = form;
-            bench_->Layout.InputFields(form);
+            workbench_->Entry.txtGMcode.Text = form;
+            workbench_->Layout.InputFields(form);
             std::size_t place = 0;
-            const EntryRow& entry = bench_->Entry;
+            const EntryRow& entry = workbench_->Entry;
             for (const auto& [label, field] : std::initializer_list<std::pair<const Label*, const TextBox*>>{
                      {&entry.lblXI, &entry.txtXI},
                      {&entry.lblYJ, &entry.txtYJ},
@@ -109,7 +109,7 @@ public:
 
 private:
     MemoryPlatform platform_;
-    std::unique_ptr<Workbench> bench_;
+    std::unique_ptr<Workbench> workbench_;
 };
 
 std::string CodeOf(const std::string& entry) { return std::string(Trim(Left(entry, 4))); }

@@ -34,6 +34,6 @@ LoadedFile::LoadedFile(const std::string& file) : Bench(std::make_unique<Workben
     error_ = ErrorOf(Bench->Reader.LoadFile(name));
 }
 
-int LoadedFile::Status() const { return HasFinding(*Bench) ? status::Finding : status::Well; }
+int LoadedFile::Status() const { return HasFinding(*Bench) ? status::Finding : status::Succeeded; }
 
 }  // namespace kvt

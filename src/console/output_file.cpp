@@ -12,7 +12,7 @@
 #include "basic/number.h"
 #include "console/loaded_file.h"
 #include "files/folders.h"
-#include "headless/user_folder.h"
+#include "system/user_folder.h"
 
 namespace kvt {
 
@@ -69,7 +69,7 @@ std::string WhyNotWritten(const std::string& out, const std::string& source, Sou
 void PrepareToWrite(DiskFiles& files) {
     const std::string folder = DataFolder();
     if (folder.empty()) return;
-    files.KeepIn(folder);
+    files.SetDataFolder(folder);
     files.RemoveLeftovers();
 }
 

@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "headless/disk_files.h"
+#include "system/disk_files.h"
 
 namespace kvt {
 

@@ -12,7 +12,7 @@
 
 #include "basic/run_time_error.h"
 #include "basic/text.h"
-#include "headless/posix_port.h"
+#include "system/posix_port.h"
 #include "transfer/outgoing_lines.h"
 
 namespace kvt {
@@ -30,7 +30,7 @@ double Now() {
     return std::chrono::duration<double, std::milli>(now).count();
 }
 
-void Rest(double milliseconds) {
+void Sleep(double milliseconds) {
     const auto time = std::chrono::duration<double, std::milli>(std::clamp(milliseconds, 0.0, longestRest));
     std::this_thread::sleep_for(time);
 }
@@ -67,19 +67,19 @@ bool PlayedMachine::OtherEndIsOpen() const {
 
 // How many characters may pass now; at least one, for which it waits.
 std::size_t PlayedMachine::Due() {
-    const double each = line_.Settings.CharacterMilliseconds() / line_.Haste;
-    while (Now() < next_ && !Stops()) Rest(next_ - Now());
+    const double each = line_.Settings.CharacterMilliseconds() / line_.SpeedUp;
+    while (Now() < next_ && !Stops()) Sleep(next_ - Now());
     next_ = std::max(next_, Now() - mostAtOnce * each);
     return 1 + static_cast<std::size_t>(std::max(0.0, (Now() - next_) / each));
 }
 
-bool PlayedMachine::Drops(std::size_t more) {
+bool PlayedMachine::CountPassed(std::size_t more) {
     passed_ += static_cast<long>(more);
-    next_ += static_cast<double>(more) * line_.Settings.CharacterMilliseconds() / line_.Haste;
+    next_ += static_cast<double>(more) * line_.Settings.CharacterMilliseconds() / line_.SpeedUp;
     return line_.DropAfter >= 0 && passed_ >= line_.DropAfter;
 }
 
-TransferEnd PlayedMachine::Take(std::string& received) {
+TransferEnd PlayedMachine::Receive(std::string& received) {
     std::size_t lineStart = 0;
     bool inProgram = false;
     for (;;) {
@@ -88,14 +88,14 @@ TransferEnd PlayedMachine::Take(std::string& received) {
         char piece[64];
         const ssize_t size = read(line_.Handle, piece, std::min(due, sizeof piece));
         if (size < 0 && errno != EAGAIN && errno != EINTR && !(line_.Pseudo && errno == EIO))
-            return TransferEnd::Gone;
-        if (size == 0 && !line_.Pseudo) return TransferEnd::Gone;
+            return TransferEnd::Disconnected;
+        if (size == 0 && !line_.Pseudo) return TransferEnd::Disconnected;
         if (size <= 0) {
-            Rest(line_.Haste > 1 ? 1 : longestRest / 4);
+            Sleep(line_.SpeedUp > 1 ? 1 : longestRest / 4);
             continue;
         }
         received.append(piece, static_cast<std::size_t>(size));
-        const bool drops = Drops(static_cast<std::size_t>(size));
+        const bool drops = CountPassed(static_cast<std::size_t>(size));
         for (std::size_t end = received.find('\n', lineStart); end != std::string::npos;
              end = received.find('\n', lineStart)) {
             std::string_view line = std::string_view(received).substr(lineStart, end - lineStart);
@@ -103,32 +103,32 @@ TransferEnd PlayedMachine::Take(std::string& received) {
             if (EndsReception(line, inProgram)) {
                 // The control listens no longer.
                 received.resize(end + 1);
-                return TransferEnd::Well;
+                return TransferEnd::Completed;
             }
             if (line.substr(0, 1) == "%") inProgram = true;
             lineStart = end + 1;
         }
-        if (drops) return TransferEnd::Dropped;
+        if (drops) return TransferEnd::CutOff;
     }
 }
 
 TransferEnd PlayedMachine::AwaitOtherEnd() {
-    for (double since = Now(); Now() - since < settling / line_.Haste;) {
+    for (double since = Now(); Now() - since < settling / line_.SpeedUp;) {
         if (Stops()) return TransferEnd::Stopped;
         if (!OtherEndIsOpen()) since = Now();
-        Rest(longestRest / line_.Haste);
+        Sleep(longestRest / line_.SpeedUp);
     }
-    return TransferEnd::Well;
+    return TransferEnd::Completed;
 }
 
-void PlayedMachine::AwaitLettingGo() const {
-    while (line_.Pseudo && OtherEndIsOpen() && !Stops()) Rest(longestRest / line_.Haste);
+void PlayedMachine::AwaitRelease() const {
+    while (line_.Pseudo && OtherEndIsOpen() && !Stops()) Sleep(longestRest / line_.SpeedUp);
 }
 
-TransferEnd PlayedMachine::Give(std::string_view file) {
+TransferEnd PlayedMachine::SendProgram(std::string_view file) {
     if (line_.Pseudo) {
         const TransferEnd awaited = AwaitOtherEnd();
-        if (awaited != TransferEnd::Well) return awaited;
+        if (awaited != TransferEnd::Completed) return awaited;
     }
     OutgoingLines lines(file, true);
     std::string text;
@@ -141,15 +141,15 @@ TransferEnd PlayedMachine::Send(std::string_view text) {
         const std::size_t due = std::min(Due(), text.size());
         if (Stops()) return TransferEnd::Stopped;
         const ssize_t size = write(line_.Handle, text.data(), due);
-        if (size < 0 && errno != EAGAIN && errno != EINTR) return TransferEnd::Gone;
+        if (size < 0 && errno != EAGAIN && errno != EINTR) return TransferEnd::Disconnected;
         if (size <= 0) {
-            Rest(1);
+            Sleep(1);
             continue;
         }
         text.remove_prefix(static_cast<std::size_t>(size));
-        if (Drops(static_cast<std::size_t>(size))) return TransferEnd::Dropped;
+        if (CountPassed(static_cast<std::size_t>(size))) return TransferEnd::CutOff;
     }
-    return TransferEnd::Well;
+    return TransferEnd::Completed;
 }
 
 }  // namespace kvt

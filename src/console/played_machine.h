@@ -27,7 +27,7 @@ private:
 };
 
 // How a reception or a sending has ended.
-enum class TransferEnd { Well, Stopped, Gone, Dropped };
+enum class TransferEnd { Completed, Stopped, Disconnected, CutOff };
 
 // The machine's end of the line: takes and gives a program at the line's pace, as the control does.
 class PlayedMachine {
@@ -38,7 +38,7 @@ public:
         // A pseudo-terminal, whose other end comes and goes.
         bool Pseudo = true;
         // So many times faster than the settings say.
-        double Haste = 1;
+        double SpeedUp = 1;
         // After so many characters in either direction it is over; none where below 0.
         long DropAfter = -1;
     };
@@ -48,12 +48,12 @@ public:
     std::function<bool()> StopRequested;
 
     // Collects what comes, up to the line that ends the reception.
-    TransferEnd Take(std::string& received);
+    TransferEnd Receive(std::string& received);
     // Sends what a control sends that is asked for a program with notes: the "%" and the lines behind it, without
     // comments. On a pseudo-terminal it waits until somebody has held the other end for a second.
-    TransferEnd Give(std::string_view file);
+    TransferEnd SendProgram(std::string_view file);
     // On a pseudo-terminal: stays there until the other end is let go, for which the line must not go before.
-    void AwaitLettingGo() const;
+    void AwaitRelease() const;
 
 private:
     bool Stops() const { return StopRequested && StopRequested(); }
@@ -61,7 +61,7 @@ private:
     TransferEnd AwaitOtherEnd();
     TransferEnd Send(std::string_view text);
     std::size_t Due();
-    bool Drops(std::size_t more);
+    bool CountPassed(std::size_t more);
 
     Line line_;
     double next_ = 0;

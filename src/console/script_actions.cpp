@@ -8,8 +8,8 @@
 #include "console/script_drawing.h"
 #include "console/script_run.h"
 #include "console/state.h"
-#include "headless/key_names.h"
-#include "headless/text_editing.h"
+#include "platform/clicks.h"
+#include "platform/key_press.h"
 #include "platform/keys.h"
 
 // What a script can do to the workbench, as a user or as what surrounds it.
@@ -18,10 +18,10 @@ namespace kvt {
 namespace {
 
 using Script = ScriptRun;
-using Given = const Arguments&;
+using Args = const Arguments&;
 
 template <class Kind>
-Kind& OfKind(Script& run, std::string_view name, const char* what) {
+Kind& OperationKind(Script& run, std::string_view name, const char* what) {
     if (auto* one = dynamic_cast<Kind*>(&run.Session.Named(name))) return *one;
     throw ScriptError{Quoted(name) + " is no " + what};
 }
@@ -46,15 +46,15 @@ bool GoTo(Script& run, Control& control) {
     return false;
 }
 
-void Start(Script& run, Given given) {
+void Start(Script& run, Args args) {
     if (run.Session.Running() || !run.AtTopLevel()) throw ScriptError{"the program is running already"};
-    run.Session.Start(given.Last());
+    run.Session.Start(args.Last());
 }
 
 // Keys.
 
 bool KeysArrive(Script& run) {
-    MemoryPlatform& platform = run.Session.Platform;
+    FaultyPlatform& platform = run.Session.Platform;
     const char* const why = platform.System.Ended       ? "the program has ended"
                             : !platform.Focus.Focused() ? "no control has the focus"
                                                         : nullptr;
@@ -62,10 +62,10 @@ bool KeysArrive(Script& run) {
     return !why;
 }
 
-void Type(Script& run, Given given) {
+void Type(Script& run, Args args) {
     if (!KeysArrive(run)) return;
     MemorySystem& system = run.Session.Platform.System;
-    for (const char c : FromUtf8(given.Last())) {
+    for (const char c : FromUtf8(args.Last())) {
         const bool isKey = c == key::Enter || c == key::Tab || c == key::Backspace || c == key::Escape;
         if (isKey) {
             system.Press(c);
@@ -76,22 +76,22 @@ void Type(Script& run, Given given) {
     }
 }
 
-void Press(Script& run, Given given) {
-    const std::optional<KeyStroke> stroke = KeyNamed(given.Text(0));
-    if (!stroke) throw ScriptError{"unknown key " + Quoted(given.Text(0))};
+void Press(Script& run, Args args) {
+    const std::optional<KeyStroke> stroke = KeyNamed(args.Text(0));
+    if (!stroke) throw ScriptError{"unknown key " + Quoted(args.Text(0))};
     if (KeysArrive(run)) run.Session.Platform.System.Press(stroke->Key, stroke->Held);
 }
 
-void Focus(Script& run, Given given) {
-    Control& control = run.Session.Named(given.Text(0));
-    if (!TakesFocus(control)) return run.Note(given.Text(0) + " takes no focus");
+void Focus(Script& run, Args args) {
+    Control& control = run.Session.Named(args.Text(0));
+    if (!TakesFocus(control)) return run.Note(args.Text(0) + " takes no focus");
     GoTo(run, control);
 }
 
 // The mouse.
 
-void Click(Script& run, Given given) {
-    Control& control = run.Session.Named(given.Text(0), given.Count() > 1 ? given.Number(1) : -1);
+void Click(Script& run, Args args) {
+    Control& control = run.Session.Named(args.Text(0), args.Count() > 1 ? args.Number(1) : -1);
     if (!InReach(run, control)) return;
     // A click closes the menu at the pointer.
     const Menu* const popup = std::exchange(run.Session.Platform.System.ShownPopup, nullptr);
@@ -99,9 +99,9 @@ void Click(Script& run, Given given) {
     if (!ClickByHand(control, run.Session.Platform.Focus)) InReach(run, control);
 }
 
-void Pick(Script& run, Given given) {
-    auto& list = OfKind<ListBox>(run, given.Text(0), "list");
-    const int index = given.Number(1);
+void Pick(Script& run, Args args) {
+    auto& list = OperationKind<ListBox>(run, args.Text(0), "list");
+    const int index = args.Number(1);
     if (!GoTo(run, list)) return;
     if (index < 0 || index >= list.Count()) return run.Note("there is no such entry");
     list.ListIndex = index;
@@ -114,8 +114,8 @@ bool IsRow(Script& run, int row) {
     return false;
 }
 
-void Row(Script& run, Given given) {
-    if (IsRow(run, given.Number(0))) run.Session.Program().Select(given.Number(0));
+void Row(Script& run, Args args) {
+    if (IsRow(run, args.Number(0))) run.Session.Program().Select(args.Number(0));
 }
 
 bool GoToRow(Script& run, int row) {
@@ -125,12 +125,12 @@ bool GoToRow(Script& run, int row) {
     return true;
 }
 
-void ClickRow(Script& run, Given given) {
-    if (GoToRow(run, given.Number(0))) run.Session.Program().Click();
+void ClickRow(Script& run, Args args) {
+    if (GoToRow(run, args.Number(0))) run.Session.Program().Click();
 }
 
-void RightClickRow(Script& run, Given given) {
-    if (!GoToRow(run, given.Number(0))) return;
+void RightClickRow(Script& run, Args args) {
+    if (!GoToRow(run, args.Number(0))) return;
     const ListView& list = run.Session.Program();
     if (list.OnRightClick) list.OnRightClick();
 }
@@ -141,8 +141,8 @@ int HeaderNumber(int header) {
     return header;
 }
 
-void ClickHeader(Script& run, Given given) {
-    const int header = HeaderNumber(given.Number(0));
+void ClickHeader(Script& run, Args args) {
+    const int header = HeaderNumber(args.Number(0));
     ListView& list = run.Session.Program();
     if (!GoTo(run, list)) return;
     if (list.Header(header).Width == 0) return run.Note("this column is hidden");
@@ -151,41 +151,41 @@ void ClickHeader(Script& run, Given given) {
 
 // Fields.
 
-void Set(Script& run, Given given) {
-    auto& box = OfKind<TextBox>(run, given.Text(0), "field");
+void Set(Script& run, Args args) {
+    auto& box = OperationKind<TextBox>(run, args.Text(0), "field");
     if (!GoTo(run, box)) return;
-    box.Text = FromUtf8(given.Last());
+    box.Text = FromUtf8(args.Last());
 }
 
 // As a text that is pasted over the notes.
-void Notes(Script& run, Given given) {
-    auto& box = OfKind<TextBox>(run, "txtFileNotes", "field");
+void Notes(Script& run, Args args) {
+    auto& box = OperationKind<TextBox>(run, "txtFileNotes", "field");
     if (!GoTo(run, box)) return;
     int character = key::CtrlV;
     if (box.OnKeyPress) box.OnKeyPress(character);
-    if (character != 0) box.Text = FromUtf8(given.Last());
+    if (character != 0) box.Text = FromUtf8(args.Last());
 }
 
 // Answers.
 
-void QueueAnswer(Script& run, Given given) {
+void QueueAnswer(Script& run, Args args) {
     constexpr std::pair<std::string_view, Answer> answers[] = {
         {"yes", Answer::Yes}, {"no", Answer::No}, {"cancel", Answer::Cancel}, {"ok", Answer::Ok}};
     for (const auto& [word, answer] : answers) {
-        if (word == given.Text(0)) return run.Session.Platform.Dialogs.Answers.push_back(answer);
+        if (word == args.Text(0)) return run.Session.Platform.Dialogs.Answers.push_back(answer);
     }
-    throw ScriptError{"unknown answer " + Quoted(given.Text(0))};
+    throw ScriptError{"unknown answer " + Quoted(args.Text(0))};
 }
 
-void QueueFile(Script& run, Given given) {
-    const bool cancelled = given.Last() == "cancel";
+void QueueFile(Script& run, Args args) {
+    const bool cancelled = args.Last() == "cancel";
     run.Session.Platform.Dialogs.FileAnswers.push_back(
-        {cancelled, cancelled ? std::string() : NameFromSystem(given.Last())});
+        {cancelled, cancelled ? std::string() : NameFromSystem(args.Last())});
 }
 
 // A colour is a number with red in the low byte, in decimal or as "&H" and hexadecimal.
-void QueueColor(Script& run, Given given) {
-    std::string_view text = given.Last();
+void QueueColor(Script& run, Args args) {
+    std::string_view text = args.Last();
     std::optional<Color> color;
     if (text != "cancel") {
         const bool hexadecimal = EqualIgnoringCase(text.substr(0, 2), "&H");
@@ -194,111 +194,111 @@ void QueueColor(Script& run, Given given) {
         const auto read =
             std::from_chars(text.data(), text.data() + text.size(), value, hexadecimal ? 16 : 10);
         if (read.ec != std::errc() || read.ptr != text.data() + text.size()) {
-            throw ScriptError{"no colour: " + Quoted(given.Last())};
+            throw ScriptError{"no colour: " + Quoted(args.Last())};
         }
         color = value;
     }
     run.Session.Platform.Dialogs.ColorAnswers.push_back(color);
 }
 
-void QueuePrinter(Script& run, Given given) {
+void QueuePrinter(Script& run, Args args) {
     std::deque<int>& answers = run.Session.Platform.Printer.Answers;
-    if (given.Text(0) == "cancel") return answers.push_back(0);
-    const double copies = Val(given.Text(0));
-    if (copies < 1 || copies > 99 || !IsNumeric(given.Text(0)))
+    if (args.Text(0) == "cancel") return answers.push_back(0);
+    const double copies = Val(args.Text(0));
+    if (copies < 1 || copies > 99 || !IsNumeric(args.Text(0)))
         throw ScriptError{"copies, 1 to 99, or cancel"};
     answers.push_back(ToLong(copies));
 }
 
 // What surrounds the program.
 
-void PutOnClipboard(Script& run, Given given) {
-    run.Session.Platform.Clipboard.Content = FromUtf8(given.Last());
+void PutOnClipboard(Script& run, Args args) {
+    run.Session.Platform.Clipboard.Content = FromUtf8(args.Last());
 }
 
 // A text that begins with the mark of UTF-8 is written as such.
-void WriteFile(Script& run, Given given) {
-    const std::string& text = given.Last();
+void WriteFile(Script& run, Args args) {
+    const std::string& text = args.Last();
     const std::string content = text.substr(0, 3) == "\xEF\xBB\xBF" ? text : FromUtf8(text);
     try {
-        run.Session.Files().WriteWhole(NameFromSystem(given.Text(0)), content);
+        run.Session.Files().WriteWhole(NameFromSystem(args.Text(0)), content);
     } catch (const RunTimeError&) {
-        throw ScriptError{Quoted(given.Text(0)) + " cannot be written"};
+        throw ScriptError{Quoted(args.Text(0)) + " cannot be written"};
     }
 }
 
-void WriteProgram(Script& run, Given given) {
-    WriteFile(run, given);
+void WriteProgram(Script& run, Args args) {
+    WriteFile(run, args);
     namespace fs = std::filesystem;
     std::error_code ignored;
-    fs::permissions(given.Text(0), fs::perms::owner_exec, fs::perm_options::add, ignored);
+    fs::permissions(args.Text(0), fs::perms::owner_exec, fs::perm_options::add, ignored);
 }
 
-void DeleteFile(Script& run, Given given) {
+void DeleteFile(Script& run, Args args) {
     try {
-        run.Session.Files().Delete(NameFromSystem(given.Last()));
+        run.Session.Files().Delete(NameFromSystem(args.Last()));
     } catch (const RunTimeError& error) {
-        run.Note(Quoted(given.Last()) + " was not removed: " + error.Description);
+        run.Note(Quoted(args.Last()) + " was not removed: " + error.Description);
     }
 }
 
-void PlanFailure(Script& run, Given given) {
+void PlanFailure(Script& run, Args args) {
     constexpr std::string_view services[] = {"file", "background", "port", "printer", "clipboard", "program"};
-    if (std::find(std::begin(services), std::end(services), given.Text(0)) == std::end(services)) {
-        throw ScriptError{"unknown service " + Quoted(given.Text(0))};
+    if (std::find(std::begin(services), std::end(services), args.Text(0)) == std::end(services)) {
+        throw ScriptError{"unknown service " + Quoted(args.Text(0))};
     }
-    if (given.Number(1) < 1) throw ScriptError{"calls are counted from 1"};
-    run.Session.Platform.Faults.Fail(given.Text(0), given.Number(1));
+    if (args.Number(1) < 1) throw ScriptError{"calls are counted from 1"};
+    run.Session.Platform.Faults.Fail(args.Text(0), args.Number(1));
 }
 
-void Receive(Script& run, Given given) {
-    if (!run.Session.Platform.Port.Receive(FromUtf8(given.Last())))
+void Receive(Script& run, Args args) {
+    if (!run.Session.Platform.Port.Receive(FromUtf8(args.Last())))
         run.Note("no port is open, nothing arrives");
 }
 
-void FailPort(Script& run, Given) { run.Session.Platform.Port.NextOpeningFails = true; }
+void FailPort(Script& run, Args) { run.Session.Platform.Port.NextOpeningFails = true; }
 
-void Advance(Script& run, Given given) { run.Session.Platform.System.Advance(given.Number(0)); }
+void Advance(Script& run, Args args) { run.Session.Platform.System.Advance(args.Number(0)); }
 
-void During(Script& run, Given given) { run.PutOff(given.Number(0), given.Last()); }
+void During(Script& run, Args args) { run.Defer(args.Number(0), args.Last()); }
 
 // Windows.
 
-void Resize(Script& run, Given given) {
-    Form& form = run.Session.FormNamed(given.Text(0));
+void Resize(Script& run, Args args) {
+    Form& form = run.Session.FormNamed(args.Text(0));
     if (!InReach(run, form)) return;
     if (form.State != WindowState::Normal) return run.Note("only a restored window has a size of its own");
-    run.Session.WindowOf(form).Resize(given.Number(1), given.Number(2));
+    run.Session.WindowOf(form).Resize(args.Number(1), args.Number(2));
 }
 
-void ChangeState(Script& run, Given given, WindowState state) {
-    Form& form = run.Session.FormNamed(given.Text(0));
+void ChangeState(Script& run, Args args, WindowState state) {
+    Form& form = run.Session.FormNamed(args.Text(0));
     if (InReach(run, form)) form.State = state;
 }
 
-void Maximise(Script& run, Given given) { ChangeState(run, given, WindowState::Maximised); }
-void Minimise(Script& run, Given given) { ChangeState(run, given, WindowState::Minimised); }
-void Restore(Script& run, Given given) { ChangeState(run, given, WindowState::Normal); }
+void Maximise(Script& run, Args args) { ChangeState(run, args, WindowState::Maximised); }
+void Minimise(Script& run, Args args) { ChangeState(run, args, WindowState::Minimised); }
+void Restore(Script& run, Args args) { ChangeState(run, args, WindowState::Normal); }
 
-void Close(Script& run, Given given) {
-    const Form& form = run.Session.FormNamed(given.Text(0));
+void Close(Script& run, Args args) {
+    const Form& form = run.Session.FormNamed(args.Text(0));
     if (InReach(run, form) && form.OnQueryUnload) form.OnQueryUnload();
 }
 
 // Output.
 
-void Show(Script& run, Given given) {
-    const std::string& name = given.Text(0);
+void Show(Script& run, Args args) {
+    const std::string& name = args.Text(0);
     std::printf("%s = %s\n", name.c_str(), Escaped(run.ValueNamed(name)).c_str());
 }
 
-void Dump(Script& run, Given) {
+void Dump(Script& run, Args) {
     JsonSink out(stdout);
     WriteDump(out, run.Session.CommandLine(), run.Session.Bench(), run.Session.Platform);
     out.Put('\n');
 }
 
-void PrintMessages(Script& run, Given) {
+void PrintMessages(Script& run, Args) {
     const std::vector<MessageBox>& shown = run.Session.Platform.Dialogs.Shown;
     JsonSink out(stdout);
     WriteMessages(out, std::span(shown).subspan(run.PrintedBoxes));
@@ -306,8 +306,8 @@ void PrintMessages(Script& run, Given) {
     run.PrintedBoxes = shown.size();
 }
 
-void Expect(Script& run, Given given) {
-    std::string_view line = given.Last();
+void Expect(Script& run, Args args) {
+    std::string_view line = args.Last();
     const std::string_view word = TakeWord(line);
     if (const ScriptAction* expectation = FindAction(ScriptExpectations(), word)) {
         expectation->Do(run, Arguments(line, expectation->Arguments, run.Session.Variables()));

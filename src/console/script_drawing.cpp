@@ -5,7 +5,7 @@
 #include "basic/code_page.h"
 #include "basic/number.h"
 #include "console/drawing.h"
-#include "headless/text_editing.h"
+#include "platform/clicks.h"
 
 namespace kvt::script {
 
@@ -91,7 +91,7 @@ void ExpectOperationCount(ScriptRun& run, const Arguments& given) {
 }
 
 void ExpectPicture(ScriptRun& run, const Arguments& given) {
-    MemoryPlatform& platform = run.Session.Platform;
+    FaultyPlatform& platform = run.Session.Platform;
     const std::string& where = given.Last();
     bool there = false;
     if (where == "clipboard") {

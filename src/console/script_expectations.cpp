@@ -12,27 +12,27 @@ namespace kvt {
 namespace {
 
 using Script = ScriptRun;
-using Given = const Arguments&;
+using Args = const Arguments&;
 
 const MessageBox* LastExpectedBox(Script& run) {
     const std::vector<MessageBox>& shown = run.Session.Platform.Dialogs.Shown;
     return run.ExpectedBoxes > 0 ? &shown[run.ExpectedBoxes - 1] : nullptr;
 }
 
-void ExpectCell(Script& run, Given given) {
+void ExpectCell(Script& run, Args args) {
     const ListView& list = run.Session.Program();
-    const int row = given.Number(0);
-    const int column = given.Number(1);
+    const int row = args.Number(0);
+    const int column = args.Number(1);
     if (column < 0 || column >= SubItemCount) throw ScriptError{"columns count from 0 to 18"};
-    if (row < 1 || row > list.Count()) return run.Fail(Quoted(given.Last()), "no such row");
-    run.Compare(given.Last(), ToUtf8(list.Row(row)[column]));
+    if (row < 1 || row > list.Count()) return run.Fail(Quoted(args.Last()), "no such row");
+    run.Compare(args.Last(), ToUtf8(list.Row(row)[column]));
 }
 
-void ExpectRowColor(Script& run, Given given) {
+void ExpectRowColor(Script& run, Args args) {
     const ListView& list = run.Session.Program();
-    const int row = given.Number(0);
-    if (row < 1 || row > list.Count()) return run.Fail(Quoted(given.Last()), "no such row");
-    run.Compare(given.Last(), PlainNumber(static_cast<std::int64_t>(list.Row(row).ForeColor)));
+    const int row = args.Number(0);
+    if (row < 1 || row > list.Count()) return run.Fail(Quoted(args.Last()), "no such row");
+    run.Compare(args.Last(), PlainNumber(static_cast<std::int64_t>(list.Row(row).ForeColor)));
 }
 
 // Column headers count from 1; a wrong one is a ScriptError.
@@ -41,12 +41,12 @@ const ColumnHeader& HeaderOf(Script& run, int header) {
     return run.Session.Program().Header(header);
 }
 
-void ExpectHeader(Script& run, Given given) {
-    run.Compare(given.Last(), ToUtf8(HeaderOf(run, given.Number(0)).Text));
+void ExpectHeader(Script& run, Args args) {
+    run.Compare(args.Last(), ToUtf8(HeaderOf(run, args.Number(0)).Text));
 }
 
-void ExpectColumnWidth(Script& run, Given given) {
-    run.Compare(given.Last(), PlainNumber(HeaderOf(run, given.Number(0)).Width));
+void ExpectColumnWidth(Script& run, Args args) {
+    run.Compare(args.Last(), PlainNumber(HeaderOf(run, args.Number(0)).Width));
 }
 
 const ListBox& ListNamed(Script& run, const std::string& name) {
@@ -54,44 +54,44 @@ const ListBox& ListNamed(Script& run, const std::string& name) {
     throw ScriptError{Quoted(name) + " is no list"};
 }
 
-void ExpectEntry(Script& run, Given given) {
-    const ListBox& list = ListNamed(run, given.Text(0));
-    const int index = given.Number(1);
-    if (index < 0 || index >= list.Count()) return run.Fail(Quoted(given.Last()), "no such entry");
-    run.Compare(given.Last(), ToUtf8(list.Entry(index)));
+void ExpectEntry(Script& run, Args args) {
+    const ListBox& list = ListNamed(run, args.Text(0));
+    const int index = args.Number(1);
+    if (index < 0 || index >= list.Count()) return run.Fail(Quoted(args.Last()), "no such entry");
+    run.Compare(args.Last(), ToUtf8(list.Entry(index)));
 }
 
-void ExpectEntries(Script& run, Given given) {
-    run.Compare(given.Last(), PlainNumber(ListNamed(run, given.Text(0)).Count()));
+void ExpectEntries(Script& run, Args args) {
+    run.Compare(args.Last(), PlainNumber(ListNamed(run, args.Text(0)).Count()));
 }
 
 // Message boxes.
 
-void ExpectMessage(Script& run, Given given) {
+void ExpectMessage(Script& run, Args args) {
     const std::vector<MessageBox>& shown = run.Session.Platform.Dialogs.Shown;
-    if (run.ExpectedBoxes == shown.size()) return run.Fail(Quoted(given.Last()), "no message box");
-    run.Compare(given.Last(), ShownToUtf8(shown[run.ExpectedBoxes++].Text));
+    if (run.ExpectedBoxes == shown.size()) return run.Fail(Quoted(args.Last()), "no message box");
+    run.Compare(args.Last(), ShownToUtf8(shown[run.ExpectedBoxes++].Text));
 }
 
-void ExpectTitle(Script& run, Given given) {
+void ExpectTitle(Script& run, Args args) {
     const MessageBox* const box = LastExpectedBox(run);
-    if (!box) return run.Fail(Quoted(given.Last()), "no message box");
-    run.Compare(given.Last(), ToUtf8(box->Title));
+    if (!box) return run.Fail(Quoted(args.Last()), "no message box");
+    run.Compare(args.Last(), ToUtf8(box->Title));
 }
 
-void ExpectIcon(Script& run, Given given) {
+void ExpectIcon(Script& run, Args args) {
     const MessageBox* const box = LastExpectedBox(run);
-    if (!box) return run.Fail(Quoted(given.Last()), "no message box");
-    run.Compare(given.Last(), std::string(IconName(box->Picture)));
+    if (!box) return run.Fail(Quoted(args.Last()), "no message box");
+    run.Compare(args.Last(), std::string(IconName(box->Picture)));
 }
 
-void ExpectButtons(Script& run, Given given) {
+void ExpectButtons(Script& run, Args args) {
     const MessageBox* const box = LastExpectedBox(run);
-    if (!box) return run.Fail(Quoted(given.Last()), "no message box");
-    run.Compare(given.Last(), std::string(ButtonsName(box->Choice)));
+    if (!box) return run.Fail(Quoted(args.Last()), "no message box");
+    run.Compare(args.Last(), std::string(ButtonsName(box->Choice)));
 }
 
-void ExpectNoMessage(Script& run, Given) {
+void ExpectNoMessage(Script& run, Args) {
     const std::vector<MessageBox>& shown = run.Session.Platform.Dialogs.Shown;
     if (run.ExpectedBoxes < shown.size())
         run.Fail("no message box", Quoted(ShownToUtf8(shown[run.ExpectedBoxes].Text)));
@@ -108,22 +108,22 @@ std::optional<std::string> ContentOf(Script& run, const std::string& path) {
     }
 }
 
-void ExpectFile(Script& run, Given given) {
-    const std::optional<std::string> content = ContentOf(run, given.Text(0));
-    if (!content) return run.Fail(Quoted(given.Last()), "no such file");
-    run.Compare(given.Last(), *content);
+void ExpectFile(Script& run, Args args) {
+    const std::optional<std::string> content = ContentOf(run, args.Text(0));
+    if (!content) return run.Fail(Quoted(args.Last()), "no such file");
+    run.Compare(args.Last(), *content);
 }
 
-void ExpectFileHas(Script& run, Given given) {
-    const std::optional<std::string> content = ContentOf(run, given.Text(0));
-    if (!content) return run.Fail("a file with " + Quoted(given.Last()), "no such file");
-    if (content->find(given.Last()) == std::string::npos)
-        run.Fail("a file with " + Quoted(given.Last()), Quoted(*content));
+void ExpectFileHas(Script& run, Args args) {
+    const std::optional<std::string> content = ContentOf(run, args.Text(0));
+    if (!content) return run.Fail("a file with " + Quoted(args.Last()), "no such file");
+    if (content->find(args.Last()) == std::string::npos)
+        run.Fail("a file with " + Quoted(args.Last()), Quoted(*content));
 }
 
-void ExpectNoFile(Script& run, Given given) {
-    if (run.Session.Files().Exists(NameFromSystem(given.Last())))
-        run.Fail("no file " + Quoted(given.Last()), "one");
+void ExpectNoFile(Script& run, Args args) {
+    if (run.Session.Files().Exists(NameFromSystem(args.Last())))
+        run.Fail("no file " + Quoted(args.Last()), "one");
 }
 
 // The procedures that Errors.log names, a record each: the last text in quotes of its line.
@@ -141,70 +141,70 @@ std::vector<std::string> LoggedProcedures(Script& run) {
     return procedures;
 }
 
-void ExpectLog(Script& run, Given given) {
+void ExpectLog(Script& run, Args args) {
     const std::vector<std::string> logged = LoggedProcedures(run);
-    if (std::find(logged.begin(), logged.end(), given.Last()) != logged.end()) return;
+    if (std::find(logged.begin(), logged.end(), args.Last()) != logged.end()) return;
     std::string got;
     for (const std::string& procedure : logged) got += (got.empty() ? "" : ", ") + Quoted(procedure);
-    run.Fail("a record of " + Quoted(given.Last()), got.empty() ? "no record" : got);
+    run.Fail("a record of " + Quoted(args.Last()), got.empty() ? "no record" : got);
 }
 
-void ExpectNoLog(Script& run, Given) {
+void ExpectNoLog(Script& run, Args) {
     const std::vector<std::string> logged = LoggedProcedures(run);
     if (!logged.empty()) run.Fail("no record", "one of " + Quoted(logged.front()));
 }
 
-void ExpectLogCount(Script& run, Given given) {
-    run.Compare(given.Last(), PlainNumber(static_cast<std::int64_t>(LoggedProcedures(run).size())));
+void ExpectLogCount(Script& run, Args args) {
+    run.Compare(args.Last(), PlainNumber(static_cast<std::int64_t>(LoggedProcedures(run).size())));
 }
 
 // The rest of the world.
 
-void ExpectFocus(Script& run, Given given) {
+void ExpectFocus(Script& run, Args args) {
     const Control* const focused = run.Session.Platform.Focus.Focused();
-    if (focused == (given.Last().empty() ? nullptr : &run.Session.Named(given.Last()))) return;
-    run.Fail(Quoted(given.Last()), focused ? Quoted(NameOf(run.Session.Forms(), *focused)) : "no focus");
+    if (focused == (args.Last().empty() ? nullptr : &run.Session.Named(args.Last()))) return;
+    run.Fail(Quoted(args.Last()), focused ? Quoted(NameOf(run.Session.Forms(), *focused)) : "no focus");
 }
 
-void ExpectClipboard(Script& run, Given given) {
-    run.Compare(given.Last(), ToUtf8(run.Session.Platform.Clipboard.Content));
+void ExpectClipboard(Script& run, Args args) {
+    run.Compare(args.Last(), ToUtf8(run.Session.Platform.Clipboard.Content));
 }
 
 // The port.
 
-void ExpectSent(Script& run, Given given) {
-    const std::string& all = run.Session.Platform.Port.Given;
-    run.Compare(given.Last(), ToUtf8(std::string_view(all).substr(run.ExpectedSent)));
+void ExpectSent(Script& run, Args args) {
+    const std::string& all = run.Session.Platform.Port.Sent;
+    run.Compare(args.Last(), ToUtf8(std::string_view(all).substr(run.ExpectedSent)));
     run.ExpectedSent = all.size();
 }
 
-void ExpectPort(Script& run, Given given) {
-    if (given.Last() != "open" && given.Last() != "closed") throw ScriptError{"either open or closed"};
-    run.Compare(given.Last(), run.Session.Platform.Port.IsOpen() ? "open" : "closed");
+void ExpectPort(Script& run, Args args) {
+    if (args.Last() != "open" && args.Last() != "closed") throw ScriptError{"either open or closed"};
+    run.Compare(args.Last(), run.Session.Platform.Port.IsOpen() ? "open" : "closed");
 }
 
-void ExpectPortSettings(Script& run, Given given) {
-    run.Compare(given.Last(), run.Session.Platform.Port.Settings());
+void ExpectPortSettings(Script& run, Args args) {
+    run.Compare(args.Last(), run.Session.Platform.Services.Port.Settings());
 }
 
-void ExpectBeeps(Script& run, Given given) {
-    run.Compare(given.Last(), PlainNumber(run.Session.Platform.System.Beeps));
+void ExpectBeeps(Script& run, Args args) {
+    run.Compare(args.Last(), PlainNumber(run.Session.Platform.System.Beeps));
 }
 
 // All that the printer was given since the last time.
-void ExpectPrinted(Script& run, Given given) {
+void ExpectPrinted(Script& run, Args args) {
     const std::string& printed = run.Session.Platform.Printer.Printed;
-    run.Compare(given.Last(), ToUtf8(std::string_view(printed).substr(run.ExpectedPrint)));
+    run.Compare(args.Last(), ToUtf8(std::string_view(printed).substr(run.ExpectedPrint)));
     run.ExpectedPrint = printed.size();
 }
 
-void ExpectClock(Script& run, Given given) {
-    run.Compare(given.Last(), PlainNumber(static_cast<std::int64_t>(run.Session.Platform.System.Clock)));
+void ExpectClock(Script& run, Args args) {
+    run.Compare(args.Last(), PlainNumber(static_cast<std::int64_t>(run.Session.Platform.System.Clock)));
 }
 
-void ExpectRunning(Script& run, Given given) {
-    if (given.Last() != "yes" && given.Last() != "no") throw ScriptError{"either yes or no"};
-    run.Compare(given.Last(), run.Session.Running() ? "yes" : "no");
+void ExpectRunning(Script& run, Args args) {
+    if (args.Last() != "yes" && args.Last() != "no") throw ScriptError{"either yes or no"};
+    run.Compare(args.Last(), run.Session.Running() ? "yes" : "no");
 }
 
 constexpr ScriptAction expectations[] = {

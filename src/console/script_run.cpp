@@ -61,7 +61,7 @@ ScriptRun::ScriptRun(std::string name, std::string_view script, const ScriptOpti
 int ScriptRun::Run() {
     while (GoesOn()) RunNextLine();
     if (broken_) return status::Usage;
-    return failures_ > 0 ? status::Finding : status::Well;
+    return failures_ > 0 ? status::Finding : status::Succeeded;
 }
 
 bool ScriptRun::RunNextLine() {
@@ -91,31 +91,31 @@ bool ScriptRun::RunAction(std::string_view text, int line) {
 void ScriptRun::Do(const ScriptAction& action, std::string_view text) {
     const Arguments arguments(text, action.Arguments, Session.Variables());
     Frame frame;
-    frame.InWaits = std::exchange(putOff_, {});
+    frame.InWaits = std::exchange(deferred_, {});
     Frame* const around = frame_;
     {
         const Restored<Frame*> frameAgain(frame_, &frame);
         Session.Platform.System.Run([&] { action.Do(*this, arguments); });
     }
     if (broken_) return;
-    for (const auto& [wait, putOff] : frame.InWaits) {
+    for (const auto& [wait, deferred] : frame.InWaits) {
         if (around) {
             // What a line inside a wait has started may wait only when that line has ended.
-            around->InWaits.insert({around->Waits + wait - frame.Waits, putOff});
+            around->InWaits.insert({around->Waits + wait - frame.Waits, deferred});
         } else {
-            Note("wait " + PlainNumber(wait) + " did not come, line " + PlainNumber(putOff.Line) +
+            Note("wait " + PlainNumber(wait) + " did not come, line " + PlainNumber(deferred.Line) +
                  " was not done");
         }
     }
 }
 
 // Begins a wait and does what was put off until then; true where something of it was a user's action.
-bool ScriptRun::DoPutOff(Frame& frame) {
+bool ScriptRun::RunDeferred(Frame& frame) {
     ++frame.Waits;
     bool acted = false;
     for (auto due = frame.InWaits.find(frame.Waits); due != frame.InWaits.end();
          due = frame.InWaits.find(frame.Waits)) {
-        const PutOffAction action = std::move(due->second);
+        const DeferredAction action = std::move(due->second);
         frame.InWaits.erase(due);
         if (RunAction(action.Text, action.Line)) acted = true;
     }
@@ -125,7 +125,7 @@ bool ScriptRun::DoPutOff(Frame& frame) {
 // What comes up while the workbench waits. Lines that only look or prepare something do not end its turn.
 bool ScriptRun::ServeWait() {
     if (!frame_ || broken_) return false;
-    if (DoPutOff(*frame_)) return !broken_;
+    if (RunDeferred(*frame_)) return !broken_;
     while (GoesOn() && !Session.Platform.System.Ended) {
         if (RunNextLine()) return !broken_;
     }
@@ -134,7 +134,7 @@ bool ScriptRun::ServeWait() {
 
 // A wait that ends by itself: the lines behind it are for later.
 void ScriptRun::ServeTimedWait() {
-    if (frame_ && !broken_) DoPutOff(*frame_);
+    if (frame_ && !broken_) RunDeferred(*frame_);
 }
 
 std::string ScriptRun::ValueNamed(std::string_view name) {
@@ -154,11 +154,11 @@ std::string ScriptRun::ValueNamed(std::string_view name) {
     throw ScriptError{"unknown property " + Quoted(property)};
 }
 
-void ScriptRun::PutOff(int wait, const std::string& action) {
+void ScriptRun::Defer(int wait, const std::string& action) {
     if (wait < 1) throw ScriptError{"waits are counted from 1"};
     // Several such lines in a row all mean the line behind them.
-    std::swap(putOff_, frame_->InWaits);
-    putOff_.insert({wait, {line_, action}});
+    std::swap(deferred_, frame_->InWaits);
+    deferred_.insert({wait, {line_, action}});
 }
 
 // What the workbench still does on its way out of the line is not told any more.

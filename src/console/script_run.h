@@ -61,26 +61,26 @@ public:
     // What NAME.PROPERTY or state.NAME holds, in UTF-8; an unknown one is a ScriptError.
     std::string ValueNamed(std::string_view name);
     // Runs an action in a later wait of what the next line starts, 1 for the first one.
-    void PutOff(int wait, const std::string& action);
+    void Defer(int wait, const std::string& action);
     // Whether the line was reached from the script itself, not from inside a wait.
     bool AtTopLevel() const { return depth_ == 1; }
 
 private:
-    struct PutOffAction {
+    struct DeferredAction {
         int Line;
         std::string Text;
     };
-    using PutOffActions = std::multimap<int, PutOffAction>;
+    using DeferredActions = std::multimap<int, DeferredAction>;
     // A line that is being run, with the waits that it has begun.
     struct Frame {
-        PutOffActions InWaits;
+        DeferredActions InWaits;
         int Waits = 0;
     };
 
     bool RunNextLine();
     bool RunAction(std::string_view text, int line);
     void Do(const ScriptAction& action, std::string_view arguments);
-    bool DoPutOff(Frame& frame);
+    bool RunDeferred(Frame& frame);
     bool ServeWait();
     void ServeTimedWait();
     bool GoesOn() const { return !broken_ && next_ < static_cast<int>(lines_.size()); }
@@ -93,7 +93,7 @@ private:
     int line_ = 0;
     int depth_ = 0;
     Frame* frame_ = nullptr;
-    PutOffActions putOff_;
+    DeferredActions deferred_;
     int failures_ = 0;
     bool broken_ = false;
 };

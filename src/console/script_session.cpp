@@ -32,7 +32,7 @@ ScriptSession::ScriptSession(const ScriptOptions& options) {
     Platform.System.DataFolder = NameFromSystem(data);
     const Folders folders = FoldersBelow(Platform.System.DataFolder);
     dataFolder_ = folders.DataFolder;
-    Platform.Disk.KeepIn(dataFolder_);
+    Platform.Files.SetDataFolder(dataFolder_);
     try {
         for (const std::string& folder : {NameFromSystem(own.string()), folders.DataFolder,
                                           folders.SettingsFolder, folders.PreProcessorFolder}) {
@@ -57,19 +57,19 @@ ScriptSession::ScriptSession(const ScriptOptions& options) {
     }
     if (!options.WorkArea.empty()) Platform.Screen.WorkAreaTwips = options.WorkArea[0];
     if (!options.Ports.empty()) Platform.Port.Ports = options.Ports[0];
-    NewBench();
+    NewWorkbench();
 }
 
-void ScriptSession::NewBench() {
+void ScriptSession::NewWorkbench() {
     windows_.clear();
-    bench_.reset();
+    workbench_.reset();
     Platform.BeginRun();
-    bench_ = std::make_unique<Workbench>(services_);
+    workbench_ = std::make_unique<Workbench>(services_);
     // The help documents lie beside the program.
     std::error_code failed;
     const fs::path program = fs::read_symlink("/proc/self/exe", failed);
-    bench_->Modules.StartFolder = NameFromSystem(program.parent_path().string()) + "/";
-    forms_ = bench_->Forms();
+    workbench_->Modules.StartFolder = NameFromSystem(program.parent_path().string()) + "/";
+    forms_ = workbench_->Forms();
     for (Form* form : forms_) {
         Platform.System.Watch(*form);
         windows_.push_back(std::make_unique<MemoryWindow>(*form, Platform.Screen, Platform.Focus));
@@ -77,13 +77,13 @@ void ScriptSession::NewBench() {
 }
 
 void ScriptSession::Start(const std::string& commandLine) {
-    if (started_) NewBench();
+    if (started_) NewWorkbench();
     started_ = true;
     commandLine_ = commandLine;
     // As the window's main function does.
-    Platform.Disk.RemoveLeftovers();
-    BringResetCopies(ownFiles_, Platform.System.DataFolder);
-    bench_->Form_Load(NameFromSystem(commandLine));
+    Platform.Files.RemoveLeftovers();
+    InstallResetCopies(ownFiles_, Platform.System.DataFolder);
+    workbench_->Form_Load(NameFromSystem(commandLine));
 }
 
 Control& ScriptSession::Named(std::string_view name, int index) const {

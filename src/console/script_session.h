@@ -6,10 +6,10 @@
 #include "console/control_access.h"
 #include "console/script.h"
 #include "console/script_words.h"
+#include "headless/faulty_platform.h"
 #include "headless/guarded_files.h"
-#include "headless/memory_platform.h"
 #include "headless/memory_window.h"
-#include "headless/temporary_folder.h"
+#include "system/temporary_folder.h"
 
 namespace kvt {
 
@@ -22,15 +22,15 @@ public:
     ScriptSession(const ScriptSession&) = delete;
     ScriptSession& operator=(const ScriptSession&) = delete;
 
-    MemoryPlatform Platform;
+    FaultyPlatform Platform;
 
     // Starts the program with a command line (UTF-8); after it has ended once more, in the same folders.
     void Start(const std::string& commandLine);
     bool Running() const { return started_ && !Platform.System.Ended; }
     const std::string& CommandLine() const { return commandLine_; }
 
-    Workbench& Bench() { return *bench_; }
-    ListView& Program() { return bench_->Store.lvCncProgram; }
+    Workbench& Bench() { return *workbench_; }
+    ListView& Program() { return workbench_->Store.lvCncProgram; }
     const std::vector<Form*>& Forms() const { return forms_; }
     // An unknown name is a ScriptError.
     Control& Named(std::string_view name, int index = -1) const;
@@ -49,19 +49,19 @@ public:
     std::string ErrorLogPath() const;
 
 private:
-    void NewBench();
+    void NewWorkbench();
 
     TemporaryFolder temporary_;
     OwnFolders folders_;
-    GuardedFiles ownFiles_{Platform.Disk, folders_};
-    GuardedFiles files_{Platform.Files, folders_};
-    GuardedPrograms programs_{Platform.Programs, folders_};
-    kvt::Services services_{files_,          Platform.Dialogs, Platform.Clipboard,
-                            Platform.Screen, Platform.System,  Platform.Focus,
-                            Platform.Port,   Platform.Printer, programs_};
+    GuardedFiles ownFiles_{Platform.Files, folders_};
+    GuardedFiles files_{Platform.Services.Files, folders_};
+    GuardedPrograms programs_{Platform.Services.Programs, folders_};
+    kvt::Services services_{
+        files_,         Platform.Dialogs,       Platform.Services.Clipboard, Platform.Screen, Platform.System,
+        Platform.Focus, Platform.Services.Port, Platform.Services.Printer,   programs_};
     std::string dataFolder_;
     Arguments::Variables variables_;
-    std::unique_ptr<Workbench> bench_;
+    std::unique_ptr<Workbench> workbench_;
     std::vector<Form*> forms_;
     std::vector<std::unique_ptr<MemoryWindow>> windows_;
     std::string commandLine_;

@@ -79,7 +79,7 @@ Arguments::Arguments(std::string_view line, const Shape& shape, const Variables&
     line = WithoutBlanks(line);
     for (const Arg kind : shape) {
         if (kind == Arg::None) break;
-        Given one;
+        Value one;
         if (kind == Arg::Line) {
             one.Text = std::exchange(line, {});
         } else if (kind == Arg::Text) {
@@ -92,7 +92,7 @@ Arguments::Arguments(std::string_view line, const Shape& shape, const Variables&
         } else {
             throw ScriptError{"an argument is missing"};
         }
-        given_.push_back(std::move(one));
+        values_.push_back(std::move(one));
     }
     if (!line.empty()) throw ScriptError{"what is this: " + Quoted(line)};
 }

@@ -37,18 +37,18 @@ public:
     // and texts \r, \n, \t, \0 and \\ are escapes; another backslash stays one.
     Arguments(std::string_view line, const Shape& shape, const Variables& variables);
 
-    std::size_t Count() const { return given_.size(); }
-    const std::string& Text(std::size_t argument) const { return given_.at(argument).Text; }
-    int Number(std::size_t argument) const { return given_.at(argument).Number; }
+    std::size_t Count() const { return values_.size(); }
+    const std::string& Text(std::size_t argument) const { return values_.at(argument).Text; }
+    int Number(std::size_t argument) const { return values_.at(argument).Number; }
     // The text that ends the line.
-    const std::string& Last() const { return given_.back().Text; }
+    const std::string& Last() const { return values_.back().Text; }
 
 private:
-    struct Given {
+    struct Value {
         std::string Text;
         int Number = 0;
     };
-    std::vector<Given> given_;
+    std::vector<Value> values_;
 };
 
 // Takes the first word off a line, and the blanks on both sides of it.

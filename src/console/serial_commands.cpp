@@ -12,10 +12,10 @@
 #include "basic/number.h"
 #include "basic/text.h"
 #include "console/commands.h"
-#include "console/interrupts.h"
 #include "console/loaded_file.h"
 #include "console/output_file.h"
 #include "console/played_machine.h"
+#include "system/interrupts.h"
 
 namespace kvt {
 
@@ -56,17 +56,17 @@ void UseSettings(PortSide& side, const LineSettings& line) {
     side.StopBits = PlainNumber(line.StopBits);
 }
 
-// Opens the port of a bench; false, and told, where it does not open.
-bool OpenPort(SerialBench& bench, const std::string& name) {
-    if (Attempt("kvtc", [&] { bench.Port.Open(); })) return true;
+// Opens the port of a serial; false, and told, where it does not open.
+bool OpenPort(SerialWorkbench& serial, const std::string& name) {
+    if (Attempt("kvtc", [&] { serial.Port.Open(); })) return true;
     Complain(name, "cannot be opened as a serial port");
     return false;
 }
 
 }  // namespace
 
-SerialBench::SerialBench(const std::string& device, const std::string& settings, double haste)
-    : Port({device}, haste),
+SerialWorkbench::SerialWorkbench(const std::string& device, const std::string& settings, double speedUp)
+    : Port({device}, speedUp),
       System(Platform.Focus, Port),
       Services{Platform.Files, Platform.Dialogs, Platform.Clipboard, Platform.Screen, System, Platform.Focus,
                Port,           Platform.Printer, Platform.Programs},
@@ -80,62 +80,62 @@ SerialBench::SerialBench(const std::string& device, const std::string& settings,
 }
 
 int SendFile(const SerialOptions& options) {
-    SerialBench bench(options.Port, options.Settings);
+    SerialWorkbench serial(options.Port, options.Settings);
     std::string name = NameFromSystem(options.File);
-    if (bench.Bench->Reader.LoadFile(name) != LoadResult::Loaded)
+    if (serial.Bench->Reader.LoadFile(name) != LoadResult::Loaded)
         return Complain(options.File, "cannot be read as a CNC program");
-    bench.Platform.Dialogs.Shown.clear();
-    bench.Bench->Transfer.TX.chkFilter.Value = options.WithComments ? 0 : 1;
+    serial.Platform.Dialogs.Shown.clear();
+    serial.Bench->Transfer.TX.chkFilter.Value = options.WithComments ? 0 : 1;
     // A stop from here on is obeyed when the first line has left.
     Interrupts interrupts;
-    if (!OpenPort(bench, options.Port)) return status::Usage;
+    if (!OpenPort(serial, options.Port)) return status::Usage;
 
     bool stopped = false;
     {
         ProgressLine progress;
-        const TransferControls& shown = bench.Bench->Transfer;
-        bench.System.OnLook = [&] {
+        const TransferControls& shown = serial.Bench->Transfer;
+        serial.System.OnLook = [&] {
             progress.Show(shown.lblTransmitLine.Caption.Get() + ", " + shown.lblTransmitLeft.Caption.Get());
             if (!stopped && interrupts.Came()) {
                 stopped = true;
-                bench.Bench->Results.cmdStop.Click();
+                serial.Bench->Results.cmdStop.Click();
             }
         };
-        bench.Bench->Transmit.mnuTX_Click();
+        serial.Bench->Transmit.mnuTX_Click();
     }
-    if (TellMessages(options.Port, bench.Platform.Dialogs))
-        return bench.Bench->Port.HasVanished ? status::Finding : status::Usage;
+    if (TellMessages(options.Port, serial.Platform.Dialogs))
+        return serial.Bench->Port.HasVanished ? status::Finding : status::Usage;
     // A stop behind the last line has cut nothing.
-    const bool cut = bench.Bench->Transmit.WasCut;
+    const bool cut = serial.Bench->Transmit.WasCut;
     std::printf(cut ? "%s: stopped, the reception was ended with the units mark\n" : "%s: sent\n",
                 options.File.c_str());
-    return cut ? status::Finding : status::Well;
+    return cut ? status::Finding : status::Succeeded;
 }
 
 namespace {
 
 // Collects characters until the user ends it, the line goes, or nothing has come for a while.
-void Collect(SerialBench& bench, double longestSilence, Interrupts& interrupts) {
+void Collect(SerialWorkbench& serial, double longestSilence, Interrupts& interrupts) {
     using Clock = std::chrono::steady_clock;
     constexpr double look = 10;  // milliseconds
     ProgressLine progress;
     Clock::time_point last = Clock::now();
     long long arrived = 0;
-    bench.System.WaitUntil([&] {
-        progress.Show(bench.Bench->Transfer.lblReceived.Caption.Get());
-        if (std::exchange(arrived, bench.Port.Arrived()) != bench.Port.Arrived()) last = Clock::now();
+    serial.System.WaitUntil([&] {
+        progress.Show(serial.Bench->Transfer.lblReceived.Caption.Get());
+        if (std::exchange(arrived, serial.Port.Arrived()) != serial.Port.Arrived()) last = Clock::now();
         const double silence = std::chrono::duration<double>(Clock::now() - last).count();
         const bool silent = longestSilence > 0 && arrived > 0 && silence >= longestSilence;
-        return silent || !bench.Port.IsOpen() || interrupts.Came() ? 0.0 : look;
+        return silent || !serial.Port.IsOpen() || interrupts.Came() ? 0.0 : look;
     });
 }
 
 // As the button of the receive view does; false where the file could not be written.
-bool SaveReceived(SerialBench& bench, const std::string& name) {
-    MemoryDialogs& dialogs = bench.Platform.Dialogs;
+bool SaveReceived(SerialWorkbench& serial, const std::string& name) {
+    MemoryDialogs& dialogs = serial.Platform.Dialogs;
     const std::size_t shown = dialogs.Shown.size();
     dialogs.FileAnswers.push_back({false, name});
-    bench.Bench->Received.cmdReceiveSave_Click();
+    serial.Bench->Received.cmdReceiveSave_Click();
     const bool failed = dialogs.Shown.size() > shown;
     dialogs.Shown.resize(shown);
     return !failed;
@@ -145,55 +145,55 @@ bool SaveReceived(SerialBench& bench, const std::string& name) {
 
 int ReceiveFile(const SerialOptions& options) {
     if (const std::string why = WhyNotWritten(options.File); !why.empty()) return Complain(options.File, why);
-    SerialBench bench(options.Port, options.Settings);
-    PrepareToWrite(bench.Platform.Disk);
+    SerialWorkbench serial(options.Port, options.Settings);
+    PrepareToWrite(serial.Platform.Files);
     Interrupts interrupts;
-    if (!OpenPort(bench, options.Port)) return status::Usage;
-    Collect(bench, options.Idle, interrupts);
+    if (!OpenPort(serial, options.Port)) return status::Usage;
+    Collect(serial, options.Idle, interrupts);
 
-    const bool gone = !bench.Port.IsOpen();
-    TellMessages(options.Port, bench.Platform.Dialogs);
-    const TransferControls& shown = bench.Bench->Transfer;
+    const bool gone = !serial.Port.IsOpen();
+    TellMessages(options.Port, serial.Platform.Dialogs);
+    const TransferControls& shown = serial.Bench->Transfer;
     const std::string& text = shown.txtRX.Text.Get();
     if (Trim(text).empty()) {
         Complain(options.File, "nothing was received");
         return gone ? status::Finding : status::Usage;
     }
     const std::string count = shown.lblReceived.Caption.Get();
-    const auto save = [&](const std::string& name) { return SaveReceived(bench, name); };
+    const auto save = [&](const std::string& name) { return SaveReceived(serial, name); };
     if (!WriteOrKeep(options.File, text, save)) return status::Usage;
     std::printf("%s: %s\n", options.File.c_str(), count.c_str());
-    return gone ? status::Finding : status::Well;
+    return gone ? status::Finding : status::Succeeded;
 }
 
 namespace {
 
 const char* WordsOf(TransferEnd end) {
     switch (end) {
-        case TransferEnd::Well: return "to the end";
+        case TransferEnd::Completed: return "to the end";
         case TransferEnd::Stopped: return "and stopped";
-        case TransferEnd::Gone: return "until the line went";
-        case TransferEnd::Dropped: break;
+        case TransferEnd::Disconnected: return "until the line went";
+        case TransferEnd::CutOff: break;
     }
     return "and dropped";
 }
 
 // What the machine makes of a program that has come.
-int Judge(const std::string& received, const std::string& machine) {
+int ReportReceived(const std::string& received, const std::string& machine) {
     MemoryPlatform platform;
     const TemporaryFolder folder;
     std::string name = NameFromSystem((folder.Path() / "received").string());
     const bool whole = received.find('%') != std::string::npos;
     platform.Files.WriteWhole(name, whole ? received : "%\r\n" + received);
-    const auto bench = std::make_unique<Workbench>(platform.Services);
-    if (bench->Reader.LoadFile(name) != LoadResult::Loaded) {
+    const auto workbench = std::make_unique<Workbench>(platform.Services);
+    if (workbench->Reader.LoadFile(name) != LoadResult::Loaded) {
         std::printf("It is no program that a machine takes.\n");
         return status::Finding;
     }
-    const bool fits = EqualIgnoringCase(bench->Store.Machine, machine);
-    std::printf("It is a program of %d lines for %s%s.\n", bench->Store.LineCount(),
-                bench->Store.Machine.c_str(), fits ? "" : ", not for this machine");
-    return fits ? status::Well : status::Finding;
+    const bool fits = EqualIgnoringCase(workbench->Store.Machine, machine);
+    std::printf("It is a program of %d lines for %s%s.\n", workbench->Store.LineCount(),
+                workbench->Store.Machine.c_str(), fits ? "" : ", not for this machine");
+    return fits ? status::Succeeded : status::Finding;
 }
 
 }  // namespace
@@ -228,25 +228,25 @@ int PlayMachine(const MachineOptions& options) {
     Interrupts interrupts;
     PlayedMachine machine(line);
     machine.StopRequested = [&] { return interrupts.Came(); };
-    int result = status::Well;
-    TransferEnd end = TransferEnd::Well;
+    int result = status::Succeeded;
+    TransferEnd end = TransferEnd::Completed;
     if (!options.Receive.empty() || options.Send.empty()) {
         std::string received;
-        end = machine.Take(received);
+        end = machine.Receive(received);
         const auto save = [&](const std::string& name) {
             return Attempt("kvtc", [&] { files.WriteWhole(name, received); });
         };
         if (!options.Receive.empty() && !WriteOrKeep(options.Receive, received, save)) return status::Usage;
         std::printf("Received %d characters %s.\n", static_cast<int>(received.size()), WordsOf(end));
-        result = end == TransferEnd::Well ? Judge(received, options.Machine) : status::Finding;
+        result = end == TransferEnd::Completed ? ReportReceived(received, options.Machine) : status::Finding;
     }
-    if (!options.Send.empty() && end == TransferEnd::Well) {
-        end = machine.Give(program);
+    if (!options.Send.empty() && end == TransferEnd::Completed) {
+        end = machine.SendProgram(program);
         std::printf("Sent %s %s.\n", options.Send.c_str(), WordsOf(end));
-        if (end != TransferEnd::Well) result = status::Finding;
+        if (end != TransferEnd::Completed) result = status::Finding;
     }
     std::fflush(stdout);
-    if (end == TransferEnd::Well) machine.AwaitLettingGo();
+    if (end == TransferEnd::Completed) machine.AwaitRelease();
     if (!line.Pseudo) close(line.Handle);
     return result;
 }

@@ -3,19 +3,19 @@
 #include <memory>
 #include <string>
 
-#include "headless/posix_port.h"
-#include "headless/temporary_folder.h"
+#include "headless/posix_system.h"
 #include "shell/workbench.h"
+#include "system/temporary_folder.h"
 
 namespace kvt {
 
 // A workbench without a window on a real port.
-class SerialBench {
+class SerialWorkbench {
 public:
-    // The device, and the settings of both directions as "300,N,8,1"; see PosixPort for haste.
-    SerialBench(const std::string& device, const std::string& settings, double haste = 1);
-    SerialBench(const SerialBench&) = delete;
-    SerialBench& operator=(const SerialBench&) = delete;
+    // The device, and the settings of both directions as "300,N,8,1"; see PosixPort for speedUp.
+    SerialWorkbench(const std::string& device, const std::string& settings, double speedUp = 1);
+    SerialWorkbench(const SerialWorkbench&) = delete;
+    SerialWorkbench& operator=(const SerialWorkbench&) = delete;
 
     MemoryPlatform Platform;
     PosixPort Port;

@@ -221,7 +221,7 @@ void WriteState(JsonSink& sink, std::string_view file, const Workbench& workbenc
     out.End();
 }
 
-void WriteDump(JsonSink& sink, std::string_view file, Workbench& workbench, MemoryPlatform& platform) {
+void WriteDump(JsonSink& sink, std::string_view file, Workbench& workbench, MemoryServices& platform) {
     const std::vector<Form*> forms = workbench.Forms();
     StateWriter out(sink);
     out.Begin();

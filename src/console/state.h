@@ -17,7 +17,7 @@ void WriteState(JsonSink& out, std::string_view file, const Workbench& workbench
                 const MemoryDialogs& dialogs);
 
 // The same, and at its end the name of the control with the focus and the properties of all controls.
-void WriteDump(JsonSink& out, std::string_view file, Workbench& workbench, MemoryPlatform& platform);
+void WriteDump(JsonSink& out, std::string_view file, Workbench& workbench, MemoryServices& platform);
 
 // An array of message boxes as the state has them.
 void WriteMessages(JsonSink& out, std::span<const MessageBox> boxes);

@@ -3,11 +3,10 @@
 #include <QCheckBox>
 #include <QPushButton>
 #include <QRadioButton>
-#include <algorithm>
 
 #include "desktop/picture_button.h"
 #include "desktop/text.h"
-#include "platform/keys.h"
+#include "platform/clicks.h"
 
 namespace kvt {
 
@@ -15,10 +14,9 @@ ButtonView::ButtonView(DesktopContext& desktop, Control& control, const TextProp
                        QAbstractButton* button)
     : View(desktop, control, button), Button(button), caption_(caption) {
     connect(button, &QAbstractButton::clicked, this, [this] {
-        Desktop.System.Run(Subject(), "Click", [this] {
-            Choose();
-            Subject().Click();
-        });
+        Desktop.System.Run(Subject(), "Click", [this] { ChooseAndClick(Subject()); });
+        // The click has changed the mark of the widget too; the control has the last word.
+        Follow(PropertyId::Value);
     });
 }
 
@@ -36,12 +34,6 @@ CommandButtonView::CommandButtonView(DesktopContext& desktop, CommandButton& con
                      ? new QPushButton(parent)
                      : NewPictureButton(control.Picture, desktop.Lengths.Factor(), parent)) {}
 
-bool CommandButtonView::Act(const KeyInput& input) {
-    if (input.Key != key::Enter) return false;
-    Button->click();
-    return true;
-}
-
 CheckBoxView::CheckBoxView(DesktopContext& desktop, CheckBox& control, QWidget* parent)
     : ButtonView(desktop, control, control.Caption, new QCheckBox(parent)), box_(control) {}
 
@@ -52,8 +44,6 @@ void CheckBoxView::Follow(PropertyId id) {
         ButtonView::Follow(id);
     }
 }
-
-void CheckBoxView::Choose() { box_.Value = Button->isChecked() ? 1 : 0; }
 
 OptionButtonView::OptionButtonView(DesktopContext& desktop, OptionButton& control, QWidget* parent)
     : ButtonView(desktop, control, control.Caption, new QRadioButton(parent)), option_(control) {
@@ -67,38 +57,6 @@ void OptionButtonView::Follow(PropertyId id) {
     } else {
         ButtonView::Follow(id);
     }
-}
-
-void OptionButtonView::Choose() {
-    for (Control* control : option_.OwningForm().Controls()) {
-        auto* other = dynamic_cast<OptionButton*>(control);
-        if (other && other != &option_ && other->Container == option_.Container) other->Value = false;
-    }
-    option_.Value = true;
-    // A second click has taken the mark away from the widget alone.
-    Button->setChecked(true);
-}
-
-bool OptionButtonView::Act(const KeyInput& input) {
-    const bool back = input.Key == key::Up || input.Key == key::Left;
-    if (!back && input.Key != key::Down && input.Key != key::Right) return false;
-    std::vector<Control*> options;
-    for (Control* control : option_.OwningForm().Controls()) {
-        if (control->Kind() == ControlKind::OptionButton && control->Container == option_.Container &&
-            control->ReallyVisible() && control->ReallyEnabled()) {
-            options.push_back(control);
-        }
-    }
-    if (back) std::reverse(options.begin(), options.end());
-    const auto at = std::find(options.begin(), options.end(), &option_);
-    if (at == options.end()) return true;
-    Control* const next = std::next(at) == options.end() ? options.front() : *std::next(at);
-    auto* view = dynamic_cast<OptionButtonView*>(Of(*next));
-    if (!view || view == this) return true;
-    bool arrived = false;
-    Desktop.System.Run(*next, "GotFocus", [&] { arrived = Desktop.Focus.Take(*next); });
-    if (arrived) view->Button->click();
-    return true;
 }
 
 }  // namespace kvt

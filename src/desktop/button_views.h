@@ -12,8 +12,6 @@ protected:
     ButtonView(DesktopContext& desktop, Control& control, const TextProperty& caption,
                QAbstractButton* button);
     void Follow(PropertyId id) override;
-    // What a click by hand does to the control, before its handler runs.
-    virtual void Choose() {}
 
     QAbstractButton* const Button;
 
@@ -21,13 +19,9 @@ private:
     const TextProperty& caption_;
 };
 
-// Enter clicks it too, not the blank alone.
 class CommandButtonView : public ButtonView {
 public:
     CommandButtonView(DesktopContext& desktop, CommandButton& control, QWidget* parent);
-
-protected:
-    bool Act(const KeyInput& input) override;
 };
 
 class CheckBoxView : public ButtonView {
@@ -36,21 +30,17 @@ public:
 
 protected:
     void Follow(PropertyId id) override;
-    void Choose() override;
 
 private:
     CheckBox& box_;
 };
 
-// The options of a container go out when one of them is chosen; the arrows choose the next of them.
 class OptionButtonView : public ButtonView {
 public:
     OptionButtonView(DesktopContext& desktop, OptionButton& control, QWidget* parent);
 
 protected:
     void Follow(PropertyId id) override;
-    void Choose() override;
-    bool Act(const KeyInput& input) override;
 
 private:
     OptionButton& option_;

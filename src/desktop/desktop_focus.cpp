@@ -9,13 +9,6 @@
 
 namespace kvt {
 
-void DesktopFocus::MoveOn(Form& form, bool backwards) {
-    Control* const from = Focused();
-    Control* const next =
-        from && &from->OwningForm() == &form ? NextInTabOrder(*from, backwards) : FirstInTabOrder(form);
-    if (next) SetFocus(*next);
-}
-
 bool DesktopFocus::Take(Control& control) {
     SetFocus(control);
     return Focused() == &control;
@@ -61,16 +54,17 @@ void DesktopFocus::Restore() {
     if (window->focusWidget() != wanted) wanted->setFocus(Qt::OtherFocusReason);
 }
 
-// Lists and documents have no mark of their own around them.
-void DesktopFocus::Frame(QWidget* widget) {
-    auto* const area = qobject_cast<QAbstractScrollArea*>(widget);
-    if (area && !frame_) {
-        frame_ = new QFocusFrame(area);
+// Lists, documents and scroll bars have no mark of their own around them.
+void DesktopFocus::Frame(const Control& control, QWidget* widget) {
+    const bool bare = control.Kind() == ControlKind::ScrollBar || control.Kind() == ControlKind::UpDown ||
+                      qobject_cast<QAbstractScrollArea*>(widget);
+    if (bare && !frame_) {
+        frame_ = new QFocusFrame(widget);
         QPalette palette = frame_->palette();
         palette.setColor(QPalette::WindowText, palette.color(QPalette::Highlight));
         frame_->setPalette(palette);
     }
-    if (frame_) frame_->setWidget(area);
+    if (frame_) frame_->setWidget(bare ? widget : nullptr);
 }
 
 void DesktopFocus::ShowFocus(Control& control) {
@@ -78,7 +72,7 @@ void DesktopFocus::ShowFocus(Control& control) {
     View* const view = View::Of(control);
     if (!view) return;
     view->Widget()->setFocus(Qt::OtherFocusReason);
-    Frame(view->Widget());
+    Frame(control, view->Widget());
     // The mark of the focus shows however the focus came.
     view->Widget()->window()->setAttribute(Qt::WA_KeyboardFocusChange);
     // To another window of the program; never away from another program.

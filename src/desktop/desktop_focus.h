@@ -13,8 +13,6 @@ namespace kvt {
 // the toolkit's own focus follows. So a window that loses the activation loses no focus.
 class DesktopFocus : public FocusKeeper {
 public:
-    // By hand, to the next control of the tab order.
-    void MoveOn(Form& form, bool backwards);
     // By hand, to a control that was pressed. False where it did not stay there.
     bool Take(Control& control);
     // A window has come to the front: the control that had the focus there last gets it back. False where none had.
@@ -30,7 +28,7 @@ protected:
 
 private:
     void Restore();
-    void Frame(QWidget* widget);
+    void Frame(const Control& control, QWidget* widget);
     bool IsOn(const Form& form);
 
     QObject later_;

@@ -1,14 +1,10 @@
 #include "desktop/desktop_platform.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QFontMetrics>
 #include <QScreen>
 #include <QWidget>
 #include <algorithm>
-
-#include "desktop/pixel_image.h"
-#include "desktop/text.h"
 
 namespace kvt {
 
@@ -52,21 +48,6 @@ QRect ScreenAt(const QRect& window) {
 
 }  // namespace
 
-// Line ends are CR LF here, whatever those of the program that the text comes from.
-std::string DesktopClipboard::GetText() {
-    QString text = QGuiApplication::clipboard()->text();
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
-    return FromQt(text.replace(u'\n', QStringLiteral("\r\n")));
-}
-
-void DesktopClipboard::Clear() { QGuiApplication::clipboard()->clear(); }
-
-void DesktopClipboard::SetText(std::string_view text) { QGuiApplication::clipboard()->setText(ToQt(text)); }
-
-void DesktopClipboard::SetPicture(const Pixels& picture) {
-    QGuiApplication::clipboard()->setImage(ImageOf(picture));
-}
-
 int DesktopScreen::Width() { return lengths_.Twips(QGuiApplication::primaryScreen()->geometry().width()); }
 
 int DesktopScreen::Height() { return lengths_.Twips(QGuiApplication::primaryScreen()->geometry().height()); }
@@ -89,7 +70,7 @@ WindowPlace DesktopScreen::OnScreen(const WindowPlace& place) {
 }
 
 // That of the window in use, which may be on another screen.
-double DesktopScreen::PointsATwip() {
+double DesktopScreen::PointsPerTwip() {
     const QWidget* const window = QApplication::activeWindow();
     return lengths_.Exact(1) * (window ? window->devicePixelRatioF() : qApp->devicePixelRatio());
 }
@@ -99,9 +80,10 @@ double DesktopPlatform::ScreenFactor() {
 }
 
 DesktopPlatform::DesktopPlatform(FileService& files, ProgramService& programs, double factor)
-    : Desktop{Scale(factor), focus_, system_},
+    : Desktop{Scale(factor), focus_, system_, keyboard_},
       Services{files, dialogs_, clipboard_, screen_, system_, focus_, port_, printer_, programs},
       system_(focus_),
+      keyboard_(focus_, system_),
       dialogs_(Desktop),
       screen_(Desktop.Lengths),
       printer_(Desktop) {

@@ -1,20 +1,14 @@
 #pragma once
 
+#include "desktop/desktop_clipboard.h"
 #include "desktop/desktop_dialogs.h"
+#include "desktop/desktop_keyboard.h"
 #include "desktop/desktop_port.h"
 #include "desktop/desktop_printer.h"
 #include "desktop/view.h"
 #include "platform/services.h"
 
 namespace kvt {
-
-class DesktopClipboard : public ClipboardService {
-public:
-    std::string GetText() override;
-    void Clear() override;
-    void SetText(std::string_view text) override;
-    void SetPicture(const Pixels& picture) override;
-};
 
 // The main screen; places may be on any.
 class DesktopScreen : public ScreenService {
@@ -24,7 +18,7 @@ public:
     int Height() override;
     int WorkAreaHeight() override;
     WindowPlace OnScreen(const WindowPlace& place) override;
-    double PointsATwip() override;
+    double PointsPerTwip() override;
 
 private:
     const Scale& lengths_;
@@ -45,6 +39,7 @@ public:
 private:
     DesktopFocus focus_;
     DesktopSystem system_;
+    DesktopKeyboard keyboard_;
     DesktopDialogs dialogs_;
     DesktopClipboard clipboard_;
     DesktopScreen screen_;

@@ -1,52 +1,31 @@
 #pragma once
 
-#include <QElapsedTimer>
-#include <QSerialPort>
-#include <QStringList>
+#include <QSocketNotifier>
 #include <QTimer>
 
-#include "platform/serial_port.h"
+#include "system/posix_port.h"
 
 namespace kvt {
 
-// A serial port of this machine. The numbers 1 to 4 are the devices that the variable KVT_PORTS names, with ":"
-// between them, or those that are there, USB adapters first.
-class DesktopPort : public QObject, public SerialPort {
+// A serial port of this machine, served by the event loop. A closing does not hold the window up: what is under way
+// leaves while events are served.
+class DesktopPort : public PosixPort {
 public:
     DesktopPort();
     ~DesktopPort() override;
 
+    // Looks for the devices anew.
     void Open() override;
     void Close() override;
-    bool IsOpen() const override { return port_.isOpen() && (!gone_ || handingOver_); }
-    void Output(std::string_view text) override;
-    double MillisecondsLeft() const override;
-    double Lead() const override;
-    std::string Input() override;
-    std::string DeviceName(int number) const override;
 
 protected:
-    void SettingsChanged() override;
+    void WatchChanged() override;
 
 private:
-    double Now() const { return static_cast<double>(clock_.nsecsElapsed()) * 1e-6; }
-    int InDriver() const;
-    bool Apply();
-    bool DeviceHolds(const LineSettings& line) const;
-    void LookAfterSending();
-    void Vanished();
-
-    QStringList devices_;
-    QSerialPort port_;
-    QElapsedTimer clock_;
-    LinePace pace_;
+    QSocketNotifier readable_{QSocketNotifier::Read};
+    QSocketNotifier writable_{QSocketNotifier::Write};
     // Runs until what was given has left.
     QTimer sending_;
-    LineWatch watch_;
-    bool settingsWait_ = false;
-    // The device has gone; what it has still brought is being handed over.
-    bool gone_ = false;
-    bool handingOver_ = false;
 };
 
 }  // namespace kvt

@@ -19,8 +19,8 @@ namespace {
 
 // A caller that is back so soon does nothing but wait.
 constexpr qint64 idleNanoseconds = 200'000;
-constexpr int longestRest = 20;    // milliseconds
-constexpr int longestBreath = 30;  // milliseconds
+constexpr int longestRest = 20;  // milliseconds
+constexpr int longestTurn = 30;  // milliseconds
 
 // Serves the next event, for which it waits some milliseconds at the most.
 void Rest(int milliseconds) {
@@ -44,11 +44,11 @@ bool DesktopSystem::DoEvents() {
     return !ended_;
 }
 
-bool DesktopSystem::Breathe(long long turn) {
-    if (turn == 1) sinceBreath_.start();
-    if (!ended_ && sinceBreath_.elapsed() >= longestBreath) {
+bool DesktopSystem::ServeEvents(long long turn) {
+    if (turn == 1) sinceTurn_.start();
+    if (!ended_ && sinceTurn_.elapsed() >= longestTurn) {
         QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents);
-        sinceBreath_.start();
+        sinceTurn_.start();
     }
     return !ended_;
 }
@@ -98,24 +98,24 @@ void DesktopSystem::SendKeys() {
 }
 
 void DesktopSystem::Later(std::function<void()> call) {
-    putOff_.push_back({std::move(call), Running(), std::max<std::size_t>(running_.size(), 1)});
-    if (running_.empty()) RunPutOffSoon();
+    deferred_.push_back({std::move(call), Running(), std::max<std::size_t>(running_.size(), 1)});
+    if (running_.empty()) RunDeferredSoon();
 }
 
-void DesktopSystem::RunPutOffSoon() {
+void DesktopSystem::RunDeferredSoon() {
     QMetaObject::invokeMethod(
-        &later_, [this] { RunPutOff(); }, Qt::QueuedConnection);
+        &later_, [this] { RunDeferred(); }, Qt::QueuedConnection);
 }
 
-// One that stands below on the stack, in a wait, is not through yet: what it has put off stays for its own end.
-void DesktopSystem::RunPutOff() {
+// One that stands below on the stack, in a wait, is not through yet: what it has deferred stays for its own end.
+void DesktopSystem::RunDeferred() {
     const auto due = [this] {
-        return std::find_if(putOff_.begin(), putOff_.end(),
-                            [this](const PutOffCall& one) { return one.Depth > running_.size(); });
+        return std::find_if(deferred_.begin(), deferred_.end(),
+                            [this](const DeferredCall& one) { return one.Depth > running_.size(); });
     };
-    for (auto next = due(); next != putOff_.end() && !ended_; next = due()) {
-        const PutOffCall one = std::move(*next);
-        putOff_.erase(next);
+    for (auto next = due(); next != deferred_.end() && !ended_; next = due()) {
+        const DeferredCall one = std::move(*next);
+        deferred_.erase(next);
         running_.push_back(one.Asker);
         try {
             one.Call();

@@ -19,7 +19,7 @@ public:
 
     // Where it is called over and over and nothing comes up, it waits a little: a wait takes no processor.
     bool DoEvents() override;
-    bool Breathe(long long turn) override;
+    bool ServeEvents(long long turn) override;
     bool WaitUntil(const std::function<double()>& left) override;
     std::tm Now() override;
     std::string LocalDataFolder() override;
@@ -43,7 +43,7 @@ public:
         }
         running_.pop_back();
         if (!keys_.empty()) SendKeysSoon();
-        if (!putOff_.empty()) RunPutOffSoon();
+        if (!deferred_.empty()) RunDeferredSoon();
     }
 
     // The form whose handler is at work, the innermost one; null where none is.
@@ -57,22 +57,22 @@ private:
         int Key;
         std::size_t Depth;  // of the handler that pressed it
     };
-    struct PutOffCall {
+    struct DeferredCall {
         std::function<void()> Call;
         const Form* Asker;
-        std::size_t Depth;  // of the handler that has put it off
+        std::size_t Depth;  // of the handler that has deferredit
     };
     void SendKeysSoon();
-    void RunPutOffSoon();
-    void RunPutOff();
+    void RunDeferredSoon();
+    void RunDeferred();
 
     DesktopFocus& focus_;
     QObject later_;
     QElapsedTimer sinceEvents_;
-    QElapsedTimer sinceBreath_;
+    QElapsedTimer sinceTurn_;
     std::deque<PressedKey> keys_;
     std::vector<const Form*> running_;
-    std::deque<PutOffCall> putOff_;
+    std::deque<DeferredCall> deferred_;
     bool ended_ = false;
 };
 

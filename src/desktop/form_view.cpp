@@ -63,6 +63,7 @@ FormView::FormView(DesktopContext& desktop, Form& form)
     connect(&lasting_, &QTimer::timeout, this, [this] { lasted_ = form_.RestoredPlace(); });
     MakeViews();
     Stack();
+    covered_ = std::make_unique<CoveredLists>(desktop, form);
     SetSmallestSize();
     Follow(PropertyId::Caption);
     Follow(PropertyId::Enabled);
@@ -76,6 +77,7 @@ FormView::FormView(DesktopContext& desktop, Form& form)
 
 FormView::~FormView() {
     if (Desktop.Front == &form_) Desktop.Front = nullptr;
+    covered_.reset();
     views_.clear();
     window_->removeEventFilter(this);
     field_->removeEventFilter(this);
@@ -139,6 +141,7 @@ void FormView::Follow(PropertyId id) {
             if (form_.Visible && window_->testAttribute(Qt::WA_WState_Created))
                 QMetaObject::invokeMethod(
                     this, [this] { Resized(); }, Qt::QueuedConnection);
+            ApplyState();
             window_->setAttribute(Qt::WA_ShowWithoutActivating, form_.TopMost || form_.ComesBehind());
             window_->setVisible(form_.Visible);
             if (form_.Visible && !form_.TopMost && !form_.ComesBehind()) window_->activateWindow();
@@ -196,7 +199,10 @@ void FormView::ApplyPosition() {
     WhileRestored([&] { window_->move(corner); });
 }
 
+// A hidden window takes its state when it comes up: with one the toolkit makes its native window, whose place counts
+// without the frame from then on.
 void FormView::ApplyState() {
+    if (!form_.Visible) return;
     Qt::WindowStates state = window_->windowState();
     state &= ~(Qt::WindowMaximized | Qt::WindowMinimized | Qt::WindowFullScreen);
     if (form_.State == WindowState::Maximised) state |= Qt::WindowMaximized;
@@ -216,8 +222,8 @@ bool FormView::NoteSize() {
         }
         return Desktop.Lengths.Twips(pixels) + edge;
     };
-    return form_.TakeSize(twips({form_.Width, lasted_.Width}, form_.EdgeWidth, field_->width()),
-                          twips({form_.Height, lasted_.Height}, form_.EdgeHeight, field_->height()));
+    return form_.ApplySize(twips({form_.Width, lasted_.Width}, form_.EdgeWidth, field_->width()),
+                           twips({form_.Height, lasted_.Height}, form_.EdgeHeight, field_->height()));
 }
 
 void FormView::Resized() {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "desktop/covered_lists.h"
 #include "desktop/menu_view.h"
 #include "desktop/view.h"
 
@@ -25,7 +26,6 @@ public:
 protected:
     void Follow(PropertyId id) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    bool TakesFocus() const override { return false; }
 
 private:
     void MakeViews();
@@ -55,6 +55,7 @@ private:
     std::unique_ptr<QMainWindow> window_;
     QWidget* field_;
     std::vector<std::unique_ptr<ControlView>> views_;
+    std::unique_ptr<CoveredLists> covered_;
     // The window follows the form, or the form the window; never both.
     bool following_ = false;
     bool noting_ = false;

@@ -9,7 +9,6 @@
 
 #include "desktop/colors.h"
 #include "desktop/text.h"
-#include "platform/keys.h"
 
 namespace kvt {
 
@@ -97,6 +96,7 @@ class WholeEntries : public QListView {
 public:
     using QListView::QListView;
     std::function<void()> OnRelease;
+    std::function<void(int entries)> OnResize;
 
 protected:
     void resizeEvent(QResizeEvent* event) override {
@@ -104,6 +104,7 @@ protected:
         const int room = height() - 2 * frameWidth();
         setViewportMargins(0, 0, 0, room > entry ? room % entry : 0);
         QListView::resizeEvent(event);
+        if (OnResize) OnResize(std::max(1, room / entry));
     }
     void mouseReleaseEvent(QMouseEvent* event) override {
         QListView::mouseReleaseEvent(event);
@@ -125,6 +126,7 @@ ListBoxView::ListBoxView(DesktopContext& desktop, ListBox& control, QWidget* par
     face_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // Only a whole click chooses: a mouse that is let go elsewhere leaves what was chosen before.
     static_cast<WholeEntries*>(face_)->OnRelease = [this] { Follow(PropertyId::ListIndex); };
+    static_cast<WholeEntries*>(face_)->OnResize = [this](int entries) { list_.SetEntriesInSight(entries); };
     connect(face_, &QListView::clicked, this, [this](const QModelIndex& index) {
         list_.ListIndex = index.row();
         Click();
@@ -142,32 +144,6 @@ void ListBoxView::Follow(PropertyId id) {
         case PropertyId::ForeColor: SetTextColor(*face_, list_.ForeColor); break;
         default: View::Follow(id);
     }
-}
-
-bool ListBoxView::Act(const KeyInput& input) {
-    int index = list_.ListIndex;
-    const int page =
-        std::max(1, face_->viewport()->height() / (face_->fontMetrics().height() + entrySpace) - 1);
-    switch (input.Key) {
-        case key::Enter:
-        case key::Space:
-            if (index >= 0) Click();
-            return true;
-        case key::Up: --index; break;
-        case key::Down: ++index; break;
-        case key::Home: index = 0; break;
-        case key::End: index = list_.Count() - 1; break;
-        case key::PageUp: index -= page; break;
-        case key::PageDown: index += page; break;
-        // A letter would move the toolkit's own selection.
-        default: return !input.Text.isEmpty();
-    }
-    if (list_.Count() == 0) return true;
-    index = std::clamp(index, 0, list_.Count() - 1);
-    if (index == list_.ListIndex) return true;
-    list_.ListIndex = index;
-    Click();
-    return true;
 }
 
 void ListBoxView::Click() {

@@ -6,15 +6,13 @@
 
 namespace kvt {
 
-// The entries of a list box; what stands behind a tab stands in a second column. Moving the selection by key
-// counts as a click, and so do Enter and the blank.
+// The entries of a list box; what stands behind a tab stands in a second column.
 class ListBoxView : public View {
 public:
     ListBoxView(DesktopContext& desktop, ListBox& control, QWidget* parent);
 
 protected:
     void Follow(PropertyId id) override;
-    bool Act(const KeyInput& input) override;
 
 private:
     void Click();

@@ -1,9 +1,5 @@
 #include "desktop/list_view_view.h"
 
-#include <algorithm>
-
-#include "platform/keys.h"
-
 namespace kvt {
 
 ListViewView::ListViewView(DesktopContext& desktop, ListView& control, QWidget* parent)
@@ -29,24 +25,6 @@ void ListViewView::Follow(PropertyId id) {
         case PropertyId::SelectedRow: area_->viewport()->update(); break;
         default: View::Follow(id);
     }
-}
-
-bool ListViewView::Act(const KeyInput& input) {
-    if (list_.Count() == 0) return false;
-    int row = list_.SelectedRow();
-    switch (input.Key) {
-        case key::Up: --row; break;
-        case key::Down: ++row; break;
-        case key::PageUp: row -= list_.VisibleRows(); break;
-        case key::PageDown: row += list_.VisibleRows(); break;
-        case key::Home: row = 1; break;
-        case key::End: row = list_.Count(); break;
-        default: return false;
-    }
-    row = std::clamp(row, 1, list_.Count());
-    list_.Select(row);
-    list_.EnsureVisible(row);
-    return true;
 }
 
 }  // namespace kvt

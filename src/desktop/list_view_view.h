@@ -5,14 +5,14 @@
 
 namespace kvt {
 
-// A list view: its rows in a ListArea, its selection by mouse and keys.
+// A list view: its rows in a ListArea, its selection by the mouse.
 class ListViewView : public View {
 public:
     ListViewView(DesktopContext& desktop, ListView& control, QWidget* parent);
 
 protected:
     void Follow(PropertyId id) override;
-    bool Act(const KeyInput& input) override;
+    bool Scrolls() const override { return true; }
 
 private:
     ListView& list_;

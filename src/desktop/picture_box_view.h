@@ -24,7 +24,6 @@ public:
 protected:
     void Follow(PropertyId id) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    bool TakesFocus() const override { return Subject().TabIndex >= 0; }
 
 private:
     double PixelRatio() const;

@@ -18,7 +18,6 @@ public:
 protected:
     void Follow(PropertyId id) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    bool TakesFocus() const override { return false; }
 
 private:
     Label& label_;
@@ -32,7 +31,6 @@ public:
 
 protected:
     void Follow(PropertyId id) override;
-    bool TakesFocus() const override { return false; }
 };
 
 // A document to read; the mouse may give it the keys, so that they scroll it.
@@ -42,6 +40,7 @@ public:
 
 protected:
     void Follow(PropertyId id) override;
+    bool Scrolls() const override { return true; }
 
 private:
     void ShowText();

@@ -1,12 +1,11 @@
 #include "desktop/range_views.h"
 
+#include <QEvent>
 #include <QScrollBar>
 #include <QToolButton>
-#include <algorithm>
 
 #include "basic/stack_guard.h"
 #include "desktop/text.h"
-#include "platform/keys.h"
 
 namespace kvt {
 
@@ -32,21 +31,6 @@ void ComboBoxView::Follow(PropertyId id) {
         case PropertyId::ListIndex: face_->setCurrentIndex(box_.ListIndex); break;
         default: View::Follow(id);
     }
-}
-
-bool ComboBoxView::Act(const KeyInput& input) {
-    const int count = box_.Count();
-    int index = box_.ListIndex;
-    switch (input.Key) {
-        case key::Space: face_->showPopup(); return true;
-        case key::Up: --index; break;
-        case key::Down: ++index; break;
-        case key::Home: index = 0; break;
-        case key::End: index = count - 1; break;
-        default: return false;
-    }
-    if (count > 0) face_->setCurrentIndex(std::clamp(index, 0, count - 1));
-    return true;
 }
 
 ScrollBarView::ScrollBarView(DesktopContext& desktop, ScrollBar& control, QWidget* parent)

@@ -14,9 +14,10 @@ class ComboBoxView : public View {
 public:
     ComboBoxView(DesktopContext& desktop, ComboBox& control, QWidget* parent);
 
+    void OpenList() override { face_->showPopup(); }
+
 protected:
     void Follow(PropertyId id) override;
-    bool Act(const KeyInput& input) override;
 
 private:
     ComboBox& box_;
@@ -30,7 +31,6 @@ public:
 
 protected:
     void Follow(PropertyId id) override;
-    bool TakesFocus() const override { return false; }
 
 private:
     ScrollBar& bar_;
@@ -44,7 +44,6 @@ public:
 
 protected:
     void Follow(PropertyId id) override;
-    bool TakesFocus() const override { return false; }
 
 private:
     ProgressBar& bar_;
@@ -59,7 +58,6 @@ public:
 protected:
     void Follow(PropertyId id) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    bool TakesFocus() const override { return false; }
 
 private:
     void Place();

@@ -19,8 +19,6 @@ namespace kvt {
 
 namespace {
 
-constexpr int ctrlA = 1;
-constexpr int longestLine = 10'000;
 constexpr int longestNotes = 1'000'000;
 constexpr int showInterval = 50;  // milliseconds
 
@@ -30,7 +28,32 @@ QString WithPlainLineEnds(std::string_view text) {
     return plain.replace(u'\r', u'\n');
 }
 
-KeyInput WithCtrl(int character) { return {'A' + character - 1, key::CtrlHeld, QString(QChar(character))}; }
+constexpr int longestLine = static_cast<int>(LongestLine);
+
+KeyPress WithCtrl(char letter) { return PressOf(KeyStroke{letter, key::CtrlHeld}); }
+
+// The moves that go by lines as the widget has broken them.
+QTextCursor::MoveOperation OperationOf(TextAction action) {
+    switch (action) {
+        case TextAction::Home: return QTextCursor::StartOfLine;
+        case TextAction::End: return QTextCursor::EndOfLine;
+        case TextAction::Up:
+        case TextAction::PageUp: return QTextCursor::Up;
+        case TextAction::Down:
+        case TextAction::PageDown: return QTextCursor::Down;
+        default: return QTextCursor::NoMove;
+    }
+}
+
+// What of the text a deletion without a selection takes.
+TextAction MoveOf(TextAction deletion) {
+    switch (deletion) {
+        case TextAction::DeleteBack: return TextAction::Left;
+        case TextAction::DeleteWordBack: return TextAction::WordLeft;
+        case TextAction::DeleteWord: return TextAction::WordRight;
+        default: return TextAction::Right;
+    }
+}
 
 }  // namespace
 
@@ -57,21 +80,8 @@ void TextBoxView::Follow(PropertyId id) {
     }
 }
 
-bool TextBoxView::Act(const KeyInput& input) {
-    if (input.Text.size() != 1 || (input.Held & key::CtrlHeld) == 0) return false;
-    switch (input.Text.at(0).unicode()) {
-        case key::CtrlC: Copy(); return true;
-        case key::CtrlX: return Box.ShownOnly || (Cut(), true);
-        case key::CtrlV:
-            if (Box.ShownOnly) return true;
-            Insert(Fit(incoming_.isNull() ? QGuiApplication::clipboard()->text() : incoming_));
-            return true;
-        case ctrlA: SelectAll(); return true;
-        default: return false;
-    }
-}
-
 bool TextBoxView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn && watched == Widget()) Follow(PropertyId::Selection);
     if (event->type() == QEvent::ContextMenu) {
         ShowMenu(static_cast<QContextMenuEvent*>(event)->globalPos());
         return true;
@@ -79,45 +89,33 @@ bool TextBoxView::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonRelease &&
         static_cast<QMouseEvent*>(event)->button() == Qt::MiddleButton) {
         if (QGuiApplication::clipboard()->supportsSelection()) {
-            Paste(QGuiApplication::clipboard()->text(QClipboard::Selection));
+            const QString text = QGuiApplication::clipboard()->text(QClipboard::Selection);
+            if (!text.isEmpty()) Paste(text);
         }
         return true;
     }
     return View::eventFilter(watched, event);
 }
 
-void TextBoxView::PutIn(int number) {
-    if (number >= ' ' && !Box.ShownOnly) Insert(CharacterOf(number));
-}
-
 void TextBoxView::Drop(const QString& text) {
     bool stays = false;
     Desktop.System.Run(Box, "GotFocus", [&] { stays = Desktop.Focus.Take(Box); });
-    if (stays) Paste(text);
-}
-
-void TextBoxView::Paste(const QString& text) {
-    if (text.isEmpty()) return;
-    // One line takes it as if it were typed: the handlers see each character.
-    if (!Box.MultiLine) return Type(Cleaned(text, false));
-    incoming_ = text;
-    Press(WithCtrl(key::CtrlV));
-    incoming_ = {};
+    if (stays && !text.isEmpty()) Paste(text);
 }
 
 void TextBoxView::ShowMenu(QPoint at) {
     QMenu menu;
     const bool selected = ShownSelection().Length > 0;
-    const auto add = [&](const char* caption, int character, bool enabled) {
+    const auto add = [&](const char* caption, char letter, bool enabled) {
         QAction* action = menu.addAction(QString::fromLatin1(caption));
         action->setEnabled(enabled && Box.ReallyEnabled());
-        connect(action, &QAction::triggered, this, [this, character] { Press(WithCtrl(character)); });
+        connect(action, &QAction::triggered, this, [this, letter] { Press(WithCtrl(letter)); });
     };
-    add("Cu&t", key::CtrlX, selected);
-    add("&Copy", key::CtrlC, selected);
-    add("&Paste", key::CtrlV, !QGuiApplication::clipboard()->text().isEmpty());
+    add("Cu&t", 'X', selected);
+    add("&Copy", 'C', selected);
+    add("&Paste", 'V', !QGuiApplication::clipboard()->text().isEmpty());
     menu.addSeparator();
-    add("Select &All", ctrlA, !Shown().isEmpty());
+    add("Select &All", 'A', !Shown().isEmpty());
     menu.exec(at);
 }
 
@@ -131,7 +129,7 @@ void TextBoxView::Edited() {
 }
 
 void TextBoxView::SelectionMoved() {
-    if (!Following) Box.Selection = ShownSelection();
+    if (!Following && Widget()->hasFocus()) Box.Selection = ShownSelection();
 }
 
 namespace {
@@ -170,8 +168,10 @@ void LineView::Follow(PropertyId id) {
 }
 
 TextSelection LineView::ShownSelection() const {
-    if (!edit_->hasSelectedText()) return {edit_->cursorPosition(), 0};
-    return {edit_->selectionStart(), edit_->selectionLength()};
+    const int caret = edit_->cursorPosition();
+    if (!edit_->hasSelectedText()) return {caret, 0};
+    const int start = edit_->selectionStart();
+    return {start, edit_->selectionLength(), caret == start};
 }
 
 void LineView::SetShownSelection(TextSelection selection) {
@@ -179,7 +179,9 @@ void LineView::SetShownSelection(TextSelection selection) {
     const int start = std::clamp(selection.Start, 0, size);
     const int length = std::clamp(selection.Length, 0, size - start);
     edit_->deselect();
-    if (length > 0) {
+    if (length > 0 && selection.CaretFirst) {
+        edit_->setSelection(start + length, -length);
+    } else if (length > 0) {
         edit_->setSelection(start, length);
     } else {
         edit_->setCursorPosition(start);
@@ -190,7 +192,8 @@ QString LineView::Wanted() const {
     return Box.ShownOnly ? ShownToQt(Box.Text) : Cleaned(ToQt(Box.Text), false);
 }
 
-QString LineView::Fit(const QString& text) const { return Cleaned(text.left(longestLine), false); }
+// As if it were typed: the handlers see each character.
+void LineView::Paste(const QString& text) { Type(Cleaned(text, false)); }
 
 NotesView::NotesView(DesktopContext& desktop, TextBox& control, QWidget* parent)
     : TextBoxView(desktop, control, new QPlainTextEdit(parent)),
@@ -245,7 +248,7 @@ TextSelection NotesView::ShownSelection() const {
     const QString text = Shown();
     const auto position = [&](int at) { return at + static_cast<int>(text.left(at).count(u'\n')); };
     const int start = position(cursor.selectionStart());
-    return {start, position(cursor.selectionEnd()) - start};
+    return {start, position(cursor.selectionEnd()) - start, cursor.position() < cursor.anchor()};
 }
 
 void NotesView::SetShownSelection(TextSelection selection) {
@@ -256,17 +259,63 @@ void NotesView::SetShownSelection(TextSelection selection) {
         return at - static_cast<int>(text.left(at).count(u'\r'));
     };
     QTextCursor cursor = edit_->textCursor();
-    cursor.setPosition(position(selection.Start));
-    cursor.setPosition(position(selection.Start + selection.Length), QTextCursor::KeepAnchor);
+    const int start = position(selection.Start);
+    const int end = position(selection.Start + selection.Length);
+    cursor.setPosition(selection.CaretFirst ? end : start);
+    cursor.setPosition(selection.CaretFirst ? start : end, QTextCursor::KeepAnchor);
     edit_->setTextCursor(cursor);
 }
 
 QString NotesView::Wanted() const { return WithPlainLineEnds(Box.Text); }
 
-QString NotesView::Fit(const QString& text) const {
-    QString fit =
-        Cleaned(text.left(longestNotes), true).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    return fit.replace(u'\r', u'\n');
+void NotesView::Paste(const QString& text) {
+    incoming_ = text;
+    Press(WithCtrl('V'));
+    incoming_ = {};
+}
+
+bool NotesView::EditInWidget(const TextEdit& edit) {
+    switch (edit.Action) {
+        case TextAction::Insert:
+            edit_->insertPlainText(edit.Character == key::Enter ? QStringLiteral("\n")
+                                                                : QString(CharacterOf(edit.Character)));
+            break;
+        case TextAction::DeleteBack:
+        case TextAction::DeleteWordBack:
+        case TextAction::Delete:
+        case TextAction::DeleteWord: Remove(edit.Action); break;
+        case TextAction::SelectAll: edit_->selectAll(); break;
+        case TextAction::Copy: edit_->copy(); break;
+        case TextAction::Cut: edit_->cut(); break;
+        case TextAction::Paste: {
+            const QString text = incoming_.isNull() ? QGuiApplication::clipboard()->text() : incoming_;
+            edit_->insertPlainText(WithPlainLineEnds(FromQt(Cleaned(text.left(longestNotes), true))));
+            break;
+        }
+        case TextAction::Undo: edit_->undo(); break;
+        case TextAction::Redo: edit_->redo(); break;
+        default:
+            if (OperationOf(edit.Action) == QTextCursor::NoMove) return false;
+            Move(edit.Action, edit.Extends);
+    }
+    edit_->ensureCursorVisible();
+    return true;
+}
+
+void NotesView::Move(TextAction action, bool extends) {
+    QTextCursor cursor = edit_->textCursor();
+    const bool page = action == TextAction::PageUp || action == TextAction::PageDown;
+    const int lines = edit_->viewport()->height() / std::max(1, edit_->fontMetrics().lineSpacing()) - 1;
+    cursor.movePosition(OperationOf(action), extends ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor,
+                        page ? std::max(1, lines) : 1);
+    edit_->setTextCursor(cursor);
+}
+
+void NotesView::Remove(TextAction action) {
+    if (Box.Selection.Get().Length == 0) EditText(Box, {MoveOf(action), true}, nullptr);
+    QTextCursor cursor = edit_->textCursor();
+    cursor.removeSelectedText();
+    edit_->setTextCursor(cursor);
 }
 
 }  // namespace kvt

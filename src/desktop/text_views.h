@@ -19,7 +19,6 @@ protected:
     TextBoxView(DesktopContext& desktop, TextBox& control, QWidget* widget);
 
     void Follow(PropertyId id) override;
-    bool Act(const KeyInput& input) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     // The widget, as text of the toolkit and of the program.
@@ -27,18 +26,15 @@ protected:
     virtual void SetShown(const QString& text) = 0;
     virtual TextSelection ShownSelection() const = 0;
     virtual void SetShownSelection(TextSelection selection) = 0;
-    virtual void Insert(const QString& text) = 0;
-    virtual void Copy() = 0;
-    virtual void Cut() = 0;
-    virtual void SelectAll() = 0;
-    // A text as the widget has it, and what may enter at once.
+    // The control's text as the widget has it.
     virtual QString Wanted() const = 0;
-    virtual QString Fit(const QString& text) const = 0;
+    // A text that comes at once from elsewhere than the clipboard.
+    virtual void Paste(const QString& text) = 0;
 
-    void PutIn(int number) override;
     // What has been added to the control's text and is not in the widget yet.
     virtual std::string NotShown() const { return {}; }
-    // The user has changed the text, or the selection alone.
+    // The user has changed the text, or the selection alone. A widget that loses the keys shows no selection any more;
+    // the control keeps its own, which comes back with the keys.
     void Edited();
     void SelectionMoved();
 
@@ -46,11 +42,7 @@ protected:
     bool Following = false;
 
 private:
-    void Paste(const QString& text);
     void ShowMenu(QPoint at);
-
-    // What Ctrl-V puts in: the clipboard where it is not set.
-    QString incoming_;
 };
 
 // One line.
@@ -64,12 +56,8 @@ protected:
     void SetShown(const QString& text) override { edit_->setText(text); }
     TextSelection ShownSelection() const override;
     void SetShownSelection(TextSelection selection) override;
-    void Insert(const QString& text) override { edit_->insert(text); }
-    void Copy() override { edit_->copy(); }
-    void Cut() override { edit_->cut(); }
-    void SelectAll() override { edit_->selectAll(); }
     QString Wanted() const override;
-    QString Fit(const QString& text) const override;
+    void Paste(const QString& text) override;
 
 private:
     QLineEdit* edit_;
@@ -80,6 +68,9 @@ class NotesView : public TextBoxView {
 public:
     NotesView(DesktopContext& desktop, TextBox& control, QWidget* parent);
 
+    // Undoing, lines as they are broken and a long text are the widget's business.
+    bool EditInWidget(const TextEdit& edit) override;
+
 protected:
     void Follow(PropertyId id) override;
     std::string NotShown() const override { return Box.Text.Get().substr(shown_); }
@@ -87,19 +78,19 @@ protected:
     void SetShown(const QString& text) override;
     TextSelection ShownSelection() const override;
     void SetShownSelection(TextSelection selection) override;
-    void Insert(const QString& text) override { edit_->insertPlainText(text); }
-    void Copy() override { edit_->copy(); }
-    void Cut() override { edit_->cut(); }
-    void SelectAll() override { edit_->selectAll(); }
     QString Wanted() const override;
-    QString Fit(const QString& text) const override;
+    void Paste(const QString& text) override;
 
 private:
     void ShowMore();
+    void Move(TextAction action, bool extends);
+    void Remove(TextAction action);
 
     QPlainTextEdit* edit_;
     // How much of the control's text is in the widget: a text that grows is shown a few times a second.
     std::size_t shown_ = 0;
+    // What pasting puts in: the clipboard where it is not set.
+    QString incoming_;
     QTimer showing_;
 };
 

@@ -3,8 +3,9 @@
 #include <QInputMethodEvent>
 
 #include "basic/stack_guard.h"
+#include "desktop/key_input.h"
 #include "desktop/text.h"
-#include "platform/keys.h"
+#include "platform/clicks.h"
 
 namespace kvt {
 
@@ -63,6 +64,7 @@ void View::Follow(PropertyId id) {
 bool View::eventFilter(QObject* watched, QEvent* event) {
     if (passing_) return false;
     switch (event->type()) {
+        case QEvent::ShortcutOverride: return KeepsKey(*static_cast<QKeyEvent*>(event));
         case QEvent::KeyPress: return KeyPressed(watched, *static_cast<QKeyEvent*>(event));
         case QEvent::InputMethod: return TextCommitted(watched, *static_cast<QInputMethodEvent*>(event));
         case QEvent::MouseButtonPress: return MousePressed();
@@ -70,32 +72,27 @@ bool View::eventFilter(QObject* watched, QEvent* event) {
     }
 }
 
+// The shortcuts of menus are chosen by the keyboard as all keys are; those with Alt are the toolkit's.
+bool View::KeepsKey(QKeyEvent& event) {
+    if (PressesOf(event).empty()) return false;
+    event.accept();
+    return true;
+}
+
 bool View::KeyPressed(QObject* watched, QKeyEvent& event) {
-    const KeyInput input = InputOf(event);
-    if (input.Empty()) {
+    const std::vector<KeyPress> presses = PressesOf(event);
+    if (presses.empty()) {
         // A letter with Alt is for menus: no text box may take it past its handlers.
         const bool letter = !event.text().isEmpty() && event.text().at(0).isPrint();
         event.ignore();
         return letter && control_.Kind() == ControlKind::TextBox;
     }
+    const bool used = Desktop.Keys.Press(control_.OwningForm(), presses.front());
+    for (std::size_t i = 1; i < presses.size(); ++i)
+        Desktop.Keys.Type(control_.OwningForm(), presses[i].Character);
+    if (!used && Scrolls()) PassOn(watched, event);
     event.accept();
-    if (input.Key == key::Tab) {
-        Desktop.System.Run(control_, "LostFocus", [&] {
-            Desktop.Focus.MoveOn(control_.OwningForm(), (input.Held & key::ShiftHeld) != 0);
-        });
-    } else if (input.Text.size() > 1) {
-        if (OfferKey(input)) Type(input.Text);
-    } else if (Offer(input)) {
-        PassOn(watched, event);
-        event.accept();
-    }
-    Desktop.System.SendKeys();
     return true;
-}
-
-void View::Press(const KeyInput& input) {
-    Offer(input);
-    Desktop.System.SendKeys();
 }
 
 // What composed characters, dead keys and the like give is typed as well. What is still being composed is shown
@@ -111,7 +108,7 @@ bool View::TextCommitted(QObject* watched, QInputMethodEvent& event) {
 }
 
 bool View::MousePressed() {
-    if (!TakesFocus() || !control_.ReallyEnabled()) return false;
+    if (!TakesFocus(control_) || !control_.ReallyEnabled()) return false;
     const int dialogsBefore = Desktop.DialogsShown;
     bool stays = false;
     Desktop.System.Run(control_, "GotFocus", [&] { stays = Desktop.Focus.Take(control_); });
@@ -125,53 +122,8 @@ void View::PassOn(QObject* watched, QEvent& event) {
     watched->event(&event);
 }
 
-// The form sees keys first.
-std::array<Control*, 2> View::Receivers() const {
-    Control* const form = &control_.OwningForm();
-    return {form, form != &control_ ? &control_ : nullptr};
-}
-
-bool View::OfferKey(const KeyInput& input) {
-    Control* const focused = Desktop.Focus.Focused();
-    for (Control* receiver : Receivers()) {
-        if (input.Key == 0 || !receiver || !receiver->OnKeyDown) continue;
-        Desktop.System.Run(*receiver, "KeyDown", [&] { receiver->OnKeyDown(input.Key, input.Held); });
-        if (Desktop.System.Ended() || Desktop.Focus.Focused() != focused) return false;
-    }
-    return true;
-}
-
-bool View::OfferCharacter(int& number) {
-    Control* const focused = Desktop.Focus.Focused();
-    for (Control* receiver : Receivers()) {
-        if (!receiver || !receiver->OnKeyPress) continue;
-        Desktop.System.Run(*receiver, "KeyPress", [&] { receiver->OnKeyPress(number); });
-        if (Desktop.System.Ended() || Desktop.Focus.Focused() != focused || number == 0) return false;
-    }
-    return true;
-}
-
-// True where the widget is to use the input itself.
-bool View::Offer(const KeyInput& input) {
-    if (!OfferKey(input)) return false;
-    if (input.Text.isEmpty()) return !Act(input);
-    const int pressed = CharacterNumber(input.Text.at(0));
-    int number = pressed;
-    if (number == 0 || !OfferCharacter(number)) return false;
-    if (number == pressed) return !Act(input);
-    PutIn(number);
-    return false;
-}
-
 void View::Type(const QString& text) {
-    for (const QChar character : text) {
-        // What was typed before may have moved the focus on.
-        Control* const focused = Desktop.Focus.Focused();
-        View* const receiver = focused && Of(*focused) ? Of(*focused) : this;
-        int number = CharacterNumber(character);
-        if (number != 0 && receiver->OfferCharacter(number)) receiver->PutIn(number);
-        Desktop.System.SendKeys();
-    }
+    for (const QChar character : text) Desktop.Keys.Type(control_.OwningForm(), CharacterNumber(character));
 }
 
 }  // namespace kvt

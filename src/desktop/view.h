@@ -2,14 +2,13 @@
 
 #include <QObject>
 #include <QWidget>
-#include <array>
 
-#include "desktop/desktop_system.h"
-#include "desktop/key_input.h"
+#include "desktop/desktop_keyboard.h"
 #include "desktop/scale.h"
 #include "platform/controls.h"
 
 class QInputMethodEvent;
+class QKeyEvent;
 class QMouseEvent;
 
 namespace kvt {
@@ -19,6 +18,7 @@ struct DesktopContext {
     Scale Lengths;
     DesktopFocus& Focus;
     DesktopSystem& System;
+    DesktopKeyboard& Keys;
     // How many boxes and dialogs the user has been shown.
     int DialogsShown = 0;
     // The form whose window came to the front last.
@@ -41,41 +41,36 @@ public:
 
     void PropertyChanged(Control&, PropertyId id) override { Follow(id); }
 
+    // Does an edit in the widget, which has an editor of its own; false leaves it to the control.
+    virtual bool EditInWidget(const TextEdit&) { return false; }
+    // Shows the entries to choose from, where the control has some.
+    virtual void OpenList() {}
+
     // The view of a control, null where it has none.
     static View* Of(const Control& control) { return dynamic_cast<View*>(control.View); }
 
 protected:
     // Brings the widget in line with a property.
     virtual void Follow(PropertyId id);
-    // Does what the control itself does with a key that its handlers have let pass; false leaves it to the
-    // widget.
-    virtual bool Act(const KeyInput&) { return false; }
-    // Puts a character in; for text that comes by other ways than keys.
-    virtual void PutIn(int) {}
-    // Whether a press of the mouse gives it the focus.
-    virtual bool TakesFocus() const { return true; }
+    // Whether keys that nothing has a use for scroll the widget.
+    virtual bool Scrolls() const { return false; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
     // Watches another widget too that belongs to the control.
     void Watch(QWidget* part) { part->installEventFilter(this); }
     // What an input does that comes from elsewhere than the keyboard, a menu for one.
-    void Press(const KeyInput& input);
+    void Press(const KeyPress& press) { Desktop.Keys.Press(control_.OwningForm(), press); }
     // Text that comes a character at a time.
     void Type(const QString& text);
 
     DesktopContext& Desktop;
 
 private:
+    bool KeepsKey(QKeyEvent& event);
     bool KeyPressed(QObject* watched, QKeyEvent& event);
     bool TextCommitted(QObject* watched, QInputMethodEvent& event);
     bool MousePressed();
     void PassOn(QObject* watched, QEvent& event);
-    // These offer what is pressed to the handlers. False where one has cancelled it, has moved the focus or ended the
-    // program: nothing is left to do then.
-    std::array<Control*, 2> Receivers() const;
-    bool OfferKey(const KeyInput& input);
-    bool OfferCharacter(int& number);
-    bool Offer(const KeyInput& input);
 
     Control& control_;
     QWidget* widget_;

@@ -79,18 +79,16 @@ void ApplyPartial(Shape& shape, const ArcCall& arc, float penX, float penY) {
 void MakeArc(DrawParts& parts, ArcCall arc, int pass) {
     PictureBox& field = parts.Controls.pbxDrawField;
     const DrawState& state = parts.State;
-    // 1.
     const float penX = field.CurrentX;
     const float penY = field.CurrentY;
+    // A partial arc without a move along one axis keeps the quadrant's centre: the rows of centres tell nothing then.
     Shape shape{};
-    // 2.
     if (arc.EndV == 0 || arc.EndH == 0) {
         shape = QuadrantShape(arc, penX, penY);
         arc.Radius = std::abs(arc.Radius);
     }
-    // 3.
     if (arc.EndV != 0 || arc.EndH != 0) ApplyPartial(shape, arc, penX, penY);
-    // 4.
+    // Counter-clockwise from the first angle to the second.
     Attempt(makeArcName, [&] {
         if (arc.IsG03) {
             field.Circle(shape.CentreX, shape.CentreY, arc.Radius, shape.AngleEnd, shape.AngleStart);
@@ -98,7 +96,7 @@ void MakeArc(DrawParts& parts, ArcCall arc, int pass) {
             field.Circle(shape.CentreX, shape.CentreY, arc.Radius, shape.AngleStart, shape.AngleEnd);
         }
     });
-    // 5.
+    // The radii; the pen stays one pixel wide behind them.
     const bool byMenu = parts.Controls.mnuRadiiArcs.Checked && !state.NoRadiusLine;
     if (pass == 1 && (byMenu || state.ForceRadiusLine)) {
         field.DrawWidth = 1;
@@ -107,7 +105,7 @@ void MakeArc(DrawParts& parts, ArcCall arc, int pass) {
         Attempt(makeArcName, [&] { field.LineTo(penX, penY); });
         field.DrawStyle = draw_style::Solid;
     }
-    // 6.
+    // An arc leaves the pen at its centre.
     Attempt(makeArcName, [&] { field.MoveTo(shape.EndX, shape.EndY); });
 }
 

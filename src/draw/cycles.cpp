@@ -8,26 +8,24 @@ namespace kvt {
 
 void DrawThread(DrawParts& parts, Simulation& waits, float length, float pitch, std::string_view code) {
     PictureBox& field = parts.Controls.pbxDrawField;
-    // 1. to 3.
     const float startX = field.CurrentX;
     const float startY = field.CurrentY;
     const float endX = ToSingle(double{startX} + length);
     const bool forward = length > 0;
-    // 4.
+    // What is left behind the last whole pitch is not drawn.
     const std::int32_t wholePitch = ToLong(pitch);
     const std::int32_t count = wholePitch == 0 ? 0 : ToLong(std::abs(length)) / wholePitch;
-    // 5., 6.
+    // A tooth is as high as it is wide at its foot on either side, whatever the scale.
     const double half = double{pitch} / 2;
     const double along = forward ? half : -half;
     for (std::int32_t turn = 1; turn <= count; ++turn) {
         field.LineTo(field.CurrentX + along, field.CurrentY - half);
         field.LineTo(field.CurrentX + along, field.CurrentY + half);
-        waits.Breathe();
-        if (parts.State.StopRequested || parts.State.LeaveWalk) return;
+        waits.ServeEvents();
+        if (parts.State.StopRequested || parts.State.Leaving()) return;
     }
-    // 7. The tick at the thread's start is meant, as long in twips as there are turns.
+    // The way home is drawn as a tick at the thread's start, as long in twips as there are turns: users count on it.
     field.Line(startX, startY + (forward ? count : -count), startX, startY);
-    // 8.
     if (code == "G33") field.CurrentX = endX;
 }
 

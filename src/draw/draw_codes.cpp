@@ -21,7 +21,7 @@ constexpr Color yellow = 0x00FFFF;
 constexpr Color grey = 0xC0C0C0;
 
 constexpr int mostCalls = 5;
-constexpr double twipsOfHalfAPixel = 7.5;
+constexpr double twipsPerHalfPixel = 7.5;
 
 // The target of a jump: the last three characters of the F cell.
 std::int32_t Target(std::string_view cell) { return ToInteger(Val(Right(cell, 3))); }
@@ -64,12 +64,12 @@ void DrawProgram::Arc(bool isG03) {
     arc.Radius = ToSingle(move_.V);
     arc.DirV = ToSingle(move_.V);
     arc.DirH = ToSingle(move_.H);
-    MakeArc(parts_, arc, pass_);
+    MakeArc(shared_, arc, pass_);
     Reference();
     Wait();
 }
 
-// Also without an arc that waits for it: then with the values that stand.
+// An M99 without an arc in front draws one with the values of the last arc.
 void DrawProgram::ArcCentre() {
     arcPending_ = false;
     FeedPen(arcIsG03_ ? cyan : magenta);
@@ -80,7 +80,7 @@ void DrawProgram::ArcCentre() {
     arc.EndH = ToSingle(move_.H);
     arc.CentreV = ToSingle(std::abs(centre_.V));
     arc.CentreH = ToSingle(std::abs(centre_.H));
-    MakeArc(parts_, arc, pass_);
+    MakeArc(shared_, arc, pass_);
     Reference();
     Wait();
 }
@@ -89,15 +89,15 @@ void DrawProgram::EndOfProgram() { state_.StopRequested = true; }
 
 void DrawProgram::RadiusMode() { state_.DrawRadius = true; }
 
-// The step to the next line adds 1: the target's number is the row in front of it.
+// Stepping to the next line adds 1: line N is row N + 1, so that the target's number is the row in front of it.
 void DrawProgram::Call() {
     const auto depth = static_cast<std::size_t>(callDepth_);
     if (callDepth_ < 0 || depth >= returnStack_.size()) throw RunTimeError(fault::SubscriptOutOfRange);
     returnStack_[depth] = lineIndex_;
     lineIndex_ = std::min(itemCount_, Target(Cell(column::F)));
     if (++callDepth_ > mostCalls) {
-        const Texts& texts = parts_.Language;
-        parts_.Platform.Dialogs.ShowMessage(
+        const Texts& texts = shared_.Language;
+        shared_.Platform.Dialogs.ShowMessage(
             Notice(texts.DrawErrorTexts(text::TooManyCalls), texts.DrawErrorTexts(text::MostCalls)));
         state_.StopRequested = true;
     }
@@ -107,10 +107,10 @@ void DrawProgram::Jump() { lineIndex_ = Target(Cell(column::F)); }
 
 Color DrawProgram::ThreadColor() const { return Overridden(controls_.mnuBackground.Checked ? blue : yellow); }
 
-// It takes no reference, but moves it along by itself.
+// The reference moves along the thread only, whatever the tool position says.
 void DrawProgram::Thread() {
     field_.ForeColor = ThreadColor();
-    DrawThread(parts_, pieces_.Sim, ToSingle(move_.H), ToSingle(pitch_), "G33");
+    DrawThread(shared_, parts_.Sim, ToSingle(move_.H), ToSingle(pitch_), "G33");
     previous_.H += move_.H;
     Wait();
 }
@@ -118,11 +118,11 @@ void DrawProgram::Thread() {
 void DrawProgram::ThreadingCycle() {
     field_.ForeColor = ThreadColor();
     DrawBoxOutAndBack(field_, startX_ + move_.H, startY_ + move_.V);
-    DrawThread(parts_, pieces_.Sim, ToSingle(move_.H), ToSingle(pitch_), "G78");
+    DrawThread(shared_, parts_.Sim, ToSingle(move_.H), ToSingle(pitch_), "G78");
     Wait();
 }
 
-// On the mill nothing shows of it, which is meant.
+// On the mill a boring has no move in the plane of the drawing, so that nothing shows of it.
 void DrawProgram::Boring() {
     field_.ForeColor = Overridden(blue);
     if (!mill_) {
@@ -151,8 +151,8 @@ void DrawProgram::PocketCycle() {
     call.Ink = penMode_ == 0 ? grey : red;
     call.PenWidth = penMode_ == 0 ? state_.ToolWidth : 1;
     call.ToolDiameter = toolDiameter_;
-    DrawPocket(parts_, pieces_.Sim, call);
-    leave_ = state_.StopRequested || state_.LeaveWalk;
+    DrawPocket(shared_, parts_.Sim, call);
+    leave_ = state_.StopRequested || state_.Leaving();
     if (!leave_ && penMode_ == 0) FinishingOutline();
 }
 
@@ -184,7 +184,7 @@ void DrawProgram::SetRegister() {
 
 void DrawProgram::ToolChange() {
     toolDiameter_ = ToSingle(Val(Right(Cell(column::X), 4)));
-    state_.ToolWidth = ToSingle(double{toolDiameter_} * state_.DrawScale / twipsOfHalfAPixel);
+    state_.ToolWidth = ToSingle(double{toolDiameter_} * state_.DrawScale / twipsPerHalfPixel);
     if (state_.ToolWidth < 1) state_.ToolWidth = 1;
 }
 

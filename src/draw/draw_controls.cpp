@@ -210,8 +210,9 @@ void DrawControls::PlaceFrames() {
     Place(cmdRun, 1940, 100, 900, 330);
     frStepControls.Visible = false;
     int next = 1;
-    for (Control* stop : std::initializer_list<Control*>{&txtX1, &txtZ1, &txtX2, &txtZ2, &cmdAutoFit,
-                                                         &cmdRedraw, &cmdStep, &cmdStop, &cmdRun}) {
+    for (Control* stop :
+         std::initializer_list<Control*>{&txtX1, &txtZ1, &txtX2, &txtZ2, &cmdAutoFit, &cmdRedraw, &UpDown,
+                                         &cmdStep, &cmdStop, &cmdRun, &hsbViewWindow, &vsbViewWindow}) {
         stop->TabIndex = next++;
     }
 }

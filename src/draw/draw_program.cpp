@@ -87,25 +87,24 @@ double OffsetIn(std::string_view cell) {
 
 }  // namespace
 
-DrawProgram::DrawProgram(Pieces& pieces, int penMode, int pass)
-    : pieces_(pieces),
-      parts_(pieces.Parts),
-      controls_(pieces.Parts.Controls),
-      state_(pieces.Parts.State),
-      field_(pieces.Parts.Controls.pbxDrawField),
-      store_(pieces.Parts.Store),
-      list_(pieces.Parts.Store.lvCncProgram),
+DrawProgram::DrawProgram(Parts& parts, int penMode, int pass)
+    : parts_(parts),
+      shared_(parts.Shared),
+      controls_(parts.Shared.Controls),
+      state_(parts.Shared.State),
+      field_(parts.Shared.Controls.pbxDrawField),
+      store_(parts.Shared.Store),
+      list_(parts.Shared.Store.lvCncProgram),
       penMode_(penMode),
       pass_(pass),
-      mill_(pieces.Parts.Store.IsF1()) {}
+      mill_(parts.Shared.Store.IsF1()) {}
 
 void DrawProgram::Run() {
-    // 1.
     if (!controls_.frmDraw.Visible) return;
     Attempt(drawProgramName, [this] {
         Begin();
-        // Lines that have gone in a wait are not missed.
-        while (lineIndex_ <= std::min(itemCount_, list_.Count()) && !state_.LeaveWalk && Round())
+        // Lines can be deleted during a wait.
+        while (lineIndex_ <= std::min(itemCount_, list_.Count()) && !state_.Leaving() && ProcessLine())
             ++lineIndex_;
         End();
     });
@@ -113,107 +112,96 @@ void DrawProgram::Run() {
 
 void DrawProgram::Begin() {
     const bool full = pass_ == 1;
-    const bool whiteGround = controls_.mnuBackground.Checked;
-    // 2., 3.
-    pieces_.View.ShowGridSize();
+    const bool whiteBackground = controls_.mnuBackground.Checked;
+    parts_.View.ShowGridSize();
     itemCount_ = list_.Count();
     if (full) field_.Cls();
-    // 4.
     state_.Drawing = true;
     state_.ToolWidth = 1;
-    if (full) pieces_.PositionControls();
-    // 5.
-    const std::string name(ExtractFileName(parts_.File.lblPath.Caption));
+    if (full) parts_.PositionControls();
+    const std::string name(ExtractFileName(shared_.File.lblPath.Caption));
     controls_.lblFileName.Caption = name;
     controls_.frmDraw.Caption = name;
-    // 6., 7.
-    if (full) field_.BackColor = whiteGround ? white : black;
-    if (controls_.mnuGrid.Checked && full) pieces_.View.MakeGrid();
-    // 9.
+    if (full) field_.BackColor = whiteBackground ? white : black;
+    if (controls_.mnuGrid.Checked && full) parts_.View.MakeGrid();
     if (state_.ZeroX > 0) {
         field_.MoveTo(state_.ZeroX, state_.ZeroY);
     } else {
         field_.MoveTo(controls_.frmDraw.Width / 2.0, controls_.frmDraw.Height / 2.0);
     }
-    // 10., 11.
     state_.DrawAbsolute = false;
     state_.StepPressed = false;
     state_.DrawRadius = mill_;
     if (full) {
-        pieces_.View.MakeZeroPoint();
+        parts_.View.MakeZeroPoint();
         state_.FirstStroke = field_.OperationsBefore() + static_cast<long long>(field_.Operations().size());
     }
-    // 8., 12. The Abort button is there for the whole length of every walk.
+    // The Abort button is there for the whole length of every walk.
     controls_.cmdAutoFit.Enabled = false;
     controls_.cmdRedraw.Enabled = false;
     controls_.cmdStop.Visible = true;
     controls_.cmdStop.Enabled = true;
     controls_.cmdRun.Enabled = true;
     controls_.frStepControls.Visible = true;
-    // 13.
-    const int sim = pieces_.Sim.CheckedSim();
+    const int sim = parts_.Sim.CheckedSim();
     state_.StepMode = sim == simulation::Step;
     state_.Interval = intervalOfSim[sim];
     controls_.Timer1.Enabled = state_.Interval > 1;
-    // 14.
-    pieces_.Listing.Begin();
+    parts_.Listing.Begin();
 }
 
 void DrawProgram::End() {
-    // 1.
-    pieces_.Sim.EnableControls(true);
-    // 2.
-    Control* const focused = parts_.Platform.Focus.Focused();
+    parts_.Sim.EnableControls(true);
+    Control* const focused = shared_.Platform.Focus.Focused();
     if (focused && focused->Container == &controls_.frStepControls)
-        parts_.Platform.Focus.SetFocus(controls_.pbxDrawField);
+        shared_.Platform.Focus.SetFocus(controls_.pbxDrawField);
     controls_.frStepControls.Visible = false;
     state_.StopRequested = false;
     state_.Drawing = false;
-    // 3.
+    // The menu may have changed the scale meanwhile; that asks for no drawing.
     state_.ScaleUpdating = true;
-    controls_.UpDown.SetValue(pieces_.View.CheckedScaleIndex());
+    controls_.UpDown.SetValue(parts_.View.CheckedScaleIndex());
     state_.ScaleUpdating = false;
 }
 
-bool DrawProgram::Round() {
-    pieces_.Sim.Breathe();
-    if (state_.LeaveWalk) return false;
-    // 1.
-    if (controls_.mnuProgramWindow.Checked && pieces_.Listing.Follow(lineIndex_, itemCount_))
-        pieces_.Sim.cmdStop_Click();
-    // 2.
+bool DrawProgram::ProcessLine() {
+    parts_.Sim.ServeEvents();
+    if (state_.Leaving()) return false;
+    // LISTING: with it open, a line with an error ends the walk behind that line.
+    if (controls_.mnuProgramWindow.Checked && parts_.Listing.Follow(lineIndex_, itemCount_))
+        parts_.Sim.cmdStop_Click();
+    // MODES OF THE LINE: an arc keeps its colour on its line with the centre.
     state_.NoRadiusLine = false;
     state_.ForceRadiusLine = false;
     if (!arcPending_) colorOverride_ = -1;
-    // 3.
+    // COMMAND IN THE COMMENT: may leave out the line, or end the walk.
     switch (Command(Cell(column::Comment))) {
-        case Rest::WholeLine: break;
-        case Rest::EndOfLine: return EndOfLine();
-        case Rest::Nothing: return false;
+        case Next::DrawLine: break;
+        case Next::EndOfLine: return EndOfLine();
+        case Next::LeaveProgram: return false;
     }
-    if (IsWatched()) pieces_.Editor.Follow(lineIndex_);
-    // 4.
+    if (IsWatched()) parts_.Editor.Follow(lineIndex_);
+    // PEN: for what has no colour of its own.
     field_.ForeColor = controls_.mnuBackground.Checked ? black : white;
-    // 5. to 8.
+    // VALUES: the line with the centre keeps the moves of its arc's line.
     ReadCode();
     arcPending_ ? ReadCentre() : ReadValues();
     const std::string_view feed = Trim(Cell(column::F));
     pitch_ = Val(feed.substr(!feed.empty() && IsLetter(feed[0]) ? 1 : 0)) * state_.DrawScale;
-    // 9.
     startX_ = field_.CurrentX;
     startY_ = field_.CurrentY;
-    // 10. to 12.
+    // STROKES: the code draws, waits, and takes the reference of the next absolute move.
     Dispatch();
     if (leave_) return false;
     return EndOfLine();
 }
 
-DrawProgram::Rest DrawProgram::Command(std::string_view comment) {
+DrawProgram::Next DrawProgram::Command(std::string_view comment) {
     const std::string_view argument = SecondWord(comment);
     switch (ControlCommandOf(comment)) {
-        case ControlCommand::None: return Rest::WholeLine;
-        case ControlCommand::Skip: return Rest::EndOfLine;
-        case ControlCommand::Stop: return Rest::Nothing;
+        case ControlCommand::None: return Next::DrawLine;
+        case ControlCommand::Skip: return Next::EndOfLine;
+        case ControlCommand::Stop: return Next::LeaveProgram;
         case ControlCommand::Colour: colorOverride_ = static_cast<std::int32_t>(ColorNamed(argument)); break;
         case ControlCommand::Interval: state_.Interval = IntervalOf(argument); break;
         case ControlCommand::NoRadius: state_.NoRadiusLine = true; break;
@@ -227,19 +215,18 @@ DrawProgram::Rest DrawProgram::Command(std::string_view comment) {
             state_.StepMode = true;
             break;
         case ControlCommand::Wait:
-            // An overlay waits nowhere.
+            // The overlay does not wait.
             if (pass_ != 1) break;
-            pieces_.Editor.Follow(lineIndex_);
-            state_.WaitingForClick = true;
-            pieces_.Sim.WaitUntil(state_.WaitingForClick, false);
-            if (state_.LeaveWalk) return Rest::Nothing;
+            parts_.Editor.Follow(lineIndex_);
+            parts_.Sim.WaitFor(UserWait::Click);
+            if (state_.Leaving()) return Next::LeaveProgram;
             break;
         case ControlCommand::NoCheck:
         case ControlCommand::NoRenum:
         case ControlCommand::Unknown: break;
     }
     controls_.Timer1.Enabled = state_.Interval > 1;
-    return Rest::WholeLine;
+    return Next::DrawLine;
 }
 
 // The mill's Y is negated, which turns the sense of its arcs round.
@@ -300,31 +287,28 @@ void DrawProgram::Dispatch() {
 }
 
 bool DrawProgram::EndOfLine() {
-    // 13.
-    startX_ = field_.CurrentX;
-    startY_ = field_.CurrentY;
     if (state_.StepMode && pass_ == 1) {
         controls_.frStepControls.Visible = true;
         controls_.cmdStep.Visible = true;
         controls_.cmdStep.Enabled = true;
-        TakeKeysForSteps();
-        // A press from before the wait is none; an aborted walk is let go.
+        FocusStepButton();
+        // A press before this wait does not count, but an aborted walk need not wait any more.
         if (!state_.StopRequested) state_.StepPressed = false;
-        pieces_.Sim.WaitUntil(state_.StepPressed, true);
+        if (!state_.StepPressed) parts_.Sim.WaitFor(UserWait::Step);
         state_.StepPressed = false;
     }
-    return !state_.StopRequested && !state_.LeaveWalk;
+    return !state_.StopRequested && !state_.Leaving();
 }
 
-// Whoever works in the editor beside the drawing keeps the keys.
-void DrawProgram::TakeKeysForSteps() {
-    FocusService& focus = parts_.Platform.Focus;
+// A user who works in the editor beside the drawing keeps the focus.
+void DrawProgram::FocusStepButton() {
+    FocusService& focus = shared_.Platform.Focus;
     const Control* const focused = focus.Focused();
     if (!focused || &focused->OwningForm() != &list_.OwningForm()) focus.SetFocus(controls_.cmdStep);
 }
 
 void DrawProgram::Wait() {
-    if (pass_ == 1) pieces_.Sim.WaitTimer();
+    if (pass_ == 1) parts_.Sim.WaitTimer();
 }
 
 bool DrawProgram::NextLineIsM99() const {

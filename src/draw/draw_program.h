@@ -14,8 +14,8 @@ namespace kvt {
 // own, following jumps and calls, and takes the tool positions that the check pass has written.
 class DrawProgram {
 public:
-    struct Pieces {
-        DrawParts& Parts;
+    struct Parts {
+        DrawParts& Shared;
         Viewport& View;
         Simulation& Sim;
         ProgramWindow& Listing;
@@ -25,7 +25,7 @@ public:
 
     // PenMode 1 draws with a pen of one pixel, 0 feed moves in the tool's width. Pass 1 is a full drawing, any
     // other an overlay in white over what stands.
-    DrawProgram(Pieces& pieces, int penMode, int pass);
+    DrawProgram(Parts& parts, int penMode, int pass);
 
     // A run-time failure leaves the field as drawn so far, and Drawing set.
     void Run();
@@ -45,10 +45,10 @@ private:
     void Begin();
     void End();
     // One line; false where the walk is to be left.
-    bool Round();
-    // The command in a line's comment. What is left of the line to do.
-    enum class Rest { WholeLine, EndOfLine, Nothing };
-    Rest Command(std::string_view comment);
+    bool ProcessLine();
+    // The command in a line's comment. What is to be done next.
+    enum class Next { DrawLine, EndOfLine, LeaveProgram };
+    Next Command(std::string_view comment);
     void ReadCode();
     void ReadValues();
     void ReadCentre();
@@ -83,14 +83,14 @@ private:
     Color ThreadColor() const;
     void Reference() { previous_ = current_; }
     void Wait();
-    void TakeKeysForSteps();
+    void FocusStepButton();
     // Whether someone is to see how the drawing grows.
     bool IsWatched() const { return pass_ == 1 && (state_.Interval > 1 || state_.StepMode); }
     bool NextLineIsM99() const;
     std::string_view Cell(int column) const;
 
-    Pieces& pieces_;
-    DrawParts& parts_;
+    Parts& parts_;
+    DrawParts& shared_;
     DrawControls& controls_;
     DrawState& state_;
     PictureBox& field_;

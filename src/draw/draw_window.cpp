@@ -4,7 +4,6 @@
 
 #include "basic/number.h"
 #include "basic/run_time_error.h"
-#include "basic/stack_guard.h"
 #include "platform/keys.h"
 #include "program/workbench_calls.h"
 
@@ -28,7 +27,19 @@ constexpr int wideField = 860;
 constexpr int narrowField = 600;
 constexpr int firstScale = 3;
 // How far a notch of the wheel goes, in twips.
-constexpr double twipsANotch = 900;
+constexpr double twipsPerNotch = 900;
+
+// Ends the walk's phase, also when a failure passes through.
+class WalkGuard {
+public:
+    explicit WalkGuard(WalkState& walk) : walk_(walk) { walk_.Phase = WalkPhase::Paced; }
+    ~WalkGuard() { walk_.Phase = WalkPhase::Idle; }
+    WalkGuard(const WalkGuard&) = delete;
+    WalkGuard& operator=(const WalkGuard&) = delete;
+
+private:
+    WalkState& walk_;
+};
 
 enum class Zooming { None, In, Out, Draw };
 
@@ -44,15 +55,15 @@ constexpr DrawKey drawKeys[] = {
 
 }  // namespace
 
-DrawWindow::DrawWindow(const Rooms& rooms)
+DrawWindow::DrawWindow(const Parts& parts)
     : parts_{Controls,
              State,
-             rooms.Store,
-             rooms.Machine,
-             rooms.Results,
-             rooms.File,
-             rooms.Language,
-             rooms.Platform,
+             parts.Store,
+             parts.Machine,
+             parts.Results,
+             parts.File,
+             parts.Language,
+             parts.Platform,
              [this] { Redraw(); },
              [this](std::function<void()> then) { AfterWalk(std::move(then)); },
              nullptr},
@@ -62,7 +73,7 @@ DrawWindow::DrawWindow(const Rooms& rooms)
       Editor(parts_),
       Measure(parts_, Sim, View),
       Output(parts_),
-      pieces_{parts_, View, Sim, Listing, Editor, [this] { PositionControls(); }} {
+      walkParts_{parts_, View, Sim, Listing, Editor, [this] { PositionControls(); }} {
     Form& form = Controls.frmDraw;
     form.SmallestWidth = leastWidth;
     form.SmallestHeight = leastHeight;
@@ -97,10 +108,7 @@ void DrawWindow::WireMenus() {
     Controls.mnuEditor.OnClick = [this] { mnuEditor_Click(); };
     Controls.mnuRedraw.OnClick = [this] { cmdRedraw_Click(); };
     Controls.mnuAutoFit.OnClick = [this] { cmdAutoFit_Click(); };
-    Controls.mnuExit.OnClick = [this] {
-        kvt::Run(SaveSettings);
-        Unload();
-    };
+    Controls.mnuExit.OnClick = [this] { Form_QueryUnload(); };
 }
 
 void DrawWindow::WireField() {
@@ -111,9 +119,9 @@ void DrawWindow::WireField() {
         pbxDrawField_MouseWheel(shift, notches, sideways);
     };
     field.OnKeyPress = [this](int& character) {
-        if (character == key::Enter) State.WaitingForClick = false;
+        if (character == key::Enter) State.EndClickWait();
     };
-    // What is only read hands the focus on.
+    // Read-only fields hand the focus on.
     for (TextBox* shown : {&Controls.txtDiameter, &Controls.txtDeltaX, &Controls.txtDeltaZ,
                            &Controls.txtDeltaXZ, &Controls.txtGrid}) {
         shown->OnGotFocus = [this] { parts_.Platform.Focus.SetFocus(Controls.pbxDrawField); };
@@ -121,31 +129,30 @@ void DrawWindow::WireField() {
 }
 
 void DrawWindow::Redraw() {
-    const StackGuard guard(State.Walking);
     redrawAsked_ = true;
-    if (!guard.Entered()) {
-        // An aborted walk would wait on for its step or its click.
+    if (State.Walking()) {
+        // An aborted walk would go on waiting for its step or its click.
         if (State.StopRequested) {
-            State.StepPressed = true;
-            State.WaitingForClick = false;
+            State.PressStep();
+            State.EndClickWait();
         }
         return;
     }
+    const WalkGuard guard(State);
     givenUp_ = false;
     // An Abort with nothing to abort leaves nothing behind.
     State.StopRequested = false;
     while (redrawAsked_) {
         redrawAsked_ = false;
-        State.LeaveWalk = false;
-        State.Released = false;
+        State.Phase = WalkPhase::Paced;
         State.Turns = 0;
-        // A program without a travel yet waits for its first.
+        // A program without a travel is fitted when it has one.
         if (State.FitNext) State.FitNext = !View.Fit();
         RunPasses();
         Controls.pbxDrawField.Cross = FieldPlace();
         Editor.End();
-        if (!State.LeaveWalk) continue;
-        // Closed, or ended; where it is up again another Redraw was asked for.
+        if (!State.Leaving()) continue;
+        // A window closed and shown again during the walk has asked for another Redraw.
         givenUp_ = Controls.frmDraw.Visible && !redrawAsked_;
     }
     for (std::function<void()>& then : std::exchange(afterWalk_, {}))
@@ -153,36 +160,34 @@ void DrawWindow::Redraw() {
 }
 
 void DrawWindow::AfterWalk(std::function<void()> then) {
-    if (!State.Walking) return then();
-    Sim.Release();
+    if (!State.Walking()) return then();
+    State.Release();
     afterWalk_.push_back(std::move(then));
 }
 
 void DrawWindow::RunPasses() {
     const bool wide = parts_.Store.IsF1() && Controls.mnuToolWidth.Checked;
-    DrawProgram(pieces_, wide ? 0 : 1, 1).Run();
-    if (!wide || !Controls.mnuToolCenter.Checked || State.LeaveWalk) return;
+    DrawProgram(walkParts_, wide ? 0 : 1, 1).Run();
+    if (!wide || !Controls.mnuToolCenter.Checked || State.Leaving()) return;
     State.Turns = 0;
-    DrawProgram(pieces_, 1, 2).Run();
+    DrawProgram(walkParts_, 1, 2).Run();
 }
 
 void DrawWindow::Show() {
-    if (State.DrawPending) return;
+    if (State.Opening()) return;
     if (Controls.frmDraw.Visible) return Redraw();
-    MakeReady();
+    PrepareToShow();
     Controls.frmDraw.Visible = true;
-    // The window's coming to the front has done it already where it is told at once.
-    if (State.DrawPending) Form_Activate();
+    // Some systems activate the window inside that call, others later.
+    if (State.Opening()) Form_Activate();
 }
 
 void DrawWindow::ShowBehindEditor() {
-    if (State.DrawPending || Controls.frmDraw.Visible) return;
-    MakeReady();
+    if (State.Opening() || Controls.frmDraw.Visible) return;
+    PrepareToShow();
     Controls.frmDraw.ShowBehind();
-    keysDue_ = true;
-    if (!State.DrawPending) return;
-    TakeOnProgram();
-    FitAndDraw();
+    focusFieldNext_ = true;
+    if (State.Opening()) FitAndDraw(UpdateForProgram());
 }
 
 void DrawWindow::ShowLater() {
@@ -193,15 +198,14 @@ void DrawWindow::ShowLater() {
     });
 }
 
-void DrawWindow::MakeReady() {
-    if (!loaded_) Form_Load();
-    State.DrawPending = true;
+void DrawWindow::PrepareToShow() {
+    if (State.Window == WindowPhase::Closed) Form_Load();
+    State.Window = WindowPhase::Opening;
     State.AutoFitPending = true;
-    State.RedrawRequested = true;
 }
 
 void DrawWindow::DrawForUser() {
-    if (Controls.frmDraw.Visible && !State.Walking && !View.ShowsStroke()) State.FitNext = true;
+    if (Controls.frmDraw.Visible && !State.Walking() && !View.ShowsStroke()) State.FitNext = true;
     Show();
 }
 
@@ -214,7 +218,7 @@ void DrawWindow::Form_Load() {
     Form& form = Controls.frmDraw;
     if (BeginsMaximised(screen)) {
         form.State = WindowState::Maximised;
-        form.TakeSize(screen.Width(), screen.WorkAreaHeight());
+        form.ApplySize(screen.Width(), screen.WorkAreaHeight());
     }
     Controls.pbxDrawField.Cls();
     State.ZeroX = screen.Width() / 2.0;
@@ -228,53 +232,51 @@ void DrawWindow::Form_Load() {
     Controls.pbxDrawField.FillStyle = fill_style::Transparent;
     kvt::Run(LoadSettings);
     Form_Activate();
-    loaded_ = true;
 }
 
 void DrawWindow::Unload() {
-    State.LeaveWalk = true;
+    State.Leave();
     const Control* const focused = parts_.Platform.Focus.Focused();
-    const bool hadKeys = focused && &focused->OwningForm() == &Controls.frmDraw;
+    const bool hadFocus = focused && &focused->OwningForm() == &Controls.frmDraw;
     Controls.frmDraw.Visible = false;
     Listing.Unload();
     Measure.ClearMeasure();
-    // What a fault in a walk has left.
+    // A walk that a fault has ended leaves these behind.
     Sim.EnableControls(true);
     Controls.frStepControls.Visible = false;
     State.Drawing = false;
     State.StopRequested = false;
-    State.DrawPending = false;
-    loaded_ = false;
-    Editor.GiveBack();
-    Editor.ScrollBack();
-    if (hadKeys) kvt::Run(GiveKeysBack);
+    State.Window = WindowPhase::Closed;
+    Editor.RestoreSelection();
+    Editor.RestoreScroll();
+    if (hadFocus) kvt::Run(RestoreFocus);
 }
 
 void DrawWindow::Form_QueryUnload() {
-    Output.GiveGroundBack();
+    Output.RestoreBackground();
     kvt::Run(SaveSettings);
     Unload();
 }
 
 void DrawWindow::Form_Activate() {
-    TakeOnProgram();
+    const bool opened = UpdateForProgram();
     const Control* const focused = parts_.Platform.Focus.Focused();
-    if (std::exchange(keysDue_, false) || !focused || &focused->OwningForm() != &Controls.frmDraw)
+    if (std::exchange(focusFieldNext_, false) || !focused || &focused->OwningForm() != &Controls.frmDraw)
         parts_.Platform.Focus.SetFocus(Controls.pbxDrawField);
-    FitAndDraw();
+    FitAndDraw(opened);
 }
 
-// Last of what the window's coming to the front does, for a walk may wait.
-void DrawWindow::FitAndDraw() {
+// Comes last when the window is activated, for a walk may wait.
+void DrawWindow::FitAndDraw(bool redraw) {
     View.Autofit();
-    if (std::exchange(State.RedrawRequested, false)) Redraw();
+    if (redraw) Redraw();
 }
 
-void DrawWindow::TakeOnProgram() {
-    State.DrawPending = false;
-    // 1.
+// Captions, names of the axes and frames. Gives true the first time after the window was shown.
+bool DrawWindow::UpdateForProgram() {
+    const bool opened = State.Opening();
+    if (opened) State.Window = WindowPhase::Open;
     parts_.Store.ErrorFlagged = false;
-    // 2.
     if (!parts_.Language.ModuleFile.empty()) {
         int entry = 1;
         for (Menu* menu :
@@ -283,7 +285,7 @@ void DrawWindow::TakeOnProgram() {
             menu->Caption = parts_.Language.DrawViewTexts(entry++);
         }
     }
-    // 4. The names of the axes.
+    // The names of the axes.
     const bool mill = parts_.Store.IsF1();
     Controls.lblZ1.Caption = mill ? "Y1" : "Z1";
     Controls.lblZ2.Caption = mill ? "Y2" : "Z2";
@@ -295,12 +297,11 @@ void DrawWindow::TakeOnProgram() {
         control->Enabled = !mill;
     }
     PlaceFramesInRow();
-    // 5.
     Controls.frProperties.Height = propertiesHeight;
     Controls.frStepControls.Top = Controls.frProperties.Top + Controls.frProperties.Height - frameGap;
     for (Control* button : {&Controls.cmdStep, &Controls.cmdStop, &Controls.cmdRun}) button->Top = buttonsTop;
-    // 6.
     Controls.lblDiameter.Caption = "\xD8";
+    return opened;
 }
 
 void DrawWindow::Form_LostFocus() {
@@ -342,16 +343,14 @@ void DrawWindow::PositionControls() {
     Form& form = Controls.frmDraw;
     if (form.State == WindowState::Minimised) return;
     Attempt(positionControlsName, [&] {
-        // 1.
         if (form.Width < leastWidth) form.Width = leastWidth;
         if (form.Height < leastHeight) form.Height = leastHeight;
         const int width = form.Width;
         const int height = form.Height;
-        // 2.
         PictureBox& view = Controls.pbxViewWindow;
         view.Width = width - 460;
         view.Height = height - 1220;
-        // 3., 4.
+        // Scroll bars count in tens of twips.
         const PictureBox& field = Controls.pbxDrawField;
         ScrollBar& across = Controls.hsbViewWindow;
         across.Top = height - 1200;
@@ -361,13 +360,12 @@ void DrawWindow::PositionControls() {
         down.Left = width - 435;
         down.Height = height - 1230;
         down.Max = ToLong((field.Height - view.Height) / 10.0);
-        // 5.
+        // What a narrow window has no room for.
         Controls.frGrid.Visible = width > 7000;
         Controls.cmdAutoFit.Visible = width > 7900;
         Controls.cmdRedraw.Visible = width > 8700;
         Controls.UpDown.Visible = width > 9000;
         PlaceFramesInRow();
-        // 6.
         ShowMenusOfMachine();
     });
 }
@@ -409,16 +407,16 @@ void DrawWindow::Form_KeyDown(int pressed) {
     }
 }
 
-// The middle button draws the field along.
+// The middle button drags the field along.
 void DrawWindow::pbxDrawField_MouseMove(int button, float x, float y) {
-    if ((button & mouse::Middle) != 0) View.ScrollBy(double{heldX_} - x, double{heldY_} - y);
+    if ((button & mouse::Middle) != 0) View.ScrollBy(double{dragX_} - x, double{dragY_} - y);
     Measure.pbxDrawField_MouseMove(x, y);
 }
 
 void DrawWindow::pbxDrawField_MouseDown(int button, float x, float y) {
     if (button == mouse::Middle) {
-        heldX_ = x;
-        heldY_ = y;
+        dragX_ = x;
+        dragY_ = y;
         return;
     }
     Measure.pbxDrawField_MouseDown(x, y);
@@ -426,7 +424,7 @@ void DrawWindow::pbxDrawField_MouseDown(int button, float x, float y) {
 
 void DrawWindow::pbxDrawField_MouseWheel(int shift, double notches, bool sideways) {
     if ((shift & mouse::CtrlHeld) != 0) return View.Zoom(notches > 0 ? 1 : -1);
-    const double twips = -notches * twipsANotch;
+    const double twips = -notches * twipsPerNotch;
     if (sideways || (shift & mouse::ShiftHeld) != 0) return View.ScrollBy(twips, 0);
     View.ScrollBy(0, twips);
 }

@@ -11,7 +11,7 @@ namespace kvt {
 // The drawing window: what it shows, its menus, keys and buttons, and the one way to draw the program.
 class DrawWindow {
 public:
-    struct Rooms {
+    struct Parts {
         ProgramStore& Store;
         MachineControls& Machine;
         InterpreterControls& Results;
@@ -19,7 +19,7 @@ public:
         Texts& Language;
         Services& Platform;
     };
-    explicit DrawWindow(const Rooms& rooms);
+    explicit DrawWindow(const Parts& parts);
     DrawWindow(const DrawWindow&) = delete;
     DrawWindow& operator=(const DrawWindow&) = delete;
 
@@ -37,8 +37,8 @@ public:
     Measuring Measure;
     DrawingOutput Output;
 
-    // Draws the program anew, in the passes that machine and menus ask for. While a walk stands on the stack none
-    // is begun; one follows when that has ended. Does nothing while the window is hidden.
+    // Draws the program anew, in the passes that machine and menus ask for. During a walk none is begun; one
+    // follows when that has ended. Does nothing while the window is hidden.
     void Redraw();
     // Whether the last Redraw was given up because nothing could end it any more.
     bool GivenUp() const { return givenUp_; }
@@ -54,9 +54,9 @@ public:
     // Draws anew as Show does, if the window is up, when the handler that asks for it has ended: a drawing may wait,
     // and what comes up then must find all done.
     void ShowLater();
-    // Lets a walk that stands go on to its end without a wait, then does something; at once where none stands.
+    // Lets a walk under way go on to its end without a wait, then does something; at once without one.
     void AfterWalk(std::function<void()> then);
-    // Closes the window; a walk that stands ends.
+    // Closes the window; a walk under way ends.
     void Unload();
 
     void Form_Activate();
@@ -73,13 +73,13 @@ public:
     // Called for settings where they are to be taken or kept, and for the editor where it is to come forward.
     std::function<void()> LoadSettings, SaveSettings, ShowEditor;
     // Called when the window that was closed had the keys.
-    std::function<void()> GiveKeysBack;
+    std::function<void()> RestoreFocus;
 
 private:
     void Form_Load();
-    void MakeReady();
-    void TakeOnProgram();
-    void FitAndDraw();
+    void PrepareToShow();
+    bool UpdateForProgram();
+    void FitAndDraw(bool redraw);
     void WireMenus();
     void WireField();
     void RunPasses();
@@ -89,16 +89,15 @@ private:
     void pbxDrawField_MouseDown(int button, float x, float y);
     void pbxDrawField_MouseWheel(int shift, double notches, bool sideways);
 
-    DrawProgram::Pieces pieces_;
-    bool loaded_ = false;
+    DrawProgram::Parts walkParts_;
     bool redrawAsked_ = false;
     bool showAsked_ = false;
     // The window was shown without the keys: the first time that it has them they go to the field.
-    bool keysDue_ = false;
+    bool focusFieldNext_ = false;
     std::vector<std::function<void()>> afterWalk_;
     bool givenUp_ = false;
     // Where the middle button holds the field.
-    float heldX_ = 0, heldY_ = 0;
+    float dragX_ = 0, dragY_ = 0;
 };
 
 }  // namespace kvt

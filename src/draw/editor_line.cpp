@@ -5,7 +5,7 @@
 
 namespace kvt {
 
-bool EditorLine::Free() const {
+bool EditorLine::MayFollow() const {
     const ProgramStore& store = parts_.Store;
     const Form& editor = store.lvCncProgram.OwningForm();
     if (store.EditorRunMode || store.TransmitActive) return false;
@@ -18,12 +18,12 @@ void EditorLine::Follow(int row) {
     ListView& list = parts_.Store.lvCncProgram;
     if (shown_ != 0 && list.SelectedRow() != shown_) {
         shown_ = 0;
-        left_ = true;
+        userMoved_ = true;
     }
-    if (left_ || row < 1 || row > list.Count()) return;
-    if (!Free()) return GiveBack();
+    if (userMoved_ || row < 1 || row > list.Count()) return;
+    if (!MayFollow()) return RestoreSelection();
     if (shown_ == 0) {
-        ScrollBack();
+        RestoreScroll();
         before_ = list.SelectedRow();
         topBefore_ = list.TopRow();
     }
@@ -32,7 +32,7 @@ void EditorLine::Follow(int row) {
     shown_ = row;
 }
 
-void EditorLine::GiveBack() {
+void EditorLine::RestoreSelection() {
     ListView& list = parts_.Store.lvCncProgram;
     if (shown_ != 0 && list.SelectedRow() == shown_ && before_ >= 1) {
         before_ = std::min(before_, list.Count());
@@ -42,7 +42,7 @@ void EditorLine::GiveBack() {
     shown_ = 0;
 }
 
-void EditorLine::ScrollBack() {
+void EditorLine::RestoreScroll() {
     ListView& list = parts_.Store.lvCncProgram;
     const int shown = std::exchange(topShown_, 0);
     if (shown == 0 || list.TopRow() != shown || list.SelectedRow() != before_) return;
@@ -50,10 +50,10 @@ void EditorLine::ScrollBack() {
 }
 
 void EditorLine::End() {
-    const bool watched = Free();
-    GiveBack();
-    if (watched) ScrollBack();
-    left_ = false;
+    const bool watched = MayFollow();
+    RestoreSelection();
+    if (watched) RestoreScroll();
+    userMoved_ = false;
 }
 
 }  // namespace kvt

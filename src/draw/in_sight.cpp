@@ -9,10 +9,10 @@ namespace kvt {
 
 namespace {
 
-using OfKind = DrawOperation::Kind;
+using Kind = DrawOperation::Kind;
 
-// An arc is looked at in chords of this many degrees: they leave it by less than a point at any scale of the menu.
-constexpr int piecesOfATurn = 720;
+// An arc is tested as chords, so many for a full turn: they differ from it by less than a pixel at any scale of the menu.
+constexpr int chordsPerTurn = 720;
 
 bool LineIsInSight(double x1, double y1, double x2, double y2, const FieldArea& area) {
     double from = 0;
@@ -36,7 +36,7 @@ bool ArcIsInSight(const DrawOperation& arc, const FieldArea& area) {
         sweep = std::fmod(double{arc.End} - arc.Start, 2 * Pi);
         if (sweep <= 1e-6) sweep += 2 * Pi;
     }
-    const int pieces = std::max(1, static_cast<int>(std::ceil(sweep / (2 * Pi) * piecesOfATurn)));
+    const int pieces = std::max(1, static_cast<int>(std::ceil(sweep / (2 * Pi) * chordsPerTurn)));
     const auto x = [&](int i) { return arc.X1 + arc.Radius() * std::cos(start + sweep * i / pieces); };
     const auto y = [&](int i) { return arc.Y1 - arc.Radius() * std::sin(start + sweep * i / pieces); };
     for (int i = 0; i < pieces; ++i) {
@@ -49,15 +49,15 @@ bool ArcIsInSight(const DrawOperation& arc, const FieldArea& area) {
 
 bool IsInSight(const DrawOperation& one, const FieldArea& area) {
     switch (one.What) {
-        case OfKind::Line: return LineIsInSight(one.X1, one.Y1, one.X2, one.Y2, area);
-        case OfKind::Box:
+        case Kind::Line: return LineIsInSight(one.X1, one.Y1, one.X2, one.Y2, area);
+        case Kind::Box:
             return LineIsInSight(one.X1, one.Y1, one.X2, one.Y1, area) ||
                    LineIsInSight(one.X1, one.Y2, one.X2, one.Y2, area) ||
                    LineIsInSight(one.X1, one.Y1, one.X1, one.Y2, area) ||
                    LineIsInSight(one.X2, one.Y1, one.X2, one.Y2, area);
-        case OfKind::Circle: return ArcIsInSight(one, area);
-        case OfKind::Clear:
-        case OfKind::Picture: break;
+        case Kind::Circle: return ArcIsInSight(one, area);
+        case Kind::Clear:
+        case Kind::Picture: break;
     }
     return false;
 }

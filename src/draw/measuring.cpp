@@ -54,12 +54,11 @@ std::string ShownDistance(double value) { return FitsField(value) ? Shown(value)
 }  // namespace
 
 std::string CleanUp(std::string_view text) {
-    // 1.
     if (text.empty()) return "0";
-    // 2., 3.
+    // A sign counts only in front.
     std::string number = Replace(text, "-", "");
     if (text.front() == '-') number = number.empty() ? "0" : "-" + number;
-    // 4. What no field can show stays as it was typed.
+    // What no field can show stays as it was typed.
     const double value = NumberIn(number);
     return FitsField(value) ? Shown(value) : std::string(text);
 }
@@ -89,24 +88,23 @@ void Measuring::WireFields() {
 }
 
 // Distance from the zero point in program units; the field's Y grows downwards.
-float Measuring::Across(float x) const { return ToSingle((state_.ZeroX - x) * -1 / state_.DrawScale); }
-float Measuring::Down(float y) const { return ToSingle((state_.ZeroY - y) * -1 / state_.DrawScale); }
+float Measuring::HorizontalValue(float x) const {
+    return ToSingle((state_.ZeroX - x) * -1 / state_.DrawScale);
+}
+float Measuring::VerticalValue(float y) const { return ToSingle((state_.ZeroY - y) * -1 / state_.DrawScale); }
 
 // The fields repaint themselves: the system need not be let run for it.
 void Measuring::pbxDrawField_MouseMove(float x, float y) {
     Attempt(mouseMoveName, [&] {
         const bool mill = parts_.Store.IsF1();
-        // 1.
-        const float h = Across(x);
-        const float v = Down(y);
-        // 2.
+        const float h = HorizontalValue(x);
+        const float v = VerticalValue(y);
         controls_.txtDiameter.Text = Shown(std::abs(double{v}) * 2);
-        // 3. Before the first click the mill's Y has the field's sign, which is meant.
+        // Only behind the first click the mill's Y gets its own sign: before, the field's position is shown as it is.
         if (state_.MeasureClicks == 0) {
             controls_.txtX1.Text = Shown(mill ? h : v);
             controls_.txtZ1.Text = Shown(mill ? v : h);
         }
-        // 4.
         if (state_.MeasureClicks == 1) {
             const std::int32_t dh = ToLong(double{h} - state_.MeasureX);
             const std::int32_t dv = ToLong(double{v} - state_.MeasureY);
@@ -122,34 +120,30 @@ void Measuring::pbxDrawField_MouseMove(float x, float y) {
 }
 
 void Measuring::pbxDrawField_MouseDown(float x, float y) {
-    // 1.
-    state_.WaitingForClick = false;
-    // 2.
+    state_.EndClickWait();
     if (parts_.Store.ErrorFlagged || state_.Drawing) return;
     Attempt(mouseDownName, [&] {
-        // 3.
         ++state_.MeasureClicks;
         view_.ShowGridSize();
-        // 4.
         std::array<float, 4>& marks = state_.MeasureMarks;
         if (state_.MeasureClicks < 3) {
             const std::size_t pair = state_.MeasureClicks == 1 ? 0 : 1;
             marks[2 * pair] = x;
             marks[2 * pair + 1] = y;
-            listOfMarks_[pair] = controls_.pbxDrawField.OperationsBefore();
+            drawingOfMark_[pair] = controls_.pbxDrawField.OperationsBefore();
             DrawMark(x, y);
             sim_.EnableControls(false);
         } else {
             ClearMeasure();
             for (const std::size_t pair : {0U, 1U}) {
                 // A drawing that came in between has wiped it already.
-                if (listOfMarks_[pair] == controls_.pbxDrawField.OperationsBefore())
+                if (drawingOfMark_[pair] == controls_.pbxDrawField.OperationsBefore())
                     DrawMark(marks[2 * pair], marks[2 * pair + 1]);
             }
             sim_.EnableControls(true);
         }
     });
-    // 5., 6. ClearMeasure has counted back to 0.
+    // The third click has counted back to 0.
     ShowPointer(state_.MeasureClicks == 1 ? mouse::CrossPointer : mouse::DefaultPointer);
 }
 
@@ -160,17 +154,13 @@ void Measuring::ShowPointer(int pointer) {
 
 void Measuring::DrawMark(float x, float y) {
     PictureBox& field = controls_.pbxDrawField;
-    // 1.
     field.ForeColor = controls_.mnuBackground.Checked ? black : white;
     field.DrawWidth = 1;
     field.DrawMode = draw_mode::Invert;
-    // 2.
     field.Line(x - markArm, y, x + markArm, y);
     field.Line(x, y - markArm, x, y + markArm);
-    // 3.
-    state_.MeasureX = Across(x);
-    state_.MeasureY = Down(y);
-    // 4.
+    state_.MeasureX = HorizontalValue(x);
+    state_.MeasureY = VerticalValue(y);
     field.DrawMode = draw_mode::Copy;
 }
 

@@ -17,7 +17,7 @@ public:
     // Twips on the field.
     void pbxDrawField_MouseMove(float x, float y);
     void pbxDrawField_MouseDown(float x, float y);
-    // An inverting cross; what is drawn twice is gone. Notes the place in program units.
+    // An inverting cross: drawn a second time it vanishes. Notes the place in program units.
     void DrawMark(float x, float y);
     // Withdraws the measurement; the marks go with the next drawing.
     void ClearMeasure();
@@ -29,8 +29,8 @@ private:
     void Field_KeyPress(std::size_t place, int& character);
     void Field_KeyDown(std::size_t place, int pressed);
     void ShowPointer(int pointer);
-    float Across(float x) const;
-    float Down(float y) const;
+    float HorizontalValue(float x) const;
+    float VerticalValue(float y) const;
 
     DrawParts& parts_;
     DrawControls& controls_;
@@ -38,7 +38,7 @@ private:
     Simulation& sim_;
     Viewport& view_;
     // Where the field's list began when each mark was drawn: a drawing since then has wiped it.
-    std::array<long long, 2> listOfMarks_{};
+    std::array<long long, 2> drawingOfMark_{};
 };
 
 // A text as a whole number of a measure field: one "-" in front at the most. A number beyond a 32-bit float is error 6.

@@ -6,6 +6,7 @@
 #include "basic/stack_guard.h"
 #include "basic/text.h"
 #include "draw/pdf.h"
+#include "files/questions.h"
 #include "platform/picture_painter.h"
 
 namespace kvt {
@@ -46,19 +47,15 @@ void DrawingOutput::SaveImage(std::string_view target) {
     const PictureBox& field = controls_.pbxDrawField;
     Services& platform = parts_.Platform;
     const std::string path = WithoutEnding(parts_.File.lblPath.Caption);
-    // 1.
     PictureBox& size = controls_.pbxDummy;
     size.Width = controls_.pbxViewWindow.Width.Get();
     size.Height = controls_.pbxViewWindow.Height.Get();
-    // 2.
     const FieldArea seen{-1.0 * field.Left, -1.0 * field.Top, 1.0 * size.Width, 1.0 * size.Height};
-    // 3.
     if (target == toFile) {
         const std::string name = path + ".BMP";
         const bool written = Attempt(toFile, [&] { platform.Files.WriteWhole(name, BmpOf(PointsOf(seen))); });
-        return Tell(written, name);
+        return ShowResult(written, name);
     }
-    // 4.
     const std::string name = std::string(ExtractFileName(path)) + ".BMP";
     const bool put = Attempt(toClipboard, [&] {
         const Pixels picture = PointsOf(seen);
@@ -68,7 +65,7 @@ void DrawingOutput::SaveImage(std::string_view target) {
     if (put) platform.Dialogs.ShowMessage(Notice(name + ": " + controls_.mnuSaveClipboard.Caption.Get()));
 }
 
-void DrawingOutput::Tell(bool written, std::string_view name) {
+void DrawingOutput::ShowResult(bool written, std::string_view name) {
     const Texts& texts = parts_.Language;
     if (written) {
         std::string message(texts.DrawErrorTexts(text::HasBeenSaved));
@@ -98,12 +95,7 @@ bool DrawingOutput::AskForName(std::string& name) {
         if (!platform.Dialogs.ShowSave(dialog) || dialog.FileName.empty()) return false;
         name = dialog.FileName;
         if (!IsPictureKind(PictureKindOf(name))) name += ".png";
-        if (!platform.Files.Exists(name)) return true;
-        std::string question(parts_.Language.MessageTexts(text::Overwrite));
-        question += " ";
-        question += ExtractFileName(name);
-        question += "?";
-        const Answer answer = platform.Dialogs.ShowMessage(Question(question, "", Buttons::YesNoCancel));
+        const Answer answer = AskToOverwrite(platform, parts_.Language, name);
         if (answer == Answer::Yes) return true;
         if (answer == Answer::Cancel) return false;
     }
@@ -114,7 +106,7 @@ void DrawingOutput::mnuSavePicture_Click() {
     if (!AskForName(name)) return;
     const bool written = Attempt(
         savePictureName, [&] { parts_.Platform.Files.WriteWhole(name, Picture(PictureKindOf(name))); });
-    Tell(written, name);
+    ShowResult(written, name);
 }
 
 SvgHead DrawingOutput::Head() const {
@@ -135,52 +127,49 @@ std::string DrawingOutput::Picture(std::string_view kind) const {
 }
 
 Pixels DrawingOutput::PointsOf(const FieldArea& area) const {
-    return PaintPicture(controls_.pbxDrawField, area, parts_.Platform.Screen.PointsATwip());
+    return PaintPicture(controls_.pbxDrawField, area, parts_.Platform.Screen.PointsPerTwip());
 }
 
 void DrawingOutput::mnuPrint_Click() {
-    // 1.
     if (parts_.Store.ErrorFlagged) return;
-    // 2.
     if (parts_.Store.LineCount() < 1) {
         parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
         return;
     }
-    // A drawing that is on its way would come out unfinished, and on the wrong ground.
+    // A drawing under way would come out unfinished, and on the wrong background.
     parts_.AfterWalk([this] { PrintDrawing(); });
 }
 
 void DrawingOutput::PrintDrawing() {
-    // One that waits for its drawing is enough.
+    // Asked for again while the drawing for it waits: one print is enough.
     const StackGuard guard(printing_);
     if (!guard.Entered()) return;
-    // 3.
+    // The page has the file's name in place of the scroll bars.
     controls_.hsbViewWindow.Visible = false;
     controls_.vsbViewWindow.Visible = false;
     controls_.lblFileName.Visible = true;
     controls_.lblGrid.Visible = true;
     controls_.frProperties.Height = printedHeight;
-    // 4.
-    groundTaken_ = !controls_.mnuBackground.Checked;
-    if (groundTaken_) {
+    // Paper is white, whatever the screen.
+    whiteForPrint_ = !controls_.mnuBackground.Checked;
+    if (whiteForPrint_) {
         controls_.mnuBackground.Checked = true;
         parts_.Redraw();
     }
-    // It may have been closed in a wait of that drawing.
+    // The window may have been closed in a wait of that drawing.
     if (controls_.frmDraw.Visible) PrintForm();
-    if (groundTaken_) {
-        GiveGroundBack();
+    if (whiteForPrint_) {
+        RestoreBackground();
         parts_.Redraw();
     }
-    // 5.
     controls_.lblFileName.Visible = false;
     controls_.hsbViewWindow.Visible = true;
     controls_.vsbViewWindow.Visible = true;
     controls_.frProperties.Height = shownHeight;
 }
 
-void DrawingOutput::GiveGroundBack() {
-    if (std::exchange(groundTaken_, false)) controls_.mnuBackground.Checked = false;
+void DrawingOutput::RestoreBackground() {
+    if (std::exchange(whiteForPrint_, false)) controls_.mnuBackground.Checked = false;
 }
 
 // No name for the PDF where there is no printer is the user's cancel, not a failure.

@@ -25,11 +25,11 @@ public:
     void mnuSaveClipboard_Click() { SaveImage("ToClipboard"); }
     // The whole drawing in a file that the user names.
     void mnuSavePicture_Click();
-    // The window on a white ground.
+    // Prints the window on a white background.
     void mnuPrint_Click();
 
-    // Ends the white ground that printing has taken; a window that closes while it is drawn keeps the user's own.
-    void GiveGroundBack();
+    // Takes back the white background that printing has set; closing the window meanwhile keeps the user's own.
+    void RestoreBackground();
 
     // The whole drawing as the content of a file of a kind of picture; another kind is error 5.
     std::string Picture(std::string_view kind) const;
@@ -38,14 +38,14 @@ private:
     SvgHead Head() const;
     Pixels PointsOf(const FieldArea& area) const;
     bool AskForName(std::string& name);
-    // Tells what has become of a file.
-    void Tell(bool written, std::string_view name);
+    // A message that tells whether a file was written.
+    void ShowResult(bool written, std::string_view name);
     void PrintDrawing();
     void PrintForm();
 
     DrawParts& parts_;
     DrawControls& controls_;
-    bool groundTaken_ = false;
+    bool whiteForPrint_ = false;
     bool printing_ = false;
 };
 

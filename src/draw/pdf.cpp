@@ -11,10 +11,10 @@ namespace kvt {
 
 namespace {
 
-using OfKind = DrawOperation::Kind;
+using Kind = DrawOperation::Kind;
 
-constexpr double twipsAPixel = 15;
-constexpr double twipsAPoint = 20;  // 72 an inch
+constexpr double twipsPerPixel = 15;
+constexpr double twipsPerPoint = 20;  // 72 an inch
 constexpr double hatchStep = 120;
 constexpr double mostOfAnArc = Pi / 2;  // of a curve that stands for it
 
@@ -44,7 +44,7 @@ std::string Escaped(const std::string& text) {
 class PageWriter {
 public:
     std::string Write(const FieldArea& area, Color ground, const std::vector<DrawOperation>& operations) {
-        const double scale = 1 / twipsAPoint;
+        const double scale = 1 / twipsPerPoint;
         const auto fine = [](double value) { return PlainNumber(static_cast<float>(value)) + " "; };
         out_ = fine(scale) + "0 0 " + fine(-scale) + fine(-area.Left * scale) +
                fine((area.Top + area.Height) * scale) + "cm\n1 J 1 j\n" + Ink(ground, "rg") +
@@ -58,20 +58,20 @@ private:
         const bool inverts = one.Mode == draw_mode::Invert;
         // Whatever the pen's colour, an inversion takes the difference to white.
         out_ += inverts ? "q /Inverts gs\n" + Ink(0xFFFFFF, "RG") : Ink(one.Ink, "RG");
-        out_ += Number(one.Width * twipsAPixel) + "w\n";
+        out_ += Number(one.Width * twipsPerPixel) + "w\n";
         const bool dotted = one.Style != draw_style::Solid && one.Width == 1;
         if (dotted) out_ += "[30 30] 0 d\n";
         const std::string path = PathOf(one);
-        const bool closed = one.What == OfKind::Box || one.IsFullCircle();
-        if (closed && one.What != OfKind::Line) Fill(one, path);
+        const bool closed = one.What == Kind::Box || one.IsFullCircle();
+        if (closed && one.What != Kind::Line) Fill(one, path);
         out_ += path + "S\n";
         if (dotted) out_ += "[] 0 d\n";
         if (inverts) out_ += "Q\n";
     }
 
     static std::string PathOf(const DrawOperation& one) {
-        if (one.What == OfKind::Line) return Point(one.X1, one.Y1) + "m " + Point(one.X2, one.Y2) + "l ";
-        if (one.What == OfKind::Box)
+        if (one.What == Kind::Line) return Point(one.X1, one.Y1) + "m " + Point(one.X2, one.Y2) + "l ";
+        if (one.What == Kind::Box)
             return Point(one.X1, one.Y1) + Point(double{one.X2} - one.X1, double{one.Y2} - one.Y1) + "re ";
         return one.IsFullCircle() ? Arc(one, 0, 2 * Pi) + "h " : Arc(one, one.Start, SweepOf(one));
     }
@@ -102,13 +102,13 @@ private:
     void Fill(const DrawOperation& one, const std::string& path) {
         if (one.Fill == fill_style::Transparent) return;
         if (one.Fill == fill_style::Solid) return void(out_ += Ink(one.FillInk, "rg") + path + "f\n");
-        const bool circle = one.What == OfKind::Circle;
+        const bool circle = one.What == Kind::Circle;
         const double r = std::abs(one.Radius());
         const auto [left, right] = circle ? std::pair{one.X1 - r, one.X1 + r}
                                           : std::pair<double, double>(std::minmax(one.X1, one.X2));
         const auto [top, bottom] = circle ? std::pair{one.Y1 - r, one.Y1 + r}
                                           : std::pair<double, double>(std::minmax(one.Y1, one.Y2));
-        out_ += "q " + path + "W n " + Ink(one.FillInk, "RG") + Number(twipsAPixel) + "w\n";
+        out_ += "q " + path + "W n " + Ink(one.FillInk, "RG") + Number(twipsPerPixel) + "w\n";
         const double height = bottom - top;
         for (double x = std::floor((left - height) / hatchStep) * hatchStep; x <= right; x += hatchStep)
             out_ += Point(x, top) + "m " + Point(x + height, bottom) + "l S\n";
@@ -122,14 +122,14 @@ private:
 
 std::string PdfOf(std::span<const DrawOperation> operations, const SvgHead& head) {
     const FieldArea area = AreaOf(operations, head.FieldWidth, head.FieldHeight);
-    const std::string page = PageWriter().Write(area, GroundOf(operations), SeenIn(operations, area));
+    const std::string page = PageWriter().Write(area, BackgroundOf(operations), SeenIn(operations, area));
     const std::string title =
         head.Title + ", " + PlainNumber(head.DrawScale) + " twips for each unit of " + head.Unit;
     const std::string objects[] = {
         "<< /Type /Catalog /Pages 2 0 R >>",
         "<< /Type /Pages /Kids [3 0 R] /Count 1 >>",
-        "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 " + Number(area.Width / twipsAPoint) +
-            Number(area.Height / twipsAPoint) +
+        "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 " + Number(area.Width / twipsPerPoint) +
+            Number(area.Height / twipsPerPoint) +
             "] /Contents 4 0 R /Resources << /ExtGState << /Inverts << /BM /Difference >> >> >> >>",
         "<< /Length " + PlainNumber(static_cast<std::int64_t>(page.size())) + " >>\nstream\n" + page +
             "\nendstream",

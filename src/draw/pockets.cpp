@@ -16,7 +16,8 @@ struct PocketQuadrant {
     int MarginX, MarginY;
     int SideX, SideY;
     int Dir;
-    // The last row's offset in tool radii, where it is an even one. The odd one's is always +1. Both are meant.
+    // The last row's offset in tool radii, where it is an even one. The odd one's is always +1, as the clearing path has
+    // always been shown.
     int EvenOffset;
 };
 
@@ -82,11 +83,10 @@ private:
     // The serpentine. False where it was stopped.
     bool Clear() {
         const double firstY = state_.PocketY1 + quadrant_.SideY * toolRadius_;
-        // 1.
         field_.MoveTo(nearX_, firstY);
         waits_.WaitTimer();
         Stroke(farX_, firstY);
-        // 2., 3. Odd rows come back, even ones go out again.
+        // Odd rows come back, even ones go out again.
         for (bool odd = true;; odd = !odd) {
             ++row_;
             const double from = odd ? farX_ : nearX_;
@@ -94,12 +94,12 @@ private:
             if (EndPassed()) {
                 rowStep_ = std::abs((double{state_.PocketY2} - state_.PocketY1) / row_);
                 DrawRow(from, to, (odd ? 1 : quadrant_.EvenOffset) * toolRadius_);
-                return !state_.LeaveWalk;
+                return !state_.Leaving();
             }
             DrawRow(from, to, 0);
-            // 4. A tool without a diameter never comes to the end.
-            waits_.Breathe();
-            if (state_.LeaveWalk || (state_.StopRequested && !odd)) return false;
+            // A tool without a diameter never comes to the end, so that events are served in every row.
+            waits_.ServeEvents();
+            if (state_.Leaving() || (state_.StopRequested && !odd)) return false;
         }
     }
 

@@ -12,8 +12,8 @@ namespace {
 
 constexpr int widthPixels = 786;
 constexpr int heightPixels = 200;
-constexpr int twipsAPixel = 15;
-// What is left of the size around the list then is as wide at the right and below as it is at the left.
+constexpr int twipsPerPixel = 15;
+// With these the margin around the list is as wide at the right and below as at the left.
 constexpr int edgeWidth = 80;
 constexpr int edgeHeight = 220;
 constexpr int cellWidth = 7;
@@ -86,13 +86,13 @@ ProgramWindow::ProgramWindow(DrawParts& parts)
     lstCncLines.TabIndex = 0;
     lstCncLines.Left = 60;
     lstCncLines.Top = 320;
-    frmProgramWindow.Width = widthPixels * twipsAPixel;
-    frmProgramWindow.Height = heightPixels * twipsAPixel;
+    frmProgramWindow.Width = widthPixels * twipsPerPixel;
+    frmProgramWindow.Height = heightPixels * twipsPerPixel;
 }
 
 void ProgramWindow::Form_Load() {
-    frmProgramWindow.Width = widthPixels * twipsAPixel;
-    frmProgramWindow.Height = heightPixels * twipsAPixel;
+    frmProgramWindow.Width = widthPixels * twipsPerPixel;
+    frmProgramWindow.Height = heightPixels * twipsPerPixel;
     const ListView& list = parts_.Store.lvCncProgram;
     int header = 2;
     for (Label* head : {&lblN, &lblG, &lblX, &lblY, &lblZ, &lblF, &lblH})
@@ -118,7 +118,7 @@ void ProgramWindow::ArrangeHeads() {
     }
 }
 
-// The comment's place stays empty, so that the listing stays narrow.
+// Comments are left out, so that the listing stays narrow.
 void ProgramWindow::FillRows() {
     const ProgramStore& store = parts_.Store;
     std::vector<std::string> rows;
@@ -147,7 +147,7 @@ void ProgramWindow::Begin() {
 bool ProgramWindow::Follow(int lineIndex, int itemCount) {
     const auto select = [this](int index) {
         if (index < 0) throw RunTimeError(fault::SubscriptOutOfRange);
-        // The open line has no row here, nor has what was added since.
+        // The open line has no row here, nor have lines added since.
         if (index < lstCncLines.Count()) lstCncLines.ListIndex = index;
     };
     if (lineIndex <= itemCount) select(lineIndex - 1);

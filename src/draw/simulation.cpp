@@ -5,7 +5,7 @@ namespace kvt {
 namespace {
 
 constexpr int mostTicks = 1000;
-constexpr int turnsOfAWait = 20;
+constexpr int turnsPerWait = 20;
 
 }  // namespace
 
@@ -43,23 +43,23 @@ void Simulation::EnableControls(bool flag) {
 void Simulation::mnuSim_Click(int index) {
     EnableControls(index == simulation::Run);
     controls_.cmdStep.Enabled = false;
-    // A walk that goes on keeps its Abort.
-    controls_.frStepControls.Visible = index != simulation::Run || state_.Walking;
-    // What a fault has left.
-    if (!state_.Walking) state_.Drawing = false;
+    // A walk under way keeps its Abort button.
+    controls_.frStepControls.Visible = index != simulation::Run || state_.Walking();
+    // A walk that a fault has ended leaves it set.
+    if (!state_.Walking()) state_.Drawing = false;
     SelectSim(index);
-    // A walk that waits for a step would wait for a button that is disabled now: it goes on.
+    // cmdStep is disabled now, so that a walk which waits for it must go on.
     if (index != simulation::Step) state_.StepMode = false;
-    state_.StepPressed = true;
-    // Until a later line asks for an interval again.
+    state_.PressStep();
+    // Ends the waits until a later line asks for an interval.
     if (index == simulation::Run) state_.Interval = 0;
-    // Whoever chooses steps wants to give them.
+    // The keys that give a step act in the drawing.
     if (index == simulation::Step) parts_.Platform.Focus.SetFocus(controls_.pbxDrawField);
     if (controls_.mnuAutoRedraw.Checked) parts_.Redraw();
 }
 
 void Simulation::cmdStep_Click() {
-    state_.StepPressed = true;
+    state_.PressStep();
     controls_.cmdStep.Enabled = false;
 }
 
@@ -68,8 +68,8 @@ void Simulation::cmdStop_Click() {
     SelectSim(simulation::Run);
     EnableControls(true);
     controls_.frStepControls.Visible = false;
-    if (state_.Walking) return;
-    // Nothing to abort but what a fault has left.
+    if (state_.Walking()) return;
+    // Nothing to abort: resets what a walk ended by a fault has left set.
     state_.Drawing = false;
     state_.StopRequested = false;
 }
@@ -80,44 +80,42 @@ void Simulation::Timer1_Timer() {
     state_.TimerTicks = static_cast<std::int16_t>(state_.TimerTicks >= mostTicks ? 1 : state_.TimerTicks + 1);
 }
 
-void Simulation::Release() {
-    state_.Released = true;
-    state_.StepPressed = true;
-    state_.WaitingForClick = false;
-}
-
 void Simulation::WaitTimer() {
     const int interval = state_.Interval;
-    if (interval <= 1 || state_.Released) return;
+    if (interval <= 1 || !state_.MayWait()) return;
     controls_.Timer1.Interval = interval;
-    // Where nobody is there to end it, a walk that waits is given up sooner than one that runs.
-    state_.Turns += turnsOfAWait;
-    ShowTool();
+    // An endless program that waits is given up after fewer lines than one that does not.
+    state_.Turns += turnsPerWait;
+    MarkTool();
     const std::int16_t before = state_.TimerTicks;
     const auto left = [&]() -> double {
         const bool ticked = state_.TimerTicks != before || !controls_.Timer1.Enabled;
-        return ticked || state_.LeaveWalk || state_.Released ? 0 : interval;
+        return ticked || !state_.MayWait() ? 0 : interval;
     };
-    if (!parts_.Platform.System.WaitUntil(left)) state_.LeaveWalk = true;
+    if (!parts_.Platform.System.WaitUntil(left)) state_.Leave();
 }
 
-void Simulation::WaitUntil(const bool& flag, bool value) {
-    ShowTool();
-    while (flag != value && !state_.LeaveWalk && !state_.Released) {
-        if (!parts_.Platform.System.DoEvents()) state_.LeaveWalk = true;
+void Simulation::WaitFor(UserWait wait) {
+    MarkTool();
+    state_.Wait = wait;
+    while (state_.Wait == wait && state_.MayWait()) {
+        if (parts_.Platform.System.DoEvents()) continue;
+        state_.Leave();
+        break;
     }
+    state_.Wait = UserWait::None;
 }
 
-// Where the pen stands.
-void Simulation::ShowTool() {
+// Shows where the pen is.
+void Simulation::MarkTool() {
     PictureBox& field = controls_.pbxDrawField;
     field.Cross = FieldPlace{true, field.CurrentX, field.CurrentY};
 }
 
-// What is to end at its next turn needs nothing more from outside.
-void Simulation::Breathe() {
+// An aborted walk ends by itself; no event is needed.
+void Simulation::ServeEvents() {
     if (state_.StopRequested) return;
-    if (!parts_.Platform.System.Breathe(++state_.Turns)) state_.LeaveWalk = true;
+    if (!parts_.Platform.System.ServeEvents(++state_.Turns)) state_.Leave();
 }
 
 }  // namespace kvt

@@ -20,19 +20,16 @@ public:
     void cmdRun_Click();
     void Timer1_Timer();
 
-    // Lets the walk that stands go on to its end without a wait.
-    void Release();
-
     // Waits for the next tick of the walk's interval; 0 and 1 are no wait.
     void WaitTimer();
-    // Waits until a flag has changed to a value, or the walk is let go.
-    void WaitUntil(const bool& flag, bool value);
+    // Waits until the user has given what is waited for, or the walk may not wait any more.
+    void WaitFor(UserWait wait);
     // One more turn of a walk, a thread or a pocket: lets the system deliver what has come up now and then, also
     // at full speed.
-    void Breathe();
+    void ServeEvents();
 
 private:
-    void ShowTool();
+    void MarkTool();
 
     DrawParts& parts_;
     DrawControls& controls_;

@@ -12,10 +12,10 @@ namespace kvt {
 
 namespace {
 
-using OfKind = DrawOperation::Kind;
+using Kind = DrawOperation::Kind;
 
 constexpr double margin = 300;  // twips
-constexpr int twipsAPixel = 15;
+constexpr int twipsPerPixel = 15;
 
 std::string Number(double value) { return PlainNumber(static_cast<float>(std::round(value * 10) / 10)); }
 
@@ -47,14 +47,14 @@ std::string Escaped(const std::string& utf8) {
 }
 
 bool SpansField(const DrawOperation& line, int width, int height) {
-    if (line.What != OfKind::Line) return false;
+    if (line.What != Kind::Line) return false;
     return (line.X1 == 0 && line.X2 == static_cast<float>(width) && line.Y1 == line.Y2) ||
            (line.Y1 == 0 && line.Y2 == static_cast<float>(height) && line.X1 == line.X2);
 }
 
 // Of an arc only its ends and the quarters that it passes count.
 Extent ArcExtent(const DrawOperation& arc) {
-    const double half = arc.Width * twipsAPixel / 2.0;
+    const double half = arc.Width * twipsPerPixel / 2.0;
     Extent extent{1e300, 1e300, -1e300, -1e300};
     const auto add = [&](double angle) {
         const double x = arc.X1 + arc.Radius() * std::cos(angle);
@@ -78,12 +78,11 @@ public:
     std::string Write(const std::vector<DrawOperation>& operations, Color ground) {
         Begin(ground);
         for (const DrawOperation& one : operations) {
-            const bool stroke =
-                one.What == OfKind::Line || (one.What == OfKind::Circle && !one.IsFullCircle());
+            const bool stroke = one.What == Kind::Line || (one.What == Kind::Circle && !one.IsFullCircle());
             if (!stroke || !SameStroke(one)) EndPath();
             if (stroke) {
                 AddToPath(one);
-            } else if (one.What == OfKind::Box) {
+            } else if (one.What == Kind::Box) {
                 AddBox(one);
             } else {
                 AddCircle(one);
@@ -98,8 +97,8 @@ private:
         const std::string title = Escaped(ToUtf8(head_.Title));
         const std::string scale = PlainNumber(head_.DrawScale);
         out_ = "<svg xmlns=\"http://www.w3.org/2000/svg\"" +
-               Attribute("width", Number(area_.Width / twipsAPixel)) +
-               Attribute("height", Number(area_.Height / twipsAPixel)) +
+               Attribute("width", Number(area_.Width / twipsPerPixel)) +
+               Attribute("height", Number(area_.Height / twipsPerPixel)) +
                Attribute("viewBox", Number(area_.Left) + " " + Number(area_.Top) + " " + Number(area_.Width) +
                                         " " + Number(area_.Height)) +
                Attribute("data-twips-a-unit", scale) + Attribute("data-unit", head_.Unit) + ">\n<title>" +
@@ -117,7 +116,7 @@ private:
         // Whatever the pen's colour, an inversion takes the difference to white.
         const bool inverts = one.Mode == draw_mode::Invert;
         std::string text = Attribute("stroke", ColorText(inverts ? 0xFFFFFF : one.Ink)) +
-                           Attribute("stroke-width", PlainNumber(one.Width * twipsAPixel));
+                           Attribute("stroke-width", PlainNumber(one.Width * twipsPerPixel));
         if (one.Style != draw_style::Solid && one.Width == 1) text += Attribute("stroke-dasharray", "30 30");
         if (inverts) text += Attribute("style", "mix-blend-mode:difference");
         return text;
@@ -136,7 +135,7 @@ private:
     void AddToPath(const DrawOperation& one) {
         pen_ = one;
         const auto point = [](double x, double y) { return Number(x) + " " + Number(y); };
-        if (one.What == OfKind::Line) {
+        if (one.What == Kind::Line) {
             const std::string from = point(one.X1, one.Y1);
             if (from != end_ || path_.empty()) path_ += "M" + from;
             end_ = point(one.X2, one.Y2);
@@ -170,7 +169,7 @@ private:
         // A box without width or height is a line, which a rectangle does not show.
         if (box.X1 == box.X2 || box.Y1 == box.Y2) {
             DrawOperation line = box;
-            line.What = OfKind::Line;
+            line.What = Kind::Line;
             AddToPath(line);
             EndPath();
         }
@@ -194,9 +193,9 @@ private:
 FieldArea AreaOf(std::span<const DrawOperation> operations, int fieldWidth, int fieldHeight) {
     Extent all{1e300, 1e300, -1e300, -1e300};
     for (const DrawOperation& one : operations) {
-        if (one.What == OfKind::Clear || one.What == OfKind::Picture) continue;
+        if (one.What == Kind::Clear || one.What == Kind::Picture) continue;
         if (SpansField(one, fieldWidth, fieldHeight)) continue;
-        const bool arc = one.What == OfKind::Circle && !one.IsFullCircle();
+        const bool arc = one.What == Kind::Circle && !one.IsFullCircle();
         const Extent extent = arc ? ArcExtent(one) : ExtentOf(one);
         all = {std::min(all.Left, extent.Left), std::min(all.Top, extent.Top),
                std::max(all.Right, extent.Right), std::max(all.Bottom, extent.Bottom)};
@@ -210,13 +209,13 @@ FieldArea AreaOf(std::span<const DrawOperation> operations, int fieldWidth, int 
             all.Bottom - all.Top + 2 * margin};
 }
 
-Color GroundOf(std::span<const DrawOperation> operations) {
-    return !operations.empty() && operations.front().What == OfKind::Clear ? operations.front().Ink : 0;
+Color BackgroundOf(std::span<const DrawOperation> operations) {
+    return !operations.empty() && operations.front().What == Kind::Clear ? operations.front().Ink : 0;
 }
 
 std::string SvgOf(std::span<const DrawOperation> operations, const SvgHead& head) {
     const FieldArea area = AreaOf(operations, head.FieldWidth, head.FieldHeight);
-    return SvgWriter(area, head).Write(SeenIn(operations, area), GroundOf(operations));
+    return SvgWriter(area, head).Write(SeenIn(operations, area), BackgroundOf(operations));
 }
 
 }  // namespace kvt

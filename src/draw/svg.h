@@ -21,8 +21,8 @@ struct SvgHead {
 // The rectangle around what was drawn on the field, but for the lines right across it, with a margin; twips.
 FieldArea AreaOf(std::span<const DrawOperation> operations, int fieldWidth, int fieldHeight);
 
-// The ground of the field: the colour of its clearing, which comes first.
-Color GroundOf(std::span<const DrawOperation> operations);
+// The colour of the field's clearing, which comes first.
+Color BackgroundOf(std::span<const DrawOperation> operations);
 
 // The operations as an SVG document, cut to what was drawn; UTF-8.
 std::string SvgOf(std::span<const DrawOperation> operations, const SvgHead& head);

@@ -85,7 +85,6 @@ void Viewport::Autofit() {
 }
 
 bool Viewport::Fit() {
-    // 1.
     const InterpreterControls& axes = parts_.Results;
     const auto number = [](const Label& label) { return Val(label.Caption); };
     const bool mill = parts_.Store.IsF1();
@@ -97,23 +96,21 @@ bool Viewport::Fit() {
         extents = {number(axes.lblXAxisTravel), number(axes.lblZAxisTravel),
                    number(mill ? axes.lblXAxisMax : axes.lblXAxisMin), number(axes.lblZAxisMin)};
     }
-    // 2., 3.
     const FittedScale vertical = FitOf(controls_.pbxViewWindow.Height - freeHeight, extents.VTravel);
     const FittedScale horizontal = FitOf(controls_.pbxViewWindow.Width - freeWidth, extents.HTravel);
-    // 4. The menu holds the index; the scale may be smaller than its smallest.
+    // The menu holds the index; the scale may be smaller than its smallest.
     const FittedScale& fit = vertical.Index > horizontal.Index ? horizontal : vertical;
     SetScaleIndex(fit.Index);
     state_.DrawScale = static_cast<float>(fit.Scale);
-    // 5.
+    // The path lies in the middle of the field.
     const double scale = state_.DrawScale;
     const PictureBox& field = controls_.pbxDrawField;
     state_.ZeroX = (field.ScaleWidth() - extents.HTravel * scale) / 2 + std::abs(extents.HLimit * scale);
     state_.ZeroY = (field.ScaleHeight() - extents.VTravel * scale) / 2 + std::abs(extents.VLimit * scale);
-    // 6.
+    // So does the view.
     for (ScrollBar* bar : {&controls_.hsbViewWindow, &controls_.vsbViewWindow}) {
         bar->SetValue(ToLong((double{1} * bar->Max - bar->Min) / 2));
     }
-    // 7.
     state_.AutoFitPending = false;
     return extents.VTravel > 0 || extents.HTravel > 0;
 }
@@ -134,58 +131,49 @@ bool Viewport::ShowsStroke() const {
 
 void Viewport::MakeZeroPoint() {
     PictureBox& field = controls_.pbxDrawField;
-    // 1.
     state_.MarkerX = field.CurrentX;
     state_.MarkerY = field.CurrentY;
     const double x = state_.MarkerX;
     const double y = state_.MarkerY;
     field.DrawWidth = 1;
-    // 2.
+    // The axes, right across the field.
     field.ForeColor = red;
     field.Line(0, y, field.ScaleWidth(), y);
     field.Line(x, 0, x, field.ScaleHeight());
-    // 3.
+    // The mark itself has the same size at every scale.
     field.ForeColor = controls_.mnuBackground.Checked ? black : white;
     field.Line(x - crossArm, y, x + crossArm, y);
     field.Line(x, y - crossArm, x, y + crossArm);
-    // 4.
     const int fillBefore = field.FillStyle;
     field.FillStyle = fill_style::Transparent;
     field.Circle(x, y, ringRadius);
     field.FillStyle = fillBefore;
-    // 5.
     field.MoveTo(x, y);
 }
 
 void Viewport::MakeGrid() {
     PictureBox& field = controls_.pbxDrawField;
-    // 1.
     const float scale = state_.DrawScale;
     state_.GridStep = scale < 1 ? 1000 : scale > 16 ? 10 : 100;
-    // 2.
     const double step = state_.GridStep * double{scale};
     const std::int32_t columns = ToLong(field.ScaleWidth() / step);
     const std::int32_t rows = ToLong(field.ScaleHeight() / step);
-    // 3.
     const float penX = field.CurrentX;
     const float penY = field.CurrentY;
     field.DrawWidth = 1;
     field.ForeColor = controls_.mnuBackground.Checked ? yellow : darkGrey;
-    // 4.
+    // The phases put the lines on the zero point mark; the pen is at 0, 0 when the field has just been cleared.
     const auto phase = [&](float marker) { return Remainder(WholePart(marker), WholePart(step)); };
     const double phaseX = phase(state_.MarkerX);
     const double phaseY = phase(state_.MarkerY);
-    // 5.
     for (std::int32_t i = 0; i <= rows; ++i) {
         const double y = penY + step * i + phaseY;
         field.Line(0, y, field.ScaleWidth(), y);
     }
-    // 6.
     for (std::int32_t i = 0; i <= columns; ++i) {
         const double x = penX + step * i + phaseX;
         field.Line(x, 0, x, field.ScaleHeight());
     }
-    // 7.
     field.MoveTo(penX, penY);
     ShowGridSize();
 }

@@ -23,13 +23,13 @@ public:
     // Checks the text of a field against the range in its Tag. A value outside is told, the field is emptied
     // (unless its text stays) and gets the focus back. A text that is no number is told, and no more.
     // False where the value was refused.
-    bool EvalText(TextBox& field, bool textStays = false);
+    bool EvalText(TextBox& field, bool keepText = false);
     // What the parameter fields do when they are left: the expression becomes its value, which is checked.
-    // With keepsEmpty an empty field stays empty.
-    void LeaveField(TextBox& field, bool keepsEmpty);
+    // With keepEmpty an empty field stays empty.
+    void EvaluateField(TextBox& field, bool keepEmpty);
 
 private:
-    void Refuse(TextBox& field, int message, std::int32_t bound, Icon icon, bool textStays);
+    void Refuse(TextBox& field, int message, std::int32_t bound, Icon icon, bool keepText);
 
     const ProgramStore& store_;
     const Texts& texts_;

@@ -31,23 +31,19 @@ ListBox& CodeChoice::ListOf(std::string_view mode) {
 
 void CodeChoice::ListClick(ListBox& list, ListBox* other, const char* mode) {
     EntryRow& entry = parts_.Entry;
-    // 1.
     if (list.ListIndex < 0) return;
     const std::string row = list.Entry(list.ListIndex);
-    // 2.
     entry.frEntry.Caption = EntryDescription(row);
-    // 3.
     entry.lblGMcode.Caption = mode;
     entry.txtGMcode.Text = Trim(Mid(row, 2, 3));
     entry.txtGMcode.ForeColor = list.ForeColor;
-    // 4.
+    // One code is chosen at a time.
     if (other) other->ListIndex = -1;
     entry.txtComment.Text = "";
-    // 5.
     std::string code = entry.txtGMcode.Text.Get();
     parts_.Layout.InputFields(code);
     parts_.Layout.FirstFieldFocus("");
-    // 6.
+    // The comment of the code before goes, also where none takes its place.
     if (parts_.View.chkViewGcode.Value != 0) {
         entry.txtComment.Text = "@  " + std::string(Mid(row, 6));
     } else {
@@ -58,16 +54,13 @@ void CodeChoice::ListClick(ListBox& list, ListBox* other, const char* mode) {
 void CodeChoice::lvCncProgram_Click() {
     EntryRow& entry = parts_.Entry;
     ProgramStore& store = parts_.Store;
-    // 1.
     if (store.TransmitActive || store.EditorRunMode) return;
-    // 2.
     Run(parts_.Calls.HideSettings);
     parts_.Interpreter.RefreshLineCount();
-    // 3.
     const int place = store.lvCncProgram.SelectedRow();
     if (place == 0) return;
     const ListRow row = store.lvCncProgram.Row(place);
-    entry.Opened.Forget();
+    entry.Opened.Close();
     CodeLists& lists = parts_.Lists;
     for (ListBox* list : {&lists.lstMK2Gcodes, &lists.lstMK4Gcodes, &lists.lstMK4Mcodes, &lists.lstF1Gcodes,
                           &lists.lstF1Mcodes}) {
@@ -81,11 +74,10 @@ void CodeChoice::lvCncProgram_Click() {
         parts_.Platform.Focus.SetFocus(entry.txtGMcode);
         return;
     }
-    // 4.
     std::string code(TrimLeft(row[column::Code]));
     if (UpperChar(code[0]) != 'M') code.insert(0, "G");
-    // 5. Choosing the list's row acts as a click on it.
-    // A code that no list knows is taken from the row, so that the entry row never holds that of another line.
+    // The code comes from the row, so that one that no list knows is shown too; choosing its entry in the list then acts
+    // as a click on it.
     const std::string mode = UpperCase(code.substr(0, 1));
     entry.lblGMcode.Caption = mode;
     entry.txtGMcode.Text = Trim(Mid(code, 2, 3));
@@ -96,16 +88,14 @@ void CodeChoice::lvCncProgram_Click() {
         list.Click();
         break;
     }
-    // 6.
     parts_.Layout.InputFields(code);
-    // 7.
     FillFields(entry, row, store.IsF1());
-    NoteOpened(entry, row, place);
-    // 8. A first value beyond its range is told, here alone; it stays, and can be passed.
+    RememberOpenedLine(entry, row, place);
+    // A first value beyond its range is told, here alone; it stays, and can be passed.
     entry.txtGMcode.SelectAll();
-    entry.Opened.Arrives = true;
+    entry.Opened.BeingOpened = true;
     parts_.Platform.Focus.SetFocus(entry.txtGMcode);
-    entry.Opened.Arrives = false;
+    entry.Opened.BeingOpened = false;
 }
 
 void CodeChoice::lvCncProgram_ColumnClick(int header) {

@@ -50,14 +50,13 @@ Conversion::Conversion(Form& form, ProgramStore& store, MachineControls& machine
 }
 
 void Conversion::Convert(double factor) {
-    // 1.
     const int lines = store_.LineCount();
     if (lines == 0) return;
-    // 2.
     store_.ProgramChanged = true;
     ListView& list = store_.lvCncProgram;
     const int selected = list.SelectedRow();
-    // 3. to 8. A number that does not fit is not stored, and the one before is written: deliberate.
+    // Every line is converted, whatever its code. A number that does not fit is reported and not stored, so its column gets
+    // the one that was converted before it.
     std::int16_t number = 0;
     for (int row = 1; row <= lines; ++row) {
         for (const ScaledColumn& one : scaledColumns) {
@@ -66,22 +65,23 @@ void Conversion::Convert(double factor) {
             Attempt(convertName, [&] { scales = IsLength(cell, one.Column); });
             if (!scales) continue;
             const int width = store_.IsF1() ? one.MillWidth : one.LatheWidth;
-            Attempt(convertName, [&] { number = ToInteger(Val(Right(cell.View(), width)) * factor); });
-            // The first character is the sign or the letter. Where the file has brought a feed without one it is
-            // a digit already.
+            // The first character is the sign or the letter, and stays. Where a file has brought a number without
+            // either it is a digit already.
             const char first = cell.View()[0];
-            std::string text(1, first >= '0' && first <= '9' ? ' ' : first);
+            const bool isNumber = first >= '0' && first <= '9';
+            const std::string_view digits = isNumber ? cell.View() : Right(cell.View(), width);
+            Attempt(convertName, [&] { number = ToInteger(Val(digits) * factor); });
+            std::string text(1, isNumber ? ' ' : first);
             text += RightPad(Format(number, one.Pattern), static_cast<std::size_t>(width));
             cell = text;
         }
     }
     list.RowsChanged();
-    // 9., 10.
     list.Select(selected);
     machine_.SetUnits(factor == inchToMetric ? "Metric" : "Imperial");
     if (const int opened = entry_.Opened.Place; opened > 0) {
         FillFields(entry_, list.Row(opened), store_.IsF1());
-        NoteOpened(entry_, list.Row(opened), opened);
+        RememberOpenedLine(entry_, list.Row(opened), opened);
     }
 }
 

@@ -44,14 +44,14 @@ EntryRow::EntryRow(Form& form)
     cmdReturn.Visible = false;
     txtFeedA.Text = "  100";
     txtFeedB.Text = "   50";
-    NoteFeeds();
+    RememberFeeds();
 }
 
 std::array<EntryRow::Field, 5> EntryRow::Fields() {
     return {{{lblXI, txtXI}, {lblYJ, txtYJ}, {lblZK, txtZK}, {lblFKTL, txtFKTL}, {lblH, txtH}}};
 }
 
-void EntryRow::NoteFeeds() {
+void EntryRow::RememberFeeds() {
     OldFeedA = " " + std::string(Trim(txtFeedA.Text));
     OldFeedB = " " + std::string(Trim(txtFeedB.Text));
 }

@@ -35,7 +35,7 @@ struct EntryRow {
     };
     std::array<Field, 5> Fields();
     // Notes the feed presets as OldFeedA and OldFeedB.
-    void NoteFeeds();
+    void RememberFeeds();
 };
 
 }  // namespace kvt

@@ -5,13 +5,12 @@
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "editor/value_range.h"
 #include "platform/keys.h"
 
 namespace kvt {
 
 namespace {
-
-constexpr double lowestFeed = 2;
 
 // A preset as a replacement looks for it.
 std::string OldText(const TextBox& preset) { return " " + std::string(Trim(preset.Text)); }
@@ -27,8 +26,8 @@ FeedPresets::FeedPresets(EntryRow& entry, ProgramStore& store, ControlInterprete
     : entry_(entry), store_(store), interpreter_(interpreter), focus_(focus) {
     entry_.cmdFeedA.OnClick = [this] { cmdFeedA_Click(); };
     entry_.cmdFeedB.OnClick = [this] { cmdFeedB_Click(); };
-    entry_.txtFeedA.OnLostFocus = [this] { Leave(entry_.txtFeedA, entry_.OldFeedA); };
-    entry_.txtFeedB.OnLostFocus = [this] { Leave(entry_.txtFeedB, entry_.OldFeedB); };
+    entry_.txtFeedA.OnLostFocus = [this] { PresetLostFocus(entry_.txtFeedA, entry_.OldFeedA); };
+    entry_.txtFeedB.OnLostFocus = [this] { PresetLostFocus(entry_.txtFeedB, entry_.OldFeedB); };
     entry_.txtFeedA.OnKeyPress = [this](int& character) { KeyPress("A", character); };
     entry_.txtFeedB.OnKeyPress = [this](int& character) { KeyPress("B", character); };
 }
@@ -49,20 +48,18 @@ void FeedPresets::KeyPress(std::string_view which, int& character) {
 void FeedPresets::ReplaceFeed(std::string_view which) {
     const TextBox& preset = which == "A" ? entry_.txtFeedA : entry_.txtFeedB;
     std::string& old = which == "A" ? entry_.OldFeedA : entry_.OldFeedB;
-    // 1., 2.
     const int lines = store_.LineCount();
     ListView& list = store_.lvCncProgram;
     const int selected = list.SelectedRow();
     double sought = 0;
     const bool known = Attempt("ReplaceFeed", [&] { sought = Val(old); });
-    // 3., 4. A word with a letter and an empty cell hold no plain number, whatever the preset was.
+    // Any line with the number is meant, whatever its code. A word with a letter and an empty cell hold no plain number, whatever the preset was.
     for (int row = 1; known && row <= lines; ++row) {
         Cell& feed = list.Row(row)[column::F];
         if (!IsNumeric(feed.View()) || Val(feed.View()) != sought) continue;
         feed = PresetText(preset);
         store_.ProgramChanged = true;
     }
-    // 5., 6.
     if (lines == 0) return;
     old = OldText(preset);
     list.RowsChanged();
@@ -70,28 +67,25 @@ void FeedPresets::ReplaceFeed(std::string_view which) {
 }
 
 void FeedPresets::SetFeedLimits() {
-    // 1.
-    const double highest = HighestFeed();
+    const ValueRange& range = FeedRange.In(store_.Metric);
     for (TextBox* preset : {&entry_.txtFeedA, &entry_.txtFeedB}) {
-        // 2., 3.
-        double feed = highest;
+        // One that cannot be read counts as too high.
+        double feed = range.High;
         Attempt("SetFeedLimits", [&] { feed = Val(preset->Text); });
-        feed = std::max(std::min(feed, highest), lowestFeed);
+        feed = std::clamp<double>(feed, range.Low, range.High);
         preset->Text = RightPad(PlainNumber(static_cast<float>(feed)), 5);
-        // 4.
-        preset->Tag = store_.Metric ? "2TO499" : "2TO199";
-        preset->ToolTip = Replace(preset->Tag, "TO", " = Low, Hi = ");
+        SetRange(*preset, range);
     }
 }
 
 // Leaving a preset sets it for later lines; the other one's old value stays known. A feed with more digits than a
 // line has place for would reach it without the first one.
-void FeedPresets::Leave(TextBox& preset, std::string& old) {
-    if (Val(preset.Text) > HighestFeed()) SetFeedLimits();
+void FeedPresets::PresetLostFocus(TextBox& preset, std::string& old) {
+    if (Val(preset.Text) > FeedRange.In(store_.Metric).High) SetFeedLimits();
     old = OldText(preset);
 }
 
-void FeedPresets::Take(const TextBox& preset) {
+void FeedPresets::ApplyPreset(const TextBox& preset) {
     entry_.txtFKTL.Text = PresetText(preset);
     focus_.SetFocus(entry_.txtComment);
 }

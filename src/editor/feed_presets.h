@@ -15,16 +15,15 @@ public:
     // Clamps the presets to the units in force, and sets their ranges.
     void SetFeedLimits();
     // Puts a preset into the feed field and goes on to the comment.
-    void cmdFeedA_Click() { Take(entry_.txtFeedA); }
-    void cmdFeedB_Click() { Take(entry_.txtFeedB); }
+    void cmdFeedA_Click() { ApplyPreset(entry_.txtFeedA); }
+    void cmdFeedB_Click() { ApplyPreset(entry_.txtFeedB); }
 
     // Gives every line whose plain number in column 6 is the old value of a preset ("A" or "B") the new one.
     void ReplaceFeed(std::string_view which);
 
 private:
-    double HighestFeed() const { return store_.Metric ? 499 : 199; }
-    void Leave(TextBox& preset, std::string& old);
-    void Take(const TextBox& preset);
+    void PresetLostFocus(TextBox& preset, std::string& old);
+    void ApplyPreset(const TextBox& preset);
     void KeyPress(std::string_view which, int& character);
 
     EntryRow& entry_;

@@ -32,6 +32,6 @@ inline constexpr FieldFormat FieldFormats[] = {{column::X, "##00", 4, 5},
                                                {column::H, "#00", 3, 4}};
 
 // Whether a cell keeps the sign of a field with this label. A letter in its place drops it, and feeds have none.
-inline bool KeepsSign(std::string_view label) { return label == "X" || label == "Y" || label == "Z"; }
+inline bool HasSignPlace(std::string_view label) { return label == "X" || label == "Y" || label == "Z"; }
 
 }  // namespace kvt

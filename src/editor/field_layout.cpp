@@ -2,40 +2,41 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <limits>
 
-#include "basic/number.h"
 #include "basic/text.h"
 #include "editor/field_format.h"
+#include "editor/value_range.h"
 
 namespace kvt {
 
 namespace {
 
-// One range in both units, as the limit strings hold it.
-struct Range {
-    const char* Inch;
-    const char* Metric;
-};
-
-constexpr Range Both(const char* range) { return {range, range}; }
+constexpr UnitRanges Both(ValueRange range) { return {range, range}; }
 
 // A range that may follow the orientation of the mill.
 struct Limits {
-    Range Vertical;
-    Range Horizontal;
-    constexpr Limits(Range always) : Vertical(always), Horizontal(always) {}
-    constexpr Limits(Range vertical, Range horizontal) : Vertical(vertical), Horizontal(horizontal) {}
+    UnitRanges Vertical;
+    UnitRanges Horizontal;
+    constexpr Limits(UnitRanges always) : Vertical(always), Horizontal(always) {}
+    constexpr Limits(UnitRanges vertical, UnitRanges horizontal)
+        : Vertical(vertical), Horizontal(horizontal) {}
 };
 
-constexpr Range latheX{"-1999TO1999", "-5999TO5999"};
-constexpr Range latheZ{"-12900TO12900", "-32760TO32760"};
-constexpr Range feed{"2TO199", "2TO499"};
-constexpr Range shortAxis{"-3999TO3999", "-9999TO9999"};
-constexpr Range longAxis{"-7999TO7999", "-19999TO19999"};
-constexpr Range shortOffset{"0TO3999", "0TO9999"};
-constexpr Range longOffset{"0TO7999", "0TO19999"};
-constexpr Range upTo999 = Both("0TO999");
-constexpr Range unlimited = Both("");
+constexpr UnitRanges latheX{{-1999, 1999}, {-5999, 5999}};
+constexpr UnitRanges latheZ{{-12900, 12900}, {-32760, 32760}};
+constexpr UnitRanges shortAxis{{-3999, 3999}, {-9999, 9999}};
+constexpr UnitRanges longAxis{{-7999, 7999}, {-19999, 19999}};
+constexpr UnitRanges shortOffset{{0, 3999}, {0, 9999}};
+constexpr UnitRanges longOffset{{0, 7999}, {0, 19999}};
+constexpr UnitRanges latheOffsetX{{0, 1999}, {0, 5999}};
+constexpr UnitRanges latheOffsetZ{{0, 12900}, {0, 32760}};
+constexpr UnitRanges latheDwell = latheOffsetX;
+constexpr UnitRanges tool{{0, 199}, {0, 499}};
+constexpr UnitRanges upTo999 = Both({0, 999});
+// What the column holds is the only bound.
+constexpr UnitRanges unlimited =
+    Both({std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()});
 
 // The mill has a short axis and two long ones; the orientation decides whether X or Y is the short one.
 constexpr Limits millX{longAxis, shortAxis};
@@ -47,7 +48,7 @@ enum FieldIndex { XI, YJ, ZK, FKTL, H };
 struct ShownField {
     FieldIndex Field;
     const char* Label;
-    Limits Range;
+    Limits Limit;
 };
 
 constexpr unsigned mk2 = 1, mk4 = 2, f1 = 4, lathes = mk2 | mk4, withH = mk4 | f1, all = lathes | f1;
@@ -64,51 +65,52 @@ const LayoutRow layoutTable[] = {
     {{"G00 ", "G92 "}, f1, {{XI, "X", millX}, {YJ, "Y", millY}, {ZK, "Z", millZ}}},
     {{"G01 ", "G02 ", "G03 ", "G72 "},
      lathes,
-     {{XI, "X", latheX}, {ZK, "Z", latheZ}, {FKTL, "F", feed}},
+     {{XI, "X", latheX}, {ZK, "Z", latheZ}, {FKTL, "F", FeedRange}},
      true},
     {{"G01 ", "G02 ", "G03 ", "G72 "},
      f1,
-     {{XI, "X", millX}, {YJ, "Y", millY}, {ZK, "Z", millZ}, {FKTL, "F", feed}},
+     {{XI, "X", millX}, {YJ, "Y", millY}, {ZK, "Z", millZ}, {FKTL, "F", FeedRange}},
      true},
-    {{"G26 "}, lathes, {{XI, "X", latheX}, {ZK, "Z", latheZ}, {FKTL, "F", feed}}},
-    {{"G26 "}, f1, {{XI, "X", millX}, {YJ, "Y", millY}, {ZK, "Z", millZ}, {FKTL, "F", feed}}},
-    {{"G04 "}, lathes, {{XI, "X", Range{"0TO1999", "0TO5999"}}}},
-    {{"G04 "}, f1, {{XI, "X", Both("0TO19999")}}},
-    {{"G23 "}, all, {{XI, "X", upTo999}, {ZK, "Z", upTo999}, {FKTL, "T", Both("0TO499")}}},
-    {{"G25 ", "G27 "}, all, {{FKTL, "Line", Both("0TO221")}}},
-    {{"G33 "}, all, {{ZK, "Z", latheZ}, {FKTL, "K", feed}}},
-    {{"G73 ", "G81 ", "G82 ", "G83 ", "G85 ", "G89 "}, lathes, {{ZK, "Z", latheZ}, {FKTL, "F", feed}}, true},
-    // The inch range of this feed is deliberate.
+    {{"G26 "}, lathes, {{XI, "X", latheX}, {ZK, "Z", latheZ}, {FKTL, "F", FeedRange}}},
+    {{"G26 "}, f1, {{XI, "X", millX}, {YJ, "Y", millY}, {ZK, "Z", millZ}, {FKTL, "F", FeedRange}}},
+    {{"G04 "}, lathes, {{XI, "X", latheDwell}}},
+    {{"G04 "}, f1, {{XI, "X", Both({0, 19999})}}},
+    {{"G23 "}, all, {{XI, "X", upTo999}, {ZK, "Z", upTo999}, {FKTL, "T", Both({0, 499})}}},
+    {{"G25 ", "G27 "}, all, {{FKTL, "Line", Both({0, 221})}}},
+    {{"G33 "}, all, {{ZK, "Z", latheZ}, {FKTL, "K", FeedRange}}},
+    {{"G73 ", "G81 ", "G82 ", "G83 ", "G85 ", "G89 "},
+     lathes,
+     {{ZK, "Z", latheZ}, {FKTL, "F", FeedRange}},
+     true},
+    // In inch the entry allows this feed what Z has; the check pass holds it to the range of a feed.
     {{"G73 ", "G81 ", "G82 ", "G83 ", "G85 ", "G89 "},
      f1,
-     {{ZK, "Z", longAxis}, {FKTL, "F", Range{"-7999TO7999", "2TO499"}}},
+     {{ZK, "Z", longAxis}, {FKTL, "F", UnitRanges{longAxis.Inch, FeedRange.Metric}}},
      true},
-    {{"G78 "}, mk2, {{XI, "X", latheX}, {ZK, "Z", latheZ}, {FKTL, "K", feed}}},
-    {{"G78 "}, withH, {{XI, "X", latheX}, {ZK, "Z", latheZ}, {FKTL, "K", feed}, {H, "H", upTo999}}},
-    {{"G84 ", "G88 ", "G86 "}, mk2, {{XI, "X", latheX}, {ZK, "Z", latheZ}, {FKTL, "F", feed}}, true},
+    {{"G78 "}, mk2, {{XI, "X", latheX}, {ZK, "Z", latheZ}, {FKTL, "K", FeedRange}}},
+    {{"G78 "}, withH, {{XI, "X", latheX}, {ZK, "Z", latheZ}, {FKTL, "K", FeedRange}, {H, "H", upTo999}}},
+    {{"G84 ", "G88 ", "G86 "}, mk2, {{XI, "X", latheX}, {ZK, "Z", latheZ}, {FKTL, "F", FeedRange}}, true},
     {{"G84 ", "G88 "},
      withH,
-     {{XI, "X", latheX}, {ZK, "Z", latheZ}, {FKTL, "F", feed}, {H, "H", upTo999}},
+     {{XI, "X", latheX}, {ZK, "Z", latheZ}, {FKTL, "F", FeedRange}, {H, "H", upTo999}},
      true},
     {{"G86 "},
      withH,
-     {{XI, "X", latheX}, {ZK, "Z", latheZ}, {FKTL, "F", feed}, {H, "H", Both("10TO999")}},
+     {{XI, "X", latheX}, {ZK, "Z", latheZ}, {FKTL, "F", FeedRange}, {H, "H", Both({10, 999})}},
      true},
-    {{"M06 "}, lathes, {{XI, "X", latheX}, {ZK, "Z", latheZ}, {FKTL, "T", Range{"0TO199", "0TO499"}}}},
-    {{"M06 "},
-     f1,
-     {{XI, "D", millX}, {YJ, "S", millY}, {ZK, "Z", millZ}, {FKTL, "T", Range{"0TO199", "0TO499"}}}},
+    {{"M06 "}, lathes, {{XI, "X", latheX}, {ZK, "Z", latheZ}, {FKTL, "T", tool}}},
+    {{"M06 "}, f1, {{XI, "D", millX}, {YJ, "S", millY}, {ZK, "Z", millZ}, {FKTL, "T", tool}}},
     {{"M26 "}, all, {{H, "H", unlimited}}},
     {{"M98 "}, lathes, {{XI, "X", upTo999}, {ZK, "Z", upTo999}}},
     {{"M98 "}, f1, {{XI, "X", upTo999}, {YJ, "Y", upTo999}, {ZK, "Z", upTo999}}},
-    {{"M99 "}, lathes, {{XI, "I", Range{"0TO1999", "0TO5999"}}, {ZK, "K", Range{"0TO12900", "0TO32760"}}}},
+    {{"M99 "}, lathes, {{XI, "I", latheOffsetX}, {ZK, "K", latheOffsetZ}}},
     {{"M99 "},
      f1,
      {{XI, "I", {longOffset, shortOffset}}, {YJ, "J", {shortOffset, longOffset}}, {ZK, "K", longOffset}}},
-    {{"M99R"}, all, {{XI, "R", Range{"0TO1999", "0TO5999"}}}},
+    {{"M99R"}, all, {{XI, "R", latheOffsetX}}},
 };
 
-bool Holds(const std::initializer_list<const char*>& codes, std::string_view code) {
+bool Contains(const std::initializer_list<const char*>& codes, std::string_view code) {
     for (const char* one : codes) {
         if (EqualIgnoringCase(code, one)) return true;
     }
@@ -118,22 +120,16 @@ bool Holds(const std::initializer_list<const char*>& codes, std::string_view cod
 // The first row that holds a code on a machine; null for a code without fields.
 const LayoutRow* RowOf(std::string_view code, unsigned machine) {
     for (const LayoutRow& row : layoutTable) {
-        if ((row.Machines & machine) != 0 && Holds(row.Codes, code)) return &row;
+        if ((row.Machines & machine) != 0 && Contains(row.Codes, code)) return &row;
     }
     return nullptr;
 }
 
 // A range without what its column can't hold: numbers with more digits, and a sign that a letter takes the place of.
-std::string HeldRange(std::string_view range, const ShownField& shown, bool mill) {
+ValueRange ColumnRange(const ValueRange& range, const ShownField& shown, bool mill) {
     const std::int32_t largest = FieldFormats[shown.Field].Largest(mill);
-    std::int32_t low = KeepsSign(shown.Label) ? -largest : 0;
-    std::int32_t high = largest;
-    const std::vector<std::string_view> bounds = Split(range, "TO");
-    if (bounds.size() == 2) {
-        low = std::max(low, ToLong(Val(bounds[0])));
-        high = std::min(high, ToLong(Val(bounds[1])));
-    }
-    return PlainNumber(low) + "TO" + PlainNumber(high);
+    const std::int32_t least = HasSignPlace(shown.Label) ? -largest : 0;
+    return {std::max(least, range.Low), std::min(largest, range.High)};
 }
 
 // The first field of a code; codes that are not here begin with the comment.
@@ -160,40 +156,33 @@ FieldLayout::FieldLayout(EntryRow& entry, const ProgramStore& store, const CodeL
 unsigned FieldLayout::MachineBit() const { return store_.IsMK2() ? mk2 : store_.IsMK4() ? mk4 : f1; }
 
 void FieldLayout::InputFields(std::string& code) {
-    // 1., 2. The four-character form.
+    // The four-character form.
     if (code.size() == 2) code += ' ';
     const char letter = code.empty() ? '\0' : UpperChar(code[0]);
     if (letter != 'G' && letter != 'M') code.insert(0, entry_.lblGMcode.Caption.Get());
-    // 3., 4., 5.
     entry_.cmdFeedA.Enabled = false;
     entry_.cmdFeedB.Enabled = false;
     HideInputFields();
     entry_.txtZK.Enabled = true;
-    // 6. The first row of the table that holds the code.
     const unsigned machine = MachineBit();
     auto fields = entry_.Fields();
     if (const LayoutRow* const row = RowOf(code, machine)) {
         for (const ShownField& shown : row->Fields) {
             const EntryRow::Field& field = fields[shown.Field];
-            const Range& range = store_.Horizontal ? shown.Range.Horizontal : shown.Range.Vertical;
+            const UnitRanges& ranges = store_.Horizontal ? shown.Limit.Horizontal : shown.Limit.Vertical;
             field.Caption.Caption = shown.Label;
             field.Caption.Visible = true;
             field.Box.Visible = true;
-            field.Box.Tag = HeldRange(store_.Metric ? range.Metric : range.Inch, shown, machine == f1);
+            SetRange(field.Box, ColumnRange(ranges.In(store_.Metric), shown, machine == f1));
         }
         entry_.cmdFeedA.Enabled = row->FeedButtons;
         entry_.cmdFeedB.Enabled = row->FeedButtons;
         // The control of that machine derives the Z of an arc.
-        if (machine == mk2 && Holds({"G02 ", "G03 "}, code)) entry_.txtZK.Enabled = false;
+        if (machine == mk2 && Contains({"G02 ", "G03 "}, code)) entry_.txtZK.Enabled = false;
     }
-    laidOut_ = code;
-    NameCode();
-    // 7.
+    laidOutCode_ = code;
+    UpdateFrameCaption();
     FirstFieldFocus("");
-    // 8.
-    for (const EntryRow::Field& field : fields) {
-        if (!field.Box.Tag.Empty()) field.Box.ToolTip = Replace(field.Box.Tag, "TO", " = Low, Hi = ");
-    }
 }
 
 void FieldLayout::HideInputFields() {
@@ -203,10 +192,10 @@ void FieldLayout::HideInputFields() {
         field.Box.Tag = "";
         field.Box.ToolTip = "";
     }
-    laidOut_.clear();
+    laidOutCode_.clear();
 }
 
-bool FieldLayout::FitsCode() const { return EqualIgnoringCase(laidOut_, CodeInRow()); }
+bool FieldLayout::IsLaidOutForCode() const { return EqualIgnoringCase(laidOutCode_, CodeInRow()); }
 
 void FieldLayout::RefreshFeedButtons() {
     const LayoutRow* const row = RowOf(CodeInRow(), MachineBit());
@@ -214,7 +203,7 @@ void FieldLayout::RefreshFeedButtons() {
     entry_.cmdFeedB.Enabled = row && row->FeedButtons;
 }
 
-void FieldLayout::NameCode() {
+void FieldLayout::UpdateFrameCaption() {
     const std::string* const entry = ListEntry();
     entry_.frEntry.Caption = entry ? EntryDescription(*entry) : texts_.EntryCaption;
 }
@@ -224,19 +213,16 @@ std::string FieldLayout::CodeInRow() const {
 }
 
 void FieldLayout::FirstFieldFocus(std::string_view initial) {
-    // 1.
-    const std::string code = CodeInRow();
-    // 2.
+    // A hidden or frozen comment: the row is not in use.
     if (!entry_.txtComment.ReallyVisible() || !entry_.txtComment.ReallyEnabled()) return;
-    // 3.
+    const std::string code = CodeInRow();
     TextBox* target = &entry_.txtComment;
     for (const FirstField& first : firstFields) {
-        if (Holds(first.Codes, code)) target = &entry_.Fields()[first.Field].Box;
+        if (Contains(first.Codes, code)) target = &entry_.Fields()[first.Field].Box;
     }
-    // 4.
     target->Visible = true;
     if (!initial.empty() && target != &entry_.txtComment) target->Text = initial;
-    if (!FocusStays) focus_.SetFocus(*target);
+    if (!KeepFocus) focus_.SetFocus(*target);
 }
 
 void FieldLayout::CodeDescription() {
@@ -259,7 +245,7 @@ const std::string* FieldLayout::ListEntry() const {
 
 void FieldLayout::ClearEntryFields() {
     HideInputFields();
-    entry_.Opened.Forget();
+    entry_.Opened.Close();
     for (const EntryRow::Field& field : entry_.Fields()) field.Box.Text = "";
     entry_.txtGMcode.Text = "";
     entry_.txtComment.Text = "";

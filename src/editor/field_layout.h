@@ -23,17 +23,17 @@ public:
     // Hides the five fields with their labels, and empties their ranges and tool tips.
     void HideInputFields();
     // Whether the fields are laid out for the code that stands in the row.
-    bool FitsCode() const;
+    bool IsLaidOutForCode() const;
     // The feed buttons are enabled where the code that stands in the row is marked for them.
     void RefreshFeedButtons();
     // The frame names the code that stands in the row; one that no list knows has no name.
-    void NameCode();
+    void UpdateFrameCaption();
     // The focus goes to the first field of the code that stands in the row, which takes the text initial if
     // that is not empty. Nothing where the row is not in use.
     void FirstFieldFocus(std::string_view initial);
     // While set, FirstFieldFocus lays out but leaves the focus where it was put: the code field was left for a
     // place outside the chain.
-    bool FocusStays = false;
+    bool KeepFocus = false;
     // Fills the comment with the description of the code that stands in the row, "@  " in front.
     void CodeDescription();
     // No fields, and every text of the row empty.
@@ -52,7 +52,7 @@ private:
     const Texts& texts_;
     FocusService& focus_;
     // The four-character form of the code that the fields are laid out for.
-    std::string laidOut_;
+    std::string laidOutCode_;
 };
 
 }  // namespace kvt

@@ -36,29 +36,29 @@ FindWindow::FindWindow(ProgramStore& store, FocusService& focus)
         FindNext();
     };
     frmFind.OnKeyDown = [this](int pressed, int) {
-        if (pressed == key::Escape) Leave();
+        if (pressed == key::Escape) Close();
     };
-    frmFind.OnQueryUnload = [this] { Leave(); };
+    frmFind.OnQueryUnload = [this] { Close(); };
 }
 
 void FindWindow::mnuFind_Click() {
-    if (!frmFind.Visible) before_ = focus_.Focused();
+    if (!frmFind.Visible) focusBefore_ = focus_.Focused();
     frmFind.PlaceOver(store_.lvCncProgram.OwningForm());
     frmFind.Visible = true;
     focus_.SetFocus(txtFind);
 }
 
 // The focus goes back to where it was.
-void FindWindow::Leave() {
+void FindWindow::Close() {
     if (!frmFind.Visible) return;
     frmFind.Visible = false;
-    if (before_) focus_.SetFocus(*before_);
+    if (focusBefore_) focus_.SetFocus(*focusBefore_);
 }
 
 void FindWindow::FindNext() {
     ListView& list = store_.lvCncProgram;
     const int first = FindNextMode ? list.SelectedRow() + 1 : 1;
-    // 1. to 4. The focus leaves the window only once: no field on its way hears of it.
+    // The focus leaves the window only once: no field on its way hears of it.
     frmFind.Visible = false;
     const int lines = store_.LineCount();
     for (int row = first; row <= lines; ++row) {
@@ -68,7 +68,7 @@ void FindWindow::FindNext() {
         focus_.SetFocus(list);
         return;
     }
-    if (before_) focus_.SetFocus(*before_);
+    if (focusBefore_) focus_.SetFocus(*focusBefore_);
 }
 
 bool FindWindow::Matches(const ListRow& row) const {

@@ -21,13 +21,13 @@ public:
     void FindNext();
 
 private:
-    void Leave();
+    void Close();
     bool Matches(const ListRow& row) const;
 
     ProgramStore& store_;
     FocusService& focus_;
     // Where the focus was before the window came.
-    Control* before_ = nullptr;
+    Control* focusBefore_ = nullptr;
 };
 
 }  // namespace kvt

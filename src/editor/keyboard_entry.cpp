@@ -30,7 +30,7 @@ constexpr std::string_view boringCodes[] = {"G73", "G81", "G82", "G83", "G85", "
 constexpr CodeKey boringDepthKeys[] = {code::G81, code::G82, code::G83, code::G85, code::G89};
 
 template <std::size_t N>
-bool Holds(const std::string_view (&codes)[N], std::string_view code) {
+bool Contains(const std::string_view (&codes)[N], std::string_view code) {
     return std::find(std::begin(codes), std::end(codes), code) != std::end(codes);
 }
 
@@ -43,10 +43,9 @@ KeyboardEntry::KeyboardEntry(Parts parts) : parts_(parts) {
     for (std::size_t place = 0; place < chain_.size(); ++place) {
         chain_[place]->OnKeyDown = [this, place](int key, int) { Chain_KeyDown(place, key); };
     }
-    entry.txtGMcode.OnChange = [this] { codeChanged_ = true; };
     entry.txtGMcode.OnKeyPress = [this](int& character) { txtGMcode_KeyPress(character); };
     entry.txtGMcode.OnGotFocus = [this, &entry] {
-        codeEnds_ = false;
+        codeFieldEnded_ = false;
         entry.txtGMcode.SelectAll();
     };
     entry.txtGMcode.OnLostFocus = [this] { txtGMcode_LostFocus(); };
@@ -74,7 +73,7 @@ void KeyboardEntry::SetMode(const char* mode) {
     if (parts_.Store.IsMK4() || parts_.Store.IsF1()) parts_.Entry.lblGMcode.Caption = mode;
 }
 
-void KeyboardEntry::Terminate(int& character) {
+void KeyboardEntry::EndField(int& character) {
     parts_.Platform.System.PressKey(key::Tab);
     character = 0;
 }
@@ -91,7 +90,7 @@ void KeyboardEntry::txtGMcode_KeyPress(int& character) {
         case ' ':
         case ',':
         case '.':
-        case '\'': codeEnds_ = true; return Terminate(character);
+        case '\'': codeFieldEnded_ = true; return EndField(character);
         case key::CtrlV:
             character = 0;
             entry.txtGMcode.Text = "";
@@ -131,12 +130,12 @@ void KeyboardEntry::Parameter_KeyPress(TextBox& field, int& character) {
         case key::Enter:
         case ' ':
         case ',':
-        case '.': return Terminate(character);
+        case '.': return EndField(character);
         case 'A':
-            if (&field == &entry.txtFKTL) return TakePreset(entry.txtFeedA, character);
+            if (&field == &entry.txtFKTL) return ApplyPreset(entry.txtFeedA, character);
             break;
         case 'B':
-            if (&field == &entry.txtFKTL) return TakePreset(entry.txtFeedB, character);
+            if (&field == &entry.txtFKTL) return ApplyPreset(entry.txtFeedB, character);
             break;
         default:
             if (character >= '0' && character <= '9') return;
@@ -144,15 +143,15 @@ void KeyboardEntry::Parameter_KeyPress(TextBox& field, int& character) {
     character = 0;
 }
 
-void KeyboardEntry::TakePreset(const TextBox& preset, int& character) {
+void KeyboardEntry::ApplyPreset(const TextBox& preset, int& character) {
     parts_.Entry.txtFKTL.Text = PresetText(preset);
-    Terminate(character);
+    EndField(character);
 }
 
 void KeyboardEntry::Parameter_GotFocus(std::size_t field) {
     EntryRow& entry = parts_.Entry;
     TextBox& box = entry.Fields()[field].Box;
-    const bool keeps = KeepsField(entry, field);
+    const bool keeps = FieldUnchanged(entry, field);
     if (box.Text.Empty()) box.Text = "00";
     if (keeps) entry.Opened.Shown[field] = box.Text.Get();
     box.SelectAll();
@@ -164,9 +163,9 @@ void KeyboardEntry::Parameter_LostFocus(std::size_t field) {
     TextBox& box = entry.Fields()[field].Box;
     // A field that the next code does not have went away with its text.
     if (!box.Visible) return;
-    if (!KeepsField(entry, field)) {
-        const bool keepsEmpty = &box == &entry.txtFKTL || &box == &entry.txtH;
-        return parts_.Calculated.LeaveField(box, keepsEmpty);
+    if (!FieldUnchanged(entry, field)) {
+        const bool keepEmpty = &box == &entry.txtFKTL || &box == &entry.txtH;
+        return parts_.Calculated.EvaluateField(box, keepEmpty);
     }
     // A number is shown as a typed one is; the blank behind its sign goes.
     std::string text = box.Text.Get();
@@ -174,7 +173,7 @@ void KeyboardEntry::Parameter_LostFocus(std::size_t field) {
     if (box.Text.Empty() || Val(number) != Val(box.Text)) return;
     box.Text = number;
     entry.Opened.Shown[field] = number;
-    if (entry.Opened.Arrives) parts_.Calculated.EvalText(box, true);
+    if (entry.Opened.BeingOpened) parts_.Calculated.EvalText(box, true);
 }
 
 void KeyboardEntry::txtComment_KeyPress(int& character) {
@@ -194,7 +193,7 @@ void KeyboardEntry::Chain_KeyDown(std::size_t place, int pressed) {
     TextBox& field = *chain_[place];
     const TextSelection selection = field.Selection;
     const int length = static_cast<int>(field.Text.Get().size());
-    const auto takes = [](const TextBox& box) { return box.ReallyVisible() && box.ReallyEnabled(); };
+    const auto canTakeFocus = [](const TextBox& box) { return box.ReallyVisible() && box.ReallyEnabled(); };
     switch (pressed) {
         case key::Insert: return parts_.Lines.LineInsert();
         case key::Up:
@@ -202,7 +201,7 @@ void KeyboardEntry::Chain_KeyDown(std::size_t place, int pressed) {
         case key::Left:
             if (selection.Start != 0) return;
             for (std::size_t before = place; before-- > 0;) {
-                if (takes(*chain_[before])) return focus.SetFocus(*chain_[before]);
+                if (canTakeFocus(*chain_[before])) return focus.SetFocus(*chain_[before]);
             }
             return;
         case key::Right: {
@@ -210,7 +209,7 @@ void KeyboardEntry::Chain_KeyDown(std::size_t place, int pressed) {
             const bool atEnd = selection.Start + selection.Length == length && selection.Length == 0;
             if (place == codeField ? !atEnd : !allSelected) return;
             for (std::size_t behind = place + 1; behind < chain_.size(); ++behind) {
-                if (takes(*chain_[behind])) return focus.SetFocus(*chain_[behind]);
+                if (canTakeFocus(*chain_[behind])) return focus.SetFocus(*chain_[behind]);
             }
             return;
         }
@@ -233,13 +232,13 @@ bool KeyboardEntry::InChain(const Control* control) const {
 }
 
 void KeyboardEntry::txtGMcode_LostFocus() {
-    const bool ends = std::exchange(codeEnds_, false);
+    const bool ends = std::exchange(codeFieldEnded_, false);
     // The code of an opened line that nobody touched, also one that the machine does not know.
-    if (!ends && !modeKeyUsed_ && KeepsCode(parts_.Entry)) return;
+    if (!ends && !modeKeyUsed_ && CodeUnchanged(parts_.Entry)) return;
     // A place outside the chain keeps the focus that it was given; along the chain the code decides.
-    parts_.Layout.FocusStays = !InChain(parts_.Platform.Focus.Focused());
+    parts_.Layout.KeepFocus = !InChain(parts_.Platform.Focus.Focused());
     Attempt(codeCheckName, [&] { CheckCode(); });
-    parts_.Layout.FocusStays = false;
+    parts_.Layout.KeepFocus = false;
     // A feed button that the new code does not have.
     const Control* const focused = parts_.Platform.Focus.Focused();
     if (focused && !(focused->ReallyVisible() && focused->ReallyEnabled())) parts_.Layout.FirstFieldFocus("");
@@ -248,18 +247,15 @@ void KeyboardEntry::txtGMcode_LostFocus() {
 void KeyboardEntry::CheckCode() {
     EntryRow& entry = parts_.Entry;
     ProgramStore& store = parts_.Store;
-    // 1.
     if (entry.txtGMcode.Text.Empty()) return;
-    // 2. Only the last two digits count, so that a typing mistake needs no correction.
+    // Only the last two digits count, so that a typing mistake needs no correction.
     std::string text = entry.txtGMcode.Text.Get();
     text = UpperChar(text.back()) == 'R' ? "99R" : std::string(Right("0" + text, 2));
     entry.txtGMcode.Text = text;
-    // 3.
     bool unknownCode = true;
     for (const std::string& row : parts_.Codes.ListOf(entry.lblGMcode.Caption.Get()).Entries()) {
         if (Left(text, 2) == Mid(row, 2, 2)) unknownCode = false;
     }
-    // 4.
     if (unknownCode) {
         parts_.Platform.Focus.SetFocus(entry.txtGMcode);
         entry.txtGMcode.SelectAll();
@@ -267,28 +263,25 @@ void KeyboardEntry::CheckCode() {
             Notice(entry.lblGMcode.Caption.Get() + text + " " +
                    std::string(parts_.Language.ErrorTexts(text::UnknownCode))));
         entry.txtGMcode.Text = "";
-        parts_.Layout.NameCode();
+        parts_.Layout.UpdateFrameCaption();
         return;
     }
-    // 5.
     if (store.LineCount() < 1) {
         parts_.Layout.InputFields(text);
-        // 6. The same digits typed over leave the layout and the fields alone, where they are those of the code.
     } else {
+        // The same digits typed over leave the layout and the fields alone, where they are those of the code.
         const ListView& list = store.lvCncProgram;
         const std::string_view digits = Trim(Mid(list.Row(list.SelectedRow())[column::Code], 2, 2));
-        if (digits != text || modeKeyUsed_ || !parts_.Layout.FitsCode()) {
-            codeChanged_ = false;
+        if (digits != text || modeKeyUsed_ || !parts_.Layout.IsLaidOutForCode()) {
             modeKeyUsed_ = false;
             parts_.Layout.InputFields(text);
             // The line in its own row keeps its comment.
-            const bool itself = KeepsComment(entry) && entry.Opened.Place == list.SelectedRow();
+            const bool itself = CommentUnchanged(entry) && entry.Opened.Place == list.SelectedRow();
             if (parts_.View.chkViewGcode.Value != 0 && !itself) parts_.Layout.CodeDescription();
         }
     }
-    // 7.
     const bool fillsComment = parts_.View.chkViewGcode.Value != 0 && entry.txtComment.Text.Empty();
-    if (fillsComment && !KeepsComment(entry)) parts_.Layout.CodeDescription();
+    if (fillsComment && !CommentUnchanged(entry)) parts_.Layout.CodeDescription();
 }
 
 // Automatic Z, on the mill: the depth that stands already is the default. An opened line has its own.
@@ -297,17 +290,16 @@ void KeyboardEntry::txtZK_GotFocus() {
     ProgramStore& store = parts_.Store;
     const ListView& list = store.lvCncProgram;
     Attempt(automaticZName, [&] {
-        if (!store.IsF1() || store.LineCount() <= 1 || KeepsCode(entry)) return;
-        // 1.
+        if (!store.IsF1() || store.LineCount() <= 1 || CodeUnchanged(entry)) return;
         const std::string code(Trim(entry.lblGMcode.Caption.Get() + entry.txtGMcode.Text.Get()));
         const int selected = list.SelectedRow();
-        if (Holds(linearAndArcCodes, code)) {
-            // 2. The open line has no tool position yet: that of the last program line.
+        if (Contains(linearAndArcCodes, code)) {
+            // The open line has no tool position yet: that of the last program line.
             if (store.AbsoluteMode) {
                 entry.txtZK.Text = list.Row(std::min(selected, store.LineCount()))[column::ToolZ];
             }
-        } else if (Holds(boringCodes, code)) {
-            // 3. The last boring depth above or at this line. G73 takes it but is no source itself.
+        } else if (Contains(boringCodes, code)) {
+            // The last boring depth above or at this line. G73 takes it but is no source itself.
             for (int row = 1; row <= selected; ++row) {
                 if (IsOneOf(KeyOf(list.Row(row)[column::Code]), boringDepthKeys)) {
                     entry.txtZK.Text = list.Row(row)[column::Z];
@@ -321,9 +313,9 @@ void KeyboardEntry::txtZK_GotFocus() {
 void KeyboardEntry::txtFKTL_GotFocus() {
     EntryRow& entry = parts_.Entry;
     const std::string_view code = Trim(entry.txtGMcode.Text);
-    if (entry.txtFKTL.Text.Empty() && !KeepsField(entry, feedField)) {
-        if (Holds(feedACodes, code)) entry.txtFKTL.Text = PresetText(entry.txtFeedA);
-        if (Holds(feedBCodes, code)) entry.txtFKTL.Text = PresetText(entry.txtFeedB);
+    if (entry.txtFKTL.Text.Empty() && !FieldUnchanged(entry, feedField)) {
+        if (Contains(feedACodes, code)) entry.txtFKTL.Text = PresetText(entry.txtFeedA);
+        if (Contains(feedBCodes, code)) entry.txtFKTL.Text = PresetText(entry.txtFeedB);
     }
     entry.txtFKTL.SelectAll();
 }

@@ -42,17 +42,16 @@ private:
 
     void SetMode(const char* mode);
     // Leaves the field along the tab order.
-    void Terminate(int& character);
+    void EndField(int& character);
     bool InChain(const Control* control) const;
     void CheckCode();
-    void TakePreset(const TextBox& preset, int& character);
+    void ApplyPreset(const TextBox& preset, int& character);
 
     Parts parts_;
     std::vector<TextBox*> chain_;
-    bool codeChanged_ = false;
     bool modeKeyUsed_ = false;
     // A terminator key has ended the code field.
-    bool codeEnds_ = false;
+    bool codeFieldEnded_ = false;
 };
 
 }  // namespace kvt

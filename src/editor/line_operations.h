@@ -36,9 +36,9 @@ public:
 private:
     ListRow& SelectedRow();
     // Gives a column of the selected row the cell of the line that was opened.
-    void Keep(int column);
+    void KeepOpenedCell(int column);
     // Refuses the first value that its cell can't hold. False where there is one; the line is not written then.
-    bool AllFit();
+    bool AllValuesFit();
     // Numbers the rows from one on by their places.
     void Renumber(int firstRow);
     // Moves the pointers of all lines but those whose comment forbids it: from the line number bound on, by

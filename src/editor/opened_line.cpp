@@ -34,7 +34,7 @@ void FillFields(EntryRow& entry, const ListRow& row, bool mill) {
     entry.txtComment.Text = row[column::Comment];
 }
 
-void NoteOpened(EntryRow& entry, const ListRow& row, int place) {
+void RememberOpenedLine(EntryRow& entry, const ListRow& row, int place) {
     OpenedLine& line = entry.Opened;
     line.IsOpen = true;
     line.Place = place;
@@ -46,7 +46,7 @@ void NoteOpened(EntryRow& entry, const ListRow& row, int place) {
     line.Comment = entry.txtComment.Text.Get();
 }
 
-bool KeepsCode(const EntryRow& entry) {
+bool CodeUnchanged(const EntryRow& entry) {
     const OpenedLine& line = entry.Opened;
     if (!line.IsOpen || !(entry.lblGMcode.Caption == line.Mode)) return false;
     // The code check brings a code into its two digits.
@@ -54,12 +54,12 @@ bool KeepsCode(const EntryRow& entry) {
            EqualIgnoringCase(Trim(CodeCell(entry)), Trim(line.Row[column::Code]));
 }
 
-bool KeepsField(EntryRow& entry, std::size_t field) {
-    return KeepsCode(entry) && entry.Fields()[field].Box.Text == entry.Opened.Shown[field];
+bool FieldUnchanged(EntryRow& entry, std::size_t field) {
+    return CodeUnchanged(entry) && entry.Fields()[field].Box.Text == entry.Opened.Shown[field];
 }
 
-bool KeepsComment(const EntryRow& entry) {
-    return KeepsCode(entry) && entry.txtComment.Text == entry.Opened.Comment;
+bool CommentUnchanged(const EntryRow& entry) {
+    return CodeUnchanged(entry) && entry.txtComment.Text == entry.Opened.Comment;
 }
 
 }  // namespace kvt

@@ -21,9 +21,9 @@ struct OpenedLine {
     std::array<std::string, 5> Shown;
     std::string Comment;
     // Set while the line is being opened.
-    bool Arrives = false;
+    bool BeingOpened = false;
 
-    void Forget() {
+    void Close() {
         Place = 0;
         IsOpen = false;
     }
@@ -34,11 +34,11 @@ std::string CodeCell(const EntryRow& entry);
 // The fields and the comment take the texts of a row. On the mill H stands in the column of F.
 void FillFields(EntryRow& entry, const ListRow& row, bool mill);
 // From here on the entry row counts as the line of that row.
-void NoteOpened(EntryRow& entry, const ListRow& row, int place);
+void RememberOpenedLine(EntryRow& entry, const ListRow& row, int place);
 // Whether the code in the entry row is still that of the line that was opened.
-bool KeepsCode(const EntryRow& entry);
+bool CodeUnchanged(const EntryRow& entry);
 // The same for one of the five fields (by its place in EntryRow::Fields) and for the comment.
-bool KeepsField(EntryRow& entry, std::size_t field);
-bool KeepsComment(const EntryRow& entry);
+bool FieldUnchanged(EntryRow& entry, std::size_t field);
+bool CommentUnchanged(const EntryRow& entry);
 
 }  // namespace kvt

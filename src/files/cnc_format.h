@@ -3,12 +3,12 @@
 #include <array>
 #include <string_view>
 
-#include "program/code_key.h"
+#include "basic/line_end.h"
+#include "program/program_store.h"
 
 // The text form of a program: fixed columns, lines ended by CR LF, three layouts by machine.
 namespace kvt::cnc {
 
-inline constexpr std::string_view LineEnd = "\r\n";
 inline constexpr std::string_view NotesEnd = "%";
 
 // What a text is recognised by, anywhere in it, case ignored.
@@ -32,30 +32,27 @@ struct Span {
     std::size_t Length;
 };
 
-// One parameter of a record: its prefix character and its digits.
-struct Parameter {
-    Span Prefix;
-    Span Digits;
-};
-
 inline constexpr Span MK2UnitsMark{3, 1};
 inline constexpr Span MK2Number{4, 2};
 inline constexpr Span MK2Digits{8, 2};
-inline constexpr Parameter MK2First{{12, 1}, {13, 4}};
-inline constexpr Parameter MK2Third{{19, 1}, {20, 5}};
-inline constexpr Span MK2Fourth{27, 3};
 
 inline constexpr Span Number{3, 3};
-inline constexpr Span Letter{6, 1};
-inline constexpr Span Digits{7, 2};
-inline constexpr Parameter MK4First{{10, 1}, {11, 4}};
-inline constexpr Parameter MK4Third{{16, 1}, {17, 5}};
-inline constexpr Parameter MK4Fourth{{22, 1}, {23, 3}};
-inline constexpr Span MK4Fifth{27, 3};
-inline constexpr Parameter F1First{{9, 1}, {10, 5}};
-inline constexpr Parameter F1Second{{15, 1}, {16, 4}};
-inline constexpr Parameter F1Third{{20, 1}, {21, 5}};
-inline constexpr Parameter F1Fourth{{26, 1}, {27, 3}};
+// The letter of the code, a blank for G, and its two digits.
+inline constexpr Span Code{6, 3};
+inline constexpr Span MK4H{27, 3};
+
+// One parameter of a record: its column of the program, and where it stands. On MK4 and F1 the first character is the
+// prefix, the others are digits.
+struct Parameter {
+    int Column;
+    Span Place;
+};
+inline constexpr Parameter MK2Parameters[] = {
+    {column::X, {12, 5}}, {column::Z, {19, 6}}, {column::F, {27, 3}}};
+inline constexpr Parameter MK4Parameters[] = {
+    {column::X, {10, 5}}, {column::Z, {16, 6}}, {column::F, {22, 4}}};
+inline constexpr Parameter F1Parameters[] = {
+    {column::X, {9, 6}}, {column::Y, {15, 5}}, {column::Z, {20, 6}}, {column::F, {26, 4}}};
 
 inline constexpr Span Comment{31, 50};
 

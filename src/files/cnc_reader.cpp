@@ -1,11 +1,14 @@
 #include "files/cnc_reader.h"
 
 #include <algorithm>
+#include <span>
 
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "files/cnc_format.h"
+#include "files/questions.h"
+#include "program/code_key.h"
 
 namespace kvt {
 
@@ -20,6 +23,11 @@ std::string_view Field(std::string_view record, cnc::Span span) {
     return record.substr(span.At, span.Length);
 }
 
+// The comment of a line; what is beyond its place is cut.
+std::string_view CommentOf(std::string_view line) {
+    return line.size() <= cnc::Comment.At ? std::string_view() : Trim(Field(line, cnc::Comment));
+}
+
 // A line in the buffer that records are read from: padded with blanks, or cut.
 struct LineBuffer {
     char Text[cnc::BufferLength];
@@ -32,27 +40,23 @@ struct LineBuffer {
     }
 };
 
-// Whether digits already stand as every pattern of the columns writes them: blanks alone, or two digits and
-// more, right-justified, without a 0 too many in front. Most cells of a file do.
-bool StandsFormatted(std::string_view digits) {
-    const std::string_view number = TrimLeft(digits);
-    if (number.empty()) return true;
-    if (number.size() < 2 || (number.size() > 2 && number[0] == '0')) return false;
-    return number.find_first_not_of("0123456789") == std::string_view::npos;
+// Whether digits already stand as they are written into a column: blanks alone, or two digits and more,
+// right-justified, without a 0 too many in front. Nearly all cells of a file do.
+bool IsFormatted(std::string_view digits) {
+    std::size_t at = 0;
+    while (at < digits.size() && digits[at] == ' ') ++at;
+    const std::size_t count = digits.size() - at;
+    if (count == 0) return true;
+    if (count == 1 || (count > 2 && digits[at] == '0')) return false;
+    for (; at < digits.size(); ++at) {
+        if (digits[at] < '0' || digits[at] > '9') return false;
+    }
+    return true;
 }
 
-// A text in a column's pattern and width.
-std::string Digits(std::string_view digits, std::string_view pattern, std::size_t width) {
-    if (digits.size() == width && StandsFormatted(digits)) return std::string(digits);
-    return RightPad(FormatText(digits, pattern), width);
-}
-
-// The prefix in front of the digits.
-std::string ParameterCell(std::string_view prefix, std::string_view digits, std::string_view pattern,
-                          std::size_t width) {
-    std::string cell(prefix);
-    cell += Digits(digits, pattern, width);
-    return cell;
+// Digits as a column holds them, as wide as they stand in the record.
+std::string Formatted(std::string_view digits) {
+    return IsFormatted(digits) ? std::string(digits) : RightPad(FormatText(digits, "00"), digits.size());
 }
 
 void ClearResultCells(ListRow& row) {
@@ -67,39 +71,47 @@ void ClearResultCells(ListRow& row) {
 // The prefix letter that a code gives one of its parameters, whatever the file holds.
 struct ForcedPrefix {
     CodeKey Key;
-    char First, Second, Third, Fourth;  // 0 keeps the file's
+    int Column;
+    char Letter;
 };
 
 constexpr ForcedPrefix mk4Prefixes[] = {
-    {code::M99, 'I', 0, 'K', 0}, {code::G25, 0, 0, 0, 'L'}, {code::G27, 0, 0, 0, 'L'},
-    {code::G33, 0, 0, 0, 'K'},   {code::G78, 0, 0, 0, 'K'}, {code::M06, 0, 0, 0, 'T'},
+    {code::M99, column::X, 'I'}, {code::M99, column::Z, 'K'}, {code::G25, column::F, 'L'},
+    {code::G27, column::F, 'L'}, {code::G33, column::F, 'K'}, {code::G78, column::F, 'K'},
+    {code::M06, column::F, 'T'},
 };
 
 constexpr ForcedPrefix f1Prefixes[] = {
-    {code::M99, 'I', 'J', 'K', 0},
-    {code::G25, 0, 0, 0, 'L'},
-    {code::G27, 0, 0, 0, 'L'},
-    {code::M06, 'D', 'S', 0, 'T'},
+    {code::M99, column::X, 'I'}, {code::M99, column::Y, 'J'}, {code::M99, column::Z, 'K'},
+    {code::G25, column::F, 'L'}, {code::G27, column::F, 'L'}, {code::M06, column::X, 'D'},
+    {code::M06, column::Y, 'S'}, {code::M06, column::F, 'T'},
 };
 
-template <std::size_t N>
-ForcedPrefix PrefixesOf(CodeKey key, const ForcedPrefix (&table)[N]) {
-    for (const ForcedPrefix& entry : table) {
-        if (entry.Key == key) return entry;
+// Whether a number takes the place of the letter too, as the H of the mill with its four digits: it stays as it
+// stands, since formatted without its first digit it would lose a 0 behind that.
+bool FillsColumn(std::string_view text) {
+    return text[0] != '0' && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+// What MK4 and F1 have in common: number, code and parameters.
+void ReadNumbered(ListRow& row, std::string_view record, std::span<const cnc::Parameter> parameters,
+                  std::span<const ForcedPrefix> prefixes) {
+    row[column::Number] = Formatted(Field(record, cnc::Number));
+    std::string codeText(Field(record, cnc::Code));
+    codeText += ' ';
+    row[column::Code] = codeText;
+    const CodeKey key = KeyOf(codeText);
+    for (const cnc::Parameter& parameter : parameters) {
+        std::string text(Field(record, parameter.Place));
+        const std::string_view digits = std::string_view(text).substr(1);
+        const bool whole = parameter.Column == column::F && FillsColumn(text);
+        if (!whole && !IsFormatted(digits)) text.replace(1, std::string::npos, Formatted(digits));
+        for (const ForcedPrefix& forced : prefixes) {
+            if (forced.Key == key && forced.Column == parameter.Column) text[0] = forced.Letter;
+        }
+        row[parameter.Column] = text;
     }
-    return {};
-}
-
-std::string_view PrefixOr(const char& forced, std::string_view inFile) {
-    return forced != 0 ? std::string_view(&forced, 1) : inFile;
-}
-
-// Whether the fourth parameter of the mill is an H of four digits, the first in the place of the letter: as they
-// stand, since formatted without it a 0 behind it would be lost.
-bool FourDigits(std::string_view record, const ForcedPrefix& forced) {
-    const std::string_view number = record.substr(cnc::F1Fourth.Prefix.At, 4);
-    return forced.Fourth == 0 && number[0] != '0' &&
-           number.find_first_not_of("0123456789") == std::string_view::npos;
+    ClearResultCells(row);
 }
 
 // The units line of the mill, which names the orientation too.
@@ -120,15 +132,12 @@ CncReader::CncReader(Parts parts) : parts_(parts) {}
 
 LoadResult CncReader::LoadFile(std::string& fileName, const LoadAs& as) {
     ProgramStore& store = parts_.Store;
-    // 1.
     Run(parts_.Calls.cmdReturn_Click);
-    // 2. to 5.
     std::string name;
     name.swap(fileName);
     std::string text;
     const LoadResult read = ReadText(name, text);
     if (read != LoadResult::Loaded) return read;
-    // 6., 7.
     const Recognised found = Recognise(text);
     if (found.Kind == FileKind::Language) {
         Run(parts_.Calls.LoadLanguageModule, name);
@@ -138,27 +147,26 @@ LoadResult CncReader::LoadFile(std::string& fileName, const LoadAs& as) {
         ReportNotRecognised();
         return LoadResult::NotRecognised;
     }
-    // 8. The old program is saved in the layout of its own machine, so the machine changes behind that.
-    if (!LeaveProgram(as.Old)) return LoadResult::Nothing;
+    // The old program is saved in the layout of its own machine, so the machine changes behind that.
+    if (!SettleUnsavedProgram(as.Unsaved)) return LoadResult::Nothing;
     store.Machine = found.Kind == FileKind::MK2 ? "MK2" : found.Kind == FileKind::MK4 ? "MK4" : "F1";
-    // 9.
     Run(parts_.Calls.ClearProgram_Click);
-    // 10. to 14.
     ReadNotes(text, found);
     ReadLines(text, found);
-    // 15.
     Finish(name, as);
     return LoadResult::Loaded;
 }
 
 // Settles what becomes of an unsaved program. False where it stays in the editor.
-bool CncReader::LeaveProgram(OldProgram old) {
+bool CncReader::SettleUnsavedProgram(UnsavedProgram old) {
     ProgramStore& store = parts_.Store;
     if (!store.Unsaved()) return true;
     const auto keepAside = [this] { return parts_.Calls.KeepAside && parts_.Calls.KeepAside(); };
-    const bool kept = old == OldProgram::KeptAside && keepAside();
+    const bool kept = old == UnsavedProgram::KeepCopy && keepAside();
     // Without a copy it is the user's to say.
-    if (!kept && old != OldProgram::GivenUp && AskToSave()) {
+    const bool asks = !kept && old != UnsavedProgram::Discard;
+    if (asks && AskToSave(parts_.Platform.Dialogs, parts_.Language)) {
+        parts_.Writer.mnuSave_Click();
         // "The program is still open" is what a failed save says. A cancelled dialog lets the opening go on.
         if (store.SaveFailed || (store.ProgramChanged && !keepAside())) return false;
     } else if (!kept && store.SaveFailed) {
@@ -170,25 +178,14 @@ bool CncReader::LeaveProgram(OldProgram old) {
     return true;
 }
 
-// True for a Yes: what could be saved has been.
-bool CncReader::AskToSave() {
-    const Texts& texts = parts_.Language;
-    const Answer answer = parts_.Platform.Dialogs.ShowMessage(
-        Question(texts.MessageTexts(text::SaveNow), texts.MessageTexts(text::ContinueTitle)));
-    if (answer != Answer::Yes) return false;
-    parts_.Writer.mnuSave_Click();
-    return true;
-}
-
 LoadResult CncReader::ReadText(std::string& name, std::string& text) {
     FileDialog& dialog = parts_.Controls.dlgFile;
     Services& platform = parts_.Platform;
-    // 2. Only this branch sets the filter: the dialog of the menu has the one that was left there.
+    // The dialog itself keeps the filter that an earlier opening has left there.
     if (!name.empty()) {
         dialog.Filter = programFilter;
         dialog.FileName = name;
     } else {
-        // 3.
         bool chosen = false;
         // A save may have left it on; here a cancelled dialog is no failure.
         dialog.CancelError = false;
@@ -196,9 +193,7 @@ LoadResult CncReader::ReadText(std::string& name, std::string& text) {
         if (chosen) name = dialog.FileName;
         if (name.empty()) return LoadResult::Nothing;
     }
-    // 4.
     if (!platform.Files.Exists(name)) return LoadResult::Nothing;
-    // 5.
     const bool whole = Attempt(loadFileName, [&] { text = platform.Files.ReadWhole(name); });
     if (whole) return LoadResult::Loaded;
     platform.Dialogs.ShowMessage(Notice(FileMessage(parts_.Language, name, text::CannotRead),
@@ -235,7 +230,7 @@ void CncReader::ReadLines(std::string_view text, const Recognised& found) {
     // From the line end in front of the mark; where there is none, as if it stood there.
     const bool atStart = found.Position < 3;
     const std::string_view rest = text.substr(atStart ? found.Position - 1 : found.Position - 3);
-    std::vector<std::string_view> lines = Split(rest, cnc::LineEnd);
+    std::vector<std::string_view> lines = Split(rest, LineEnd);
     if (atStart) lines.insert(lines.begin(), std::string_view());
 
     // The empty element is skipped by its length; the header of MK4 and F1 is skipped here.
@@ -245,17 +240,19 @@ void CncReader::ReadLines(std::string_view text, const Recognised& found) {
     for (std::size_t i = first; i < lines.size(); ++i) {
         if (lines[i].size() <= 1) continue;
         const std::string_view record = buffer.Record(lines[i]);
+        const bool skipped = found.Kind == FileKind::MK4 && found.WithoutComments;
+        const std::string_view comment = skipped ? std::string_view() : CommentOf(lines[i]);
         bool goesOn = true;
         Attempt(loadFileName, [&] {
-            goesOn = found.Kind == FileKind::MK2   ? ReadMK2(record, i)
-                     : found.Kind == FileKind::MK4 ? ReadMK4(record, found.WithoutComments)
-                                                   : ReadF1(record);
+            goesOn = found.Kind == FileKind::MK2   ? ReadMK2(record, comment, i)
+                     : found.Kind == FileKind::MK4 ? ReadMK4(record, comment)
+                                                   : ReadF1(record, comment);
         });
         if (!goesOn) break;
     }
 }
 
-bool CncReader::ReadMK2(std::string_view record, std::size_t index) {
+bool CncReader::ReadMK2(std::string_view record, std::string_view comment, std::size_t index) {
     const std::string_view mark = Trim(Field(record, cnc::MK2UnitsMark));
     const bool imperial = mark == "\"";
     if (imperial || EqualIgnoringCase(mark, "M")) {
@@ -267,17 +264,14 @@ bool CncReader::ReadMK2(std::string_view record, std::size_t index) {
     row[column::Number] =
         " " + FormatText(Field(record, cnc::MK2Number), index > 100 ? std::string_view("100") : "00");
     row[column::Code] = " " + std::string(Field(record, cnc::MK2Digits)) + " ";
-    const auto parameter = [&](const cnc::Parameter& one) {
-        return record.substr(one.Prefix.At, one.Prefix.Length + one.Digits.Length);
-    };
-    row[column::X] = parameter(cnc::MK2First);
-    row[column::Z] = parameter(cnc::MK2Third);
-    row[column::F] = Field(record, cnc::MK2Fourth);
-    row[column::Comment] = Trim(Field(record, cnc::Comment));
+    for (const cnc::Parameter& parameter : cnc::MK2Parameters) {
+        row[parameter.Column] = Field(record, parameter.Place);
+    }
+    row[column::Comment] = comment;
     return true;
 }
 
-bool CncReader::ReadMK4(std::string_view record, bool withoutComments) {
+bool CncReader::ReadMK4(std::string_view record, std::string_view comment) {
     const std::string_view number = Trim(Field(record, cnc::Number));
     const bool imperial = number == "\"";
     if (imperial || EqualIgnoringCase(number, "M")) {
@@ -285,22 +279,13 @@ bool CncReader::ReadMK4(std::string_view record, bool withoutComments) {
         return false;
     }
     ListRow& row = parts_.Store.lvCncProgram.AddRow();
-    row[column::Number] = Digits(Field(record, cnc::Number), "#00", 3);
-    row[column::Code] = std::string(record.substr(cnc::Letter.At, 3)) + " ";
-    const ForcedPrefix forced = PrefixesOf(KeyOf(row[column::Code]), mk4Prefixes);
-    row[column::X] = ParameterCell(PrefixOr(forced.First, Field(record, cnc::MK4First.Prefix)),
-                                   Field(record, cnc::MK4First.Digits), "##00", 4);
-    row[column::Z] = ParameterCell(PrefixOr(forced.Third, Field(record, cnc::MK4Third.Prefix)),
-                                   Field(record, cnc::MK4Third.Digits), "###00", 5);
-    row[column::F] = ParameterCell(PrefixOr(forced.Fourth, Field(record, cnc::MK4Fourth.Prefix)),
-                                   Field(record, cnc::MK4Fourth.Digits), "#00", 3);
-    row[column::H] = Digits(Field(record, cnc::MK4Fifth), "#00", 3);
-    ClearResultCells(row);
-    row[column::Comment] = withoutComments ? std::string_view() : Trim(Field(record, cnc::Comment));
+    ReadNumbered(row, record, cnc::MK4Parameters, mk4Prefixes);
+    row[column::H] = Formatted(Field(record, cnc::MK4H));
+    row[column::Comment] = comment;
     return true;
 }
 
-bool CncReader::ReadF1(std::string_view record) {
+bool CncReader::ReadF1(std::string_view record, std::string_view comment) {
     const std::string_view number = Trim(Field(record, cnc::Number));
     for (const MillUnits& units : millUnits) {
         if (!EqualIgnoringCase(number, units.Mark)) continue;
@@ -309,21 +294,8 @@ bool CncReader::ReadF1(std::string_view record) {
         return false;
     }
     ListRow& row = parts_.Store.lvCncProgram.AddRow();
-    row[column::Number] = Digits(Field(record, cnc::Number), "#00", 3);
-    row[column::Code] = std::string(record.substr(cnc::Letter.At, 3)) + " ";
-    const ForcedPrefix forced = PrefixesOf(KeyOf(row[column::Code]), f1Prefixes);
-    row[column::X] = ParameterCell(PrefixOr(forced.First, Field(record, cnc::F1First.Prefix)),
-                                   Field(record, cnc::F1First.Digits), "###00", 5);
-    row[column::Y] = ParameterCell(PrefixOr(forced.Second, Field(record, cnc::F1Second.Prefix)),
-                                   Field(record, cnc::F1Second.Digits), "##00", 4);
-    row[column::Z] = ParameterCell(PrefixOr(forced.Third, Field(record, cnc::F1Third.Prefix)),
-                                   Field(record, cnc::F1Third.Digits), "###00", 5);
-    row[column::F] = FourDigits(record, forced)
-                         ? std::string(record.substr(cnc::F1Fourth.Prefix.At, 4))
-                         : ParameterCell(PrefixOr(forced.Fourth, Field(record, cnc::F1Fourth.Prefix)),
-                                         Field(record, cnc::F1Fourth.Digits), "#00", 3);
-    ClearResultCells(row);
-    row[column::Comment] = Trim(Field(record, cnc::Comment));
+    ReadNumbered(row, record, cnc::F1Parameters, f1Prefixes);
+    row[column::Comment] = comment;
     return true;
 }
 

@@ -24,11 +24,11 @@ enum class LoadResult {
 
 // What becomes of an unsaved program when another one takes its place: the user is asked; it stays as a copy for the
 // next start; or the user has been asked already and has given it up.
-enum class OldProgram { Asked, KeptAside, GivenUp };
+enum class UnsavedProgram { Ask, KeepCopy, Discard };
 
 // How a program comes into the editor, where it is not simply that of a file.
 struct LoadAs {
-    OldProgram Old = OldProgram::Asked;
+    UnsavedProgram Unsaved = UnsavedProgram::Ask;
     // The name that it has there; without one that of the file.
     std::optional<std::string> Name;
     // The name is that of a source which a pre-processor has read.
@@ -66,11 +66,10 @@ private:
     void ReadNotes(std::string_view text, const Recognised& found);
     void ReadLines(std::string_view text, const Recognised& found);
     // One line into a new row. False at the units line, which ends the walk.
-    bool ReadMK2(std::string_view record, std::size_t index);
-    bool ReadMK4(std::string_view record, bool withoutComments);
-    bool ReadF1(std::string_view record);
-    bool LeaveProgram(OldProgram old);
-    bool AskToSave();
+    bool ReadMK2(std::string_view record, std::string_view comment, std::size_t index);
+    bool ReadMK4(std::string_view record, std::string_view comment);
+    bool ReadF1(std::string_view record, std::string_view comment);
+    bool SettleUnsavedProgram(UnsavedProgram old);
     void ShowName(const std::string& name, const LoadAs& as);
     void Finish(const std::string& name, const LoadAs& as);
 

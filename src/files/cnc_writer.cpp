@@ -6,6 +6,7 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "files/cnc_format.h"
+#include "files/questions.h"
 
 namespace kvt {
 
@@ -28,7 +29,7 @@ void AppendColumn(std::string& text, std::string_view column) {
 
 // Errors are ignored up to the writing of the file.
 template <class Statement>
-void Ignoring(Statement statement) {
+void IgnoreErrors(Statement statement) {
     try {
         statement();
     } catch (const RunTimeError&) {
@@ -46,16 +47,13 @@ std::string CncWriter::GenerateAll() {
     if (lines == 0) return text;
     text.reserve(static_cast<std::size_t>(lines) * 64 + 256);
 
-    // 1. to 3.
     Attempt(generateAllName, [&] { AppendNotes(text); });
     if (!PrintMode) text += cnc::NotesEnd;
-    text += cnc::LineEnd;
+    text += LineEnd;
     Attempt(generateAllName, [&] { AppendHeader(text); });
-    // 4.
     for (int i = 1; i <= lines; ++i) {
         Attempt(generateAllName, [&] { AppendLine(text, store.lvCncProgram.Row(i)); });
     }
-    // 5.
     AppendUnits(text);
     return text;
 }
@@ -64,8 +62,8 @@ void CncWriter::AppendNotes(std::string& text) const {
     const std::string& notes = parts_.Controls.txtFileNotes.Text.Get();
     if (notes.empty()) return;
     // On paper every sentence stands on a line of its own.
-    text += PrintMode ? Replace(notes, ". ", ".\r\n") : notes;
-    text += cnc::LineEnd;
+    text += PrintMode ? Replace(notes, ". ", "." + std::string(LineEnd)) : notes;
+    text += LineEnd;
 }
 
 void CncWriter::AppendHeader(std::string& text) const {
@@ -73,7 +71,7 @@ void CncWriter::AppendHeader(std::string& text) const {
     if (!PrintMode) {
         if (store.IsMK2()) return;
         text += store.IsF1() ? cnc::HeaderF1 : cnc::HeaderMK4;
-        text += cnc::LineEnd;
+        text += LineEnd;
         return;
     }
     text += store.IsMK2()   ? std::string_view("                              ")
@@ -83,7 +81,7 @@ void CncWriter::AppendHeader(std::string& text) const {
         const ColumnHeader& one = store.lvCncProgram.Header(header);
         if (one.Width > 1) AppendColumn(text, one.Text);
     }
-    text += cnc::LineEnd;
+    text += LineEnd;
 }
 
 void CncWriter::AppendLine(std::string& text, const ListRow& row) const {
@@ -129,7 +127,7 @@ void CncWriter::AppendLine(std::string& text, const ListRow& row) const {
     }
     text += ' ';
     text += Trim(row[column::Comment]);
-    text += cnc::LineEnd;
+    text += LineEnd;
 }
 
 void CncWriter::AppendUnits(std::string& text) const {
@@ -137,63 +135,53 @@ void CncWriter::AppendUnits(std::string& text) const {
     text += "   ";
     text += store.Metric ? 'M' : '"';
     if (store.IsF1()) text += store.Horizontal ? '-' : 'I';
-    text += cnc::LineEnd;
+    text += LineEnd;
 }
 
 void CncWriter::AddEndCode() {
     ProgramStore& store = parts_.Store;
     EntryRow& entry = parts_.Entry;
-    // 1.
     if (store.EndCodePresent) return;
-    // 2.
     const bool mk2 = store.IsMK2();
-    entry.Opened.Forget();
+    entry.Opened.Close();
     entry.lblGMcode.Caption = mk2 ? "G" : "M";
     entry.txtGMcode.Text = mk2 ? "22" : "30";
     entry.txtComment.Text = "";
     std::string code = entry.txtGMcode.Text.Get();
     parts_.Layout.InputFields(code);
     store.EndCodePresent = true;
-    // 3. The line is written into the last row, as if it were typed there.
+    // The line is written into the last row, as if it were typed there.
     ListView& list = store.lvCncProgram;
     const int selected = list.SelectedRow();
     const int top = list.TopRow();
-    Ignoring([&] { list.Select(list.Count()); });
+    IgnoreErrors([&] { list.Select(list.Count()); });
     parts_.Lines.LineEdit();
-    Ignoring([&] { list.Select(selected); });
-    Ignoring([&] { list.EnsureVisible(top); });
+    IgnoreErrors([&] { list.Select(selected); });
+    IgnoreErrors([&] { list.EnsureVisible(top); });
 }
 
 void CncWriter::SaveFile_Click(std::int16_t& mode) {
     ProgramStore& store = parts_.Store;
     FileControls& controls = parts_.Controls;
     Services& platform = parts_.Platform;
-    // 1.
     Run(parts_.Calls.cmdReturn_Click);
-    // 2.
     if (store.lvCncProgram.SelectedRow() == 0) {
         platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
         return;
     }
-    // 3.
     // What a pre-processor has read is no program, and is not replaced by one.
     const bool hasFile = !controls.lblPath.Caption.Empty() && !controls.NamesSource;
     if (mode == save::ToFile && !hasFile) mode = save::As;
-    // 4.
     AddEndCode();
-    // 5.
     const std::string text = GenerateAll();
     if (text.empty()) return;
-    // 6.
     std::string name = controls.lblPath.Caption.Get();
     if (mode == save::ToClipboard) {
-        Ignoring([&] { platform.Clipboard.Clear(); });
-        Ignoring([&] { platform.Clipboard.SetText(text); });
+        IgnoreErrors([&] { platform.Clipboard.Clear(); });
+        IgnoreErrors([&] { platform.Clipboard.SetText(text); });
         return;
     }
-    // 7.
     if (mode == save::As && !AskForName(name)) return;
-    // 8., 9.
     WriteFile(name, text);
 }
 
@@ -223,12 +211,7 @@ bool CncWriter::AskForName(std::string& name) {
             platform.Dialogs.ShowMessage(Notice(texts.MessageTexts(text::NoFileSpecified)));
             return false;
         }
-        if (!platform.Files.Exists(name)) return true;
-        std::string question(texts.MessageTexts(text::Overwrite));
-        question += " ";
-        question += ExtractFileName(name);
-        question += "?";
-        const Answer answer = platform.Dialogs.ShowMessage(Question(question, "", Buttons::YesNoCancel));
+        const Answer answer = AskToOverwrite(platform, texts, name);
         if (answer == Answer::Yes) return true;
         if (answer == Answer::Cancel) return false;
     }
@@ -236,8 +219,8 @@ bool CncWriter::AskForName(std::string& name) {
 
 void CncWriter::WriteFile(const std::string& name, const std::string& text) {
     Services& platform = parts_.Platform;
-    // 8. The flag goes first, also where the write fails: deliberate. Deleting the old file and writing the new
-    // one are one step of the platform, so that the old one goes only when the new one is whole.
+    // The old file goes only when the new one is whole: both are one step of the platform. Where that fails, SaveFailed
+    // says in the place of ProgramChanged that there is something to lose.
     parts_.Store.ProgramChanged = false;
     const bool written = Attempt(saveFileName, [&] { platform.Files.WriteWhole(name, text); });
     parts_.Store.SaveFailed = !written;
@@ -245,7 +228,6 @@ void CncWriter::WriteFile(const std::string& name, const std::string& text) {
         platform.Dialogs.ShowMessage(Notice(FileMessage(parts_.Language, name, text::CannotWrite),
                                             parts_.Language.ErrorTexts(text::SaveTitle), Icon::Exclamation));
     }
-    // 9.
     parts_.Controls.NamesSource = false;
     if (written) parts_.Controls.LastProgram = name;
     parts_.Controls.lblPath.Caption = name;

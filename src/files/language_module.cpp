@@ -42,28 +42,28 @@ LanguageModule ReadLanguageModule(std::string bytes) {
 
 LanguageModuleText::LanguageModuleText() {
     text_ += cnc::MarkLanguage;
-    text_ += cnc::LineEnd;
+    text_ += LineEnd;
 }
 
 void LanguageModuleText::Comment(std::string_view text) {
     text_ += "; ";
     text_ += text;
-    text_ += cnc::LineEnd;
+    text_ += LineEnd;
 }
 
 void LanguageModuleText::Section(std::string_view name) {
-    text_ += cnc::LineEnd;
+    text_ += LineEnd;
     text_ += '[';
     text_ += name;
     text_ += ']';
-    text_ += cnc::LineEnd;
+    text_ += LineEnd;
 }
 
 void LanguageModuleText::Line(std::string_view key, std::string_view value) {
     text_ += key;
     text_ += '=';
     text_ += value;
-    text_ += cnc::LineEnd;
+    text_ += LineEnd;
 }
 
 }  // namespace kvt

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "basic/line_end.h"
 #include "basic/run_time_error.h"
 #include "basic/stack_guard.h"
 #include "basic/text.h"
@@ -19,17 +20,17 @@ constexpr const char* resultEnding = ".~pp";
 constexpr const char* errorEnding = ".~ppERR";
 constexpr const char* informationEnding = ".~ppINFO";
 constexpr std::string_view anyFile = "pre-processor files (*.*)|*.*";
-constexpr std::size_t mostEntries = std::numeric_limits<std::int16_t>::max();
+constexpr std::size_t maxEntries = std::numeric_limits<std::int16_t>::max();
 
 }  // namespace
 
 PreProcessor::PreProcessor(Parts parts) : Window(parts.Platform.Focus), parts_(parts) {
-    Entry(0);
+    MenuEntry(0);
     Window.cmdAbort.OnClick = [this] { Abort(); };
 }
 
 // Entries are made when they are needed for the first time.
-Menu& PreProcessor::Entry(int index) {
+Menu& PreProcessor::MenuEntry(int index) {
     Form& form = parts_.mnuImport.OwningForm();
     while (static_cast<int>(entries_.size()) <= index) {
         const auto next = static_cast<int>(entries_.size());
@@ -43,26 +44,23 @@ Menu& PreProcessor::Entry(int index) {
 }
 
 void PreProcessor::RefreshPreProcessors() {
-    // 1. Entry 0 always exists.
+    // Entry 0 always exists.
     if (PreProcessorCount > 0) {
         parts_.mnuImport.Visible = false;
-        for (int i = 1; i < PreProcessorCount; ++i) Entry(i).Visible = false;
+        for (int i = 1; i < PreProcessorCount; ++i) MenuEntry(i).Visible = false;
     }
     PreProcessorCount = 0;
-    // 2.
     const ProgramStore& store = parts_.Store;
     const char* const pattern = store.IsMK2()   ? "*.MK2"
                                 : store.IsMK4() ? "*.MK4"
                                 : store.IsF1()  ? "*.F1"
                                                 : nullptr;
     if (!pattern || PreProcessorFolder.empty()) return;
-    // 3.
     std::vector<std::string> names;
     Attempt("RefreshPreProcessors", [&] { names = parts_.Platform.Files.List(PreProcessorFolder, pattern); });
-    if (names.size() > mostEntries) names.resize(mostEntries);
-    // 4., 5.
+    if (names.size() > maxEntries) names.resize(maxEntries);
     for (const std::string& name : names) {
-        Menu& entry = Entry(PreProcessorCount++);
+        Menu& entry = MenuEntry(PreProcessorCount++);
         entry.Caption = name;
         entry.Visible = true;
     }
@@ -83,17 +81,16 @@ bool PreProcessor::ChooseFile(std::string& name) {
 void PreProcessor::mnuPP_Click(int index) {
     const StackGuard guard(running_);
     if (!guard.Entered()) return;
-    // 1.
     std::string name;
     if (!ChooseFile(name)) return;
     // What an earlier run has left must not speak for this one.
     for (const char* ending : {resultEnding, errorEnding, informationEnding}) {
-        if (!MakeWay(name + ending)) return;
+        if (!RemoveOldResult(name + ending)) return;
     }
-    // 2. to 5. The name is not quoted: one with a blank gives two arguments.
+    // The name is not quoted: one with a blank gives two arguments.
     const std::string result = name + resultEnding;
-    const bool converted = Convert(PreProcessorFolder + Entry(index).Caption.Get() + " " + name, name);
-    // 6. The reader empties the name that it is given.
+    const bool converted = Convert(PreProcessorFolder + MenuEntry(index).Caption.Get() + " " + name, name);
+    // The reader empties the name that it is given.
     if (converted) {
         LoadAs as;
         as.Changed = true;
@@ -105,25 +102,22 @@ void PreProcessor::mnuPP_Click(int index) {
 
 // Runs the pre-processor. False where it has left no program, which has been told then, or the user has ended it.
 bool PreProcessor::Convert(const std::string& command, const std::string& name) {
-    // 2.
     int program = 0;
     if (!Attempt(preProcessorName, [&] { program = parts_.Platform.Programs.Start(command, name); })) {
-        Tell(text::NotStarted, command.substr(0, command.size() - name.size() - 1));
+        ShowNotice(text::NotStarted, command.substr(0, command.size() - name.size() - 1));
         return false;
     }
-    // 3.
     if (!WaitFor(program, name)) {
         for (const char* ending : {resultEnding, errorEnding, informationEnding}) Remove(name + ending);
         return false;
     }
-    // 4., 5.
     if (ShowMessage(name + errorEnding, errorCaption)) return false;
     ShowMessage(name + informationEnding, informationCaption);
     // One that the system has cut off may have left half a program.
     const std::string result = name + resultEnding;
     if (!parts_.Platform.Programs.WasCutOff(program) && parts_.Platform.Files.Exists(result)) return true;
     Remove(result);
-    Tell(text::NoProgramLeft, name);
+    ShowNotice(text::NoProgramLeft, name);
     return false;
 }
 
@@ -132,7 +126,7 @@ bool PreProcessor::WaitFor(int program, const std::string& name) {
     Window.frmPreProcessor.PlaceOver(parts_.mnuImport.OwningForm());
     Window.tmrAbort.OnTimer = [this, &name] {
         Window.tmrAbort.Enabled = false;
-        Window.OfferAbort(std::string(parts_.Language.MessageTexts(text::StillAtWork)) + "\r\n" + name,
+        Window.OfferAbort(std::string(parts_.Language.MessageTexts(text::StillAtWork)).append(LineEnd) + name,
                           waitCaption);
     };
     Window.tmrAbort.Enabled = true;
@@ -164,17 +158,17 @@ void PreProcessor::Remove(const std::string& file) {
 }
 
 // Removes what an earlier run has left under a name. False, and told, where it stays.
-bool PreProcessor::MakeWay(const std::string& file) {
+bool PreProcessor::RemoveOldResult(const std::string& file) {
     Remove(file);
     if (!parts_.Platform.Files.Exists(file)) return true;
-    Tell(text::OldResultStays, file);
+    ShowNotice(text::OldResultStays, file);
     return false;
 }
 
-void PreProcessor::Tell(int message, const std::string& name) {
+void PreProcessor::ShowNotice(int message, const std::string& name) {
     const Texts& texts = parts_.Language;
     parts_.Platform.Dialogs.ShowMessage(
-        Notice(std::string(texts.MessageTexts(message)) + "\r\n" + name, "", Icon::Exclamation));
+        Notice(std::string(texts.MessageTexts(message)).append(LineEnd) + name, "", Icon::Exclamation));
 }
 
 }  // namespace kvt

@@ -39,15 +39,15 @@ public:
     void Abort() { aborted_ = true; }
 
 private:
-    Menu& Entry(int index);
+    Menu& MenuEntry(int index);
     bool ChooseFile(std::string& name);
     // False where the user has ended it.
     bool WaitFor(int program, const std::string& name);
     bool Convert(const std::string& command, const std::string& name);
-    bool MakeWay(const std::string& file);
+    bool RemoveOldResult(const std::string& file);
     bool ShowMessage(const std::string& file, const char* caption);
     void Remove(const std::string& file);
-    void Tell(int message, const std::string& name);
+    void ShowNotice(int message, const std::string& name);
 
     Parts parts_;
     // The array mnuPP. Entries that are not in use are hidden.

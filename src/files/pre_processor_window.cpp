@@ -8,7 +8,7 @@ namespace {
 
 constexpr int firstSize = 5000;
 constexpr int smallestSize = 1000;
-constexpr int patience = 2000;  // milliseconds
+constexpr int offerAbortAfter = 2000;  // milliseconds
 
 }  // namespace
 
@@ -16,7 +16,7 @@ PreProcessorWindow::PreProcessorWindow(FocusService& focus)
     : frmPreProcessor("frmPreProcessor"),
       rtfPP(frmPreProcessor, "rtfPP"),
       cmdAbort(frmPreProcessor, "cmdAbort", "Abort"),
-      tmrAbort(frmPreProcessor, "tmrAbort", patience),
+      tmrAbort(frmPreProcessor, "tmrAbort", offerAbortAfter),
       focus_(focus) {
     frmPreProcessor.Visible = false;
     frmPreProcessor.TopMost = true;
@@ -51,7 +51,7 @@ void PreProcessorWindow::OfferAbort(std::string_view text, std::string_view capt
 // A window that was closed comes in its first size again.
 void PreProcessorWindow::Form_Load(std::string_view text, std::string_view caption) {
     if (!frmPreProcessor.Visible) {
-        before_ = focus_.Focused();
+        focusBefore_ = focus_.Focused();
         frmPreProcessor.Width = firstSize;
         frmPreProcessor.Height = firstSize;
     }
@@ -81,7 +81,7 @@ void PreProcessorWindow::Close() {
     frmPreProcessor.Visible = false;
     // What is still at work is told again a little later.
     if (cmdAbort.Visible) tmrAbort.Enabled = true;
-    if (hadFocus && before_) focus_.SetFocus(*before_);
+    if (hadFocus && focusBefore_) focus_.SetFocus(*focusBefore_);
 }
 
 }  // namespace kvt

@@ -29,7 +29,7 @@ private:
 
     FocusService& focus_;
     // Where the focus was before the window came.
-    Control* before_ = nullptr;
+    Control* focusBefore_ = nullptr;
 };
 
 }  // namespace kvt

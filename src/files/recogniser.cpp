@@ -1,8 +1,5 @@
 #include "files/recogniser.h"
 
-#include <algorithm>
-#include <functional>
-
 #include "basic/text.h"
 #include "files/cnc_format.h"
 
@@ -10,12 +7,20 @@ namespace kvt {
 
 namespace {
 
-// Marks are full of blanks, and so are programs: skipping ahead by the last character pays.
-std::size_t Search(std::string_view upperText, std::string_view mark) {
-    const std::string upperMark = UpperCase(mark);
-    const auto at = std::search(upperText.begin(), upperText.end(),
-                                std::boyer_moore_horspool_searcher(upperMark.begin(), upperMark.end()));
-    return at == upperText.end() ? 0 : static_cast<std::size_t>(at - upperText.begin()) + 1;
+// The place of a mark, counted from 1, case ignored; 0 for none. Marks and programs are full of blanks, so the mark's
+// first other character is looked for, in both cases.
+std::size_t Search(std::string_view text, std::string_view mark) {
+    const std::size_t anchor = mark.find_first_not_of(' ');
+    const char upper = mark[anchor];
+    const char lower = upper >= 'A' && upper <= 'Z' ? static_cast<char>(upper - 'A' + 'a') : upper;
+    std::size_t first = std::string_view::npos;
+    for (const char wanted : {upper, lower}) {
+        for (std::size_t at = text.find(wanted, anchor); at < first; at = text.find(wanted, at + 1)) {
+            if (EqualIgnoringCase(text.substr(at - anchor, mark.size()), mark)) first = at;
+        }
+        if (upper == lower) break;
+    }
+    return first == std::string_view::npos ? 0 : first - anchor + 1;
 }
 
 struct Mark {
@@ -31,13 +36,12 @@ constexpr Mark marks[] = {{FileKind::MK2, cnc::MarkMK2},
 }  // namespace
 
 Recognised Recognise(std::string_view text) {
-    const std::string upper = UpperCase(text);
     Recognised found;
     for (const Mark& mark : marks) {
-        found.Position = Search(upper, mark.Text);
+        found.Position = Search(text, mark.Text);
         if (found.Position == 0) continue;
         found.Kind = mark.Kind;
-        found.WithoutComments = mark.Kind == FileKind::MK4 && Search(upper, cnc::MarkWithoutComments) != 0;
+        found.WithoutComments = mark.Kind == FileKind::MK4 && Search(text, cnc::MarkWithoutComments) != 0;
         break;
     }
     return found;

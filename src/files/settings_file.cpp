@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "basic/code_page.h"
+#include "basic/line_end.h"
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
@@ -13,7 +14,7 @@ namespace kvt {
 
 namespace {
 
-constexpr const char* recent = ";Recent files";
+constexpr const char* recentFiles = ";Recent files";
 constexpr const char* settings = ";Settings";
 constexpr const char* boxes = ";Checkboxes Editor";
 constexpr const char* comGeneral = ";Comm Settings General";
@@ -25,8 +26,8 @@ constexpr const char* drawMode = ";Checks Draw Mode";
 
 // A place of 0 centres the window.
 constexpr SettingKey editorKeys[] = {
-    {recent, "LanguageFileName", ""},
-    {recent, "LastFileUsed", ""},
+    {recentFiles, "LanguageFileName", ""},
+    {recentFiles, "LastFileUsed", ""},
     {settings, "Horizontal", "False"},
     {settings, "Metric", "True"},
     {settings, "Machine", "MK4"},
@@ -51,7 +52,7 @@ constexpr SettingKey editorKeys[] = {
     {comTransmit, "XonXoffTX", "0"},
     {comTransmit, "DtrDsrTX", "0"},
     {comTransmit, "RtsCtsTX", "0"},
-    {comTransmit, "TXfilter ", "1"},  // written with the blank: deliberate
+    {comTransmit, "TXfilter ", "1"},  // with the blank that it has in users' files
     {comReceive, "BaudRX", "300"},
     {comReceive, "ParityRX", "N"},
     {comReceive, "DataBitsRX", "8"},
@@ -80,9 +81,8 @@ constexpr SettingKey drawKeys[] = {
     {windows, "ProgramWindow", "3000, 0, 0, 11790, Inactive"},
 };
 
-constexpr int mostReports = 100;  // of one key
-constexpr std::string_view lineEnd = "\r\n";
-constexpr std::int32_t widestScreen = 1'000'000;  // twips
+constexpr int maxReports = 100;                   // of one key
+constexpr std::int32_t largestPlace = 1'000'000;  // twips
 
 }  // namespace
 
@@ -124,43 +124,43 @@ void SettingsFile::Read(std::string_view text, const char* procedure, BadValue a
             if (entry.Apply) {
                 entry.Apply(value);
             } else {
-                entry.Kept = value;
+                entry.UnboundText = value;
             }
         } catch (const RunTimeError& error) {
             // A damaged file can hold a key a million times.
-            if (failures[static_cast<std::size_t>(place)]++ < mostReports) TellError(error, procedure);
+            if (failures[static_cast<std::size_t>(place)]++ < maxReports) TellError(error, procedure);
             if (after == BadValue::EndsTheReading) return;
         }
     }
 }
 
 std::string SettingsFile::Text() const {
-    return Written([this](std::size_t i) {
+    return Compose([this](std::size_t i) {
         const Entry& entry = entries_[i];
-        return entry.Value ? entry.Value() : entry.Kept;
+        return entry.Value ? entry.Value() : entry.UnboundText;
     });
 }
 
 std::string SettingsFile::ResetText() const {
-    return Written([this](std::size_t i) { return std::string(keys_[i].Default); });
+    return Compose([this](std::size_t i) { return std::string(keys_[i].Default); });
 }
 
-std::string SettingsFile::Written(const std::function<std::string(std::size_t)>& value) const {
+std::string SettingsFile::Compose(const std::function<std::string(std::size_t)>& value) const {
     std::string text = ";KVT " + PlainNumber(VersionMajor) + "." + PlainNumber(VersionMinor) + "." +
                        PlainNumber(VersionRevision) + " " + name_ + " SETTINGS user file";
-    text += lineEnd;
+    text += LineEnd;
     std::string_view section;
     for (std::size_t i = 0; i < keys_.size(); ++i) {
         if (section != keys_[i].Section) {
             section = keys_[i].Section;
-            text += lineEnd;
+            text += LineEnd;
             text += section;
-            text += lineEnd;
+            text += LineEnd;
         }
         text += keys_[i].Key;
         text += '=';
         text += value(i);
-        text += lineEnd;
+        text += LineEnd;
     }
     return text;
 }
@@ -208,7 +208,7 @@ WindowPlace WindowPlaceOf(std::string_view text) {
     for (std::size_t i = 0; i < numbers.size(); ++i) {
         if (!IsNumeric(parts[i])) throw RunTimeError(fault::TypeMismatch);
         numbers[i] = ToLong(Val(parts[i]));
-        if (numbers[i] < -widestScreen || numbers[i] > widestScreen) throw RunTimeError(fault::Overflow);
+        if (numbers[i] < -largestPlace || numbers[i] > largestPlace) throw RunTimeError(fault::Overflow);
     }
     return {numbers[0], numbers[1], numbers[2], numbers[3]};
 }
@@ -229,7 +229,7 @@ std::string WithoutUtf8Mark(std::string bytes) {
     return FromUtf8(std::string_view(bytes).substr(mark.size()));
 }
 
-void BringResetCopies(FileService& files, std::string_view localDataFolder) {
+void InstallResetCopies(FileService& files, std::string_view localDataFolder) {
     const std::string folder = FoldersBelow(localDataFolder).SettingsFolder;
     const auto bring = [&](const char* name, const SettingsFile& file) {
         try {

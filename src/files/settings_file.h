@@ -50,11 +50,11 @@ private:
     struct Entry {
         ApplyValue Apply;
         GetValue Value;
-        std::string Kept;  // while nobody has bound the key
+        std::string UnboundText;  // while nobody has bound the key
     };
     // The place of a key in the tables; -1 where there is none.
     int PlaceOf(std::string_view key) const;
-    std::string Written(const std::function<std::string(std::size_t)>& value) const;
+    std::string Compose(const std::function<std::string(std::size_t)>& value) const;
 
     const char* name_;
     std::span<const SettingKey> keys_;
@@ -83,6 +83,6 @@ std::string WithoutUtf8Mark(std::string bytes);
 
 // Puts the reset copies of both files into the settings folder below the user's local application data folder
 // where they are missing, as an installation does. A folder that cannot be written stays without.
-void BringResetCopies(FileService& files, std::string_view localDataFolder);
+void InstallResetCopies(FileService& files, std::string_view localDataFolder);
 
 }  // namespace kvt

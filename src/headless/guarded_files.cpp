@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "basic/run_time_error.h"
-#include "headless/file_names.h"
+#include "system/file_names.h"
 
 namespace kvt {
 

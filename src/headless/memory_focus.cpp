@@ -16,21 +16,21 @@ void MemoryFocus::BringToFront(Form& form) {
     if (front_ == &form || !form.Visible) return;
     Form* const before = std::exchange(front_, &form);
     if (!std::exchange(begun_, true)) return;
-    const auto takeKeys = [this, &form](Control* control) {
+    const auto giveFocus = [this, &form](Control* control) {
         const bool hasThem = Focused() && &Focused()->OwningForm() == &form;
         if (!hasThem && control) FocusKeeper::SetFocus(*control);
     };
     const auto last = last_.find(&form);
-    if (last != last_.end()) takeKeys(last->second);
+    if (last != last_.end()) giveFocus(last->second);
     // A control that kept the keys has its own window in front again; so can a handler.
     if (front_ != &form) return;
     if (before && before->OnLostFocus) before->OnLostFocus();
     // A window that never had them may know whom to give them to.
     if (form.OnActivate) form.OnActivate();
-    if (front_ == &form) takeKeys(FirstInTabOrder(form));
+    if (front_ == &form) giveFocus(FirstInTabOrder(form));
 }
 
-void MemoryFocus::Gone(const Form& form) {
+void MemoryFocus::WindowHidden(const Form& form) {
     if (front_ == &form) front_ = nullptr;
 }
 

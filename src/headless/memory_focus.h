@@ -15,7 +15,7 @@ public:
     // program, which hears of nothing.
     void BringToFront(Form& form);
     // A window was hidden. The keys stay where they are until they are given to another window.
-    void Gone(const Form& form);
+    void WindowHidden(const Form& form);
 
 protected:
     void ShowFocus(Control& control) override;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "basic/run_time_error.h"
+
 namespace kvt {
 
 Answer MemoryDialogs::ShowMessage(const MessageBox& box) {
@@ -50,25 +52,17 @@ bool MemoryDialogs::ShowColor(Color& color) {
     return answer.has_value();
 }
 
-std::string MemoryClipboard::GetText() {
-    faults_.Pass("clipboard", fault::InvalidCall);
-    return Content;
-}
-
 void MemoryClipboard::Clear() {
-    faults_.Pass("clipboard", fault::InvalidCall);
     Content.clear();
     Picture = {};
 }
 
 void MemoryClipboard::SetText(std::string_view text) {
-    faults_.Pass("clipboard", fault::InvalidCall);
     Content = text;
     Picture = {};
 }
 
 void MemoryClipboard::SetPicture(const Pixels& picture) {
-    faults_.Pass("clipboard", fault::InvalidCall);
     Content.clear();
     Picture = picture;
 }

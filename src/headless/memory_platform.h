@@ -7,14 +7,13 @@
 #include <string>
 #include <vector>
 
-#include "headless/disk_files.h"
-#include "headless/fault_plan.h"
-#include "headless/faulty_files.h"
 #include "headless/memory_focus.h"
 #include "headless/memory_port.h"
 #include "headless/memory_printer.h"
-#include "headless/system_programs.h"
+#include "headless/memory_programs.h"
+#include "platform/keyboard.h"
 #include "platform/services.h"
+#include "system/disk_files.h"
 
 namespace kvt {
 
@@ -45,8 +44,7 @@ private:
 
 class MemoryClipboard : public ClipboardService {
 public:
-    explicit MemoryClipboard(FaultPlan& faults) : faults_(faults) {}
-    std::string GetText() override;
+    std::string GetText() override { return Content; }
     void Clear() override;
     void SetText(std::string_view text) override;
     void SetPicture(const Pixels& picture) override;
@@ -54,9 +52,6 @@ public:
     // A text or a picture, as the other is empty.
     std::string Content;
     Pixels Picture;
-
-private:
-    FaultPlan& faults_;
 };
 
 class MemoryScreen : public ScreenService {
@@ -65,30 +60,32 @@ public:
     int Height() override { return HeightTwips; }
     int WorkAreaHeight() override { return WorkAreaTwips; }
     WindowPlace OnScreen(const WindowPlace& place) override;
-    double PointsATwip() override { return 1.0 / 15; }
+    double PointsPerTwip() override { return 1.0 / 15; }
 
     int WidthTwips = 28800;
     int HeightTwips = 16200;
     int WorkAreaTwips = 15600;
 };
 
-// The system without a display. Time is virtual and starts at 0. A key chooses the menu entry whose shortcut it
-// is, or goes to the control with the focus, with the editing that a text box does by itself. What a wait takes
-// next comes from NextEvent.
-class MemorySystem : public SystemService {
+// The system without a display. Time is virtual and starts at 0. Keys go to the form of the control with the focus.
+// What a wait takes next comes from NextEvent.
+class MemorySystem : public SystemService, private KeyboardHost {
 public:
     // Without a clipboard the keys of copying and pasting do nothing.
     explicit MemorySystem(FocusKeeper& focus, ClipboardService* clipboard = nullptr)
-        : focus_(focus), clipboard_(clipboard) {}
+        : focus_(focus), keyboard_(focus, clipboard, *this) {}
+
+    // From now on text boxes copy to and paste from this one.
+    void UseClipboard(ClipboardService& clipboard) { keyboard_.UseClipboard(clipboard); }
 
     bool DoEvents() override;
-    // Only after a great many turns the user loses his patience: then what he does next comes, as in a wait.
-    bool Breathe(long long turn) override;
+    // Serves nothing until GiveUpAfter turns have passed; from then on what the user does next comes, as in a wait.
+    bool ServeEvents(long long turn) override;
     // Takes one thing that has come up, then lets the clock run on, from tick to tick.
     bool WaitUntil(const std::function<double()>& left) override;
     std::tm Now() override;
     std::string LocalDataFolder() override { return DataFolder; }
-    void PressKey(int key) override;
+    void PressKey(int key) override { Press(key); }
     void Later(std::function<void()> call) override;
     void Beep() override { ++Beeps; }
     void ShowPopupMenu(Menu& menu) override { ShownPopup = &menu; }
@@ -101,16 +98,16 @@ public:
     // The same for a wait that ends by itself: it asks this and nothing else.
     std::function<void()> NextInTimedWait;
     // After how many turns of endless work it takes events as a wait does.
-    long long Patience = 2'000'000;
+    long long GiveUpAfter = 2'000'000;
     // Runs whenever the clock has moved on.
     std::function<void()> OnClock;
 
-    // Runs what stands for a handler of a user's action, then what it has put off.
+    // Runs what stands for a handler of a user's action, then what it has deferred.
     void Run(const std::function<void()>& handler);
 
     // A key or a character as a user presses it.
-    void Press(int key, int held = 0);
-    void Type(char character);
+    void Press(int key, int held = 0) { Deliver(PressOf(KeyStroke{key, held})); }
+    void Type(char character) { Deliver(PressOf(character)); }
     // Lets the virtual clock run on, with the timers of the forms that are given to it.
     void Advance(int milliseconds);
     void Watch(Form& form);
@@ -124,19 +121,18 @@ public:
     Menu* ShownPopup = nullptr;
 
 private:
-    struct KeyPress {
-        int Key;  // 0 for a character alone
-        int Held;
-        int Character;  // 0 for a key without one
-    };
-    struct PutOffCall {
+    void Run(const Control&, const char*, const std::function<void()>& act) override { act(); }
+    bool HasEnded() const override { return Ended; }
+    bool MenuIsOpen() const override { return ShownPopup != nullptr; }
+    void CloseMenu() override { ShownPopup = nullptr; }
+
+    struct DeferredCall {
         std::function<void()> Call;
-        int Depth;  // of the handler that has put it off
+        int Depth;  // of the handler that has deferred it
     };
     bool ServeWaiting();
     void Deliver(KeyPress press);
     void DeliverWaiting();
-    void DeliverOne(const KeyPress& press);
     // A timer of a form, and when it was set going: it ticks from there on.
     class TimerPhase : public ControlView {
     public:
@@ -154,32 +150,28 @@ private:
     long long NextTick(long long end) const;
 
     FocusKeeper& focus_;
-    ClipboardService* clipboard_;
+    Keyboard keyboard_;
     std::deque<KeyPress> keys_;
     bool delivering_ = false;
     std::vector<std::unique_ptr<TimerPhase>> timers_;
-    std::deque<PutOffCall> putOff_;
+    std::deque<DeferredCall> deferred_;
     int depth_ = 0;  // of handlers
 };
 
-// The memory half of the platform: all services without a display. Files are those of the disk.
-class MemoryPlatform {
+// What the memory half of the platform consists of: the services without a display. Files are those of the disk.
+class MemoryServices {
 public:
-    FaultPlan Faults;
-    DiskFiles Disk;
-    FaultyFiles Files{Disk, Faults};
+    DiskFiles Files;
     MemoryDialogs Dialogs;
-    MemoryClipboard Clipboard{Faults};
+    MemoryClipboard Clipboard;
     MemoryScreen Screen;
     MemoryFocus Focus;
     MemorySystem System{Focus, &Clipboard};
-    MemoryPort Port{Faults, System.Clock};
-    MemoryPrinter Printer{Faults};
-    MemoryPrograms Programs{Faults};
+    MemoryPort Port{System.Clock};
+    MemoryPrinter Printer;
+    MemoryPrograms Programs;
 
-    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port, Printer, Programs};
-
-    MemoryPlatform() {
+    MemoryServices() {
         System.OnClock = [this] { Port.ClockMoved(); };
     }
 
@@ -191,6 +183,12 @@ public:
         Port.OnComm = nullptr;
         Printer.BeginRun();
     }
+};
+
+// These services as they are. With planned failures around them they are a FaultyPlatform.
+class MemoryPlatform : public MemoryServices {
+public:
+    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port, Printer, Programs};
 };
 
 }  // namespace kvt

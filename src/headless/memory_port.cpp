@@ -3,11 +3,11 @@
 #include <utility>
 
 #include "basic/number.h"
+#include "basic/run_time_error.h"
 
 namespace kvt {
 
 void MemoryPort::Open() {
-    faults_.Pass("port", fault::PortAlreadyOpen);
     const bool fails = std::exchange(NextOpeningFails, false);
     if (open_ || fails || CommPort() > Ports) throw RunTimeError(fault::PortAlreadyOpen);
     open_ = true;
@@ -18,17 +18,15 @@ void MemoryPort::Open() {
 void MemoryPort::Close() { Reset(); }
 
 void MemoryPort::Output(std::string_view text) {
-    faults_.Pass("port", fault::PortNotOpen);
     if (!open_) throw RunTimeError(fault::PortNotOpen);
-    Given += text;
-    pace_.Give(static_cast<double>(clock_), text.size(), Line());
+    Sent += text;
+    pace_.Add(static_cast<double>(clock_), text.size(), Line());
     sending_ = true;
 }
 
 double MemoryPort::MillisecondsLeft() const { return open_ ? pace_.Left(static_cast<double>(clock_)) : 0; }
 
 std::string MemoryPort::Input() {
-    faults_.Pass("port", fault::PortNotOpen);
     if (!open_) throw RunTimeError(fault::PortNotOpen);
     return std::exchange(received_, {});
 }
@@ -61,7 +59,7 @@ void MemoryPort::Reset() {
     open_ = false;
     sending_ = false;
     received_.clear();
-    pace_.Forget();
+    pace_.Reset();
 }
 
 void MemoryPort::SettingsChanged() {

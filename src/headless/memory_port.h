@@ -2,17 +2,16 @@
 
 #include <string>
 
-#include "headless/fault_plan.h"
 #include "platform/serial_port.h"
 
 namespace kvt {
 
 // A serial port without a device: what is given leaves at the port's rate on a virtual clock, what arrives is put
-// there. Calls of the service `port` fail as planned: an opening with error 8005, other calls with 8018.
+// there.
 class MemoryPort : public SerialPort {
 public:
     // clock counts milliseconds and must outlive the port.
-    MemoryPort(FaultPlan& faults, const long long& clock) : faults_(faults), clock_(clock) {}
+    explicit MemoryPort(const long long& clock) : clock_(clock) {}
 
     void Open() override;
     void Close() override;
@@ -20,7 +19,7 @@ public:
     void Output(std::string_view text) override;
     double MillisecondsLeft() const override;
     // The step of the clock.
-    double Lead() const override { return 1; }
+    double LeadTime() const override { return 1; }
     std::string Input() override;
     std::string DeviceName(int number) const override;
 
@@ -30,8 +29,8 @@ public:
     bool NextOpeningFails = false;
     // Whether 8 data bits without parity are all that it takes, as with a pseudo-terminal.
     bool TakesPlainFramesOnly = false;
-    // All that was given.
-    std::string Given;
+    // All that was sent.
+    std::string Sent;
 
     // These characters arrive; false where the port is closed and they are lost.
     bool Receive(std::string_view text);
@@ -39,14 +38,13 @@ public:
     void Vanish();
     // The clock has moved on.
     void ClockMoved();
-    // Closes without a word, for a new run of the program.
+    // Closes without an event, for a new run of the program.
     void Reset();
 
 protected:
     void SettingsChanged() override;
 
 private:
-    FaultPlan& faults_;
     const long long& clock_;
     LinePace pace_;
     std::string received_;

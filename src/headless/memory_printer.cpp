@@ -1,19 +1,20 @@
 #include "headless/memory_printer.h"
 
+#include "basic/run_time_error.h"
+
 namespace kvt {
 
-void MemoryPrinter::Called() {
+void MemoryPrinter::Demand() const {
     if (!Present) throw RunTimeError(fault::PrinterError);
-    faults_.Pass("printer", fault::PrinterError);
 }
 
 std::vector<std::string> MemoryPrinter::Fonts() {
-    Called();
+    Demand();
     return {"Arial", "Courier", "Courier New", "Times New Roman"};
 }
 
 void MemoryPrinter::ShowPrinter(PrinterDialog& dialog) {
-    Called();
+    Demand();
     int copies = 0;
     if (!Answers.empty()) {
         copies = Answers.front();
@@ -24,18 +25,18 @@ void MemoryPrinter::ShowPrinter(PrinterDialog& dialog) {
 }
 
 void MemoryPrinter::Print(std::string_view line) {
-    Called();
+    Demand();
     Printed += line;
     Printed += "\r\n";
 }
 
 void MemoryPrinter::EndDocument() {
-    Called();
+    Demand();
     ++Documents;
 }
 
 void MemoryPrinter::PrintForm(const Form& form) {
-    Called();
+    Demand();
     ++Forms;
     if (OnForm) OnForm(form);
 }

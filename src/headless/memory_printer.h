@@ -2,8 +2,9 @@
 
 #include <deque>
 #include <functional>
+#include <string>
+#include <vector>
 
-#include "headless/fault_plan.h"
 #include "platform/printer.h"
 
 namespace kvt {
@@ -11,8 +12,8 @@ namespace kvt {
 // A printer without paper: it keeps the text that it was given, each line with CR LF.
 class MemoryPrinter : public PrinterService {
 public:
-    explicit MemoryPrinter(FaultPlan& faults) : faults_(faults) { BeginRun(); }
-    // For a new run of the program: face and size as the printer comes.
+    MemoryPrinter() { BeginRun(); }
+    // For a new run of the program: font and size as the printer has them.
     void BeginRun() {
         FontName = "Courier New";
         FontSize = 10;
@@ -36,9 +37,7 @@ public:
     std::deque<int> Answers;
 
 private:
-    void Called();
-
-    FaultPlan& faults_;
+    void Demand() const;
 };
 
 }  // namespace kvt

@@ -3,69 +3,11 @@
 #include <utility>
 
 #include "basic/stack_guard.h"
-#include "basic/text.h"
-#include "headless/key_names.h"
 #include "headless/memory_platform.h"
-#include "headless/text_editing.h"
-#include "platform/keys.h"
-#include "platform/list_view.h"
-#include "platform/tab_order.h"
 
 namespace kvt {
 
 namespace {
-
-// Signs of the main block that are keys by number.
-constexpr std::pair<char, int> signKeys[] = {{'+', 187}, {'=', 187}, {',', 188},
-                                             {'-', 189}, {'.', 190}, {'/', 191}};
-
-bool IsClipboardKey(const KeyStroke& stroke) {
-    return stroke.Held == key::CtrlHeld && (stroke.Key == 'C' || stroke.Key == 'X' || stroke.Key == 'V');
-}
-
-// The entry that a key chooses: one of the form's menus that is in sight and enabled.
-Menu* EntryOfKey(const Form& form, const KeyStroke& stroke) {
-    for (Control* control : form.Controls()) {
-        auto* entry = dynamic_cast<Menu*>(control);
-        if (!entry || entry->Shortcut.empty() || KeyNamed(entry->Shortcut) != stroke) continue;
-        if (entry->ReallyVisible() && entry->ReallyEnabled()) return entry;
-    }
-    return nullptr;
-}
-
-// Moves the selection of a list of texts, which counts as a click.
-void MoveInList(ListBox& list, int pressed) {
-    if (list.Count() == 0) return;
-    int index = list.ListIndex;
-    if (pressed == key::Up) --index;
-    if (pressed == key::Down) ++index;
-    if (pressed == key::Home) index = 0;
-    if (pressed == key::End) index = list.Count() - 1;
-    if (index == list.ListIndex) return;
-    index = std::clamp(index, 0, list.Count() - 1);
-    if (index == list.ListIndex) return;
-    list.ListIndex = index;
-    list.Click();
-}
-
-// What a key does to a control by itself, when its handlers have let it pass.
-void OwnKey(Control& control, int pressed) {
-    if (auto* box = dynamic_cast<TextBox*>(&control)) return EditByKey(*box, pressed);
-    if (auto* box = dynamic_cast<ListBox*>(&control)) return MoveInList(*box, pressed);
-    if (auto* list = dynamic_cast<ListView*>(&control)) {
-        const bool moves =
-            pressed == key::Up || pressed == key::Down || pressed == key::Home || pressed == key::End;
-        if (list->Count() == 0 || !moves) return;
-        int row = list->SelectedRow();
-        if (pressed == key::Up) --row;
-        if (pressed == key::Down) ++row;
-        if (pressed == key::Home) row = 1;
-        if (pressed == key::End) row = list->Count();
-        row = std::clamp(row, 1, list->Count());
-        list->Select(row);
-        list->EnsureVisible(row);
-    }
-}
 
 // Keys arrive inside a wait too, also inside one that a key has begun.
 class OpenedForKeys {
@@ -134,55 +76,31 @@ std::tm MemorySystem::Now() {
     return local;
 }
 
-void MemorySystem::PressKey(int pressed) { Press(pressed); }
-
 void MemorySystem::Later(std::function<void()> call) {
-    putOff_.push_back({std::move(call), std::max(depth_, 1)});
+    deferred_.push_back({std::move(call), std::max(depth_, 1)});
 }
 
-// One that stands below on the stack is not through yet: what it has put off stays for its own end.
+// One that stands below on the stack is not through yet: what it has deferred stays for its own end.
 void MemorySystem::Run(const std::function<void()>& handler) {
     {
         const Deeper deeper(depth_);
         handler();
     }
     const auto due = [this] {
-        return std::find_if(putOff_.begin(), putOff_.end(),
-                            [this](const PutOffCall& one) { return one.Depth > depth_; });
+        return std::find_if(deferred_.begin(), deferred_.end(),
+                            [this](const DeferredCall& one) { return one.Depth > depth_; });
     };
-    for (auto next = due(); next != putOff_.end() && !Ended; next = due()) {
+    for (auto next = due(); next != deferred_.end() && !Ended; next = due()) {
         const std::function<void()> call = std::move(next->Call);
-        putOff_.erase(next);
+        deferred_.erase(next);
         const Deeper deeper(depth_);
         call();
     }
 }
 
-void MemorySystem::Press(int pressed, int held) {
-    int character = 0;
-    if ((held & key::CtrlHeld) != 0 && pressed >= 'A' && pressed <= 'Z') {
-        character = pressed - 'A' + 1;
-    } else if (pressed == key::Enter || pressed == key::Escape || pressed == key::Backspace ||
-               pressed == key::Tab || pressed == key::Space) {
-        character = pressed;
-    }
-    Deliver({pressed, held, character});
-}
-
-// Letters and digits are keys too, by their upper case, and some signs.
-void MemorySystem::Type(char character) {
-    const char upper = UpperChar(character);
-    const bool isKey = (upper >= 'A' && upper <= 'Z') || (upper >= '0' && upper <= '9') || upper == ' ';
-    const int held = character >= 'A' && character <= 'Z' ? key::ShiftHeld : 0;
-    int pressed = isKey ? upper : 0;
-    for (const auto& [sign, number] : signKeys) {
-        if (sign == character) pressed = number;
-    }
-    Deliver({pressed, held, static_cast<unsigned char>(character)});
-}
-
 // A key that a handler presses arrives when the handler has ended.
 void MemorySystem::Deliver(KeyPress press) {
+    press.Time = Clock;
     keys_.push_back(press);
     DeliverWaiting();
 }
@@ -194,75 +112,23 @@ void MemorySystem::DeliverWaiting() {
         while (!keys_.empty() && !Ended) {
             const KeyPress next = keys_.front();
             keys_.pop_front();
-            DeliverOne(next);
+            if (const Control* const focused = focus_.Focused()) keyboard_.Press(focused->OwningForm(), next);
         }
         keys_.clear();
     });
 }
 
-void MemorySystem::DeliverOne(const KeyPress& press) {
-    Control* const control = focus_.Focused();
-    if (!control) return;
-    if (press.Key == key::Escape && ShownPopup) {
-        ShownPopup = nullptr;
-        return;
-    }
-    Form& form = control->OwningForm();
-    const KeyStroke stroke{press.Key, press.Held};
-    const bool keepsKey = control->Kind() == ControlKind::TextBox && IsClipboardKey(stroke);
-    if (press.Key != 0 && !keepsKey) {
-        if (Menu* entry = EntryOfKey(form, stroke)) return entry->Click();
-    }
-    if (press.Key == key::Tab) {
-        Control* const next = NextInTabOrder(*control, (press.Held & key::ShiftHeld) != 0);
-        if (next) focus_.SetFocus(*next);
-        return;
-    }
-    if (press.Key != 0) {
-        if (form.OnKeyDown) form.OnKeyDown(press.Key, press.Held);
-        if (Ended || focus_.Focused() != control) return;
-        if (control->OnKeyDown) control->OnKeyDown(press.Key, press.Held);
-        if (Ended || focus_.Focused() != control) return;
-    }
-    int character = press.Character;
-    if (character != 0) {
-        if (control->OnKeyPress) control->OnKeyPress(character);
-        if (Ended || focus_.Focused() != control) return;
-        const bool button = control->Kind() == ControlKind::CommandButton ||
-                            control->Kind() == ControlKind::CheckBox ||
-                            control->Kind() == ControlKind::OptionButton;
-        if (button && (character == key::Space ||
-                       (character == key::Enter && control->Kind() == ControlKind::CommandButton))) {
-            ClickByHand(*control, focus_);
-            return;
-        }
-        if (auto* list = dynamic_cast<ListBox*>(control)) {
-            const bool chooses = character == key::Enter || character == key::Space;
-            if (chooses && list->ListIndex >= 0) list->Click();
-            return;
-        }
-        if (auto* box = dynamic_cast<TextBox*>(control)) {
-            const bool byClipboard =
-                character == key::CtrlC || character == key::CtrlX || character == key::CtrlV;
-            if (byClipboard && clipboard_) return EditByClipboard(*box, character, *clipboard_);
-            return EditByCharacter(*box, character);
-        }
-        return;
-    }
-    OwnKey(*control, press.Key);
-}
-
 void MemorySystem::BeginRun() {
     keys_.clear();
     timers_.clear();
-    putOff_.clear();
+    deferred_.clear();
     ShownPopup = nullptr;
     Ended = false;
 }
 
-bool MemorySystem::Breathe(long long turn) {
+bool MemorySystem::ServeEvents(long long turn) {
     if (Ended) return false;
-    if (Events.empty() && turn < Patience) return true;
+    if (Events.empty() && turn < GiveUpAfter) return true;
     return DoEvents();
 }
 

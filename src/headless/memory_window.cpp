@@ -16,7 +16,7 @@ void MemoryWindow::Resize(int width, int height) {
 
 void MemoryWindow::PropertyChanged(Control&, PropertyId id) {
     if (placing_) return;
-    if (id == PropertyId::Visible && !form_.Visible) return focus_.Gone(form_);
+    if (id == PropertyId::Visible && !form_.Visible) return focus_.WindowHidden(form_);
     const bool comesToFront = id == PropertyId::Front || (id == PropertyId::Visible && !form_.ComesBehind());
     if (comesToFront && !form_.TopMost) focus_.BringToFront(form_);
     if (id != PropertyId::WindowState) return;
@@ -28,7 +28,7 @@ void MemoryWindow::Put(const WindowPlace& place) {
     placing_ = true;
     form_.Left = place.Left;
     form_.Top = place.Top;
-    form_.TakeSize(place.Width, place.Height);
+    form_.ApplySize(place.Width, place.Height);
     placing_ = false;
 }
 

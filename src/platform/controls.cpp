@@ -73,7 +73,7 @@ void Form::NoteState() {
     if (before == WindowState::Normal) restored_ = {Height, Left, Top, Width};
     if (now != WindowState::Minimised) fillsScreen_ = now == WindowState::Maximised;
     if (now != WindowState::Normal) return;
-    TakeSize(restored_.Width, restored_.Height);
+    ApplySize(restored_.Width, restored_.Height);
     Left = restored_.Left;
     Top = restored_.Top;
 }
@@ -85,7 +85,7 @@ void Form::Changed(PropertyId id) {
     if ((id == PropertyId::Width || id == PropertyId::Height) && !takingSize_ && OnResize) OnResize();
 }
 
-bool Form::TakeSize(int width, int height) {
+bool Form::ApplySize(int width, int height) {
     if (width == Width && height == Height) return false;
     takingSize_ = true;
     Width = width;

@@ -161,7 +161,7 @@ public:
     // Controls were made after the window: it shows them too from now on.
     void TellControlsAdded() { Changed(PropertyId::Entries); }
     // Takes on the size that its window has got. OnResize is left to the caller; true where the size is another.
-    bool TakeSize(int width, int height);
+    bool ApplySize(int width, int height);
 
 protected:
     void Changed(PropertyId id) override;
@@ -192,7 +192,17 @@ public:
 struct TextSelection {
     int Start = 0;
     int Length = 0;
+    // The caret, where the next move begins, stands in front of the selection and not behind it.
+    bool CaretFirst = false;
     bool operator==(const TextSelection&) const = default;
+};
+
+// What the user's last edit of a text was.
+struct LastTextEdit {
+    std::string Before, After;
+    TextSelection SelectionBefore;
+    bool Typed = false;
+    bool Undone = false;
 };
 
 class TextBox : public Control {
@@ -207,6 +217,8 @@ public:
     bool FixedPitch = false;
     // Has the colour of buttons and can be copied from; the user's hands change nothing. Set before it is shown.
     bool ShownOnly = false;
+    // For undoing it; kept by the editing alone.
+    LastTextEdit LastEdit;
 
     std::function<void()> OnChange;
 
@@ -334,16 +346,24 @@ public:
     // Puts these in the place of all entries; none is selected.
     void SetEntries(std::vector<std::string> entries);
     const std::vector<std::string>& Entries() const { return entries_; }
+    // How many entries are in sight, at least 1: those that a view has told, or what the list's height shows.
+    int EntriesInSight() const {
+        return std::max(1, entriesInSight_ > 0 ? entriesInSight_ : Height / EntryHeight);
+    }
+    void SetEntriesInSight(int entries) { entriesInSight_ = entries; }
     // Characters of one width; set before it is shown.
     bool FixedPitch = false;
     // Lies over other lists that it reaches into. Set before it is shown.
     bool InFront = false;
+
+    static constexpr int EntryHeight = 240;  // twips
 
 protected:
     ListBox(Form& form, std::string_view name, ControlKind kind) : Control(form, kind, name) {}
 
 private:
     std::vector<std::string> entries_;
+    int entriesInSight_ = 0;
 };
 
 // A list of which the selected entry alone is seen until it is opened.

@@ -9,9 +9,9 @@ namespace kvt {
 
 namespace {
 
-using OfKind = DrawOperation::Kind;
+using OperationKind = DrawOperation::Kind;
 
-constexpr int twipsAPixel = 15;
+constexpr int twipsPerPixel = 15;
 
 struct BytesHash {
     std::size_t operator()(const DrawOperation& one) const {
@@ -37,8 +37,8 @@ struct SameOperation {
 }  // namespace
 
 Extent ExtentOf(const DrawOperation& one) {
-    const double half = one.Width * twipsAPixel / 2.0;
-    if (one.What == OfKind::Circle) {
+    const double half = one.Width * twipsPerPixel / 2.0;
+    if (one.What == OperationKind::Circle) {
         const double r = std::abs(one.Radius()) + half;
         return {one.X1 - r, one.Y1 - r, one.X1 + r, one.Y1 + r};
     }
@@ -51,7 +51,7 @@ std::vector<DrawOperation> SeenIn(std::span<const DrawOperation> operations, con
     std::unordered_set<DrawOperation, BytesHash, SameOperation> known;
     std::vector<DrawOperation> seen;
     for (auto one = operations.rbegin(); one != operations.rend(); ++one) {
-        if (one->What == OfKind::Clear || one->What == OfKind::Picture) continue;
+        if (one->What == OperationKind::Clear || one->What == OperationKind::Picture) continue;
         const Extent extent = ExtentOf(*one);
         const bool outside = extent.Right < area.Left || extent.Left > area.Left + area.Width ||
                              extent.Bottom < area.Top || extent.Top > area.Top + area.Height;

@@ -4,7 +4,7 @@
 
 namespace kvt {
 
-using OfKind = DrawOperation::Kind;
+using OperationKind = DrawOperation::Kind;
 
 void PictureBox::Cls() {
     BeginList();
@@ -23,7 +23,7 @@ void PictureBox::Line(double x1, double y1, double x2, double y2) {
 }
 
 void PictureBox::LineTo(double x, double y) {
-    DrawOperation line = Pen(OfKind::Line);
+    DrawOperation line = Pen(OperationKind::Line);
     MoveTo(x, y);
     line.X2 = CurrentX;
     line.Y2 = CurrentY;
@@ -31,7 +31,7 @@ void PictureBox::LineTo(double x, double y) {
 }
 
 void PictureBox::BoxTo(double x, double y) {
-    DrawOperation box = Pen(OfKind::Box);
+    DrawOperation box = Pen(OperationKind::Box);
     MoveTo(x, y);
     box.X2 = CurrentX;
     box.Y2 = CurrentY;
@@ -40,26 +40,27 @@ void PictureBox::BoxTo(double x, double y) {
 
 void PictureBox::Circle(double x, double y, double radius) {
     MoveTo(x, y);
-    DrawOperation circle = Pen(OfKind::Circle);
+    DrawOperation circle = Pen(OperationKind::Circle);
     circle.X2 = ToSingle(radius);
     Add(circle);
 }
 
 void PictureBox::Circle(double x, double y, double radius, double start, double end) {
     MoveTo(x, y);
-    DrawOperation arc = Pen(OfKind::Circle);
+    DrawOperation arc = Pen(OperationKind::Circle);
     arc.X2 = ToSingle(radius);
     arc.Start = ToSingle(start);
     arc.End = ToSingle(end);
     Add(arc);
 }
 
-DrawOperation PictureBox::Pen(OfKind what) const {
+DrawOperation PictureBox::Pen(OperationKind what) const {
     DrawOperation operation;
     operation.What = what;
     operation.Style = static_cast<std::uint8_t>(DrawStyle);
     operation.Mode = static_cast<std::uint8_t>(DrawMode);
-    operation.Fill = static_cast<std::uint8_t>(what == OfKind::Line ? fill_style::Transparent : FillStyle);
+    operation.Fill =
+        static_cast<std::uint8_t>(what == OperationKind::Line ? fill_style::Transparent : FillStyle);
     operation.Ink = ForeColor;
     operation.FillInk = FillColor;
     operation.X1 = CurrentX;
@@ -73,7 +74,7 @@ void PictureBox::Add(const DrawOperation& operation) {
     if (operations_.size() >= MostOperations && OnFull && OnFull()) {
         before_ += static_cast<long long>(operations_.size());
         operations_.clear();
-        operations_.push_back({.What = OfKind::Picture});
+        operations_.push_back({.What = OperationKind::Picture});
     }
     operations_.push_back(operation);
     Control::Changed(PropertyId::Operations);
@@ -83,7 +84,7 @@ void PictureBox::BeginList() {
     before_ += static_cast<long long>(operations_.size());
     operations_.clear();
     Kept = {};
-    operations_.push_back({.What = OfKind::Clear, .Ink = BackColor});
+    operations_.push_back({.What = OperationKind::Clear, .Ink = BackColor});
     Control::Changed(PropertyId::Operations);
 }
 

@@ -11,11 +11,11 @@ namespace kvt {
 
 namespace {
 
-using OfKind = DrawOperation::Kind;
+using OperationKind = DrawOperation::Kind;
 
-constexpr double twipsAPoint = 15;  // where a pen of width 1 is one point wide
-constexpr double hatchStep = 8;     // widths of such a pen
-constexpr double dashes = 2;        // as long as the gaps between them
+constexpr double twipsPerPoint = 15;  // where a pen of width 1 is one point wide
+constexpr double hatchStep = 8;       // widths of such a pen
+constexpr double dashes = 2;          // as long as the gaps between them
 constexpr double fullTurn = 2 * std::numbers::pi;
 // From this width on a stroke along an axis is as smooth at its ends as any other.
 constexpr double wide = 3;
@@ -34,12 +34,12 @@ struct Span {
 
 class PicturePainter {
 public:
-    PicturePainter(const PictureBox& field, const FieldArea& area, double pointsATwip)
+    PicturePainter(const PictureBox& field, const FieldArea& area, double pointsPerTwip)
         : field_(field),
-          scale_(pointsATwip),
-          penScale_(std::max(1.0, pointsATwip * twipsAPoint)),
-          originX_(std::round(area.Left * pointsATwip)),
-          originY_(std::round(area.Top * pointsATwip)) {
+          scale_(pointsPerTwip),
+          penScale_(std::max(1.0, pointsPerTwip * twipsPerPoint)),
+          originX_(std::round(area.Left * pointsPerTwip)),
+          originY_(std::round(area.Top * pointsPerTwip)) {
         picture_.Width = std::max(1, static_cast<int>(std::lround(area.Width * scale_)));
         picture_.Height = std::max(1, static_cast<int>(std::lround(area.Height * scale_)));
         picture_.Points.assign(Size(), field.BackColor);
@@ -75,11 +75,11 @@ public:
             ++inversion_;
         }
         switch (one.What) {
-            case OfKind::Line: Stroke(X(one.X1), Y(one.Y1), X(one.X2), Y(one.Y2)); break;
-            case OfKind::Box: PaintBox(); break;
-            case OfKind::Circle: PaintCircle(); break;
-            case OfKind::Clear:
-            case OfKind::Picture: break;
+            case OperationKind::Line: Stroke(X(one.X1), Y(one.Y1), X(one.X2), Y(one.Y2)); break;
+            case OperationKind::Box: PaintBox(); break;
+            case OperationKind::Circle: PaintCircle(); break;
+            case OperationKind::Clear:
+            case OperationKind::Picture: break;
         }
     }
 
@@ -294,8 +294,8 @@ private:
 
 }  // namespace
 
-Pixels PaintPicture(const PictureBox& field, const FieldArea& area, double pointsATwip) {
-    PicturePainter painter(field, area, pointsATwip);
+Pixels PaintPicture(const PictureBox& field, const FieldArea& area, double pointsPerTwip) {
+    PicturePainter painter(field, area, pointsPerTwip);
     painter.PaintKept();
     for (const DrawOperation& one : SeenIn(field.Operations(), area)) painter.Paint(one);
     return painter.Take();

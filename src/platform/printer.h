@@ -31,7 +31,7 @@ public:
     // Prints a window as it stands on the screen, as large as the page has room for it.
     virtual void PrintForm(const Form& form) = 0;
 
-    // Face and size, in points, of what is printed from now on.
+    // Font and size, in points, of what is printed from now on.
     std::string FontName;
     double FontSize = 10;
 };

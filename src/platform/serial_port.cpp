@@ -58,7 +58,7 @@ int SerialPort::Unsent() const {
     return static_cast<int>(std::ceil(MillisecondsLeft() / Line().CharacterMilliseconds() - 1e-6));
 }
 
-void LinePace::Give(double now, std::size_t bytes, const LineSettings& line) {
+void LinePace::Add(double now, std::size_t bytes, const LineSettings& line) {
     free_ = std::max(free_, now) + static_cast<double>(bytes) * line.CharacterMilliseconds();
 }
 

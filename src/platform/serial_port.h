@@ -56,7 +56,7 @@ public:
     // closed.
     virtual double MillisecondsLeft() const = 0;
     // How much earlier than that the next line is to be given, so that the line stays busy.
-    virtual double Lead() const { return 0; }
+    virtual double LeadTime() const { return 0; }
     // Characters accepted and not sent yet.
     int Unsent() const;
     // All that has come since the last call. Error 8018 where the port is closed.
@@ -84,9 +84,9 @@ private:
 class LinePace {
 public:
     // Takes bytes on at a time; they go behind what is still under way.
-    void Give(double now, std::size_t bytes, const LineSettings& line);
+    void Add(double now, std::size_t bytes, const LineSettings& line);
     double Left(double now) const { return free_ > now ? free_ - now : 0; }
-    void Forget() { free_ = 0; }
+    void Reset() { free_ = 0; }
 
 private:
     double free_ = 0;
@@ -95,7 +95,7 @@ private:
 // Tells a device that takes nothing from one that is slow. Times are milliseconds of any clock.
 class LineWatch {
 public:
-    void Give(std::size_t bytes) { given_ += static_cast<long long>(bytes); }
+    void Add(std::size_t bytes) { given_ += static_cast<long long>(bytes); }
     // For how long nothing has left, with so many bytes waiting and so many milliseconds of their time on the line
     // still to go.
     double Stalled(double now, std::size_t waiting, double left);

@@ -95,7 +95,7 @@ public:
     // A window's place, moved and made smaller where no screen would show all of it.
     virtual WindowPlace OnScreen(const WindowPlace& place) = 0;
     // How fine it is: the points of a picture that shows what it shows.
-    virtual double PointsATwip() = 0;
+    virtual double PointsPerTwip() = 0;
 };
 
 class SystemService {
@@ -107,7 +107,7 @@ public:
     // Work that goes on, no wait, calls this often, with the number of its turn from 1: what has come up is
     // delivered every now and then, at least every 50 ms. False when the work is to end: the program has, or
     // nothing can end endless work any more.
-    virtual bool Breathe(long long turn) = 0;
+    virtual bool ServeEvents(long long turn) = 0;
     // A wait that ends by itself: serves events until left, asked over and over, gives no more milliseconds that
     // are to pass. False when the program has ended.
     virtual bool WaitUntil(const std::function<double()>& left) = 0;

@@ -25,7 +25,9 @@ bool TakesKeys(ControlKind kind) {
 }
 
 bool TakesTab(const Control& control) {
-    return TakesKeys(control.Kind()) && control.TabIndex >= 0 && control.ReallyVisible() &&
+    // A scroll bar that the mouse moves leaves the keys where they are; Tab alone goes there.
+    const bool scrolls = control.Kind() == ControlKind::ScrollBar || control.Kind() == ControlKind::UpDown;
+    return (TakesKeys(control.Kind()) || scrolls) && control.TabIndex >= 0 && control.ReallyVisible() &&
            control.ReallyEnabled();
 }
 
@@ -41,10 +43,16 @@ Control* NextInTabOrder(Control& from, bool backwards) {
     return next != &from ? next : nullptr;
 }
 
-Control* FirstInTabOrder(const Form& form) {
+Control* FirstInTabOrder(const Control& container) {
+    const auto lies = [&](const Control* control) {
+        while (control->Container && control != &container) control = control->Container;
+        return control == &container;
+    };
     std::vector<Control*> stops;
-    std::copy_if(form.Controls().begin(), form.Controls().end(), std::back_inserter(stops),
-                 [](const Control* control) { return TakesTab(*control); });
+    const std::vector<Control*>& all = container.OwningForm().Controls();
+    std::copy_if(all.begin(), all.end(), std::back_inserter(stops), [&](const Control* control) {
+        return control != &container && lies(control) && TakesTab(*control);
+    });
     const auto first = std::min_element(stops.begin(), stops.end(), Before);
     return first == stops.end() ? nullptr : *first;
 }

@@ -4,7 +4,7 @@
 
 namespace kvt {
 
-// Whether controls of a kind take keys.
+// Whether controls of a kind take keys from whatever gives them the focus.
 bool TakesKeys(ControlKind kind);
 
 // Whether the Tab key stops at a control: one of a kind that takes keys, with a tab index, to be seen and enabled.
@@ -13,6 +13,7 @@ bool TakesTab(const Control& control);
 // The stop after a control in the order of the tab indices, round the end of its form; null where there is no
 // other.
 Control* NextInTabOrder(Control& from, bool backwards);
-Control* FirstInTabOrder(const Form& form);
+// The first stop inside a form, a frame or the page of a tab strip that is in front; null where there is none.
+Control* FirstInTabOrder(const Control& container);
 
 }  // namespace kvt

@@ -12,7 +12,7 @@ constexpr std::size_t drawButton = 7;
 void mnuDraw_Click(Workbench& bench) {
     // A walk may take its time: the window comes forward before it.
     Form& window = bench.Draw.Controls.frmDraw;
-    if (window.Visible && !bench.Draw.State.DrawPending) {
+    if (window.Visible && !bench.Draw.State.Opening()) {
         window.BringToFront();
         bench.Platform.Focus.SetFocus(bench.Draw.Controls.pbxDrawField);
     }
@@ -25,8 +25,8 @@ void GoToCodeField(Workbench& bench) {
 }
 
 void ShowEditor(Workbench& bench) {
-    bench.Draw.Editor.GiveBack();
-    bench.Draw.Editor.ScrollBack();
+    bench.Draw.Editor.RestoreSelection();
+    bench.Draw.Editor.RestoreScroll();
     bench.frmMain.Visible = true;
     // First, so that the field that had the keys last is not passed through on the way.
     GoToCodeField(bench);
@@ -44,7 +44,7 @@ void WireDrawing(Workbench& bench) {
     // From below the drawing is repainted where it is, not brought up: another program has come into the editor, and
     // that of a walk that stands has gone.
     bench.Calls.mnuDraw_Click = [&draw] {
-        if (draw.State.Walking) draw.State.StopRequested = true;
+        if (draw.State.Walking()) draw.State.StopRequested = true;
         if (draw.Controls.frmDraw.Visible) draw.State.FitNext = true;
         draw.ShowLater();
     };
@@ -55,15 +55,15 @@ void WireDrawing(Workbench& bench) {
         if (draw.Controls.frmDraw.Visible) draw.Form_QueryUnload();
     };
     draw.ShowEditor = [&bench] { ShowEditor(bench); };
-    draw.GiveKeysBack = [&bench] { GoToCodeField(bench); };
+    draw.RestoreFocus = [&bench] { GoToCodeField(bench); };
     // Before a press on a row selects it: also on the row that the drawing has selected.
-    bench.Store.lvCncProgram.OnGotFocus = [&draw] { draw.Editor.GiveBack(); };
+    bench.Store.lvCncProgram.OnGotFocus = [&draw] { draw.Editor.RestoreSelection(); };
 }
 
 void RefreshDrawCommands(Workbench& bench) {
     const bool hasLines = bench.Store.LineCount() > 0;
     bench.Main.mnuDraw.Enabled = hasLines;
-    bench.Main.cmdTopButtons[drawButton]->Enabled = hasLines && !bench.Draw.State.DrawPending;
+    bench.Main.cmdTopButtons[drawButton]->Enabled = hasLines && !bench.Draw.State.Opening();
 }
 
 }  // namespace kvt

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdio>
 
+#include "basic/line_end.h"
 #include "basic/number.h"
 #include "basic/stack_guard.h"
 
@@ -38,7 +39,7 @@ void ErrorLog::ReportError(int number, const std::string& description, const std
     if (DataFolder.empty()) return;
     try {
         const std::string record = TimeStamp(services_.System.Now()) + "," + PlainNumber(number) + ",\"" +
-                                   description + "\",\"" + procedureName + "\"\r\n";
+                                   description + "\",\"" + procedureName + "\"" + std::string(LineEnd);
         services_.Files.Append(DataFolder + "Errors.log", record);
     } catch (const RunTimeError&) {
         // A folder that is missing or protected: the program goes on without a log.

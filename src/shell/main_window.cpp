@@ -2,6 +2,7 @@
 
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "files/questions.h"
 #include "platform/keys.h"
 #include "shell/draw_wiring.h"
 #include "shell/layout.h"
@@ -62,11 +63,11 @@ void MainWindow::WireMenus() {
     main.RCmnuDelete.OnClick = [this] { bench_.Lines.LineDelete(); };
     // Beside the list: the line that they work on is to be seen.
     main.cmdInsert.OnClick = [this] {
-        bench_.Draw.Editor.ScrollBack();
+        bench_.Draw.Editor.RestoreScroll();
         bench_.Lines.LineInsert();
     };
     main.cmdDelete.OnClick = [this] {
-        bench_.Draw.Editor.ScrollBack();
+        bench_.Draw.Editor.RestoreScroll();
         bench_.Lines.LineDelete();
     };
     for (const auto& button : main.cmdTopButtons) {
@@ -110,7 +111,7 @@ void MainWindow::WireOptions() {
 void MainWindow::WireKeys() {
     bench_.File.txtFileNotes.OnKeyPress = [this](int& character) { txtFileNotes_KeyPress(character); };
     bench_.frmMain.OnKeyDown = [this](int pressed, int held) {
-        bench_.Draw.Editor.ScrollBack();
+        bench_.Draw.Editor.RestoreScroll();
         if (bench_.Help.TakeKey(pressed, held) || pressed != key::Escape) return;
         if (bench_.Transfer.frRXcode.Visible) bench_.Received.cmdReceiveExit_Click();
         bench_.Main.tabSettings.Visible = false;
@@ -192,8 +193,8 @@ void MainWindow::FitSmallScreen() {
 
 void MainWindow::Form_Activate() {
     bench_.Draw.Listing.Hide();
-    bench_.Draw.Editor.GiveBack();
-    bench_.Entry.NoteFeeds();
+    bench_.Draw.Editor.RestoreSelection();
+    bench_.Entry.RememberFeeds();
     bench_.File.lblFileName.Left = 60;
     MainControls& main = bench_.Main;
     for (Control* document : std::initializer_list<Control*>{
@@ -298,11 +299,8 @@ void MainWindow::mnuExit_Click() {
     bool dropped = false;
     // 1. There is no way back from this question.
     if (store.LineCount() > 0 && store.Unsaved()) {
-        const Texts& texts = bench_.Language;
-        const Answer answer = bench_.Platform.Dialogs.ShowMessage(
-            Question(texts.MessageTexts(text::SaveNow), texts.MessageTexts(text::ContinueTitle)));
-        if (answer == Answer::Yes) bench_.Writer.mnuSave_Click();
-        dropped = answer != Answer::Yes;
+        dropped = !AskToSave(bench_.Platform.Dialogs, bench_.Language);
+        if (!dropped) bench_.Writer.mnuSave_Click();
     }
     bench_.Kept.End(dropped);
     // 2., 3.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "basic/line_end.h"
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
@@ -20,7 +21,6 @@ constexpr std::string_view extension = ".txt";
 // Behind the units line, in front of the program's name, or of that of the source it was converted from.
 constexpr std::string_view nameMark = "\r\n;Recovered file: ";
 constexpr std::string_view sourceMark = "\r\n;Converted file: ";
-constexpr std::string_view lineEnd = "\r\n";
 constexpr int interval = 500;  // milliseconds
 
 struct OldName {
@@ -36,7 +36,7 @@ OldName NameIn(std::string_view text) {
         if (at == std::string_view::npos || at < last) continue;
         last = at;
         const std::string_view behind = text.substr(at + mark.size());
-        found = {std::string(behind.substr(0, behind.find(lineEnd))), mark == sourceMark};
+        found = {std::string(behind.substr(0, behind.find(LineEnd))), mark == sourceMark};
     }
     return found;
 }
@@ -70,9 +70,9 @@ void Recovery::tmrRecovery_Timer() {
 std::string Recovery::Text() const {
     std::string text = bench_.Writer.GenerateAll();
     // The last line has its end already.
-    text += (bench_.File.NamesSource ? sourceMark : nameMark).substr(lineEnd.size());
+    text += (bench_.File.NamesSource ? sourceMark : nameMark).substr(LineEnd.size());
     text += bench_.File.lblPath.Caption.Get();
-    text += lineEnd;
+    text += LineEnd;
     return text;
 }
 
@@ -147,7 +147,7 @@ void Recovery::Bring(const std::string& file, const std::string& text) {
     // The line end that the notes gain with each load is not theirs.
     TextBox& notes = bench_.File.txtFileNotes;
     const std::string_view held = notes.Text;
-    if (held.ends_with(lineEnd)) notes.Text = std::string(held.substr(0, held.size() - lineEnd.size()));
+    if (held.ends_with(LineEnd)) notes.Text = std::string(held.substr(0, held.size() - LineEnd.size()));
     if (file == FileName()) {
         kept_ = text;
         return;

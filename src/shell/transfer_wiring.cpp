@@ -55,6 +55,19 @@ void WireSettingsPage(Workbench& bench) {
     transfer.mnuCOM.OnClick = [&bench, page] { bench.Window.ShowSettings(page); };
 }
 
+// The button has gone with the view; the next key is a code.
+void GiveKeysToEditor(Workbench& bench) {
+    for (CommandButton* button : {&bench.Transfer.cmdReceiveImport, &bench.Transfer.cmdReceiveExit}) {
+        button->OnClick = [&bench, leave = std::move(button->OnClick)] {
+            leave();
+            const bool inEditor = !bench.Transfer.frRXcode.Visible && bench.Entry.txtGMcode.ReallyVisible();
+            const Control* const focused = bench.Platform.Focus.Focused();
+            if (inEditor && focused && !focused->ReallyVisible())
+                bench.Platform.Focus.SetFocus(bench.Entry.txtGMcode);
+        };
+    }
+}
+
 void OrderTabs(TransferControls& transfer) {
     int next = 1000;  // behind all that the window has of its own
     transfer.chkEnableCom.TabIndex = next++;
@@ -115,6 +128,7 @@ void WireTransfer(Workbench& bench) {
     WireMenus(bench);
     WireSettingsPage(bench);
     OrderTabs(bench.Transfer);
+    GiveKeysToEditor(bench);
     ListView& list = bench.Store.lvCncProgram;
     UnlessHeld(bench, list.OnClick);
     UnlessHeld(bench, list.OnRightClick);

@@ -1,5 +1,6 @@
 #include "shell/workbench.h"
 
+#include "files/questions.h"
 #include "shell/draw_wiring.h"
 #include "shell/layout.h"
 #include "shell/transfer_wiring.h"
@@ -298,14 +299,12 @@ void Workbench::ClearProgram_Click() {
     cmdReturn_Click();
     // 2.
     if (Store.LineCount() > 0 && Store.Unsaved()) {
-        const Answer answer = Platform.Dialogs.ShowMessage(
-            Question(Language.MessageTexts(text::ClearAnyway), Language.MessageTexts(text::ClearTitle)));
-        if (answer == Answer::No) return;
+        if (!AskToClear(Platform.Dialogs, Language)) return;
         // He had it saved, so far as he could.
         if (Store.SaveFailed) Kept.KeepAside();
     }
     // 3. A row of this program is none of the next one.
-    Draw.Editor.GiveBack();
+    Draw.Editor.RestoreSelection();
     Store.lvCncProgram.Clear();
     Entry.txtGMcode.Text = "";
     Entry.txtComment.Text = "";

@@ -46,7 +46,7 @@ OutgoingAmount AmountOf(std::string_view text, bool filter) {
     OutgoingAmount amount;
     OutgoingLines lines(text, filter);
     for (std::string line; lines.Next(line); ++amount.Lines)
-        amount.Characters += line.size() + cnc::LineEnd.size();
+        amount.Characters += line.size() + LineEnd.size();
     return amount;
 }
 

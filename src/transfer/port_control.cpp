@@ -68,7 +68,7 @@ int PortControl::CountPorts() {
             return number - 1;
         }
     }
-    // One more than there are: deliberate.
+    // One more than there are, by which StartPort sees that the last one opened too.
     return PortCount + 1;
 }
 
@@ -82,7 +82,7 @@ void PortControl::StartPort() {
             return number == fault::PortAlreadyOpen || number == fault::PortNotOpen;
         });
     };
-    // 1., 2. Where all four ports open, the fifth button is missed and that is reported: deliberate.
+    // A port of the settings file that does not exist becomes the last one that does.
     for (PortSide* side : {&TX(), &RX()}) {
         side->Port = std::min(side->Port, found);
         for (const auto& option : side->optPort) {
@@ -90,24 +90,23 @@ void PortControl::StartPort() {
             option->ToolTip = Port().DeviceName(option->Index() + 1);
         }
     }
+    // Where all four ports open there is no fifth button: Errors.log then tells that all ports were found.
     for (int index = 0; index < found; ++index) {
         Attempt(formLoadName, [&] {
             TX().optPort[index].Enabled = true;
             RX().optPort[index].Enabled = true;
         });
     }
-    // 3. CountPorts has left the last port open where all open.
+    // CountPorts has left the last port open where all open.
     if (found > 0) {
         for (PortSide* side : {&TX(), &RX()}) side->optPort.Select(side->Port - 1);
         attempt([&] { Port().Close(); });
         attempt([&] { Port().SetCommPort(TX().Port); });
         attempt([&] { Port().SetSettings(TX().Settings); });
     } else {
-        // 4.
         SwitchOff();
         parts_.Controls.chkEnableCom.Enabled = false;
     }
-    // 5.
     if (!ComEnabled) return attempt([&] { Port().Close(); });
     attempt([&] {
         if (!Port().IsOpen()) Port().Open();

@@ -7,6 +7,7 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "files/cnc_format.h"
+#include "files/questions.h"
 #include "files/recogniser.h"
 
 namespace kvt {
@@ -27,16 +28,17 @@ bool IsProgram(const Recognised& found) {
 // that is a line of a program, N and a number, four where it is a header, "N`".
 std::string WithBeginning(std::string_view text) {
     const Recognised found = Recognise(text);
+    const std::string notesEnd = std::string(cnc::NotesEnd) + std::string(LineEnd);
     std::string_view before = text.substr(0, IsProgram(found) ? found.Position - 1 : 1);
     if (before.find(cnc::NotesEnd) != std::string_view::npos) return std::string(text);
     if (IsProgram(found)) {
         // The header has kept its blanks behind what else has come: noise of the line, empty lines.
         text.remove_prefix(before.size());
-        while (before.starts_with(cnc::LineEnd)) before.remove_prefix(cnc::LineEnd.size());
-        return std::string(before) + "%\r\n" + std::string(text);
+        while (before.starts_with(LineEnd)) before.remove_prefix(LineEnd.size());
+        return std::string(before) + notesEnd + std::string(text);
     }
     const bool isLine = BeginsWithIgnoringCase(text, "N") && text.substr(1, 1) != "`";
-    return "%\r\n" + std::string(isLine ? 3 : 4, ' ') + std::string(text);
+    return notesEnd + std::string(isLine ? 3 : 4, ' ') + std::string(text);
 }
 
 }  // namespace
@@ -55,7 +57,6 @@ Receiver::~Receiver() { parts_.Platform.Port.OnComm = nullptr; }
 
 void Receiver::mnuRX_Click() {
     if (!parts_.Port.ComEnabled) return;
-    // 1.
     const bool open = Attempt(openName, [&] {
         if (!parts_.Port.Port().IsOpen()) parts_.Port.Port().Open();
     });
@@ -63,13 +64,11 @@ void Receiver::mnuRX_Click() {
         parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::PortProblem)));
         return;
     }
-    // 2., 3.
-    // Help gives way.
+    // Help gives way to what is received.
     Run(parts_.Calls.HideSettings);
     Run(parts_.Calls.cmdReturn_Click);
     Run(parts_.Calls.ControlsEnable, 0);
     ShowView(true);
-    // 4.
     cmdReceiveNew_Click();
 }
 
@@ -84,21 +83,19 @@ void Receiver::MSComm1_OnComm(CommEvent event) {
         case CommEvent::Send:
             Attempt(eventName, [&] { parts_.Port.Port().SetSettings(parts_.Port.TX().Settings); });
             break;
-        case CommEvent::Receive: return TakeCharacters();
+        case CommEvent::Receive: return AppendReceived();
         case CommEvent::Vanished: return parts_.Port.Vanished();
         case CommEvent::Refused: return parts_.Port.Refused();
     }
 }
 
-void Receiver::TakeCharacters() {
+void Receiver::AppendReceived() {
     TextBox& box = parts_.Controls.txtRX;
-    // 1. The machine has begun to send.
+    // The machine has begun to send.
     if (!parts_.Controls.frRXcode.Visible) Attempt(eventName, [&] { mnuRX_Click(); });
-    // 2.
     Attempt(eventName, [&] { parts_.Port.Port().SetSettings(parts_.Port.RX().Settings); });
-    // 3.
     if (box.ReallyVisible() && box.ReallyEnabled()) parts_.Platform.Focus.SetFocus(box);
-    // 4., 5. What comes always goes to the end, wherever the user has clicked.
+    // What comes always goes to the end, wherever the user has clicked.
     std::string text;
     Attempt(eventName, [&] { text = parts_.Port.Port().Input(); });
     Add(text);
@@ -134,7 +131,7 @@ void Receiver::cmdReceiveImport_Click() {
     // cannot be brought in it goes back in front of that, with the blanks at its ends: more of a line may follow.
     const std::string received = box.Text.Get();
     cmdReceiveNew_Click();
-    const LoadResult result = Import(Trim(received), OldProgram::KeptAside);
+    const LoadResult result = Import(Trim(received), UnsavedProgram::KeepCopy);
     const std::string rest = box.Text.Get();
     const bool taken = result == LoadResult::Loaded || result == LoadResult::LanguageModule;
     if (!taken) {
@@ -148,14 +145,13 @@ void Receiver::cmdReceiveImport_Click() {
 }
 
 // Brings a trimmed text into the editor as a changed program without a file.
-LoadResult Receiver::Import(std::string_view text, OldProgram old) {
+LoadResult Receiver::Import(std::string_view text, UnsavedProgram old) {
     FileService& files = parts_.Platform.Files;
-    // 1.
     if (text.empty()) {
         parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
         return LoadResult::Nothing;
     }
-    // 2.
+    // By way of a file it is read, and recognised, as any program is.
     const std::string scratch = SettingsFolder + "Receive.txt";
     if (files.Exists(scratch)) Attempt(importName, [&] { files.Delete(scratch); });
     const std::string whole = IsProgram(Recognise(text)) ? std::string(text) : WithBeginning(text);
@@ -164,9 +160,9 @@ LoadResult Receiver::Import(std::string_view text, OldProgram old) {
         TellUnwritten(scratch);
         return LoadResult::Nothing;
     }
-    // 3. to 5.
+    // The program is in no file of the user: its name is empty, and it counts as changed.
     LoadAs as;
-    as.Old = old;
+    as.Unsaved = old;
     as.Name = "";
     as.Changed = true;
     const std::string before = parts_.File.dlgFile.FileName;
@@ -185,13 +181,12 @@ void Receiver::TellUnwritten(const std::string& name) {
 
 void Receiver::cmdReceiveSave_Click() {
     Services& platform = parts_.Platform;
-    // 1.
     const std::string text(Trim(parts_.Controls.txtRX.Text));
     if (text.empty()) {
         platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
         return;
     }
-    // 2. A cancelled dialog gives no name, not that of the program in the editor.
+    // A cancelled dialog gives no name, not that of the program in the editor.
     FileDialog& dialog = parts_.File.dlgFile;
     const std::string before = std::exchange(dialog.FileName, {});
     dialog.CancelError = false;
@@ -201,7 +196,7 @@ void Receiver::cmdReceiveSave_Click() {
         platform.Dialogs.ShowMessage(Notice(parts_.Language.MessageTexts(text::NoFileSpecified)));
         return;
     }
-    // 3., 4. Deleting the old file and writing the new one are one step of the platform.
+    // Deleting the old file and writing the new one are one step of the platform.
     const bool written = Attempt(saveName, [&] { platform.Files.WriteWhole(name, WithBeginning(text)); });
     if (!written) TellUnwritten(name);
 }
@@ -225,18 +220,12 @@ void Receiver::cmdReceiveExit_Click() {
 }
 
 void Receiver::LoadClipboardModule() {
-    const Texts& texts = parts_.Language;
     if (parts_.Port.IsSending) return parts_.Platform.System.Beep();
-    // 1.
-    if (parts_.Store.LineCount() > 0 && parts_.Store.Unsaved()) {
-        const Answer answer = parts_.Platform.Dialogs.ShowMessage(
-            Question(texts.MessageTexts(text::ClearAnyway), texts.MessageTexts(text::ClearTitle)));
-        if (answer == Answer::No) return;
-    }
-    // 2., 3.
+    const bool asks = parts_.Store.LineCount() > 0 && parts_.Store.Unsaved();
+    if (asks && !AskToClear(parts_.Platform.Dialogs, parts_.Language)) return;
     std::string text;
     Attempt(clipboardName, [&] { text = parts_.Platform.Clipboard.GetText(); });
-    if (Import(Trim(text), OldProgram::GivenUp) == LoadResult::Loaded) cmdReceiveExit_Click();
+    if (Import(Trim(text), UnsavedProgram::Discard) == LoadResult::Loaded) cmdReceiveExit_Click();
 }
 
 }  // namespace kvt

@@ -51,12 +51,12 @@ public:
     void LoadClipboardModule();
 
 private:
-    void TakeCharacters();
+    void AppendReceived();
     void Add(std::string_view text);
     void Count(std::string_view text);
     void ShowCount();
     void ShowView(bool shown);
-    LoadResult Import(std::string_view text, OldProgram old);
+    LoadResult Import(std::string_view text, UnsavedProgram old);
     void TellUnwritten(const std::string& name);
 
     Parts parts_;

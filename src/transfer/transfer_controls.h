@@ -38,7 +38,7 @@ struct PortSide {
     Frame frSide;  // frTX, frRX
     Frame frPort, frBaud, frParity, frDataBits, frStopBits, frHandshake;
     OptionGroup optPort, optBaud, optParity, optDataBits, optStopBits;
-    // The handshake is stored and compared with the standard, but never passed to the port: deliberate, the
+    // The handshake is stored and compared with the standard, but never passed to the port: the
     // machines have none.
     CheckBox chkXonXoff, chkDtrDsr, chkRtsCts;
     CheckBox chkFilter;

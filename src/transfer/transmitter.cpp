@@ -39,17 +39,14 @@ bool Transmitter::Attempt(const std::function<void()>& statement) {
 void Transmitter::mnuTX_Click() {
     if (sending_) return;
     ProgramStore& store = parts_.Store;
-    // 1.
     if (store.LineCount() < 1) {
         parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
         return;
     }
-    // 2.
     if (!parts_.Port.ComEnabled) return parts_.Platform.System.Beep();
     Run(parts_.Calls.HideSettings);
     // Without a port there is nothing to begin.
     if (!OpenPort()) return;
-    // 4.
     sending_ = true;
     store.TransmitActive = true;
     parts_.Port.IsSending = true;
@@ -57,10 +54,9 @@ void Transmitter::mnuTX_Click() {
     WasCut = false;
     lastLine_.clear();
     selectedBefore_ = store.lvCncProgram.SelectedRow();
-    // 5., 6.
+    // What is sent is a whole program: the end code that it lacks is added, and stays.
     parts_.Writer.AddEndCode();
     Freeze();
-    // 7. to 11.
     if (!MakeScratch(text_)) return Finish();
     Begin();
     while (sending_) {
@@ -68,18 +64,17 @@ void Transmitter::mnuTX_Click() {
         const bool alive = parts_.Platform.System.WaitUntil(
             [this, before] { return sending_ && steps_ == before ? LeftOfStep() : 0; });
         if (!alive) Stop();
-        if (steps_ == before) TakeStep();
+        if (steps_ == before) RunStep();
     }
 }
 
 void Transmitter::Finish() {
     ProgramStore& store = parts_.Store;
-    // 12.
     if (parts_.Platform.Files.Exists(scratch_)) Attempt([&] { parts_.Platform.Files.Delete(scratch_); });
     Attempt([&] { store.lvCncProgram.Select(selectedBefore_); });
     Attempt([&] { store.lvCncProgram.EnsureVisible(selectedBefore_); });
     store.lvCncProgram.RowsChanged();
-    Thaw();
+    Unfreeze();
     TellVanished();
     parts_.Port.TellPending();
     parts_.Port.IsSending = false;
@@ -108,7 +103,7 @@ void Transmitter::Freeze() {
     parts_.tmr1sec.Enabled = false;
 }
 
-void Transmitter::Thaw() {
+void Transmitter::Unfreeze() {
     parts_.tmr1sec.Enabled = true;
     Form& form = parts_.cmdStop.OwningForm();
     form.MousePointer = pointer::Usual;
@@ -149,15 +144,15 @@ void Transmitter::Begin() {
     allLines_ = left_.Lines;
     lines_.emplace(text_, filter);
     draining_ = false;
-    TakeStep();
+    RunStep();
 }
 
 double Transmitter::LeftOfStep() const {
     const SerialPort& port = parts_.Port.Port();
-    return port.MillisecondsLeft() - (draining_ ? 0 : port.Lead());
+    return port.MillisecondsLeft() - (draining_ ? 0 : port.LeadTime());
 }
 
-void Transmitter::TakeStep() {
+void Transmitter::RunStep() {
     // A message may stand in the one before.
     const StackGuard guard(stepping_);
     if (!guard.Entered()) return;
@@ -175,7 +170,7 @@ void Transmitter::SetTimer() {
 void Transmitter::tmrTransmit_Timer() {
     tmrTransmit.Enabled = false;
     if (!sending_ || stepping_) return;
-    LeftOfStep() > 0 ? SetTimer() : TakeStep();
+    LeftOfStep() > 0 ? SetTimer() : RunStep();
 }
 
 // Gives the next line to the port; the little that it is to be early is in the wait for it.
@@ -191,17 +186,17 @@ void Transmitter::NextLine() {
         return;
     }
     ShowProgress();
-    Give(line);
+    SendLine(line);
     --left_.Lines;
-    left_.Characters -= line.size() + cnc::LineEnd.size();
+    left_.Characters -= line.size() + LineEnd.size();
 }
 
-void Transmitter::Give(const std::string& line) {
+void Transmitter::SendLine(const std::string& line) {
     SerialPort& port = parts_.Port.Port();
     // The settings that a reception has left would spoil it.
     Attempt([&] { port.SetSettings(parts_.Port.TX().Settings); });
     Attempt([&] {
-        port.Output(line + std::string(cnc::LineEnd));
+        port.Output(line + std::string(LineEnd));
         lastLine_ = line;
     });
     ShowRow(line);
@@ -211,7 +206,7 @@ void Transmitter::ShowRow(std::string_view line) {
     ListView& list = parts_.Store.lvCncProgram;
     int row = 0;
     Attempt([&] { row = RowOfLine(line, mk2_); });
-    // Line 00 stands in row 1, which is not shown: deliberate.
+    // Row 1 is the one of line 00, which the "%", the header and the notes count for too: it is not shown for any.
     if (row <= 1) return;
     Attempt([&] { list.EnsureVisible(row); });
     Attempt([&] { list.Select(row); });
@@ -221,7 +216,7 @@ void Transmitter::ShowRow(std::string_view line) {
 void Transmitter::SendUnits() {
     // A reception meanwhile has put the port to its own settings.
     Attempt([&] { parts_.Port.Port().SetSettings(parts_.Port.TX().Settings); });
-    const std::string units = (metric_ ? "M" : "\"") + std::string(cnc::LineEnd);
+    const std::string units = (metric_ ? "M" : "\"") + std::string(LineEnd);
     Attempt([&] { parts_.Port.Port().Output(units); });
 }
 

@@ -52,18 +52,18 @@ private:
     bool Attempt(const std::function<void()>& statement);
     bool OpenPort();
     void Freeze();
-    void Thaw();
+    void Unfreeze();
     bool MakeScratch(std::string& text);
     // A step gives a line, or behind the last one ends the transmission; the milliseconds until the next one is due.
     void Begin();
     double LeftOfStep() const;
-    void TakeStep();
+    void RunStep();
     void SetTimer();
     void tmrTransmit_Timer();
     void NextLine();
     void Finish();
     void SendUnits();
-    void Give(const std::string& line);
+    void SendLine(const std::string& line);
     void ShowRow(std::string_view line);
     void ShowProgress();
     void TellVanished();

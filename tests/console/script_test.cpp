@@ -3,8 +3,8 @@
 #include <filesystem>
 
 #include "console/commands.h"
-#include "headless/confinement.h"
 #include "support/bench_fixture.h"
+#include "system/confinement.h"
 
 namespace kvt::test {
 

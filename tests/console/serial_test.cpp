@@ -37,7 +37,7 @@ std::string Expected(const std::string& file, bool filter) {
     return expected;
 }
 
-constexpr double haste = 1000;
+constexpr double speedUp = 1000;
 
 }  // namespace
 
@@ -48,7 +48,7 @@ TEST(SerialTest, EverySampleCrossesAPseudoTerminalByteForByte) {
     for (const std::string& sample : Samples()) {
         for (const bool filter : {true, false}) {
             const PseudoTerminal terminal;
-            SerialBench bench(terminal.Path(), settings[next++ % std::size(settings)], haste);
+            SerialWorkbench bench(terminal.Path(), settings[next++ % std::size(settings)], speedUp);
             std::string name = sample;
             ASSERT_EQ(bench.Bench->Reader.LoadFile(name), LoadResult::Loaded);
             bench.Bench->Writer.AddEndCode();
@@ -70,10 +70,10 @@ TEST(SerialTest, EverySampleCrossesAPseudoTerminalByteForByte) {
 
             PlayedMachine::Line line;
             line.Handle = terminal.Handle();
-            line.Haste = haste;
+            line.SpeedUp = speedUp;
             PlayedMachine machine(line);
             std::thread other([&] {
-                machine.Give(file);
+                machine.SendProgram(file);
                 over = true;
             });
             bench.System.OnLook = nullptr;
@@ -91,19 +91,19 @@ TEST(SerialTest, EverySampleCrossesAPseudoTerminalByteForByte) {
 
 TEST(SerialTest, ThePlayedMachineTakesUpToTheUnitsMarkAndCanDrop) {
     const PseudoTerminal terminal;
-    SerialBench bench(terminal.Path(), "300,N,8,1", haste);
+    SerialWorkbench bench(terminal.Path(), "300,N,8,1", speedUp);
     bench.Port.Open();
     PlayedMachine::Line line;
     line.Handle = terminal.Handle();
-    line.Haste = haste;
+    line.SpeedUp = speedUp;
     std::string received;
     bench.Port.Output("notes with M\r\n%\r\n    00M30\r\n   M\r\nmore");
-    EXPECT_EQ(PlayedMachine(line).Take(received), TransferEnd::Well);
+    EXPECT_EQ(PlayedMachine(line).Receive(received), TransferEnd::Completed);
     EXPECT_EQ(received, "notes with M\r\n%\r\n    00M30\r\n   M\r\n");
     line.DropAfter = 3;
     bench.Port.Output("12345");
     received.clear();
-    EXPECT_EQ(PlayedMachine(line).Take(received), TransferEnd::Dropped);
+    EXPECT_EQ(PlayedMachine(line).Receive(received), TransferEnd::CutOff);
 
     struct Case {
         const char* Line;
@@ -118,7 +118,7 @@ TEST(SerialTest, ThePlayedMachineTakesUpToTheUnitsMarkAndCanDrop) {
 
 TEST(SerialTest, ADeviceThatTakesNothingEndsTheSending) {
     const PseudoTerminal terminal;
-    SerialBench bench(terminal.Path(), "9600,N,8,1", haste);
+    SerialWorkbench bench(terminal.Path(), "9600,N,8,1", speedUp);
     bench.Port.LongestStall = 50;
     bench.Port.Open();
     // More than the driver takes from the one end while nobody reads at the other one.
@@ -128,12 +128,12 @@ TEST(SerialTest, ADeviceThatTakesNothingEndsTheSending) {
     EXPECT_EQ(bench.Platform.Dialogs.Shown.size(), 1u);
 
     LineWatch watch;
-    watch.Give(10);
+    watch.Add(10);
     EXPECT_EQ(watch.Stalled(0, 10, 300), 0);
     EXPECT_EQ(watch.Stalled(200, 10, 100), 0);
     EXPECT_EQ(watch.Stalled(450, 10, 0), 150);
     // The next line is given when one has left: as many wait as before, and yet the line has moved.
-    watch.Give(10);
+    watch.Add(10);
     EXPECT_EQ(watch.Stalled(500, 10, 0), 0);
 }
 

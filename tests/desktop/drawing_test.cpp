@@ -101,7 +101,7 @@ TEST_F(DesktopDrawing, APressInTheListFindsTheRowThatIsSeen) {
             platform.Services.Focus.SetFocus(Controls().pbxDrawField);
             QTimer user;
             user.callOnTimeout([&] {
-                if (!bench.Draw.State.Walking || !Controls().cmdStep.Enabled) return;
+                if (!bench.Draw.State.Walking() || !Controls().cmdStep.Enabled) return;
                 if (list.TopRow() < 4) return Controls().cmdStep.Click();
                 user.stop();
                 // The walk's own row too.

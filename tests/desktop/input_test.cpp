@@ -151,7 +151,7 @@ TEST_F(DesktopInput, TextAndSelectionGoBothWays) {
     EXPECT_EQ(txtA.Text.Get(), "9");
     EXPECT_EQ(txtA.Selection.Get(), (TextSelection{1, 0}));
     Key(Qt::Key_Home, Qt::ShiftModifier);
-    EXPECT_EQ(txtA.Selection.Get(), (TextSelection{0, 1}));
+    EXPECT_EQ(txtA.Selection.Get(), (TextSelection{0, 1, true}));
     EXPECT_EQ(changes, 2);
     // A handler that writes another text has the last word.
     txtB.OnChange = [&] {

@@ -137,7 +137,7 @@ TEST_F(PictureTest, WorkThatGoesOnIsNotDeaf) {
     clock.start();
     for (long long turn = 1; !stopped && clock.elapsed() < 5000; ++turn) {
         Line(60, 40, 120, 40);
-        platform.Services.System.Breathe(turn);
+        platform.Services.System.ServeEvents(turn);
     }
     EXPECT_TRUE(stopped);
     EXPECT_LT(clock.elapsed(), 1000);

@@ -8,9 +8,9 @@
 
 #include "desktop/desktop_platform.h"
 #include "desktop/form_view.h"
-#include "headless/disk_files.h"
-#include "headless/system_programs.h"
 #include "platform/list_view.h"
+#include "system/disk_files.h"
+#include "system/system_programs.h"
 
 namespace kvt::test {
 

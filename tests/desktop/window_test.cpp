@@ -103,6 +103,18 @@ TEST_F(DesktopWindow, OnlyThePageInFrontIsSeen) {
     window.reset();
 }
 
+TEST_F(DesktopWindow, AListEndsInFrontOfAFrameThatLiesOverIt) {
+    Open();
+    const auto end = [&] { return WidgetOf(lstCodes)->geometry().bottom() + 1; };
+    EXPECT_EQ(end(), 270);
+    Placed(frGroup, 420, 200, 170, 100);
+    EXPECT_LE(end(), 200);
+    lstCodes.Height = 130 * 15;
+    EXPECT_LE(end(), 200);
+    frGroup.Visible = false;
+    EXPECT_EQ(end(), 280);
+}
+
 TEST_F(DesktopWindow, MessageBoxesAskUntilTheyAreAnswered) {
     Open();
     DialogService& dialogs = platform.Services.Dialogs;

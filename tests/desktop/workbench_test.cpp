@@ -193,8 +193,8 @@ TEST_F(DesktopWorkbench, AMonkeyBreaksNothing) {
         DrawWindow& draw = bench.Draw;
         if (bench.Store.EditorRunMode)
             (below(3) == 0 ? bench.Results.cmdStop : bench.Results.cmdStep).Click();
-        if (draw.State.Walking) (below(3) == 0 ? draw.Controls.cmdStop : draw.Controls.cmdStep).Click();
-        draw.State.WaitingForClick = false;
+        if (draw.State.Walking()) (below(3) == 0 ? draw.Controls.cmdStop : draw.Controls.cmdStep).Click();
+        draw.State.EndClickWait();
     });
     answers.start(5);
     constexpr char letters[] = "0123456789012345678901234567890GM-+*/P. ,AR%\x7Exy";

@@ -47,7 +47,7 @@ TEST_F(DrawTest, TheMillMeasuresYUpwardsOnceAPointIsFixed) {
 }
 
 TEST_F(DrawTest, TheImageIsWhatTheViewShows) {
-    Controls().frmDraw.TakeSize(6160, 4220);  // a view of 5700 by 3000
+    Controls().frmDraw.ApplySize(6160, 4220);  // a view of 5700 by 3000
     DrawLines("MK4", "91; 01 X0 Z-10 F50; M30");
     Draw().PositionControls();
     Field().Left = -300;

@@ -80,7 +80,7 @@ TEST_F(DrawTest, KeysAndMenusZoomWithinTheMenu) {
 }
 
 TEST_F(DrawTest, AbortEndsAnEndlessWalk) {
-    Platform.System.Patience = 1000;
+    Platform.System.GiveUpAfter = 1000;
     // Also one that draws nothing, and a pocket whose tool has no diameter.
     for (const char* program : {"91; 27 L0", "M06 D0 S1000; 91; 72 X500 Y500 Z-100 F50; M30"}) {
         int asked = 0;

@@ -18,7 +18,7 @@ TEST_F(BenchTest, APreProcessorThatHangsCanBeEnded) {
     PreProcessorWindow& window = import.Window;
     import.PreProcessorFolder = Folder + "/";
     import.RefreshPreProcessors();
-    Platform.Programs.Patience = std::chrono::milliseconds{0};
+    Platform.Programs.GiveUpAfter = std::chrono::milliseconds{0};
     Platform.System.Watch(window.frmPreProcessor);
     Platform.Dialogs.FileAnswers.push_back({false, Path("part.nc")});
     std::vector<bool> offered;

@@ -89,20 +89,20 @@ TEST_F(StartTest, WithoutResetCopiesTheBuiltInValuesServe) {
     Bench->Window.mnuExit_Click();
     // Values in force at the first end are those of the reset copy, but for the place; a missing port is no choice of
     // the user's.
-    BringResetCopies(Platform.Files, Folder);
+    InstallResetCopies(Platform.Files, Folder);
     const std::string folder = "EMCO/KVT_100/Settings/";
     const std::string reset = FileContent(folder + "SettingsEditorReset.txt");
     EXPECT_EQ(Replace(reset, "8720, 0, 0, 13800", "8720, 7500, 3740, 13800"),
               FileContent(folder + "SettingsEditor.txt"));
     Platform.Files.WriteWhole(Path(folder + "SettingsDrawReset.txt"), "own");
-    BringResetCopies(Platform.Files, Folder);
+    InstallResetCopies(Platform.Files, Folder);
     EXPECT_EQ(FileContent(folder + "SettingsDrawReset.txt"), "own");
 }
 
 // The file on the command line opens all the same.
 TEST_F(StartTest, AFolderThatCannotBeMadeIsToldOfOnceAtTheStart) {
     Platform.Files.WriteWhole(Path("file"), "");
-    BringResetCopies(Platform.Files, Path("file"));
+    InstallResetCopies(Platform.Files, Path("file"));
     Platform.Files.WriteWhole(Path("part one.cnc"), FileText("F1", {{"M30"}}));
     EXPECT_EQ(Start(Path("file"), "\"" + Path("part one.cnc") + "\""),
               "Settings and unsaved programs cannot be kept. This folder cannot be written: " +

@@ -44,7 +44,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     DemandOrder(bench);
     if (load(bench.Writer.GenerateAll())) DemandOrder(bench);
     // Nobody looks on: what would never end is given up.
-    platform.Memory.System.Patience = 2000;
+    platform.Memory.System.GiveUpAfter = 2000;
     platform.Memory.System.Watch(bench.Draw.Controls.frmDraw);
     bench.Draw.Show();
     const kvt::PictureBox& field = bench.Draw.Controls.pbxDrawField;

@@ -6,7 +6,7 @@
 #include "basic/number.h"
 #include "basic/text.h"
 #include "headless/memory_window.h"
-#include "headless/text_editing.h"
+#include "platform/clicks.h"
 #include "platform/keys.h"
 #include "support/bench_fixture.h"
 
@@ -24,7 +24,7 @@ constexpr const char* machines[] = {"MK2", "MK4", "F1"};
 // to be known by.
 class WaitingUser {
 public:
-    WaitingUser(MemoryPlatform& platform, const std::string& folder, unsigned seed)
+    WaitingUser(FaultyPlatform& platform, const std::string& folder, unsigned seed)
         : platform_(platform), folder_(folder), random_(seed) {}
 
     void Work(int events) {
@@ -54,7 +54,7 @@ private:
             windows_.push_back(std::make_unique<MemoryWindow>(*form, platform_.Screen, platform_.Focus));
         }
         platform_.Port.Ports = 1;
-        platform_.System.Patience = 500;
+        platform_.System.GiveUpAfter = 500;
         platform_.System.NextEvent = [this] { return InWait(1); };
         platform_.System.NextInTimedWait = [this] { InWait(2); };
         // The clock goes on while a box stands.
@@ -262,7 +262,7 @@ private:
             },
             [this, expected, at] {
                 ++Counts["lines edited"];
-                if (bench_->Draw.State.Walking) ++Counts["lines edited while a drawing waits"];
+                if (bench_->Draw.State.Walking()) ++Counts["lines edited while a drawing waits"];
                 const Lines now = Program();
                 ASSERT_EQ(now.size(), expected.size());
                 const std::string_view x = List().Row(static_cast<int>(at) + 1)[column::X];
@@ -351,7 +351,7 @@ private:
         });
     }
 
-    MemoryPlatform& platform_;
+    FaultyPlatform& platform_;
     std::string folder_;
     std::mt19937 random_;
     std::vector<std::unique_ptr<MemoryWindow>> windows_;

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "headless/memory_platform.h"
+#include "headless/faulty_platform.h"
 #include "shell/workbench.h"
 
 namespace kvt::test {
@@ -39,7 +39,7 @@ protected:
     std::string FileContent(const std::string& name);
 
     std::string Folder;
-    MemoryPlatform Platform;
+    FaultyPlatform Platform;
     std::unique_ptr<Workbench> Bench;
 };
 

@@ -22,9 +22,9 @@ protected:
     }
 
     std::string Transmit() {
-        const std::size_t before = Platform.Port.Given.size();
+        const std::size_t before = Platform.Port.Sent.size();
         Bench->Transmit.mnuTX_Click();
-        return Platform.Port.Given.substr(before);
+        return Platform.Port.Sent.substr(before);
     }
     std::string LastBox() const {
         return Platform.Dialogs.Shown.empty() ? "" : Platform.Dialogs.Shown.back().Text;

@@ -5,6 +5,7 @@
 
 #include "basic/number.h"
 #include "basic/text.h"
+#include "editor/value_range.h"
 
 namespace kvt::iso {
 
@@ -16,10 +17,10 @@ constexpr std::size_t longestComment = 50;
 constexpr double largestNumber = 99'999;
 
 // G codes that change nothing here: compensation off, work offsets, exact path, cycles off, constant speed.
-constexpr int passedOver[] = {40, 49, 54, 55, 56, 57, 58, 59, 64, 80, 97};
+constexpr int ignoredCodes[] = {40, 49, 54, 55, 56, 57, 58, 59, 64, 80, 97};
 
-bool IsPassedOver(int code) {
-    return std::find(std::begin(passedOver), std::end(passedOver), code) != std::end(passedOver);
+bool IsIgnored(int code) {
+    return std::find(std::begin(ignoredCodes), std::end(ignoredCodes), code) != std::end(ignoredCodes);
 }
 
 }  // namespace
@@ -53,13 +54,13 @@ MachineProgram Converter::Convert(const std::vector<Block>& blocks) {
         ConvertBlock(block);
     }
     if (program_.Rows.empty()) throw Refusal{0, "there is nothing to convert"};
-    if (!ended_) Put(program_.Machine == Machine::MK2 ? "22" : "M30").Comment = "End of program";
+    if (!ended_) AddRow(program_.Machine == Machine::MK2 ? "22" : "M30").Comment = "End of program";
     return program_;
 }
 
-// 1. What the block says, 2. the changes of state in the order of a control, 3. the way, 4. stop and end.
+// What the block says, then the changes of state in the order of a control, the way, and last stop and end.
 void Converter::ConvertBlock(const Block& block) {
-    setsPosition_ = dwells_ = returns_ = toolChange_ = end_ = false;
+    setsPosition_ = dwells_ = referenceReturn_ = toolChange_ = end_ = false;
     stop_ = spindle_ = -1;
     // One that stands alone tells what follows.
     if (!block.Comment.empty()) comment_ = block.Comment.substr(0, longestComment);
@@ -71,37 +72,33 @@ void Converter::ConvertBlock(const Block& block) {
         comment_.clear();
         return;
     }
-    // 1.
     for (const Word& word : block.Words) {
-        if (word.Letter == 'G') TakeGCode(word);
+        if (word.Letter == 'G') ApplyGCode(word);
     }
-    if (LeavesOut(block)) return;
+    if (SkipsBlock(block)) return;
     for (const Word& word : block.Words) {
         // A dwell has numbers of its own.
-        if (word.Letter != 'G' && !dwells_) TakeNumber(word);
+        if (word.Letter != 'G' && !dwells_) ApplyNumber(word);
     }
     for (const Word& word : block.Words) {
-        if (word.Letter == 'M') TakeMCode(word);
+        if (word.Letter == 'M') ApplyMCode(word);
     }
-    // 2.
     if (toolChange_) ChangeTool();
     if (spindle_ > 0) SwitchSpindle(true);
     if (dwells_) {
         Dwell(block);
     } else {
-        // 3.
         Move(block);
     }
-    // 4.
     if (spindle_ == 0) SwitchSpindle(false);
-    if (stop_ >= 0) Put(program_.Machine == Machine::MK2 ? "20" : "M00");
+    if (stop_ >= 0) AddRow(program_.Machine == Machine::MK2 ? "20" : "M00");
     if (end_) {
-        Put(program_.Machine == Machine::MK2 ? "22" : "M30");
+        AddRow(program_.Machine == Machine::MK2 ? "22" : "M30");
         ended_ = true;
     }
 }
 
-void Converter::TakeGCode(const Word& word) {
+void Converter::ApplyGCode(const Word& word) {
     const int code = word.Value >= 0 && word.Value <= 99 ? static_cast<int>(word.Value) : -1;
     if (code < 0 || code != word.Value) Refuse("G" + word.Text + " is not known");
     if (code <= 3) {
@@ -109,15 +106,15 @@ void Converter::TakeGCode(const Word& word) {
     } else if (code == 4) {
         dwells_ = true;
     } else if (code == 28 || code == 30) {
-        returns_ = true;
+        referenceReturn_ = true;
     } else if (code == 50 || code == 92) {
         setsPosition_ = true;
-    } else if (!IsPassedOver(code)) {
-        TakeModal(code, word);
+    } else if (!IsIgnored(code)) {
+        ApplyModalCode(code, word);
     }
 }
 
-void Converter::TakeModal(int code, const Word& word) {
+void Converter::ApplyModalCode(int code, const Word& word) {
     switch (code) {
         case 17:
         case 18:
@@ -152,8 +149,8 @@ void Converter::TakeModal(int code, const Word& word) {
 }
 
 // Reference returns and subprograms are left out with a word.
-bool Converter::LeavesOut(const Block& block) {
-    if (returns_) {
+bool Converter::SkipsBlock(const Block& block) {
+    if (referenceReturn_) {
         Remark(block, "the return to the reference point was left out.");
         return true;
     }
@@ -166,10 +163,10 @@ bool Converter::LeavesOut(const Block& block) {
     return false;
 }
 
-void Converter::TakeNumber(const Word& word) {
+void Converter::ApplyNumber(const Word& word) {
     switch (word.Letter) {
         case 'F':
-            feed_ = Scaled(word.Value) / 100;
+            feed_ = ToProgramUnits(word.Value) / 100;
             if (feed_ <= 0) Refuse("the feed must be above 0");
             return;
         case 'S':
@@ -201,7 +198,7 @@ void Converter::TakeNumber(const Word& word) {
     }
 }
 
-void Converter::TakeMCode(const Word& word) {
+void Converter::ApplyMCode(const Word& word) {
     const int code = word.Value >= 0 && word.Value <= 99 ? static_cast<int>(word.Value) : -1;
     switch (code) {
         case 0:
@@ -221,27 +218,27 @@ void Converter::TakeMCode(const Word& word) {
 
 void Converter::SwitchSpindle(bool on) {
     const double turns = on ? speed_ : 0;
-    if (on && turns_ == turns) return;
-    turns_ = turns;
+    if (on && spindleSpeed_ == turns) return;
+    spindleSpeed_ = turns;
     if (program_.Machine == Machine::F1 && on) {
         const auto change = std::find_if(program_.Rows.rbegin(), program_.Rows.rend(),
                                          [](const Row& row) { return row.Code == "M06"; });
         if (change != program_.Rows.rend() && change->Parameters[1] == 0)
-            change->Parameters[1] = Whole(speed_);
+            change->Parameters[1] = ToWhole(speed_);
     }
     const std::string speed =
         on && speed_ > 0 ? " at " + PlainNumber(static_cast<float>(speed_)) + " rpm" : "";
     // That spindle is switched by hand: the program stops for it.
     const bool byHand = program_.Machine == Machine::MK2;
-    Row& row = Put(byHand ? "20" : on ? "M03" : "M05");
+    Row& row = AddRow(byHand ? "20" : on ? "M03" : "M05");
     row.Comment = (on ? "Spindle on" : "Spindle off") + speed + (byHand ? " by hand, then Start" : "");
 }
 
 void Converter::ChangeTool() {
     if (tool_ < 0) Refuse("no tool is named for the change");
-    Row& row = Put(program_.Machine == Machine::MK2 ? "26" : "M06");
+    Row& row = AddRow(program_.Machine == Machine::MK2 ? "26" : "M06");
     row.Parameters = {0, std::nullopt, 0, tool_};
-    if (!Lathe()) row.Parameters[1] = Whole(speed_);
+    if (!Lathe()) row.Parameters[1] = ToWhole(speed_);
     Remark("The measures of the tools are not in the program: enter them in the lines of the tool change.");
 }
 
@@ -255,22 +252,22 @@ void Converter::Dwell(const Block& block) {
         if (const Word* word = FindWord(block, letter)) seconds = word->Value;
     }
     if (seconds <= 0) Refuse("the dwell has no time");
-    Put("04").Parameters[0] = static_cast<int>(std::lround(std::min(seconds, 999.0) * 100));
+    AddRow("04").Parameters[0] = static_cast<int>(std::lround(std::min(seconds, 999.0) * 100));
 }
 
-int Converter::Whole(double value) const {
+int Converter::ToWhole(double value) const {
     if (!(std::abs(value) <= largestNumber)) Refuse("a number is too large for the machine");
     return static_cast<int>(std::lround(value));
 }
 
 // A length of the program in units of the result.
-double Converter::Scaled(double value) const {
+double Converter::ToProgramUnits(double value) const {
     if (program_.Metric) return value * 100 * (metric_ ? 1 : millimetresPerInch);
     return value * 1000 / (metric_ ? millimetresPerInch : 1);
 }
 
 // Rows take the comment of the block with the first of them.
-Row& Converter::Put(const std::string& code) {
+Row& Converter::AddRow(const std::string& code) {
     Row row;
     row.Code = code;
     row.Comment = comment_;
@@ -280,10 +277,10 @@ Row& Converter::Put(const std::string& code) {
     return program_.Rows.back();
 }
 
-void Converter::PutPosition(const std::string& code, bool feeds) {
-    Row& row = Put(code);
+void Converter::AddPosition(const std::string& code, bool feeds) {
+    Row& row = AddRow(code);
     for (const Axis& axis : axes_)
-        row.Parameters[static_cast<std::size_t>(axis.Letter - 'X')] = Whole(axis.At);
+        row.Parameters[static_cast<std::size_t>(axis.Letter - 'X')] = ToWhole(axis.At);
     if (feeds) row.Parameters[3] = FeedNumber();
 }
 
@@ -292,11 +289,11 @@ int Converter::FeedNumber() {
     if (perTurn_ && speed_ <= 0) Refuse("a feed per turn needs the spindle speed (S)");
     const double feed = feed_ * (perTurn_ ? speed_ : 1);
     if (feed <= 0) Refuse("no feed is given");
-    const double highest = program_.Metric ? 499 : 199;
-    const double held = std::clamp(feed, 2.0, highest);
+    const ValueRange& range = FeedRange.In(program_.Metric);
+    const double held = std::clamp<double>(feed, range.Low, range.High);
     if (std::lround(held) != std::lround(feed)) {
-        Remark("Feeds beyond the machine's were held to 2 to " + PlainNumber(static_cast<float>(highest)) +
-               ".");
+        Remark("Feeds beyond the machine's were held to " + PlainNumber(range.Low) + " to " +
+               PlainNumber(range.High) + ".");
     }
     return static_cast<int>(std::lround(held));
 }

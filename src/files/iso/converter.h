@@ -37,34 +37,33 @@ private:
     static std::string LineText(int line);
 
     void ConvertBlock(const Block& block);
-    void TakeGCode(const Word& word);
-    void TakeModal(int code, const Word& word);
-    void TakeMCode(const Word& word);
-    void TakeNumber(const Word& word);
+    void ApplyGCode(const Word& word);
+    void ApplyModalCode(int code, const Word& word);
+    void ApplyMCode(const Word& word);
+    void ApplyNumber(const Word& word);
     void SwitchSpindle(bool on);
     void ChangeTool();
     void Dwell(const Block& block);
-    bool LeavesOut(const Block& block);
+    bool SkipsBlock(const Block& block);
 
     // The way of one block.
     // Reads where the block goes; false where it names no axis.
     bool FindTarget(const Block& block);
     void SetPosition();
-    void ReachStart();
+    void AddStartPosition();
     void Move(const Block& block);
     void MoveStraight(bool rapid);
     void MoveOnArc(const Block& block);
     bool FindCenter(const Block& block, Arc& arc) const;
-    void PutArc(const Arc& arc);
-    void PutArcPiece(Point end, const Arc& arc, bool mayPart = true);
-    bool SeemsToPass(Point start, Point stop, double radius, bool clockwise) const;
-    Point PartOf(const Arc& arc, Point stop, double radius) const;
+    void AddArcPiece(Point end, const Arc& arc, bool maySplit = true);
+    bool PassesQuadrantLimit(Point start, Point stop, double radius, bool clockwise) const;
+    Point SplitPoint(const Arc& arc, Point stop, double radius) const;
 
-    Row& Put(const std::string& code);
-    void PutPosition(const std::string& code, bool feeds);
+    Row& AddRow(const std::string& code);
+    void AddPosition(const std::string& code, bool feeds);
     int FeedNumber();
-    int Whole(double value) const;
-    double Scaled(double value) const;
+    int ToWhole(double value) const;
+    double ToProgramUnits(double value) const;
     Point PointOf(double x, double other) const;
     // The same with what the columns will hold.
     Point WholePoint(Point point) const;
@@ -86,7 +85,7 @@ private:
     bool perTurn_ = false;
     double feed_ = 0;
     double speed_ = 0;
-    double turns_ = -1;  // what the spindle was last switched to, 0 for off
+    double spindleSpeed_ = -1;  // what the spindle was last switched to, 0 for off
     int tool_ = -1;
     bool begun_ = false;
     bool ended_ = false;
@@ -94,7 +93,7 @@ private:
     // Of the block at work.
     bool setsPosition_ = false;
     bool dwells_ = false;
-    bool returns_ = false;
+    bool referenceReturn_ = false;
     bool toolChange_ = false;
     int stop_ = -1;
     int spindle_ = -1;

@@ -4,14 +4,11 @@
 
 #include "basic/number.h"
 #include "basic/text.h"
+#include "files/cnc_format.h"
 
 namespace kvt::iso {
 
 namespace {
-
-constexpr const char* lineEnd = "\r\n";
-constexpr const char* headerMK4 = "    N` G`   X `    Z `  F`  H ";
-constexpr const char* headerF1 = "    N` G`  X  `  Y `   Z ` F  ";
 
 // The letter that stands in front of a parameter instead of the sign, 0 for the sign.
 char PrefixOf(const std::string& code, std::size_t parameter) {
@@ -52,11 +49,10 @@ void AppendF1(std::string& text, const Row& row) {
 
 std::string FileText(const MachineProgram& program) {
     std::string text;
-    for (const std::string& note : program.Notes) text += note + lineEnd;
-    text += std::string("%") + lineEnd;
+    for (const std::string& note : program.Notes) text.append(note).append(LineEnd);
+    text.append(cnc::NotesEnd).append(LineEnd);
     if (program.Machine != Machine::MK2) {
-        text += program.Machine == Machine::MK4 ? headerMK4 : headerF1;
-        text += lineEnd;
+        text.append(program.Machine == Machine::MK4 ? cnc::HeaderMK4 : cnc::HeaderF1).append(LineEnd);
     }
     for (std::size_t number = 0; number < program.Rows.size(); ++number) {
         const Row& row = program.Rows[number];
@@ -67,11 +63,11 @@ std::string FileText(const MachineProgram& program) {
             text += row.Code.size() == 2 ? " " + row.Code : row.Code;
             program.Machine == Machine::MK4 ? AppendMK4(text, row) : AppendF1(text, row);
         }
-        text += row.Comment + lineEnd;
+        text.append(row.Comment).append(LineEnd);
     }
     text += program.Metric ? "   M" : "   \"";
     if (program.Machine == Machine::F1) text += "I";
-    return text + lineEnd;
+    return text.append(LineEnd);
 }
 
 }  // namespace kvt::iso

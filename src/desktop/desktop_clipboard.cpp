@@ -1,0 +1,26 @@
+#include "desktop/desktop_clipboard.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+#include "desktop/pixel_image.h"
+#include "desktop/text.h"
+
+namespace kvt {
+
+// Line ends are CR LF here, whatever those of the program that the text comes from.
+std::string DesktopClipboard::GetText() {
+    QString text = QGuiApplication::clipboard()->text();
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+    return FromQt(text.replace(u'\n', QStringLiteral("\r\n")));
+}
+
+void DesktopClipboard::Clear() { QGuiApplication::clipboard()->clear(); }
+
+void DesktopClipboard::SetText(std::string_view text) { QGuiApplication::clipboard()->setText(ToQt(text)); }
+
+void DesktopClipboard::SetPicture(const Pixels& picture) {
+    QGuiApplication::clipboard()->setImage(ImageOf(picture));
+}
+
+}  // namespace kvt

@@ -1,0 +1,28 @@
+#include "files/questions.h"
+
+#include <string>
+
+#include "basic/text.h"
+
+namespace kvt {
+
+bool AskToSave(DialogService& dialogs, const Texts& texts) {
+    return dialogs.ShowMessage(Question(texts.MessageTexts(text::SaveNow),
+                                        texts.MessageTexts(text::ContinueTitle))) == Answer::Yes;
+}
+
+bool AskToClear(DialogService& dialogs, const Texts& texts) {
+    return dialogs.ShowMessage(Question(texts.MessageTexts(text::ClearAnyway),
+                                        texts.MessageTexts(text::ClearTitle))) != Answer::No;
+}
+
+Answer AskToOverwrite(Services& platform, const Texts& texts, std::string_view name) {
+    if (!platform.Files.Exists(name)) return Answer::Yes;
+    std::string question(texts.MessageTexts(text::Overwrite));
+    question += " ";
+    question += ExtractFileName(name);
+    question += "?";
+    return platform.Dialogs.ShowMessage(Question(question, "", Buttons::YesNoCancel));
+}
+
+}  // namespace kvt

@@ -1,0 +1,50 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "headless/memory_programs.h"
+#include "system/system_programs.h"
+
+namespace kvt::test {
+
+namespace {
+
+TEST(Programs, ACommandLineSplitsAtBlanksBehindTheProgram) {
+    const auto isProgram = [](const std::string& path) {
+        return path == "/pp/my tool.F1" || path == "/pp/a";
+    };
+    struct {
+        const char* Line;
+        const char* Program;
+        const char* Rest;
+        std::vector<std::string> Arguments;
+    } const cases[] = {
+        {"/pp/a", "/pp/a", "", {}},
+        {"/pp/a /my  parts/x.nc", "/pp/a", "/my  parts/x.nc", {"/my", "parts/x.nc"}},
+        {"/pp/my tool.F1  x", "/pp/my tool.F1", " x", {"x"}},
+        {"/pp/a \"x y\" $(id)", "/pp/a", "\"x y\" $(id)", {"\"x", "y\"", "$(id)"}},
+        {"/pp/b x", "", "", {}},
+        {"", "", "", {}},
+    };
+    for (const auto& [line, program, rest, arguments] : cases) {
+        const Command command = SplitCommand(line, isProgram);
+        EXPECT_EQ(command.Program, program) << line;
+        EXPECT_EQ(command.Rest, rest) << line;
+        EXPECT_EQ(WordsOf(command.Rest), arguments) << line;
+    }
+}
+
+TEST(Programs, OneThatHangsIsEndedWithWhatItStarted) {
+    MemoryPrograms programs;
+    programs.GiveUpAfter = std::chrono::milliseconds{0};
+    const int sleeper = programs.Start("/bin/sleep 300", "");
+    EXPECT_FALSE(programs.HasEnded(sleeper));
+    programs.End(sleeper);
+    EXPECT_TRUE(programs.HasEnded(sleeper));
+    EXPECT_THROW(programs.Start("/bin/no-such-program x", "x"), RunTimeError);
+}
+
+}  // namespace
+
+}  // namespace kvt::test
