@@ -84,6 +84,12 @@ private:
         const auto high = static_cast<std::size_t>(Below(256));
         return Names()[(high * 256 + static_cast<std::size_t>(Below(256))) % Names().size()];
     }
+    // A name of a text box, which text can be put into.
+    std::string Field() {
+        std::string name = Name();
+        for (int i = 0; i < 64 && name.find(".txt") == std::string::npos; ++i) name = Name();
+        return name.find(".txt") == std::string::npos ? "txtGMcode" : name;
+    }
     std::string Number(std::size_t bound) { return std::to_string(Below(bound)); }
 
     std::string Line() {
@@ -94,7 +100,7 @@ private:
             case 3: return std::string("press ") + Of(keys);
             case 4: return "clickrow " + Number(12);
             case 5: return "advance " + Number(250) + "0";
-            case 6: return "set " + Name() + " " + Number(256) + letters[Below(sizeof letters - 1)];
+            case 6: return "set " + Field() + " " + Number(256) + letters[Below(sizeof letters - 1)];
             case 7: return std::string("answer ") + Of(answers);
             case 8: return "file ${TMP}/" + Number(3) + ".cnc";
             case 9:
@@ -136,7 +142,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string script = data[0] % 4 == 0
                                    ? Harmless({reinterpret_cast<const char*>(data + 1), size - 1})
                                    : Doings(data + 1, size - 1).Script();
-    kvt::ScriptRun run("script", script, {});
+    kvt::ScriptOptions options;
+    options.Ports = {2};
+    kvt::ScriptRun run("script", script, options);
     const int status = run.Run();
     Demand(status >= 0 && status <= 2);
     if (!run.Session.Running()) return 0;
