@@ -1,5 +1,7 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <pthread.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -38,6 +40,18 @@ std::string Expected(const std::string& file, bool filter) {
 }
 
 constexpr double speedUp = 1000;
+
+// Until a reception handles a signal and has read what was sent to it; look is an end of its line.
+void WaitUntilTaken(int look, int signal) {
+    for (int calm = 0; calm < 5;) {
+        struct sigaction now = {};
+        sigaction(signal, nullptr, &now);
+        int left = 0;
+        ioctl(look, FIONREAD, &left);
+        calm = now.sa_handler != SIG_DFL && left == 0 ? calm + 1 : 0;
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+}
 
 }  // namespace
 
@@ -150,10 +164,12 @@ TEST(SerialTest, WhatHasComeIsWrittenWhateverEndsTheReception) {
         const PseudoTerminal terminal;
         const fs::path target = folder.Path() / "target";
         fs::create_directory(target);
+        const int look = open(terminal.Path().c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+        ASSERT_GE(look, 0);
         std::thread user([&, receiver = pthread_self()] {
             const std::string text("   N` G`\r\n    00M30\0\0\r\n   M\r\n", 29);
             EXPECT_EQ(write(terminal.Handle(), text.data(), text.size()), 29);
-            std::this_thread::sleep_for(std::chrono::milliseconds(300));
+            WaitUntilTaken(look, one.Signal);
             if (one.FolderGoes) fs::remove(target);
             pthread_kill(receiver, one.Signal);
         });
@@ -164,6 +180,7 @@ TEST(SerialTest, WhatHasComeIsWrittenWhateverEndsTheReception) {
         options.Port = terminal.Path();
         const int result = ReceiveFile(options);
         user.join();
+        close(look);
         testing::internal::GetCapturedStdout();
         const std::string told = testing::internal::GetCapturedStderr();
         EXPECT_EQ(result, one.FolderGoes ? 2 : 0) << one.Signal << told;

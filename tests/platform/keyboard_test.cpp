@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "headless/memory_platform.h"
+#include "headless/faulty_platform.h"
 #include "platform/keys.h"
 #include "support/key_form.h"
 
@@ -76,7 +76,7 @@ TEST(KeyboardTest, AControlThatGoesAwayTakesNothingMore) {
 }
 
 TEST(KeyboardTest, AFieldHoldsWhatItCan) {
-    MemoryPlatform platform;
+    FaultyPlatform platform;
     KeyForm keys(platform.Services);
     platform.Clipboard.Content = std::string(LongestLine + 5, '7') + "\r\n";
     PressAll(keys, platform.System, ">txtFirst 1 Ctrl+V 2");

@@ -265,7 +265,7 @@ TEST_F(DiskFilesTest, WhatAKilledRunHasLeftGoesAtTheNextStart) {
         FreshFile inData(Path("data/settings"), Path("data"));
         FreshFile elsewhere(Path("far/program"), Path("data"));
         WriteAll(elsewhere.Handle(), "half");
-        FreshFile(Path("far/whole"), Path("data")).TakePlace();
+        FreshFile(Path("far/whole"), Path("data")).ReplaceTarget();
         kill(getpid(), SIGKILL);
     }
     int status = 0;
@@ -282,7 +282,7 @@ TEST_F(DiskFilesTest, WhatAKilledRunHasLeftGoesAtTheNextStart) {
     Files.RemoveLeftovers();
     EXPECT_EQ(std::distance(fs::directory_iterator(Path("far")), fs::directory_iterator()), 3);
     EXPECT_EQ(std::distance(fs::directory_iterator(Path("data")), fs::directory_iterator()), 1);
-    EXPECT_TRUE(now.TakePlace());
+    EXPECT_TRUE(now.ReplaceTarget());
 }
 
 TEST_F(DiskFilesTest, AnOpenFileOfTheProgramIsWrittenAsItStandsOpen) {

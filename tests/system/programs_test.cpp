@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "basic/run_time_error.h"
 #include "headless/memory_programs.h"
 #include "system/system_programs.h"
 
