@@ -79,9 +79,15 @@ constexpr ForcedPrefix f1Prefixes[] = {
     {code::M06, column::Y, 'S'}, {code::M06, column::F, 'T'},
 };
 
-// What MK4 and F1 have in common: number, code and parameters.
+// Whether a number takes the place of the letter too, as the H of the mill with its four digits: it stays as it
+// stands, since formatted without its first digit it would lose a 0 behind that.
+bool FillsColumn(std::string_view text) {
+    return text[0] != '0' && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+// What MK4 and F1 have in common: number, code and parameters. The mill has H in the column of F.
 void ReadNumbered(ListRow& row, std::string_view record, std::span<const cnc::Parameter> parameters,
-                  std::span<const ForcedPrefix> prefixes) {
+                  std::span<const ForcedPrefix> prefixes, bool hInColumnOfF) {
     row[column::Number] = Formatted(Field(record, cnc::Number));
     std::string codeText(Field(record, cnc::Code));
     codeText += ' ';
@@ -89,7 +95,8 @@ void ReadNumbered(ListRow& row, std::string_view record, std::span<const cnc::Pa
     for (const cnc::Parameter& parameter : parameters) {
         const std::string_view text = Field(record, parameter.Place);
         const std::string_view digits = text.substr(1);
-        if (IsFormatted(digits)) {
+        const bool mayBeH = hInColumnOfF && parameter.Column == column::F;
+        if (IsFormatted(digits) || (mayBeH && FillsColumn(text))) {
             row[parameter.Column] = text;
         } else {
             row[parameter.Column] = text[0] + Formatted(digits);
@@ -275,7 +282,7 @@ bool CncReader::ReadMK4(std::string_view record, std::string_view comment) {
         return false;
     }
     ListRow& row = parts_.Store.lvCncProgram.AddRow();
-    ReadNumbered(row, record, cnc::MK4Parameters, mk4Prefixes);
+    ReadNumbered(row, record, cnc::MK4Parameters, mk4Prefixes, false);
     row[column::H] = Formatted(Field(record, cnc::MK4H));
     row[column::Comment] = comment;
     return true;
@@ -290,7 +297,7 @@ bool CncReader::ReadF1(std::string_view record, std::string_view comment) {
         return false;
     }
     ListRow& row = parts_.Store.lvCncProgram.AddRow();
-    ReadNumbered(row, record, cnc::F1Parameters, f1Prefixes);
+    ReadNumbered(row, record, cnc::F1Parameters, f1Prefixes, true);
     row[column::Comment] = comment;
     return true;
 }

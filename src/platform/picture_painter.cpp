@@ -205,8 +205,9 @@ private:
     }
 
     void PaintBox() {
-        const auto [left, right] = std::minmax({X(pen_.X1), X(pen_.X2)});
-        const auto [top, bottom] = std::minmax({Y(pen_.Y1), Y(pen_.Y2)});
+        // Clang 14 takes no structured binding into a lambda.
+        const double left = std::min(X(pen_.X1), X(pen_.X2)), right = std::max(X(pen_.X1), X(pen_.X2));
+        const double top = std::min(Y(pen_.Y1), Y(pen_.Y2)), bottom = std::max(Y(pen_.Y1), Y(pen_.Y2));
         Fill(left, top, right, bottom,
              [&](double x, double y) { return x >= left && x <= right && y >= top && y <= bottom; });
         Stroke(left, top, right, top);

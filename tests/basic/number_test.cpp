@@ -131,18 +131,6 @@ TEST(NumberTest, FieldOfSixGivesUpTheSignPlaceThenDecimals) {
     }
 }
 
-TEST(RunTimeErrorTest, NumbersHaveTheirTexts) {
-    for (const char* line :
-         {"5|Invalid procedure call or argument", "6|Overflow", "9|Subscript out of range",
-          "11|Division by zero", "13|Type mismatch", "53|File not found", "62|Input past end of file",
-          "75|Path/File access error", "91|Object variable not set", "482|Printer error",
-          "8002|Invalid port number", "8005|Port already open",
-          "8018|Operation valid only when the port is open", "32755|Cancel was selected"}) {
-        EXPECT_EQ(RunTimeError(std::stoi(Fields(line)[0])).Description, Fields(line)[1]);
-    }
-    EXPECT_EQ(RunTimeError(75, "own words").Description, "own words");
-}
-
 TEST(RunTimeErrorTest, AFailingStatementIsReportedAndSkippedAsAWhole) {
     std::vector<std::string> reports;
     const ErrorSink before = SetErrorSink([&](const RunTimeError& error, const char* procedure) {

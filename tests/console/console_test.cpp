@@ -7,7 +7,6 @@
 #include <filesystem>
 
 #include "console/commands.h"
-#include "console/listing.h"
 #include "console/state.h"
 #include "support/bench_fixture.h"
 
@@ -155,34 +154,6 @@ TEST_F(ConsoleTest, TheWorstFileGivesTheStatus) {
     EXPECT_NE(Out.find("wrong.cnc"), std::string::npos);
 }
 
-TEST_F(ConsoleTest, TheListingTellsEachFindingUnderItsLine) {
-    EXPECT_EQ(Run({"check", Put("wrong.cnc", bad)}), 1);
-    const std::vector<std::string> lines = LinesOf(Out);
-    const auto lineWith = [&](const std::string& text) {
-        const auto at = std::find_if(lines.begin(), lines.end(), [&](const std::string& line) {
-            return line.find(text) != std::string::npos;
-        });
-        return at == lines.end() ? -1 : static_cast<int>(at - lines.begin());
-    };
-    EXPECT_EQ(lines[0], Path("wrong.cnc"));
-    EXPECT_NE(lines[1].find("MK4"), std::string::npos);
-    EXPECT_NE(lines[1].find("1/100 mm"), std::string::npos);
-    const int row = lineWith("   01   01");
-    ASSERT_GT(row, 0) << Out;
-    EXPECT_NE(lines[static_cast<std::size_t>(row) + 1].find("F=499maximum"), std::string::npos) << Out;
-    EXPECT_EQ(lineWith("X=5999maximum"), row + 3) << Out;
-    EXPECT_NE(lineWith("Lines 4, executed 4, time "), -1) << Out;
-    EXPECT_TRUE(lines.back().starts_with("First error in line N01: ")) << lines.back();
-    EXPECT_TRUE(lines.back().ends_with("F=499maximum. 2 lines have errors.")) << lines.back();
-    // The open row is no line of the program, and nothing is coloured that is piped.
-    EXPECT_EQ(Out.find("NN"), std::string::npos);
-    EXPECT_EQ(Out.find('\x1b'), std::string::npos);
-    Run({"check", Path("wrong.cnc")}, true);
-    EXPECT_NE(Out.find("\x1b[31m"), std::string::npos);
-    EXPECT_EQ(Run({"check", Put("well.cnc", good)}, true), 0);
-    EXPECT_EQ(Out.find("\x1b[31m"), std::string::npos);
-}
-
 TEST_F(ConsoleTest, TheListingShowsNotesAndTextsInUtf8) {
     // Long notes are no text that stands in place.
     std::string notes;
@@ -208,73 +179,6 @@ TEST_F(ConsoleTest, TheListingShowsNotesAndTextsInUtf8) {
     // A file with no line of a program in it says so.
     Run({"check", Put("bare.cnc", FileText("MK4", {}))});
     EXPECT_NE(Out.find("no program line"), std::string::npos) << Out;
-}
-
-TEST_F(ConsoleTest, TheStateHasItsMembersInTheirOrder) {
-    ASSERT_EQ(Run({"check", "--json", Put("well.cnc", good), Put("strange.cnc", ""), Put("wrong.cnc", bad)}),
-              2);
-    ASSERT_EQ(LinesOf(Out).size(), 3u);
-    rapidjson::Document state;
-    ASSERT_NO_FATAL_FAILURE(Parse(state));
-    std::string members;
-    for (int i = 0; i < static_cast<int>(state.MemberCount()); ++i)
-        members += std::string((state.MemberBegin() + i)->name.GetString()) + " ";
-    EXPECT_EQ(
-        members,
-        "file machine metric horizontal disableLimitsCheck notes lineCount maxLines endCodePresent "
-        "arcPresent "
-        "programChanged errorFlagged errorRow errorLine errorHeader absoluteMode radiusMode activePlane "
-        "editorRunMode transmitActive oldFeedA oldFeedB rows rowColors selectedRow topRow columnWidths "
-        "labels "
-        "messages log ");
-    EXPECT_EQ(state["file"].GetString(), Path("well.cnc"));
-    EXPECT_STREQ(state["machine"].GetString(), "MK4");
-    EXPECT_TRUE(state["metric"].GetBool());
-    EXPECT_STREQ(state["notes"].GetString(), "note \xC3\x9F\r\n");
-    EXPECT_EQ(state["lineCount"].GetInt(), 3);
-    EXPECT_EQ(state["maxLines"].GetInt(), 210);
-    EXPECT_TRUE(state["endCodePresent"].GetBool());
-    EXPECT_FALSE(state["arcPresent"].GetBool());
-    EXPECT_FALSE(state["programChanged"].GetBool());
-    EXPECT_TRUE(state["absoluteMode"].GetBool());
-    EXPECT_STREQ(state["activePlane"].GetString(), "XZ");
-    EXPECT_STREQ(state["errorHeader"].GetString(), "Error in line");
-    ASSERT_EQ(state["rows"].Size(), 4u);
-    for (const auto& row : state["rows"].GetArray()) EXPECT_EQ(row.Size(), 19u);
-    EXPECT_STREQ(state["rows"][0][2].GetString(), " 92 ");
-    EXPECT_STREQ(state["rows"][0][3].GetString(), " 2000");
-    EXPECT_STREQ(state["rows"][0][18].GetString(), "Bezug \xC3\xA4\xC3\xB6\xC3\xBC \xE2\x82\xAC\xC2\x81");
-    EXPECT_STREQ(state["rows"][1][5].GetString(), "-  100");
-    EXPECT_STREQ(state["rows"][3][1].GetString(), "NN");
-    EXPECT_STREQ(state["rows"][3][18].GetString(), " ");
-    EXPECT_EQ(state["rowColors"].Size(), 4u);
-    EXPECT_EQ(state["columnWidths"].Size(), 19u);
-    EXPECT_EQ(state["columnWidths"][0].GetInt(), 0);
-    EXPECT_EQ(state["selectedRow"].GetInt(), 1);
-    EXPECT_EQ(state["labels"].MemberCount(), 13u);
-    for (const std::string axis : {"X", "Y", "Z"}) {
-        for (const char* end : {"Min", "Max", "Travel"})
-            EXPECT_TRUE(state["labels"].HasMember(("lbl" + axis + "Axis" + end).c_str())) << axis << end;
-    }
-    EXPECT_TRUE(state["labels"].HasMember("lblPPLinesExe"));
-    EXPECT_TRUE(state["labels"].HasMember("lblPPMachineTime"));
-    EXPECT_STREQ(state["labels"]["lblPPLines"].GetString(), "3");
-    EXPECT_STREQ(state["labels"]["lblPPUnits"].GetString(), "1/100 mm");
-    EXPECT_EQ(state["messages"].Size(), 0u);
-    EXPECT_EQ(state["log"].Size(), 0u);
-
-    ASSERT_NO_FATAL_FAILURE(Parse(state, 1));
-    ASSERT_EQ(state.MemberCount(), 2u);
-    EXPECT_EQ(state["file"].GetString(), Path("strange.cnc"));
-    EXPECT_GT(state["error"].GetStringLength(), 0u);
-
-    // Nothing of the files before comes through.
-    ASSERT_NO_FATAL_FAILURE(Parse(state, 2));
-    EXPECT_STREQ(state["notes"].GetString(), "");
-    EXPECT_TRUE(state["errorFlagged"].GetBool());
-    EXPECT_EQ(state["errorLine"].GetDouble(), 1);
-    EXPECT_EQ(state["errorRow"].GetInt(), 3);
-    EXPECT_STREQ(state["rows"][1][8].GetString(), "!F=499maximum");
 }
 
 TEST_F(ConsoleTest, TheStateTellsMessagesAndLog) {
@@ -362,19 +266,6 @@ TEST_F(ConsoleTest, FormatWritesTheLayoutAndTheEndCode) {
     const std::string lf = Put("lf.cnc", unix);
     EXPECT_NE(Run({"format", lf, "-o", lf}), 0);
     EXPECT_EQ(FileContent("lf.cnc"), unix);
-}
-
-TEST_F(ConsoleTest, TooManyLinesAreAFinding) {
-    const auto lines = [](int count, const char* code, const char* end) {
-        std::vector<Line> program(static_cast<std::size_t>(count) - 1, Line{code});
-        program.push_back({end});
-        return program;
-    };
-    EXPECT_EQ(Run({"check", Put("a", FileText("MK4", lines(210, "91", "M30")))}), 0) << Out;
-    EXPECT_EQ(Run({"check", Put("b", FileText("MK4", lines(211, "91", "M30")))}), 1) << Out;
-    EXPECT_NE(Out.find("Maximum number of lines has been reached"), std::string::npos);
-    EXPECT_EQ(Run({"check", Put("c", FileText("MK2", lines(160, "91", "22")))}), 0) << Out;
-    EXPECT_EQ(Run({"check", "--json", Put("d", FileText("MK2", lines(161, "91", "22")))}), 1) << Out;
 }
 
 // A command draws with the built-in values, whatever lies in the folder that it is called in, and leaves nothing there.

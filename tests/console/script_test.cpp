@@ -1,10 +1,5 @@
 #include "console/script.h"
 
-#include <rapidjson/document.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <cstdio>
 #include <filesystem>
 
 #include "console/commands.h"
@@ -56,66 +51,6 @@ TEST_F(ScriptTest, AFailureIsCountedAndTheScriptGoesOn) {
     EXPECT_EQ(Errors, "");
 }
 
-TEST_F(ScriptTest, WhatIsUnknownEndsTheScript) {
-    const struct {
-        const char* Line;
-        const char* Complaint;
-    } cases[] = {
-        {"foo 1", "unknown action \"foo\""},
-        {"Start", "unknown action \"Start\""},
-        {"click cmdNone", "unknown name \"cmdNone\""},
-        {"click cmdTopButtons", "unknown name \"cmdTopButtons\""},
-        {"click cmdTopButtons 99", "unknown name \"cmdTopButtons 99\""},
-        {"show frmNone.cmdRun.enabled", "unknown name \"frmNone.cmdRun\""},
-        {"show txtGMcode.colour", "unknown property \"colour\""},
-        {"show txtGMcode.caption", "\"txtGMcode\" has no property \"caption\""},
-        {"expect state.rows x", "unknown property \"rows\""},
-        {"expect focus cmdNone", "unknown name \"cmdNone\""},
-        {"expect sunshine", "not NAME.PROPERTY: \"sunshine\""},
-        {"press Hyper", "unknown key \"Hyper\""},
-        {"press A", "unknown key \"A\""},
-        {"answer maybe", "unknown answer \"maybe\""},
-        {"fails disk 1", "unknown service \"disk\""},
-        {"fails file 0", "calls are counted from 1"},
-        {"during 0 start", "waits are counted from 1"},
-        {"row", "an argument is missing"},
-        {"row 1x", "not a whole number: \"1x\""},
-        {"row 1 2", "what is this: \"2\""},
-        {"pick txtGMcode 1", "\"txtGMcode\" is no list"},
-        {"set cmdRun x", "\"cmdRun\" is no field"},
-        {"close txtGMcode", "\"txtGMcode\" is no window"},
-        {"expect header 20 x", "column headers count from 1 to 19"},
-        {"start", "the program is running already"},
-    };
-    for (const auto& one : cases) {
-        EXPECT_EQ(RunText("start\n" + std::string(one.Line) + "\nshow state.machine\n"), 2) << one.Line;
-        EXPECT_EQ(Errors, Script + ":2: " + one.Complaint + "\n");
-        EXPECT_EQ(Out, "") << one.Line;
-    }
-    // In the middle of a wait too, and whatever has failed before.
-    Platform.Files.WriteWhole(Path("p.cnc"), program);
-    EXPECT_EQ(RunText("start " + Path("p.cnc") +
-                      "\nexpect state.lineCount 9\nclick cmdRun\nclick cmdStep\nfoo\nexpect clock 1\n"),
-              2);
-    EXPECT_EQ(Errors, Script + ":2: expected \"9\", got \"3\"\n" + Script + ":5: unknown action \"foo\"\n");
-}
-
-TEST_F(ScriptTest, NotesTellWhatDidNotHappen) {
-    Platform.Files.WriteWhole(Path("p.cnc"), program);
-    Platform.Files.WriteWhole(Path("strange.cnc"), "x");
-    // At the end of the script nothing waits any longer.
-    EXPECT_EQ(
-        RunText("start " + Path("p.cnc") + "\nclick cmdStop\nrow 9\nfile " + Path("strange.cnc") +
-                "\nclick mnuOpen\nduring 3 press Esc\nclick chkViewToolPos\nclick cmdRun\nclick cmdStep\n"),
-        0);
-    EXPECT_EQ(Errors,
-              Script + ":2: note: cmdStop: not to be seen\n" + Script + ":3: note: there is no such row\n" +
-                  Script +
-                  ":5: note: no answer for the message box \"The file \"strange.cnc\"  does not appear "
-                  "to be an Emco CNC formatted file\", it takes its default\n" +
-                  Script + ":7: note: wait 3 did not come, line 6 was not done\n");
-}
-
 TEST_F(ScriptTest, TheCallGoesBeforeTheOptionsInTheScript) {
     const std::string script =
         "# a story\n# options: --screen 20000 12000 --workarea 11000\nstart\n# options: --screen 1 1\n"
@@ -133,20 +68,6 @@ TEST_F(ScriptTest, TheCallGoesBeforeTheOptionsInTheScript) {
     EXPECT_EQ(Errors, "kvtc: " + Path("missing.kvts") + ": no such file\n");
     EXPECT_EQ(Run({"script", Folder}), 2);
     EXPECT_EQ(RunText("start", {"--data", Script}), 2);
-}
-
-TEST_F(ScriptTest, StandardInputIsAScript) {
-    std::FILE* const typed = std::tmpfile();
-    std::fputs("start\nexpect state.machine F1\n", typed);
-    std::rewind(typed);
-    const int before = dup(STDIN_FILENO);
-    dup2(fileno(typed), STDIN_FILENO);
-    EXPECT_EQ(Run({"script", "-"}), 1);
-    dup2(before, STDIN_FILENO);
-    close(before);
-    std::fclose(typed);
-    std::clearerr(stdin);
-    EXPECT_EQ(Errors, "-:2: expected \"F1\", got \"MK4\"\n");
 }
 
 TEST_F(ScriptTest, TheFoldersOfARunGoWithIt) {
@@ -219,47 +140,6 @@ TEST_F(ScriptTest, AProgramThatAScriptStartsWritesInItsFoldersAlone) {
         << Errors;
     EXPECT_EQ(FileContent("kept"), "kept");
     for (const char* name : {"new", "moved"}) EXPECT_FALSE(std::filesystem::exists(Path(name))) << name;
-}
-
-TEST_F(ScriptTest, TheDumpListsFocusAndControls) {
-    Platform.Files.WriteWhole(Path("p.cnc"), program);
-    ASSERT_EQ(RunText("start " + Path("p.cnc") +
-                      "\nanswer ok\nanswer yes\nshow txtFileNotes.text\ntype 77\nfocus txtFeedA\ndump\n"
-                      "messages\nmessages\n"),
-              0)
-        << Errors;
-    const std::size_t first = Out.find('\n') + 1;
-    const std::size_t second = Out.find('\n', first) + 1;
-    EXPECT_EQ(Out.substr(0, first), "txtFileNotes.text = first\\r\\nsecond\\r\\n\n");
-    const std::string box =
-        R"([{"text":"G77 Unknown code","title":"Kestrel Vise Toolkit","icon":"none","buttons":"ok"}])"
-        "\n[]\n";
-    EXPECT_EQ(Out.substr(second), box);
-
-    rapidjson::Document state;
-    state.Parse(Out.substr(first, second - first).c_str());
-    ASSERT_FALSE(state.HasParseError());
-    EXPECT_EQ(state["file"].GetString(), Path("p.cnc"));
-    EXPECT_EQ(state["rows"].Size(), 4u);
-    EXPECT_STREQ(state["focus"].GetString(), "txtGMcode");
-    const auto& controls = state["controls"];
-    const auto membersOf = [&](const char* name) {
-        std::vector<std::string> names;
-        for (const auto& member : controls[name].GetObject()) names.emplace_back(member.name.GetString());
-        return names;
-    };
-    using Names = std::vector<std::string>;
-    EXPECT_EQ(membersOf("frmMain"),
-              (Names{"caption", "visible", "windowState", "left", "top", "width", "height"}));
-    EXPECT_EQ(membersOf("txtGMcode"), (Names{"text", "visible", "enabled", "tag", "toolTip", "left", "top",
-                                             "width", "height", "selStart", "selLength"}));
-    EXPECT_EQ(membersOf("mnuOpen"), (Names{"caption", "visible", "enabled", "tag", "checked"}));
-    EXPECT_EQ(membersOf("lstMK4Gcodes"), (Names{"text", "visible", "enabled", "tag", "toolTip", "listIndex",
-                                                "left", "top", "width", "height"}));
-    EXPECT_EQ(controls["chkViewToolPos"]["value"].GetInt(), 1);
-    EXPECT_TRUE(controls["optSettingsMK4"]["value"].GetBool());
-    EXPECT_STREQ(controls["cmdTopButtons(3)"]["toolTip"].GetString(), "Print File");
-    EXPECT_FALSE(controls["txtYJ"]["visible"].GetBool());
 }
 
 }  // namespace kvt::test

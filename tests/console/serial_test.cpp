@@ -1,5 +1,7 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <pthread.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -38,6 +40,16 @@ std::string Expected(const std::string& file, bool filter) {
 }
 
 constexpr double speedUp = 1000;
+
+// Until nothing waits to be read at an end of a line.
+void WaitUntilTaken(int end) {
+    for (int calm = 0; calm < 5;) {
+        int left = 0;
+        ioctl(end, FIONREAD, &left);
+        calm = left == 0 ? calm + 1 : 0;
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+}
 
 }  // namespace
 
@@ -146,14 +158,20 @@ TEST(SerialTest, WhatHasComeIsWrittenWhateverEndsTheReception) {
         int Signal;
         bool FolderGoes;
     } cases[] = {{SIGINT, false}, {SIGHUP, false}, {SIGXFSZ, false}, {SIGTERM, true}};
+    // One that comes before the reception looks for it waits.
+    sigset_t signals = {}, before = {};
+    for (const auto& one : cases) sigaddset(&signals, one.Signal);
+    pthread_sigmask(SIG_BLOCK, &signals, &before);
     for (const auto& one : cases) {
         const PseudoTerminal terminal;
         const fs::path target = folder.Path() / "target";
         fs::create_directory(target);
+        const int look = open(terminal.Path().c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+        ASSERT_GE(look, 0);
         std::thread user([&, receiver = pthread_self()] {
             const std::string text("   N` G`\r\n    00M30\0\0\r\n   M\r\n", 29);
             EXPECT_EQ(write(terminal.Handle(), text.data(), text.size()), 29);
-            std::this_thread::sleep_for(std::chrono::milliseconds(300));
+            WaitUntilTaken(look);
             if (one.FolderGoes) fs::remove(target);
             pthread_kill(receiver, one.Signal);
         });
@@ -164,6 +182,7 @@ TEST(SerialTest, WhatHasComeIsWrittenWhateverEndsTheReception) {
         options.Port = terminal.Path();
         const int result = ReceiveFile(options);
         user.join();
+        close(look);
         testing::internal::GetCapturedStdout();
         const std::string told = testing::internal::GetCapturedStderr();
         EXPECT_EQ(result, one.FolderGoes ? 2 : 0) << one.Signal << told;
@@ -173,6 +192,7 @@ TEST(SerialTest, WhatHasComeIsWrittenWhateverEndsTheReception) {
         EXPECT_NE(DiskFiles().ReadWhole(file).find("00M30\r\n   M"), std::string::npos) << one.Signal;
         fs::remove_all(target);
     }
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
 TEST(SerialTest, ADeviceBelongsToOneProgram) {

@@ -7,21 +7,6 @@
 namespace kvt::test {
 namespace {
 
-TEST_F(DrawTest, AMeasureFieldIsCleanedUp) {
-    const char* const cases[][2] = {{"", "0"},       {"--5", "-5"},  {"5-", "5"}, {"-", "0"},
-                                    {"-5-3", "-53"}, {"007", "7"},   {"-0", "0"}, {"1.50", "1.5"},
-                                    {"abc", "0"},    {"- 12", "-12"}};
-    for (const auto& one : cases) EXPECT_EQ(CleanUp(one[0]), one[1]) << one[0];
-    // Leaving a field with a number that none can show keeps what stands there; its distances are none.
-    Controls().txtX1.Text = std::string(1000, '9');
-    Controls().txtZ1.Text = "7";
-    Controls().txtX1.OnLostFocus();
-    EXPECT_EQ(Controls().txtX1.Text.Get().size(), 1000u);
-    EXPECT_EQ(Controls().txtDeltaX.Text, "");
-    EXPECT_EQ(Controls().txtDeltaZ.Text, "7");
-    EXPECT_TRUE(Bench->Log.Records().empty());
-}
-
 TEST_F(DrawTest, TheMillMeasuresYUpwardsOnceAPointIsFixed) {
     DrawLines("F1", "91; M30");
     State().ZeroX = State().ZeroY = 1000;
@@ -99,37 +84,6 @@ TEST_F(DrawTest, TheImageIsWhatTheViewShows) {
     EXPECT_EQ(shown(), before);
 }
 
-TEST_F(DrawTest, PaperIsWhite) {
-    DrawLines("MK4", "91; 01 X0 Z-10 F50; M30");
-    Platform.Printer.OnForm = [&](const Form&) {
-        EXPECT_EQ(Field().Operations()[0].Ink, 0xFFFFFFu);
-        EXPECT_FALSE(Controls().hsbViewWindow.Visible || Controls().vsbViewWindow.Visible);
-        EXPECT_TRUE(Controls().lblFileName.Visible);
-        EXPECT_EQ(Controls().frProperties.Height, 800);
-    };
-    Controls().mnuPrint.Click();
-    EXPECT_EQ(Platform.Printer.Forms, 1);
-    EXPECT_EQ(Field().Operations()[0].Ink, 0u);
-    EXPECT_EQ(Controls().frProperties.Height, 620);
-    // Closed while it draws for the paper: nothing is printed.
-    Draw().Sim.SelectSim(simulation::Step);
-    Platform.System.NextEvent = [&] { return Draw().Form_QueryUnload(), true; };
-    bool kept = true;
-    Draw().SaveSettings = [&] { kept = Controls().mnuBackground.Checked; };
-    Controls().mnuPrint.Click();
-    EXPECT_EQ(Platform.Printer.Forms, 1);
-    EXPECT_FALSE(kept || Controls().mnuBackground.Checked);
-}
-
-TEST_F(DrawTest, AViewWiderThanTheFieldHasItInTheMiddle) {
-    Put("MK4", "91; M30");
-    Controls().frmDraw.ApplySize(60460, 41220);
-    Draw().PositionControls();
-    Draw().cmdAutoFit_Click();
-    EXPECT_EQ(Controls().hsbViewWindow.Max, -2000);
-    EXPECT_EQ(Field().Left, 10000);
-}
-
 TEST_F(DrawTest, AWatchedLineIsSelectedInTheEditorToo) {
     const char* const program = "91; 01 X0 Z-10 F50; 01 X0 Z-10 F50; M30";
     Platform.Focus.SetFocus(Field());
@@ -161,38 +115,6 @@ TEST_F(DrawTest, AWatchedLineIsSelectedInTheEditorToo) {
     rows.clear();
     Draw().Redraw();
     EXPECT_EQ(rows, "1111");
-}
-
-// Whatever is closed or changed in whatever wait, the walk ends and nothing is left behind.
-TEST_F(DrawTest, NothingThatComesUpInAWaitDoesHarm) {
-    const std::function<void()> doings[] = {
-        [&] { Draw().Listing.frmProgramWindow.OnQueryUnload(); },
-        [&] { Draw().Form_QueryUnload(); },
-        [&] { Bench->Store.lvCncProgram.Clear(); },
-        [&] { Bench->Machine.optSettingsF1CNC.Click(); },
-        [&] { Field().OnMouseDown(mouse::Left, 0, 900, 900); },
-        [&] { Controls().mnuPrint.Click(); },
-        [&] { Controls().mnuSaveClipboard.Click(); },
-    };
-    for (const auto& does : doings) {
-        for (int wait = 1; wait <= 4; ++wait) {
-            Controls().mnuProgramWindow.Checked = true;
-            Put("MK4", "91; 01 X0 Z-10 F50; 01 X0 Z-10 F50; M30");
-            Comment(2, "cmdWAIT");
-            Draw().Sim.SelectSim(simulation::Step);
-            int turn = 0;
-            Platform.System.NextEvent = [&] {
-                if (++turn == wait) does();
-                State().EndClickWait();
-                State().PressStep();
-                return turn < 20;
-            };
-            Draw().Redraw();
-            EXPECT_FALSE(State().Walking() || Field().Cross.Get().Shown);
-            EXPECT_EQ(State().MeasureClicks, 0);
-            Draw().Unload();
-        }
-    }
 }
 
 }  // namespace

@@ -111,14 +111,6 @@ TEST_F(LineEditTest, AValueThatItsCellCannotHoldIsNotWritten) {
     }
 }
 
-TEST_F(LineEditTest, TheRadiusLineLosesADigitAndKeepsItsRadius) {
-    Enter("M99R|500");
-    EXPECT_EQ(Cells(0), "[M9R ][R 500][     ][      ][    ][   ]");
-    EXPECT_EQ(Bench->Store.M99Radius, 500);
-    Enter("M99|7||8");
-    EXPECT_EQ(Bench->Store.M99Radius, 500);
-}
-
 TEST_F(LineEditTest, WritesWhicheverRowIsSelected) {
     Enter("00|100||200");
     EXPECT_EQ(List.Count(), 2);
@@ -149,15 +141,6 @@ TEST_F(LineEditTest, WritesWhicheverRowIsSelected) {
     EXPECT_EQ(List.SelectedRow(), 4);
     EXPECT_EQ(Cell(3, column::Number), "NN");
     EXPECT_FALSE(Bench->Store.EndCodePresent);
-}
-
-TEST_F(LineEditTest, TheNumberIsThePlaceOfTheRow) {
-    for (int i = 0; i < 120; ++i) List.AddRow();
-    for (const auto& [row, number] : {std::pair{1, " 00"}, {100, " 99"}, {121, "120"}}) {
-        List.Select(row);
-        Bench->Lines.FormatInputs();
-        EXPECT_EQ(Cell(row - 1, column::Number), number);
-    }
 }
 
 TEST_F(LineEditTest, AnAutomaticCommentFillsAnEmptyOne) {

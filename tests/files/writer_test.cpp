@@ -1,7 +1,5 @@
 #include "files/cnc_writer.h"
 
-#include <filesystem>
-
 #include "support/bench_fixture.h"
 
 namespace kvt::test {
@@ -18,7 +16,6 @@ protected:
         return mode;
     }
     ListRow& Row(int line) { return Bench->Store.lvCncProgram.Row(line + 1); }
-    std::string Notes() const { return Bench->File.txtFileNotes.Text.Get(); }
     std::string PathShown() const { return Bench->File.lblPath.Caption.Get(); }
     const std::vector<MessageBox>& Shown() const { return Platform.Dialogs.Shown; }
     void LoadSmall(const std::string& name = "program.cnc") {
@@ -29,71 +26,6 @@ protected:
 };
 
 }  // namespace
-
-TEST_F(WriterTest, EveryCellGoesToItsColumn) {
-    const struct {
-        const char *Machine, *Expected;
-    } cases[] = {
-        {"MK2", "%\r\n   N23 Gde Xghijk Zpqrstu Fwxy a b\r\n   M\r\n"},
-        {"MK4", "%\r\n    N` G`   X `    Z `  F`  H \r\n   123cde ghijk pqrstuvwxy z12  a b\r\n   M\r\n"},
-        {"F1", "%\r\n    N` G`  X  `  Y `   Z ` F  \r\n   123cdeghijklmnopqrstuvwxy a b\r\n   MI\r\n"},
-    };
-    for (const auto& one : cases) {
-        const std::string machine = one.Machine;
-        Check(machine, {{machine == "MK2" ? "22" : "M30"}});
-        ListRow& row = Row(0);
-        row[column::Number] = "123";
-        row[column::Code] = "cde ";
-        row[column::X] = "ghijk";
-        row[column::Y] = "lmno";
-        row[column::Z] = "pqrstu";
-        row[column::F] = machine == "MK2" ? "wxy" : "vwxy";
-        row[column::H] = "z12";
-        row[column::Error] = "!not in a file";
-        row[column::Comment] = "  a b ";
-        EXPECT_EQ(Text(), one.Expected) << machine;
-    }
-}
-
-TEST_F(WriterTest, WhatLinesAndFieldsBecomeWithoutText) {
-    // An empty comment leaves the blanks in front of it; F takes the last three characters.
-    Check("MK2", {{"00"}, {"22"}});
-    Row(0)[column::F] = "2";
-    EXPECT_EQ(Text(), "%\r\n   N00 G00 X      Z       F 2 \r\n   N01 G22 X      Z       F    \r\n   M\r\n");
-    Check("MK4", {{"M30"}}, "\"");
-    EXPECT_EQ(Text().substr(35), "    00M30" + Blanks(23) + "\r\n   \"\r\n");
-    // Rows whose number holds N are left out, in whatever case.
-    for (const char* machine : {"MK4", "F1"}) {
-        Check(machine, {{"91"}, {"90"}, {"M30"}});
-        Row(1)[column::Number] = " n1";
-        const std::string text = Text();
-        EXPECT_EQ(text.find(" 90"), std::string::npos) << machine;
-        EXPECT_NE(text.find(" 91"), std::string::npos) << machine;
-        EXPECT_NE(text.find("M30"), std::string::npos) << machine;
-    }
-    const struct {
-        const char *Units, *Line;
-    } units[] = {{"M-", "   M-\r\n"},
-                 {"MI", "   MI\r\n"},
-                 {"\"-", "   \"-\r\n"},
-                 {"\"I", "   \"I\r\n"},
-                 {"M", "   MI\r\n"}};
-    for (const auto& one : units) {
-        Check("F1", {{"M30"}}, one.Units);
-        EXPECT_TRUE(Text().ends_with(one.Line)) << one.Units;
-    }
-}
-
-TEST_F(WriterTest, NotesGrowByOneLineEndWithEachLoadAndSave) {
-    ASSERT_EQ(Load(FileText("MK4", {{"M30"}}, "M", "one. two")), LoadResult::Loaded);
-    EXPECT_TRUE(Text().starts_with("one. two\r\n\r\n%\r\n    N`"));
-    const std::string once = Text();
-    ASSERT_EQ(Load(once), LoadResult::Loaded);
-    EXPECT_EQ(Notes(), "one. two\r\n\r\n");
-    EXPECT_TRUE(Text().starts_with("one. two\r\n\r\n\r\n%\r\n    N`"));
-    Bench->File.txtFileNotes.Text = "";
-    EXPECT_TRUE(Text().starts_with("%\r\n    N`"));
-}
 
 TEST_F(WriterTest, PrintModeShowsTheColumnsInSight) {
     const struct {
@@ -128,21 +60,6 @@ TEST_F(WriterTest, PrintModeShowsTheColumnsInSight) {
     }
 }
 
-TEST_F(WriterTest, AnEmptyProgramGivesNoText) {
-    EXPECT_EQ(Text(), "");
-    Bench->File.txtFileNotes.Text = "notes alone";
-    EXPECT_EQ(Text(), "");
-    // Nothing selected: nothing to save, in any mode.
-    for (const std::int16_t mode : {save::ToFile, save::As, save::ToClipboard}) {
-        Platform.Dialogs.Shown.clear();
-        EXPECT_EQ(Save(mode), mode);
-        ASSERT_EQ(Shown().size(), 1u);
-        EXPECT_EQ(Shown()[0].Text, "No Lines of code present");
-        EXPECT_EQ(Shown()[0].Title, "Kestrel Vise Toolkit");
-        EXPECT_EQ(Shown()[0].Choice, Buttons::Ok);
-    }
-}
-
 TEST_F(WriterTest, TheEndCodeComesLastAndLeavesThePlace) {
     for (const std::string machine : {"MK2", "MK4", "F1"}) {
         SCOPED_TRACE(machine);
@@ -170,30 +87,6 @@ TEST_F(WriterTest, TheEndCodeComesLastAndLeavesThePlace) {
     }
 }
 
-TEST_F(WriterTest, SavingWritesTheFileAndNamesIt) {
-    ASSERT_EQ(Load(FileText("MK4", {{"91"}})), LoadResult::Loaded);
-    int titles = 0;
-    Bench->Calls.RefreshTitle = [&] { ++titles; };
-    Bench->Main.rtfHelp.Visible = true;
-    Bench->Store.ProgramChanged = true;
-    Bench->Writer.mnuSave_Click();
-    EXPECT_EQ(FileContent("program.cnc"), "%\r\n    N` G`   X `    Z `  F`  H \r\n    00 91" + Blanks(23) +
-                                              "\r\n    01M30" + Blanks(23) + "\r\n   M\r\n");
-    EXPECT_FALSE(Bench->Main.rtfHelp.Visible);
-    EXPECT_FALSE(Bench->Store.ProgramChanged);
-    EXPECT_EQ(PathShown(), Path("program.cnc"));
-    EXPECT_EQ(Bench->File.lblFileName.Caption.Get(), "program.cnc");
-    EXPECT_EQ(titles, 1);
-    EXPECT_TRUE(Shown().empty());
-    // The dialog's name as it is: no extension comes to it, and a new file needs no question.
-    Platform.Dialogs.FileAnswers = {{false, Path("other")}};
-    Bench->Writer.mnuSaveAs_Click();
-    EXPECT_EQ(FileContent("other"), FileContent("program.cnc"));
-    EXPECT_EQ(PathShown(), Path("other"));
-    EXPECT_TRUE(Shown().empty());
-    EXPECT_TRUE(Bench->File.dlgFile.CancelError);
-}
-
 TEST_F(WriterTest, SaveWithoutANameAsksForOne) {
     LoadSmall();
     Bench->File.lblPath.Caption = "";
@@ -212,57 +105,6 @@ TEST_F(WriterTest, SaveWithoutANameAsksForOne) {
     EXPECT_EQ(Shown()[0].Title, "Kestrel Vise Toolkit");
     EXPECT_TRUE(Bench->Store.ProgramChanged);
     EXPECT_EQ(PathShown(), "");
-}
-
-TEST_F(WriterTest, AnExistingFileIsAskedAbout) {
-    LoadSmall();
-    const auto fresh = [&] {
-        Platform.Files.WriteWhole(Path("there.cnc"), "old");
-        Platform.Dialogs.Shown.clear();
-    };
-    fresh();
-    Platform.Dialogs.FileAnswers = {{false, Path("there.cnc")}};
-    Platform.Dialogs.Answers = {Answer::Cancel};
-    Save(save::As);
-    ASSERT_EQ(Shown().size(), 1u);
-    EXPECT_EQ(Shown()[0].Text, "Overwrite there.cnc?");
-    EXPECT_EQ(Shown()[0].Title, "Kestrel Vise Toolkit");
-    EXPECT_EQ(Shown()[0].Choice, Buttons::YesNoCancel);
-    EXPECT_EQ(FileContent("there.cnc"), "old");
-    EXPECT_TRUE(Bench->Store.ProgramChanged);
-    // No shows the dialog again, from the current name on.
-    fresh();
-    Platform.Dialogs.FileAnswers = {{false, Path("there.cnc")}, {false, Path("new.cnc")}};
-    Platform.Dialogs.Answers = {Answer::No};
-    Save(save::As);
-    EXPECT_EQ(Shown().size(), 1u);
-    EXPECT_EQ(FileContent("there.cnc"), "old");
-    EXPECT_EQ(FileContent("new.cnc"), small);
-    EXPECT_EQ(PathShown(), Path("new.cnc"));
-    // Yes replaces it; the queue of answers is used up.
-    fresh();
-    Platform.Dialogs.FileAnswers = {{false, Path("there.cnc")}};
-    Platform.Dialogs.Answers = {Answer::Yes};
-    Save(save::As);
-    EXPECT_EQ(FileContent("there.cnc"), small);
-    EXPECT_FALSE(Bench->Store.ProgramChanged);
-}
-
-TEST_F(WriterTest, AFailingWriteIsReportedAndTheNameIsTakenAllTheSame) {
-    LoadSmall();
-    Platform.Files.WriteWhole(Path("kept.cnc"), "old");
-    Platform.Dialogs.FileAnswers = {{false, Path("kept.cnc")}};
-    Platform.Dialogs.Answers = {Answer::Yes};
-    Platform.Faults.Fail("file", 1);
-    Save(save::As);
-    ASSERT_EQ(Bench->Log.Records().size(), 1u);
-    EXPECT_EQ(Bench->Log.Records()[0].Number, fault::PathFileAccess);
-    EXPECT_EQ(Bench->Log.Records()[0].Procedure, "SaveFile_Click");
-    EXPECT_FALSE(Bench->Store.ProgramChanged);
-    EXPECT_EQ(PathShown(), Path("kept.cnc"));
-    EXPECT_EQ(Bench->Store.LineCount(), 1);
-    // The new text did not arrive, so the old one is still whole.
-    EXPECT_EQ(FileContent("kept.cnc"), "old");
 }
 
 TEST_F(WriterTest, TheClipboardTakesTheTextAndNothingElseChanges) {

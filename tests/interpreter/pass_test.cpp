@@ -68,76 +68,6 @@ TEST_F(PassTest, ResultCellsAreClearedAndAFlowErrorLeavesTheRest) {
     EXPECT_EQ(List().SelectedRow(), 4);
 }
 
-TEST_F(PassTest, HeaderNamesTheFirstFindingOfPassOne) {
-    Check(
-        "MK4",
-        {Plain("21"), {.Code = "00", .X = "6000"}, Plain("21"), {.Code = "00", .Z = "40000"}, Plain("M30")});
-    EXPECT_EQ(Error(1), "!X=5999maximum");
-    EXPECT_EQ(Error(3), "!Z=32760maximum");
-    EXPECT_EQ(Header(), "Error in line 1");
-    EXPECT_EQ(Bench->Store.ErrorLine, 1.0F);
-    EXPECT_EQ(Bench->Store.ErrorRow, 4);
-    EXPECT_EQ(Executed(), "5");
-    EXPECT_EQ(ErrorWidth(), 3885);
-    // The crosses stand on the selected line, where pass 2 writes over some of them.
-    EXPECT_EQ(Cell(0, column::ToolX), "     0");
-    for (int c = column::CenterX; c <= column::Angle; ++c) EXPECT_EQ(Cell(0, c), " xxxxx") << c;
-    EXPECT_EQ(Cell(0, column::Time), std::string(8, ' '));
-    // Behind the finding pass 1 clears them again.
-    List().Select(3);
-    Run();
-    EXPECT_EQ(Cell(0, column::Radius), "      ");
-    EXPECT_EQ(Cell(2, column::Radius), "      ");
-    // Mended: nothing is left of it.
-    List().Row(2)[column::X] = " 5999";
-    List().Row(4)[column::Z] = " 32760";
-    Run();
-    EXPECT_EQ(Error(1) + Error(3), "");
-    EXPECT_EQ(Bench->Store.ErrorRow, 0);
-    EXPECT_EQ(ErrorWidth(), 0);
-    EXPECT_FALSE(Bench->Store.ErrorFlagged);
-    EXPECT_EQ(List().SelectedRow(), 3);
-}
-
-TEST_F(PassTest, LinesTakeTheColourOfTheirMode) {
-    Bench->Store.AbsColor = 0x112233;
-    Bench->Store.IncrColor = 0x445566;
-    Check("MK4",
-          {Plain("21"), Plain("90"), Plain("21"), Plain("91"), Plain("92"), Plain("M17"), Plain("21")});
-    const Color expected[] = {0x445566, 0x112233, 0x112233, 0x445566, 0x112233, 0, 0};
-    for (int row = 1; row <= 7; ++row) EXPECT_EQ(List().Row(row).ForeColor, expected[row - 1]) << row;
-    EXPECT_TRUE(Bench->Store.AbsoluteMode);
-    // A line that the run does not reach keeps its colour; the mode does not outlive the run.
-    List().Row(1)[column::Code] = "M17 ";
-    Run();
-    EXPECT_EQ(List().Row(3).ForeColor, 0x112233U);
-    EXPECT_FALSE(Bench->Store.AbsoluteMode);
-}
-
-TEST_F(PassTest, ControlCommands) {
-    const auto expect = [this](const std::string& comment, const char* message) {
-        List().Row(2)[column::Comment] = comment;
-        Run();
-        EXPECT_EQ(Error(1), message) << comment;
-        EXPECT_EQ(Bench->Store.ErrorRow, *message ? 2 : 0) << comment;
-        EXPECT_EQ(Executed(), "2") << comment;
-    };
-    Check("MK4", {Plain("21"), Plain("21")});
-    for (const char* good : {"cmdCOLOR Red", "CMDinterval 2", "cmdNOCHECK", "cmdnoradius", "cmdNORENUM",
-                             "CmdRadius", "cmdRUN fast", "cmdSKIP", "cmdSTEP", "cmdstop because of chuck",
-                             "cmdWAIT", "CM", "  cmdFOO", "see cmdFOO", ""}) {
-        expect(good, "");
-    }
-    for (const char* bad : {"CMD", "cmdFOO 3", "Cmdline note", "cmdSKIPPED", "cmd STOP", "cmdSTOP,"}) {
-        expect(bad, "!Unknown ControlCommand");
-    }
-    // The parameters of the same line have the last word.
-    Check("MK4", {{.Code = "04", .X = "6000", .Comment = "cmdFOO"}, {.Code = "04", .Comment = "cmdFOO"}});
-    EXPECT_EQ(Error(0), "!X=5999maximum");
-    EXPECT_EQ(Error(1), "!Unknown ControlCommand");
-    EXPECT_EQ(Header(), "Error in line 0");
-}
-
 TEST_F(PassTest, TextsOfTheLanguage) {
     Texts& texts = Bench->Language;
     texts.ErrorHeaderText = "Fehler in Satz";
@@ -184,38 +114,6 @@ protected:
     std::vector<std::string> Seen;
 };
 
-TEST_F(StepTest, EachGrantRunsOneLineAndTheEndGivesTheSelectionBack) {
-    Check("MK4", {{.Code = "27", .F = "02"}, Plain("21"), {.Code = "04", .X = "100"}});
-    List().Select(2);
-    Shown().cmdStop.Enabled = false;
-    Then([this] {
-        EXPECT_TRUE(Bench->Store.EditorRunMode);
-        EXPECT_FALSE(Shown().cmdRun.Visible);
-        EXPECT_TRUE(Shown().cmdStep.Visible);
-        EXPECT_TRUE(Shown().cmdStep.Enabled);
-        EXPECT_TRUE(Shown().cmdStop.Visible);
-        EXPECT_EQ(Cell(0, column::ToolX), "     ?");
-    });
-    ThenStep();
-    Then([this] {
-        EXPECT_TRUE(Shown().cmdStop.Enabled);
-        EXPECT_FALSE(Bench->Store.StepGranted);
-        EXPECT_EQ(Cell(0, column::ToolX), "     0");
-        EXPECT_EQ(Cell(2, column::ToolX), "     ?");
-    });
-    ThenStep();
-    ThenStep();  // not taken any more
-    Shown().cmdRun.Click();
-    EXPECT_EQ(Seen, (std::vector<std::string>{"1 xxx", "3 1"}));
-    EXPECT_EQ(Platform.System.Events.size(), 1U);
-    EXPECT_EQ(List().SelectedRow(), 2);
-    EXPECT_EQ(Executed(), "2");
-    EXPECT_EQ(MachineTime(), "00:00:01");
-    EXPECT_FALSE(Bench->Store.EditorRunMode);
-    EXPECT_FALSE(Shown().cmdStep.Enabled);
-    EXPECT_TRUE(Shown().cmdStop.Enabled);
-}
-
 // The line that waits is in sight, and the end code keeps the selection.
 TEST_F(StepTest, EndCodeKeepsTheSelection) {
     std::vector<Line> lines(61, Plain("21"));
@@ -232,22 +130,6 @@ TEST_F(StepTest, EndCodeKeepsTheSelection) {
     List().Select(3);
     Run();
     EXPECT_EQ(List().SelectedRow(), 3);
-}
-
-TEST_F(StepTest, StopRunsTheWholeProgramAtOnce) {
-    std::vector<std::string> focused;
-    Bench->Calls.FirstFieldFocus = [&](std::string_view initial) { focused.emplace_back(initial); };
-    Check("MK4", {Plain("21"), Plain("21"), Plain("21")});
-    ThenStep();
-    Then([this] { Shown().cmdStop.Click(); });
-    ThenStep();
-    Shown().cmdRun.Click();
-    ExpectLeft();
-    EXPECT_EQ(Platform.System.Events.size(), 1U);
-    EXPECT_EQ(Executed(), "3");
-    EXPECT_EQ(MachineTime(), "00:00:00");
-    EXPECT_EQ(Cell(2, column::ToolX), "     0");
-    EXPECT_EQ(focused, std::vector<std::string>{""});
 }
 
 TEST_F(StepTest, AnEditGivesTheWaitingPassUp) {

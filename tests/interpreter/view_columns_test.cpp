@@ -45,40 +45,6 @@ TEST_F(View, ToolColumns) {
     EXPECT_EQ(Widths(10, 12), (Twips{0, 0, 0}));
 }
 
-TEST_F(View, LinePropertyColumns) {
-    Check("MK4", Program("01 X10 Z10 F50"));
-    EXPECT_EQ(Widths(13, 17), (Twips{0, 0, 0, 0, 811}));
-    Check("MK4", Program(arc));
-    EXPECT_EQ(Widths(13, 17), (Twips{1025, 0, 1025, 817, 811}));
-    Check("F1", Program(arc));
-    EXPECT_EQ(Widths(13, 17), (Twips{1025, 1025, 1025, 817, 811}));
-    for (const int header : {13, 14, 15, 16}) Bench->Store.lvCncProgram.SetHeaderText(header, "C");
-    Bench->Store.lvCncProgram.SetHeaderText(17, "Winkelgrad");
-    Bench->View.MakeLinePropertiesColumns();
-    EXPECT_EQ(Widths(13, 17), (Twips{1020, 1020, 1020, 811, 1233}));
-    Click(Bench->View.chkViewLineProperties, 0);
-    EXPECT_EQ(Widths(13, 17), (Twips{0, 0, 0, 0, 0}));
-    // The run that a check box asks for shows them by itself.
-    Bench->View.chkViewLineProperties.Value = 1;
-    Bench->Interpreter.Interpreter();
-    EXPECT_EQ(Widths(13, 17), (Twips{1020, 1020, 1020, 811, 1233}));
-}
-
-TEST_F(View, CheckBoxesRunThePassAndPlaceTheControls) {
-    Check("MK4", Program("04 X150"));
-    std::string calls;
-    Bench->Calls.ControlsPositioning = [&] { calls += Cell(0, column::Time) + " "; };
-    for (CheckBox* box :
-         {&Bench->View.chkViewToolPos, &Bench->View.chkViewLineProperties, &Bench->View.chkViewMachineTime}) {
-        Bench->Store.lvCncProgram.Row(1)[column::Time] = "";
-        Click(*box, 0);
-    }
-    EXPECT_EQ(calls, "00:00:02 00:00:02 00:00:02 ");
-    EXPECT_EQ(Widths(18, 18), Twips{0});
-    Click(Bench->View.chkViewMachineTime, 1);
-    EXPECT_EQ(Widths(18, 18), Twips{1050});
-}
-
 TEST_F(View, WindowFitsTheColumns) {
     struct Case {
         const char* Machine;

@@ -3,9 +3,7 @@
 #include <random>
 
 #include "program/program_store.h"
-#include "program/texts.h"
 #include "program/word.h"
-#include "support/table.h"
 
 namespace kvt::test {
 
@@ -91,48 +89,6 @@ TEST(WordTest, TheShortRoadReadsWhatTheLongOneDoes) {
         ASSERT_EQ(word.Letter, expected.Letter) << ::testing::PrintToString(text);
         ASSERT_EQ(word.Value, expected.Value) << ::testing::PrintToString(text);
         ASSERT_EQ(word.Number, expected.Number) << ::testing::PrintToString(text);
-    }
-}
-
-TEST(LimitsTest, NoLimitWidensToTheSameNumberOfDigits) {
-    const int pairs[] = {0, 0, 1, 9, 2, 9, 9, 9, 10, 99, 221, 999, -1999, -9999, -3999, -9999, -5, -9};
-    for (std::size_t i = 0; i < std::size(pairs); i += 2)
-        EXPECT_EQ(NoLimit(pairs[i]), pairs[i + 1]) << pairs[i];
-
-    const int bounds[] = {0,    2,     10,   199,   221,  499,    999,   -1999,  1999,  -3999,  3999, -5999,
-                          5999, -7999, 7999, -9999, 9999, -12900, 12900, -19999, 19999, -32760, 32760};
-    const int widened[] = {0,    9,     99,   999,   999,  999,    999,   -9999,  9999,  -9999,  9999, -9999,
-                           9999, -9999, 9999, -9999, 9999, -99999, 99999, -99999, 99999, -99999, 99999};
-    LimitTable table;
-    for (const bool disabled : {true, false}) {
-        table.Fill(disabled);
-        for (int i = 1; i <= LimitTable::Size; ++i)
-            EXPECT_EQ(table(i), (disabled ? widened : bounds)[i - 1]) << i;
-    }
-    Form window("frmTest");
-    EXPECT_EQ(ProgramStore(window).LimitValues(limit::Minus12900), -12900);
-}
-
-TEST(TextsTest, ABlankEntryGivesTheBuiltInText) {
-    EXPECT_EQ(LanguageText("English", "  "), "English");
-    EXPECT_EQ(LanguageText("English", " Deutsch "), " Deutsch ");
-    Texts texts;
-    EXPECT_EQ(texts.MessageTexts(text::ClearAnyway), "File has been changed. Clear anyway?");
-    texts.MessageTexts.Set(2, "Trotzdem?");
-    EXPECT_EQ(texts.MessageTexts(text::ClearAnyway), "Trotzdem?");
-    texts.MessageTexts.Set(2, "   ");
-    EXPECT_EQ(texts.MessageTexts(text::ClearAnyway), "File has been changed. Clear anyway?");
-    EXPECT_EQ(texts.ErrorTexts.At(2), "");
-    const std::pair<TextTable*, int> tables[] = {{&texts.ProgramErrorTexts, 22},
-                                                 {&texts.ErrorTexts, 30},
-                                                 {&texts.MessageTexts, 31},
-                                                 {&texts.DrawErrorTexts, 20}};
-    for (const auto& one : tables) {
-        EXPECT_EQ(ErrorOf([&] { one.first->Set(one.second, "last"); }), 0);
-        for (const int index : {0, one.second + 1}) {
-            EXPECT_EQ(ErrorOf([&] { std::ignore = one.first->At(index); }), fault::SubscriptOutOfRange);
-            EXPECT_EQ(ErrorOf([&] { one.first->Set(index, "x"); }), fault::SubscriptOutOfRange);
-        }
     }
 }
 

@@ -36,10 +36,6 @@ protected:
         }
         return controls;
     }
-    std::vector<Control*> Overlays() {
-        return Named(
-            "cmdReturn rtfAbout lstAbout rtfHelp rtfGcodeHelpMK2 rtfGcodeHelpMK4 picXYaxes picZXaxes");
-    }
     // The records of Errors.log, and an empty text behind the last line end.
     std::vector<std::string> LogLines() {
         const std::string text = FileContent("Errors.log");
@@ -49,23 +45,6 @@ protected:
 };
 
 }  // namespace
-
-TEST_F(WorkbenchTest, ClearingAsksAboutChangesAndNoKeepsEverything) {
-    LoadPart();
-    for (Control* overlay : Overlays()) overlay->Visible = true;
-    Platform.Dialogs.Answers = {Answer::No};
-    Bench->Calls.ClearProgram_Click();
-    ASSERT_EQ(Platform.Dialogs.Shown.size(), 1u);
-    EXPECT_EQ(Platform.Dialogs.Shown[0].Text, "File has been changed. Clear anyway?");
-    EXPECT_EQ(Platform.Dialogs.Shown[0].Title, "Clear?");
-    EXPECT_EQ(Platform.Dialogs.Shown[0].Choice, Buttons::YesNo);
-    EXPECT_EQ(Bench->Store.LineCount(), 3);
-    EXPECT_EQ(Bench->File.lblPath.Caption, Path("program.cnc"));
-    EXPECT_EQ(Bench->Entry.txtComment.Text, "own");
-    EXPECT_TRUE(Bench->Store.ProgramChanged);
-    // The overlays are left before the question.
-    for (Control* overlay : Overlays()) EXPECT_FALSE(overlay->Visible) << overlay->Name();
-}
 
 TEST_F(WorkbenchTest, ClearingEmptiesTheProgramAndTheEntryRow) {
     LoadPart();

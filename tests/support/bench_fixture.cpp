@@ -14,6 +14,7 @@ namespace {
 // The cell as wide as its column, the first character the prefix.
 std::string Wide(const std::string& cell, std::size_t width) {
     if (cell.empty()) return std::string(width, ' ');
+    if (cell.size() == width) return cell;
     const bool prefixed = !(cell[0] >= '0' && cell[0] <= '9');
     const std::string digits = prefixed ? cell.substr(1) : cell;
     return (prefixed ? cell.substr(0, 1) : " ") + RightPad(digits, width - 1);

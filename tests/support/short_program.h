@@ -10,7 +10,7 @@
 namespace kvt::test {
 
 // Lines written short: "90; 00 X2000 Z-50; M99 I300 K400". A letter says in which column the number stands;
-// the prefix of the cell is what the file reader makes of it.
+// the prefix of the cell is what the file reader makes of it. A word that begins with "#" begins the comment.
 inline std::vector<Line> Program(const std::string& text) {
     static std::set<std::string> codes;  // a Line only points to its code
     std::vector<Line> lines;
@@ -21,6 +21,11 @@ inline std::vector<Line> Program(const std::string& text) {
         words >> word;
         Line line{codes.insert(word).first->c_str()};
         while (words >> word) {
+            if (word[0] == '#') {
+                std::getline(words, line.Comment);
+                line.Comment = word.substr(1) + line.Comment;
+                break;
+            }
             const auto in = [&](const char* letters) {
                 return std::string(letters).find(word[0]) != std::string::npos;
             };

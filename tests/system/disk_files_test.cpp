@@ -99,15 +99,6 @@ TEST_F(DiskFilesTest, NamesAreOfTheCodePageOrPlainBytes) {
     EXPECT_EQ(OnDisk(names[0].System), "new");
 }
 
-TEST_F(DiskFilesTest, ANewFileGetsTheNameThatWasGiven) {
-    for (const std::string name : {"Gr\xC3\xB6\xC3\x9F"
-                                   "e.cnc",
-                                   "\xC5\x82.cnc", "\xF0\x9F\x98\x80.cnc", "a\xCC\x88.cnc"}) {
-        Files.WriteWhole(NameFromSystem(Path(name)), name);
-        EXPECT_EQ(OnDisk(name), name);
-    }
-}
-
 TEST_F(DiskFilesTest, BothSeparatorsLeadIntoFolders) {
     Files.MakeFolder(Path("a\\b/c"));
     Files.MakeFolder(Path("a/b\\c"));
@@ -353,24 +344,6 @@ TEST_F(DiskFilesTest, GuardedOnesChangeTheirOwnFoldersAlone) {
     EXPECT_EQ(ErrorOf([&] { guarded.Delete(Path("own/kept")); }), 0);
     EXPECT_EQ(OnDisk("other/kept"), "kept");
     EXPECT_EQ(std::distance(fs::directory_iterator(Path("other")), fs::directory_iterator()), 1);
-}
-
-TEST_F(DiskFilesTest, EachCallCanBeMadeToFail) {
-    FaultPlan faults;
-    FaultyFiles files(Files, faults);
-    const std::function<void()> calls[] = {
-        [&] { files.WriteWhole(Path("a"), "x"); }, [&] { files.ReadWhole(Path("a")); },
-        [&] { files.Append(Path("a"), "y"); }, [&] { files.MakeFolder(Path("f")); },
-        [&] { files.Delete(Path("a")); }};
-    for (std::size_t failing = 1; failing < std::size(calls); ++failing) {
-        faults.Fail("file", static_cast<int>(failing) + 1);
-        for (std::size_t i = 0; i < std::size(calls); ++i) {
-            // Looking is no call that can fail, and other services do not count.
-            files.Exists(Path("a"));
-            faults.Pass("clipboard", fault::InvalidCall);
-            EXPECT_EQ(ErrorOf(calls[i]), i == failing ? fault::PathFileAccess : 0) << i << " of " << failing;
-        }
-    }
 }
 
 }  // namespace kvt::test

@@ -1,0 +1,5 @@
+%
+    N` G`  X  `  Y `   Z ` F  
+    00M30
+   mi
+   N01 G00 X     Z       F    

@@ -1,0 +1,4 @@
+[Kestrel Vise Toolkit, Language Resource]
+%
+   N00 G22
+   M

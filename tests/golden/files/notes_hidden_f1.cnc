@@ -1,0 +1,5 @@
+see %!* there
+%
+    N` G`  X  `  Y `   Z ` F  
+    00M30                      end
+   M

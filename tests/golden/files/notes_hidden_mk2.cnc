@@ -1,0 +1,4 @@
+see %!* there
+%
+   N00 G22 X      Z       F    end
+   M

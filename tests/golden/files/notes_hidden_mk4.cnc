@@ -1,0 +1,5 @@
+see %!* there
+%
+    N` G`   X `    Z `  F`  H 
+    00M30                       end
+   M

@@ -1,0 +1,112 @@
+// What of the check pass no program alone shows: values that are set, and functions by themselves.
+
+#include "basic/run_time_error.h"
+#include "interpreter/check_pass.h"
+#include "support/short_program.h"
+#include "support/table.h"
+
+namespace kvt::test {
+
+namespace {
+
+class RulesTest : public BenchTest {
+protected:
+    // Neither the entry row nor a file can write this key, so the cell is set.
+    void CheckRadiusLine(const std::string& machine, const std::string& program, int line, float radius) {
+        Check(machine, Program(program));
+        Bench->Store.lvCncProgram.Row(line + 1)[column::Code] = "M99R";
+        Bench->Store.M99Radius = radius;
+        Bench->Interpreter.Interpreter();
+    }
+};
+
+}  // namespace
+
+TEST_F(RulesTest, RadiusLineBecomesAnOrdinaryOne) {
+    // Machine|program|line of the radius|radius|line of a finding|finding|its code then|X|Y|Z
+    for (const char* line : {"MK4|03 X200 Z-400 F50; M99|1|500|0||M99 |I 300||K  400",
+                             "F1|02 X200 Y-400 F50; M99|1|500|0||M99 |I  300|J 400|K   00",
+                             "F1|02 X200 Z-400 F50; M99|1|500|0||M99 |I  300|J  00|K  400",
+                             "F1|02 Y200 Z-400 F50; M99|1|500|0||M99 |I   00|J 300|K  400",
+                             "MK4|03 X-100 Z-84 F50; M99|1|100|1|!1 quadrant max|M99 ",
+                             "MK4|02 X100 Z100 F50; M99|1|0|0|!Radius too small|M99R",
+                             "MK4|21; M99|1|100|1|!Must be preceded by G02/03|M99R",
+                             // A centre that fits neither end is no finding here, as it is behind M99.
+                             "F1|02 X10 Y300 F50; M99|1|100|1||M99 ", "MK4|M99; 21|0|100|0||M99R"}) {
+        SCOPED_TRACE(line);
+        const auto one = Fields(line);
+        const int place = std::stoi(one[2]);
+        CheckRadiusLine(one[0], one[1], place, std::stof(one[3]));
+        EXPECT_EQ(Error(std::stoi(one[4])), one[5]);
+        EXPECT_EQ(Cell(place, column::Code), one[6]);
+        if (one.size() < 10) continue;
+        EXPECT_EQ(Cell(1, column::X), one[7]);
+        EXPECT_EQ(Cell(1, column::Y), one[8]);
+        EXPECT_EQ(Cell(1, column::Z), one[9]);
+        // The radius has done its work: the offsets stand for themselves now.
+        Bench->Store.M99Radius = 1;
+        Bench->Interpreter.Interpreter();
+        EXPECT_EQ(Bench->Store.ErrorRow, 0);
+        EXPECT_EQ(Cell(0, column::Radius), "   500");
+    }
+}
+
+TEST_F(RulesTest, ACountOfCyclesFillsTheCommentWhileTheEntryFieldIsEmpty) {
+    Check("MK4", {{"73", "", "", "-500", "100", "", "typed"}});
+    EXPECT_EQ(Cell(0, column::Comment), "@  (3x)Drilling Cycle with Chip Breakage");
+    Bench->Store.lvCncProgram.Row(1)[column::Comment] = "typed again";
+    Bench->Entry.txtComment.Text = " ";
+    Bench->Interpreter.Interpreter();
+    EXPECT_EQ(Cell(0, column::Comment), "typed again");
+    Bench->Entry.txtComment.Text = "";
+    Bench->Lists.lstMK4Gcodes.SetEntry(10, "G73 \tSpanbruch\t ");
+    Bench->Interpreter.Interpreter();
+    EXPECT_EQ(Cell(0, column::Comment), "@  (3x)Spanbruch");
+}
+
+TEST(FindCenterTest, TheNearerOfTwoCandidatesCutOffTowardsZero) {
+    struct Case {
+        float StartU, StartV, EndU, EndV, Radius;
+        bool Direction;
+        float U, V;
+    };
+    const Case cases[] = {
+        // Level: a tie in U. Upwards and downwards: (-43.5, 143.5) and (143.5, -43.5). A chord that is the diameter.
+        {0, 0, 200, 0, 125, true, 100, 75},    {0, 0, 200, 0, 125, false, 100, -75},
+        {0, 0, 100, 100, 150, true, -43, 143}, {0, 0, 100, 100, 150, false, 143, -43},
+        {100, 100, 0, 0, 150, true, 143, -43}, {100, 100, 0, 0, 150, false, -43, 143},
+        {0, 0, 60, 80, 50, true, 30, 40},
+    };
+    float u = 0, v = 0;
+    for (const Case& one : cases) {
+        SCOPED_TRACE(testing::Message() << one.EndU << ", " << one.EndV << " " << one.Direction);
+        FindCenter(one.StartU, one.StartV, one.EndU, one.EndV, one.Radius, one.Direction, u, v);
+        EXPECT_EQ(u, one.U);
+        EXPECT_EQ(v, one.V);
+    }
+    // Where there is none it stays.
+    u = v = 7;
+    const auto faultOf = [&](float endU, float radius) {
+        return ErrorOf([&] { FindCenter(0, 0, endU, 0, radius, true, u, v); });
+    };
+    EXPECT_EQ(faultOf(100, 0), 0);
+    EXPECT_EQ(faultOf(201, 100), fault::InvalidCall);
+    EXPECT_EQ(faultOf(0, 100), fault::DivisionByZero);
+    EXPECT_EQ(u, 7);
+    EXPECT_EQ(v, 7);
+}
+
+TEST(MakeTimeStringTest, RoundsToWholeSeconds) {
+    for (const auto& [seconds, text] :
+         std::initializer_list<std::pair<double, const char*>>{{0.49, "00:00:00"},
+                                                               {0.5, "00:00:01"},
+                                                               {2.5, "00:00:03"},
+                                                               {3599.5, "01:00:00"},
+                                                               {359999.4, "99:59:59"},
+                                                               {36000061, "10000:01:01"},
+                                                               {-230.4, "00:-03:-50"}}) {
+        EXPECT_EQ(MakeTimeString(seconds), text) << seconds;
+    }
+}
+
+}  // namespace kvt::test
