@@ -30,15 +30,15 @@ public:
     Photographer(QString folder, QString prefix, double scale)
         : folder_(std::move(folder)), prefix_(std::move(prefix)), platform_(files_, programs_, scale) {
         qputenv("XDG_DATA_HOME", data_.path().toLocal8Bit());
-        bench_ = std::make_unique<kvt::Workbench>(platform_.Services);
-        bench_->Help.StartFolder = QCoreApplication::applicationDirPath().toStdString() + "/";
-        bench_->Form_Load("");
-        kvt::Form& form = bench_->frmMain;
+        workbench_ = std::make_unique<kvt::Workbench>(platform_.Services);
+        workbench_->Help.StartFolder = QCoreApplication::applicationDirPath().toStdString() + "/";
+        workbench_->Form_Load("");
+        kvt::Form& form = workbench_->frmMain;
         form.Left = 0;
         form.Top = 0;
         form.Width = platform_.Services.Screen.Width();
         form.Height = platform_.Services.Screen.WorkAreaHeight() - menuBar;
-        for (kvt::Form* one : bench_->Forms()) {
+        for (kvt::Form* one : workbench_->Forms()) {
             windows_.push_back(std::make_unique<kvt::FormView>(platform_.Desktop, *one));
         }
         failed_ = !named_ || !QTest::qWaitForWindowActive(&windows_.front()->Window());
@@ -66,15 +66,15 @@ public:
         for (const char* name : {"mk2_knob", "mk4_pawn", "f1_lid"}) {
             ShowDrawing(name);
             Save((std::string("draw_") + name + "_black").c_str());
-            bench_->Draw.Controls.mnuBackground.Checked = true;
-            bench_->Draw.Controls.mnuProgramWindow.Checked = true;
-            bench_->Draw.Redraw();
+            workbench_->Draw.Controls.mnuBackground.Checked = true;
+            workbench_->Draw.Controls.mnuProgramWindow.Checked = true;
+            workbench_->Draw.Redraw();
             Save((std::string("draw_") + name + "_white").c_str());
-            bench_->Draw.Controls.mnuProgramWindow.Checked = false;
-            bench_->Draw.Controls.mnuBackground.Checked = false;
+            workbench_->Draw.Controls.mnuProgramWindow.Checked = false;
+            workbench_->Draw.Controls.mnuBackground.Checked = false;
         }
         ShowDrawing("mk4_pawn");
-        QWidget* const field = kvt::View::Of(bench_->Draw.Controls.pbxDrawField)->Widget();
+        QWidget* const field = kvt::View::Of(workbench_->Draw.Controls.pbxDrawField)->Widget();
         const QPoint middle = field->visibleRegion().boundingRect().center();
         QTest::mouseClick(field, Qt::LeftButton, Qt::NoModifier, middle);
         QTest::mouseMove(field, middle + QPoint(180, -90));
@@ -85,44 +85,44 @@ public:
     void TakeHelp() {
         for (const char* name : {"mk2_knob", "mk4_bolt", "f1_lid"}) {
             Open(name);
-            bench_->Help.mnuGhelp_Click();
-            const bool mk2 = bench_->Store.IsMK2();
-            kvt::MainControls& main = bench_->Main;
+            workbench_->Help.mnuGhelp_Click();
+            const bool mk2 = workbench_->Store.IsMK2();
+            kvt::MainControls& main = workbench_->Main;
             (mk2 ? main.rtfGcodeHelpMK2 : main.rtfGcodeHelpMK4).ShowSection("G02");
             Save((std::string("help_") + name).c_str());
-            bench_->Modes.cmdReturn_Click();
+            workbench_->Modes.cmdReturn_Click();
         }
-        bench_->Help.mnuHelpText_Click();
+        workbench_->Help.mnuHelpText_Click();
         Save("help");
-        bench_->Modes.cmdReturn_Click();
-        bench_->Help.mnuAbout_Click();
+        workbench_->Modes.cmdReturn_Click();
+        workbench_->Help.mnuAbout_Click();
         Save("about");
-        bench_->Modes.cmdReturn_Click();
+        workbench_->Modes.cmdReturn_Click();
     }
 
     // In German: each machine, the settings, the help and the drawing.
     void TakeGerman() {
         std::string module = KVT_SOURCE_DIR "/languages/Deutsch.txt";
-        bench_->Reader.LoadFile(module);
+        workbench_->Reader.LoadFile(module);
         for (const char* name : {"mk2_knob", "mk4_fault_quadrant", "f1_lid"}) {
             Open(name);
             Save((std::string("german_") + name).c_str());
         }
         for (int page = 0; page < 5; ++page) {
-            if (page == 0) bench_->Main.mnuGeneral.Click();
-            bench_->Main.tabSettings.Value = page;
+            if (page == 0) workbench_->Main.mnuGeneral.Click();
+            workbench_->Main.tabSettings.Value = page;
             Save((std::string("german_settings_") + std::to_string(page)).c_str());
         }
-        bench_->Help.mnuHelpText_Click();
+        workbench_->Help.mnuHelpText_Click();
         Save("german_help");
-        bench_->Modes.cmdReturn_Click();
+        workbench_->Modes.cmdReturn_Click();
         ShowDrawing("f1_lid");
         Save("german_draw");
     }
 
     // A picture for each step that has drawn something.
     void TakeFilm() {
-        kvt::DrawWindow& draw = bench_->Draw;
+        kvt::DrawWindow& draw = workbench_->Draw;
         ShowDrawing("mk2_knob");
         draw.Controls.mnuProgramWindow.Checked = true;
         draw.Listing.frmProgramWindow.Height = 1900;
@@ -151,44 +151,44 @@ private:
     static constexpr int stepsAFrame = 4;
 
     void Open(const char* name) {
-        bench_->Store.ProgramChanged = false;
+        workbench_->Store.ProgramChanged = false;
         std::string file = std::string(KVT_SOURCE_DIR "/samples/") + name + ".cnc";
-        bench_->Reader.LoadFile(file);
-        bench_->Modes.cmdReturn_Click();
+        workbench_->Reader.LoadFile(file);
+        workbench_->Modes.cmdReturn_Click();
     }
     // A part of the program comes back as the machine sends it, then the whole goes out at 300 baud.
     void TakeTransfer() {
         Open("mk4_bolt");
-        const std::string program = bench_->Writer.GenerateAll();
+        const std::string program = workbench_->Writer.GenerateAll();
         const std::size_t begins = program.find("%\r\n") + 3;
         const std::string part = program.substr(begins, program.find("\r\n", begins + 800) + 2 - begins);
         if (write(line_.Handle(), part.data(), part.size()) != static_cast<ssize_t>(part.size()))
             failed_ = true;
         QTest::qWait(500);
         Save("receive");
-        bench_->Received.cmdReceiveExit_Click();
+        workbench_->Received.cmdReceiveExit_Click();
         QTimer::singleShot(7500, qApp, [this] {
             Save("transmit");
-            bench_->Results.cmdStop.Click();
+            workbench_->Results.cmdStop.Click();
         });
-        bench_->Transmit.mnuTX_Click();
+        workbench_->Transmit.mnuTX_Click();
     }
 
     // In a window that fills the screen.
     void ShowDrawing(const char* name) {
-        bench_->Draw.Unload();
+        workbench_->Draw.Unload();
         Open(name);
-        bench_->Draw.Show();
+        workbench_->Draw.Show();
         QMainWindow& window = windows_[1]->Window();
         window.showNormal();
         window.setGeometry(QGuiApplication::primaryScreen()->geometry());
         window.raise();
-        kvt::Form& listing = bench_->Draw.Listing.frmProgramWindow;
-        bench_->Draw.Listing.Load();
+        kvt::Form& listing = workbench_->Draw.Listing.frmProgramWindow;
+        workbench_->Draw.Listing.Load();
         listing.Left = platform_.Services.Screen.Width() - listing.Width - 600;
         listing.Top = platform_.Services.Screen.Height() - listing.Height - 600;
         QTest::qWait(200);
-        bench_->Draw.Redraw();
+        workbench_->Draw.Redraw();
     }
     void Type(const char* keys) {
         for (; *keys != 0; ++keys) {
@@ -217,7 +217,7 @@ private:
     kvt::DiskFiles files_;
     kvt::SystemPrograms programs_;
     kvt::DesktopPlatform platform_;
-    std::unique_ptr<kvt::Workbench> bench_;
+    std::unique_ptr<kvt::Workbench> workbench_;
     std::vector<std::unique_ptr<kvt::FormView>> windows_;
     bool failed_ = false;
 };

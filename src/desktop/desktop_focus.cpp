@@ -19,7 +19,7 @@ bool DesktopFocus::IsOn(const Form& form) {
     return now && &now->OwningForm() == &form;
 }
 
-bool DesktopFocus::GiveBack(Form& form) {
+bool DesktopFocus::RestoreFocus(Form& form) {
     const auto last = last_.find(&form);
     if (!IsOn(form) && last != last_.end()) SetFocus(*last->second);
     RestoreSoon();

@@ -16,7 +16,7 @@ public:
     // By hand, to a control that was pressed. False where it did not stay there.
     bool Take(Control& control);
     // A window has come to the front: the control that had the focus there last gets it back. False where none had.
-    bool GiveBack(Form& form);
+    bool RestoreFocus(Form& form);
     // A window that has come to the front must have the focus somewhere.
     void TakeFirst(Form& form);
     // Lets the toolkit's focus follow again, once the events that have come up are through; it strays when a

@@ -19,11 +19,11 @@ namespace {
 
 // A caller that is back so soon does nothing but wait.
 constexpr qint64 idleNanoseconds = 200'000;
-constexpr int longestRest = 20;  // milliseconds
-constexpr int longestTurn = 30;  // milliseconds
+constexpr int longestSleep = 20;  // milliseconds
+constexpr int longestTurn = 30;   // milliseconds
 
 // Serves the next event, for which it waits some milliseconds at the most.
-void Rest(int milliseconds) {
+void SleepFor(int milliseconds) {
     QTimer wake;
     wake.setTimerType(Qt::PreciseTimer);
     wake.setSingleShot(true);
@@ -39,7 +39,7 @@ bool DesktopSystem::DoEvents() {
     auto* dispatcher = QAbstractEventDispatcher::instance();
     const bool waits = sinceEvents_.isValid() && sinceEvents_.nsecsElapsed() < idleNanoseconds;
     const bool happened = dispatcher->processEvents(QEventLoop::AllEvents);
-    if (!happened && waits && !ended_) Rest(longestRest);
+    if (!happened && waits && !ended_) SleepFor(longestSleep);
     sinceEvents_.start();
     return !ended_;
 }
@@ -57,7 +57,7 @@ bool DesktopSystem::WaitUntil(const std::function<double()>& left) {
     if (ended_) return false;
     QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents);
     for (double more = left(); more > 0 && !ended_; more = left())
-        Rest(std::clamp(static_cast<int>(more), 1, longestRest));
+        SleepFor(std::clamp(static_cast<int>(more), 1, longestSleep));
     return !ended_;
 }
 

@@ -263,7 +263,7 @@ void FormView::StayOnTop(bool stays) {
 void FormView::Activated() {
     const Form* const before = std::exchange(Desktop.Front, &form_);
     bool known = false;
-    Desktop.System.Run(form_, "GotFocus", [&] { known = Desktop.Focus.GiveBack(form_); });
+    Desktop.System.Run(form_, "GotFocus", [&] { known = Desktop.Focus.RestoreFocus(form_); });
     if (before != &form_) {
         if (before && before->OnLostFocus) Desktop.System.Run(*before, "LostFocus", before->OnLostFocus);
         if (form_.OnActivate) Desktop.System.Run(form_, "Activate", form_.OnActivate);
@@ -276,7 +276,7 @@ void FormView::Closed() {
     if (form_.OnQueryUnload) Desktop.System.Run(form_, "QueryUnload", form_.OnQueryUnload);
 }
 
-void FormView::Dropped(const QDropEvent& event) {
+void FormView::FilesDropped(const QDropEvent& event) {
     const QList<QUrl> urls = event.mimeData()->urls();
     const auto file =
         std::find_if(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
@@ -320,7 +320,7 @@ bool FormView::eventFilter(QObject* watched, QEvent* event) {
         }
         case QEvent::Drop:
             static_cast<QDropEvent*>(event)->acceptProposedAction();
-            Dropped(*static_cast<QDropEvent*>(event));
+            FilesDropped(*static_cast<QDropEvent*>(event));
             return true;
         default: return View::eventFilter(watched, event);
     }

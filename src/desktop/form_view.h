@@ -49,7 +49,7 @@ private:
     void StayOnTop(bool stays);
     void Activated();
     void Closed();
-    void Dropped(const QDropEvent& event);
+    void FilesDropped(const QDropEvent& event);
 
     Form& form_;
     std::unique_ptr<QMainWindow> window_;

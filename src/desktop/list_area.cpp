@@ -22,8 +22,6 @@ namespace {
 constexpr int characterTwips = 105;
 constexpr int paddingTwips = 75;
 
-constexpr int firstColored = 1;
-constexpr int lastColored = 7;
 constexpr double focusedTint = 0.3;  // of the selected row
 constexpr double tint = 0.15;
 const QColor findingColor(0xC0, 0x00, 0x20);
@@ -184,8 +182,9 @@ QColor ListArea::CellColor(int row, int subItem) const {
     const QColor plain = palette().color(QPalette::Text);
     if (!isEnabled()) return palette().color(QPalette::Disabled, QPalette::Text);
     const QColor ground = palette().color(QPalette::Base);
-    if (subItem == FindingColumn) return Readable(findingColor, ground);
-    if (subItem < firstColored || subItem > lastColored || cells.ForeColor == 0) return plain;
+    if (subItem == list_.EmphasisedColumn) return Readable(findingColor, ground);
+    const bool colored = subItem >= list_.FirstColoredColumn && subItem <= list_.LastColoredColumn;
+    if (!colored || cells.ForeColor == 0) return plain;
     return Readable(ColorOf(cells.ForeColor), ground);
 }
 

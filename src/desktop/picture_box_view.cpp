@@ -92,12 +92,12 @@ void PictureBoxView::Paint() {
 void PictureBoxView::PaintCross(QPainter& painter) const {
     const QColor ground = ColorOf(box_.BackColor);
     const QColor ink = ground.lightness() < 128 ? Qt::white : Qt::black;
-    const double pixelsATwip = Desktop.Lengths.Exact(1);
-    const QPointF place(box_.Cross.Get().X * pixelsATwip + 0.5, box_.Cross.Get().Y * pixelsATwip + 0.5);
-    const double arm = crossArm * pixelsATwip;
+    const double pixelsPerTwip = Desktop.Lengths.Exact(1);
+    const QPointF place(box_.Cross.Get().X * pixelsPerTwip + 0.5, box_.Cross.Get().Y * pixelsPerTwip + 0.5);
+    const double arm = crossArm * pixelsPerTwip;
     for (const auto& [color, width] : {std::pair(ground, 5.0), std::pair(ink, 2.0)}) {
         painter.setPen(
-            QPen(color, width * std::max(1.0, pixelsATwip * TwipsPerPixel), Qt::SolidLine, Qt::FlatCap));
+            QPen(color, width * std::max(1.0, pixelsPerTwip * TwipsPerPixel), Qt::SolidLine, Qt::FlatCap));
         for (const QPointF side : {QPointF(arm, 0), QPointF(0, arm)})
             painter.drawLine(QLineF(place - side, place + side));
     }
@@ -120,8 +120,8 @@ void PictureBoxView::ShowArea(const QRect& area, double ratio) {
 
 void PictureBoxView::PaintPart(const QRect& part, std::span<const DrawOperation> operations) {
     shown_.setDevicePixelRatio(1);
-    const double pixelsATwip = Desktop.Lengths.Exact(1) * ratio_;
-    const FieldPiece piece{pixelsATwip, std::max(1.0, pixelsATwip * TwipsPerPixel), area_.topLeft()};
+    const double pixelsPerTwip = Desktop.Lengths.Exact(1) * ratio_;
+    const FieldPiece piece{pixelsPerTwip, std::max(1.0, pixelsPerTwip * TwipsPerPixel), area_.topLeft()};
     if (!operations.empty()) PaintOperations(shown_, piece, part, operations, kept_);
     shown_.setDevicePixelRatio(ratio_);
 }
@@ -129,9 +129,9 @@ void PictureBoxView::PaintPart(const QRect& part, std::span<const DrawOperation>
 // The whole field, at most so large that the picture takes no more than its share of the memory.
 bool PictureBoxView::KeepAsPicture() {
     const double longer = std::max({1, box_.Width.Get(), box_.Height.Get()});
-    const double pixelsATwip = std::min(Desktop.Lengths.Exact(1) * PixelRatio(), largestKept / longer);
+    const double pixelsPerTwip = std::min(Desktop.Lengths.Exact(1) * PixelRatio(), largestKept / longer);
     const FieldArea whole{0, 0, 1.0 * box_.Width, 1.0 * box_.Height};
-    box_.Flattened = PaintPicture(box_, whole, pixelsATwip);
+    box_.Flattened = PaintPicture(box_, whole, pixelsPerTwip);
     kept_ = ImageOf(box_.Flattened);
     kept_.setText(QStringLiteral("width"), QString::number(box_.Width));
     kept_.setText(QStringLiteral("height"), QString::number(box_.Height));

@@ -22,7 +22,7 @@ QString Fitted(const QString& text, const QFontMetrics& metrics, int width) {
     return metrics.elidedText(text, Qt::ElideMiddle, width);
 }
 
-class Face : public QLabel {
+class CaptionLabel : public QLabel {
 public:
     using QLabel::QLabel;
 
@@ -73,7 +73,9 @@ bool IsClick(const QWidget& widget, const QEvent& event) {
 }  // namespace
 
 LabelView::LabelView(DesktopContext& desktop, Label& control, QWidget* parent)
-    : View(desktop, control, new Face(parent)), label_(control), face_(static_cast<QLabel*>(Widget())) {
+    : View(desktop, control, new CaptionLabel(parent)),
+      label_(control),
+      face_(static_cast<QLabel*>(Widget())) {
     face_->setTextFormat(Qt::PlainText);
 }
 

@@ -18,7 +18,7 @@ public:
     Cell& operator[](int column) { return cells_[Checked(column)]; }
     const Cell& operator[](int column) const { return cells_[Checked(column)]; }
 
-    // Text colour of sub-items 1 to 7.
+    // Text colour of the list's coloured columns.
     Color ForeColor = 0;
 
 private:
@@ -34,9 +34,6 @@ struct ColumnHeader {
     std::string Text;
     int Width = 0;
 };
-
-// The column whose texts are findings; a view makes them stand out.
-inline constexpr int FindingColumn = 8;
 
 // A list of rows of cells, addressed by a 1-based row index. While it has rows one of them is selected.
 // Writing a cell does not tell the view; RowsChanged does, once, at the end of an operation.
@@ -79,6 +76,10 @@ public:
 
     // Tells the view that cells, colours or rows have changed.
     void RowsChanged() { Changed(PropertyId::Rows); }
+
+    // The column whose texts a view makes stand out, and those that have the colour of their row; 0 and none by itself.
+    int EmphasisedColumn = 0;
+    int FirstColoredColumn = 1, LastColoredColumn = 0;
 
     // Twips.
     static constexpr int HeaderHeight = 300;

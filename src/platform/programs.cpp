@@ -13,7 +13,7 @@ Command SplitCommand(std::string_view commandLine,
         std::string beginning(commandLine.substr(0, end));
         if (!isProgram(beginning)) continue;
         command.Program = std::move(beginning);
-        command.Rest = commandLine.substr(std::min(end + 1, commandLine.size()));
+        command.Arguments = commandLine.substr(std::min(end + 1, commandLine.size()));
         break;
     } while (end < commandLine.size());
     return command;

@@ -28,7 +28,7 @@ public:
 
 struct Command {
     std::string Program;
-    std::string Rest;
+    std::string Arguments;
 };
 
 // Splits a command line. Nothing in it is quoted: the program is the shortest beginning up to a blank that names

@@ -11,6 +11,9 @@ bool HoldsN(std::string_view number) { return number.find_first_of("Nn") != std:
 }  // namespace
 
 ProgramStore::ProgramStore(Form& form) : lvCncProgram(form, "lvCncProgram") {
+    lvCncProgram.EmphasisedColumn = column::Error;
+    lvCncProgram.FirstColoredColumn = column::Number;
+    lvCncProgram.LastColoredColumn = column::H;
     LimitValues.Fill(DisableLimitsCheck);
 }
 

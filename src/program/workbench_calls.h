@@ -1,10 +1,14 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
 
 namespace kvt {
+
+// Whether the window takes what its user does, or is frozen by a transfer or a document.
+enum class ControlsMode : std::uint8_t { Frozen, Free };
 
 // What a lower room sets off in one above it. The shell fills it once; a call that no window has filled does
 // nothing.
@@ -18,8 +22,7 @@ struct WorkbenchCalls {
     std::function<void()> mnuDraw_Click;
     std::function<void()> RedrawAfterEdit;
     std::function<void()> ControlsPositioning;
-    // Freezes the window (0) or frees it (1).
-    std::function<void(int enable)> ControlsEnable;
+    std::function<void(ControlsMode mode)> ControlsEnable;
     std::function<void()> RefreshMachine;
     std::function<void()> RefreshTitle;
     std::function<void(std::string_view initial)> FirstFieldFocus;

@@ -49,7 +49,7 @@ RichText* HelpDocuments::Shown() const {
 
 bool HelpDocuments::Show(RichText& document) {
     MainControls& main = parts_.Main;
-    Run(parts_.Calls.ControlsEnable, 0);
+    Run(parts_.Calls.ControlsEnable, ControlsMode::Frozen);
     main.mnuHelp.Enabled = false;
     main.tabSettings.Visible = false;
     parts_.Entry.cmdReturn.Visible = true;

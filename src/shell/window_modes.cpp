@@ -2,8 +2,8 @@
 
 namespace kvt {
 
-void WindowModes::ControlsEnable(int enable) {
-    controlsOn_ = enable != 0;
+void WindowModes::ControlsEnable(ControlsMode mode) {
+    controlsOn_ = mode == ControlsMode::Free;
     parts_.Table.EnableFrozen(controlsOn_);
     if (controlsOn_) parts_.Layout.RefreshFeedButtons();
     if (!parts_.Store.EditorRunMode) parts_.Main.frCmdEditor3.Enabled = controlsOn_;
@@ -13,7 +13,8 @@ void WindowModes::ControlsEnable(int enable) {
 
 void WindowModes::cmdReturn_Click() {
     // What is being sent or received keeps the window frozen.
-    ControlsEnable(parts_.Store.TransmitActive || parts_.Transfer.frRXcode.Visible ? 0 : 1);
+    const bool busy = parts_.Store.TransmitActive || parts_.Transfer.frRXcode.Visible;
+    ControlsEnable(busy ? ControlsMode::Frozen : ControlsMode::Free);
     parts_.Table.HideOverlays();
     parts_.Help.HideSearch();
 }

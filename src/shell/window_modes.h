@@ -2,6 +2,7 @@
 
 #include "editor/field_layout.h"
 #include "interpreter/interpreter_controls.h"
+#include "program/workbench_calls.h"
 #include "shell/control_table.h"
 #include "shell/help_documents.h"
 #include "shell/main_controls.h"
@@ -23,8 +24,8 @@ public:
     };
     explicit WindowModes(const Parts& parts) : parts_(parts) {}
 
-    // Freezes the window (0) or frees it (1), but for the stop of a transmission.
-    void ControlsEnable(int enable);
+    // Freezes the window, but for the stop of a transmission, or frees it.
+    void ControlsEnable(ControlsMode mode);
     bool ControlsOn() const { return controlsOn_; }
     // Leaves all overlays and returns to the editor view.
     void cmdReturn_Click();

@@ -102,7 +102,7 @@ void Workbench::FillCalls() {
     Calls.RefreshMachine = [this] { Display.RefreshMachine(); };
     Calls.RefreshTitle = [this] { RefreshTitle(); };
     Calls.ControlsPositioning = [this] { positions_.ControlsPositioning(); };
-    Calls.ControlsEnable = [this](int enable) { Modes.ControlsEnable(enable); };
+    Calls.ControlsEnable = [this](ControlsMode mode) { Modes.ControlsEnable(mode); };
     Calls.LoadClipboardModule = [this] { Received.LoadClipboardModule(); };
     Calls.LoadLanguageModule = [this](const std::string& file) { Modules.LoadLanguageModule(file); };
     Calls.HideSettings = [this] { Main.tabSettings.Visible = false; };

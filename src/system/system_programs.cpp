@@ -107,7 +107,7 @@ int SystemPrograms::Start(std::string_view commandLine, std::string_view file) {
         SplitCommand(commandLine, [](const std::string& path) { return IsProgram(NameForSystem(path)); });
     if (command.Program.empty()) throw RunTimeError(fault::FileNotFound);
     // The name is one for the system as a whole, and its pieces are pieces of that.
-    std::vector<std::string> words = WordsOf(NoOption(NameForSystem(command.Rest)));
+    std::vector<std::string> words = WordsOf(NoOption(NameForSystem(command.Arguments)));
     words.insert(words.begin(), NameForSystem(command.Program));
     const std::string variable = std::string(FileVariable) + "=" + NoOption(NameForSystem(file));
     pid_t process = 0;

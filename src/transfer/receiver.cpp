@@ -67,7 +67,7 @@ void Receiver::mnuRX_Click() {
     // Help gives way to what is received.
     Run(parts_.Calls.HideSettings);
     Run(parts_.Calls.cmdReturn_Click);
-    Run(parts_.Calls.ControlsEnable, 0);
+    Run(parts_.Calls.ControlsEnable, ControlsMode::Frozen);
     ShowView(true);
     cmdReceiveNew_Click();
 }
@@ -210,12 +210,12 @@ void Receiver::cmdReceiveNew_Click() {
 }
 
 void Receiver::cmdReceiveExit_Click() {
-    Run(parts_.Calls.ControlsEnable, 1);
+    Run(parts_.Calls.ControlsEnable, ControlsMode::Free);
     ShowView(false);
     cmdReceiveNew_Click();
     Run(parts_.Calls.cmdReturn_Click);
     // A transmission keeps the window frozen.
-    if (parts_.Store.TransmitActive) Run(parts_.Calls.ControlsEnable, 0);
+    if (parts_.Store.TransmitActive) Run(parts_.Calls.ControlsEnable, ControlsMode::Frozen);
     Run(parts_.Calls.RefreshTitle);
 }
 

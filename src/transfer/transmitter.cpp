@@ -94,7 +94,7 @@ bool Transmitter::OpenPort() {
 }
 
 void Transmitter::Freeze() {
-    Run(parts_.Calls.ControlsEnable, 0);
+    Run(parts_.Calls.ControlsEnable, ControlsMode::Frozen);
     Run(parts_.Calls.ControlsPositioning);
     parts_.Controls.frTransmit.Visible = true;
     Form& form = parts_.cmdStop.OwningForm();
@@ -114,9 +114,9 @@ void Transmitter::Unfreeze() {
     Run(parts_.Calls.cmdReturn_Click);
     parts_.Store.TransmitActive = false;
     Run(parts_.Calls.ControlsPositioning);
-    Run(parts_.Calls.ControlsEnable, 1);
+    Run(parts_.Calls.ControlsEnable, ControlsMode::Free);
     // What has come meanwhile has brought up the receive view, which keeps the window frozen.
-    if (parts_.Controls.frRXcode.Visible) Run(parts_.Calls.ControlsEnable, 0);
+    if (parts_.Controls.frRXcode.Visible) Run(parts_.Calls.ControlsEnable, ControlsMode::Frozen);
 }
 
 // Through a file the bytes are those of a save. A text that could not be written is not sent: what lies there then

@@ -195,6 +195,9 @@ TEST_F(DesktopWindow, TheListSelectsAndScrollsByHandAndByCode) {
 
 TEST_F(DesktopWindow, TheListPaintsItsColours) {
     Rows(3);
+    lvList.EmphasisedColumn = 8;
+    lvList.FirstColoredColumn = 1;
+    lvList.LastColoredColumn = 7;
     lvList.Row(2)[8] = "!Error";
     lvList.Row(3).ForeColor = 0xFF0000;
     Open();

@@ -7,7 +7,7 @@
 namespace kvt::test {
 namespace {
 
-using OfKind = DrawOperation::Kind;
+using Kind = DrawOperation::Kind;
 
 TEST(PictureBoxTest, ThePenMovesAndWhatItDrawsIsKept) {
     Form form("frm");
@@ -21,7 +21,7 @@ TEST(PictureBoxTest, ThePenMovesAndWhatItDrawsIsKept) {
     box.Circle(7, 8, 9, 0.5, 1.5);
     const std::vector<DrawOperation>& made = box.Operations();
     ASSERT_EQ(made.size(), 5u);
-    EXPECT_EQ(made[0].What, OfKind::Clear);
+    EXPECT_EQ(made[0].What, Kind::Clear);
     EXPECT_EQ(made[0].Ink, 0xFFFFFFu);
     EXPECT_EQ(made[2].X1, 30);
     EXPECT_EQ(made[2].X2, 0.1F);
@@ -55,7 +55,7 @@ TEST(PictureBoxTest, AFullListIsOfferedAsAPicture) {
     EXPECT_EQ(box.Operations().size(), PictureBox::MostOperations + 3);
     box.LineTo(3, 3);
     ASSERT_EQ(box.Operations().size(), 2u);
-    EXPECT_EQ(box.Operations()[0].What, OfKind::Picture);
+    EXPECT_EQ(box.Operations()[0].What, Kind::Picture);
     EXPECT_EQ(box.Operations()[1].X2, 3);
     EXPECT_EQ(offered, 2);
 }

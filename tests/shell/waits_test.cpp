@@ -35,21 +35,21 @@ public:
         // What has been put aside is given up.
         platform_.System.NextEvent = nullptr;
         platform_.System.NextInTimedWait = nullptr;
-        bench_.reset();
         windows_.clear();
+        workbench_.reset();
     }
 
     std::map<std::string, int> Counts;
 
 private:
     int Below(int bound) { return static_cast<int>(random_() % static_cast<unsigned>(bound)); }
-    ListView& List() { return bench_->Store.lvCncProgram; }
-    DrawControls& Drawing() { return bench_->Draw.Controls; }
+    ListView& List() { return workbench_->Store.lvCncProgram; }
+    DrawControls& Drawing() { return workbench_->Draw.Controls; }
 
     void Start() {
         platform_.BeginRun();
-        bench_ = std::make_unique<Workbench>(platform_.Services);
-        for (Form* form : bench_->Forms()) {
+        workbench_ = std::make_unique<Workbench>(platform_.Services);
+        for (Form* form : workbench_->Forms()) {
             platform_.System.Watch(*form);
             windows_.push_back(std::make_unique<MemoryWindow>(*form, platform_.Screen, platform_.Focus));
         }
@@ -61,7 +61,7 @@ private:
         platform_.Dialogs.OnUnanswered = [this](const MessageBox&) { platform_.System.Advance(Below(1500)); };
         for (const char* machine : machines)
             platform_.Files.WriteWhole(FileOf(machine), FileText(machine, RandomLines(machine)));
-        Act([this] { bench_->Form_Load(FileOf(machines[Below(3)])); });
+        Act([this] { workbench_->Form_Load(FileOf(machines[Below(3)])); });
         Act([this] { Press(key::F1 + 4); });
     }
 
@@ -92,7 +92,7 @@ private:
     }
     Lines Program() {
         Lines lines;
-        for (int row = 1; row <= bench_->Store.LineCount(); ++row) lines.push_back(LineAt(row));
+        for (int row = 1; row <= workbench_->Store.LineCount(); ++row) lines.push_back(LineAt(row));
         return lines;
     }
 
@@ -128,13 +128,13 @@ private:
     }
     bool IsCalm() const {
         const Control* const focused = platform_.Focus.Focused();
-        return focused && &focused->OwningForm() == &bench_->frmMain && !bench_->Port.IsSending &&
-               !bench_->Store.EditorRunMode;
+        return focused && &focused->OwningForm() == &workbench_->frmMain && !workbench_->Port.IsSending &&
+               !workbench_->Store.EditorRunMode;
     }
     void Look() {
         if (!looked_ || platform_.System.Ended) return;
         EXPECT_EQ(Program(), lines_) << "somebody else has edited";
-        if (!calm_ || !bench_) return;
+        if (!calm_ || !workbench_) return;
         EXPECT_EQ(platform_.Focus.Focused(), focus_) << "the keys were taken";
         if (!IsCalm()) return;
         EXPECT_EQ(List().SelectedRow(), row_) << "the selection was moved";
@@ -154,7 +154,7 @@ private:
         const int kind = Below(100);
         if (kind < 30) {
             plan_ = {[this] { PressRow(); }, [this] { ReleaseRow(); }, [this] { SetX(); },
-                     [this] { GoTo(bench_->Entry.txtComment); }, [this] { EnterLine(); }};
+                     [this] { GoTo(workbench_->Entry.txtComment); }, [this] { EnterLine(); }};
         } else if (kind < 38) {
             plan_ = {[this] { PressRow(); }, [this] { ReleaseRow(); }, [this] { DeleteRow(); }};
         } else if (kind < 44) {
@@ -164,12 +164,12 @@ private:
         } else if (kind < 52) {
             plan_ = {[this] { SwitchMachine(); }};
         } else if (kind < 53) {
-            plan_ = {[this] { ClickOn(bench_->Main.mnuNew); }};
+            plan_ = {[this] { ClickOn(workbench_->Main.mnuNew); }};
         } else if (kind < 56) {
-            plan_ = {[this] { ClickOn(bench_->Transfer.mnuTX); }};
+            plan_ = {[this] { ClickOn(workbench_->Transfer.mnuTX); }};
         } else if (kind < 62) {
-            CommandButton* const buttons[] = {&bench_->Results.cmdRun, &bench_->Results.cmdStep,
-                                              &bench_->Results.cmdStep, &bench_->Results.cmdStop};
+            CommandButton* const buttons[] = {&workbench_->Results.cmdRun, &workbench_->Results.cmdStep,
+                                              &workbench_->Results.cmdStep, &workbench_->Results.cmdStop};
             plan_ = {[this, button = buttons[Below(4)]] { ClickOn(*button); }};
         } else if (kind < 72) {
             Control* const buttons[] = {&Drawing().cmdStep,  &Drawing().cmdStep,   &Drawing().cmdStop,
@@ -189,7 +189,7 @@ private:
         } else if (kind < 94) {
             plan_ = {[this] { CloseDrawing(); }};
         } else if (kind < 96) {
-            plan_ = {[this] { ClickOn(bench_->Main.mnuPrint); }};
+            plan_ = {[this] { ClickOn(workbench_->Main.mnuPrint); }};
         } else {
             plan_ = {[this] { Act([this] { platform_.System.Advance(Below(2500)); }); }};
         }
@@ -219,13 +219,13 @@ private:
     }
 
     void PressRow() {
-        if (!List().ReallyEnabled() || bench_->Port.IsSending || List().Count() == 0) return GiveUp();
+        if (!List().ReallyEnabled() || workbench_->Port.IsSending || List().Count() == 0) return GiveUp();
         const int inSight = std::min(List().VisibleRows(), List().Count() - List().TopRow() + 1);
         const int place = Below(inSight);
         const std::string seen = LineAt(List().TopRow() + place);
         Act(
             [this, place] {
-                TurnTo(bench_->frmMain);
+                TurnTo(workbench_->frmMain);
                 if (!FocusByHand(List(), platform_.Focus)) return GiveUp();
                 pressed_ = List().TopRow() + place;
                 List().Select(pressed_);
@@ -236,15 +236,15 @@ private:
             });
     }
     void ReleaseRow() {
-        if (bench_->Port.IsSending || bench_->Store.EditorRunMode) return GiveUp();
+        if (workbench_->Port.IsSending || workbench_->Store.EditorRunMode) return GiveUp();
         Act([this] {
             EXPECT_EQ(List().SelectedRow(), pressed_);
             List().Click();
         });
     }
     void SetX() {
-        TextBox& field = bench_->Entry.txtXI;
-        if (!field.ReallyVisible() || bench_->Entry.lblXI.Caption.Get() != "X") return GiveUp();
+        TextBox& field = workbench_->Entry.txtXI;
+        if (!field.ReallyVisible() || workbench_->Entry.lblXI.Caption.Get() != "X") return GiveUp();
         Act([&] {
             if (!FocusByHand(field, platform_.Focus)) return GiveUp();
             field.Text = std::to_string(value_ = 100 + Below(1500));
@@ -252,17 +252,17 @@ private:
     }
     // His line has the number that he has typed, the others are as they were.
     void EnterLine() {
-        if (bench_->Port.IsSending || pressed_ > bench_->Store.LineCount()) return GiveUp();
+        if (workbench_->Port.IsSending || pressed_ > workbench_->Store.LineCount()) return GiveUp();
         Lines expected = Program();
         const auto at = static_cast<std::size_t>(pressed_ - 1);
         Act(
             [this] {
                 int character = key::Enter;
-                bench_->Entry.txtComment.OnKeyPress(character);
+                workbench_->Entry.txtComment.OnKeyPress(character);
             },
             [this, expected, at] {
                 ++Counts["lines edited"];
-                if (bench_->Draw.State.Walking()) ++Counts["lines edited while a drawing waits"];
+                if (workbench_->Draw.State.Walking()) ++Counts["lines edited while a drawing waits"];
                 const Lines now = Program();
                 ASSERT_EQ(now.size(), expected.size());
                 const std::string_view x = List().Row(static_cast<int>(at) + 1)[column::X];
@@ -273,16 +273,16 @@ private:
             });
     }
     void DeleteRow() {
-        if (!InReach(bench_->Main.cmdDelete)) return GiveUp();
+        if (!InReach(workbench_->Main.cmdDelete)) return GiveUp();
         Lines expected = Program();
-        if (pressed_ <= bench_->Store.LineCount()) expected.erase(expected.begin() + pressed_ - 1);
-        Act([this] { bench_->Main.cmdDelete.Click(); },
+        if (pressed_ <= workbench_->Store.LineCount()) expected.erase(expected.begin() + pressed_ - 1);
+        Act([this] { workbench_->Main.cmdDelete.Click(); },
             [this, expected] { Expect("lines deleted", expected); });
     }
     void InsertRow() {
-        if (!InReach(bench_->Main.cmdInsert)) return GiveUp();
+        if (!InReach(workbench_->Main.cmdInsert)) return GiveUp();
         const Lines before = Program();
-        Act([this] { bench_->Main.cmdInsert.Click(); },
+        Act([this] { workbench_->Main.cmdInsert.Click(); },
             [this, before] {
                 Lines now = Program();
                 ASSERT_EQ(now.size(), before.size() + 1);
@@ -298,38 +298,39 @@ private:
 
     void OpenOther() {
         const std::string machine = machines[Below(3)];
-        const Menu& open = bench_->Main.mnuOpen;
+        const Menu& open = workbench_->Main.mnuOpen;
         if (!open.ReallyEnabled()) return;
         platform_.Dialogs.FileAnswers.assign(1, {false, FileOf(machine)});
         platform_.Dialogs.Answers.assign(1, Answer::No);
-        Act([this] { TurnTo(bench_->frmMain), bench_->Main.mnuOpen.Click(); },
+        Act([this] { TurnTo(workbench_->frmMain), workbench_->Main.mnuOpen.Click(); },
             [this, machine] {
                 ++Counts["programs opened"];
-                EXPECT_EQ(NameOf(bench_->Store.Machine), machine);
-                EXPECT_EQ(bench_->Main.cmdTopButtons[6]->Visible, machine == "F1");
-                EXPECT_EQ(bench_->File.lblPath.Caption.Get(), FileOf(machine));
-                EXPECT_EQ(List().Count(), bench_->Store.LineCount() + 1) << "the open line";
+                EXPECT_EQ(NameOf(workbench_->Store.Machine), machine);
+                EXPECT_EQ(workbench_->Main.cmdTopButtons[6]->Visible, machine == "F1");
+                EXPECT_EQ(workbench_->File.lblPath.Caption.Get(), FileOf(machine));
+                EXPECT_EQ(List().Count(), workbench_->Store.LineCount() + 1) << "the open line";
             });
     }
     void SwitchMachine() {
-        OptionButton* const options[] = {&bench_->Machine.optSettingsMK2, &bench_->Machine.optSettingsMK4,
-                                         &bench_->Machine.optSettingsF1CNC};
+        OptionButton* const options[] = {&workbench_->Machine.optSettingsMK2,
+                                         &workbench_->Machine.optSettingsMK4,
+                                         &workbench_->Machine.optSettingsF1CNC};
         const int chosen = Below(3);
-        const bool changed = bench_->Store.ProgramChanged;
+        const bool changed = workbench_->Store.ProgramChanged;
         const Lines before = Program();
-        ClickOn(bench_->Main.mnuMachine);
+        ClickOn(workbench_->Main.mnuMachine);
         if (!options[chosen]->ReallyVisible()) return;
         const bool keeps = Below(2) == 0;
         platform_.Dialogs.Answers.assign(1, keeps ? Answer::No : Answer::Yes);
-        const std::string machine(NameOf(bench_->Store.Machine));
+        const std::string machine(NameOf(workbench_->Store.Machine));
         Act([&] { ClickByHand(*options[chosen], platform_.Focus); },
             [=, this] {
                 ++Counts["machines chosen"];
                 const bool kept = keeps && changed && !before.empty();
-                EXPECT_EQ(NameOf(bench_->Store.Machine), kept ? machine : machines[chosen]);
-                EXPECT_EQ(bench_->Store.LineCount(), kept ? static_cast<int>(before.size()) : 0);
+                EXPECT_EQ(NameOf(workbench_->Store.Machine), kept ? machine : machines[chosen]);
+                EXPECT_EQ(workbench_->Store.LineCount(), kept ? static_cast<int>(before.size()) : 0);
             });
-        bench_->Main.tabSettings.Visible = false;
+        workbench_->Main.tabSettings.Visible = false;
     }
     void Measure() {
         PictureBox& field = Drawing().pbxDrawField;
@@ -355,7 +356,7 @@ private:
     std::string folder_;
     std::mt19937 random_;
     std::vector<std::unique_ptr<MemoryWindow>> windows_;
-    std::unique_ptr<Workbench> bench_;
+    std::unique_ptr<Workbench> workbench_;
     std::deque<std::function<void()>> plan_;
     int left_ = 0;
     int tags_ = 0;

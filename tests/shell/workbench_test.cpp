@@ -102,7 +102,7 @@ TEST_F(WorkbenchTest, AFrozenWindowKeepsItsStop) {
         if (inFrame || control->Name() == "cmdTopButtons") frozen.push_back(control);
     }
     ASSERT_GE(frozen.size(), 55u);
-    Bench->Modes.ControlsEnable(0);
+    Bench->Modes.ControlsEnable(ControlsMode::Frozen);
     for (Control* control : frozen) EXPECT_FALSE(control->Enabled) << control->Name();
     EXPECT_FALSE(Bench->Modes.ControlsOn());
     for (Control* control : Named("lvCncProgram lstF1Gcodes"))
@@ -118,14 +118,14 @@ TEST_F(WorkbenchTest, AFrozenWindowKeepsItsStop) {
 
     // The frame of the step buttons is left alone while a program is stepped.
     Bench->Store.EditorRunMode = true;
-    Bench->Modes.ControlsEnable(0);
+    Bench->Modes.ControlsEnable(ControlsMode::Frozen);
     EXPECT_TRUE(Bench->Main.frCmdEditor3.Enabled);
     EXPECT_FALSE(Bench->Results.cmdStop.Enabled);
     Bench->Store.EditorRunMode = false;
-    Bench->Modes.ControlsEnable(1);
+    Bench->Modes.ControlsEnable(ControlsMode::Free);
     // A transmission can be stopped by hand.
     Bench->Store.TransmitActive = true;
-    Bench->Modes.ControlsEnable(0);
+    Bench->Modes.ControlsEnable(ControlsMode::Frozen);
     EXPECT_FALSE(Bench->Results.cmdRun.Enabled);
     EXPECT_TRUE(Bench->Results.cmdStop.ReallyEnabled());
 }

@@ -31,8 +31,8 @@ TEST(Programs, ACommandLineSplitsAtBlanksBehindTheProgram) {
     for (const auto& [line, program, rest, arguments] : cases) {
         const Command command = SplitCommand(line, isProgram);
         EXPECT_EQ(command.Program, program) << line;
-        EXPECT_EQ(command.Rest, rest) << line;
-        EXPECT_EQ(WordsOf(command.Rest), arguments) << line;
+        EXPECT_EQ(command.Arguments, rest) << line;
+        EXPECT_EQ(WordsOf(command.Arguments), arguments) << line;
     }
 }
 
