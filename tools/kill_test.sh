@@ -66,7 +66,7 @@ program() { printf '%s\\r\\n%%\\r\\n    N` G`   X `    Z `  F`  H \\r\\n    00 0
         printf 'row 2\nfocus txtGMcode\ntype 00\\r100\\r100\\rtyped_%d_\\r\nadvance 600\necho typed_%d_\n' "$round" "$round"
         printf 'click %s\nadvance 600\n' "$([ $((round % 2)) -eq 1 ] && echo mnuMMtoINCH || echo mnuINCHtoMM)"
         printf 'write ${DATA}/in%d.nc %s\n' "$round" "$(program "imported_${round}_")"
-        printf 'answer yes\nfile ${DATA}/saved%d.cnc\nfile ${DATA}/in%d.nc\nclick mnuPP 0\nadvance 600\necho imported_%d_\n' "$round" "$round" "$round"
+        printf 'answer yes\nfile ${DATA}/in%d.nc\nfile ${DATA}/saved%d.cnc\nclick mnuPP 0\nadvance 600\necho imported_%d_\n' "$round" "$round" "$round"
     done
 } | sed 's/^echo \(.*\)$/write ${DATA}\/stood_\1 1/' > "$scratch/working.kvts"
 
