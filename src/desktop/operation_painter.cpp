@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "desktop/colors.h"
+#include "platform/operations.h"
 
 namespace kvt {
 
@@ -20,18 +21,10 @@ constexpr double mostSteps = 20'000;
 
 // The part of a line inside a rectangle; none where it misses it. Lines can be longer than a painter bears.
 std::optional<QLineF> Clipped(QLineF line, const QRectF& inside) {
-    double from = 0;
-    double to = 1;
-    const auto cut = [&](double start, double length, double low, double high) {
-        if (length == 0) return start >= low && start <= high;
-        const auto [first, last] = std::minmax({(low - start) / length, (high - start) / length});
-        from = std::max(from, first);
-        to = std::min(to, last);
-        return from <= to;
-    };
-    if (!cut(line.x1(), line.dx(), inside.left(), inside.right())) return std::nullopt;
-    if (!cut(line.y1(), line.dy(), inside.top(), inside.bottom())) return std::nullopt;
-    return QLineF(line.pointAt(from), line.pointAt(to));
+    const auto part = PartInside(line.x1(), line.y1(), line.x2(), line.y2(),
+                                 {inside.left(), inside.top(), inside.right(), inside.bottom()});
+    if (!part) return std::nullopt;
+    return QLineF(line.pointAt(part->From), line.pointAt(part->To));
 }
 
 class OperationPainter {

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "draw/geometry.h"
+#include "platform/operations.h"
 
 namespace kvt {
 
@@ -15,17 +16,8 @@ using Kind = DrawOperation::Kind;
 constexpr int chordsPerTurn = 720;
 
 bool LineIsInSight(double x1, double y1, double x2, double y2, const FieldArea& area) {
-    double from = 0;
-    double to = 1;
-    const auto cut = [&](double start, double length, double low, double high) {
-        if (length == 0) return start >= low && start <= high;
-        const auto [first, last] = std::minmax({(low - start) / length, (high - start) / length});
-        from = std::max(from, first);
-        to = std::min(to, last);
-        return from <= to;
-    };
-    return cut(x1, x2 - x1, area.Left, area.Left + area.Width) &&
-           cut(y1, y2 - y1, area.Top, area.Top + area.Height);
+    const Extent inside{area.Left, area.Top, area.Left + area.Width, area.Top + area.Height};
+    return PartInside(x1, y1, x2, y2, inside).has_value();
 }
 
 bool ArcIsInSight(const DrawOperation& arc, const FieldArea& area) {

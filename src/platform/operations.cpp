@@ -46,6 +46,20 @@ Extent ExtentOf(const DrawOperation& one) {
     return {left - half, top - half, right + half, bottom + half};
 }
 
+std::optional<LinePart> PartInside(double x1, double y1, double x2, double y2, const Extent& inside) {
+    LinePart part;
+    const auto cut = [&](double start, double length, double low, double high) {
+        if (length == 0) return start >= low && start <= high;
+        const auto [first, last] = std::minmax({(low - start) / length, (high - start) / length});
+        part.From = std::max(part.From, first);
+        part.To = std::min(part.To, last);
+        return part.From <= part.To;
+    };
+    const bool seen =
+        cut(x1, x2 - x1, inside.Left, inside.Right) && cut(y1, y2 - y1, inside.Top, inside.Bottom);
+    return seen ? std::optional(part) : std::nullopt;
+}
+
 std::vector<DrawOperation> SeenIn(std::span<const DrawOperation> operations, const FieldArea& area) {
     std::unordered_set<DrawOperation, BytesHash, SameOperation> known;
     std::vector<DrawOperation> seen;

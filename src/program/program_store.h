@@ -56,6 +56,8 @@ struct ProgramStore {
 
     // Whether the user has something to lose here: changes, or a save that has failed.
     bool Unsaved() const { return ProgramChanged || (SaveFailed && LineCount() > 0); }
+    // The same where there are lines: a program that has lost its last one is nothing to lose.
+    bool HasUnsavedLines() const { return LineCount() > 0 && Unsaved(); }
     bool IsMK2() const { return Machine == MachineModel::MK2; }
     bool IsMK4() const { return Machine == MachineModel::MK4; }
     bool IsF1() const { return Machine == MachineModel::F1; }

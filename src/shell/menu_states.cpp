@@ -26,7 +26,7 @@ void MenuStates::Refresh() {
 
 void MenuStates::RefreshFile(bool hasLines) {
     MainControls& main = parts_.Main;
-    Enable(hasLines && parts_.Store.Unsaved(), {&main.mnuSave, &main.Button(TopButton::Save)});
+    Enable(parts_.Store.HasUnsavedLines(), {&main.mnuSave, &main.Button(TopButton::Save)});
     Enable(hasLines, {&main.mnuSaveAs, &main.mnuNew, &main.mnuPrint, &main.RCmnuDelete, &main.RCmnuInsert,
                       &main.cmdDelete, &main.Button(TopButton::New), &main.Button(TopButton::Print),
                       &parts_.Results.cmdRun});

@@ -6,7 +6,7 @@ namespace kvt {
 
 bool ProgramClearing::MayClear() {
     ProgramStore& store = parts_.Store;
-    if (store.LineCount() == 0 || !store.Unsaved()) return true;
+    if (!store.HasUnsavedLines()) return true;
     if (!AskToClear(parts_.Platform.Dialogs, parts_.Language)) return false;
     // The user has tried to save it, in vain: the next start offers it.
     if (store.SaveFailed) parts_.Calls.KeepRecoveryCopy();

@@ -56,10 +56,8 @@ Recovery::Recovery(Form& window, const Parts& parts)
 
 std::string Recovery::FileName() const { return parts_.Data.Folders.DataFolder + recoveryFile; }
 
-bool Recovery::Unsaved() const { return parts_.Store.LineCount() > 0 && parts_.Store.Unsaved(); }
-
 void Recovery::tmrRecovery_Timer() {
-    if (Unsaved()) {
+    if (parts_.Store.HasUnsavedLines()) {
         Write();
     } else if (!written_.empty()) {
         Remove();
@@ -90,7 +88,7 @@ void Recovery::Write() {
 bool Recovery::KeepRecoveryCopy() {
     FileService& files = parts_.Platform.Files.InBackground();
     const std::string& folder = parts_.Data.Folders.DataFolder;
-    if (folder.empty() || !Unsaved()) return true;
+    if (folder.empty() || !parts_.Store.HasUnsavedLines()) return true;
     int number = 1;
     for (const std::string& file : Copies()) number = std::max(number, NumberIn(ExtractFileName(file)) + 1);
     const std::string file = folder + std::string(asideName) + PlainNumber(number) + std::string(extension);
@@ -166,7 +164,7 @@ void Recovery::SetAside(const std::string& file, const std::string& text) {
 
 void Recovery::End(bool dropped) {
     tmrRecovery.Enabled = false;
-    if (Unsaved() && (!dropped || parts_.Store.SaveFailed)) {
+    if (parts_.Store.HasUnsavedLines() && (!dropped || parts_.Store.SaveFailed)) {
         Write();
     } else if (!written_.empty()) {
         Remove();

@@ -39,8 +39,6 @@ public:
     void End(bool dropped);
 
 private:
-    // Whether the program in the window is in no file.
-    bool Unsaved() const;
     void tmrRecovery_Timer();
     // Writes the copy, or takes it away.
     void Write();

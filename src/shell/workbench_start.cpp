@@ -72,7 +72,7 @@ void Workbench::mnuExit_Click() {
     ended_ = true;
     bool dropped = false;
     // There is no way back from this question.
-    if (Store.LineCount() > 0 && Store.Unsaved()) {
+    if (Store.HasUnsavedLines()) {
         dropped = !AskToSave(Platform.Dialogs, Language);
         if (!dropped) Writer.mnuSave_Click();
     }

@@ -221,7 +221,7 @@ void Receiver::cmdReceiveExit_Click() {
 
 void Receiver::LoadClipboardModule() {
     if (parts_.Port.IsSending) return parts_.Platform.System.Beep();
-    const bool asks = parts_.Store.LineCount() > 0 && parts_.Store.Unsaved();
+    const bool asks = parts_.Store.HasUnsavedLines();
     if (asks && !AskToClear(parts_.Platform.Dialogs, parts_.Language)) return;
     std::string text;
     Attempt(clipboardName, [&] { text = parts_.Platform.Clipboard.GetText(); });
