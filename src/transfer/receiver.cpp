@@ -133,7 +133,10 @@ void Receiver::cmdReceiveImport_Click() {
     cmdReceiveNew_Click();
     const LoadResult result = Import(Trim(received), UnsavedProgram::KeepCopy);
     const std::string rest = box.Text.Get();
-    const bool taken = result == LoadResult::Loaded || result == LoadResult::LanguageModule;
+    // A header with nothing behind it that the control would read is no program yet.
+    const bool noLines = result == LoadResult::Loaded && parts_.Store.LineCount() == 0;
+    if (noLines) parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
+    const bool taken = !noLines && (result == LoadResult::Loaded || result == LoadResult::LanguageModule);
     if (!taken) {
         cmdReceiveNew_Click();
         Add(received + rest);
