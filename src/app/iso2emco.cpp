@@ -1,13 +1,16 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <string>
 
 #include "basic/code_page.h"
+#include "basic/line_end.h"
 #include "basic/number.h"
 #include "basic/text.h"
 #include "files/iso/converter.h"
 #include "headless/memory_platform.h"
+#include "program/machine.h"
 #include "shell/workbench.h"
 
 // The pre-processor for ISO code: iso2emco.MK2, iso2emco.MK4 or iso2emco.F1 FILE. The machine is the one that its
@@ -20,15 +23,9 @@ using namespace kvt;
 constexpr int wrongUsage = 2;
 constexpr int notConverted = 1;
 
-bool MachineOf(std::string_view ownName, iso::Machine& machine) {
-    constexpr std::pair<std::string_view, iso::Machine> machines[] = {
-        {"MK2", iso::Machine::MK2}, {"MK4", iso::Machine::MK4}, {"F1", iso::Machine::F1}};
-    for (const auto& [name, one] : machines) {
-        if (!EqualIgnoringCase(ownName.substr(ownName.rfind('.') + 1), name)) continue;
-        machine = one;
-        return true;
-    }
-    return false;
+// The machine that a file's name ends in.
+std::optional<MachineModel> MachineOf(std::string_view name) {
+    return MachineNamed(name.substr(name.rfind('.') + 1));
 }
 
 // What the check of the workbench finds in the program, as a refusal that names the line of the ISO program.
@@ -58,11 +55,11 @@ void CheckAsTheMachine(const std::string& file, const iso::MachineProgram& progr
 // Why there is no program.
 int Refuse(DiskFiles& files, const std::string& file, const std::string& why) {
     if (files.Exists(file + ".~pp")) files.Delete(file + ".~pp");
-    files.WriteNew(file + ".~ppERR", why + ".\r\n");
+    files.WriteNew(file + ".~ppERR", why + "." + std::string(LineEnd));
     return notConverted;
 }
 
-int Convert(DiskFiles& files, const std::string& file, iso::Machine machine) {
+int Convert(DiskFiles& files, const std::string& file, MachineModel machine) {
     const std::string result = file + ".~pp";
     try {
         std::string text = files.ReadWhole(file);
@@ -72,7 +69,7 @@ int Convert(DiskFiles& files, const std::string& file, iso::Machine machine) {
         files.WriteNew(result, FileText(program));
         CheckAsTheMachine(result, program);
         std::string remarks;
-        for (const std::string& remark : converter.Remarks()) remarks += remark + "\r\n";
+        for (const std::string& remark : converter.Remarks()) remarks.append(remark).append(LineEnd);
         if (!remarks.empty()) files.WriteNew(file + ".~ppINFO", remarks);
         return 0;
     } catch (const iso::Refusal& refusal) {
@@ -98,9 +95,12 @@ std::string NameOfFile(const std::vector<std::string>& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    iso::Machine machine = iso::Machine::MK4;
-    if (argc < 2 || !MachineOf(argv[0], machine)) {
-        std::fputs("usage: iso2emco.MK2|iso2emco.MK4|iso2emco.F1 FILE\n", stderr);
+    const std::optional<MachineModel> machine = MachineOf(argv[0]);
+    if (argc < 2 || !machine) {
+        std::string names;
+        for (const MachineFacts& one : Machines())
+            names += (names.empty() ? "iso2emco." : "|iso2emco.") + std::string(one.Name);
+        std::fputs(("usage: " + names + " FILE\n").c_str(), stderr);
         return wrongUsage;
     }
     const std::string name = NameOfFile({argv + 1, argv + argc});
@@ -108,5 +108,5 @@ int main(int argc, char** argv) {
     std::signal(SIGXFSZ, SIG_IGN);
     DiskFiles files;
     return RunMain("iso2emco: " + name, wrongUsage,
-                   [&] { return Convert(files, NameFromSystem(name), machine); });
+                   [&] { return Convert(files, NameFromSystem(name), *machine); });
 }

@@ -9,6 +9,7 @@
 #include <QStandardPaths>
 #include <algorithm>
 
+#include "basic/line_end.h"
 #include "basic/run_time_error.h"
 #include "desktop/desktop_dialogs.h"
 #include "desktop/text.h"
@@ -117,7 +118,7 @@ void DesktopPrinter::Print(std::string_view line) {
     font.setPointSizeF(FontSize);
     painter_->setFont(font);
     // The head is a line of its own and names a file; a program is in the code page.
-    const bool head = line.find("\r\n") == std::string_view::npos;
+    const bool head = line.find(LineEnd) == std::string_view::npos;
     for (const QString& part : (head ? ShownToQt(line) : ToQt(line)).split(QStringLiteral("\r\n")))
         PutLine(part);
 }

@@ -1,5 +1,6 @@
 #include "headless/memory_printer.h"
 
+#include "basic/line_end.h"
 #include "basic/run_time_error.h"
 
 namespace kvt {
@@ -27,7 +28,7 @@ void MemoryPrinter::ShowPrinter(PrinterDialog& dialog) {
 void MemoryPrinter::Print(std::string_view line) {
     Demand();
     Printed += line;
-    Printed += "\r\n";
+    Printed += LineEnd;
 }
 
 void MemoryPrinter::EndDocument() {

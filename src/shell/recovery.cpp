@@ -17,8 +17,8 @@ constexpr const char* setAsideFile = "Recovery.old.txt";
 constexpr std::string_view asideName = "Recovery.kept.";
 constexpr std::string_view extension = ".txt";
 // Behind the units line, in front of the program's name, or of that of the source it was converted from.
-constexpr std::string_view nameMark = "\r\n;Recovered file: ";
-constexpr std::string_view sourceMark = "\r\n;Converted file: ";
+const std::string nameMark = std::string(LineEnd) + ";Recovered file: ";
+const std::string sourceMark = std::string(LineEnd) + ";Converted file: ";
 constexpr int interval = 500;  // milliseconds
 
 struct OldName {
@@ -122,8 +122,7 @@ void Recovery::Restore() {
     for (const std::string& file : Copies()) {
         std::string text;
         if (!Attempt(recoveryName, [&] { text = files.ReadWhole(file); })) continue;
-        const FileKind kind = Recognise(text).Kind;
-        const bool isProgram = kind != FileKind::Unknown && kind != FileKind::Language;
+        const bool isProgram = Recognise(text).Kind == FileKind::Program;
         const bool wanted =
             isProgram && parts_.Platform.Dialogs.ShowMessage(
                              Question(parts_.Language.MessageTexts(text::RestoreUnsaved), "")) == Answer::Yes;

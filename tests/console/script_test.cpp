@@ -51,6 +51,13 @@ TEST_F(ScriptTest, AFailureIsCountedAndTheScriptGoesOn) {
     EXPECT_EQ(Errors, "");
 }
 
+TEST_F(ScriptTest, TheCallGoesBeforeTheOptionsInTheScript) {
+    const std::string script =
+        "# options: --screen 20000 12000\nstart\nmaximise frmMain\nshow frmMain.width\n";
+    EXPECT_EQ(RunText(script, {"--screen", "16000", "9000"}), 0) << Errors;
+    EXPECT_EQ(Out, "frmMain.width = 16000\n");
+}
+
 TEST_F(ScriptTest, AWriteElsewhereEndsTheScriptAndIsNotDone) {
     namespace fs = std::filesystem;
     const std::string source = Path("p.cnc");

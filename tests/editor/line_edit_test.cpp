@@ -93,6 +93,17 @@ TEST_F(LineEditTest, PrefixesAndWidthsOfEveryField) {
     }
 }
 
+// What is written without a key in the comment, as by the list's menu.
+TEST_F(LineEditTest, RangesAndCommentsAreThoseOfTheKeys) {
+    Enter("00|-123456||1");
+    EXPECT_EQ(Platform.Dialogs.Shown.back().Text, "Lowest value for this field is -5999");
+    EXPECT_EQ(Workbench->Store.LineCount(), 0);
+    Workbench->View.chkViewGcode.Value = 1;
+    for (const char* line : {"01|1||1|50", "01|1||1|50||  own "}) Enter(line);
+    EXPECT_EQ(Cell(0, column::Comment), "@  Linear Interpolation");
+    EXPECT_EQ(Cell(1, column::Comment), "  own ");
+}
+
 TEST_F(LineEditTest, WritesWhicheverRowIsSelected) {
     Enter("00|100||200");
     EXPECT_EQ(List.Count(), 2);

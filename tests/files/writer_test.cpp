@@ -87,6 +87,16 @@ TEST_F(WriterTest, TheEndCodeComesLastAndLeavesThePlace) {
     }
 }
 
+TEST_F(WriterTest, AnEmptyNameIsTold) {
+    LoadSmall();
+    Workbench->File.lblPath.Caption = "";
+    Platform.Dialogs.FileAnswers = {{false, ""}};
+    EXPECT_EQ(Save(save::ToFile), save::As);
+    ASSERT_EQ(Shown().size(), 1u);
+    EXPECT_EQ(Shown()[0].Text, "No file specified");
+    EXPECT_TRUE(Workbench->Store.ProgramChanged);
+}
+
 TEST_F(WriterTest, TheClipboardTakesTheTextAndNothingElseChanges) {
     ASSERT_EQ(Load(FileText("MK4", {{"91"}})), LoadResult::Loaded);
     const std::string file = FileContent("program.cnc");

@@ -9,6 +9,14 @@ namespace {
 
 using Kind = DrawOperation::Kind;
 
+TEST(PictureBoxTest, ACircleLeavesThePenAtItsCentre) {
+    Form form("frm");
+    PictureBox box(form, "pbx");
+    box.Circle(7, 8, 9, 0.5, 1.5);
+    EXPECT_EQ(box.CurrentX, 7);
+    EXPECT_THROW(box.LineTo(1e39, 0), RunTimeError);
+}
+
 // Without a taker nothing is dropped; with one the list goes on behind the picture.
 TEST(PictureBoxTest, AFullListIsOfferedAsAPicture) {
     Form form("frm");
