@@ -93,7 +93,8 @@ void Focus(Script& run, Args args) {
 void Click(Script& run, Args args) {
     Control& control = run.Session.Named(args.Text(0), args.Count() > 1 ? args.Number(1) : -1);
     if (!InReach(run, control)) {
-        const bool refused = control.OnRefused && control.ReallyVisible() && !control.ReallyEnabled();
+        const bool refused =
+            control.OnRefused && control.EffectivelyVisible() && !control.EffectivelyEnabled();
         if (refused && run.Session.Running()) control.OnRefused();
         return;
     }
@@ -298,7 +299,7 @@ void Show(Script& run, Args args) {
 
 void Dump(Script& run, Args) {
     JsonSink out(stdout);
-    WriteDump(out, run.Session.CommandLine(), run.Session.Bench(), run.Session.Platform);
+    WriteDump(out, run.Session.CommandLine(), run.Session.Workbench(), run.Session.Platform);
     out.Put('\n');
 }
 

@@ -108,7 +108,7 @@ bool View::TextCommitted(QObject* watched, QInputMethodEvent& event) {
 }
 
 bool View::MousePressed() {
-    const bool enabled = control_.ReallyEnabled();
+    const bool enabled = control_.EffectivelyEnabled();
     if (!enabled && control_.OnRefused)
         Desktop.System.Run(control_, "Refused", [this] { control_.OnRefused(); });
     if (!TakesFocus(control_) || !enabled) return false;
