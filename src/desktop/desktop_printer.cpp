@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
+#include <QScreen>
 #include <QStandardPaths>
 #include <algorithm>
 #include <cmath>
@@ -16,17 +17,15 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "desktop/desktop_dialogs.h"
-#include "desktop/pixel_image.h"
 #include "desktop/text.h"
-#include "platform/picture_painter.h"
 
 namespace kvt {
 
 namespace {
 
-constexpr double drawingFont = 10;        // points, of the line above a drawing
-constexpr double measuringFont = 100;     // points
-constexpr double longestDrawing = 4'000;  // points of a picture at one of its edges
+constexpr double drawingFont = 10;     // points, of the line above a drawing
+constexpr double measuringFont = 100;  // points
+constexpr double previewShare = 0.85;  // of the screen
 
 constexpr double inch = 72;
 
@@ -133,15 +132,17 @@ void DesktopPrinter::AskForFile() {
 }
 
 void DesktopPrinter::Print(std::string_view line, PrintedLine what) {
+    if (line.empty()) document_.Lines.push_back({{}, what});
     for (const std::string_view part : Split(line, LineEnd))
         document_.Lines.push_back({std::string(part), what});
 }
 
 // As it stands now: it may be drawn anew, on another ground, before the page is painted.
 void DesktopPrinter::PrintDrawing(const PrintedDrawing& drawing) {
-    const FieldArea& area = drawing.Area;
-    const double longest = std::max({area.Width, area.Height, 1.0});
-    document_.Drawing = ImageOf(PaintPicture(drawing.Field, area, longestDrawing / longest));
+    FieldArea area = drawing.Area;
+    area.Width = std::max(area.Width, 1.0);
+    area.Height = std::max(area.Height, 1.0);
+    document_.Drawing = TakenFrom(drawing.Field, area);
     document_.Title = ShownToQt(drawing.Title);
     document_.Notes = ToQt(drawing.Notes);
 }
@@ -166,9 +167,9 @@ void DesktopPrinter::TurnSheet(const Document& document) {
         device.setPageOrientation(QPageLayout::Portrait);
         SetMargins(device);
         const bool across =
-            document.Drawing.isNull()
+            !document.Drawing
                 ? LayOutPages(document.Lines, SheetOf(device), FontSize, job_.PageText).Landscape
-                : document.Drawing.width() > document.Drawing.height();
+                : document.Drawing->Area.Width > document.Drawing->Area.Height;
         device.setPageOrientation(OrientationOf(across));
     }
     SetMargins(device);
@@ -181,6 +182,7 @@ void DesktopPrinter::ShowPreview(const Document& document) {
     if (device.outputFormat() == QPrinter::PdfFormat) device.setOutputFileName(ProposedFile());
     const DialogParent parent(desktop_);
     QPrintPreviewDialog window(&device, parent);
+    if (const QScreen* const screen = window.screen()) window.resize(screen->availableSize() * previewShare);
     QObject::connect(&window, &QPrintPreviewDialog::paintRequested, &window,
                      [&](QPrinter* paper) { Paint(document, *paper); });
     // It is accepted by printing alone.
@@ -190,7 +192,7 @@ void DesktopPrinter::ShowPreview(const Document& document) {
 void DesktopPrinter::Paint(const Document& document, QPrinter& device) const {
     QPainter painter;
     if (!painter.begin(&device)) throw RunTimeError(fault::PrinterError);
-    if (document.Drawing.isNull()) {
+    if (!document.Drawing) {
         PaintLines(document, device, painter);
     } else {
         PaintDrawing(document, device, painter);
@@ -246,9 +248,9 @@ void DesktopPrinter::PaintDrawing(const Document& document, QPrinter& device, QP
     painter.drawText(QPointF(page.width() - notes, metrics.ascent()), document.Notes);
     const double top = metrics.lineSpacing() * 1.5;
     const QSizeF room(page.width(), page.height() - top);
-    const QSizeF size = QSizeF(document.Drawing.size()).scaled(room, Qt::KeepAspectRatio);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(QRectF(QPointF((room.width() - size.width()) / 2, top), size), document.Drawing);
+    const FieldArea& area = document.Drawing->Area;
+    const QSizeF size = QSizeF(area.Width, area.Height).scaled(room, Qt::KeepAspectRatio);
+    PaintOnPaper(painter, *document.Drawing, {QPointF((room.width() - size.width()) / 2, top), size});
 }
 
 }  // namespace kvt

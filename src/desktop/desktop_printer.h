@@ -1,10 +1,11 @@
 #pragma once
 
-#include <QImage>
 #include <QPrinter>
 #include <memory>
+#include <optional>
 #include <vector>
 
+#include "desktop/paper_painter.h"
 #include "desktop/view.h"
 #include "platform/page_layout.h"
 
@@ -31,10 +32,10 @@ private:
     // A document is gathered, and painted when it ends: how it lies on the page follows from all of it.
     struct Document {
         std::vector<PageLine> Lines;
-        QImage Drawing;
+        std::optional<PaperDrawing> Drawing;
         QString Title, Notes;  // of the drawing
 
-        bool IsEmpty() const { return Lines.empty() && Drawing.isNull(); }
+        bool IsEmpty() const { return Lines.empty() && !Drawing; }
     };
 
     QPrinter& Device();
