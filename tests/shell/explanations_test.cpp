@@ -36,7 +36,8 @@ protected:
 
 private:
     void Add(std::map<std::string, int>& findings, std::string_view finding) {
-        if (!Trim(finding).empty()) findings[std::string(finding)] = FindingNumber(finding, Workbench->Language);
+        if (!Trim(finding).empty())
+            findings[std::string(finding)] = FindingNumber(finding, Workbench->Language);
     }
     void AddLimits(std::map<std::string, int>& findings, const std::string& entry) {
         const std::string cell =
