@@ -88,6 +88,7 @@ void RecentFiles::Show() {
         const Program& program = programs_[place];
         Menu& entry = *entries_[place];
         entry.Visible = !program.Path.empty();
+        if (!entry.Visible) continue;
         // The number chooses the entry.
         entry.Caption = PlainNumber(static_cast<std::int64_t>(place + 1)) + "  " +
                         std::string(ExtractFileName(program.Path)) + "  (" + program.Machine + ")  " +
