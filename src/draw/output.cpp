@@ -175,6 +175,10 @@ void DrawingOutput::RestoreBackground() {
 // No name for the PDF where there is no printer is the user's cancel, not a failure.
 void DrawingOutput::PrintForm() {
     PrinterService& printer = parts_.Platform.Printer;
+    // The window is printed as it looks.
+    PictureBox& field = controls_.pbxDrawField;
+    const SourceRange lit = field.Lit;
+    field.Lit = SourceRange();
     try {
         printer.BeginJob(parts_.File.lblPath.Caption);
         printer.PrintForm(controls_.frmDraw);
@@ -182,6 +186,7 @@ void DrawingOutput::PrintForm() {
     } catch (const RunTimeError& error) {
         if (error.Number != fault::Cancelled) TellError(error, printName);
     }
+    field.Lit = lit;
 }
 
 }  // namespace kvt

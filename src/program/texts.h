@@ -134,6 +134,7 @@ enum class DrawErrorText {
     MostCalls = 3,
     NotRecognised = 6,
     NotWritten = 7,
+    StrokeOfLine = 8,
 };
 
 // The names of the entries: an entry can be looked up in its own table alone.
