@@ -14,7 +14,7 @@ constexpr InkRow inkRows[] = {
     {Ink::Axis, ink::Red, ink::Red, 0x909090, 0x909090},
     {Ink::Rapid, ink::Green, ink::Green, 0x96C31E, 0x87A52D},
     {Ink::Feed, ink::Blue, ink::Blue, 0xD2B487, 0xDC3200},
-    {Ink::ArcG02, ink::Magenta, ink::Magenta, 0xFF00A5, 0xF05AE6},
+    {Ink::ArcG02, ink::Magenta, ink::Magenta, 0xFF00A5, 0xE650DC},
     {Ink::ArcG03, ink::Cyan, ink::Cyan, 0x78784B, 0x6E6432},
     {Ink::Cycle, ink::Red, ink::Red, 0x001EFF, 0x0F4BFF},
     {Ink::Drilling, ink::Blue, ink::Blue, 0xD2B487, 0xDC3200},

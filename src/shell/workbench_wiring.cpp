@@ -158,7 +158,7 @@ void Workbench::WireTransfer() {
         button->OnClick = [this, leave = std::move(button->OnClick)] {
             leave();
             const Control* const focused = Platform.Focus.Focused();
-            if (!Transfer.frRXcode.Visible && focused && !focused->ReallyVisible()) FocusCode();
+            if (!Transfer.frRXcode.Visible && focused && !focused->EffectivelyVisible()) FocusCode();
         };
     }
     ListView& list = Store.lvCncProgram;
@@ -280,7 +280,7 @@ void Workbench::mnuDraw_Click() {
 }
 
 void Workbench::FocusCode() {
-    if (Entry.txtGMcode.ReallyVisible()) Platform.Focus.SetFocus(Entry.txtGMcode);
+    if (Entry.txtGMcode.EffectivelyVisible()) Platform.Focus.SetFocus(Entry.txtGMcode);
 }
 
 void Workbench::ShowEditor() {
@@ -294,7 +294,7 @@ void Workbench::ShowEditor() {
 
 void Workbench::OpenRow(int row) {
     ListView& list = Store.lvCncProgram;
-    if (!Modes.ControlsOn() || IsHeld() || Store.EditorRunMode || !list.ReallyVisible()) return;
+    if (!Modes.ControlsOn() || IsHeld() || Store.EditorRunMode || !list.EffectivelyVisible()) return;
     frmMain.BringToFront();
     if (!FocusByHand(list, Platform.Focus) || row > list.Count()) return;
     list.Select(row);

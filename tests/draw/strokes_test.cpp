@@ -54,7 +54,7 @@ TEST_F(StrokesTest, EachKnowsItsLineAndItsEnd) {
 
 TEST_F(StrokesTest, TheLitOnesAreThoseOfAllPasses) {
     DrawLines("MK4", "91; 25 L4; 25 L4; M30; 01 X10 Z0 F50; 03 X50 Z-50 F50; M99 I50 K0; M17");
-    ListView& list = Bench->Store.lvCncProgram;
+    ListView& list = Workbench->Store.lvCncProgram;
     const long long before = Field().OperationsBefore();
     const auto lit = [&](int line) {
         list.Select(line + 1);
