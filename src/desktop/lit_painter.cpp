@@ -4,7 +4,7 @@ namespace kvt {
 
 namespace {
 
-constexpr int rim = 3;  // pixels of a pen, on either side
+constexpr int rim = 2;  // pixels of a pen, on either side
 
 }  // namespace
 

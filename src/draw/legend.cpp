@@ -99,7 +99,7 @@ void DrawSample(PictureBox& box, Sample sample, Color color, const DrawControls&
             box.DrawStyle = draw_style::Solid;
             return;
         case Sample::Centre: DrawStroke(box, 7, InkOf(Ink::Feed, controls)); return DrawStroke(box, 1, color);
-        case Sample::Lit: DrawStroke(box, 9, color); return DrawStroke(box, 1, InkOf(Ink::Feed, controls));
+        case Sample::Lit: DrawStroke(box, 7, color); return DrawStroke(box, 1, InkOf(Ink::Feed, controls));
         case Sample::Box: box.MoveTo(left, up); return box.BoxTo(right, down);
         case Sample::Teeth:
             return DrawThrough(box, {{left, down},

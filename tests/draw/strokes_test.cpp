@@ -45,7 +45,7 @@ TEST_F(StrokesTest, EachKnowsItsLineAndItsEnd) {
         DrawLines(one.Machine, one.Program);
         EXPECT_EQ(Runs(), one.Runs) << one.Program;
     }
-    EXPECT_EQ(TipAt(1050, 1000), "Line 02: G01 to X 20, Y 0, Z 0");
+    EXPECT_EQ(TipAt(1010, 1000), "Line 02: G01, ends at X 20, Y 0, Z 0");
     EXPECT_EQ(TipAt(1020, 1500), "");
     Field().DrawFrom(0);
     Field().Line(1020, 1500, 1021, 1500);
@@ -93,7 +93,7 @@ TEST_F(StrokesTest, TheNearestOneIsPointedAt) {
     };
     const Place places[] = {
         {50, 20, 7},     {50, 180, 2},    {150, 200, 2},   {170, 200, 0},   {1250, 1250, 0}, {1250, 1540, 3},
-        {3354, 2646, 4}, {3000, 2450, 4}, {3500, 3050, 5}, {2500, 3000, 0}, {3000, 3000, 0}, {5040, 5000, 6},
+        {3250, 2567, 4}, {3000, 2450, 4}, {3500, 3050, 5}, {2500, 3000, 0}, {3000, 3000, 0}, {5040, 5000, 6},
     };
     for (const Place& one : places) {
         const auto found = OperationAt(field, one.X, one.Y, 60);
