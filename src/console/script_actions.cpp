@@ -345,6 +345,7 @@ constexpr ScriptAction actions[] = {
     {"advance", {Arg::Number}, Advance, ofUser},
     {"mousemove", {Arg::Number, Arg::Number}, script::MouseMove, ofUser},
     {"mousedown", {Arg::Number, Arg::Number}, script::MouseDown, ofUser},
+    {"ctrlmousedown", {Arg::Number, Arg::Number}, script::CtrlMouseDown, ofUser},
     {"scroll", {Arg::Word, Arg::Number}, script::Scroll, ofUser},
     {"receive", {Arg::Text}, Receive, ofUser},
 

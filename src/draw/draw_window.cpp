@@ -72,9 +72,11 @@ DrawWindow::DrawWindow(const Parts& parts)
       Sim(parts_),
       Listing(parts_),
       Editor(parts_),
+      Strokes(parts_),
+      Colors(Controls),
       Measure(parts_, Sim, View),
       Output(parts_),
-      walkParts_{parts_, View, Sim, Listing, Editor, [this] { PositionControls(); }} {
+      walkParts_{parts_, View, Sim, Listing, Editor, Strokes, [this] { PositionControls(); }} {
     parts_.Tell = [this](std::string_view what) {
         if (Tell) Tell(what);
     };
@@ -97,15 +99,19 @@ DrawWindow::DrawWindow(const Parts& parts)
 
 // An entry that changes what is drawn.
 void DrawWindow::WireMenus() {
-    for (Menu* entry :
-         {&Controls.mnuRadiiArcs, &Controls.mnuFillCycles, &Controls.mnuProgramWindow, &Controls.mnuToolWidth,
-          &Controls.mnuToolCenter, &Controls.mnuGrid, &Controls.mnuBackground}) {
+    for (Menu* entry : {&Controls.mnuRadiiArcs, &Controls.mnuFillCycles, &Controls.mnuProgramWindow,
+                        &Controls.mnuToolWidth, &Controls.mnuToolCenter, &Controls.mnuGrid,
+                        &Controls.mnuBackground, &Controls.mnuDistinctColors, &Controls.mnuHoleMarks}) {
         entry->OnClick = [this, entry] {
             entry->Checked = !entry->Checked;
             if (entry == &Controls.mnuFillCycles || entry == &Controls.mnuGrid) SetFillStyle(Controls);
             if (Controls.mnuAutoRedraw.Checked) Redraw();
         };
     }
+    Controls.mnuLegend.OnClick = [this] {
+        Controls.mnuLegend.Checked = !Controls.mnuLegend.Checked;
+        Colors.Show(parts_.Store.IsF1());
+    };
     Controls.mnuAutoRedraw.OnClick = [this] {
         Controls.mnuAutoRedraw.Checked = !Controls.mnuAutoRedraw.Checked;
     };
@@ -118,7 +124,9 @@ void DrawWindow::WireMenus() {
 void DrawWindow::WireField() {
     PictureBox& field = Controls.pbxDrawField;
     field.OnMouseMove = [this](int button, int, float x, float y) { pbxDrawField_MouseMove(button, x, y); };
-    field.OnMouseDown = [this](int button, int, float x, float y) { pbxDrawField_MouseDown(button, x, y); };
+    field.OnMouseDown = [this](int button, int shift, float x, float y) {
+        pbxDrawField_MouseDown(button, shift, x, y);
+    };
     field.OnMouseWheel = [this](int shift, double notches, bool sideways) {
         pbxDrawField_MouseWheel(shift, notches, sideways);
     };
@@ -373,6 +381,7 @@ void DrawWindow::PositionControls() {
         Controls.UpDown.Visible = width > 9000;
         PlaceFramesInRow();
         ShowMenusOfMachine();
+        Colors.Show(parts_.Store.IsF1());
     });
 }
 
@@ -384,6 +393,7 @@ void DrawWindow::ShowMenusOfMachine() {
     }
     Controls.mnuToolWidth.Visible = mill;
     Controls.mnuToolCenter.Visible = mill;
+    Controls.mnuHoleMarks.Visible = mill;
     Controls.mnuFillCycles.Visible = !mill;
     if (mill) Controls.mnuFillCycles.Checked = false;
 }
@@ -417,14 +427,17 @@ void DrawWindow::Form_KeyDown(int pressed) {
 void DrawWindow::pbxDrawField_MouseMove(int button, float x, float y) {
     if ((button & mouse::Middle) != 0) View.ScrollBy(double{dragX_} - x, double{dragY_} - y);
     Measure.pbxDrawField_MouseMove(x, y);
+    Strokes.Point(x, y);
 }
 
-void DrawWindow::pbxDrawField_MouseDown(int button, float x, float y) {
+void DrawWindow::pbxDrawField_MouseDown(int button, int shift, float x, float y) {
     if (button == mouse::Middle) {
         dragX_ = x;
         dragY_ = y;
         return;
     }
+    const bool withCtrl = button == mouse::Left && (shift & mouse::CtrlHeld) != 0;
+    if (withCtrl && Strokes.Press(x, y)) return;
     Measure.pbxDrawField_MouseDown(x, y);
 }
 

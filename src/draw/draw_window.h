@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "draw/draw_program.h"
+#include "draw/legend.h"
 #include "draw/measuring.h"
 #include "draw/output.h"
 
@@ -34,6 +35,8 @@ public:
     Simulation Sim;
     ProgramWindow Listing;
     EditorLine Editor;
+    StrokeGuide Strokes;
+    Legend Colors;
     Measuring Measure;
     DrawingOutput Output;
 
@@ -88,7 +91,7 @@ private:
     void PlaceFramesInRow();
     void ShowMenusOfMachine();
     void pbxDrawField_MouseMove(int button, float x, float y);
-    void pbxDrawField_MouseDown(int button, float x, float y);
+    void pbxDrawField_MouseDown(int button, int shift, float x, float y);
     void pbxDrawField_MouseWheel(int shift, double notches, bool sideways);
 
     DrawProgram::Parts walkParts_;

@@ -24,6 +24,7 @@ constexpr const char* printer = ";Printer Settings";
 constexpr const char* windows = ";Windows Parameters HLTW";
 constexpr const char* usedLast = ";Files used last";
 constexpr const char* drawMode = ";Checks Draw Mode";
+constexpr const char* colorsAndMarks = ";Colors and marks";
 
 // A place of 0 centres the window.
 constexpr SettingKey editorKeys[] = {
@@ -88,6 +89,9 @@ constexpr SettingKey drawKeys[] = {
     {drawMode, "AutoRedraw", "True"},
     {windows, "DrawWindow", "9999, 9999, 9999, 9999"},
     {windows, "ProgramWindow", "3000, 0, 0, 11790, Inactive"},
+    {colorsAndMarks, "Legend", "True"},
+    {colorsAndMarks, "DistinctColors", "False"},
+    {colorsAndMarks, "HoleMarks", "False"},
 };
 
 constexpr int maxReports = 100;                   // of one key

@@ -101,7 +101,7 @@ constexpr TextsOf<int>::Default drawViewDefaults[] = {
 constexpr TextsOf<DrawErrorText>::Default drawErrorDefaults[] = {
     {text::HasBeenSaved, "has been saved"},      {text::TooManyCalls, "Too many subprog-Calls"},
     {text::MostCalls, "max 5 subcalls"},         {text::NotRecognised, " (ControlCommand not recognised)"},
-    {text::NotWritten, "could not be written."},
+    {text::NotWritten, "could not be written."}, {text::StrokeOfLine, "Line %1: %2, ends at %3"},
 };
 
 constexpr TextsOf<NoticeText>::Default noticeDefaults[] = {

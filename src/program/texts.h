@@ -134,6 +134,7 @@ enum class DrawErrorText {
     MostCalls = 3,
     NotRecognised = 6,
     NotWritten = 7,
+    StrokeOfLine = 8,
 };
 
 // What the quiet line tells, and the words around explanations and printed pages.

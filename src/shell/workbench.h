@@ -184,6 +184,8 @@ private:
     void mnuCalculator_Click();
     void mnuDraw_Click();
     void ShowEditor();
+    // Opens a row of the list from another window, as a click on it does; nothing where that could not be clicked.
+    void OpenRow(int row);
     void FocusCode();
 
     void FindFolders();

@@ -1,5 +1,6 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "platform/clicks.h"
 #include "platform/keys.h"
 #include "shell/workbench.h"
 
@@ -143,6 +144,7 @@ void Workbench::WireDrawing() {
         if (Draw.Controls.frmDraw.Visible) Draw.Form_QueryUnload();
     };
     Draw.ShowEditor = [this] { ShowEditor(); };
+    Draw.Strokes.OpenRow = [this](int row) { OpenRow(row); };
     Draw.RestoreFocus = [this] { FocusCode(); };
 }
 
@@ -301,6 +303,16 @@ void Workbench::ShowEditor() {
     // First, so that the field that had the keys last is not passed through on the way.
     FocusCode();
     frmMain.BringToFront();
+}
+
+void Workbench::OpenRow(int row) {
+    ListView& list = Store.lvCncProgram;
+    if (!Modes.ControlsOn() || IsHeld() || Store.EditorRunMode || !list.EffectivelyVisible()) return;
+    frmMain.BringToFront();
+    if (!FocusByHand(list, Platform.Focus) || row > list.Count()) return;
+    list.Select(row);
+    list.EnsureVisible(row);
+    list.Click();
 }
 
 }  // namespace kvt
