@@ -11,6 +11,7 @@ namespace {
 
 constexpr int outOfMemory = 7;
 constexpr int internalError = 51;
+constexpr int iconSizes[] = {16, 22, 24, 32, 48, 64, 128, 256};
 
 // What a failure of any kind is in the log.
 RunTimeError CaughtNow() {
@@ -35,6 +36,13 @@ void TellFailure(const char* procedure) noexcept {
     } catch (...) {
         // Not even memory for the description: nothing is left to tell.
     }
+}
+
+QIcon ProgramIcon() {
+    QIcon icon;
+    for (const int size : iconSizes)
+        icon.addFile(QStringLiteral(":/icons/kvt_%1.png").arg(size), QSize(size, size));
+    return icon;
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {
