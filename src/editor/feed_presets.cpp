@@ -22,8 +22,8 @@ std::string PresetText(const TextBox& preset) {
 }
 
 FeedPresets::FeedPresets(EntryRow& entry, ProgramStore& store, ControlInterpreter& interpreter,
-                         FocusService& focus)
-    : entry_(entry), store_(store), interpreter_(interpreter), focus_(focus) {
+                         const Texts& texts, FocusService& focus)
+    : entry_(entry), store_(store), interpreter_(interpreter), texts_(texts), focus_(focus) {
     entry_.cmdFeedA.OnClick = [this] { cmdFeedA_Click(); };
     entry_.cmdFeedB.OnClick = [this] { cmdFeedB_Click(); };
     entry_.txtFeedA.OnLostFocus = [this] { PresetLostFocus(entry_.txtFeedA, entry_.OldFeedA); };
@@ -74,7 +74,7 @@ void FeedPresets::SetFeedLimits() {
         Attempt("SetFeedLimits", [&] { feed = Val(preset->Text); });
         feed = std::clamp<double>(feed, range.Low, range.High);
         preset->Text = RightPad(PlainNumber(static_cast<float>(feed)), 5);
-        SetRange(*preset, range);
+        SetRange(*preset, range, texts_);
     }
 }
 

@@ -4,13 +4,15 @@
 #include "interpreter/interpreter.h"
 #include "platform/services.h"
 #include "program/program_store.h"
+#include "program/texts.h"
 
 namespace kvt {
 
 // The two feed presets beside the entry row.
 class FeedPresets {
 public:
-    FeedPresets(EntryRow& entry, ProgramStore& store, ControlInterpreter& interpreter, FocusService& focus);
+    FeedPresets(EntryRow& entry, ProgramStore& store, ControlInterpreter& interpreter, const Texts& texts,
+                FocusService& focus);
 
     // Clamps the presets to the units in force, and sets their ranges.
     void SetFeedLimits();
@@ -29,6 +31,7 @@ private:
     EntryRow& entry_;
     ProgramStore& store_;
     ControlInterpreter& interpreter_;
+    const Texts& texts_;
     FocusService& focus_;
 };
 

@@ -23,6 +23,8 @@ public:
     std::string_view At(int index) const;
     // What the language module set.
     void Set(int index, std::string_view text);
+    // Back to the built-in English.
+    void Clear();
 
 protected:
     std::size_t Checked(int index) const;
@@ -136,12 +138,29 @@ enum class DrawErrorText {
     NotWritten = 7,
 };
 
+// What belongs to windows and dialogs and is the caption of no control.
+enum class DialogText {
+    NoModule = 1,
+    TranslatedBy = 2,
+    NoDocument = 3,
+    ProgramFiles = 4,
+    AllFiles = 5,
+    PreProcessorFiles = 6,
+    PreProcessorError = 7,
+    PreProcessorInformation = 8,
+    PreProcessorWaits = 9,
+    ValueCheck = 10,
+    RangeOfField = 11,
+    TargetLine = 12,
+};
+
 // The names of the entries: an entry can be looked up in its own table alone.
 namespace text {
 using enum ProgramErrorText;
 using enum ErrorText;
 using enum MessageText;
 using enum DrawErrorText;
+using enum DialogText;
 }  // namespace text
 
 // All texts that the logic shows or tests.
@@ -152,6 +171,7 @@ struct Texts {
     TextsOf<ErrorText> ErrorTexts;
     TextsOf<MessageText> MessageTexts;
     TextsOf<DrawErrorText> DrawErrorTexts;
+    TextsOf<DialogText> DialogTexts;
     std::string ErrorHeaderText = "Error in line";
     std::string EntryCaption = "Parameters";
     // The entries of the draw window's View menu, by their order.
@@ -161,6 +181,7 @@ struct Texts {
     std::string ModuleFile;  // its path
     std::string LanguageName;
     std::string TranslatedBy;
+    std::string LanguageCode;  // "de"; see SystemService::UseLanguage
 };
 
 // A sentence about a file, "The file "name" cannot be read.", by its end.

@@ -120,6 +120,7 @@ constexpr ControlRow controlRows[] = {
     {"mnuPrinter", "mnuSettings"},
     {"mnuReset", "mnuSettings"},
     {"mnuCOM", "mnuSettings"},
+    {"mnuLanguage", "mnuSettings"},
     {"mnuXfer", "", {}, frozen},
     {"mnuRX", "mnuXfer"},
     {"mnuTX", "mnuXfer"},

@@ -20,6 +20,9 @@ void Workbench::FindFolders() {
     Import.PreProcessorFolder = folders.PreProcessorFolder;
     Received.SettingsFolder = folders.SettingsFolder;
     Transmit.SettingsFolder = folders.SettingsFolder;
+    Languages.Folders = {folders.LanguageFolder};
+    for (const std::string& folder : ProgramFolders(Help.StartFolder, "languages"))
+        Languages.Folders.push_back(folder);
 }
 
 void Workbench::Form_Load(std::string_view commandLine) {

@@ -1,0 +1,200 @@
+#include <QAccessible>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "test_workbench.h"
+
+namespace kvt::test {
+namespace {
+
+// The events that screen readers have been told of, as "event name".
+QStringList told;
+
+void Note(QAccessibleEvent* event) {
+    QAccessibleInterface* const of = event->accessibleInterface();
+    told += QStringLiteral("%1 %2").arg(event->type()).arg(of ? of->text(QAccessible::Name) : QString());
+}
+
+class Accessible : public DesktopWorkbench {
+protected:
+    Accessible() {
+        QAccessible::setActive(true);
+        before_ = QAccessible::installUpdateHandler(Note);
+        told.clear();
+    }
+    ~Accessible() override {
+        QAccessible::installUpdateHandler(before_);
+        windows.clear();
+        QAccessible::setActive(false);
+    }
+    QAccessibleInterface& Of(const Control& control) {
+        return *QAccessible::queryAccessibleInterface(View::Of(control)->Widget());
+    }
+    QString NameOf(const Control& control) { return Of(control).text(QAccessible::Name); }
+
+    // Roles that hold others, and texts, which have none but what they say.
+    static bool MayBeNameless(QAccessible::Role role) {
+        return role == QAccessible::Client || role == QAccessible::StaticText || role == QAccessible::Cell ||
+               role == QAccessible::MenuBar || role == QAccessible::Separator || role == QAccessible::Window;
+    }
+    // What below an object has no name, with the way there.
+    static void FindNameless(QAccessibleInterface& object, const QString& way, QStringList& nameless) {
+        const QString here = way + u'/' + object.text(QAccessible::Name);
+        const bool seen = !object.state().invisible;
+        if (seen && !MayBeNameless(object.role()) && object.text(QAccessible::Name).trimmed().isEmpty()) {
+            nameless += QStringLiteral("%1: role %2 %3")
+                            .arg(here)
+                            .arg(object.role())
+                            .arg(object.object() ? object.object()->objectName() : QString());
+        }
+        for (int i = 0; i < object.childCount(); ++i) {
+            QAccessibleInterface* const child = object.child(i);
+            ASSERT_TRUE(child && child->isValid()) << here.toStdString() << i;
+            FindNameless(*child, here, nameless);
+        }
+    }
+    void ExpectNames(const char* where) {
+        QStringList nameless;
+        for (const auto& window : windows) {
+            if (window->Window().isVisible())
+                FindNameless(*QAccessible::queryAccessibleInterface(&window->Window()), {}, nameless);
+        }
+        EXPECT_EQ(nameless.join(u'\n').toStdString(), "") << where;
+    }
+
+private:
+    QAccessible::UpdateHandler before_;
+};
+
+TEST_F(Accessible, EveryControlHasAName) {
+    Open(KVT_SOURCE_DIR "/samples/mk4_bolt.cnc");
+    ExpectNames("the editor");
+    Type("84\\r");
+    ExpectNames("a line being typed");
+    for (int page = 0; page < 5; ++page) {
+        bench.Main.mnuGeneral.Click();
+        bench.Main.tabSettings.Value = page;
+        ExpectNames("a page of the settings");
+    }
+    bench.Main.tabSettings.Visible = false;
+    for (const Qt::KeyboardModifiers held : {Qt::NoModifier, Qt::ShiftModifier}) {
+        Key(Qt::Key_F1, held);
+        ExpectNames("the help");
+        Key(Qt::Key_Escape);
+    }
+    bench.Help.mnuAbout_Click();
+    ExpectNames("what is told about the program");
+    bench.Modes.cmdReturn_Click();
+    bench.Received.mnuRX_Click();
+    ExpectNames("receiving");
+    bench.Transfer.cmdReceiveExit.Click();
+    bench.Find.mnuFind_Click();
+    ExpectNames("find");
+    bench.Find.frmFind.Visible = false;
+    bench.Main.mnuDraw.Click();
+    QTest::qWait(50);
+    ExpectNames("the drawing");
+    for (const MachineModel machine : {MachineModel::MK2, MachineModel::F1}) {
+        bench.Store.Machine = machine;
+        bench.Display.RefreshMachine();
+        bench.Display.ShowCodeLists();
+        ExpectNames("another machine");
+    }
+}
+
+TEST_F(Accessible, NamesRolesAndStatesFollowTheControls) {
+    Open(KVT_SOURCE_DIR "/samples/mk4_bolt.cnc");
+    EXPECT_EQ(NameOf(bench.Entry.txtGMcode), u"Code G"_s);
+    Type("-");
+    EXPECT_EQ(NameOf(bench.Entry.txtGMcode), u"Code M"_s);
+    Type("-84\\r");
+    EXPECT_EQ(NameOf(bench.Entry.txtXI), u"X"_s);
+    EXPECT_NE(Of(bench.Entry.txtXI).text(QAccessible::Description), u""_s) << "its range";
+    EXPECT_EQ(NameOf(bench.Entry.txtComment), u"Comment"_s);
+    EXPECT_EQ(NameOf(bench.Entry.txtFeedA), u"Feed A"_s);
+    EXPECT_EQ(NameOf(bench.File.txtFileNotes), u"File Notes"_s);
+    EXPECT_EQ(NameOf(bench.Main.Button(TopButton::Transmit)), u"Transmit File"_s);
+    EXPECT_EQ(Of(bench.Main.frView).role(), QAccessible::Grouping);
+    EXPECT_EQ(Of(bench.Draw.Controls.UpDown).role(), QAccessible::SpinBox);
+    EXPECT_EQ(Of(bench.Draw.Controls.UpDown).valueInterface()->currentValue().toInt(),
+              bench.Draw.Controls.UpDown.Value.Get());
+    EXPECT_FALSE(Of(bench.View.chkViewMachineTime).state().checked);
+    bench.View.chkViewMachineTime.Value = 1;
+    EXPECT_TRUE(Of(bench.View.chkViewMachineTime).state().checked);
+    EXPECT_TRUE(Of(bench.Results.cmdStop).state().disabled);
+
+    std::string module = KVT_SOURCE_DIR "/languages/Deutsch.txt";
+    bench.Reader.LoadFile(module);
+    EXPECT_EQ(NameOf(bench.Entry.txtComment), u"Kommentar"_s);
+    EXPECT_EQ(NameOf(bench.Main.Button(TopButton::Transmit)), u"Programm senden"_s);
+    EXPECT_EQ(NameOf(bench.Store.lvCncProgram), u"Programms\u00E4tze"_s);
+    // The toolkit's own texts follow as well.
+    QMessageBox box(QMessageBox::NoIcon, {}, {}, QMessageBox::Yes);
+    EXPECT_EQ(box.button(QMessageBox::Yes)->text().remove(u'&'), u"Ja"_s);
+    bench.Modules.UseEnglish();
+    QMessageBox again(QMessageBox::NoIcon, {}, {}, QMessageBox::Yes);
+    EXPECT_EQ(again.button(QMessageBox::Yes)->text().remove(u'&'), u"Yes"_s);
+}
+
+TEST_F(Accessible, TheProgramIsATable) {
+    Open(KVT_SOURCE_DIR "/samples/mk4_bolt.cnc");
+    ListView& list = bench.Store.lvCncProgram;
+    QAccessibleInterface& table = Of(list);
+    EXPECT_EQ(table.role(), QAccessible::Table);
+    QAccessibleTableInterface* const cells = table.tableInterface();
+    ASSERT_NE(cells, nullptr);
+    EXPECT_EQ(cells->rowCount(), list.Count());
+    const int columns = cells->columnCount();
+    ASSERT_GT(columns, 5);
+    EXPECT_EQ(table.childCount(), columns * (list.Count() + 1));
+    EXPECT_EQ(table.child(1)->role(), QAccessible::ColumnHeader);
+    EXPECT_EQ(cells->columnDescription(1), u"G"_s);
+    QAccessibleInterface* const code = cells->cellAt(2, 1);
+    EXPECT_EQ(code->text(QAccessible::Name).toStdString(), Trim(list.Row(3)[column::Code]));
+    EXPECT_EQ(table.indexOfChild(code), columns * 3 + 1);
+    EXPECT_EQ(table.child(columns * 3 + 1), code);
+    QAccessibleTableCellInterface* const cell = code->tableCellInterface();
+    EXPECT_EQ(cell->rowIndex(), 2);
+    EXPECT_EQ(cell->columnHeaderCells().at(0)->text(QAccessible::Name), u"G"_s);
+    EXPECT_EQ(cell->rowHeaderCells().at(0)->text(QAccessible::Name), u"02"_s);
+    EXPECT_EQ(table.childAt(code->rect().center().x(), code->rect().center().y()), code);
+    EXPECT_TRUE(cells->selectRow(2));
+    EXPECT_EQ(list.SelectedRow(), 3);
+    EXPECT_TRUE(cell->isSelected());
+    EXPECT_EQ(bench.Entry.txtGMcode.Text.Get(), std::string(Trim(list.Row(3)[column::Code])))
+        << "opened as by a click";
+
+    // Moving through the rows tells each.
+    platform.Services.Focus.SetFocus(list);
+    told.clear();
+    Key(Qt::Key_Down);
+    EXPECT_TRUE(told.contains(QStringLiteral("%1 03").arg(QAccessible::Focus)))
+        << told.join(u'|').toStdString();
+    // Other columns make other cells.
+    bench.View.chkViewToolPos.Value = 1;
+    bench.View.chkViewToolPos.Click();
+    EXPECT_GT(cells->columnCount(), columns);
+    EXPECT_EQ(cells->cellAt(2, 0)->text(QAccessible::Name), u"02"_s);
+    EXPECT_EQ(cells->cellAt(list.Count(), 0), nullptr);
+}
+
+TEST_F(Accessible, FindingsAreAnnounced) {
+    Open("");
+    told.clear();
+    const auto announced = [] {
+        QStringList texts;
+        const QString alert = QStringLiteral("%1 ").arg(QAccessible::Alert);
+        for (const QString& one : told) {
+            if (one.startsWith(alert)) texts += one.mid(alert.size());
+        }
+        return texts.join(u'|').toStdString();
+    };
+    Type("27\\r50\\r\\r");
+    EXPECT_EQ(announced(), "Error in line 0: !Line doesn't exist");
+    // It stands as it was: told once.
+    Type("00\\r100\\r100\\r\\r");
+    EXPECT_EQ(announced(), "Error in line 0: !Line doesn't exist");
+}
+
+}  // namespace
+}  // namespace kvt::test
