@@ -72,73 +72,73 @@ TEST_F(Accessible, EveryControlHasAName) {
     Type("84\\r");
     ExpectNames("a line being typed");
     for (int page = 0; page < 5; ++page) {
-        bench.Main.mnuGeneral.Click();
-        bench.Main.tabSettings.Value = page;
+        workbench.Main.mnuGeneral.Click();
+        workbench.Main.tabSettings.Value = page;
         ExpectNames("a page of the settings");
     }
-    bench.Main.tabSettings.Visible = false;
+    workbench.Main.tabSettings.Visible = false;
     for (const Qt::KeyboardModifiers held : {Qt::NoModifier, Qt::ShiftModifier}) {
         Key(Qt::Key_F1, held);
         ExpectNames("the help");
         Key(Qt::Key_Escape);
     }
-    bench.Help.mnuAbout_Click();
+    workbench.Help.mnuAbout_Click();
     ExpectNames("what is told about the program");
-    bench.Modes.cmdReturn_Click();
-    bench.Received.mnuRX_Click();
+    workbench.Modes.cmdReturn_Click();
+    workbench.Received.mnuRX_Click();
     ExpectNames("receiving");
-    bench.Transfer.cmdReceiveExit.Click();
-    bench.Find.mnuFind_Click();
+    workbench.Transfer.cmdReceiveExit.Click();
+    workbench.Find.mnuFind_Click();
     ExpectNames("find");
-    bench.Find.frmFind.Visible = false;
-    bench.Main.mnuDraw.Click();
+    workbench.Find.frmFind.Visible = false;
+    workbench.Main.mnuDraw.Click();
     QTest::qWait(50);
     ExpectNames("the drawing");
     for (const MachineModel machine : {MachineModel::MK2, MachineModel::F1}) {
-        bench.Store.Machine = machine;
-        bench.Display.RefreshMachine();
-        bench.Display.ShowCodeLists();
+        workbench.Store.Machine = machine;
+        workbench.Display.RefreshMachine();
+        workbench.Display.ShowCodeLists();
         ExpectNames("another machine");
     }
 }
 
 TEST_F(Accessible, NamesRolesAndStatesFollowTheControls) {
     Open(KVT_SOURCE_DIR "/samples/mk4_bolt.cnc");
-    EXPECT_EQ(NameOf(bench.Entry.txtGMcode), u"Code G"_s);
+    EXPECT_EQ(NameOf(workbench.Entry.txtGMcode), u"Code G"_s);
     Type("-");
-    EXPECT_EQ(NameOf(bench.Entry.txtGMcode), u"Code M"_s);
+    EXPECT_EQ(NameOf(workbench.Entry.txtGMcode), u"Code M"_s);
     Type("-84\\r");
-    EXPECT_EQ(NameOf(bench.Entry.txtXI), u"X"_s);
-    EXPECT_NE(Of(bench.Entry.txtXI).text(QAccessible::Description), u""_s) << "its range";
-    EXPECT_EQ(NameOf(bench.Entry.txtComment), u"Comment"_s);
-    EXPECT_EQ(NameOf(bench.Entry.txtFeedA), u"Feed A"_s);
-    EXPECT_EQ(NameOf(bench.File.txtFileNotes), u"File Notes"_s);
-    EXPECT_EQ(NameOf(bench.Main.Button(TopButton::Transmit)), u"Transmit File"_s);
-    EXPECT_EQ(Of(bench.Main.frView).role(), QAccessible::Grouping);
-    EXPECT_EQ(Of(bench.Draw.Controls.UpDown).role(), QAccessible::SpinBox);
-    EXPECT_EQ(Of(bench.Draw.Controls.UpDown).valueInterface()->currentValue().toInt(),
-              bench.Draw.Controls.UpDown.Value.Get());
-    EXPECT_FALSE(Of(bench.View.chkViewMachineTime).state().checked);
-    bench.View.chkViewMachineTime.Value = 1;
-    EXPECT_TRUE(Of(bench.View.chkViewMachineTime).state().checked);
-    EXPECT_TRUE(Of(bench.Results.cmdStop).state().disabled);
+    EXPECT_EQ(NameOf(workbench.Entry.txtXI), u"X"_s);
+    EXPECT_NE(Of(workbench.Entry.txtXI).text(QAccessible::Description), u""_s) << "its range";
+    EXPECT_EQ(NameOf(workbench.Entry.txtComment), u"Comment"_s);
+    EXPECT_EQ(NameOf(workbench.Entry.txtFeedA), u"Feed A"_s);
+    EXPECT_EQ(NameOf(workbench.File.txtFileNotes), u"File Notes"_s);
+    EXPECT_EQ(NameOf(workbench.Main.Button(TopButton::Transmit)), u"Transmit File"_s);
+    EXPECT_EQ(Of(workbench.Main.frView).role(), QAccessible::Grouping);
+    EXPECT_EQ(Of(workbench.Draw.Controls.UpDown).role(), QAccessible::SpinBox);
+    EXPECT_EQ(Of(workbench.Draw.Controls.UpDown).valueInterface()->currentValue().toInt(),
+              workbench.Draw.Controls.UpDown.Value.Get());
+    EXPECT_FALSE(Of(workbench.View.chkViewMachineTime).state().checked);
+    workbench.View.chkViewMachineTime.Value = 1;
+    EXPECT_TRUE(Of(workbench.View.chkViewMachineTime).state().checked);
+    EXPECT_TRUE(Of(workbench.Results.cmdStop).state().disabled);
 
     std::string module = KVT_SOURCE_DIR "/languages/Deutsch.txt";
-    bench.Reader.LoadFile(module);
-    EXPECT_EQ(NameOf(bench.Entry.txtComment), u"Kommentar"_s);
-    EXPECT_EQ(NameOf(bench.Main.Button(TopButton::Transmit)), u"Programm senden"_s);
-    EXPECT_EQ(NameOf(bench.Store.lvCncProgram), u"Programms\u00E4tze"_s);
+    workbench.Reader.LoadFile(module);
+    EXPECT_EQ(NameOf(workbench.Entry.txtComment), u"Kommentar"_s);
+    EXPECT_EQ(NameOf(workbench.Main.Button(TopButton::Transmit)), u"Programm senden"_s);
+    EXPECT_EQ(NameOf(workbench.Store.lvCncProgram), u"Programms\u00E4tze"_s);
     // The toolkit's own texts follow as well.
     QMessageBox box(QMessageBox::NoIcon, {}, {}, QMessageBox::Yes);
     EXPECT_EQ(box.button(QMessageBox::Yes)->text().remove(u'&'), u"Ja"_s);
-    bench.Modules.UseEnglish();
+    workbench.Modules.UseEnglish();
     QMessageBox again(QMessageBox::NoIcon, {}, {}, QMessageBox::Yes);
     EXPECT_EQ(again.button(QMessageBox::Yes)->text().remove(u'&'), u"Yes"_s);
 }
 
 TEST_F(Accessible, TheProgramIsATable) {
     Open(KVT_SOURCE_DIR "/samples/mk4_bolt.cnc");
-    ListView& list = bench.Store.lvCncProgram;
+    ListView& list = workbench.Store.lvCncProgram;
     QAccessibleInterface& table = Of(list);
     EXPECT_EQ(table.role(), QAccessible::Table);
     QAccessibleTableInterface* const cells = table.tableInterface();
@@ -161,7 +161,7 @@ TEST_F(Accessible, TheProgramIsATable) {
     EXPECT_TRUE(cells->selectRow(2));
     EXPECT_EQ(list.SelectedRow(), 3);
     EXPECT_TRUE(cell->isSelected());
-    EXPECT_EQ(bench.Entry.txtGMcode.Text.Get(), std::string(Trim(list.Row(3)[column::Code])))
+    EXPECT_EQ(workbench.Entry.txtGMcode.Text.Get(), std::string(Trim(list.Row(3)[column::Code])))
         << "opened as by a click";
 
     // Moving through the rows tells each.
@@ -171,8 +171,8 @@ TEST_F(Accessible, TheProgramIsATable) {
     EXPECT_TRUE(told.contains(QStringLiteral("%1 03").arg(QAccessible::Focus)))
         << told.join(u'|').toStdString();
     // Other columns make other cells.
-    bench.View.chkViewToolPos.Value = 1;
-    bench.View.chkViewToolPos.Click();
+    workbench.View.chkViewToolPos.Value = 1;
+    workbench.View.chkViewToolPos.Click();
     EXPECT_GT(cells->columnCount(), columns);
     EXPECT_EQ(cells->cellAt(2, 0)->text(QAccessible::Name), u"02"_s);
     EXPECT_EQ(cells->cellAt(list.Count(), 0), nullptr);

@@ -14,8 +14,8 @@ protected:
     DesktopWorkbench() { qputenv("XDG_DATA_HOME", data_.path().toLocal8Bit()); }
 
     void Open(const std::string& file) {
-        bench.Form_Load(file);
-        for (Form* form : bench.Forms())
+        workbench.Form_Load(file);
+        for (Form* form : workbench.Forms())
             windows.push_back(std::make_unique<FormView>(platform.Desktop, *form));
         ASSERT_TRUE(QTest::qWaitForWindowActive(&windows.front()->Window()));
         QTest::qWait(1);
@@ -56,7 +56,7 @@ protected:
     DiskFiles files;
     SystemPrograms programs;
     DesktopPlatform platform{files, programs, 1};
-    Workbench bench{platform.Services};
+    Workbench workbench{platform.Services};
     std::vector<std::unique_ptr<FormView>> windows;
     QTemporaryDir data_;
 };
