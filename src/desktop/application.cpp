@@ -1,5 +1,6 @@
 #include "desktop/application.h"
 
+#include <QFile>
 #include <exception>
 #include <new>
 
@@ -40,8 +41,12 @@ void TellFailure(const char* procedure) noexcept {
 
 QIcon ProgramIcon() {
     QIcon icon;
-    for (const int size : iconSizes)
-        icon.addFile(QStringLiteral(":/icons/kvt_%1.png").arg(size), QSize(size, size));
+    for (const int size : iconSizes) {
+        QFile file(QStringLiteral(":/icons/kvt_%1.png").arg(size));
+        // With the format named, the toolkit loads no library of another format at the start.
+        if (file.open(QIODevice::ReadOnly))
+            icon.addPixmap(QPixmap::fromImage(QImage::fromData(file.readAll(), "PNG")));
+    }
     return icon;
 }
 

@@ -55,10 +55,18 @@ void ListViewView::TellRows() {
         QAccessibleTableModelChangeEvent event(area_, QAccessibleTableModelChangeEvent::ModelReset);
         QAccessible::updateAccessibility(&event);
     }
-    TellFinding();
+    TellFindingSoon();
+}
+
+// Rows and headers change one after the other: told is what stands there in the end.
+void ListViewView::TellFindingSoon() {
+    if (std::exchange(telling_, true)) return;
+    QMetaObject::invokeMethod(
+        this, [this] { TellFinding(); }, Qt::QueuedConnection);
 }
 
 void ListViewView::TellFinding() {
+    telling_ = false;
     const int column = list_.EmphasisedColumn;
     QString finding;
     for (int row = 1; row <= list_.Count() && column > 0 && finding.isEmpty(); ++row)

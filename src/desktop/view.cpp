@@ -50,7 +50,10 @@ void View::PropertyChanged(Control&, PropertyId id) {
 
 void View::NameWidget() {
     const QString name = ShownToQt(AccessibleNameOf(control_));
-    const QString tip = ShownToQt(control_.ToolTip);
+    // Without what the name tells already.
+    QString tip = ShownToQt(control_.ToolTip);
+    if (tip.startsWith(name)) tip = tip.mid(name.size()).trimmed();
+    if (name.contains(tip)) tip.clear();
     const auto call = [&](QWidget& widget) {
         if (widget.accessibleName() != name) widget.setAccessibleName(name);
         if (widget.accessibleDescription() != tip) widget.setAccessibleDescription(tip);

@@ -15,7 +15,7 @@ struct Folders {
     std::string DataFolder;
     std::string SettingsFolder;
     std::string PreProcessorFolder;
-    std::string LanguageFolder;  // for modules of the user's own; made by nobody
+    std::string LanguageFolder;  // for modules of the user's own
 };
 
 // The folders below the user's local application data folder.

@@ -43,9 +43,9 @@ bool BeginsWithOneOf(const Control& control, std::span<const char* const> prefix
     return false;
 }
 
-// "G" with the tool tip "Code" is "Code G".
+// "G" with the tool tip "Code" is "Code G"; a value has its name in front as well.
 std::string LabelText(const Control& label) {
-    std::string text(FirstLine(label.ToolTip));
+    std::string text(label.AccessibleName.Empty() ? FirstLine(label.ToolTip) : label.AccessibleName.Get());
     const std::string_view caption = CaptionOf(label);
     if (!text.empty() && !caption.empty()) text += ' ';
     return text.append(caption);
@@ -65,9 +65,9 @@ std::string FieldName(const Control& field) {
 }  // namespace
 
 std::string AccessibleNameOf(const Control& control) {
+    if (control.Kind() == ControlKind::Label) return LabelText(control);
     if (!control.AccessibleName.Empty()) return control.AccessibleName.Get();
     switch (control.Kind()) {
-        case ControlKind::Label: return LabelText(control);
         case ControlKind::CommandButton:
             if (static_cast<const CommandButton&>(control).Picture.empty()) break;
             if (!control.ToolTip.Empty()) return std::string(FirstLine(control.ToolTip));

@@ -21,10 +21,36 @@ std::string Module(const std::string& lines) {
 
 // Words that are the same in both languages, and what is no word.
 bool IsInternational(const std::string& text) {
-    static const std::set<std::string> same = {"Editor",     "Parameter",  "Code",  "Baud",    "Handshake",
-                                               "Simulation", "Horizontal", "Info",  "General", "Min",
-                                               "Max",        "Stop",       "Start", "COM",     "G-Code",
-                                               "mm",         "max. U/min", "L",     "R",       "Com ports"};
+    static const std::set<std::string> same = {"Editor",
+                                               "Parameter",
+                                               "Code",
+                                               "Baud",
+                                               "Handshake",
+                                               "Simulation",
+                                               "Horizontal",
+                                               "Info",
+                                               "General",
+                                               "Min",
+                                               "Max",
+                                               "Stop",
+                                               "Start",
+                                               "COM",
+                                               "G-Code",
+                                               "mm",
+                                               "1/100 mm",
+                                               "max. U/min",
+                                               "Com1",
+                                               "Com2",
+                                               "Com3",
+                                               "Com4",
+                                               "Xon/Xoff",
+                                               "Emco",
+                                               "Compact5 CNC MK2",
+                                               "Compact5 CNC MK4",
+                                               "xxx",
+                                               "xx:xx:xx",
+                                               "Compact5 CNC",
+                                               "Kestrel Vise Toolkit"};
     const bool hasWord =
         std::adjacent_find(text.begin(), text.end(), [](char a, char b) {
             return std::isalpha(static_cast<unsigned char>(a)) && std::islower(static_cast<unsigned char>(b));
@@ -73,7 +99,9 @@ protected:
         std::vector<Control*> all;
         for (Form* form : Workbench->Forms()) {
             all.push_back(form);
-            all.insert(all.end(), form->Controls().begin(), form->Controls().end());
+            // The names of the languages are in their own.
+            std::copy_if(form->Controls().begin(), form->Controls().end(), std::back_inserter(all),
+                         [](const Control* control) { return control->Name() != "mnuLanguages"; });
         }
         return all;
     }
@@ -149,6 +177,8 @@ TEST_F(LanguageTest, NothingStaysEnglishInGermanNorGermanInEnglish) {
     LoadModule(Platform.Files.ReadWhole(KVT_SOURCE_DIR "/languages/Deutsch.txt"));
     EXPECT_EQ(Platform.System.LanguageCode, "de");
     for (const auto& [control, texts] : english) {
+        // The heads of this window are those of the program list, and come from there when it is shown.
+        if (control->OwningForm().Name() == "frmProgramWindow") continue;
         const std::array<std::string, 3> german = textsOf(*control);
         for (std::size_t i = 0; i < texts.size(); ++i) {
             EXPECT_TRUE(IsInternational(texts[i]) || german[i] != texts[i])
