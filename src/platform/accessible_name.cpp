@@ -47,6 +47,7 @@ bool BeginsWithOneOf(const Control& control, std::span<const char* const> prefix
 std::string LabelText(const Control& label) {
     std::string text(label.AccessibleName.Empty() ? FirstLine(label.ToolTip) : label.AccessibleName.Get());
     const std::string_view caption = CaptionOf(label);
+    if (text == caption) return text;
     if (!text.empty() && !caption.empty()) text += ' ';
     return text.append(caption);
 }

@@ -44,6 +44,7 @@ MainControls::MainControls(Form& window) : Window(window) {
         cmdTopButtons[i]->Picture = topButtons[i].Picture;
     }
     lstAbout.InFront = true;
+    lblNotice.Announced = true;
     mnuOpen.Shortcut = "Ctrl+O";
     mnuNew.Shortcut = "Ctrl+N";
     mnuSave.Shortcut = "Ctrl+S";
@@ -51,6 +52,8 @@ MainControls::MainControls(Form& window) : Window(window) {
     mnuDraw.Shortcut = "F5";
     mnuFind.Shortcut = "Ctrl+F";
     mnuPrint.Shortcut = "Ctrl+P";
+    mnuPrintPreview.Shortcut = "Ctrl+Shift+P";
+    mnuGoToError.Shortcut = "F8";
     lblMachineType.ToolTip = "Machine Type";
     tabSettings.Captions = {"General", "Info", "Machine", "Printer", "COM"};
 }
