@@ -133,6 +133,9 @@ int RunProgram(int argc, char** argv) {
     if (TellAboutIt(argc, argv)) return 0;
     kvt::Application application(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(programName));
+    // By this name the desktops that know no icons of windows find the installed one.
+    QGuiApplication::setDesktopFileName(QStringLiteral("kvt"));
+    QApplication::setWindowIcon(kvt::ProgramIcon());
     Options options;
     QString problem;
     if (!Read(QApplication::arguments(), options, problem)) {

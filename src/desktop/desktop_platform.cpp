@@ -6,6 +6,8 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "desktop/accessible.h"
+
 namespace kvt {
 
 namespace {
@@ -87,6 +89,7 @@ DesktopPlatform::DesktopPlatform(FileService& files, ProgramService& programs, d
       dialogs_(Desktop),
       screen_(Desktop.Lengths),
       printer_(Desktop) {
+    InstallAccessibles();
     // The program ends when it says so, not with its windows.
     QGuiApplication::setQuitOnLastWindowClosed(false);
     QApplication::setFont(FormFont(factor));

@@ -20,10 +20,10 @@ namespace kvt {
 namespace {
 
 constexpr PropertyId allProperties[] = {
-    PropertyId::Left,         PropertyId::Height,  PropertyId::ToolTip,   PropertyId::Caption,
-    PropertyId::Entries,      PropertyId::Bounds,  PropertyId::Rows,      PropertyId::Headers,
-    PropertyId::Text,         PropertyId::Value,   PropertyId::ListIndex, PropertyId::ForeColor,
-    PropertyId::MousePointer, PropertyId::Enabled, PropertyId::Visible,
+    PropertyId::Left,           PropertyId::Height,       PropertyId::ToolTip,   PropertyId::Caption,
+    PropertyId::Entries,        PropertyId::Bounds,       PropertyId::Rows,      PropertyId::Headers,
+    PropertyId::Text,           PropertyId::Value,        PropertyId::ListIndex, PropertyId::ForeColor,
+    PropertyId::AccessibleName, PropertyId::MousePointer, PropertyId::Enabled,   PropertyId::Visible,
 };
 
 constexpr int lastingTime = 300;  // milliseconds

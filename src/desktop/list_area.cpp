@@ -116,6 +116,29 @@ int ListArea::RowAt(QPoint point) const {
     return row <= list_.Count() ? row : 0;
 }
 
+QString ListArea::HeaderText(int column) const {
+    const std::vector<Column> columns = Columns();
+    if (column < 0 || column >= static_cast<int>(columns.size())) return {};
+    return ToQt(list_.Header(columns[static_cast<std::size_t>(column)].SubItem + 1).Text);
+}
+
+QString ListArea::CellText(int row, int column) const {
+    const std::vector<Column> columns = Columns();
+    if (column < 0 || column >= static_cast<int>(columns.size()) || row < 1 || row > list_.Count()) return {};
+    return ToQt(list_.Row(row)[columns[static_cast<std::size_t>(column)].SubItem]);
+}
+
+QRect ListArea::HeaderPlace(int column) const {
+    const std::vector<Column> columns = Columns();
+    if (column < 0 || column >= static_cast<int>(columns.size())) return {};
+    return columns[static_cast<std::size_t>(column)].Place;
+}
+
+QRect ListArea::CellPlace(int row, int column) const {
+    const QRect head = HeaderPlace(column);
+    return head.isNull() ? head : QRect(head.left(), RowPlace(row).top(), head.width(), rowHeight_);
+}
+
 int ListArea::HeaderAt(QPoint point) const {
     for (const Column& column : Columns()) {
         if (column.Place.contains(point)) return column.SubItem + 1;

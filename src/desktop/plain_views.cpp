@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "basic/stack_guard.h"
+#include "desktop/accessible.h"
 #include "desktop/colors.h"
 #include "desktop/text.h"
 
@@ -88,7 +89,10 @@ LabelView::LabelView(DesktopContext& desktop, Label& control, QWidget* parent)
 
 void LabelView::Follow(PropertyId id) {
     switch (id) {
-        case PropertyId::Caption: face_->setText(ShownToQt(label_.Caption)); break;
+        case PropertyId::Caption:
+            face_->setText(ShownToQt(label_.Caption));
+            if (label_.Announced && face_->isVisible()) Announce(*face_, face_->text());
+            break;
         case PropertyId::ForeColor: SetTextColor(*face_, label_.ForeColor); break;
         case PropertyId::Height: {
             const bool wraps = label_.Height >= severalLines;

@@ -107,7 +107,7 @@ void TextBoxView::ShowMenu(QPoint at) {
     QMenu menu;
     const bool selected = ShownSelection().Length > 0;
     const auto add = [&](const char* caption, char letter, bool enabled) {
-        QAction* action = menu.addAction(QString::fromLatin1(caption));
+        QAction* action = menu.addAction(QCoreApplication::translate("QWidgetTextControl", caption));
         action->setEnabled(enabled && Box.EffectivelyEnabled());
         connect(action, &QAction::triggered, this, [this, letter] { Press(WithCtrl(letter)); });
     };
@@ -115,7 +115,7 @@ void TextBoxView::ShowMenu(QPoint at) {
     add("&Copy", 'C', selected);
     add("&Paste", 'V', !QGuiApplication::clipboard()->text().isEmpty());
     menu.addSeparator();
-    add("Select &All", 'A', !Shown().isEmpty());
+    add("Select All", 'A', !Shown().isEmpty());
     menu.exec(at);
 }
 

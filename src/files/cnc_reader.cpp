@@ -16,9 +16,15 @@ namespace kvt {
 namespace {
 
 constexpr const char* loadFileName = "LoadFile";
-constexpr std::string_view programFilter =
-    "cnc files (*.txt or *.cnc or *.c5n)|*.cnc;*.txt;*.c5n|All Files (*.*)|*.*|";
 constexpr std::string_view preProcessorResult = ".~pp";
+
+// The files that the dialog offers, by the patterns behind their names.
+std::string ProgramFilter(const Texts& texts) {
+    std::string filter(texts.DialogTexts(text::ProgramFiles));
+    filter += "|*.cnc;*.txt;*.c5n|";
+    filter += texts.DialogTexts(text::AllFiles);
+    return filter + "|*.*|";
+}
 
 std::string_view Field(std::string_view record, cnc::Span span) {
     return record.substr(span.At, span.Length);
@@ -180,7 +186,7 @@ LoadResult CncReader::ReadText(std::string& name, std::string& text) {
     Services& platform = parts_.Platform;
     // The dialog itself keeps the filter that an earlier opening has left there.
     if (!name.empty()) {
-        dialog.Filter = programFilter;
+        dialog.Filter = ProgramFilter(parts_.Language);
         dialog.FileName = name;
     } else {
         bool chosen = false;

@@ -79,6 +79,8 @@ public:
     Property<int> TabIndex{*this, PropertyId::TabIndex, -1};
     TextProperty Tag{*this, PropertyId::Tag};
     TextProperty ToolTip{*this, PropertyId::ToolTip};
+    // What a screen reader calls the control where nothing that is to be seen tells it; see AccessibleNameOf.
+    TextProperty AccessibleName{*this, PropertyId::AccessibleName};
 
     std::function<void()> OnClick;
     // A hand has tried it, by a click or its key, while it is disabled: to tell why.
@@ -188,6 +190,8 @@ public:
     Property<Color> ForeColor{*this, PropertyId::ForeColor};
     // Numbers below one another stand at the right edge. Set before it is shown.
     bool AtRight = false;
+    // A screen reader tells each new text of it. Set before it is shown.
+    bool Announced = false;
 };
 
 // Selection positions count from 0, as characters in front.

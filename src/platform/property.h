@@ -44,6 +44,7 @@ enum class PropertyId : std::uint8_t {
     Sought,
     Cross,
     Lit,
+    AccessibleName,
 };
 
 namespace detail {

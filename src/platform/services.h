@@ -123,6 +123,9 @@ public:
     // every handler, until events are served next.
     virtual void Later(std::function<void()> call) = 0;
     virtual void Beep() = 0;
+    // Has boxes, dialogs and menus of the system's own speak a language, "de" or "pt_BR". One that is not known, or
+    // empty, is English.
+    virtual void UseLanguage(std::string_view code) = 0;
     // Shows the entries of a menu at the pointer.
     virtual void ShowPopupMenu(Menu& menu) = 0;
     // Ends the program: no window is left and no wait goes on.

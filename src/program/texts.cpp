@@ -93,6 +93,21 @@ constexpr TextsOf<MessageText>::Default messageDefaults[] = {
     {text::SwitchedOff, "Communication is switched off in the settings"},
 };
 
+constexpr TextsOf<DialogText>::Default dialogDefaults[] = {
+    {text::NoModule, "None"},
+    {text::TranslatedBy, "Translated by"},
+    {text::NoDocument, "The file of this document was not found:"},
+    {text::ProgramFiles, "cnc files (*.txt or *.cnc or *.c5n)"},
+    {text::AllFiles, "All Files (*.*)"},
+    {text::PreProcessorFiles, "pre-processor files (*.*)"},
+    {text::PreProcessorError, "PreProcessor Error!"},
+    {text::PreProcessorInformation, "PreProcessor Information"},
+    {text::PreProcessorWaits, "PreProcessor"},
+    {text::ValueCheck, "Value Check"},
+    {text::RangeOfField, "%1 = Low, Hi = %2"},
+    {text::TargetLine, "Line"},
+};
+
 constexpr TextsOf<int>::Default drawViewDefaults[] = {
     {1, "View"},       {2, "Radii Arcs"},  {3, "Fill Cycles"}, {4, "Program"},
     {5, "Tool Width"}, {6, "Tool Center"}, {7, "Grid"},        {8, "Background"},
@@ -154,11 +169,16 @@ std::string_view TextTable::At(int index) const {
 
 void TextTable::Set(int index, std::string_view text) { entries_[Checked(index)] = text; }
 
+void TextTable::Clear() {
+    for (std::string& entry : entries_) entry.clear();
+}
+
 Texts::Texts()
     : ProgramErrorTexts(22, programErrorDefaults),
       ErrorTexts(30, errorDefaults),
       MessageTexts(31, messageDefaults),
       DrawErrorTexts(20, drawErrorDefaults),
+      DialogTexts(30, dialogDefaults),
       NoticeTexts(30, noticeDefaults),
       ExplanationTexts(ExplanationPartCount * FindingCount, ExplanationDefaults()),
       DrawViewTexts(8, drawViewDefaults) {}

@@ -23,6 +23,8 @@ public:
     std::string_view At(int index) const;
     // What the language module set.
     void Set(int index, std::string_view text);
+    // Back to the built-in English.
+    void Clear();
 
 protected:
     std::size_t Checked(int index) const;
@@ -137,6 +139,22 @@ enum class DrawErrorText {
     StrokeOfLine = 8,
 };
 
+// What belongs to windows and dialogs and is the caption of no control.
+enum class DialogText {
+    NoModule = 1,
+    TranslatedBy = 2,
+    NoDocument = 3,
+    ProgramFiles = 4,
+    AllFiles = 5,
+    PreProcessorFiles = 6,
+    PreProcessorError = 7,
+    PreProcessorInformation = 8,
+    PreProcessorWaits = 9,
+    ValueCheck = 10,
+    RangeOfField = 11,
+    TargetLine = 12,
+};
+
 // What the quiet line tells, and the words around explanations and printed pages.
 enum class NoticeText {
     Saved = 1,
@@ -176,6 +194,7 @@ using enum ProgramErrorText;
 using enum ErrorText;
 using enum MessageText;
 using enum DrawErrorText;
+using enum DialogText;
 using enum NoticeText;
 }  // namespace text
 
@@ -187,6 +206,7 @@ struct Texts {
     TextsOf<ErrorText> ErrorTexts;
     TextsOf<MessageText> MessageTexts;
     TextsOf<DrawErrorText> DrawErrorTexts;
+    TextsOf<DialogText> DialogTexts;
     TextsOf<NoticeText> NoticeTexts;
     // Three for each finding: see explanations.h.
     TextsOf<int> ExplanationTexts;
@@ -199,6 +219,7 @@ struct Texts {
     std::string ModuleFile;  // its path
     std::string LanguageName;
     std::string TranslatedBy;
+    std::string LanguageCode;  // "de"; see SystemService::UseLanguage
 };
 
 // A sentence about a file, "The file "name" cannot be read.", by its end.

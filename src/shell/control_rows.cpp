@@ -124,6 +124,7 @@ constexpr ControlRow controlRows[] = {
     {"mnuPrinter", "mnuSettings"},
     {"mnuReset", "mnuSettings"},
     {"mnuCOM", "mnuSettings"},
+    {"mnuLanguage", "mnuSettings"},
     {"mnuXfer", "", {}, frozen},
     {"mnuRX", "mnuXfer"},
     {"mnuTX", "mnuXfer"},

@@ -44,6 +44,7 @@ MainControls::MainControls(Form& window) : Window(window) {
         cmdTopButtons[i]->Picture = topButtons[i].Picture;
     }
     lstAbout.InFront = true;
+    lblNotice.Announced = true;
     mnuOpen.Shortcut = "Ctrl+O";
     mnuNew.Shortcut = "Ctrl+N";
     mnuSave.Shortcut = "Ctrl+S";

@@ -55,6 +55,7 @@ Workbench::Workbench(Services& services)
       Help({Store, Transfer, Entry, Main, Language, services, Calls}),
       print_({Store, File, Writer, Language, services, Calls}),
       Import({Store, File, Reader, Main.mnuImport, services, Language}),
+      Languages(frmMain, Modules, Language, services.Files),
       table_(frmMain),
       positions_({table_, Main, Store, Entry, File, View, Results}),
       Display({Store, Machine, Lists, View, Entry, Main, Import, Calls}),
@@ -64,7 +65,7 @@ Workbench::Workbench(Services& services)
       overlays_({Main, Entry, Store.lvCncProgram, services.Focus, Calls}),
       clearing_({Store, Entry, Layout, File, Lists, View, Interpreter, Draw.Editor, Display, Language,
                  services, Calls}),
-      Modules(Forms(), {Main, Entry, Store, View, Display, Help, Interpreter, Language, services.Files}),
+      Modules(Forms(), {Main, Entry, Store, View, Display, Help, Interpreter, Language, Layout, services}),
       settings_({Main, Store, Machine, View, paper_, Port, feeds_, Reader, Interpreter, Display, Language,
                  data_, lastFile_, services, Calls}),
       drawSettings_(Draw, data_, services),
@@ -122,6 +123,7 @@ void Workbench::FillCalls() {
     Machine.OnUnits = [this] { feeds_.SetFeedLimits(); };
     overlays_.OnSettings = [this] { ShowPaths(); };
     settings_.Ending = [this] { return ended_; };
+    settings_.FindModule = [this](std::string_view name) { return Languages.Find(name); };
     settings_.EndWithoutPrinter = [this] { EndWithoutPrinter(); };
 }
 

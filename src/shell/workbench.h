@@ -21,6 +21,7 @@
 #include "shell/help_documents.h"
 #include "shell/info_page.h"
 #include "shell/language.h"
+#include "shell/language_menu.h"
 #include "shell/layout.h"
 #include "shell/machine_display.h"
 #include "shell/main_controls.h"
@@ -111,6 +112,7 @@ private:
 
 public:
     PreProcessor Import;
+    LanguageMenu Languages;
 
 private:
     ControlTable table_;

@@ -199,6 +199,8 @@ void Workbench::Form_Activate() {
     for (RichText* document : Main.Documents()) document->Visible = false;
     Main.lstAbout.Visible = false;
     View.MakeLinePropertiesColumns();
+    // The user may have put a module into its folder meanwhile.
+    Languages.Refresh();
 }
 
 void Workbench::tmr1sec_Timer() {

@@ -19,6 +19,17 @@ namespace {
 
 class DesktopWindow : public WindowTest {};
 
+TEST_F(DesktopWindow, TheIconHasAPictureOfItsOwnForEverySize) {
+    const QIcon icon = ProgramIcon();
+    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256}) {
+        const QImage picture = icon.pixmap(QSize(size, size), 1).toImage();
+        EXPECT_EQ(picture.size(), QSize(size, size));
+        // The ground has round corners and the workpiece is in the middle.
+        EXPECT_LT(qAlpha(picture.pixel(0, 0)), 255);
+        EXPECT_EQ(picture.pixelColor(size / 2, size * 5 / 8), QColor(0xF6, 0xA8, 0x21));
+    }
+}
+
 TEST_F(DesktopWindow, MenusComeFromTheControls) {
     std::string told;
     mnuOpen.OnClick = [&] { told += "open "; };
