@@ -6,6 +6,8 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "desktop/form_view.h"
+
 namespace kvt {
 
 namespace {
@@ -67,6 +69,17 @@ WindowPlace DesktopScreen::OnScreen(const WindowPlace& place) {
     const int left = std::clamp(wanted.left(), area.left(), area.left() + area.width() - width);
     const int top = std::clamp(wanted.top(), area.top(), area.top() + area.height() - height);
     return {lengths_.Twips(height), lengths_.Twips(left), lengths_.Twips(top), lengths_.Twips(width)};
+}
+
+WindowPlace DesktopScreen::WorkArea(const WindowPlace& place) {
+    const QRect area = ScreenAt(lengths_.Rectangle(place.Left, place.Top, place.Width, place.Height));
+    return {lengths_.Twips(area.height()), lengths_.Twips(area.left()), lengths_.Twips(area.top()),
+            lengths_.Twips(area.width())};
+}
+
+WindowPlace DesktopScreen::PlaceIn(const Form& form, const WindowPlace& area) {
+    const auto* const view = dynamic_cast<const FormView*>(form.View);
+    return view ? view->PlaceIn(area) : area;
 }
 
 // That of the window in use, which may be on another screen.

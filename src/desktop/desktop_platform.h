@@ -18,6 +18,8 @@ public:
     int Height() override;
     int WorkAreaHeight() override;
     WindowPlace OnScreen(const WindowPlace& place) override;
+    WindowPlace WorkArea(const WindowPlace& place) override;
+    WindowPlace PlaceIn(const Form& form, const WindowPlace& area) override;
     double PointsPerTwip() override;
 
 private:

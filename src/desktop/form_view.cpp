@@ -167,6 +167,24 @@ QSize FormView::SizeOf(int width, int height) const {
     return {size.width(), size.height() + barHeight};
 }
 
+// Before it was shown a window's frame is taken for that of the program's other windows.
+QMargins FormView::FrameMargins() const {
+    for (const QWindow* one : QGuiApplication::topLevelWindows()) {
+        const bool framed = one->isVisible() && one->type() == Qt::Window && !one->frameMargins().isNull();
+        if (framed && (one == window_->windowHandle() || !window_->isVisible())) return one->frameMargins();
+    }
+    return {};
+}
+
+WindowPlace FormView::PlaceIn(const WindowPlace& area) const {
+    const Scale& lengths = Desktop.Lengths;
+    const QRect wanted = lengths.Rectangle(area.Left, area.Top, area.Width, area.Height);
+    const QSize field = wanted.marginsRemoved(FrameMargins()).size();
+    const int menus = SizeOf(lengths.Twips(field.width()) + form_.EdgeWidth, form_.EdgeHeight).height();
+    return {lengths.Twips(field.height() - menus) + form_.EdgeHeight, area.Left, area.Top,
+            lengths.Twips(field.width()) + form_.EdgeWidth};
+}
+
 // The window manager holds it to that, except on a screen that is smaller still.
 void FormView::SetSmallestSize() {
     if (form_.SmallestWidth == 0) return;

@@ -22,6 +22,8 @@ public:
 
     QWidget* Inside() const override { return field_; }
     QMainWindow& Window() const { return *window_; }
+    // The place of the form whose window takes an area (twips) with frame and menus.
+    WindowPlace PlaceIn(const WindowPlace& area) const;
 
 protected:
     void Follow(PropertyId id) override;
@@ -40,6 +42,7 @@ private:
     void ApplyPosition();
     void ApplyState();
     QSize SizeOf(int width, int height) const;
+    QMargins FrameMargins() const;
     // True where the form has got another size.
     bool NoteSize();
     // The window has changed by the user's hand, or by the system's.

@@ -29,6 +29,10 @@ struct DrawParts {
     std::function<void(std::function<void()>)> AfterWalk;
     // Withdraws the measurement.
     std::function<void()> ClearMeasure;
+    // Tells the line under way, from 1; 0 for none.
+    std::function<void(int row)> ShowLine;
+    // A walk, one of its waits or a measurement has begun or ended.
+    std::function<void()> StateChanged;
 };
 
 }  // namespace kvt

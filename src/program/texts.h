@@ -134,6 +134,13 @@ enum class DrawErrorText {
     MostCalls = 3,
     NotRecognised = 6,
     NotWritten = 7,
+    MeasureEnd = 14,
+    MeasureDone = 15,
+    MouseDoes = 16,
+    WaitsForStep = 17,
+    WaitsForClick = 18,
+    DrawsSlowly = 19,
+    Draws = 20,
 };
 
 // The names of the entries: an entry can be looked up in its own table alone.

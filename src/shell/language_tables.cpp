@@ -190,6 +190,7 @@ constexpr LabelRow labelRows[] = {
     {"DRAW Menu Settings", "Settings", "frmDraw.mnuSettings"},
     {"DRAW Menu Settings", "Scale", "frmDraw.mnuScaleMenu"},
     {"DRAW Menu Settings", "Simulation", "frmDraw.mnuSimulation"},
+    {"DRAW Menu Settings", "Simulation", "frmDraw.cboBarSim", toolTip},
     {"DRAW Menu Settings", "AutoRedraw", "frmDraw.mnuAutoRedraw"},
 
     {"DRAW Menu Scale", "Scale  \xF7 8", "frmDraw.mnuScale", caption, 0},
@@ -216,9 +217,15 @@ constexpr LabelRow labelRows[] = {
     {"DRAW Controls", "AutoFit", "frmDraw.cmdAutoFit"},
     {"DRAW Controls", "Redraw", "frmDraw.cmdRedraw"},
     {"DRAW Controls", "Step", "frmDraw.cmdStep"},
+    {"DRAW Controls", "Step", "frmDraw.cmdBarStep"},
     {"DRAW Controls", "Abort", "frmDraw.cmdStop"},
+    {"DRAW Controls", "Abort", "frmDraw.cmdBarStop"},
     {"DRAW Controls", "Run", "frmDraw.cmdRun"},
+    {"DRAW Controls", "Run", "frmDraw.cmdBarRun"},
     {"DRAW Controls", "Program Lines", "frmProgramWindow"},
+    // In the View menu, whose section knows the entries by their order.
+    {"DRAW Controls", "Beside the program", "frmDraw.mnuBeside"},
+    {"DRAW Controls", "Line under way", "frmDraw.txtBarLine", toolTip},
 };
 
 constexpr TableSection tableSections[] = {
