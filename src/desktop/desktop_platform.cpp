@@ -6,8 +6,6 @@
 #include <QWidget>
 #include <algorithm>
 
-#include "desktop/form_view.h"
-
 namespace kvt {
 
 namespace {
@@ -75,11 +73,6 @@ WindowPlace DesktopScreen::WorkArea(const WindowPlace& place) {
     const QRect area = ScreenAt(lengths_.Rectangle(place.Left, place.Top, place.Width, place.Height));
     return {lengths_.Twips(area.height()), lengths_.Twips(area.left()), lengths_.Twips(area.top()),
             lengths_.Twips(area.width())};
-}
-
-WindowPlace DesktopScreen::PlaceIn(const Form& form, const WindowPlace& area) {
-    const auto* const view = dynamic_cast<const FormView*>(form.View);
-    return view ? view->PlaceIn(area) : area;
 }
 
 // That of the window in use, which may be on another screen.

@@ -19,7 +19,6 @@ public:
     int WorkAreaHeight() override;
     WindowPlace OnScreen(const WindowPlace& place) override;
     WindowPlace WorkArea(const WindowPlace& place) override;
-    WindowPlace PlaceIn(const Form& form, const WindowPlace& area) override;
     double PointsPerTwip() override;
 
 private:

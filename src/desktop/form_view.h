@@ -22,8 +22,6 @@ public:
 
     QWidget* Inside() const override { return field_; }
     QMainWindow& Window() const { return *window_; }
-    // The place of the form whose window takes an area (twips) with frame and menus.
-    WindowPlace PlaceIn(const WindowPlace& area) const;
 
 protected:
     void Follow(PropertyId id) override;
@@ -43,6 +41,7 @@ private:
     void ApplyState();
     QSize SizeOf(int width, int height) const;
     QMargins FrameMargins() const;
+    void FillArea();
     // True where the form has got another size.
     bool NoteSize();
     // The window has changed by the user's hand, or by the system's.
@@ -55,6 +54,7 @@ private:
     void FilesDropped(const QDropEvent& event);
 
     Form& form_;
+    int askedForFrame_ = 0;
     std::unique_ptr<QMainWindow> window_;
     QWidget* field_;
     std::vector<std::unique_ptr<ControlView>> views_;

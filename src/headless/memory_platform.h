@@ -62,7 +62,6 @@ public:
     int WorkAreaHeight() override { return WorkAreaTwips; }
     WindowPlace OnScreen(const WindowPlace& place) override;
     WindowPlace WorkArea(const WindowPlace&) override { return {WorkAreaTwips, 0, 0, WidthTwips}; }
-    WindowPlace PlaceIn(const Form&, const WindowPlace& area) override { return area; }
     double PointsPerTwip() override { return 1.0 / TwipsPerPixel; }
 
     int WidthTwips = 28800;

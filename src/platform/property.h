@@ -43,6 +43,7 @@ enum class PropertyId : std::uint8_t {
     Section,
     Sought,
     Cross,
+    Area,
 };
 
 namespace detail {

@@ -96,8 +96,6 @@ public:
     virtual WindowPlace OnScreen(const WindowPlace& place) = 0;
     // What windows can have of the screen that shows most of a place: all but bars and panels.
     virtual WindowPlace WorkArea(const WindowPlace& place) = 0;
-    // The place of a window that takes an area with all that it has: title, edges and menus.
-    virtual WindowPlace PlaceIn(const Form& form, const WindowPlace& area) = 0;
     // How fine it is: the points of a picture that shows what it shows.
     virtual double PointsPerTwip() = 0;
 };

@@ -46,8 +46,8 @@ void Beside::Arrange() {
     const int wanted = std::min(parts_.View.FittingWidth(), area.Width - leastDrawing);
     const int left = std::max(wanted, least);
     const int right = std::min(std::max(area.Width - left, leastDrawing), area.Width);
-    Put(editor, {area.Height, area.Left, area.Top, left});
-    Put(drawing, {area.Height, area.Left + area.Width - right, area.Top, right});
+    editor.FillArea({area.Height, area.Left, area.Top, left});
+    drawing.FillArea({area.Height, area.Left + area.Width - right, area.Top, right});
 }
 
 void Beside::FollowColumns() {
@@ -62,11 +62,6 @@ void Beside::DrawingPlaced() {
 void Beside::EditorPlaced() {
     editor_.reset();
     mnuBeside.Checked = false;
-}
-
-void Beside::Put(Form& window, const WindowPlace& area) {
-    window.State = WindowState::Normal;
-    window.SetRestoredPlace(parts_.Screen.PlaceIn(window, area));
 }
 
 void Beside::Restore(Form& window, std::optional<OwnPlace>& own) {

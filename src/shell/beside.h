@@ -41,7 +41,6 @@ public:
 private:
     void mnuBeside_Click();
     void Restore(Form& window, std::optional<OwnPlace>& own);
-    void Put(Form& window, const WindowPlace& area);
 
     Parts parts_;
     std::optional<OwnPlace> editor_, drawing_;
