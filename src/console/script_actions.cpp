@@ -294,7 +294,7 @@ void Show(Script& run, Args args) {
 
 void Dump(Script& run, Args) {
     JsonSink out(stdout);
-    WriteDump(out, run.Session.CommandLine(), run.Session.Bench(), run.Session.Platform);
+    WriteDump(out, run.Session.CommandLine(), run.Session.Workbench(), run.Session.Platform);
     out.Put('\n');
 }
 

@@ -11,7 +11,7 @@ namespace kvt::script {
 
 namespace {
 
-PictureBox& Field(ScriptRun& run) { return run.Session.Bench().Draw.Controls.pbxDrawField; }
+PictureBox& Field(ScriptRun& run) { return run.Session.Workbench().Draw.Controls.pbxDrawField; }
 
 // The field, where the mouse can come to it.
 PictureBox* FieldInReach(ScriptRun& run) {

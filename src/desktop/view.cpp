@@ -108,7 +108,7 @@ bool View::TextCommitted(QObject* watched, QInputMethodEvent& event) {
 }
 
 bool View::MousePressed() {
-    if (!TakesFocus(control_) || !control_.ReallyEnabled()) return false;
+    if (!TakesFocus(control_) || !control_.EffectivelyEnabled()) return false;
     const int dialogsBefore = Desktop.DialogsShown;
     bool stays = false;
     Desktop.System.Run(control_, "GotFocus", [&] { stays = Desktop.Focus.Take(control_); });

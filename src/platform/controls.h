@@ -96,8 +96,8 @@ public:
     // Whether the control lies on the page that is in front, where it lies on one.
     bool OnFrontPage() const;
     // Whether the control and all that it lies in are visible (or enabled).
-    bool ReallyVisible() const;
-    bool ReallyEnabled() const;
+    bool EffectivelyVisible() const;
+    bool EffectivelyEnabled() const;
 
 protected:
     friend void detail::TellChanged(Control& owner, PropertyId id);

@@ -28,7 +28,7 @@ Menu* EntryOf(const Form& form, KeyStroke stroke) {
     for (Control* control : form.Controls()) {
         auto* const entry = dynamic_cast<Menu*>(control);
         if (!entry || entry->Shortcut.empty() || KeyNamed(entry->Shortcut) != stroke) continue;
-        if (entry->ReallyVisible() && entry->ReallyEnabled()) return entry;
+        if (entry->EffectivelyVisible() && entry->EffectivelyEnabled()) return entry;
     }
     return nullptr;
 }
@@ -37,8 +37,8 @@ Menu* EntryOf(const Form& form, KeyStroke stroke) {
 
 Control* Keyboard::Target(const Form& form) const {
     Control* const focused = focus_.Focused();
-    const bool reached =
-        focused && &focused->OwningForm() == &form && focused->ReallyVisible() && focused->ReallyEnabled();
+    const bool reached = focused && &focused->OwningForm() == &form && focused->EffectivelyVisible() &&
+                         focused->EffectivelyEnabled();
     return reached ? focused : nullptr;
 }
 
@@ -112,12 +112,12 @@ bool Keyboard::TurnPage(Control& target, bool backwards) {
     Control* around = &target;
     while (around && around->Kind() != ControlKind::TabStrip) around = around->Container;
     auto* const tabs = dynamic_cast<TabStrip*>(around);
-    if (!tabs || !tabs->ReallyVisible() || !tabs->ReallyEnabled()) return false;
+    if (!tabs || !tabs->EffectivelyVisible() || !tabs->EffectivelyEnabled()) return false;
     const int pages = static_cast<int>(tabs->Captions.size());
     if (pages < 2) return true;
     ShowPage(*tabs, (tabs->Value + (backwards ? pages - 1 : 1)) % pages);
     // The page that had the focus is out of sight.
-    if (host_.HasEnded() || focus_.Focused() != &target || target.ReallyVisible()) return true;
+    if (host_.HasEnded() || focus_.Focused() != &target || target.EffectivelyVisible()) return true;
     Control* const next = AcceptsTab(*tabs) ? tabs : FirstInTabOrder(*tabs);
     if (next) host_.Run(target, "LostFocus", [&] { focus_.SetFocus(*next); });
     return true;

@@ -62,7 +62,7 @@ bool HelpDocuments::Show(RichText& document) {
     if (document.Visible) {
         Run(parts_.Calls.cmdReturn_Click);
         FocusService& focus = parts_.Platform.Focus;
-        if (parts_.Entry.txtGMcode.ReallyVisible()) focus.SetFocus(parts_.Entry.txtGMcode);
+        if (parts_.Entry.txtGMcode.EffectivelyVisible()) focus.SetFocus(parts_.Entry.txtGMcode);
         return false;
     }
     document.Visible = true;

@@ -162,7 +162,7 @@ void Workbench::WireTransfer() {
         button->OnClick = [this, leave = std::move(button->OnClick)] {
             leave();
             const Control* const focused = Platform.Focus.Focused();
-            if (!Transfer.frRXcode.Visible && focused && !focused->ReallyVisible()) FocusCode();
+            if (!Transfer.frRXcode.Visible && focused && !focused->EffectivelyVisible()) FocusCode();
         };
     }
     ListView& list = Store.lvCncProgram;
@@ -284,7 +284,7 @@ void Workbench::mnuDraw_Click() {
 }
 
 void Workbench::FocusCode() {
-    if (Entry.txtGMcode.ReallyVisible()) Platform.Focus.SetFocus(Entry.txtGMcode);
+    if (Entry.txtGMcode.EffectivelyVisible()) Platform.Focus.SetFocus(Entry.txtGMcode);
 }
 
 void Workbench::ShowEditor() {

@@ -94,7 +94,7 @@ void Receiver::AppendReceived() {
     // The machine has begun to send.
     if (!parts_.Controls.frRXcode.Visible) Attempt(eventName, [&] { mnuRX_Click(); });
     Attempt(eventName, [&] { parts_.Port.Port().SetSettings(parts_.Port.RX().Settings); });
-    if (box.ReallyVisible() && box.ReallyEnabled()) parts_.Platform.Focus.SetFocus(box);
+    if (box.EffectivelyVisible() && box.EffectivelyEnabled()) parts_.Platform.Focus.SetFocus(box);
     // What comes always goes to the end, wherever the user has clicked.
     std::string text;
     Attempt(eventName, [&] { text = parts_.Port.Port().Input(); });

@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QWheelEvent>
 #include <algorithm>
 #include <ctime>
 #include <memory>
@@ -23,24 +24,24 @@ class DesktopDrawing : public ::testing::Test {
 protected:
     void Open(const std::string& sample) {
         qputenv("XDG_DATA_HOME", data_.path().toLocal8Bit());
-        bench.Form_Load("");
+        workbench.Form_Load("");
         std::string file = KVT_SOURCE_DIR "/samples/" + sample;
-        bench.Reader.LoadFile(file);
-        for (Form* form : bench.Forms())
+        workbench.Reader.LoadFile(file);
+        for (Form* form : workbench.Forms())
             windows.push_back(std::make_unique<FormView>(platform.Desktop, *form));
-        bench.Draw.Show();
+        workbench.Draw.Show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&Window()));
         QTest::qWait(100);
     }
     QMainWindow& Window() { return windows[1]->Window(); }
-    DrawControls& Controls() { return bench.Draw.Controls; }
+    DrawControls& Controls() { return workbench.Draw.Controls; }
     QWidget* Field() { return View::Of(Controls().pbxDrawField)->Widget(); }
 
     QTemporaryDir data_;
     DiskFiles files;
     SystemPrograms programs;
     DesktopPlatform platform{files, programs, 1};
-    Workbench bench{platform.Services};
+    Workbench workbench{platform.Services};
     std::vector<std::unique_ptr<FormView>> windows;
 };
 
@@ -58,30 +59,30 @@ private:
 
 TEST_F(DesktopDrawing, ASpeedHoldsItsPaceAndWaitsAreIdle) {
     Open("mk4_roller.cnc");
-    bench.Draw.Sim.SelectSim(simulation::Speed3);
+    workbench.Draw.Sim.SelectSim(simulation::Speed3);
     int ticks = 0;
     Controls().Timer1.OnTimer = [this, &ticks] {
         ++ticks;
-        bench.Draw.Sim.Timer1_Timer();
+        workbench.Draw.Sim.Timer1_Timer();
     };
     const Load walk;
-    bench.Draw.Redraw();
+    workbench.Draw.Redraw();
     const double aLine = walk.Seconds() * 1000 / ticks;
     RecordProperty("lines", ticks);
     std::printf("%d lines, %.2f ms each, processor %.1f %%\n", ticks, aLine, walk.Share() * 100);
     EXPECT_GT(ticks, 30);
     EXPECT_NEAR(aLine, 50, 5);
 
-    bench.Draw.Sim.SelectSim(simulation::Step);
+    workbench.Draw.Sim.SelectSim(simulation::Step);
     double share = 1;
     QTimer::singleShot(100, [&] {
         const auto load = std::make_shared<Load>();
         QTimer::singleShot(1000, [&, load] {
             share = load->Share();
-            bench.Draw.Form_QueryUnload();
+            workbench.Draw.Form_QueryUnload();
         });
     });
-    bench.Draw.Redraw();
+    workbench.Draw.Redraw();
     std::printf("waiting for a step: processor %.1f %%\n", share * 100);
     EXPECT_LT(share, 0.05);
 }
@@ -90,31 +91,31 @@ TEST_F(DesktopDrawing, ASpeedHoldsItsPaceAndWaitsAreIdle) {
 // after it.
 TEST_F(DesktopDrawing, APressInTheListFindsTheRowThatIsSeen) {
     Open("mk4_roller.cnc");
-    ListView& list = bench.Store.lvCncProgram;
+    ListView& list = workbench.Store.lvCncProgram;
     auto* const area = static_cast<QAbstractScrollArea*>(View::Of(list)->Widget());
     for (const int behind : {0, 2}) {
         for (const bool active : {false, true}) {
-            bench.Draw.Show();
+            workbench.Draw.Show();
             list.Select(2);
             list.ScrollTo(1);
-            bench.Draw.Sim.SelectSim(simulation::Step);
+            workbench.Draw.Sim.SelectSim(simulation::Step);
             platform.Services.Focus.SetFocus(Controls().pbxDrawField);
             QTimer user;
             user.callOnTimeout([&] {
-                if (!bench.Draw.State.Walking() || !Controls().cmdStep.Enabled) return;
+                if (!workbench.Draw.State.Walking() || !Controls().cmdStep.Enabled) return;
                 if (list.TopRow() < 4) return Controls().cmdStep.Click();
                 user.stop();
                 // The walk's own row too.
                 const int row = behind == 0 ? list.SelectedRow() : list.TopRow() + behind;
                 const int place = ListView::HeaderHeight + ListView::RowHeight * (row - list.TopRow());
-                if (active) bench.frmMain.OnActivate();
+                if (active) workbench.frmMain.OnActivate();
                 QTest::mouseClick(area->viewport(), Qt::LeftButton, {}, {40, place / 15 + 8});
                 EXPECT_EQ(list.SelectedRow(), row);
-                EXPECT_EQ(platform.Services.Focus.Focused(), &bench.Entry.txtGMcode);
-                bench.Draw.Form_QueryUnload();
+                EXPECT_EQ(platform.Services.Focus.Focused(), &workbench.Entry.txtGMcode);
+                workbench.Draw.Form_QueryUnload();
             });
             user.start(1);
-            bench.Draw.Redraw();
+            workbench.Draw.Redraw();
             EXPECT_FALSE(user.isActive());
         }
     }
@@ -130,7 +131,7 @@ TEST_F(DesktopDrawing, TheFieldsFollowTheMouseWithinAFrame) {
         const QPointF place = middle + QPoint(i, i);
         QMouseEvent move(QEvent::MouseMove, place, Field()->mapToGlobal(place), Qt::NoButton, {}, {});
         QApplication::sendEvent(Field(), &move);
-        EXPECT_NEAR(Val(Controls().txtZ1.Text) * bench.Draw.State.DrawScale + bench.Draw.State.ZeroX,
+        EXPECT_NEAR(Val(Controls().txtZ1.Text) * workbench.Draw.State.DrawScale + workbench.Draw.State.ZeroX,
                     place.x() * 15, 0.01);
         QCoreApplication::processEvents();
         times.push_back(clock.nsecsElapsed() / 1000);
@@ -154,10 +155,56 @@ TEST_F(DesktopDrawing, TheFieldsFollowTheMouseWithinAFrame) {
     EXPECT_EQ(shown(), before);
 }
 
+// Whatever the wheel and the buttons do, the place that the pointer is at shows the same coordinates.
+TEST_F(DesktopDrawing, WheelMiddleButtonAndDoubleClickMoveTheView) {
+    Open("mk4_pawn.cnc");
+    QWidget* const view = View::Of(Controls().pbxViewWindow)->Widget();
+    const QPoint pointer(view->width() / 3, view->height() / 3);
+    const auto inField = [&](QPoint place) { return Field()->mapFrom(view, place); };
+    const auto coordinates = [&](QPoint place) {
+        QTest::mouseMove(Field(), inField(place) + QPoint(1, 0));
+        QTest::mouseMove(Field(), inField(place));
+        return std::pair(Val(Controls().txtX1.Text), Val(Controls().txtZ1.Text));
+    };
+    const auto turn = [&](int angle) {
+        QWheelEvent wheel(inField(pointer), view->mapToGlobal(pointer), {}, {0, angle}, Qt::NoButton,
+                          Qt::ShiftModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(Field(), &wheel);
+    };
+    const auto before = coordinates(pointer);
+    const float fitted = workbench.Draw.State.DrawScale;
+    // A fine wheel gives parts of a notch.
+    for (int i = 0; i < 8; ++i) turn(60);
+    EXPECT_EQ(workbench.Draw.State.DrawScale, fitted * 16);
+    EXPECT_NEAR(coordinates(pointer).first, before.first, 0.1);
+    EXPECT_NEAR(coordinates(pointer).second, before.second, 0.1);
+
+    // Further than the field goes at once.
+    for (const QPoint way : {QPoint(50, 30), QPoint(-900, 0), QPoint(-900, 0)}) {
+        const auto held = coordinates(pointer);
+        QTest::mousePress(Field(), Qt::MiddleButton, Qt::NoModifier, inField(pointer));
+        const QPointF place = inField(pointer + way);
+        QMouseEvent move(QEvent::MouseMove, place, Field()->mapToGlobal(place), Qt::NoButton,
+                         Qt::MiddleButton, {});
+        QApplication::sendEvent(Field(), &move);
+        QTest::mouseRelease(Field(), Qt::MiddleButton, Qt::NoModifier, inField(pointer + way));
+        EXPECT_NEAR(coordinates(pointer + way).second, held.second, 0.1);
+    }
+
+    QTest::mouseClick(Field(), Qt::LeftButton, Qt::NoModifier, inField(pointer));
+    QTest::mouseDClick(Field(), Qt::LeftButton, Qt::NoModifier, inField(pointer));
+    EXPECT_EQ(workbench.Draw.State.DrawScale, fitted * 16) << "the clicks of a measurement";
+    QTest::keyClick(&Window(), Qt::Key_Escape);
+    QTest::mouseDClick(Field(), Qt::LeftButton, Qt::NoModifier, inField(pointer));
+    EXPECT_EQ(workbench.Draw.State.DrawScale, fitted);
+    EXPECT_EQ(coordinates(pointer), before);
+    EXPECT_TRUE(Controls().mnuView.Enabled);
+}
+
 TEST_F(DesktopDrawing, TheListingIsThereWhileTheKeysAre) {
     Open("mk4_pawn.cnc");
     const auto activate = [this](const char* name) {
-        const std::vector<Form*> forms = bench.Forms();
+        const std::vector<Form*> forms = workbench.Forms();
         for (std::size_t i = 0; i < forms.size(); ++i) {
             QEvent activation(QEvent::WindowActivate);
             if (forms[i]->Name() == name) QApplication::sendEvent(&windows[i]->Window(), &activation);
@@ -166,16 +213,16 @@ TEST_F(DesktopDrawing, TheListingIsThereWhileTheKeysAre) {
     activate("frmDraw");
     Controls().mnuProgramWindow.Click();
     activate("frmProgramWindow");
-    EXPECT_TRUE(bench.Draw.Listing.frmProgramWindow.Visible);
-    bench.Find.mnuFind_Click();
+    EXPECT_TRUE(workbench.Draw.Listing.frmProgramWindow.Visible);
+    workbench.Find.mnuFind_Click();
     activate("frmFind");
-    EXPECT_FALSE(bench.Draw.Listing.frmProgramWindow.Visible);
+    EXPECT_FALSE(workbench.Draw.Listing.frmProgramWindow.Visible);
 }
 
 TEST_F(DesktopDrawing, ItLeavesAsPictureAndOnPaper) {
     Open("mk4_pawn.cnc");
     const QString folder = data_.path() + "/";
-    bench.File.lblPath.Caption = FromQt(folder + "pawn.cnc");
+    workbench.File.lblPath.Caption = FromQt(folder + "pawn.cnc");
     QTimer closer;
     QObject::connect(&closer, &QTimer::timeout, [] {
         if (QWidget* const box = QApplication::activeModalWidget()) QTest::keyClick(box, Qt::Key_Return);
@@ -193,7 +240,7 @@ TEST_F(DesktopDrawing, ItLeavesAsPictureAndOnPaper) {
     dynamic_cast<DesktopPrinter&>(platform.Services.Printer).PrintToFile(folder + "pawn.pdf");
     Controls().mnuPrint.Click();
     EXPECT_TRUE(files.ReadWhole(FromQt(folder + "pawn.pdf")).starts_with("%PDF"));
-    EXPECT_TRUE(bench.Log.Records().empty());
+    EXPECT_TRUE(workbench.Log.Records().empty());
 }
 
 }  // namespace
