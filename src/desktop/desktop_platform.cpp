@@ -71,6 +71,12 @@ WindowPlace DesktopScreen::OnScreen(const WindowPlace& place) {
     return {lengths_.Twips(height), lengths_.Twips(left), lengths_.Twips(top), lengths_.Twips(width)};
 }
 
+WindowPlace DesktopScreen::WorkArea(const WindowPlace& place) {
+    const QRect area = ScreenAt(lengths_.Rectangle(place.Left, place.Top, place.Width, place.Height));
+    return {lengths_.Twips(area.height()), lengths_.Twips(area.left()), lengths_.Twips(area.top()),
+            lengths_.Twips(area.width())};
+}
+
 // That of the window in use, which may be on another screen.
 double DesktopScreen::PointsPerTwip() {
     const QWidget* const window = QApplication::activeWindow();

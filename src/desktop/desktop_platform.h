@@ -18,6 +18,7 @@ public:
     int Height() override;
     int WorkAreaHeight() override;
     WindowPlace OnScreen(const WindowPlace& place) override;
+    WindowPlace WorkArea(const WindowPlace& place) override;
     double PointsPerTwip() override;
 
 private:

@@ -40,6 +40,8 @@ private:
     void ApplyPosition();
     void ApplyState();
     QSize SizeOf(int width, int height) const;
+    QMargins FrameMargins() const;
+    void FillArea();
     // True where the form has got another size.
     bool NoteSize();
     // The window has changed by the user's hand, or by the system's.
@@ -52,6 +54,7 @@ private:
     void FilesDropped(const QDropEvent& event);
 
     Form& form_;
+    int askedForFrame_ = 0;
     std::unique_ptr<QMainWindow> window_;
     QWidget* field_;
     std::vector<std::unique_ptr<ControlView>> views_;

@@ -146,6 +146,12 @@ public:
     }
 };
 
+void UseFixedPitch(QWidget& field) {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setPixelSize(field.fontInfo().pixelSize());
+    field.setFont(font);
+}
+
 }  // namespace
 
 LineView::LineView(DesktopContext& desktop, TextBox& control, QWidget* parent)
@@ -153,6 +159,7 @@ LineView::LineView(DesktopContext& desktop, TextBox& control, QWidget* parent)
     edit_->setMaxLength(longestLine);
     edit_->setValidator(new LineFilter(edit_));
     edit_->setReadOnly(control.ReadOnly);
+    if (control.FixedPitch) UseFixedPitch(*edit_);
     edit_->setInputMethodHints(Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
     connect(edit_, &QLineEdit::textEdited, this, [this] { Edited(); });
     connect(edit_, &QLineEdit::selectionChanged, this, [this] { SelectionMoved(); });
@@ -200,11 +207,7 @@ NotesView::NotesView(DesktopContext& desktop, TextBox& control, QWidget* parent)
       edit_(static_cast<QPlainTextEdit*>(Widget())) {
     Watch(edit_->viewport());
     edit_->viewport()->setAcceptDrops(false);
-    if (control.FixedPitch) {
-        QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-        font.setPixelSize(edit_->fontInfo().pixelSize());
-        edit_->setFont(font);
-    }
+    if (control.FixedPitch) UseFixedPitch(*edit_);
     showing_.setSingleShot(true);
     connect(&showing_, &QTimer::timeout, this, [this] { ShowMore(); });
     connect(edit_, &QPlainTextEdit::textChanged, this, [this] { Edited(); });

@@ -55,6 +55,7 @@ Viewport::Viewport(DrawParts& parts) : parts_(parts), controls_(parts.Controls),
 void Viewport::ScaleFromIndex(int index) {
     // A scale that the user chooses stays.
     state_.FitNext = false;
+    state_.OwnView = true;
     state_.DrawScale = index >= 0 && index < ScaleCount ? std::ldexp(1.0F, index - 3) : 1;
 }
 
@@ -107,6 +108,8 @@ bool Viewport::Fit() {
         bar->SetValue(ToLong((double{1} * bar->Max - bar->Min) / 2));
     }
     state_.AutoFitPending = false;
+    state_.OwnView = false;
+    state_.ZeroMoved = false;
     return extents.VTravel > 0 || extents.HTravel > 0;
 }
 

@@ -89,6 +89,7 @@ constexpr SettingKey drawKeys[] = {
     {drawMode, "AutoRedraw", "True"},
     {windows, "DrawWindow", "9999, 9999, 9999, 9999"},
     {windows, "ProgramWindow", "3000, 0, 0, 11790, Inactive"},
+    {windows, "Beside", "False"},
     {colorsAndMarks, "Legend", "True"},
     {colorsAndMarks, "DistinctColors", "False"},
     {colorsAndMarks, "HoleMarks", "False"},

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -148,6 +149,11 @@ public:
     WindowPlace RestoredPlace() const;
     // Moves it there; one that is maximised or minimised goes there when it is restored.
     void SetRestoredPlace(const WindowPlace& place);
+    // Restores the window to a part of the screen, which it takes with all that it has: title, edges and menus. Its
+    // place follows when its system has told how large these are.
+    void FillArea(const WindowPlace& area);
+    // The area that it is still to take.
+    const std::optional<WindowPlace>& AreaToFill() const { return areaToFill_; }
     // Whether the window is maximised, or is minimised and was so before.
     bool FillsScreen() const { return fillsScreen_; }
     // Brings the window in front of the others, with the keys.
@@ -178,6 +184,7 @@ private:
     bool applyingSize_ = false;
     WindowState lastState_ = WindowState::Normal;
     WindowPlace restored_ = {};
+    std::optional<WindowPlace> areaToFill_;
     bool fillsScreen_ = false;
     bool comesBehind_ = false;
 };

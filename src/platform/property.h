@@ -45,6 +45,7 @@ enum class PropertyId : std::uint8_t {
     Cross,
     Lit,
     AccessibleName,
+    Area,
 };
 
 namespace detail {

@@ -94,6 +94,8 @@ public:
     virtual int WorkAreaHeight() = 0;
     // A window's place, moved and made smaller where no screen would show all of it.
     virtual WindowPlace OnScreen(const WindowPlace& place) = 0;
+    // What windows can have of the screen that shows most of a place: all but bars and panels.
+    virtual WindowPlace WorkArea(const WindowPlace& place) = 0;
     // How fine it is: the points of a picture that shows what it shows.
     virtual double PointsPerTwip() = 0;
 };

@@ -114,9 +114,19 @@ constexpr TextsOf<int>::Default drawViewDefaults[] = {
 };
 
 constexpr TextsOf<DrawErrorText>::Default drawErrorDefaults[] = {
-    {text::HasBeenSaved, "has been saved"},      {text::TooManyCalls, "Too many subprog-Calls"},
-    {text::MostCalls, "max 5 subcalls"},         {text::NotRecognised, " (ControlCommand not recognised)"},
-    {text::NotWritten, "could not be written."}, {text::StrokeOfLine, "Line %1: %2, ends at %3"},
+    {text::HasBeenSaved, "has been saved"},
+    {text::TooManyCalls, "Too many subprog-Calls"},
+    {text::MostCalls, "max 5 subcalls"},
+    {text::NotRecognised, " (ControlCommand not recognised)"},
+    {text::NotWritten, "could not be written."},
+    {text::StrokeOfLine, "Line %1: %2, ends at %3"},
+    {text::MeasureEnd, "Measuring: click the second point. Esc ends."},
+    {text::MeasureDone, "Measuring: change the fields, or click to end. Esc ends."},
+    {text::MouseDoes, "Click: measure. Double click: fit. Wheel: zoom. Middle button: move."},
+    {text::WaitsForStep, "Step: press Enter or click Step for the next line. Esc ends."},
+    {text::WaitsForClick, "The program waits: click the drawing or press Enter to go on. Esc ends."},
+    {text::DrawsSlowly, "Drawing line by line: Run draws the rest at once. Esc ends."},
+    {text::Draws, "Drawing. Esc ends."},
 };
 
 constexpr TextsOf<NoticeText>::Default noticeDefaults[] = {

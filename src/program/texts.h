@@ -137,6 +137,13 @@ enum class DrawErrorText {
     NotRecognised = 6,
     NotWritten = 7,
     StrokeOfLine = 8,
+    MeasureEnd = 14,
+    MeasureDone = 15,
+    MouseDoes = 16,
+    WaitsForStep = 17,
+    WaitsForClick = 18,
+    DrawsSlowly = 19,
+    Draws = 20,
 };
 
 // What belongs to windows and dialogs and is the caption of no control.

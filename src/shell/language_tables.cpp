@@ -224,6 +224,7 @@ constexpr LabelRow labelRows[] = {
     {"DRAW Menu Settings", "Settings", "frmDraw.mnuSettings"},
     {"DRAW Menu Settings", "Scale", "frmDraw.mnuScaleMenu"},
     {"DRAW Menu Settings", "Simulation", "frmDraw.mnuSimulation"},
+    {"DRAW Menu Settings", "Simulation", "frmDraw.cboBarSim", toolTip},
     {"DRAW Menu Settings", "AutoRedraw", "frmDraw.mnuAutoRedraw"},
 
     {"DRAW Menu Scale", "Scale  \xF7 8", "frmDraw.mnuScale", caption, 0},
@@ -250,8 +251,11 @@ constexpr LabelRow labelRows[] = {
     {"DRAW Controls", "AutoFit", "frmDraw.cmdAutoFit"},
     {"DRAW Controls", "Redraw", "frmDraw.cmdRedraw"},
     {"DRAW Controls", "Step", "frmDraw.cmdStep"},
+    {"DRAW Controls", "Step", "frmDraw.cmdBarStep"},
     {"DRAW Controls", "Abort", "frmDraw.cmdStop"},
+    {"DRAW Controls", "Abort", "frmDraw.cmdBarStop"},
     {"DRAW Controls", "Run", "frmDraw.cmdRun"},
+    {"DRAW Controls", "Run", "frmDraw.cmdBarRun"},
     {"DRAW Controls", "Program Lines", "frmProgramWindow"},
 
     {"Screen Reader", "Program lines", "lvCncProgram", name},
@@ -300,6 +304,9 @@ constexpr LabelRow labelRows[] = {
     {"Screen Reader", "Grid size", "frmDraw.frGrid", name},
     {"Screen Reader", "Scale", "frmDraw.UpDown", name},
     {"Screen Reader", "Drawing step by step", "frmDraw.frStepControls", name},
+    // In the View menu, whose section knows the entries by their order.
+    {"DRAW Controls", "Beside the program", "frmDraw.mnuBeside"},
+    {"DRAW Controls", "Line under way", "frmDraw.txtBarLine", toolTip},
 };
 
 constexpr TableSection tableSections[] = {

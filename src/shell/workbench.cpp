@@ -66,9 +66,10 @@ Workbench::Workbench(Services& services)
       clearing_({Store, Entry, Layout, File, Lists, View, Interpreter, Draw.Editor, Display, Language,
                  services, Calls}),
       Modules(Forms(), {Main, Entry, Store, View, Display, Help, Interpreter, Language, Layout, services}),
+      beside_({frmMain, Draw.Controls, View, services.Screen}),
       settings_({Main, Store, Machine, View, paper_, Port, feeds_, Reader, Interpreter, Display, Language,
                  data_, lastFile_, services, Calls}),
-      drawSettings_(Draw, data_, services),
+      drawSettings_(Draw, beside_, data_, services),
       recovery_(frmMain, {Store, File, Reader, Writer, Language, data_, services, Calls}),
       recent_({Main, Store, Language, services, Calls}),
       samples_({Main, Reader, Language, services, Calls}),
@@ -84,7 +85,7 @@ Workbench::Workbench(Services& services)
     BindView(settings_.Keys, View);
     BindPort(settings_.Keys, Port);
     BindPrinter(settings_.Keys, paper_);
-    BindWindow(settings_.Keys, frmMain, services.Screen);
+    BindWindow(settings_.Keys, frmMain, beside_, services.Screen);
     drawSettings_.BindShown(settings_.Keys);
     recent_.BindKeys(settings_.Keys);
     FillCalls();

@@ -14,6 +14,7 @@
 #include "files/program_print.h"
 #include "interpreter/view_options.h"
 #include "program/machine_controls.h"
+#include "shell/beside.h"
 #include "shell/draw_settings.h"
 #include "shell/error_log.h"
 #include "shell/finding_guide.h"
@@ -132,6 +133,7 @@ public:
     ModuleLoader Modules;
 
 private:
+    Beside beside_;
     EditorSettings settings_;
     DrawSettings drawSettings_;
     Recovery recovery_;

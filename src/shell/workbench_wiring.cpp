@@ -109,6 +109,12 @@ void Workbench::WireOptions() {
     Main.lblSettingsIncrColor.OnClick = [this] { ChooseColor(Store.IncrColor); };
     Main.lblSettingsAbsColor.OnClick = [this] { ChooseColor(Store.AbsColor); };
     View.chkViewFileNotes.OnClick = [this] { positions_.ControlsPositioning(); };
+    for (CheckBox* box : {&View.chkViewToolPos, &View.chkViewLineProperties, &View.chkViewMachineTime}) {
+        box->OnClick = [this, showColumns = std::move(box->OnClick)] {
+            Run(showColumns);
+            beside_.FollowColumns();
+        };
+    }
     paper_.cmdPrinterDialog.OnClick = [this] { print_.cmdPrinterDialog_Click(); };
 }
 
