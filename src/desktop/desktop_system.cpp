@@ -123,6 +123,7 @@ void DesktopSystem::RunDeferred() {
             TellFailure("Later");
         }
         running_.pop_back();
+        TellHandled();
     }
 }
 

@@ -22,6 +22,7 @@ void ListViewView::Follow(PropertyId id) {
         case PropertyId::Rows:
         case PropertyId::TopRow:
         case PropertyId::Headers: area_->FollowRows(); break;
+        case PropertyId::MarkedRow:
         case PropertyId::SelectedRow: area_->viewport()->update(); break;
         default: View::Follow(id);
     }

@@ -7,6 +7,7 @@
 #include "basic/text.h"
 #include "editor/value_range.h"
 #include "platform/keys.h"
+#include "program/edit_step.h"
 
 namespace kvt {
 
@@ -22,8 +23,8 @@ std::string PresetText(const TextBox& preset) {
 }
 
 FeedPresets::FeedPresets(EntryRow& entry, ProgramStore& store, ControlInterpreter& interpreter,
-                         FocusService& focus)
-    : entry_(entry), store_(store), interpreter_(interpreter), focus_(focus) {
+                         FocusService& focus, WorkbenchCalls& calls)
+    : entry_(entry), store_(store), interpreter_(interpreter), focus_(focus), calls_(calls) {
     entry_.cmdFeedA.OnClick = [this] { cmdFeedA_Click(); };
     entry_.cmdFeedB.OnClick = [this] { cmdFeedB_Click(); };
     entry_.txtFeedA.OnLostFocus = [this] { PresetLostFocus(entry_.txtFeedA, entry_.OldFeedA); };
@@ -35,6 +36,7 @@ FeedPresets::FeedPresets(EntryRow& entry, ProgramStore& store, ControlInterprete
 void FeedPresets::KeyPress(std::string_view which, int& character) {
     if (character == key::Enter) {
         character = 0;
+        const EditStep step(calls_, {StepKind::Feeds});
         SetFeedLimits();
         ReplaceFeed(which);
         interpreter_.Interpreter();

@@ -4,13 +4,15 @@
 #include "interpreter/interpreter.h"
 #include "platform/services.h"
 #include "program/program_store.h"
+#include "program/workbench_calls.h"
 
 namespace kvt {
 
 // The two feed presets beside the entry row.
 class FeedPresets {
 public:
-    FeedPresets(EntryRow& entry, ProgramStore& store, ControlInterpreter& interpreter, FocusService& focus);
+    FeedPresets(EntryRow& entry, ProgramStore& store, ControlInterpreter& interpreter, FocusService& focus,
+                WorkbenchCalls& calls);
 
     // Clamps the presets to the units in force, and sets their ranges.
     void SetFeedLimits();
@@ -30,6 +32,7 @@ private:
     ProgramStore& store_;
     ControlInterpreter& interpreter_;
     FocusService& focus_;
+    WorkbenchCalls& calls_;
 };
 
 // The last four characters of three blanks and the trimmed preset: as a feed field holds it.

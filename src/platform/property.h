@@ -43,6 +43,8 @@ enum class PropertyId : std::uint8_t {
     Section,
     Sought,
     Cross,
+    Lead,
+    MarkedRow,
 };
 
 namespace detail {

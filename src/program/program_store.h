@@ -51,6 +51,8 @@ struct ProgramStore {
     std::string ActivePlane;
     float ArcStartU = 0, ArcStartV = 0, ArcEndU = 0, ArcEndV = 0, ArcCenterU = 0, ArcCenterV = 0;
     float M99Radius = 0;
+    // The row that was selected when the last pass began: what it shows of a finding depends on it.
+    int CheckedRow = 0;
 
     bool TransmitActive = false;
 

@@ -136,6 +136,44 @@ enum class DrawErrorText {
     NotWritten = 7,
 };
 
+// What can be taken back, behind "Undo" and "Redo".
+enum class StepText {
+    Undo = 1,
+    Redo = 2,
+    LineChanged = 3,
+    LineAdded = 4,
+    LineInserted = 5,
+    LineDeleted = 6,
+    Notes = 7,
+    Units = 8,
+    Conversion = 9,
+    Feeds = 10,
+    CommentsDeleted = 11,
+    CodeComments = 12,
+    NewProgram = 13,
+    Machine = 14,
+    Opened = 15,
+    Imported = 16,
+    Received = 17,
+    Clipboard = 18,
+};
+
+// Which line the entry row is, and what becomes of it.
+enum class EntryText {
+    Line = 1,
+    NewLine = 2,
+    WithFieldsOf = 3,
+    WithFieldsOfDeleted = 4,
+    Before = 5,
+    Replaces = 6,
+};
+
+// What the question about an unsaved program that was found tells of it.
+enum class FoundText {
+    Program = 1,
+    WithoutFile = 2,
+};
+
 // The names of the entries: an entry can be looked up in its own table alone.
 namespace text {
 using enum ProgramErrorText;
@@ -152,6 +190,9 @@ struct Texts {
     TextsOf<ErrorText> ErrorTexts;
     TextsOf<MessageText> MessageTexts;
     TextsOf<DrawErrorText> DrawErrorTexts;
+    TextsOf<StepText> StepTexts;
+    TextsOf<EntryText> EntryTexts;
+    TextsOf<FoundText> FoundTexts;
     std::string ErrorHeaderText = "Error in line";
     std::string EntryCaption = "Parameters";
     // The entries of the draw window's View menu, by their order.

@@ -31,6 +31,8 @@ constexpr LabelRow labelRows[] = {
     {"menu File", "Print", "mnuPrint"},
     {"menu File", "Exit", "mnuExit"},
 
+    {"menu Edit", "Edit", "mnuEdit"},
+
     {"menu Settings", "Settings", "mnuSettings"},
 
     {"menu Transfer", "Transfer", "mnuXfer"},
@@ -226,6 +228,9 @@ constexpr TableSection tableSections[] = {
     {"Error Messages", [](Texts& texts) -> TextTable& { return texts.ErrorTexts; }},
     {"Messages", [](Texts& texts) -> TextTable& { return texts.MessageTexts; }},
     {"DRAW Error Message", [](Texts& texts) -> TextTable& { return texts.DrawErrorTexts; }},
+    {"Undo and Redo", [](Texts& texts) -> TextTable& { return texts.StepTexts; }},
+    {"Unsaved Program", [](Texts& texts) -> TextTable& { return texts.FoundTexts; }},
+    {"Entry Line", [](Texts& texts) -> TextTable& { return texts.EntryTexts; }},
     // The entries of the View menu are looked up by their order too, when the draw window comes to the front.
     {"DRAW Menu View", [](Texts& texts) -> TextTable& { return texts.DrawViewTexts; }},
 };
