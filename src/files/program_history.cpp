@@ -33,7 +33,7 @@ void ProgramHistory::Sync() {
 
 ProgramHistory::Place ProgramHistory::PlaceNow() const {
     const ListView& list = store_.lvCncProgram;
-    return {list.SelectedRow(), list.TopRow(), store_.CheckedRow, store_.M99Radius};
+    return {list.SelectedRow(), list.TopRow(), store_.LastPass};
 }
 
 ProgramHistory::Names ProgramHistory::NamesNow() const {

@@ -42,11 +42,10 @@ public:
     // Whether a step is under way, in which none can be taken back.
     bool IsOpen() const { return depth_ > 0; }
 
-    // Where the user was in the list; and what the last pass worked with besides the program: the row that was
-    // selected, the radius of an M99R.
+    // Where the user was in the list, and what the last pass worked with besides the program.
     struct Place {
-        int Selected = 0, Top = 1, Checked = 0;
-        float M99Radius = 0;
+        int Selected = 0, Top = 1;
+        PassBeginning Pass;
     };
     // What one step back or forward has brought: where the user was, whether machine or units are others now, and
     // whether it is another program.

@@ -122,8 +122,7 @@ void Undoing::ForgetFieldEdits() {
 void Undoing::ShowRows(const ProgramHistory::Place& place) {
     ListView& list = parts_.Store.lvCncProgram;
     const auto within = [&list](int row) { return std::clamp(row, 1, std::max(1, list.Count())); };
-    if (list.Count() > 0) list.Select(within(place.Checked));
-    parts_.Store.M99Radius = place.M99Radius;
+    parts_.Store.PutBack(place.Pass);
     parts_.Interpreter.Recheck();
     list.RowsChanged();
     if (list.Count() == 0) return;

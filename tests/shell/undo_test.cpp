@@ -53,7 +53,7 @@ protected:
     void Check() {
         ListView& list = Bench->Store.lvCncProgram;
         const int selected = list.SelectedRow();
-        list.Select(std::min(Bench->Store.CheckedRow, list.Count()));
+        Bench->Store.PutBack(Bench->Store.LastPass);
         const bool changed = Bench->Store.ProgramChanged;
         Bench->Interpreter.Recheck();
         Bench->Store.ProgramChanged = changed;
