@@ -67,14 +67,14 @@ int main(int argc, char** argv) {
     kvt::DiskFiles files;
     kvt::SystemPrograms programs;
     kvt::DesktopPlatform platform(files, programs, 1);
-    kvt::Workbench bench(platform.Services);
-    const std::string program = "/tmp/kvt-window-bench.cnc";
+    kvt::Workbench workbench(platform.Services);
+    const std::string program = "/tmp/kvt-window-workbench.cnc";
     files.WriteWhole(program, kvt::bench::ProgramText("MK4", lines));
-    bench.Form_Load(program);
+    workbench.Form_Load(program);
     std::string name = program;
-    bench.Reader.LoadFile(name);
+    workbench.Reader.LoadFile(name);
     std::vector<std::unique_ptr<kvt::FormView>> windows;
-    for (kvt::Form* form : bench.Forms()) {
+    for (kvt::Form* form : workbench.Forms()) {
         windows.push_back(std::make_unique<kvt::FormView>(platform.Desktop, *form));
     }
     if (!QTest::qWaitForWindowExposed(&windows.front()->Window())) {
@@ -86,20 +86,20 @@ int main(int argc, char** argv) {
     // Editing line 100 over and over: the last Enter writes the line, checks the program and paints.
     std::vector<double> enters;
     for (int i = 0; i < 50; ++i) {
-        bench.Store.lvCncProgram.Select(100);
-        platform.Services.Focus.SetFocus(bench.Entry.txtGMcode);
+        workbench.Store.lvCncProgram.Select(100);
+        platform.Services.Focus.SetFocus(workbench.Entry.txtGMcode);
         Type("01\r1000\r-50\r40\r");
         enters.push_back(Press(Qt::Key_Return, QStringLiteral("\r")));
     }
     within &= Report("Enter to repainted window, 209 lines", enters, frame);
 
     std::vector<double> downs;
-    platform.Services.Focus.SetFocus(bench.Store.lvCncProgram);
-    bench.Store.lvCncProgram.Select(1);
+    platform.Services.Focus.SetFocus(workbench.Store.lvCncProgram);
+    workbench.Store.lvCncProgram.Select(1);
     for (int i = 0; i < 200; ++i) downs.push_back(Press(Qt::Key_Down));
     within &= Report("Down in the list", downs, frame);
     // The drawing on a screen of 1920 by 1080: a whole Redraw with grid and paint, and an edit that sets it off.
-    kvt::DrawWindow& draw = bench.Draw;
+    kvt::DrawWindow& draw = workbench.Draw;
     draw.Show();
     QMainWindow& drawing = windows[1]->Window();
     drawing.showNormal();
@@ -120,17 +120,17 @@ int main(int argc, char** argv) {
     within &= Report("Redraw on screen, 209 lines", redraws(50), frame);
     std::vector<double> edits;
     for (int i = 0; i < 50; ++i) {
-        bench.Store.lvCncProgram.Select(100);
-        platform.Services.Focus.SetFocus(bench.Entry.txtGMcode);
+        workbench.Store.lvCncProgram.Select(100);
+        platform.Services.Focus.SetFocus(workbench.Entry.txtGMcode);
         QTest::qWait(1);
         Type("01\r1000\r-50\r40\r");
         edits.push_back(Press(Qt::Key_Return, QStringLiteral("\r")));
     }
     within &= Report("Enter to repainted drawing, 209 lines", edits, frame);
     files.WriteWhole(program, kvt::bench::ProgramText("MK4", 20'000));
-    bench.Store.ProgramChanged = false;
+    workbench.Store.ProgramChanged = false;
     name = program;
-    bench.Reader.LoadFile(name);
+    workbench.Reader.LoadFile(name);
     within &= Report("Redraw on screen, 20,000 lines", redraws(10), 200);
     std::vector<double> scrolls;
     for (int i = 0; i < 50; ++i) {

@@ -31,7 +31,7 @@ int CheckOne(const std::string& file, const ConsoleOptions& options, bool first)
     LoadedFile loaded(file);
     if (const char* error = loaded.Error()) return Complain(file, error);
     if (!first) std::fputc('\n', stdout);
-    std::string listing = Listing(file, *loaded.Bench, options.Colour);
+    std::string listing = Listing(file, *loaded.Workbench, options.Colour);
     if (HasBareLineEnds(loaded, file)) {
         listing +=
             "Not all lines of this file end in CR LF, as the machines' files do: some were not found.\n";
@@ -47,7 +47,7 @@ int CheckOneAsJson(const std::string& file, JsonSink& out) {
         Complain(file, error);
         WriteFileError(out, file, error);
     } else {
-        WriteState(out, file, *loaded.Bench, loaded.Platform.Dialogs);
+        WriteState(out, file, *loaded.Workbench, loaded.Platform.Dialogs);
         result = loaded.Status();
     }
     out.Put('\n');
@@ -77,9 +77,9 @@ int WriteLanguageModule(const std::string& out) {
     if (const std::string why = WhyNotWritten(out); !why.empty()) return Complain(out, why);
     MemoryPlatform platform;
     PrepareToWrite(platform.Files);
-    const auto bench = std::make_unique<Workbench>(platform.Services);
+    const auto workbench = std::make_unique<Workbench>(platform.Services);
     try {
-        platform.Files.WriteWhole(NameFromSystem(out), bench->Modules.WriteModule());
+        platform.Files.WriteWhole(NameFromSystem(out), workbench->Modules.WriteModule());
         return status::Succeeded;
     } catch (const RunTimeError&) {
         return Complain(out, "could not be written");
@@ -91,14 +91,14 @@ int FormatFile(const std::string& file, const std::string& out) {
         return Complain(out, why);
     LoadedFile loaded(file);
     if (const char* error = loaded.Error()) return Complain(file, error);
-    Workbench& bench = *loaded.Bench;
+    Workbench& workbench = *loaded.Workbench;
     // Writing these back would lose what was not found.
     if (HasBareLineEnds(loaded, file))
         return Complain(file, "not all of its lines end in CR LF; nothing was written");
     PrepareToWrite(loaded.Platform.Files);
-    bench.File.lblPath.Caption = NameFromSystem(out);
+    workbench.File.lblPath.Caption = NameFromSystem(out);
     const std::size_t shown = loaded.Platform.Dialogs.Shown.size();
-    bench.Writer.mnuSave_Click();
+    workbench.Writer.mnuSave_Click();
     if (loaded.Platform.Dialogs.Shown.size() > shown) return Complain(out, "could not be written");
     return loaded.Status();
 }

@@ -64,9 +64,9 @@ class DrawnFile {
 public:
     explicit DrawnFile(const std::string& file)
         : Loaded(file),
-          window_(Loaded.Bench->Draw.Controls.frmDraw, Loaded.Platform.Screen, Loaded.Platform.Focus) {
+          window_(Loaded.Workbench->Draw.Controls.frmDraw, Loaded.Platform.Screen, Loaded.Platform.Focus) {
         if (Loaded.Error()) return;
-        DrawWindow& draw = Loaded.Bench->Draw;
+        DrawWindow& draw = Loaded.Workbench->Draw;
         Loaded.Platform.System.Watch(draw.Controls.frmDraw);
         Loaded.Platform.System.NextEvent = [&draw] {
             switch (draw.State.Wait) {
@@ -87,11 +87,11 @@ public:
     LoadedFile Loaded;
     // A drawing that never ends is a finding too.
     int Status() const {
-        return Loaded.Bench->Draw.GivenUp() ? std::max(Loaded.Status(), int{status::Finding})
-                                            : Loaded.Status();
+        return Loaded.Workbench->Draw.GivenUp() ? std::max(Loaded.Status(), int{status::Finding})
+                                                : Loaded.Status();
     }
     std::span<const DrawOperation> Operations() const {
-        return Loaded.Bench->Draw.Controls.pbxDrawField.Operations();
+        return Loaded.Workbench->Draw.Controls.pbxDrawField.Operations();
     }
 
 private:
@@ -185,7 +185,7 @@ int DrawPicture(const std::string& file, const std::string& out) {
     PrepareToWrite(drawn.Loaded.Platform.Files);
     const bool written = Attempt("draw", [&] {
         drawn.Loaded.Platform.Files.WriteWhole(NameFromSystem(out),
-                                               drawn.Loaded.Bench->Draw.Output.Picture(kind));
+                                               drawn.Loaded.Workbench->Draw.Output.Picture(kind));
     });
     if (written) return drawn.Status();
     Complain(out, "could not be written");

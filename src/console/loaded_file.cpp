@@ -29,11 +29,12 @@ int Complain(std::string_view file, std::string_view what) {
     return status::Usage;
 }
 
-LoadedFile::LoadedFile(const std::string& file) : Bench(std::make_unique<Workbench>(Platform.Services)) {
+LoadedFile::LoadedFile(const std::string& file)
+    : Workbench(std::make_unique<kvt::Workbench>(Platform.Services)) {
     std::string name = NameFromSystem(file);
-    error_ = ErrorOf(Bench->Reader.LoadFile(name));
+    error_ = ErrorOf(Workbench->Reader.LoadFile(name));
 }
 
-int LoadedFile::Status() const { return HasFinding(*Bench) ? status::Finding : status::Succeeded; }
+int LoadedFile::Status() const { return HasFinding(*Workbench) ? status::Finding : status::Succeeded; }
 
 }  // namespace kvt

@@ -18,7 +18,7 @@ public:
     explicit LoadedFile(const std::string& file);
 
     MemoryPlatform Platform;
-    std::unique_ptr<Workbench> Bench;
+    std::unique_ptr<kvt::Workbench> Workbench;
 
     // Why there is no program; null where there is one.
     const char* Error() const { return error_; }

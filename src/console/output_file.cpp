@@ -25,13 +25,13 @@ std::string DataFolder() {
     return local.empty() ? std::string() : FoldersBelow(local).DataFolder;
 }
 
-bool CanWrite(const fs::path& path) { return access(path.c_str(), W_OK) == 0; }
+bool MayWrite(const fs::path& path) { return access(path.c_str(), W_OK) == 0; }
 
 std::string WhyNoNewFile(const fs::path& path) {
     const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
     std::error_code ignored;
     if (!fs::is_directory(folder, ignored)) return "there is no folder " + folder.string();
-    return CanWrite(folder) ? std::string() : "its folder cannot be written";
+    return MayWrite(folder) ? std::string() : "its folder cannot be written";
 }
 
 // "Received 2024-05-01 12.30.05.cnc", where nothing has that name yet.
@@ -63,7 +63,7 @@ std::string WhyNotWritten(const std::string& out, const std::string& source, Sou
     if (!fs::exists(there)) return WhyNoNewFile(path);
     if (fs::is_directory(there)) return "is a folder";
     if (!fs::is_regular_file(there)) return "is no plain file";
-    return CanWrite(path) ? std::string() : "may not be written";
+    return MayWrite(path) ? std::string() : "may not be written";
 }
 
 void PrepareToWrite(DiskFiles& files) {

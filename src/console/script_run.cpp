@@ -144,7 +144,7 @@ std::string ScriptRun::ValueNamed(std::string_view name) {
     const std::string_view property = name.substr(point + 1);
     if (owner == "state") {
         if (property == "file") return Session.CommandLine();
-        if (const std::optional<PlainValue> value = StateScalar(property, Session.Bench()))
+        if (const std::optional<PlainValue> value = StateScalar(property, Session.Workbench()))
             return TextOf(*value);
     } else {
         const Control& control = Session.Named(owner);

@@ -30,6 +30,7 @@ ScriptSession::ScriptSession(const ScriptOptions& options) {
     const std::string data =
         WithoutSeparator(options.Data.empty() ? (temporary_.Path() / "data").string() : options.Data);
     Platform.System.DataFolder = NameFromSystem(data);
+    Platform.System.Documents = NameFromSystem(own.string());
     const Folders folders = FoldersBelow(Platform.System.DataFolder);
     dataFolder_ = folders.DataFolder;
     Platform.Files.SetDataFolder(dataFolder_);
@@ -64,7 +65,7 @@ void ScriptSession::NewWorkbench() {
     windows_.clear();
     workbench_.reset();
     Platform.BeginRun();
-    workbench_ = std::make_unique<Workbench>(services_);
+    workbench_ = std::make_unique<kvt::Workbench>(services_);
     // The help documents lie beside the program.
     std::error_code failed;
     const fs::path program = fs::read_symlink("/proc/self/exe", failed);
@@ -109,8 +110,8 @@ const char* ScriptSession::WhyOutOfReach(const Control& control) const {
     // The entries of a menu at the pointer are there although that menu has no place in the menu bar.
     const Menu* const popup = Platform.System.ShownPopup;
     const bool inPopup = popup && control.Container == popup;
-    if (!(inPopup ? control.Visible.Get() : control.ReallyVisible())) return "not to be seen";
-    if (!(inPopup ? control.Enabled.Get() : control.ReallyEnabled())) return "disabled";
+    if (!(inPopup ? control.Visible.Get() : control.EffectivelyVisible())) return "not to be seen";
+    if (!(inPopup ? control.Enabled.Get() : control.EffectivelyEnabled())) return "disabled";
     return nullptr;
 }
 

@@ -29,7 +29,7 @@ public:
     bool Running() const { return started_ && !Platform.System.Ended; }
     const std::string& CommandLine() const { return commandLine_; }
 
-    Workbench& Bench() { return *workbench_; }
+    kvt::Workbench& Workbench() { return *workbench_; }
     ListView& Program() { return workbench_->Store.lvCncProgram; }
     const std::vector<Form*>& Forms() const { return forms_; }
     // An unknown name is a ScriptError.
@@ -61,7 +61,7 @@ private:
         Platform.Focus, Platform.Services.Port, Platform.Services.Printer,   programs_};
     std::string dataFolder_;
     Arguments::Variables variables_;
-    std::unique_ptr<Workbench> workbench_;
+    std::unique_ptr<kvt::Workbench> workbench_;
     std::vector<Form*> forms_;
     std::vector<std::unique_ptr<MemoryWindow>> windows_;
     std::string commandLine_;

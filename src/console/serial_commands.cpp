@@ -70,22 +70,22 @@ SerialWorkbench::SerialWorkbench(const std::string& device, const std::string& s
       System(Platform.Focus, Port),
       Services{Platform.Files, Platform.Dialogs, Platform.Clipboard, Platform.Screen, System, Platform.Focus,
                Port,           Platform.Printer, Platform.Programs},
-      Bench(std::make_unique<Workbench>(Services)) {
-    for (std::string* folder : {&Bench->Transmit.SettingsFolder, &Bench->Received.SettingsFolder})
+      Workbench(std::make_unique<kvt::Workbench>(Services)) {
+    for (std::string* folder : {&Workbench->Transmit.SettingsFolder, &Workbench->Received.SettingsFolder})
         *folder = NameFromSystem(scratch_.Path().string()) + "/";
     const LineSettings line = ParseLineSettings(settings);
-    for (PortSide* side : {&Bench->Transfer.TX, &Bench->Transfer.RX}) UseSettings(*side, line);
-    Bench->Port.UpdateComSettings();
-    Port.SetSettings(Bench->Transfer.TX.Settings);
+    for (PortSide* side : {&Workbench->Transfer.TX, &Workbench->Transfer.RX}) UseSettings(*side, line);
+    Workbench->Port.UpdateComSettings();
+    Port.SetSettings(Workbench->Transfer.TX.Settings);
 }
 
 int SendFile(const SerialOptions& options) {
     SerialWorkbench serial(options.Port, options.Settings);
     std::string name = NameFromSystem(options.File);
-    if (serial.Bench->Reader.LoadFile(name) != LoadResult::Loaded)
+    if (serial.Workbench->Reader.LoadFile(name) != LoadResult::Loaded)
         return Complain(options.File, "cannot be read as a CNC program");
     serial.Platform.Dialogs.Shown.clear();
-    serial.Bench->Transfer.TX.chkFilter.Value = options.WithComments ? 0 : 1;
+    serial.Workbench->Transfer.TX.chkFilter.Value = options.WithComments ? 0 : 1;
     // A stop from here on is obeyed when the first line has left.
     Interrupts interrupts;
     if (!OpenPort(serial, options.Port)) return status::Usage;
@@ -93,20 +93,20 @@ int SendFile(const SerialOptions& options) {
     bool stopped = false;
     {
         ProgressLine progress;
-        const TransferControls& shown = serial.Bench->Transfer;
+        const TransferControls& shown = serial.Workbench->Transfer;
         serial.System.OnLook = [&] {
             progress.Show(shown.lblTransmitLine.Caption.Get() + ", " + shown.lblTransmitLeft.Caption.Get());
             if (!stopped && interrupts.Came()) {
                 stopped = true;
-                serial.Bench->Results.cmdStop.Click();
+                serial.Workbench->Results.cmdStop.Click();
             }
         };
-        serial.Bench->Transmit.mnuTX_Click();
+        serial.Workbench->Transmit.mnuTX_Click();
     }
     if (TellMessages(options.Port, serial.Platform.Dialogs))
-        return serial.Bench->Port.HasVanished ? status::Finding : status::Usage;
+        return serial.Workbench->Port.HasVanished ? status::Finding : status::Usage;
     // A stop behind the last line has cut nothing.
-    const bool cut = serial.Bench->Transmit.WasCut;
+    const bool cut = serial.Workbench->Transmit.WasCut;
     std::printf(cut ? "%s: stopped, the reception was ended with the units mark\n" : "%s: sent\n",
                 options.File.c_str());
     return cut ? status::Finding : status::Succeeded;
@@ -122,7 +122,7 @@ void Collect(SerialWorkbench& serial, double longestSilence, Interrupts& interru
     Clock::time_point last = Clock::now();
     long long arrived = 0;
     serial.System.WaitUntil([&] {
-        progress.Show(serial.Bench->Transfer.lblReceived.Caption.Get());
+        progress.Show(serial.Workbench->Transfer.lblReceived.Caption.Get());
         if (std::exchange(arrived, serial.Port.Arrived()) != serial.Port.Arrived()) last = Clock::now();
         const double silence = std::chrono::duration<double>(Clock::now() - last).count();
         const bool silent = longestSilence > 0 && arrived > 0 && silence >= longestSilence;
@@ -135,7 +135,7 @@ bool SaveReceived(SerialWorkbench& serial, const std::string& name) {
     MemoryDialogs& dialogs = serial.Platform.Dialogs;
     const std::size_t shown = dialogs.Shown.size();
     dialogs.FileAnswers.push_back({false, name});
-    serial.Bench->Received.cmdReceiveSave_Click();
+    serial.Workbench->Received.cmdReceiveSave_Click();
     const bool failed = dialogs.Shown.size() > shown;
     dialogs.Shown.resize(shown);
     return !failed;
@@ -153,7 +153,7 @@ int ReceiveFile(const SerialOptions& options) {
 
     const bool gone = !serial.Port.IsOpen();
     TellMessages(options.Port, serial.Platform.Dialogs);
-    const TransferControls& shown = serial.Bench->Transfer;
+    const TransferControls& shown = serial.Workbench->Transfer;
     const std::string& text = shown.txtRX.Text.Get();
     if (Trim(text).empty()) {
         Complain(options.File, "nothing was received");

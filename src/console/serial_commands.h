@@ -21,7 +21,7 @@ public:
     PosixPort Port;
     PosixSystem System;
     kvt::Services Services;
-    std::unique_ptr<Workbench> Bench;
+    std::unique_ptr<kvt::Workbench> Workbench;
 
 private:
     TemporaryFolder scratch_;

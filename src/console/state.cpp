@@ -73,38 +73,38 @@ private:
 
 struct Scalar {
     const char* Name;
-    PlainValue (*Read)(const Workbench& bench);
+    PlainValue (*Read)(const Workbench& workbench);
 };
 
-using Bench = const Workbench&;
+using Source = const Workbench&;
 
 // In the order of the object: what stands in front of the rows, and what stands behind them.
 constexpr Scalar programScalars[] = {
-    {"machine", [](Bench b) -> PlainValue { return std::string(NameOf(b.Store.Machine)); }},
-    {"metric", [](Bench b) -> PlainValue { return b.Store.Metric; }},
-    {"horizontal", [](Bench b) -> PlainValue { return b.Store.Horizontal; }},
-    {"disableLimitsCheck", [](Bench b) -> PlainValue { return b.Store.DisableLimitsCheck; }},
-    {"notes", [](Bench b) -> PlainValue { return b.File.txtFileNotes.Text.Get(); }},
-    {"lineCount", [](Bench b) -> PlainValue { return b.Store.LineCount(); }},
-    {"maxLines", [](Bench b) -> PlainValue { return b.Store.MaxLines(); }},
-    {"endCodePresent", [](Bench b) -> PlainValue { return b.Store.EndCodePresent; }},
-    {"arcPresent", [](Bench b) -> PlainValue { return b.Store.ArcPresent; }},
-    {"programChanged", [](Bench b) -> PlainValue { return b.Store.ProgramChanged; }},
-    {"errorFlagged", [](Bench b) -> PlainValue { return b.Store.ErrorFlagged; }},
-    {"errorRow", [](Bench b) -> PlainValue { return b.Store.ErrorRow; }},
-    {"errorLine", [](Bench b) -> PlainValue { return b.Store.ErrorLine; }},
-    {"errorHeader", [](Bench b) -> PlainValue { return b.Store.lvCncProgram.Header(ErrorHeader).Text; }},
-    {"absoluteMode", [](Bench b) -> PlainValue { return b.Store.AbsoluteMode; }},
-    {"radiusMode", [](Bench b) -> PlainValue { return b.Store.RadiusMode; }},
-    {"activePlane", [](Bench b) -> PlainValue { return b.Store.ActivePlane; }},
-    {"editorRunMode", [](Bench b) -> PlainValue { return b.Store.EditorRunMode; }},
-    {"transmitActive", [](Bench b) -> PlainValue { return b.Store.TransmitActive; }},
-    {"oldFeedA", [](Bench b) -> PlainValue { return b.Entry.OldFeedA; }},
-    {"oldFeedB", [](Bench b) -> PlainValue { return b.Entry.OldFeedB; }},
+    {"machine", [](Source w) -> PlainValue { return std::string(NameOf(w.Store.Machine)); }},
+    {"metric", [](Source w) -> PlainValue { return w.Store.Metric; }},
+    {"horizontal", [](Source w) -> PlainValue { return w.Store.Horizontal; }},
+    {"disableLimitsCheck", [](Source w) -> PlainValue { return w.Store.DisableLimitsCheck; }},
+    {"notes", [](Source w) -> PlainValue { return w.File.txtFileNotes.Text.Get(); }},
+    {"lineCount", [](Source w) -> PlainValue { return w.Store.LineCount(); }},
+    {"maxLines", [](Source w) -> PlainValue { return w.Store.MaxLines(); }},
+    {"endCodePresent", [](Source w) -> PlainValue { return w.Store.EndCodePresent; }},
+    {"arcPresent", [](Source w) -> PlainValue { return w.Store.ArcPresent; }},
+    {"programChanged", [](Source w) -> PlainValue { return w.Store.ProgramChanged; }},
+    {"errorFlagged", [](Source w) -> PlainValue { return w.Store.ErrorFlagged; }},
+    {"errorRow", [](Source w) -> PlainValue { return w.Store.ErrorRow; }},
+    {"errorLine", [](Source w) -> PlainValue { return w.Store.ErrorLine; }},
+    {"errorHeader", [](Source w) -> PlainValue { return w.Store.lvCncProgram.Header(ErrorHeader).Text; }},
+    {"absoluteMode", [](Source w) -> PlainValue { return w.Store.AbsoluteMode; }},
+    {"radiusMode", [](Source w) -> PlainValue { return w.Store.RadiusMode; }},
+    {"activePlane", [](Source w) -> PlainValue { return w.Store.ActivePlane; }},
+    {"editorRunMode", [](Source w) -> PlainValue { return w.Store.EditorRunMode; }},
+    {"transmitActive", [](Source w) -> PlainValue { return w.Store.TransmitActive; }},
+    {"oldFeedA", [](Source w) -> PlainValue { return w.Entry.OldFeedA; }},
+    {"oldFeedB", [](Source w) -> PlainValue { return w.Entry.OldFeedB; }},
 };
 constexpr Scalar listScalars[] = {
-    {"selectedRow", [](Bench b) -> PlainValue { return b.Store.lvCncProgram.SelectedRow(); }},
-    {"topRow", [](Bench b) -> PlainValue { return b.Store.lvCncProgram.TopRow(); }},
+    {"selectedRow", [](Source w) -> PlainValue { return w.Store.lvCncProgram.SelectedRow(); }},
+    {"topRow", [](Source w) -> PlainValue { return w.Store.lvCncProgram.TopRow(); }},
 };
 
 void WriteScalars(StateWriter& out, std::span<const Scalar> scalars, const Workbench& workbench) {

@@ -169,7 +169,7 @@ void PictureBoxView::Turned(const QWheelEvent& event) {
 }
 
 bool PictureBoxView::eventFilter(QObject* watched, QEvent* event) {
-    if (!box_.ReallyEnabled()) return View::eventFilter(watched, event);
+    if (!box_.EffectivelyEnabled()) return View::eventFilter(watched, event);
     switch (event->type()) {
         case QEvent::MouseMove: Moved(*static_cast<QMouseEvent*>(event)); return true;
         case QEvent::MouseButtonPress:

@@ -108,7 +108,7 @@ void TextBoxView::ShowMenu(QPoint at) {
     const bool selected = ShownSelection().Length > 0;
     const auto add = [&](const char* caption, char letter, bool enabled) {
         QAction* action = menu.addAction(QString::fromLatin1(caption));
-        action->setEnabled(enabled && Box.ReallyEnabled());
+        action->setEnabled(enabled && Box.EffectivelyEnabled());
         connect(action, &QAction::triggered, this, [this, letter] { Press(WithCtrl(letter)); });
     };
     add("Cu&t", 'X', selected);
@@ -122,8 +122,7 @@ void TextBoxView::ShowMenu(QPoint at) {
 void TextBoxView::Edited() {
     if (Following) return;
     Desktop.System.Run(Box, "Change", [this] {
-        TakeEdit(Box, FromQt(Shown().replace(u'\n', QStringLiteral("\r\n"))) + NotShown(),
-                 ShownSelection());
+        TakeEdit(Box, FromQt(Shown().replace(u'\n', QStringLiteral("\r\n"))) + NotShown(), ShownSelection());
     });
 }
 

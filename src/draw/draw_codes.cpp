@@ -6,6 +6,7 @@
 #include "draw/arcs.h"
 #include "draw/draw_program.h"
 #include "draw/ink.h"
+#include "platform/twips.h"
 
 // What each code draws, in the order of the table in draw_program.cpp.
 namespace kvt {
@@ -13,7 +14,7 @@ namespace kvt {
 namespace {
 
 constexpr int mostCalls = 5;
-constexpr double twipsPerHalfPixel = 7.5;
+constexpr double twipsPerHalfPixel = TwipsPerPixel / 2.0;
 
 // The target of a jump: the last three characters of the F cell.
 std::int32_t Target(std::string_view cell) { return ToInteger(Val(Right(cell, 3))); }

@@ -9,7 +9,7 @@ bool EditorLine::MayFollow() const {
     const ProgramStore& store = parts_.Store;
     const Form& editor = store.lvCncProgram.OwningForm();
     if (store.EditorRunMode || store.TransmitActive) return false;
-    if (!store.lvCncProgram.ReallyVisible() || editor.State == WindowState::Minimised) return false;
+    if (!store.lvCncProgram.EffectivelyVisible() || editor.State == WindowState::Minimised) return false;
     const Control* const focused = parts_.Platform.Focus.Focused();
     return focused && &focused->OwningForm() == &parts_.Controls.frmDraw;
 }

@@ -19,6 +19,4 @@ double SweepOf(float start, float end) {
     return sweep <= 1e-6 ? sweep + 2 * Pi : sweep;
 }
 
-float RadToDeg(float angle) { return static_cast<float>(double{angle} * 57.29578); }
-
 }  // namespace kvt

@@ -11,7 +11,4 @@ double Atan2(double x, double y);
 // How far an arc goes counter-clockwise from its start to its end, above 0 up to two pi.
 double SweepOf(float start, float end);
 
-// Radians as degrees, in 32-bit floats.
-float RadToDeg(float angle);
-
 }  // namespace kvt

@@ -82,7 +82,8 @@ std::string EntryTarget::ChangedFields() {
         text += Trim(value).empty() ? nothing : Trim(value);
     };
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        if (fields[i].Box.Visible && !FieldUnchanged(entry_, i)) add(fields[i].Caption.Caption, opened.Shown[i]);
+        if (fields[i].Box.Visible && !FieldUnchanged(entry_, i))
+            add(fields[i].Caption.Caption, opened.Shown[i]);
     }
     if (!CommentUnchanged(entry_)) text += "  \"" + std::string(Trim(opened.Comment)) + "\"";
     return text.empty() ? text : std::string(language_.EntryTexts(EntryText::Before)) + text.substr(1);

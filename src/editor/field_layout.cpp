@@ -216,7 +216,7 @@ std::string FieldLayout::CodeInRow() const {
 
 void FieldLayout::FirstFieldFocus(std::string_view initial) {
     // A hidden or frozen comment: the row is not in use.
-    if (!entry_.txtComment.ReallyVisible() || !entry_.txtComment.ReallyEnabled()) return;
+    if (!entry_.txtComment.EffectivelyVisible() || !entry_.txtComment.EffectivelyEnabled()) return;
     const std::string code = CodeInRow();
     TextBox* target = &entry_.txtComment;
     for (const FirstField& first : firstFields) {

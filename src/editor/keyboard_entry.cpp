@@ -193,7 +193,9 @@ void KeyboardEntry::Chain_KeyDown(std::size_t place, int pressed) {
     TextBox& field = *chain_[place];
     const TextSelection selection = field.Selection;
     const int length = static_cast<int>(field.Text.Get().size());
-    const auto canTakeFocus = [](const TextBox& box) { return box.ReallyVisible() && box.ReallyEnabled(); };
+    const auto canTakeFocus = [](const TextBox& box) {
+        return box.EffectivelyVisible() && box.EffectivelyEnabled();
+    };
     switch (pressed) {
         case key::Insert: return parts_.Lines.LineInsert();
         case key::Up:
@@ -241,7 +243,8 @@ void KeyboardEntry::txtGMcode_LostFocus() {
     parts_.Layout.KeepFocus = false;
     // A feed button that the new code does not have.
     const Control* const focused = parts_.Platform.Focus.Focused();
-    if (focused && !(focused->ReallyVisible() && focused->ReallyEnabled())) parts_.Layout.FirstFieldFocus("");
+    if (focused && !(focused->EffectivelyVisible() && focused->EffectivelyEnabled()))
+        parts_.Layout.FirstFieldFocus("");
 }
 
 void KeyboardEntry::CheckCode() {

@@ -16,7 +16,7 @@ bool FocusByHand(Control& control, FocusService& focus) {
     if (!TakesFocus(control)) return true;
     focus.SetFocus(control);
     // The control before may have kept the focus, or taken this one away.
-    return focus.Focused() == &control && control.ReallyVisible() && control.ReallyEnabled();
+    return focus.Focused() == &control && control.EffectivelyVisible() && control.EffectivelyEnabled();
 }
 
 std::vector<OptionButton*> OptionsBeside(const OptionButton& option) {
@@ -41,7 +41,7 @@ void ChooseAndClick(Control& control) {
 }
 
 bool ClickByHand(Control& control, FocusService& focus) {
-    if (!control.ReallyVisible() || !control.ReallyEnabled()) return false;
+    if (!control.EffectivelyVisible() || !control.EffectivelyEnabled()) return false;
     if (!FocusByHand(control, focus)) return false;
     ChooseAndClick(control);
     return true;

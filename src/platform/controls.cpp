@@ -31,11 +31,13 @@ bool Control::OnFrontPage() const {
     return !strip || Page < 0 || Page == strip->Value;
 }
 
-bool Control::ReallyVisible() const {
-    return Visible && OnFrontPage() && (!Container || Container->ReallyVisible());
+bool Control::EffectivelyVisible() const {
+    return Visible && OnFrontPage() && (!Container || Container->EffectivelyVisible());
 }
 
-bool Control::ReallyEnabled() const { return Enabled && (!Container || Container->ReallyEnabled()); }
+bool Control::EffectivelyEnabled() const {
+    return Enabled && (!Container || Container->EffectivelyEnabled());
+}
 
 Form::Form(std::string_view name) : Control(*this, ControlKind::Form, name) {}
 

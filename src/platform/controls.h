@@ -81,6 +81,8 @@ public:
     TextProperty ToolTip{*this, PropertyId::ToolTip};
 
     std::function<void()> OnClick;
+    // A hand has tried it, by a click or its key, while it is disabled: to tell why.
+    std::function<void()> OnRefused;
     std::function<void()> OnGotFocus;
     std::function<void()> OnLostFocus;
     // A key goes down (a number of keys.h, and what is held), then a character arrives. The handler may change
@@ -95,8 +97,8 @@ public:
     // Whether the control lies on the page that is in front, where it lies on one.
     bool OnFrontPage() const;
     // Whether the control and all that it lies in are visible (or enabled).
-    bool ReallyVisible() const;
-    bool ReallyEnabled() const;
+    bool EffectivelyVisible() const;
+    bool EffectivelyEnabled() const;
 
 protected:
     friend void detail::TellChanged(Control& owner, PropertyId id);

@@ -6,7 +6,7 @@ namespace kvt {
 
 void FocusKeeper::SetFocus(Control& control) {
     if (control.Kind() == ControlKind::Form || &control == focused_) return;
-    if (!control.ReallyVisible() || !control.ReallyEnabled()) return;
+    if (!control.EffectivelyVisible() || !control.EffectivelyEnabled()) return;
     Control* const before = std::exchange(focused_, &control);
     const bool beforeArrived = std::exchange(arrived_, false);
     ShowFocus(control);

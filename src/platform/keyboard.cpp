@@ -23,12 +23,12 @@ KeyPress WithOneEditingStroke(const KeyPress& press) {
     return press;
 }
 
-// The entry that a stroke chooses: one of the form's menus that is in sight and enabled.
-Menu* EntryOf(const Form& form, KeyStroke stroke) {
+// The entry that a stroke chooses: one of the form's menus that is in sight and enabled, or one that is disabled.
+Menu* EntryOf(const Form& form, KeyStroke stroke, bool enabled) {
     for (Control* control : form.Controls()) {
         auto* const entry = dynamic_cast<Menu*>(control);
         if (!entry || entry->Shortcut.empty() || KeyNamed(entry->Shortcut) != stroke) continue;
-        if (entry->ReallyVisible() && entry->ReallyEnabled()) return entry;
+        if (entry->EffectivelyVisible() && entry->EffectivelyEnabled() == enabled) return entry;
     }
     return nullptr;
 }
@@ -37,8 +37,8 @@ Menu* EntryOf(const Form& form, KeyStroke stroke) {
 
 Control* Keyboard::Target(const Form& form) const {
     Control* const focused = focus_.Focused();
-    const bool reached =
-        focused && &focused->OwningForm() == &form && focused->ReallyVisible() && focused->ReallyEnabled();
+    const bool reached = focused && &focused->OwningForm() == &form && focused->EffectivelyVisible() &&
+                         focused->EffectivelyEnabled();
     return reached ? focused : nullptr;
 }
 
@@ -82,9 +82,13 @@ bool Keyboard::UndoInField(Control* target, KeyStroke stroke) {
 bool Keyboard::ChooseMenu(const Form& form, const Control* target, KeyStroke stroke) {
     if (stroke.Key == 0) return false;
     if (target && target->Kind() == ControlKind::TextBox && IsEditingShortcut(stroke)) return false;
-    Menu* const entry = EntryOf(form, stroke);
+    Menu* const entry = EntryOf(form, stroke, true);
     if (entry) host_.Run(*entry, "Click", [&] { entry->Click(); });
-    return entry != nullptr;
+    if (entry) return true;
+    // What is disabled leaves the key to others.
+    Menu* const disabled = EntryOf(form, stroke, false);
+    if (disabled && disabled->OnRefused) host_.Run(*disabled, "Refused", [&] { disabled->OnRefused(); });
+    return false;
 }
 
 // Offers a press to the handlers. False where one of them has used it up.
@@ -121,12 +125,12 @@ bool Keyboard::TurnPage(Control& target, bool backwards) {
     Control* around = &target;
     while (around && around->Kind() != ControlKind::TabStrip) around = around->Container;
     auto* const tabs = dynamic_cast<TabStrip*>(around);
-    if (!tabs || !tabs->ReallyVisible() || !tabs->ReallyEnabled()) return false;
+    if (!tabs || !tabs->EffectivelyVisible() || !tabs->EffectivelyEnabled()) return false;
     const int pages = static_cast<int>(tabs->Captions.size());
     if (pages < 2) return true;
     ShowPage(*tabs, (tabs->Value + (backwards ? pages - 1 : 1)) % pages);
     // The page that had the focus is out of sight.
-    if (host_.HasEnded() || focus_.Focused() != &target || target.ReallyVisible()) return true;
+    if (host_.HasEnded() || focus_.Focused() != &target || target.EffectivelyVisible()) return true;
     Control* const next = AcceptsTab(*tabs) ? tabs : FirstInTabOrder(*tabs);
     if (next) host_.Run(target, "LostFocus", [&] { focus_.SetFocus(*next); });
     return true;

@@ -76,8 +76,9 @@ bool Keyboard::MoveOption(OptionButton& option, int key) {
     const bool back = key == key::Up || key == key::Left;
     if (!back && key != key::Down && key != key::Right) return false;
     std::vector<OptionButton*> options = OptionsBeside(option);
-    std::erase_if(options,
-                  [](const OptionButton* one) { return !one->ReallyVisible() || !one->ReallyEnabled(); });
+    std::erase_if(options, [](const OptionButton* one) {
+        return !one->EffectivelyVisible() || !one->EffectivelyEnabled();
+    });
     if (back) std::reverse(options.begin(), options.end());
     const auto at = std::find(options.begin(), options.end(), &option);
     OptionButton& next = std::next(at) == options.end() ? *options.front() : **std::next(at);

@@ -27,8 +27,8 @@ bool AcceptsKeys(ControlKind kind) {
 bool AcceptsTab(const Control& control) {
     // A scroll bar that the mouse moves leaves the keys where they are; Tab alone goes there.
     const bool scrolls = control.Kind() == ControlKind::ScrollBar || control.Kind() == ControlKind::UpDown;
-    return (AcceptsKeys(control.Kind()) || scrolls) && control.TabIndex >= 0 && control.ReallyVisible() &&
-           control.ReallyEnabled();
+    return (AcceptsKeys(control.Kind()) || scrolls) && control.TabIndex >= 0 &&
+           control.EffectivelyVisible() && control.EffectivelyEnabled();
 }
 
 Control* NextInTabOrder(Control& from, bool backwards) {

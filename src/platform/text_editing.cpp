@@ -317,8 +317,11 @@ void TakeEdit(TextBox& box, const std::string& text, TextSelection selection) {
     const auto rest = shorter - static_cast<std::ptrdiff_t>(start);
     const auto same = static_cast<Place>(
         std::mismatch(before.rbegin(), before.rbegin() + rest, text.rbegin()).first - before.rbegin());
-    TextChange change{start, before.substr(start, before.size() - same - start),
-                      text.substr(start, text.size() - same - start), {}, false};
+    TextChange change{start,
+                      before.substr(start, before.size() - same - start),
+                      text.substr(start, text.size() - same - start),
+                      {},
+                      false};
     change.Typed = change.Removed.empty() && change.Inserted.size() == 1;
     change.Selection.Start = static_cast<int>(start + change.Removed.size());
     Note(box, std::move(change));

@@ -20,8 +20,14 @@ ProgramStore::ProgramStore(Form& form) : lvCncProgram(form, "lvCncProgram") {
 }
 
 PassBeginning ProgramStore::PassNow() const {
-    return {lvCncProgram.SelectedRow(), M99Radius,  ArcStartU,  ArcStartV, ArcEndU, ArcEndV,
-            ArcCenterU,                 ArcCenterV};
+    return {lvCncProgram.SelectedRow(),
+            M99Radius,
+            ArcStartU,
+            ArcStartV,
+            ArcEndU,
+            ArcEndV,
+            ArcCenterU,
+            ArcCenterV};
 }
 
 void ProgramStore::PutBack(const PassBeginning& pass) {

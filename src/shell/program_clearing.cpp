@@ -45,7 +45,7 @@ void ProgramClearing::ClearProgram_Click() {
     parts_.Display.RefreshMachine();
     parts_.Interpreter.Interpreter();
     parts_.Display.ShowCodeLists();
-    if (parts_.Entry.txtGMcode.ReallyVisible()) parts_.Platform.Focus.SetFocus(parts_.Entry.txtGMcode);
+    if (parts_.Entry.txtGMcode.EffectivelyVisible()) parts_.Platform.Focus.SetFocus(parts_.Entry.txtGMcode);
     // Last: a drawing that waits then finds all of it gone.
     Run(parts_.Calls.mnuDraw_Click);
 }

@@ -43,7 +43,8 @@ OldName NameIn(std::string_view text) {
 int LinesIn(std::string_view text) {
     constexpr std::size_t longestUnits = 2;
     const Recognised found = Recognise(text);
-    const std::size_t start = found.Position > 1 ? text.rfind('\n', found.Position - 2) : std::string_view::npos;
+    const std::size_t start =
+        found.Position > 1 ? text.rfind('\n', found.Position - 2) : std::string_view::npos;
     int lines = found.Kind == FileKind::MK2 ? 0 : -1;  // the header is none
     for (const std::string_view line : Split(text.substr(start + 1), LineEnd)) {
         const std::size_t size = Trim(line).size();
@@ -155,8 +156,7 @@ bool Recovery::IsWanted(const std::string& file, const std::string& text) {
         time = Format(written->tm_hour, "00") + ":" + Format(written->tm_min, "00");
     }
     MessageBox box = Question(texts.MessageTexts(text::RestoreUnsaved), "");
-    box.Details =
-        Filled(texts.FoundTexts(FoundText::Program), {name, PlainNumber(LinesIn(text)), day, time});
+    box.Details = Filled(texts.FoundTexts(FoundText::Program), {name, PlainNumber(LinesIn(text)), day, time});
     return parts_.Platform.Dialogs.ShowMessage(box) == Answer::Yes;
 }
 
@@ -173,6 +173,10 @@ void Recovery::Load(const std::string& file, const std::string& text) {
     TextBox& notes = parts_.File.txtFileNotes;
     const std::string_view held = notes.Text;
     if (held.ends_with(LineEnd)) notes.Text = std::string(held.substr(0, held.size() - LineEnd.size()));
+    const Texts& texts = parts_.Language;
+    const std::string_view shown = ExtractFileName(old.Name);
+    Run(parts_.Calls.Tell, Filled(texts.NoticeTexts(text::Restored),
+                                  {std::string(shown.empty() ? texts.NoticeTexts(text::NoName) : shown)}));
     if (file == FileName()) {
         written_ = text;
         return;

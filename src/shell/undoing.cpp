@@ -75,8 +75,13 @@ bool Undoing::HandleKey(int pressed, int held) {
 void Undoing::Go(bool back) {
     if (IsHeld()) return parts_.Platform.System.Beep();
     parts_.Draw.Editor.RestoreSelection();
+    Refresh();
+    const std::string what = (back ? parts_.Main.mnuUndo : parts_.Main.mnuRedo).Caption.Get();
     const std::optional<ProgramHistory::Move> move = back ? parts_.History.Undo() : parts_.History.Redo();
-    if (move) Show(*move);
+    if (!move) return;
+    Show(*move);
+    // The check takes away what was told before, so this comes behind it.
+    Run(parts_.Calls.Tell, what);
 }
 
 void Undoing::Show(const ProgramHistory::Move& move) {
@@ -94,7 +99,7 @@ void Undoing::Show(const ProgramHistory::Move& move) {
     parts_.History.StandAsThen();
     Run(parts_.Calls.RefreshTitle);
     parts_.States.Refresh();
-    if (!stays || !focused->ReallyVisible() || !focused->ReallyEnabled())
+    if (!stays || !focused->EffectivelyVisible() || !focused->EffectivelyEnabled())
         parts_.Platform.Focus.SetFocus(parts_.Entry.txtGMcode);
     // Last: a drawing that waits then finds all of it there.
     Run(move.OtherProgram ? parts_.Calls.mnuDraw_Click : parts_.Calls.RedrawAfterEdit);

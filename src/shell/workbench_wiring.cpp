@@ -54,7 +54,9 @@ void Workbench::WireMenus() {
     Main.mnuRedo.OnClick = [this] { undoing_.mnuRedo_Click(); };
     Main.mnuFind.OnClick = [this] { Find.mnuFind_Click(); };
     Main.mnuDraw.OnClick = [this] { mnuDraw_Click(); };
+    Main.mnuGoToError.OnClick = [this] { findings_.GoToError(); };
     Main.mnuPrint.OnClick = [this] { PrintAfterWalk(false); };
+    Main.mnuPrintPreview.OnClick = [this] { Draw.AfterWalk([this] { print_.mnuPrintPreview_Click(); }); };
     Main.mnuExit.OnClick = [this] { mnuExit_Click(); };
     Main.mnuGeneral.OnClick = [this] { overlays_.ShowSettings(settings_page::General); };
     Main.mnuInfo.OnClick = [this] { overlays_.ShowSettings(settings_page::Info); };
@@ -161,7 +163,7 @@ void Workbench::WireTransfer() {
         button->OnClick = [this, leave = std::move(button->OnClick)] {
             leave();
             const Control* const focused = Platform.Focus.Focused();
-            if (!Transfer.frRXcode.Visible && focused && !focused->ReallyVisible()) FocusCode();
+            if (!Transfer.frRXcode.Visible && focused && !focused->EffectivelyVisible()) FocusCode();
         };
     }
     ListView& list = Store.lvCncProgram;
@@ -169,6 +171,17 @@ void Workbench::WireTransfer() {
     UnlessHeld(list.OnRightClick);
     UnlessHeld(list.OnKeyDown);
     UnlessHeld(frmMain.OnDropFile);
+}
+
+void Workbench::WireNotices() {
+    Draw.Tell = [this](std::string_view what) { Run(Calls.Tell, what); };
+    recent_.Open = [this](const std::string& path) { OpenFile(path); };
+    // It may be grey only because the last check was less than a second ago; it tells where there is none.
+    Main.mnuGoToError.OnRefused = [this] {
+        if (Modes.ControlsOn()) return findings_.GoToError();
+        Run(Calls.Tell, greys_.Why(Main.mnuGoToError));
+    };
+    greys_.Wire();
 }
 
 // The program stays as it is while it is being sent, to the last character of one that is stopped, and while the
@@ -292,7 +305,7 @@ void Workbench::mnuDraw_Click() {
 }
 
 void Workbench::FocusCode() {
-    if (Entry.txtGMcode.ReallyVisible()) Platform.Focus.SetFocus(Entry.txtGMcode);
+    if (Entry.txtGMcode.EffectivelyVisible()) Platform.Focus.SetFocus(Entry.txtGMcode);
 }
 
 void Workbench::ShowEditor() {

@@ -44,7 +44,7 @@ private:
     int handle_;
 };
 
-bool CanWrite(const fs::path& path) { return Opened(path, O_WRONLY | O_NONBLOCK).Handle() >= 0; }
+bool OpensForWriting(const fs::path& path) { return Opened(path, O_WRONLY | O_NONBLOCK).Handle() >= 0; }
 
 void GiveUsualMode(int handle) {
     const mode_t mask = umask(0);
@@ -132,7 +132,7 @@ bool WriteAll(int handle, std::string_view content) {
 bool FileWriting::Write(const fs::path& target, std::string_view content) const {
     const std::optional<struct stat> old = StateOf(target);
     // What is no plain file is not replaced, and a protected one stays what it is.
-    if (old && (!S_ISREG(old->st_mode) || !CanWrite(target))) return false;
+    if (old && (!S_ISREG(old->st_mode) || !OpensForWriting(target))) return false;
     const Replacement what{target, content, old, dataFolder_, waitsForDisk_};
     Outcome outcome = Replace(what, false);
     if (outcome == Outcome::NotThisWay && old) {

@@ -94,7 +94,7 @@ void Receiver::AppendReceived() {
     // The machine has begun to send.
     if (!parts_.Controls.frRXcode.Visible) Attempt(eventName, [&] { mnuRX_Click(); });
     Attempt(eventName, [&] { parts_.Port.Port().SetSettings(parts_.Port.RX().Settings); });
-    if (box.ReallyVisible() && box.ReallyEnabled()) parts_.Platform.Focus.SetFocus(box);
+    if (box.EffectivelyVisible() && box.EffectivelyEnabled()) parts_.Platform.Focus.SetFocus(box);
     // What comes always goes to the end, wherever the user has clicked.
     std::string text;
     Attempt(eventName, [&] { text = parts_.Port.Port().Input(); });
@@ -144,6 +144,10 @@ void Receiver::cmdReceiveImport_Click() {
         cmdReceiveExit_Click();
     } else {
         ShowView(true);
+    }
+    if (taken && result == LoadResult::Loaded) {
+        const std::string lines = PlainNumber(parts_.Store.LineCount());
+        Run(parts_.Calls.Tell, Filled(parts_.Language.NoticeTexts(text::Received), {lines}));
     }
 }
 
@@ -202,7 +206,8 @@ void Receiver::cmdReceiveSave_Click() {
     }
     // Deleting the old file and writing the new one are one step of the platform.
     const bool written = Attempt(saveName, [&] { platform.Files.WriteWhole(name, WithBeginning(text)); });
-    if (!written) TellUnwritten(name);
+    if (!written) return TellUnwritten(name);
+    TellSaved(parts_.Calls, parts_.Language, name);
 }
 
 void Receiver::cmdReceiveNew_Click() {

@@ -8,7 +8,7 @@
 
 #include "console/commands.h"
 #include "console/state.h"
-#include "support/bench_fixture.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
@@ -55,7 +55,7 @@ std::vector<std::string> LinesOf(const std::string& text) {
     return lines;
 }
 
-class ConsoleTest : public BenchTest {
+class ConsoleTest : public WorkbenchFixture {
 protected:
     int Run(const std::vector<std::string>& words, bool colour = false) {
         Captured out(stdout);
@@ -187,12 +187,12 @@ TEST_F(ConsoleTest, TheStateTellsMessagesAndLog) {
     Put("there", "");
     Platform.Dialogs.FileAnswers = {{false, Path("there")}};
     Platform.Dialogs.Answers = {Answer::Cancel};
-    Bench->Writer.mnuSaveAs_Click();
+    Workbench->Writer.mnuSaveAs_Click();
     Load("no program", "b\xF6se \".txt");
     std::FILE* file = std::tmpfile();
     {
         JsonSink sink(file);
-        WriteState(sink, "given", *Bench, Platform.Dialogs);
+        WriteState(sink, "given", *Workbench, Platform.Dialogs);
     }
     std::rewind(file);
     for (int c = std::fgetc(file); c != EOF; c = std::fgetc(file)) Out += static_cast<char>(c);

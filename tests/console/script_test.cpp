@@ -3,14 +3,14 @@
 #include <filesystem>
 
 #include "console/commands.h"
-#include "support/bench_fixture.h"
+#include "support/workbench_fixture.h"
 #include "system/confinement.h"
 
 namespace kvt::test {
 
 namespace {
 
-class ScriptTest : public BenchTest {
+class ScriptTest : public WorkbenchFixture {
 protected:
     int Run(const std::vector<std::string>& words) {
         testing::internal::CaptureStdout();

@@ -60,23 +60,23 @@ TEST(SerialTest, EverySampleCrossesAPseudoTerminalByteForByte) {
     for (const std::string& sample : Samples()) {
         for (const bool filter : {true, false}) {
             const PseudoTerminal terminal;
-            SerialWorkbench bench(terminal.Path(), settings[next++ % std::size(settings)], speedUp);
+            SerialWorkbench workbench(terminal.Path(), settings[next++ % std::size(settings)], speedUp);
             std::string name = sample;
-            ASSERT_EQ(bench.Bench->Reader.LoadFile(name), LoadResult::Loaded);
-            bench.Bench->Writer.AddEndCode();
-            bench.Bench->Transfer.TX.chkFilter.Value = filter ? 1 : 0;
-            const std::string file = bench.Bench->Writer.GenerateAll();
+            ASSERT_EQ(workbench.Workbench->Reader.LoadFile(name), LoadResult::Loaded);
+            workbench.Workbench->Writer.AddEndCode();
+            workbench.Workbench->Transfer.TX.chkFilter.Value = filter ? 1 : 0;
+            const std::string file = workbench.Workbench->Writer.GenerateAll();
             const std::string expected = Expected(file, filter);
-            bench.Port.Open();
+            workbench.Port.Open();
             std::string arrived;
             bool over = false;
-            bench.System.OnLook = [&] {
+            workbench.System.OnLook = [&] {
                 char piece[4096];
                 const ssize_t size = read(terminal.Handle(), piece, sizeof piece);
                 if (size > 0) arrived.append(piece, static_cast<std::size_t>(size));
             };
-            bench.Bench->Transmit.mnuTX_Click();
-            bench.System.OnLook();
+            workbench.Workbench->Transmit.mnuTX_Click();
+            workbench.System.OnLook();
             EXPECT_TRUE(arrived == expected) << sample << (filter ? " filtered" : "");
             if (!filter) continue;
 
@@ -88,32 +88,32 @@ TEST(SerialTest, EverySampleCrossesAPseudoTerminalByteForByte) {
                 machine.SendProgram(file);
                 over = true;
             });
-            bench.System.OnLook = nullptr;
-            const std::string& received = bench.Bench->Transfer.txtRX.Text.Get();
+            workbench.System.OnLook = nullptr;
+            const std::string& received = workbench.Workbench->Transfer.txtRX.Text.Get();
             for (int looks = 0; received.size() < expected.size() && looks < 10'000; ++looks)
-                bench.Port.Serve(5);
+                workbench.Port.Serve(5);
             other.join();
             EXPECT_TRUE(over && received == expected) << sample;
             // It comes into the editor as it went out, but for the notes and comments.
-            bench.Bench->Received.cmdReceiveImport_Click();
-            EXPECT_TRUE(Expected(bench.Bench->Writer.GenerateAll(), true) == expected) << sample;
+            workbench.Workbench->Received.cmdReceiveImport_Click();
+            EXPECT_TRUE(Expected(workbench.Workbench->Writer.GenerateAll(), true) == expected) << sample;
         }
     }
 }
 
 TEST(SerialTest, ThePlayedMachineTakesUpToTheUnitsMarkAndCanDrop) {
     const PseudoTerminal terminal;
-    SerialWorkbench bench(terminal.Path(), "300,N,8,1", speedUp);
-    bench.Port.Open();
+    SerialWorkbench workbench(terminal.Path(), "300,N,8,1", speedUp);
+    workbench.Port.Open();
     PlayedMachine::Line line;
     line.Handle = terminal.Handle();
     line.SpeedUp = speedUp;
     std::string received;
-    bench.Port.Output("notes with M\r\n%\r\n    00M30\r\n   M\r\nmore");
+    workbench.Port.Output("notes with M\r\n%\r\n    00M30\r\n   M\r\nmore");
     EXPECT_EQ(PlayedMachine(line).Receive(received), TransferEnd::Completed);
     EXPECT_EQ(received, "notes with M\r\n%\r\n    00M30\r\n   M\r\n");
     line.DropAfter = 3;
-    bench.Port.Output("12345");
+    workbench.Port.Output("12345");
     received.clear();
     EXPECT_EQ(PlayedMachine(line).Receive(received), TransferEnd::CutOff);
 
@@ -130,14 +130,14 @@ TEST(SerialTest, ThePlayedMachineTakesUpToTheUnitsMarkAndCanDrop) {
 
 TEST(SerialTest, ADeviceThatTakesNothingEndsTheSending) {
     const PseudoTerminal terminal;
-    SerialWorkbench bench(terminal.Path(), "9600,N,8,1", speedUp);
-    bench.Port.LongestStall = 50;
-    bench.Port.Open();
+    SerialWorkbench workbench(terminal.Path(), "9600,N,8,1", speedUp);
+    workbench.Port.LongestStall = 50;
+    workbench.Port.Open();
     // More than the driver takes from the one end while nobody reads at the other one.
-    bench.Port.Output(std::string(1'000'000, 'x'));
-    EXPECT_TRUE(bench.System.WaitUntil([&] { return bench.Port.MillisecondsLeft(); }));
-    EXPECT_FALSE(bench.Port.IsOpen());
-    EXPECT_EQ(bench.Platform.Dialogs.Shown.size(), 1u);
+    workbench.Port.Output(std::string(1'000'000, 'x'));
+    EXPECT_TRUE(workbench.System.WaitUntil([&] { return workbench.Port.MillisecondsLeft(); }));
+    EXPECT_FALSE(workbench.Port.IsOpen());
+    EXPECT_EQ(workbench.Platform.Dialogs.Shown.size(), 1u);
 
     LineWatch watch;
     watch.Add(10);

@@ -23,24 +23,24 @@ class DesktopDrawing : public ::testing::Test {
 protected:
     void Open(const std::string& sample) {
         qputenv("XDG_DATA_HOME", data_.path().toLocal8Bit());
-        bench.Form_Load("");
+        workbench.Form_Load("");
         std::string file = KVT_SOURCE_DIR "/samples/" + sample;
-        bench.Reader.LoadFile(file);
-        for (Form* form : bench.Forms())
+        workbench.Reader.LoadFile(file);
+        for (Form* form : workbench.Forms())
             windows.push_back(std::make_unique<FormView>(platform.Desktop, *form));
-        bench.Draw.Show();
+        workbench.Draw.Show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&Window()));
         QTest::qWait(100);
     }
     QMainWindow& Window() { return windows[1]->Window(); }
-    DrawControls& Controls() { return bench.Draw.Controls; }
+    DrawControls& Controls() { return workbench.Draw.Controls; }
     QWidget* Field() { return View::Of(Controls().pbxDrawField)->Widget(); }
 
     QTemporaryDir data_;
     DiskFiles files;
     SystemPrograms programs;
     DesktopPlatform platform{files, programs, 1};
-    Workbench bench{platform.Services};
+    Workbench workbench{platform.Services};
     std::vector<std::unique_ptr<FormView>> windows;
 };
 
@@ -58,30 +58,30 @@ private:
 
 TEST_F(DesktopDrawing, ASpeedHoldsItsPaceAndWaitsAreIdle) {
     Open("mk4_roller.cnc");
-    bench.Draw.Sim.SelectSim(simulation::Speed3);
+    workbench.Draw.Sim.SelectSim(simulation::Speed3);
     int ticks = 0;
     Controls().Timer1.OnTimer = [this, &ticks] {
         ++ticks;
-        bench.Draw.Sim.Timer1_Timer();
+        workbench.Draw.Sim.Timer1_Timer();
     };
     const Load walk;
-    bench.Draw.Redraw();
+    workbench.Draw.Redraw();
     const double aLine = walk.Seconds() * 1000 / ticks;
     RecordProperty("lines", ticks);
     std::printf("%d lines, %.2f ms each, processor %.1f %%\n", ticks, aLine, walk.Share() * 100);
     EXPECT_GT(ticks, 30);
     EXPECT_NEAR(aLine, 50, 5);
 
-    bench.Draw.Sim.SelectSim(simulation::Step);
+    workbench.Draw.Sim.SelectSim(simulation::Step);
     double share = 1;
     QTimer::singleShot(100, [&] {
         const auto load = std::make_shared<Load>();
         QTimer::singleShot(1000, [&, load] {
             share = load->Share();
-            bench.Draw.Form_QueryUnload();
+            workbench.Draw.Form_QueryUnload();
         });
     });
-    bench.Draw.Redraw();
+    workbench.Draw.Redraw();
     std::printf("waiting for a step: processor %.1f %%\n", share * 100);
     EXPECT_LT(share, 0.05);
 }
@@ -90,31 +90,31 @@ TEST_F(DesktopDrawing, ASpeedHoldsItsPaceAndWaitsAreIdle) {
 // after it.
 TEST_F(DesktopDrawing, APressInTheListFindsTheRowThatIsSeen) {
     Open("mk4_roller.cnc");
-    ListView& list = bench.Store.lvCncProgram;
+    ListView& list = workbench.Store.lvCncProgram;
     auto* const area = static_cast<QAbstractScrollArea*>(View::Of(list)->Widget());
     for (const int behind : {0, 2}) {
         for (const bool active : {false, true}) {
-            bench.Draw.Show();
+            workbench.Draw.Show();
             list.Select(2);
             list.ScrollTo(1);
-            bench.Draw.Sim.SelectSim(simulation::Step);
+            workbench.Draw.Sim.SelectSim(simulation::Step);
             platform.Services.Focus.SetFocus(Controls().pbxDrawField);
             QTimer user;
             user.callOnTimeout([&] {
-                if (!bench.Draw.State.Walking() || !Controls().cmdStep.Enabled) return;
+                if (!workbench.Draw.State.Walking() || !Controls().cmdStep.Enabled) return;
                 if (list.TopRow() < 4) return Controls().cmdStep.Click();
                 user.stop();
                 // The walk's own row too.
                 const int row = behind == 0 ? list.SelectedRow() : list.TopRow() + behind;
                 const int place = ListView::HeaderHeight + ListView::RowHeight * (row - list.TopRow());
-                if (active) bench.frmMain.OnActivate();
+                if (active) workbench.frmMain.OnActivate();
                 QTest::mouseClick(area->viewport(), Qt::LeftButton, {}, {40, place / 15 + 8});
                 EXPECT_EQ(list.SelectedRow(), row);
-                EXPECT_EQ(platform.Services.Focus.Focused(), &bench.Entry.txtGMcode);
-                bench.Draw.Form_QueryUnload();
+                EXPECT_EQ(platform.Services.Focus.Focused(), &workbench.Entry.txtGMcode);
+                workbench.Draw.Form_QueryUnload();
             });
             user.start(1);
-            bench.Draw.Redraw();
+            workbench.Draw.Redraw();
             EXPECT_FALSE(user.isActive());
         }
     }
@@ -130,7 +130,7 @@ TEST_F(DesktopDrawing, TheFieldsFollowTheMouseWithinAFrame) {
         const QPointF place = middle + QPoint(i, i);
         QMouseEvent move(QEvent::MouseMove, place, Field()->mapToGlobal(place), Qt::NoButton, {}, {});
         QApplication::sendEvent(Field(), &move);
-        EXPECT_NEAR(Val(Controls().txtZ1.Text) * bench.Draw.State.DrawScale + bench.Draw.State.ZeroX,
+        EXPECT_NEAR(Val(Controls().txtZ1.Text) * workbench.Draw.State.DrawScale + workbench.Draw.State.ZeroX,
                     place.x() * 15, 0.01);
         QCoreApplication::processEvents();
         times.push_back(clock.nsecsElapsed() / 1000);
@@ -157,7 +157,7 @@ TEST_F(DesktopDrawing, TheFieldsFollowTheMouseWithinAFrame) {
 TEST_F(DesktopDrawing, TheListingIsThereWhileTheKeysAre) {
     Open("mk4_pawn.cnc");
     const auto activate = [this](const char* name) {
-        const std::vector<Form*> forms = bench.Forms();
+        const std::vector<Form*> forms = workbench.Forms();
         for (std::size_t i = 0; i < forms.size(); ++i) {
             QEvent activation(QEvent::WindowActivate);
             if (forms[i]->Name() == name) QApplication::sendEvent(&windows[i]->Window(), &activation);
@@ -166,16 +166,16 @@ TEST_F(DesktopDrawing, TheListingIsThereWhileTheKeysAre) {
     activate("frmDraw");
     Controls().mnuProgramWindow.Click();
     activate("frmProgramWindow");
-    EXPECT_TRUE(bench.Draw.Listing.frmProgramWindow.Visible);
-    bench.Find.mnuFind_Click();
+    EXPECT_TRUE(workbench.Draw.Listing.frmProgramWindow.Visible);
+    workbench.Find.mnuFind_Click();
     activate("frmFind");
-    EXPECT_FALSE(bench.Draw.Listing.frmProgramWindow.Visible);
+    EXPECT_FALSE(workbench.Draw.Listing.frmProgramWindow.Visible);
 }
 
 TEST_F(DesktopDrawing, ItLeavesAsPictureAndOnPaper) {
     Open("mk4_pawn.cnc");
     const QString folder = data_.path() + "/";
-    bench.File.lblPath.Caption = FromQt(folder + "pawn.cnc");
+    workbench.File.lblPath.Caption = FromQt(folder + "pawn.cnc");
     QTimer closer;
     QObject::connect(&closer, &QTimer::timeout, [] {
         if (QWidget* const box = QApplication::activeModalWidget()) QTest::keyClick(box, Qt::Key_Return);
@@ -190,10 +190,12 @@ TEST_F(DesktopDrawing, ItLeavesAsPictureAndOnPaper) {
     const QRect seen = Field()->visibleRegion().boundingRect();
     EXPECT_EQ(picture.pixelColor(400, 300), Field()->grab(seen).toImage().pixelColor(QPoint(400, 300)));
 
-    dynamic_cast<DesktopPrinter&>(platform.Services.Printer).PrintToFile(folder + "pawn.pdf");
+    // Each has a name of its own, the one that the dialog proposes.
     Controls().mnuPrint.Click();
+    EXPECT_TRUE(files.ReadWhole(FromQt(folder + "pawn drawing.pdf")).starts_with("%PDF"));
+    workbench.Main.Button(TopButton::Print).Click();
     EXPECT_TRUE(files.ReadWhole(FromQt(folder + "pawn.pdf")).starts_with("%PDF"));
-    EXPECT_TRUE(bench.Log.Records().empty());
+    EXPECT_TRUE(workbench.Log.Records().empty());
 }
 
 }  // namespace

@@ -25,8 +25,8 @@ protected:
     DesktopWorkbench() { qputenv("XDG_DATA_HOME", data_.path().toLocal8Bit()); }
 
     void Open(const std::string& file) {
-        bench.Form_Load(file);
-        for (Form* form : bench.Forms())
+        workbench.Form_Load(file);
+        for (Form* form : workbench.Forms())
             windows.push_back(std::make_unique<FormView>(platform.Desktop, *form));
         ASSERT_TRUE(QTest::qWaitForWindowActive(&windows.front()->Window()));
         QTest::qWait(1);
@@ -67,7 +67,7 @@ protected:
     DiskFiles files;
     SystemPrograms programs;
     DesktopPlatform platform{files, programs, 1};
-    Workbench bench{platform.Services};
+    Workbench workbench{platform.Services};
     std::vector<std::unique_ptr<FormView>> windows;
     QTemporaryDir data_;
 };
@@ -75,16 +75,16 @@ protected:
 // The keys are those of the story that types a sample into the workbench without a display.
 TEST_F(DesktopWorkbench, AWholeProgramIsTypedByKeysAlone) {
     Open("");
-    EXPECT_EQ(Focused(), &bench.Entry.txtGMcode);
+    EXPECT_EQ(Focused(), &workbench.Entry.txtGMcode);
     std::istringstream story(files.ReadWhole(KVT_SOURCE_DIR "/tests/scripts/type_a_program.kvts"));
     for (std::string line; std::getline(story, line);) {
         if (line.starts_with("type ")) Type(line.substr(5));
         if (line == "press Backspace") Key(Qt::Key_Backspace);
         if (line == "press Enter") Key(Qt::Key_Enter, Qt::KeypadModifier);
     }
-    EXPECT_EQ(bench.Store.LineCount(), 45);
-    EXPECT_TRUE(bench.Store.EndCodePresent);
-    EXPECT_EQ(bench.Store.ErrorRow, 0);
+    EXPECT_EQ(workbench.Store.LineCount(), 45);
+    EXPECT_TRUE(workbench.Store.EndCodePresent);
+    EXPECT_EQ(workbench.Store.ErrorRow, 0);
 
     const std::string name = data_.filePath("typed.cnc").toStdString();
     WhenShown<QFileDialog>([&](QFileDialog& dialog) {
@@ -92,31 +92,31 @@ TEST_F(DesktopWorkbench, AWholeProgramIsTypedByKeysAlone) {
         dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
     });
     // The menus follow within a second.
-    const auto canSave = [&] { return bench.Main.mnuSave.Enabled.Get(); };
+    const auto canSave = [&] { return workbench.Main.mnuSave.Enabled.Get(); };
     ASSERT_TRUE(QTest::qWaitFor(canSave));
     Key(Qt::Key_S, Qt::ControlModifier);
     const std::string sample = files.ReadWhole(KVT_SOURCE_DIR "/samples/mk4_bolt.cnc");
     ASSERT_TRUE(files.Exists(name));
     EXPECT_EQ(files.ReadWhole(name), sample.substr(sample.find('%')));
-    EXPECT_FALSE(bench.Store.ProgramChanged);
+    EXPECT_FALSE(workbench.Store.ProgramChanged);
 
     // Open a line, leave it, insert and delete, all by keys.
     ASSERT_TRUE(QTest::qWaitForWindowActive(&windows.front()->Window()));
     Key(Qt::Key_Up);
-    EXPECT_EQ(Focused(), &bench.Store.lvCncProgram);
+    EXPECT_EQ(Focused(), &workbench.Store.lvCncProgram);
     Key(Qt::Key_Home);
     Key(Qt::Key_F2);
-    EXPECT_EQ(bench.Entry.txtXI.Text.Get(), "4000");
-    EXPECT_EQ(Focused(), &bench.Entry.txtGMcode);
+    EXPECT_EQ(workbench.Entry.txtXI.Text.Get(), "4000");
+    EXPECT_EQ(Focused(), &workbench.Entry.txtGMcode);
     Key(Qt::Key_Insert);
-    EXPECT_EQ(bench.Store.LineCount(), 46);
+    EXPECT_EQ(workbench.Store.LineCount(), 46);
     WhenShown<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
     Key(Qt::Key_Delete);
-    EXPECT_EQ(bench.Store.LineCount(), 45);
+    EXPECT_EQ(workbench.Store.LineCount(), 45);
     // Saved under its name, left without a question.
     ASSERT_TRUE(QTest::qWaitFor(canSave));
     Key(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_FALSE(bench.Store.ProgramChanged);
+    EXPECT_FALSE(workbench.Store.ProgramChanged);
     EXPECT_EQ(files.ReadWhole(name), sample.substr(sample.find('%')));
     windows.front()->Window().close();
     EXPECT_FALSE(windows.front()->Window().isVisible());
@@ -133,14 +133,14 @@ TEST_F(DesktopWorkbench, AForeignNameIsReadable) {
     ASSERT_TRUE(label);
     EXPECT_EQ(label->text(), data_.filePath(name + ".cnc"));
 
-    bench.File.NamesSource = true;
+    workbench.File.NamesSource = true;
     QString proposed;
     WhenShown<QFileDialog>([&](QFileDialog& dialog) {
         proposed = dialog.findChild<QLineEdit*>("fileNameEdit")->text();
         dialog.reject();
     });
-    bench.File.lblPath.Caption = PathText(data_.filePath(name + ".nc"));
-    bench.Writer.mnuSave_Click();
+    workbench.File.lblPath.Caption = PathText(data_.filePath(name + ".nc"));
+    workbench.Writer.mnuSave_Click();
     EXPECT_EQ(proposed, name + ".cnc");
 }
 
@@ -150,10 +150,10 @@ TEST_F(DesktopWorkbench, TheDrawingOfAStartComesBehindTheEditor) {
     files.WriteWhole(folder + "SettingsEditor.txt",
                      "LastFileUsed=" KVT_SOURCE_DIR "/samples/mk4_bolt.cnc\r\nDrawWindow Active=True\r\n");
     Open("");
-    const Form& drawing = bench.Draw.Controls.frmDraw;
+    const Form& drawing = workbench.Draw.Controls.frmDraw;
     ASSERT_TRUE(QTest::qWaitFor([&] { return drawing.Visible.Get(); }));
     QTest::qWait(100);
-    EXPECT_EQ(Focused(), &bench.Entry.txtGMcode);
+    EXPECT_EQ(Focused(), &workbench.Entry.txtGMcode);
     EXPECT_TRUE(windows.front()->Window().isActiveWindow());
     QMainWindow& window = dynamic_cast<FormView&>(*drawing.View).Window();
     EXPECT_TRUE(window.isVisible());
@@ -161,7 +161,7 @@ TEST_F(DesktopWorkbench, TheDrawingOfAStartComesBehindTheEditor) {
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     QTest::qWait(1);
-    EXPECT_EQ(Focused(), &bench.Draw.Controls.pbxDrawField);
+    EXPECT_EQ(Focused(), &workbench.Draw.Controls.pbxDrawField);
 }
 
 // KVT_MONKEY_EVENTS lets it go on for longer.
@@ -175,7 +175,7 @@ TEST_F(DesktopWorkbench, AMonkeyBreaksNothing) {
     files.WriteWhole(name, files.ReadWhole(KVT_SOURCE_DIR "/samples/f1_lid.cnc"));
     Open("");
     std::string file = name;
-    bench.Reader.LoadFile(file);
+    workbench.Reader.LoadFile(file);
     std::mt19937 random(7);
     const auto below = [&](int bound) { return static_cast<int>(random() % static_cast<unsigned>(bound)); };
     // Whatever dialog comes up is answered.
@@ -190,9 +190,9 @@ TEST_F(DesktopWorkbench, AMonkeyBreaksNothing) {
             dialog->reject();
         }
         // A wait for a step or a click would never end.
-        DrawWindow& draw = bench.Draw;
-        if (bench.Store.EditorRunMode)
-            (below(3) == 0 ? bench.Results.cmdStop : bench.Results.cmdStep).Click();
+        DrawWindow& draw = workbench.Draw;
+        if (workbench.Store.EditorRunMode)
+            (below(3) == 0 ? workbench.Results.cmdStop : workbench.Results.cmdStep).Click();
         if (draw.State.Walking()) (below(3) == 0 ? draw.Controls.cmdStop : draw.Controls.cmdStep).Click();
         draw.State.EndClickWait();
     });
@@ -222,7 +222,7 @@ TEST_F(DesktopWorkbench, AMonkeyBreaksNothing) {
             }
         }
         QCoreApplication::processEvents();
-        ASSERT_LE(bench.Store.lvCncProgram.Count() - bench.Store.LineCount(), 1);
+        ASSERT_LE(workbench.Store.lvCncProgram.Count() - workbench.Store.LineCount(), 1);
     }
 }
 

@@ -9,15 +9,15 @@
 namespace kvt::test {
 
 // The drawing window of a workbench, without a grid, at scale 1, with the zero point at 1000, 1000.
-class DrawTest : public BenchTest {
+class DrawTest : public WorkbenchFixture {
 protected:
     DrawTest() {
         Controls().mnuGrid.Checked = false;
         Platform.System.Watch(Controls().frmDraw);
     }
-    DrawWindow& Draw() { return Bench->Draw; }
-    DrawControls& Controls() { return Bench->Draw.Controls; }
-    DrawState& State() { return Bench->Draw.State; }
+    DrawWindow& Draw() { return Workbench->Draw; }
+    DrawControls& Controls() { return Workbench->Draw.Controls; }
+    DrawState& State() { return Workbench->Draw.State; }
     PictureBox& Field() { return Controls().pbxDrawField; }
 
     // Puts a program into the workbench while the window is hidden, so that it draws nothing.
@@ -33,7 +33,7 @@ protected:
         Draw().Redraw();
     }
     void Comment(int line, const char* text) {
-        Bench->Store.lvCncProgram.Row(line + 1)[column::Comment] = text;
+        Workbench->Store.lvCncProgram.Row(line + 1)[column::Comment] = text;
     }
 
     // "L x1,y1 x2,y2 colour", B for a box, with the width where it is not 1; "C x,y radius colour".

@@ -41,7 +41,7 @@ TEST_F(DrawTest, TheMillMeasuresYUpwardsOnceAPointIsFixed) {
     EXPECT_EQ(State().MeasureClicks, 0);
     // A finding in the program takes measuring away until the window comes to the front again.
     Controls().frmDraw.Visible = true;
-    Bench->Store.ErrorFlagged = true;
+    Workbench->Store.ErrorFlagged = true;
     Field().OnMouseDown(mouse::Left, 0, 1, 1);
     EXPECT_EQ(State().MeasureClicks, 0);
 }
@@ -52,7 +52,7 @@ TEST_F(DrawTest, TheImageIsWhatTheViewShows) {
     Draw().PositionControls();
     Field().Left = -300;
     Field().Top = -150;
-    Bench->File.lblPath.Caption = Folder + "/pin.cnc";
+    Workbench->File.lblPath.Caption = Folder + "/pin.cnc";
     Controls().mnuSaveBMP.Click();
     const std::string bmp = Platform.Files.ReadWhole(Folder + "/pin.BMP");
     constexpr std::size_t width = 380;
@@ -67,7 +67,7 @@ TEST_F(DrawTest, TheImageIsWhatTheViewShows) {
     EXPECT_EQ(at(2400, 600), std::string(3, '\0'));
     // A folder keeps the point in its name.
     std::filesystem::create_directory(Folder + "/v1.2");
-    Bench->File.lblPath.Caption = Folder + "/v1.2/pin";
+    Workbench->File.lblPath.Caption = Folder + "/v1.2/pin";
     Controls().mnuSaveBMP.Click();
     EXPECT_TRUE(Platform.Files.Exists(Folder + "/v1.2/pin.BMP"));
     Controls().mnuSaveClipboard.Click();
@@ -87,7 +87,7 @@ TEST_F(DrawTest, TheImageIsWhatTheViewShows) {
 TEST_F(DrawTest, AWatchedLineIsSelectedInTheEditorToo) {
     const char* const program = "91; 01 X0 Z-10 F50; 01 X0 Z-10 F50; M30";
     Platform.Focus.SetFocus(Field());
-    ListView& list = Bench->Store.lvCncProgram;
+    ListView& list = Workbench->Store.lvCncProgram;
     Put("MK4", program);
     Platform.Focus.SetFocus(Field());
     Draw().Sim.SelectSim(simulation::Step);
@@ -111,7 +111,7 @@ TEST_F(DrawTest, AWatchedLineIsSelectedInTheEditorToo) {
     EXPECT_EQ(rows, "1211") << "a row that the user has chosen stays";
     EXPECT_EQ(list.SelectedRow(), 1);
     // Where the editor has the keys, or is not to be seen, its selection is left alone.
-    Bench->frmMain.Visible = false;
+    Workbench->frmMain.Visible = false;
     rows.clear();
     Draw().Redraw();
     EXPECT_EQ(rows, "1111");

@@ -4,7 +4,7 @@ namespace kvt::test {
 namespace {
 
 TEST_F(DrawTest, TheHeadsOfToolColumnsEndInTheirAxis) {
-    ListView& list = Bench->Store.lvCncProgram;
+    ListView& list = Workbench->Store.lvCncProgram;
     list.SetHeaderText(10, "staal x");
     list.SetHeaderText(11, "Werkzeugposition Y");
     list.SetHeaderText(12, "");
@@ -85,7 +85,7 @@ TEST_F(DrawTest, AbortEndsAnEndlessWalk) {
     for (const char* program : {"91; 27 L0", "M06 D0 S1000; 91; 72 X500 Y500 Z-100 F50; M30"}) {
         int asked = 0;
         Platform.System.NextEvent = [&] {
-            EXPECT_TRUE(Controls().cmdStop.ReallyVisible() && Controls().cmdStop.ReallyEnabled());
+            EXPECT_TRUE(Controls().cmdStop.EffectivelyVisible() && Controls().cmdStop.EffectivelyEnabled());
             Controls().cmdStop.Click();
             return ++asked == 1;
         };

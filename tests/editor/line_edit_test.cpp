@@ -1,28 +1,28 @@
-#include "support/bench_fixture.h"
 #include "support/table.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
 namespace {
 
-class LineEditTest : public BenchTest {
+class LineEditTest : public WorkbenchFixture {
 protected:
     LineEditTest() {
-        Bench->Calls.RedrawAfterEdit = [this] { ++Redraws; };
+        Workbench->Calls.RedrawAfterEdit = [this] { ++Redraws; };
         Begin("MK4");
     }
     // An empty program of a machine, with its open line.
     void Begin(const std::string& machine) {
-        Bench->Store.Machine = MachineNamed(machine).value();
+        Workbench->Store.Machine = MachineNamed(machine).value();
         List.Clear();
-        Bench->Display.RefreshMachine();
-        Bench->Store.AddBlankLine(true);
+        Workbench->Display.RefreshMachine();
+        Workbench->Store.AddBlankLine(true);
     }
     // The entry row as a user has it before Enter in the comment: code, five fields, comment.
     void Type(const std::string& line) {
         auto fields = Fields(line);
         fields.resize(7);
-        EntryRow& entry = Bench->Entry;
+        EntryRow& entry = Workbench->Entry;
         // From the list, so that a code which the machine does not know is not refused on the way.
         entry.txtGMcode.Text = "";
         Platform.Focus.SetFocus(List);
@@ -30,14 +30,14 @@ protected:
         entry.lblGMcode.Caption = mCode ? "M" : "G";
         entry.txtGMcode.Text = fields[0].substr(mCode ? 1 : 0);
         std::string code = entry.txtGMcode.Text.Get();
-        Bench->Layout.InputFields(code);
+        Workbench->Layout.InputFields(code);
         const auto boxes = entry.Fields();
         for (std::size_t i = 0; i < boxes.size(); ++i) boxes[i].Box.Text = fields[i + 1];
         entry.txtComment.Text = fields[6];
     }
     void Enter(const std::string& line) {
         Type(line);
-        Bench->Lines.LineEdit();
+        Workbench->Lines.LineEdit();
     }
     // Columns 2 to 7 of a line.
     std::string Cells(int line) const {
@@ -46,7 +46,7 @@ protected:
         return cells;
     }
 
-    ListView& List = Bench->Store.lvCncProgram;
+    ListView& List = Workbench->Store.lvCncProgram;
     int Redraws = 0;
 };
 
@@ -83,7 +83,7 @@ TEST_F(LineEditTest, PrefixesAndWidthsOfEveryField) {
         {"MK4|M06||||00", "[M06 ][   00][     ][    00][T 00][   ]"},
         {"MK4|33", "[ 33 ][     ][     ][    00][K 00][   ]"},
     };
-    Bench->Entry.txtFeedA.Text = "  120";
+    Workbench->Entry.txtFeedA.Text = "  120";
     for (const auto& [typed, cells] : cases) {
         const std::string line = typed;
         Begin(line.substr(0, line.find('|')));
@@ -107,7 +107,7 @@ TEST_F(LineEditTest, AValueThatItsCellCannotHoldIsNotWritten) {
         Begin(line.substr(0, line.find('|')));
         Enter(line.substr(line.find('|') + 1));
         EXPECT_EQ(Platform.Dialogs.Shown.back().Text, message) << typed;
-        EXPECT_EQ(Bench->Store.LineCount(), 0) << typed;
+        EXPECT_EQ(Workbench->Store.LineCount(), 0) << typed;
     }
 }
 
@@ -119,34 +119,34 @@ TEST_F(LineEditTest, WritesWhicheverRowIsSelected) {
     Enter("01|1||2|50||own");
     Enter("M30");
     EXPECT_EQ(List.Count(), 4);
-    EXPECT_TRUE(Bench->Store.EndCodePresent);
+    EXPECT_TRUE(Workbench->Store.EndCodePresent);
 
     // A row inside the program: the selection stays there.
     Type("00|7||8|||copied");
     List.Select(2);
-    Bench->Lines.LineEdit();
+    Workbench->Lines.LineEdit();
     EXPECT_EQ(List.Count(), 4);
     EXPECT_EQ(List.SelectedRow(), 2);
     EXPECT_EQ(Cells(1), "[ 00 ][   07][     ][    08][    ][   ]");
     EXPECT_EQ(Cell(1, column::Comment), "copied");
     // The fields keep their texts, so the line can be written again elsewhere.
     List.Select(1);
-    Bench->Lines.LineEdit();
+    Workbench->Lines.LineEdit();
     EXPECT_EQ(Cells(0), Cells(1));
     EXPECT_EQ(Cell(0, column::Number), " 00");
     // The last row without an open line behind it.
     List.RemoveRow(4);
     List.Select(3);
-    Bench->Lines.LineEdit();
+    Workbench->Lines.LineEdit();
     EXPECT_EQ(List.SelectedRow(), 4);
     EXPECT_EQ(Cell(3, column::Number), "NN");
-    EXPECT_FALSE(Bench->Store.EndCodePresent);
+    EXPECT_FALSE(Workbench->Store.EndCodePresent);
 }
 
 TEST_F(LineEditTest, AnAutomaticCommentFillsAnEmptyOne) {
     for (const int view : {0, 1}) {
         Begin("MK4");
-        Bench->View.chkViewGcode.Value = view;
+        Workbench->View.chkViewGcode.Value = view;
         for (const char* line : {"01|1||1|50", "01|1||1|50||  own ", "M08", "71"}) Enter(line);
         EXPECT_EQ(Cell(0, column::Comment), view == 0 ? "" : "@  Linear Interpolation");
         EXPECT_EQ(Cell(1, column::Comment), "  own ");
@@ -156,27 +156,27 @@ TEST_F(LineEditTest, AnAutomaticCommentFillsAnEmptyOne) {
 }
 
 TEST_F(LineEditTest, WhatComesWithAnEdit) {
-    EntryRow& entry = Bench->Entry;
+    EntryRow& entry = Workbench->Entry;
     const std::vector<Control*> help = {&entry.picXYaxes, &entry.picZXaxes, &entry.cmdReturn};
     for (Control* control : help) control->Visible = true;
-    Bench->Store.ProgramChanged = false;
+    Workbench->Store.ProgramChanged = false;
     entry.txtGMcode.Text = "";
-    Bench->Lines.LineEdit();
+    Workbench->Lines.LineEdit();
     for (Control* control : help) EXPECT_FALSE(control->Visible) << control->Name();
     // Without a code that is all.
-    EXPECT_FALSE(Bench->Store.ProgramChanged);
-    EXPECT_EQ(Bench->Store.LineCount(), 0);
+    EXPECT_FALSE(Workbench->Store.ProgramChanged);
+    EXPECT_EQ(Workbench->Store.LineCount(), 0);
 
     Enter("M06||||1");
-    EXPECT_TRUE(Bench->Store.ProgramChanged);
-    EXPECT_EQ(Bench->Results.lblPPLines.Caption, "1");
+    EXPECT_TRUE(Workbench->Store.ProgramChanged);
+    EXPECT_EQ(Workbench->Results.lblPPLines.Caption, "1");
     EXPECT_EQ(Platform.Focus.Focused(), &entry.txtGMcode);
     EXPECT_EQ(entry.txtGMcode.Selection.Get(), (TextSelection{0, 2}));
     Enter("21");
     EXPECT_EQ(Redraws, 1);
     Enter("M30");
     EXPECT_EQ(Redraws, 2);
-    EXPECT_TRUE(Bench->Log.Records().empty());
+    EXPECT_TRUE(Workbench->Log.Records().empty());
 }
 
 }  // namespace kvt::test

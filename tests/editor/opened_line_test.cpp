@@ -7,14 +7,14 @@
 #include "basic/number.h"
 #include "basic/text.h"
 #include "platform/keys.h"
-#include "support/bench_fixture.h"
 #include "support/program_generator.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
 namespace {
 
-class OpenedLineTest : public BenchTest {
+class OpenedLineTest : public WorkbenchFixture {
 protected:
     // Every cell of every row, trimmed.
     std::vector<std::string> Cells() const {
@@ -33,18 +33,18 @@ protected:
         int keys = 0;
         do {
             Platform.System.Press(key::Enter);
-        } while (Platform.Focus.Focused() != &Bench->Entry.txtGMcode && ++keys < 10);
+        } while (Platform.Focus.Focused() != &Workbench->Entry.txtGMcode && ++keys < 10);
         ASSERT_LT(keys, 10);
     }
     // Passes every line of the program that is loaded.
     void PassAll() {
-        const std::string before = Bench->Writer.GenerateAll();
-        const int lines = Bench->Store.LineCount();
+        const std::string before = Workbench->Writer.GenerateAll();
+        const int lines = Workbench->Store.LineCount();
         ASSERT_GT(lines, 0);
         for (int row = 1; row <= lines; ++row) {
             // The crosses of an error stand in the row that is selected.
             List.Select(row);
-            Bench->Interpreter.Interpreter();
+            Workbench->Interpreter.Interpreter();
             const std::vector<std::string> cells = Cells();
             Pass(row);
             const std::vector<std::string> after = Cells();
@@ -54,12 +54,12 @@ protected:
                 << ": \"" << *at.first << "\" to \"" << *at.second << "\"";
             ++Passed;
         }
-        ASSERT_EQ(Bench->Writer.GenerateAll(), before);
+        ASSERT_EQ(Workbench->Writer.GenerateAll(), before);
         // What the check of a program with a fault reports is its own.
-        for (const auto& record : Bench->Log.Records()) ASSERT_EQ(record.Procedure, "Interpreter");
+        for (const auto& record : Workbench->Log.Records()) ASSERT_EQ(record.Procedure, "Interpreter");
     }
 
-    ListView& List = Bench->Store.lvCncProgram;
+    ListView& List = Workbench->Store.lvCncProgram;
     int Passed = 0;
 };
 
@@ -70,8 +70,8 @@ TEST_F(OpenedLineTest, PassingALineOfASampleChangesNothing) {
         if (file.path().extension() != ".cnc") continue;
         for (const int view : {0, 1}) {
             SCOPED_TRACE(file.path().filename().string() + (view ? " with codes" : ""));
-            Bench->View.chkViewGcode.Value = view;
-            Bench->Store.ProgramChanged = false;
+            Workbench->View.chkViewGcode.Value = view;
+            Workbench->Store.ProgramChanged = false;
             Load(Platform.Files.ReadWhole(file.path().string()));
             PassAll();
             if (HasFatalFailure()) return;
@@ -88,14 +88,14 @@ TEST_F(OpenedLineTest, PassingALineOfAGeneratedProgramChangesNothing) {
             SCOPED_TRACE(std::string(setting.Machine) + (setting.Metric ? " mm" : " inch") +
                          (setting.Horizontal ? " horizontal " : " ") + std::to_string(i));
             std::mt19937 random(static_cast<unsigned>(i));
-            const std::string file = GeneratedFile(*Bench, setting, random, 25);
-            Bench->View.chkViewGcode.Value = i % 2;
+            const std::string file = GeneratedFile(*Workbench, setting, random, 25);
+            Workbench->View.chkViewGcode.Value = i % 2;
             Platform.Dialogs.Shown.clear();  // the generator asks the entry row, too
             Load(file);
             PassAll();
             ASSERT_TRUE(Platform.Dialogs.Shown.empty()) << Platform.Dialogs.Shown.front().Text;
             if (HasFatalFailure()) return;
-            Bench->Store.ProgramChanged = false;
+            Workbench->Store.ProgramChanged = false;
         }
     }
     RecordProperty("lines", Passed);
@@ -108,19 +108,19 @@ TEST_F(OpenedLineTest, ACellHoldsWhatWasTypedOrTheValueIsRefused) {
     for (const Setting& setting : AllSettings()) {
         std::mt19937 random(7);
         for (int i = 0; i < rounds; ++i) {
-            Use(*Bench, setting);
-            for (const std::string& code : CodesOf(*Bench)) {
+            Use(*Workbench, setting);
+            for (const std::string& code : CodesOf(*Workbench)) {
                 SCOPED_TRACE(std::string(setting.Machine) + (setting.Metric ? " mm " : " inch ") +
                              (setting.Horizontal ? "horizontal " : "") + code);
-                const std::vector<GeneratedField> fields = FieldsOf(*Bench, code);
-                Bench->Layout.ClearEntryFields();
-                Platform.Focus.SetFocus(Bench->Entry.txtGMcode);
-                const std::string mode = Bench->Store.IsMK2() ? "" : code.substr(0, 1);
+                const std::vector<GeneratedField> fields = FieldsOf(*Workbench, code);
+                Workbench->Layout.ClearEntryFields();
+                Platform.Focus.SetFocus(Workbench->Entry.txtGMcode);
+                const std::string mode = Workbench->Store.IsMK2() ? "" : code.substr(0, 1);
                 for (const char key : mode + std::string(Trim(code.substr(1))) + "\r")
                     Platform.System.Type(key);
                 std::map<std::size_t, int> typed;
                 for (const GeneratedField& field : fields) {
-                    ASSERT_EQ(Platform.Focus.Focused(), &Bench->Entry.Fields()[field.Place].Box);
+                    ASSERT_EQ(Platform.Focus.Focused(), &Workbench->Entry.Fields()[field.Place].Box);
                     // Now and then one too many, by one or by a digit.
                     int value = field.Value(random);
                     const int more = static_cast<int>(random() % 6);
@@ -144,7 +144,7 @@ TEST_F(OpenedLineTest, ACellHoldsWhatWasTypedOrTheValueIsRefused) {
                 Platform.System.Press(key::Enter);
                 ASSERT_EQ(List.Count(), row + 1);
                 for (const GeneratedField& field : fields) {
-                    const bool inColumnF = field.Label == "H" && Bench->Store.IsF1();
+                    const bool inColumnF = field.Label == "H" && Workbench->Store.IsF1();
                     const int c =
                         inColumnF ? static_cast<int>(column::F) : column::X + static_cast<int>(field.Place);
                     std::string cell(List.Row(row)[c].View());

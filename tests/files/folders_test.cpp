@@ -2,19 +2,19 @@
 
 #include <filesystem>
 
-#include "support/bench_fixture.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
 namespace {
 
-class FoldersTest : public BenchTest {
+class FoldersTest : public WorkbenchFixture {
 protected:
     // Makes the folders below one, and gives the failures that were reported.
     std::string Make(const std::string& below) {
         MakeFolders(FoldersBelow(below), Platform.Files, "Form_Load");
         std::string reported;
-        for (const ErrorLog::Record& record : Bench->Log.Records()) {
+        for (const ErrorLog::Record& record : Workbench->Log.Records()) {
             reported += std::to_string(record.Number) + " " + record.Procedure + ", ";
         }
         return reported;

@@ -5,7 +5,7 @@
 #include "basic/code_page.h"
 #include "files/iso/converter.h"
 #include "program/program_store.h"
-#include "support/bench_fixture.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class IsoTest : public BenchTest {
+class IsoTest : public WorkbenchFixture {
 protected:
     // The rows of a program, each as code, parameters with their letters and ">" comment.
     static std::string Rows(iso::Machine machine, const std::string& text) {
@@ -52,24 +52,24 @@ TEST_F(IsoTest, SamplesOfPostsPassTheCheck) {
         {"lathe_quarters.nc", "MK4", 15, "1500", "-2200"}, {"lathe_quarters.nc", "MK2", 15, "1500", "-2200"},
         {"mill_plate.nc", "F1", 34, "3487", "-200"},       {"mill_letters_inch.ngc", "F1", 18, "1000", "-10"},
     };
-    Bench->Import.PreProcessorFolder = KVT_PREPROCESSORS "/";
+    Workbench->Import.PreProcessorFolder = KVT_PREPROCESSORS "/";
     for (const auto& [file, machine, lines, xMax, zMin] : cases) {
         SCOPED_TRACE(std::string(file) + " " + machine);
         fs::copy_file(fs::path(KVT_SOURCE_DIR "/samples/iso") / file, Path(file),
                       fs::copy_options::overwrite_existing);
-        Bench->Store.Machine = MachineNamed(machine).value();
-        Bench->Import.RefreshPreProcessors();
-        ASSERT_EQ(Bench->Import.PreProcessorCount, 1);
+        Workbench->Store.Machine = MachineNamed(machine).value();
+        Workbench->Import.RefreshPreProcessors();
+        ASSERT_EQ(Workbench->Import.PreProcessorCount, 1);
         Platform.Dialogs.FileAnswers.push_back({false, Path(file)});
-        Bench->Import.mnuPP_Click(0);
-        EXPECT_EQ(Bench->Import.Window.frmPreProcessor.Caption.Get(), "PreProcessor Information");
-        EXPECT_EQ(NameOf(Bench->Store.Machine), machine);
-        EXPECT_EQ(Bench->Store.LineCount(), lines);
-        EXPECT_EQ(Bench->Results.lblXAxisMax.Caption.Get(), xMax);
-        EXPECT_EQ(Bench->Results.lblZAxisMin.Caption.Get(), zMin);
-        EXPECT_FALSE(Bench->Store.ErrorFlagged);
-        EXPECT_EQ(Bench->Store.ErrorRow, 0);
-        EXPECT_EQ(Bench->File.lblPath.Caption.Get(), Path(file));
+        Workbench->Import.mnuPP_Click(0);
+        EXPECT_EQ(Workbench->Import.Window.frmPreProcessor.Caption.Get(), "PreProcessor Information");
+        EXPECT_EQ(NameOf(Workbench->Store.Machine), machine);
+        EXPECT_EQ(Workbench->Store.LineCount(), lines);
+        EXPECT_EQ(Workbench->Results.lblXAxisMax.Caption.Get(), xMax);
+        EXPECT_EQ(Workbench->Results.lblZAxisMin.Caption.Get(), zMin);
+        EXPECT_FALSE(Workbench->Store.ErrorFlagged);
+        EXPECT_EQ(Workbench->Store.ErrorRow, 0);
+        EXPECT_EQ(Workbench->File.lblPath.Caption.Get(), Path(file));
     }
 }
 
@@ -146,8 +146,8 @@ TEST_F(IsoTest, AFindingOfTheCheckBecomesTheErrorFile) {
 // A file's name reaches the pre-processor, the labels and the next save whole: with several blanks, in the code page
 // and beyond it.
 TEST_F(IsoTest, AnyNameComesThroughAnImport) {
-    Bench->Store.Machine = MachineModel::F1;
-    PreProcessor& import = Bench->Import;
+    Workbench->Store.Machine = MachineModel::F1;
+    PreProcessor& import = Workbench->Import;
     import.PreProcessorFolder = KVT_PREPROCESSORS "/";
     import.RefreshPreProcessors();
     for (const char* name : {"a  b   c.nc", " \xC3\xBC \xC3\x9F.nc", "\xE9\x9B\xB6 \xC3\xBC  5.nc"}) {
@@ -167,13 +167,13 @@ TEST_F(IsoTest, AnyNameComesThroughAnImport) {
         Platform.Dialogs.FileAnswers = {{false, path}};
         import.mnuPP_Click(0);
         EXPECT_TRUE(Platform.Dialogs.Shown.empty()) << name;
-        EXPECT_EQ(Bench->File.lblPath.Caption.Get(), path);
-        EXPECT_EQ(Bench->Store.LineCount(), 4) << name;
+        EXPECT_EQ(Workbench->File.lblPath.Caption.Get(), path);
+        EXPECT_EQ(Workbench->Store.LineCount(), 4) << name;
         const std::string saved = path.substr(0, path.size() - 3) + ".cnc";
         Platform.Dialogs.FileAnswers = {{false, saved}};
-        Bench->Writer.mnuSave_Click();
+        Workbench->Writer.mnuSave_Click();
         EXPECT_TRUE(fs::exists(fs::path(Path(name)).replace_extension(".cnc"))) << name;
-        EXPECT_EQ(Bench->File.lblPath.Caption.Get(), saved);
+        EXPECT_EQ(Workbench->File.lblPath.Caption.Get(), saved);
     }
 }
 

@@ -1,7 +1,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "support/bench_fixture.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
@@ -11,10 +11,10 @@ namespace fs = std::filesystem;
 
 // A pre-processor that hangs is offered for ending after two seconds, again when the offer was closed, and leaves
 // nothing behind.
-TEST_F(BenchTest, APreProcessorThatHangsCanBeEnded) {
+TEST_F(WorkbenchFixture, APreProcessorThatHangsCanBeEnded) {
     std::ofstream(Path("hang.MK4")) << "#!/bin/sh\necho x > \"$1.~ppERR\"\nsleep 300\n";
     fs::permissions(Path("hang.MK4"), fs::perms::owner_all);
-    PreProcessor& import = Bench->Import;
+    PreProcessor& import = Workbench->Import;
     PreProcessorWindow& window = import.Window;
     import.PreProcessorFolder = Folder + "/";
     import.RefreshPreProcessors();
@@ -36,7 +36,7 @@ TEST_F(BenchTest, APreProcessorThatHangsCanBeEnded) {
     EXPECT_FALSE(window.frmPreProcessor.Visible);
     EXPECT_FALSE(fs::exists(Path("part.nc.~ppERR")));
     EXPECT_TRUE(Platform.Dialogs.FileAnswers.empty());
-    EXPECT_EQ(Bench->Store.LineCount(), 0);
+    EXPECT_EQ(Workbench->Store.LineCount(), 0);
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 #include <filesystem>
 
 #include "basic/text.h"
-#include "support/bench_fixture.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
@@ -9,9 +9,9 @@ namespace {
 
 const std::string mk4Head = "%\r\n    N` G`   X `    Z `  F`  H \r\n";
 
-class ReaderTest : public BenchTest {
+class ReaderTest : public WorkbenchFixture {
 protected:
-    ProgramStore& Store() { return Bench->Store; }
+    ProgramStore& Store() { return Workbench->Store; }
     std::string Caption(const Label& label) const { return label.Caption.Get(); }
     const std::vector<MessageBox>& Shown() const { return Platform.Dialogs.Shown; }
     // A program with one line changed and a name, as an editing user has it.
@@ -36,7 +36,7 @@ TEST_F(ReaderTest, TheQuestionComesBeforeTheMachineChanges) {
     // The old program went out in the layout of its own machine.
     EXPECT_EQ(FileContent("old.cnc"), FileText("MK4", {{.Code = "M30", .Comment = "OLD"}}));
     EXPECT_FALSE(Store().ProgramChanged);
-    EXPECT_EQ(Caption(Bench->File.lblPath), Path("program.cnc"));
+    EXPECT_EQ(Caption(Workbench->File.lblPath), Path("program.cnc"));
 
     Edited("kept.cnc");
     const std::string before = FileContent("kept.cnc");
@@ -47,7 +47,7 @@ TEST_F(ReaderTest, TheQuestionComesBeforeTheMachineChanges) {
     EXPECT_FALSE(Store().ProgramChanged);
     // A save that is cancelled does not keep the program.
     Edited();
-    Bench->File.lblPath.Caption = "";
+    Workbench->File.lblPath.Caption = "";
     Platform.Dialogs.Answers = {Answer::Yes};
     ASSERT_EQ(Load(next), LoadResult::Loaded);
     EXPECT_EQ(NameOf(Store().Machine), "MK2");
@@ -55,26 +55,26 @@ TEST_F(ReaderTest, TheQuestionComesBeforeTheMachineChanges) {
 }
 
 TEST_F(ReaderTest, TheNameIsTakenAndTheDialogFollowsIt) {
-    FileDialog& dialog = Bench->File.dlgFile;
+    FileDialog& dialog = Workbench->File.dlgFile;
     dialog.Filter = "left by an earlier operation";
     const std::string program = FileText("MK4", {{"M30"}});
     Platform.Files.WriteWhole(Path("a.cnc"), program);
     // By the dialog: the filter is the one that was left.
     std::string name;
     Platform.Dialogs.FileAnswers = {{false, Path("a.cnc")}};
-    EXPECT_EQ(Bench->Reader.LoadFile(name), LoadResult::Loaded);
+    EXPECT_EQ(Workbench->Reader.LoadFile(name), LoadResult::Loaded);
     EXPECT_EQ(dialog.Filter, "left by an earlier operation");
-    EXPECT_EQ(Caption(Bench->File.lblPath), Path("a.cnc"));
-    EXPECT_EQ(Caption(Bench->File.lblFileName), "");
+    EXPECT_EQ(Caption(Workbench->File.lblPath), Path("a.cnc"));
+    EXPECT_EQ(Caption(Workbench->File.lblFileName), "");
     // By name: the argument is cleared, the dialog holds name and filter.
     Platform.Files.WriteWhole(Path("b.CNC.~PP.~pp"), program);
     name = Path("b.CNC.~PP.~pp");
-    EXPECT_EQ(Bench->Reader.LoadFile(name), LoadResult::Loaded);
+    EXPECT_EQ(Workbench->Reader.LoadFile(name), LoadResult::Loaded);
     EXPECT_EQ(name, "");
     EXPECT_EQ(dialog.FileName, Path("b.CNC.~PP.~pp"));
     EXPECT_EQ(dialog.Filter, "cnc files (*.txt or *.cnc or *.c5n)|*.cnc;*.txt;*.c5n|All Files (*.*)|*.*|");
-    EXPECT_EQ(Caption(Bench->File.lblPath), Path("b.CNC"));
-    EXPECT_EQ(Bench->Store.lvCncProgram.SelectedRow(), 1);
+    EXPECT_EQ(Caption(Workbench->File.lblPath), Path("b.CNC"));
+    EXPECT_EQ(Workbench->Store.lvCncProgram.SelectedRow(), 1);
     EXPECT_EQ(Cell(1, column::Number), "NN");
     EXPECT_EQ(Cell(1, column::Comment), " ");
 }
@@ -83,16 +83,16 @@ TEST_F(ReaderTest, WhatCannotBeReadLeavesTheProgram) {
     Edited();
     // Missing, or a cancelled dialog, plain or by its error: not a word.
     std::string name = Path("missing.cnc");
-    EXPECT_EQ(Bench->Reader.LoadFile(name), LoadResult::Nothing);
+    EXPECT_EQ(Workbench->Reader.LoadFile(name), LoadResult::Nothing);
     EXPECT_EQ(name, "");
     for (const bool cancelError : {false, true}) {
-        Bench->File.dlgFile.CancelError = cancelError;
+        Workbench->File.dlgFile.CancelError = cancelError;
         Platform.Dialogs.FileAnswers = {{true, ""}};
-        EXPECT_EQ(Bench->Reader.LoadFile(name), LoadResult::Nothing);
+        EXPECT_EQ(Workbench->Reader.LoadFile(name), LoadResult::Nothing);
     }
-    Bench->File.dlgFile.CancelError = false;
+    Workbench->File.dlgFile.CancelError = false;
     Platform.Dialogs.FileAnswers = {{false, ""}};
-    EXPECT_EQ(Bench->Reader.LoadFile(name), LoadResult::Nothing);
+    EXPECT_EQ(Workbench->Reader.LoadFile(name), LoadResult::Nothing);
     EXPECT_TRUE(Shown().empty());
     // A folder, and a disk that fails: error 75, and a box that names the file.
     std::filesystem::create_directory(Path("folder.cnc"));
@@ -100,33 +100,33 @@ TEST_F(ReaderTest, WhatCannotBeReadLeavesTheProgram) {
     for (const std::string bad : {"folder.cnc", "torn.cnc"}) {
         if (bad == "torn.cnc") Platform.Faults.Fail("file", 1);
         name = Path(bad);
-        const std::size_t records = Bench->Log.Records().size();
+        const std::size_t records = Workbench->Log.Records().size();
         Platform.Dialogs.Shown.clear();
-        EXPECT_EQ(Bench->Reader.LoadFile(name), LoadResult::Unreadable);
+        EXPECT_EQ(Workbench->Reader.LoadFile(name), LoadResult::Unreadable);
         ASSERT_EQ(Shown().size(), 1u);
         EXPECT_NE(Shown()[0].Text.find(bad), std::string::npos);
-        ASSERT_EQ(Bench->Log.Records().size(), records + 1);
-        EXPECT_EQ(Bench->Log.Records().back().Number, fault::PathFileAccess);
-        EXPECT_EQ(Bench->Log.Records().back().Procedure, "LoadFile");
+        ASSERT_EQ(Workbench->Log.Records().size(), records + 1);
+        EXPECT_EQ(Workbench->Log.Records().back().Number, fault::PathFileAccess);
+        EXPECT_EQ(Workbench->Log.Records().back().Procedure, "LoadFile");
     }
     EXPECT_EQ(Cell(0, column::Comment), "OLD");
     EXPECT_TRUE(Store().ProgramChanged);
-    EXPECT_EQ(Caption(Bench->File.lblPath), Path("old.cnc"));
+    EXPECT_EQ(Caption(Workbench->File.lblPath), Path("old.cnc"));
 }
 
 TEST_F(ReaderTest, LoadingLeavesTheEntryRowEmptyAndTheEditorFree) {
-    EntryRow& entry = Bench->Entry;
+    EntryRow& entry = Workbench->Entry;
     entry.txtXI.Text = "5";
     entry.txtGMcode.Text = "01";
     entry.txtComment.Text = "typed";
-    Bench->Main.rtfHelp.Visible = true;
-    Bench->View.chkViewGcode.Value = 1;
+    Workbench->Main.rtfHelp.Visible = true;
+    Workbench->View.chkViewGcode.Value = 1;
     ASSERT_EQ(Load(FileText("MK4", {{"00", "100", "200"}, {"M30", "", "", "", "", "", "mine"}})),
               LoadResult::Loaded);
     for (const TextBox* box : {&entry.txtXI, &entry.txtZK, &entry.txtGMcode, &entry.txtComment})
         EXPECT_EQ(box->Text.Get(), "");
     EXPECT_FALSE(entry.txtXI.Visible);
-    EXPECT_FALSE(Bench->Main.rtfHelp.Visible);
+    EXPECT_FALSE(Workbench->Main.rtfHelp.Visible);
     // The comments that the view asks for came in without counting as a change.
     EXPECT_EQ(Cell(0, column::Comment), "@  Rapid Traverse");
     EXPECT_EQ(Cell(1, column::Comment), "mine");

@@ -5,8 +5,8 @@
 #include <random>
 
 #include "basic/text.h"
-#include "support/bench_fixture.h"
 #include "support/program_generator.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
@@ -32,11 +32,11 @@ std::string WithoutComments(const std::string& text) {
     return cut;
 }
 
-class RoundTripTest : public BenchTest {
+class RoundTripTest : public WorkbenchFixture {
 protected:
     std::string Generate() {
-        Bench->Writer.AddEndCode();
-        return Bench->Writer.GenerateAll();
+        Workbench->Writer.AddEndCode();
+        return Workbench->Writer.GenerateAll();
     }
 };
 
@@ -52,10 +52,10 @@ TEST_F(RoundTripTest, TheSamplesComeBackByteByByte) {
     for (const std::filesystem::path& sample : samples) {
         SCOPED_TRACE(sample.filename().string());
         std::string name = sample.string();
-        ASSERT_EQ(Bench->Reader.LoadFile(name), LoadResult::Loaded);
-        EXPECT_GT(Bench->Store.LineCount(), 0);
+        ASSERT_EQ(Workbench->Reader.LoadFile(name), LoadResult::Loaded);
+        EXPECT_GT(Workbench->Store.LineCount(), 0);
         EXPECT_EQ(Generate(), WithLongerNotes(ReadFile(sample)));
-        Bench->Store.ProgramChanged = false;
+        Workbench->Store.ProgramChanged = false;
     }
     EXPECT_TRUE(Platform.Dialogs.Shown.empty());
 }
@@ -64,8 +64,8 @@ TEST_F(RoundTripTest, AProgramThatWasWrittenStaysAsItIs) {
     for (unsigned seed = 1; seed <= 400; ++seed) {
         std::mt19937 random(seed);
         const Setting& setting = AllSettings()[seed % AllSettings().size()];
-        const std::string text = GeneratedFile(*Bench, setting, random, 1 + static_cast<int>(seed % 60));
-        Bench->Store.ProgramChanged = false;
+        const std::string text = GeneratedFile(*Workbench, setting, random, 1 + static_cast<int>(seed % 60));
+        Workbench->Store.ProgramChanged = false;
         Platform.Dialogs.Shown.clear();
         ASSERT_EQ(Load(text), LoadResult::Loaded) << "seed " << seed;
         const std::string once = Generate();
@@ -75,7 +75,7 @@ TEST_F(RoundTripTest, AProgramThatWasWrittenStaysAsItIs) {
         // arcs and the comments of cycles; an end code may have come in front of the units.
         const bool arcs =
             text.find(" G02 X") != std::string::npos || text.find(" G03 X") != std::string::npos;
-        if (Bench->Store.IsMK2() && arcs) continue;
+        if (Workbench->Store.IsMK2() && arcs) continue;
         const std::string before = WithoutComments(WithLongerNotes(text));
         const std::size_t units = before.rfind('\n', before.size() - 3);
         ASSERT_EQ(WithoutComments(once).substr(0, units), before.substr(0, units)) << "seed " << seed;

@@ -1,7 +1,7 @@
 #include "files/settings_file.h"
 
 #include "basic/text.h"
-#include "support/bench_fixture.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
@@ -67,12 +67,12 @@ TEST(SettingsFileTest, ABadValueCostsItselfOrWhatFollows) {
     EXPECT_THROW(file.Bind("Gird", {}, {}), RunTimeError);
 }
 
-class StartTest : public BenchTest {
+class StartTest : public WorkbenchFixture {
 protected:
     // Starts the program in a data folder, with a command line; what it tells then.
     std::string Start(const std::string& data, const std::string& commandLine = {}) {
         Platform.System.DataFolder = data;
-        Bench->Form_Load(commandLine);
+        Workbench->Form_Load(commandLine);
         std::string told;
         for (const MessageBox& box : Platform.Dialogs.Shown) told += box.Text + "|";
         Platform.Dialogs.Shown.clear();
@@ -82,11 +82,11 @@ protected:
 
 TEST_F(StartTest, WithoutResetCopiesTheBuiltInValuesServe) {
     EXPECT_EQ(Start(Folder), "");
-    EXPECT_TRUE(Bench->frmMain.Visible);
-    EXPECT_EQ(Bench->frmMain.Left, 7500);
-    EXPECT_EQ(Bench->Store.LimitValues(limit::N499), 499);
-    EXPECT_EQ(Bench->Platform.Focus.Focused(), &Bench->Entry.txtGMcode);
-    Bench->Main.mnuExit.Click();
+    EXPECT_TRUE(Workbench->frmMain.Visible);
+    EXPECT_EQ(Workbench->frmMain.Left, 7500);
+    EXPECT_EQ(Workbench->Store.LimitValues(limit::N499), 499);
+    EXPECT_EQ(Workbench->Platform.Focus.Focused(), &Workbench->Entry.txtGMcode);
+    Workbench->Main.mnuExit.Click();
     // Values in force at the first end are those of the reset copy, but for the place; a missing port is no choice of
     // the user's.
     InstallResetCopies(Platform.Files, Folder);
@@ -107,14 +107,14 @@ TEST_F(StartTest, AFolderThatCannotBeMadeIsToldOfOnceAtTheStart) {
     EXPECT_EQ(Start(Path("file"), "\"" + Path("part one.cnc") + "\""),
               "Settings and unsaved programs cannot be kept. This folder cannot be written: " +
                   Path("file/EMCO/KVT_100/|"));
-    EXPECT_EQ(Bench->Store.Machine, MachineModel::F1);
-    EXPECT_EQ(Bench->Store.LineCount(), 1);
-    EXPECT_EQ(Bench->File.lblPath.Caption.Get(), Path("part one.cnc"));
-    Bench->Store.ProgramChanged = true;
-    Platform.System.Watch(Bench->frmMain);
+    EXPECT_EQ(Workbench->Store.Machine, MachineModel::F1);
+    EXPECT_EQ(Workbench->Store.LineCount(), 1);
+    EXPECT_EQ(Workbench->File.lblPath.Caption.Get(), Path("part one.cnc"));
+    Workbench->Store.ProgramChanged = true;
+    Platform.System.Watch(Workbench->frmMain);
     Platform.System.Advance(2000);
     Platform.Dialogs.Answers = {Answer::No};
-    Bench->Main.mnuExit.Click();
+    Workbench->Main.mnuExit.Click();
     ASSERT_EQ(Platform.Dialogs.Shown.size(), 1u);
     EXPECT_EQ(Platform.Dialogs.Shown[0].Text, "Do you want to save the open file now?");
     EXPECT_TRUE(Platform.System.Ended);
@@ -130,8 +130,8 @@ TEST_F(StartTest, SettingsOfAnyBytesStart) {
     Platform.Files.WriteWhole(Path(folder + "SettingsEditor.txt"), bytes);
     Platform.Files.WriteWhole(Path("EMCO/KVT_100/Recovery.txt"), bytes);
     EXPECT_EQ(Start(Folder), "");
-    EXPECT_EQ(Bench->Entry.txtFeedB.Text, "    7");
-    EXPECT_LT(Bench->Log.Records().size(), 400u);
+    EXPECT_EQ(Workbench->Entry.txtFeedB.Text, "    7");
+    EXPECT_LT(Workbench->Log.Records().size(), 400u);
     EXPECT_EQ(FileContent("EMCO/KVT_100/Recovery.old.txt"), bytes);
 }
 

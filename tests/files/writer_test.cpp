@@ -1,6 +1,6 @@
 #include "files/cnc_writer.h"
 
-#include "support/bench_fixture.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
@@ -8,19 +8,19 @@ namespace {
 
 std::string Blanks(std::size_t count) { return std::string(count, ' '); }
 
-class WriterTest : public BenchTest {
+class WriterTest : public WorkbenchFixture {
 protected:
-    std::string Text() { return Bench->Writer.GenerateAll(); }
+    std::string Text() { return Workbench->Writer.GenerateAll(); }
     std::int16_t Save(std::int16_t mode) {
-        Bench->Writer.SaveFile_Click(mode);
+        Workbench->Writer.SaveFile_Click(mode);
         return mode;
     }
-    ListRow& Row(int line) { return Bench->Store.lvCncProgram.Row(line + 1); }
-    std::string PathShown() const { return Bench->File.lblPath.Caption.Get(); }
+    ListRow& Row(int line) { return Workbench->Store.lvCncProgram.Row(line + 1); }
+    std::string PathShown() const { return Workbench->File.lblPath.Caption.Get(); }
     const std::vector<MessageBox>& Shown() const { return Platform.Dialogs.Shown; }
     void LoadSmall(const std::string& name = "program.cnc") {
         ASSERT_EQ(Load(small, name), LoadResult::Loaded);
-        Bench->Store.ProgramChanged = true;
+        Workbench->Store.ProgramChanged = true;
     }
     const std::string small = FileText("MK4", {{"M30"}});
 };
@@ -35,12 +35,12 @@ TEST_F(WriterTest, PrintModeShowsTheColumnsInSight) {
         {"MK4", "     N   G    X      Z   F   H ", "    00M30" + Blanks(13) + "   7" + Blanks(5)},
         {"F1", "     N  G     X    Y     Z   F", "    00M30" + Blanks(17) + "   7"},
     };
-    ListView& list = Bench->Store.lvCncProgram;
+    ListView& list = Workbench->Store.lvCncProgram;
     for (const auto& one : cases) {
         const std::string& machine = one.Machine;
         SCOPED_TRACE(machine);
         Check(machine, {{machine == "MK2" ? "22" : "M30", "", "", "", "", "", " end"}});
-        Bench->File.txtFileNotes.Text = "One. Two.Three. ";
+        Workbench->File.txtFileNotes.Text = "One. Two.Three. ";
         for (int header = 9; header <= 19; ++header) list.SetHeaderWidth(header, 0);
         list.SetHeaderWidth(9, 2);
         list.SetHeaderText(9, "Error in line 0");
@@ -51,12 +51,12 @@ TEST_F(WriterTest, PrintModeShowsTheColumnsInSight) {
         Row(0)[column::Error] = "!eleven big";
         Row(0)[column::ToolX] = "hidden";
         Row(0)[column::Time] = "00:00:01";
-        Bench->Writer.PrintMode = true;
+        Workbench->Writer.PrintMode = true;
         const std::string end = std::string("   ") + (machine == "F1" ? "MI" : "M") + "\r\n";
         EXPECT_EQ(Text(), "One.\r\nTwo.Three.\r\n\r\n\r\n" + one.Head +
                               " Error in line 0      Time   Comment\r\n" + one.Line +
                               " !eleven big  00:00:01 end\r\n" + end);
-        Bench->Writer.PrintMode = false;
+        Workbench->Writer.PrintMode = false;
     }
 }
 
@@ -65,45 +65,45 @@ TEST_F(WriterTest, TheEndCodeComesLastAndLeavesThePlace) {
         SCOPED_TRACE(machine);
         std::vector<Line> lines(60, Line{"21", "", "", "", "", "", "x"});
         Check(machine, lines);
-        ListView& list = Bench->Store.lvCncProgram;
+        ListView& list = Workbench->Store.lvCncProgram;
         list.Select(40);
         list.EnsureVisible(40);
         const int top = list.TopRow();
         ASSERT_GT(top, 1);
-        Bench->Entry.txtComment.Text = "typed meanwhile";
-        ASSERT_FALSE(Bench->Store.EndCodePresent);
-        Bench->Writer.AddEndCode();
-        EXPECT_EQ(Bench->Store.LineCount(), 61);
+        Workbench->Entry.txtComment.Text = "typed meanwhile";
+        ASSERT_FALSE(Workbench->Store.EndCodePresent);
+        Workbench->Writer.AddEndCode();
+        EXPECT_EQ(Workbench->Store.LineCount(), 61);
         EXPECT_EQ(Cell(60, column::Number), " 60");
         EXPECT_EQ(Cell(60, column::Code), machine == "MK2" ? " 22 " : "M30 ");
         EXPECT_EQ(Cell(60, column::Comment), "");
         EXPECT_EQ(Cell(61, column::Number), "NN");
-        EXPECT_TRUE(Bench->Store.EndCodePresent);
-        EXPECT_TRUE(Bench->Store.ProgramChanged);
+        EXPECT_TRUE(Workbench->Store.EndCodePresent);
+        EXPECT_TRUE(Workbench->Store.ProgramChanged);
         EXPECT_EQ(list.SelectedRow(), 40);
         EXPECT_EQ(list.TopRow(), top);
-        Bench->Writer.AddEndCode();
-        EXPECT_EQ(Bench->Store.LineCount(), 61);
+        Workbench->Writer.AddEndCode();
+        EXPECT_EQ(Workbench->Store.LineCount(), 61);
     }
 }
 
 TEST_F(WriterTest, SaveWithoutANameAsksForOne) {
     LoadSmall();
-    Bench->File.lblPath.Caption = "";
+    Workbench->File.lblPath.Caption = "";
     // Cancelled: nothing is written, the program stays unsaved, the caller sees the other mode.
     Platform.Dialogs.FileAnswers = {{true, ""}};
     EXPECT_EQ(Save(save::ToFile), save::As);
-    EXPECT_EQ(Bench->File.dlgFile.FileName, "");
-    EXPECT_TRUE(Bench->Store.ProgramChanged);
+    EXPECT_EQ(Workbench->File.dlgFile.FileName, "");
+    EXPECT_TRUE(Workbench->Store.ProgramChanged);
     EXPECT_TRUE(Shown().empty());
-    EXPECT_TRUE(Bench->Log.Records().empty());
+    EXPECT_TRUE(Workbench->Log.Records().empty());
     // An empty name is told.
     Platform.Dialogs.FileAnswers = {{false, ""}};
     EXPECT_EQ(Save(save::ToFile), save::As);
     ASSERT_EQ(Shown().size(), 1u);
     EXPECT_EQ(Shown()[0].Text, "No file specified");
     EXPECT_EQ(Shown()[0].Title, "Kestrel Vise Toolkit");
-    EXPECT_TRUE(Bench->Store.ProgramChanged);
+    EXPECT_TRUE(Workbench->Store.ProgramChanged);
     EXPECT_EQ(PathShown(), "");
 }
 
@@ -111,22 +111,22 @@ TEST_F(WriterTest, TheClipboardTakesTheTextAndNothingElseChanges) {
     ASSERT_EQ(Load(FileText("MK4", {{"91"}})), LoadResult::Loaded);
     const std::string file = FileContent("program.cnc");
     Platform.Clipboard.Content = "before";
-    Bench->Writer.mnuSaveClipboard_Click();
+    Workbench->Writer.mnuSaveClipboard_Click();
     // The end code comes to the program, which counts as changed by it.
     EXPECT_EQ(Platform.Clipboard.Content, Text());
     EXPECT_NE(Platform.Clipboard.Content.find("    01M30"), std::string::npos);
-    EXPECT_TRUE(Bench->Store.ProgramChanged);
+    EXPECT_TRUE(Workbench->Store.ProgramChanged);
     EXPECT_EQ(FileContent("program.cnc"), file);
-    EXPECT_EQ(Bench->File.lblFileName.Caption.Get(), "");
+    EXPECT_EQ(Workbench->File.lblFileName.Caption.Get(), "");
     // Errors are ignored one by one: where the clearing fails, the text goes there all the same.
     Platform.Clipboard.Content = "before";
     Platform.Faults.Fail("clipboard", 1);
-    Bench->Writer.mnuSaveClipboard_Click();
+    Workbench->Writer.mnuSaveClipboard_Click();
     EXPECT_EQ(Platform.Clipboard.Content, Text());
     Platform.Faults.Fail("clipboard", 2);
-    Bench->Writer.mnuSaveClipboard_Click();
+    Workbench->Writer.mnuSaveClipboard_Click();
     EXPECT_EQ(Platform.Clipboard.Content, "");
-    EXPECT_TRUE(Bench->Log.Records().empty());
+    EXPECT_TRUE(Workbench->Log.Records().empty());
     EXPECT_TRUE(Shown().empty());
 }
 

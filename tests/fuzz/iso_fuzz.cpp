@@ -24,12 +24,12 @@ void ConvertFor(kvt::iso::Machine machine, const std::string& code) {
         return;
     }
     kvt::test::DisklessPlatform platform;
-    kvt::Workbench bench(platform.Services);
+    kvt::Workbench workbench(platform.Services);
     platform.Files.Content["program"] = kvt::iso::FileText(program);
     std::string name = "program";
-    Demand(bench.Reader.LoadFile(name) == kvt::LoadResult::Loaded);
-    Demand(bench.Store.LineCount() == static_cast<int>(program.Rows.size()));
-    Demand(bench.Store.Metric == program.Metric);
+    Demand(workbench.Reader.LoadFile(name) == kvt::LoadResult::Loaded);
+    Demand(workbench.Store.LineCount() == static_cast<int>(program.Rows.size()));
+    Demand(workbench.Store.Metric == program.Metric);
 }
 
 }  // namespace

@@ -17,25 +17,25 @@ void Demand(bool condition) {
     if (!condition) std::abort();
 }
 
-void Load(kvt::Workbench& bench, kvt::MemoryPlatform& platform, const std::string& text) {
+void Load(kvt::Workbench& workbench, kvt::MemoryPlatform& platform, const std::string& text) {
     static const std::string name = "/tmp/kvt-language-fuzz-" + std::to_string(getpid());
     platform.Files.WriteWhole(name, text);
-    bench.Modules.LoadLanguageModule(name);
+    workbench.Modules.LoadLanguageModule(name);
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     kvt::MemoryPlatform platform;
-    const auto bench = std::make_unique<kvt::Workbench>(platform.Services);
-    Load(*bench, platform, std::string(reinterpret_cast<const char*>(data), size));
-    Demand(bench->Lists.lstMK4Gcodes.Entry(0).substr(0, 5) == "G00 \t");
-    Demand(bench->Lists.lstF1Mcodes.Entry(15).substr(0, 5) == "M99R\t");
-    const std::string written = bench->Modules.WriteModule();
-    Load(*bench, platform, written);
+    const auto workbench = std::make_unique<kvt::Workbench>(platform.Services);
+    Load(*workbench, platform, std::string(reinterpret_cast<const char*>(data), size));
+    Demand(workbench->Lists.lstMK4Gcodes.Entry(0).substr(0, 5) == "G00 \t");
+    Demand(workbench->Lists.lstF1Mcodes.Entry(15).substr(0, 5) == "M99R\t");
+    const std::string written = workbench->Modules.WriteModule();
+    Load(*workbench, platform, written);
     // The name of a language that the module leaves out is English from now on.
-    const std::string again = bench->Modules.WriteModule();
-    Load(*bench, platform, again);
-    Demand(bench->Modules.WriteModule() == again);
+    const std::string again = workbench->Modules.WriteModule();
+    Load(*workbench, platform, again);
+    Demand(workbench->Modules.WriteModule() == again);
     return 0;
 }

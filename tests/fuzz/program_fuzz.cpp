@@ -12,13 +12,14 @@ namespace {
 using kvt::test::Demand;
 
 // What holds after every load and every edit.
-void DemandOrder(const kvt::Workbench& bench) {
-    const kvt::ListView& list = bench.Store.lvCncProgram;
-    Demand(list.Count() == bench.Store.LineCount() + 1);
+void DemandOrder(const kvt::Workbench& workbench) {
+    const kvt::ListView& list = workbench.Store.lvCncProgram;
+    Demand(list.Count() == workbench.Store.LineCount() + 1);
     Demand(list.SelectedRow() >= 1 && list.SelectedRow() <= list.Count());
     Demand(list.TopRow() >= 1 && list.TopRow() <= list.Count());
     // An empty program ends the run before the row of the error before is forgotten.
-    if (bench.Store.LineCount() > 0) Demand(bench.Store.ErrorFlagged == (bench.Store.ErrorRow != 0));
+    if (workbench.Store.LineCount() > 0)
+        Demand(workbench.Store.ErrorFlagged == (workbench.Store.ErrorRow != 0));
 }
 
 }  // namespace
@@ -27,28 +28,28 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // Nested calls can ask for a million lines; a larger text would spend the time on nothing new.
     if (size > (std::size_t{1} << 16)) return 0;
     kvt::test::DisklessPlatform platform;
-    kvt::Workbench bench(platform.Services);
+    kvt::Workbench workbench(platform.Services);
     const auto load = [&](const std::string& text) {
         platform.Files.Content["program"] = text;
         std::string name = "program";
-        return bench.Reader.LoadFile(name) == kvt::LoadResult::Loaded;
+        return workbench.Reader.LoadFile(name) == kvt::LoadResult::Loaded;
     };
 
     if (!load(std::string(reinterpret_cast<const char*>(data), size))) {
-        Demand(bench.Store.LineCount() == 0);
+        Demand(workbench.Store.LineCount() == 0);
         return 0;
     }
-    DemandOrder(bench);
-    bench.Writer.AddEndCode();
-    Demand(bench.Store.EndCodePresent);
-    DemandOrder(bench);
-    if (load(bench.Writer.GenerateAll())) DemandOrder(bench);
+    DemandOrder(workbench);
+    workbench.Writer.AddEndCode();
+    Demand(workbench.Store.EndCodePresent);
+    DemandOrder(workbench);
+    if (load(workbench.Writer.GenerateAll())) DemandOrder(workbench);
     // Nobody looks on: what would never end is given up.
     platform.Memory.System.GiveUpAfter = 2000;
-    platform.Memory.System.Watch(bench.Draw.Controls.frmDraw);
-    bench.Draw.Show();
-    const kvt::PictureBox& field = bench.Draw.Controls.pbxDrawField;
+    platform.Memory.System.Watch(workbench.Draw.Controls.frmDraw);
+    workbench.Draw.Show();
+    const kvt::PictureBox& field = workbench.Draw.Controls.pbxDrawField;
     kvt::SvgOf(field.Operations(),
-               {"", bench.Draw.State.DrawScale, "", field.ScaleWidth(), field.ScaleHeight()});
+               {"", workbench.Draw.State.DrawScale, "", field.ScaleWidth(), field.ScaleHeight()});
     return 0;
 }

@@ -16,8 +16,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size < 2 || size > (std::size_t{1} << 14)) return 0;
     kvt::test::DisklessPlatform platform;
     platform.Memory.Port.Ports = 1;
-    kvt::Workbench bench(platform.Services);
-    bench.Form_Load("");
+    kvt::Workbench workbench(platform.Services);
+    workbench.Form_Load("");
     const std::size_t piece = data[0] + 1;
     const std::string wire(reinterpret_cast<const char*>(data + 1), size - 1);
     for (std::size_t at = 0; at < wire.size(); at += piece)
@@ -25,13 +25,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     std::string shown = wire;
     std::erase(shown, '\0');
-    Demand(bench.Transfer.frRXcode.Visible && bench.Transfer.txtRX.Text.Get() == shown);
-    bench.Received.cmdReceiveImport_Click();
-    if (bench.Store.LineCount() > 0) {
-        Demand(bench.Store.ProgramChanged && bench.File.lblPath.Caption.Empty());
+    Demand(workbench.Transfer.frRXcode.Visible && workbench.Transfer.txtRX.Text.Get() == shown);
+    workbench.Received.cmdReceiveImport_Click();
+    if (workbench.Store.LineCount() > 0) {
+        Demand(workbench.Store.ProgramChanged && workbench.File.lblPath.Caption.Empty());
     } else if (!kvt::Trim(shown).empty() &&
                kvt::Recognise(kvt::Trim(shown)).Kind != kvt::FileKind::Language) {
-        Demand(kvt::Trim(bench.Transfer.txtRX.Text.Get()) == kvt::Trim(shown));
+        Demand(kvt::Trim(workbench.Transfer.txtRX.Text.Get()) == kvt::Trim(shown));
     }
     return 0;
 }

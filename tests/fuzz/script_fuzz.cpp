@@ -149,7 +149,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Demand(status >= 0 && status <= 2);
     if (!run.Session.Running()) return 0;
     const kvt::ListView& rows = run.Session.Program();
-    Demand(rows.Count() - run.Session.Bench().Store.LineCount() <= 1);
+    Demand(rows.Count() - run.Session.Workbench().Store.LineCount() <= 1);
     Demand(rows.Count() == 0 || (rows.SelectedRow() >= 1 && rows.SelectedRow() <= rows.Count()));
     return 0;
 }

@@ -16,10 +16,10 @@ namespace {
 std::string SettingsAfterARun(const std::string& folder, const std::string& settings) {
     kvt::MemoryPlatform platform;
     platform.System.DataFolder = folder;
-    const auto bench = std::make_unique<kvt::Workbench>(platform.Services);
-    bench->Form_Load("");
-    if (!bench->frmMain.Visible) std::abort();
-    bench->Main.mnuExit.Click();
+    const auto workbench = std::make_unique<kvt::Workbench>(platform.Services);
+    workbench->Form_Load("");
+    if (!workbench->frmMain.Visible) std::abort();
+    workbench->Main.mnuExit.Click();
     if (!platform.System.Ended) std::abort();
     return platform.Files.ReadWhole(settings);
 }

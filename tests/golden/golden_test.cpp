@@ -56,7 +56,7 @@ protected:
             std::istringstream head(line.substr(2, colon - 2));
             std::string machine, units;
             head >> machine >> units;
-            logged_ = Bench->Log.Records().size();
+            logged_ = Workbench->Log.Records().size();
             text += answer(machine, units, Program(line.substr(colon + 2)));
             ++cases;
         }
@@ -65,7 +65,7 @@ protected:
     }
     std::string LogText() const {
         std::string text;
-        const auto& records = Bench->Log.Records();
+        const auto& records = Workbench->Log.Records();
         for (std::size_t i = logged_; i < records.size(); ++i)
             text += "  log " + std::to_string(records[i].Number) + " " + records[i].Procedure + "\n";
         return text;
@@ -73,16 +73,16 @@ protected:
 
     // "  00 01: tool 0 0 -100, angle L45.0, time 00:00:06 !finding @ comment", an incremental line with "i".
     std::string RowText(int line) const {
-        const ListRow& row = Bench->Store.lvCncProgram.Row(line + 1);
+        const ListRow& row = Workbench->Store.lvCncProgram.Row(line + 1);
         const auto cells = [&](const char* what, int first, int last) {
             std::string text;
             for (int c = first; c <= last; ++c) text += " " + std::string(Trim(row[c]));
             return Trim(text).empty() ? std::string() : std::string(", ") + what + text;
         };
         std::string text = "  " + Format(line, "00") + " " + std::string(Trim(row[column::Code])) +
-                           (row.ForeColor == Bench->Store.IncrColor ? " i" : "");
+                           (row.ForeColor == Workbench->Store.IncrColor ? " i" : "");
         // Z is derived on one machine.
-        if (Bench->Store.IsMK2()) text += cells("Z", column::Z, column::Z);
+        if (Workbench->Store.IsMK2()) text += cells("Z", column::Z, column::Z);
         text +=
             cells("tool", column::ToolX, column::ToolZ) + cells("centre", column::CenterX, column::CenterZ) +
             cells("radius", column::Radius, column::Radius) + cells("angle", column::Angle, column::Angle) +
@@ -91,8 +91,8 @@ protected:
         return text + (error.empty() ? "" : " " + error) + "\n";
     }
     std::string CheckText() const {
-        const ProgramStore& store = Bench->Store;
-        const InterpreterControls& shown = Bench->Results;
+        const ProgramStore& store = Workbench->Store;
+        const InterpreterControls& shown = Workbench->Results;
         std::string text;
         for (int line = 0; line < store.LineCount(); ++line) text += RowText(line);
         text += "  executed " + shown.lblPPLinesExe.Caption.Get() + ", time " +
@@ -152,22 +152,22 @@ TEST_F(GoldenTest, Draw) {
 TEST_F(GoldenTest, EntryFields) {
     std::string text;
     for (const Setting& setting : AllSettings()) {
-        Use(*Bench, setting);
+        Use(*Workbench, setting);
         text += std::string(setting.Machine) + (setting.Metric ? " mm" : " inch") +
                 (setting.Horizontal ? " horizontal" : "") + "\n";
         std::map<std::string, std::string> codesOf;
         for (int number = 0; number < 201; ++number) {
             const std::string code =
                 number == 200 ? "M99R" : (number < 100 ? "G" : "M") + Format(number % 100, "00") + " ";
-            Platform.Focus.SetFocus(Bench->Store.lvCncProgram);
+            Platform.Focus.SetFocus(Workbench->Store.lvCncProgram);
             std::string fields;
-            for (const GeneratedField& field : FieldsOf(*Bench, code)) {
-                const TextBox& box = Bench->Entry.Fields()[field.Place].Box;
+            for (const GeneratedField& field : FieldsOf(*Workbench, code)) {
+                const TextBox& box = Workbench->Entry.Fields()[field.Place].Box;
                 fields += ", " + box.Name() + " " + field.Label + " " + box.Tag.Get();
                 EXPECT_EQ(box.ToolTip.Get(), Replace(box.Tag, "TO", " = Low, Hi = ")) << code;
             }
             if (fields.empty()) continue;
-            const EntryRow& entry = Bench->Entry;
+            const EntryRow& entry = Workbench->Entry;
             EXPECT_EQ(entry.cmdFeedA.Enabled.Get(), entry.cmdFeedB.Enabled.Get());
             const Control* const focused = Platform.Focus.Focused();
             codesOf[(focused ? focused->Name() : "") + (entry.cmdFeedA.Enabled ? " with feed buttons" : "") +
@@ -212,12 +212,12 @@ TEST_F(GoldenTest, Limits) {
     std::string text;
     for (const bool widened : {false, true}) {
         for (const Setting& setting : AllSettings()) {
-            Use(*Bench, setting);
-            ProgramStore& store = Bench->Store;
+            Use(*Workbench, setting);
+            ProgramStore& store = Workbench->Store;
             store.LimitValues.Fill(widened);
             text += std::string(setting.Machine) + (setting.Metric ? " mm" : " inch") +
                     (setting.Horizontal ? " horizontal" : "") + (widened ? " without limits" : "") + "\n";
-            const ParameterChecks checks(store, Bench->Language);
+            const ParameterChecks checks(store, Workbench->Language);
             std::map<std::string, std::string> codesOf;
             for (int number = 0; number < 202; ++number) {
                 const std::string code = number == 200 ? "M99R"

@@ -1,6 +1,6 @@
 #include "basic/number.h"
 #include "basic/run_time_error.h"
-#include "support/bench_fixture.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
@@ -9,23 +9,23 @@ namespace {
 Line Plain(const char* code) { return {.Code = code}; }
 Line To(const char* code, int target) { return {.Code = code, .F = Format(target, "00")}; }
 
-class FlowTest : public BenchTest {
+class FlowTest : public WorkbenchFixture {
 protected:
-    std::string Executed() { return Bench->Results.lblPPLinesExe.Caption.Get(); }
-    std::string Header() { return Bench->Store.lvCncProgram.Header(ErrorHeader).Text; }
+    std::string Executed() { return Workbench->Results.lblPPLinesExe.Caption.Get(); }
+    std::string Header() { return Workbench->Store.lvCncProgram.Header(ErrorHeader).Text; }
 };
 
 TEST_F(FlowTest, JumpBelowLine0GoesOnWithTheNextLine) {
     std::size_t records = 0;
     for (const char* cell : {"L-01", "L-99"}) {
         Check("MK4", {To("27", 0), Plain("21")});
-        Bench->Store.lvCncProgram.Row(1)[column::F] = std::string_view(cell);
-        Bench->Interpreter.Interpreter();
-        ASSERT_EQ(Bench->Log.Records().size(), ++records);
-        EXPECT_EQ(Bench->Log.Records().back().Number, fault::SubscriptOutOfRange);
+        Workbench->Store.lvCncProgram.Row(1)[column::F] = std::string_view(cell);
+        Workbench->Interpreter.Interpreter();
+        ASSERT_EQ(Workbench->Log.Records().size(), ++records);
+        EXPECT_EQ(Workbench->Log.Records().back().Number, fault::SubscriptOutOfRange);
         EXPECT_EQ(Executed(), "2");
         EXPECT_EQ(Error(0), "!L= 0 minimum");
-        EXPECT_EQ(Bench->Results.lblPPMachineTime.Caption.Get(), "00:00:00");
+        EXPECT_EQ(Workbench->Results.lblPPMachineTime.Caption.Get(), "00:00:00");
     }
 }
 
@@ -43,15 +43,15 @@ std::vector<Line> Multiplied(int calls) {
 TEST_F(FlowTest, NestedCallsEndAtAMillionLines) {
     Check("MK4", Multiplied(10));
     EXPECT_EQ(Executed(), std::to_string(11 * 11111 + 100000));
-    EXPECT_EQ(Bench->Store.ErrorRow, 0);
+    EXPECT_EQ(Workbench->Store.ErrorRow, 0);
     Check("MK4", Multiplied(16));
     EXPECT_EQ(Executed(), "1000000");
-    EXPECT_TRUE(Bench->Store.ErrorFlagged);
-    EXPECT_EQ(Bench->Results.lblPPMachineTime.Caption.Get(), "xx:xx:xx");
+    EXPECT_TRUE(Workbench->Store.ErrorFlagged);
+    EXPECT_EQ(Workbench->Results.lblPPMachineTime.Caption.Get(), "xx:xx:xx");
     int told = 0;
     for (int line = 0; line < 86; ++line) told += Error(line) == "!Too many lines executed" ? 1 : 0;
     EXPECT_EQ(told, 1);
-    EXPECT_EQ(Error(Bench->Store.ErrorRow - 1), "!Too many lines executed");
+    EXPECT_EQ(Error(Workbench->Store.ErrorRow - 1), "!Too many lines executed");
 }
 
 TEST_F(FlowTest, TooManyLines) {
@@ -76,29 +76,29 @@ TEST_F(FlowTest, TooManyLines) {
     for (const auto& one : cases) {
         std::vector<Line> lines(static_cast<std::size_t>(one.Lines), Plain("21"));
         const auto expect = [&](int line, const char* when) {
-            for (int n = 0; n < Bench->Store.LineCount(); ++n) {
+            for (int n = 0; n < Workbench->Store.LineCount(); ++n) {
                 EXPECT_EQ(Error(n), n == line ? message : "") << one.Machine << one.Lines << when << n;
             }
-            EXPECT_EQ(Bench->Store.ErrorFlagged, line >= 0);
-            EXPECT_NE(Bench->Results.lblPPMachineTime.Caption.Get(), "xx:xx:xx");
+            EXPECT_EQ(Workbench->Store.ErrorFlagged, line >= 0);
+            EXPECT_NE(Workbench->Results.lblPPMachineTime.Caption.Get(), "xx:xx:xx");
         };
         if (one.EndCodeAt >= 0) lines[static_cast<std::size_t>(one.EndCodeAt)] = Plain("M30");
         Check(one.Machine, lines);
         expect(one.AtLoad, " load ");
         // An edit of the first line.
-        Bench->Store.lvCncProgram.Select(1);
-        Bench->Entry.lblGMcode.Caption = "G";
-        Bench->Entry.txtGMcode.Text = "21";
-        Bench->Lines.LineEdit();
+        Workbench->Store.lvCncProgram.Select(1);
+        Workbench->Entry.lblGMcode.Caption = "G";
+        Workbench->Entry.txtGMcode.Text = "21";
+        Workbench->Lines.LineEdit();
         expect(one.AfterEdit, " edit ");
         if (one.AfterEdit >= 0) {
             EXPECT_EQ(Header(), "Error in line " + std::to_string(one.HeaderAfterEdit));
         }
-        Bench->Store.DisableLimitsCheck = true;
-        Bench->Interpreter.Interpreter();
+        Workbench->Store.DisableLimitsCheck = true;
+        Workbench->Interpreter.Interpreter();
         expect(-1, " disabled ");
-        Bench->Store.DisableLimitsCheck = false;
-        Bench->Store.ProgramChanged = false;
+        Workbench->Store.DisableLimitsCheck = false;
+        Workbench->Store.ProgramChanged = false;
     }
 }
 
@@ -106,12 +106,12 @@ TEST_F(FlowTest, TooManyLines) {
 TEST_F(FlowTest, OverflowIsReportedAndTheRunGoesOn) {
     Check("MK4",
           {Plain("00"), Plain("00"), Plain("90"), {.Code = "84", .F = "100", .H = "10"}, Plain("M30")});
-    for (int row = 1; row <= 2; ++row) Bench->Store.lvCncProgram.Row(row)[column::X] = "2000000000";
-    EXPECT_NO_THROW(Bench->Interpreter.Interpreter());
+    for (int row = 1; row <= 2; ++row) Workbench->Store.lvCncProgram.Row(row)[column::X] = "2000000000";
+    EXPECT_NO_THROW(Workbench->Interpreter.Interpreter());
     EXPECT_EQ(Executed(), "5");
-    ASSERT_FALSE(Bench->Log.Records().empty());
-    EXPECT_EQ(Bench->Log.Records()[0].Number, 6);
-    EXPECT_EQ(Bench->Log.Records()[0].Procedure, "Interpreter");
+    ASSERT_FALSE(Workbench->Log.Records().empty());
+    EXPECT_EQ(Workbench->Log.Records()[0].Number, 6);
+    EXPECT_EQ(Workbench->Log.Records()[0].Procedure, "Interpreter");
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 #include "basic/number.h"
-#include "support/bench_fixture.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
@@ -7,15 +7,15 @@ namespace {
 
 Line Plain(const char* code) { return {.Code = code}; }
 
-class PassTest : public BenchTest {
+class PassTest : public WorkbenchFixture {
 protected:
-    ListView& List() { return Bench->Store.lvCncProgram; }
-    InterpreterControls& Shown() { return Bench->Results; }
+    ListView& List() { return Workbench->Store.lvCncProgram; }
+    InterpreterControls& Shown() { return Workbench->Results; }
     std::string Executed() { return Shown().lblPPLinesExe.Caption.Get(); }
     std::string MachineTime() { return Shown().lblPPMachineTime.Caption.Get(); }
     std::string Header() { return List().Header(ErrorHeader).Text; }
     int ErrorWidth() { return List().Header(ErrorHeader).Width; }
-    void Run() { Bench->Interpreter.Interpreter(); }
+    void Run() { Workbench->Interpreter.Interpreter(); }
 };
 
 TEST_F(PassTest, EmptyProgram) {
@@ -24,17 +24,17 @@ TEST_F(PassTest, EmptyProgram) {
         ASSERT_NE(Shown().lblXAxisMax.Caption.Get(), "0");
         ASSERT_GT(ErrorWidth(), 0);
         List().Clear();
-        if (blankLine) Bench->Store.AddBlankLine(true);
-        Bench->Store.ProgramChanged = true;
-        Bench->Store.ArcPresent = true;
+        if (blankLine) Workbench->Store.AddBlankLine(true);
+        Workbench->Store.ProgramChanged = true;
+        Workbench->Store.ArcPresent = true;
         Run();
         EXPECT_EQ(Shown().lblPPLines.Caption.Get(), "0");
         EXPECT_EQ(Executed(), "xxx");
         EXPECT_EQ(MachineTime(), "xx:xx:xx");
         EXPECT_EQ(ErrorWidth(), 0);
-        EXPECT_FALSE(Bench->Store.ErrorFlagged);
-        EXPECT_FALSE(Bench->Store.ProgramChanged);
-        EXPECT_FALSE(Bench->Store.ArcPresent);
+        EXPECT_FALSE(Workbench->Store.ErrorFlagged);
+        EXPECT_FALSE(Workbench->Store.ProgramChanged);
+        EXPECT_FALSE(Workbench->Store.ArcPresent);
         for (const Label* label : {&Shown().lblXAxisMin, &Shown().lblXAxisMax, &Shown().lblXAxisTravel,
                                    &Shown().lblZAxisMin, &Shown().lblZAxisMax, &Shown().lblZAxisTravel}) {
             EXPECT_EQ(label->Caption.Get(), "0") << label->Name();
@@ -69,7 +69,7 @@ TEST_F(PassTest, ResultCellsAreClearedAndAFlowErrorLeavesTheRest) {
 }
 
 TEST_F(PassTest, TextsOfTheLanguage) {
-    Texts& texts = Bench->Language;
+    Texts& texts = Workbench->Language;
     texts.ErrorHeaderText = "Fehler in Satz";
     texts.ProgramErrorTexts.Set(1, "!Befehl unbekannt");
     texts.ProgramErrorTexts.Set(9, "!M17 ohne G25");
@@ -93,7 +93,7 @@ TEST_F(PassTest, TextsOfTheLanguage) {
     Shown().cmdRun.Click();
     ASSERT_EQ(Platform.Dialogs.Shown.size(), 1U);
     EXPECT_EQ(Platform.Dialogs.Shown[0].Text, "Keine Zeilen");
-    EXPECT_FALSE(Bench->Store.EditorRunMode);
+    EXPECT_FALSE(Workbench->Store.EditorRunMode);
     EXPECT_TRUE(Shown().cmdRun.Visible);
 }
 
@@ -108,7 +108,7 @@ protected:
         });
     }
     void ExpectLeft() {
-        EXPECT_FALSE(Bench->Store.EditorRunMode);
+        EXPECT_FALSE(Workbench->Store.EditorRunMode);
         EXPECT_TRUE(Shown().cmdRun.Visible);
     }
     std::vector<std::string> Seen;
@@ -137,9 +137,9 @@ TEST_F(StepTest, AnEditGivesTheWaitingPassUp) {
     ThenStep();
     Then([this] {
         List().Select(1);
-        Bench->Entry.lblGMcode.Caption = "M";
-        Bench->Entry.txtGMcode.Text = "17";
-        Bench->Lines.LineEdit();
+        Workbench->Entry.lblGMcode.Caption = "M";
+        Workbench->Entry.txtGMcode.Text = "17";
+        Workbench->Lines.LineEdit();
     });
     ThenStep();
     Shown().cmdRun.Click();
@@ -156,7 +156,7 @@ TEST_F(StepTest, OtherWaysOutOfTheWait) {
     // The program goes away under the wait.
     Check("MK4", {Plain("21"), Plain("21")});
     ThenStep();
-    Then([this] { Bench->Calls.ClearProgram_Click(); });
+    Then([this] { Workbench->Calls.ClearProgram_Click(); });
     Shown().cmdRun.Click();
     ExpectLeft();
     EXPECT_EQ(List().Count(), 0);
@@ -165,7 +165,7 @@ TEST_F(StepTest, OtherWaysOutOfTheWait) {
     // The mode is left without a new run.
     Check("MK4", {Plain("21"), Plain("21")});
     ThenStep();
-    Then([this] { Bench->Interpreter.EndStepRun(); });
+    Then([this] { Workbench->Interpreter.EndStepRun(); });
     Shown().cmdRun.Click();
     ExpectLeft();
     EXPECT_EQ(Executed(), "1");
@@ -186,7 +186,7 @@ TEST_F(StepTest, AFlowErrorStaysInTheMode) {
     ThenStep();
     ThenStep();
     Shown().cmdRun.Click();
-    EXPECT_TRUE(Bench->Store.EditorRunMode);
+    EXPECT_TRUE(Workbench->Store.EditorRunMode);
     EXPECT_FALSE(Shown().cmdRun.Visible);
     EXPECT_EQ(Error(1), "!RETURN without SUB");
     // The line is the selected one, so it has the crosses too, and the selection is not given back.

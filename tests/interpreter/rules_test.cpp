@@ -9,14 +9,14 @@ namespace kvt::test {
 
 namespace {
 
-class RulesTest : public BenchTest {
+class RulesTest : public WorkbenchFixture {
 protected:
     // Neither the entry row nor a file can write this key, so the cell is set.
     void CheckRadiusLine(const std::string& machine, const std::string& program, int line, float radius) {
         Check(machine, Program(program));
-        Bench->Store.lvCncProgram.Row(line + 1)[column::Code] = "M99R";
-        Bench->Store.M99Radius = radius;
-        Bench->Interpreter.Interpreter();
+        Workbench->Store.lvCncProgram.Row(line + 1)[column::Code] = "M99R";
+        Workbench->Store.M99Radius = radius;
+        Workbench->Interpreter.Interpreter();
     }
 };
 
@@ -44,9 +44,9 @@ TEST_F(RulesTest, RadiusLineBecomesAnOrdinaryOne) {
         EXPECT_EQ(Cell(1, column::Y), one[8]);
         EXPECT_EQ(Cell(1, column::Z), one[9]);
         // The radius has done its work: the offsets stand for themselves now.
-        Bench->Store.M99Radius = 1;
-        Bench->Interpreter.Interpreter();
-        EXPECT_EQ(Bench->Store.ErrorRow, 0);
+        Workbench->Store.M99Radius = 1;
+        Workbench->Interpreter.Interpreter();
+        EXPECT_EQ(Workbench->Store.ErrorRow, 0);
         EXPECT_EQ(Cell(0, column::Radius), "   500");
     }
 }
@@ -54,13 +54,13 @@ TEST_F(RulesTest, RadiusLineBecomesAnOrdinaryOne) {
 TEST_F(RulesTest, ACountOfCyclesFillsTheCommentWhileTheEntryFieldIsEmpty) {
     Check("MK4", {{"73", "", "", "-500", "100", "", "typed"}});
     EXPECT_EQ(Cell(0, column::Comment), "@  (3x)Drilling Cycle with Chip Breakage");
-    Bench->Store.lvCncProgram.Row(1)[column::Comment] = "typed again";
-    Bench->Entry.txtComment.Text = " ";
-    Bench->Interpreter.Interpreter();
+    Workbench->Store.lvCncProgram.Row(1)[column::Comment] = "typed again";
+    Workbench->Entry.txtComment.Text = " ";
+    Workbench->Interpreter.Interpreter();
     EXPECT_EQ(Cell(0, column::Comment), "typed again");
-    Bench->Entry.txtComment.Text = "";
-    Bench->Lists.lstMK4Gcodes.SetEntry(10, "G73 \tSpanbruch\t ");
-    Bench->Interpreter.Interpreter();
+    Workbench->Entry.txtComment.Text = "";
+    Workbench->Lists.lstMK4Gcodes.SetEntry(10, "G73 \tSpanbruch\t ");
+    Workbench->Interpreter.Interpreter();
     EXPECT_EQ(Cell(0, column::Comment), "@  (3x)Spanbruch");
 }
 

@@ -7,13 +7,13 @@ namespace kvt::test {
 
 namespace {
 
-class View : public BenchTest {
+class View : public WorkbenchFixture {
 protected:
     // Widths of the headers from first to last.
     std::vector<int> Widths(int first, int last) const {
         std::vector<int> widths;
         for (int header = first; header <= last; ++header) {
-            widths.push_back(Bench->Store.lvCncProgram.Header(header).Width);
+            widths.push_back(Workbench->Store.lvCncProgram.Header(header).Width);
         }
         return widths;
     }
@@ -33,15 +33,15 @@ const char* const arc = "02 X100 Z100 F50";
 TEST_F(View, ToolColumns) {
     Check("MK4", Program(arc));
     EXPECT_EQ(Widths(10, 12), (Twips{817, 0, 817}));
-    Bench->Store.lvCncProgram.SetHeaderText(10, "Werkzeug X");
-    Bench->Store.lvCncProgram.SetHeaderText(12, "TZ");
-    Bench->View.MakeToolpositionColums();
+    Workbench->Store.lvCncProgram.SetHeaderText(10, "Werkzeug X");
+    Workbench->Store.lvCncProgram.SetHeaderText(12, "TZ");
+    Workbench->View.MakeToolpositionColums();
     EXPECT_EQ(Widths(10, 12), (Twips{1233, 0, 811}));
     Check("F1", Program(arc));
     EXPECT_EQ(Widths(10, 12), (Twips{1233, 817, 811}));
     Check("MK2", Program("21"));
     EXPECT_EQ(Widths(10, 12), (Twips{1233, 0, 811}));
-    Click(Bench->View.chkViewToolPos, 0);
+    Click(Workbench->View.chkViewToolPos, 0);
     EXPECT_EQ(Widths(10, 12), (Twips{0, 0, 0}));
 }
 
@@ -55,30 +55,30 @@ TEST_F(View, WindowFitsTheColumns) {
         SCOPED_TRACE(one.Machine);
         Check(one.Machine, Program("21"));
         for (int header = 1; header <= SubItemCount; ++header) {
-            Bench->Store.lvCncProgram.SetHeaderWidth(header, header == 1 || header == 19 ? 5000 : 100);
+            Workbench->Store.lvCncProgram.SetHeaderWidth(header, header == 1 || header == 19 ? 5000 : 100);
         }
-        Form& form = Bench->frmMain;
+        Form& form = Workbench->frmMain;
         form.Width = 7;
-        Bench->View.chkSettingsAutowidth.Value = 0;
-        Bench->View.SetAutoWidth();
+        Workbench->View.chkSettingsAutowidth.Value = 0;
+        Workbench->View.SetAutoWidth();
         EXPECT_EQ(form.Width, 7);
-        Bench->View.chkSettingsAutowidth.Value = 1;
+        Workbench->View.chkSettingsAutowidth.Value = 1;
         form.State = WindowState::Maximised;
-        Bench->View.SetAutoWidth();
+        Workbench->View.SetAutoWidth();
         EXPECT_EQ(form.Width, 7);
         form.State = WindowState::Normal;
-        Bench->View.SetAutoWidth();
+        Workbench->View.SetAutoWidth();
         EXPECT_EQ(form.Width, one.Width);
         Platform.Screen.WidthTwips = 9000;
-        Bench->View.SetAutoWidth();
+        Workbench->View.SetAutoWidth();
         EXPECT_EQ(form.Width, 9000);
         Platform.Screen.WidthTwips = 28800;
     }
     // The line properties fit it, shown or not.
     Check("MK4", Program("21"));
-    const int shown = Bench->frmMain.Width;
-    Click(Bench->View.chkViewLineProperties, 0);
-    EXPECT_EQ(Bench->frmMain.Width, std::max(SmallestWidth, shown - 811));
+    const int shown = Workbench->frmMain.Width;
+    Click(Workbench->View.chkViewLineProperties, 0);
+    EXPECT_EQ(Workbench->frmMain.Width, std::max(SmallestWidth, shown - 811));
 }
 
 TEST_F(View, CommentsForEmptyCells) {
@@ -106,15 +106,15 @@ TEST_F(View, CommentsForEmptyCells) {
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(std::string(one.Machine) + " " + one.Row.Code);
-        Bench->View.chkViewGcode.Value = 0;
+        Workbench->View.chkViewGcode.Value = 0;
         Check(one.Machine, {{"21"}, one.Row, {"21"}});
-        Bench->Store.lvCncProgram.Select(3);
-        Click(Bench->View.chkViewGcode, 1);
+        Workbench->Store.lvCncProgram.Select(3);
+        Click(Workbench->View.chkViewGcode, 1);
         EXPECT_EQ(Comment(1), one.Comment);
         EXPECT_EQ(Comment(2), "@  Empty Line");
         EXPECT_EQ(Comment(3), " ");  // the open line
-        EXPECT_EQ(Bench->Store.lvCncProgram.SelectedRow(), 3);
-        EXPECT_TRUE(Bench->Store.ProgramChanged);
+        EXPECT_EQ(Workbench->Store.lvCncProgram.SelectedRow(), 3);
+        EXPECT_TRUE(Workbench->Store.ProgramChanged);
     }
 }
 
@@ -124,15 +124,15 @@ TEST_F(View, CommentsAreTakenOutAgain) {
                   {"00", "", "", "", "", "", "@ mine"},
                   {"00"},
                   {"73", "", "", "-500", "100"}});
-    Bench->Lists.lstMK4Gcodes.ListIndex = 1;
-    Bench->Lists.lstMK4Mcodes.ListIndex = 2;
-    Click(Bench->View.chkViewGcode, 1);
-    EXPECT_EQ(Bench->Lists.lstMK4Gcodes.ListIndex, -1);
-    EXPECT_EQ(Bench->Lists.lstMK4Mcodes.ListIndex, -1);
+    Workbench->Lists.lstMK4Gcodes.ListIndex = 1;
+    Workbench->Lists.lstMK4Mcodes.ListIndex = 2;
+    Click(Workbench->View.chkViewGcode, 1);
+    EXPECT_EQ(Workbench->Lists.lstMK4Gcodes.ListIndex, -1);
+    EXPECT_EQ(Workbench->Lists.lstMK4Mcodes.ListIndex, -1);
     EXPECT_EQ(Comment(3), "@  Rapid Traverse");
     std::string focused = "none";
-    Bench->Calls.FirstFieldFocus = [&](std::string_view initial) { focused = initial; };
-    Click(Bench->View.chkViewGcode, 0);
+    Workbench->Calls.FirstFieldFocus = [&](std::string_view initial) { focused = initial; };
+    Click(Workbench->View.chkViewGcode, 0);
     EXPECT_EQ(Comment(0), "typed");
     EXPECT_EQ(Comment(1), "");
     EXPECT_EQ(Comment(2), "@ mine");
@@ -142,8 +142,8 @@ TEST_F(View, CommentsAreTakenOutAgain) {
     EXPECT_EQ(focused, "");
 
     Check("MK4", {});
-    Click(Bench->View.chkViewGcode, 1);
-    EXPECT_FALSE(Bench->Store.ProgramChanged);
+    Click(Workbench->View.chkViewGcode, 1);
+    EXPECT_FALSE(Workbench->Store.ProgramChanged);
 }
 
 }  // namespace kvt::test

@@ -1,5 +1,5 @@
 #include "shell/language_tables.h"
-#include "support/bench_fixture.h"
+#include "support/workbench_fixture.h"
 
 #include "basic/code_page.h"
 #include "basic/text.h"
@@ -23,17 +23,17 @@ std::string CaptionAs(const Control& control) {
     return caption;
 }
 
-class LanguageTest : public BenchTest {
+class LanguageTest : public WorkbenchFixture {
 protected:
     void LoadModule(const std::string& bytes) {
         Platform.Files.WriteWhole(Path("module.txt"), bytes);
         std::string name = Path("module.txt");
-        EXPECT_EQ(Bench->Reader.LoadFile(name), LoadResult::LanguageModule);
+        EXPECT_EQ(Workbench->Reader.LoadFile(name), LoadResult::LanguageModule);
     }
     // Every text that a module can set, one a line.
     std::string AllTexts() const {
         std::string all;
-        for (const Control* control : Bench->frmMain.Controls()) {
+        for (const Control* control : Workbench->frmMain.Controls()) {
             all += control->Name() + "|" + control->ToolTip.Get() + "|";
             all += CaptionAs<CommandButton, Label, Menu, Frame, CheckBox, OptionButton>(*control);
             if (const auto* list = dynamic_cast<const ListBox*>(control)) {
@@ -42,17 +42,17 @@ protected:
             all += "\n";
         }
         for (const TableSection& section : TableSections()) {
-            const TextTable& table = section.Table(Bench->Language);
+            const TextTable& table = section.Table(Workbench->Language);
             for (int i = 1; i <= table.Size(); ++i) all += std::string(Trim(table.At(i))) + "\n";
         }
         for (int header = 1; header <= SubItemCount; ++header)
-            all += Bench->Store.lvCncProgram.Header(header).Text + "\n";
-        for (const std::string& tab : Bench->Main.tabSettings.Captions) all += tab + "\n";
-        return all + Bench->Language.ErrorHeaderText + Bench->Language.EntryCaption;
+            all += Workbench->Store.lvCncProgram.Header(header).Text + "\n";
+        for (const std::string& tab : Workbench->Main.tabSettings.Captions) all += tab + "\n";
+        return all + Workbench->Language.ErrorHeaderText + Workbench->Language.EntryCaption;
     }
     std::size_t FailuresOf(const char* procedure) const {
         std::size_t count = 0;
-        for (const ErrorLog::Record& record : Bench->Log.Records())
+        for (const ErrorLog::Record& record : Workbench->Log.Records())
             count += record.Procedure == procedure ? 1 : 0;
         return count;
     }
@@ -62,20 +62,20 @@ protected:
 
 TEST_F(LanguageTest, TheModuleThatIsWrittenChangesNothing) {
     const std::string before = AllTexts();
-    const std::string module = Bench->Modules.WriteModule();
+    const std::string module = Workbench->Modules.WriteModule();
     LoadModule(module);
     EXPECT_EQ(AllTexts(), before);
-    EXPECT_EQ(Bench->Language.LanguageName, "English");
-    EXPECT_EQ(Bench->Modules.WriteModule(), module);
+    EXPECT_EQ(Workbench->Language.LanguageName, "English");
+    EXPECT_EQ(Workbench->Modules.WriteModule(), module);
     EXPECT_EQ(FailuresOf("LoadLanguageModule"), 0u);
 }
 
 TEST_F(LanguageTest, EveryLabelHasItsControl) {
     for (const LabelRow& row : LabelRows()) {
         const std::vector<std::string_view> names = Split(row.Control, ".");
-        const Form* form = names.size() == 2 ? nullptr : &Bench->frmMain;
+        const Form* form = names.size() == 2 ? nullptr : &Workbench->frmMain;
         bool found = false;
-        for (const Form* one : Bench->Forms()) {
+        for (const Form* one : Workbench->Forms()) {
             found = found || (names.size() == 1 && one->Name() == names[0]);
             if (names.size() == 2 && one->Name() == names[0]) form = one;
         }
@@ -84,7 +84,7 @@ TEST_F(LanguageTest, EveryLabelHasItsControl) {
 }
 
 TEST_F(LanguageTest, GermanTranslatesEveryText) {
-    const LanguageModule english = ReadLanguageModule(Bench->Modules.WriteModule());
+    const LanguageModule english = ReadLanguageModule(Workbench->Modules.WriteModule());
     const std::string bytes = Platform.Files.ReadWhole(KVT_SOURCE_DIR "/languages/Deutsch.txt");
     const LanguageModule german = ReadLanguageModule(bytes);
     EXPECT_FALSE(IsUtf8(bytes));
@@ -108,9 +108,9 @@ TEST_F(LanguageTest, GermanTranslatesEveryText) {
 
 TEST_F(LanguageTest, SectionsKeysAndOrder) {
     ASSERT_EQ(Load(FileText("MK4", {{"92", "100", "", "100"}, {"77"}, {"M30"}})), LoadResult::Loaded);
-    Bench->View.chkViewGcode.Value = 1;
-    Bench->Options.chkViewGcode_Click();
-    const std::string header = Bench->Store.lvCncProgram.Header(3).Text;
+    Workbench->View.chkViewGcode.Value = 1;
+    Workbench->Options.chkViewGcode_Click();
+    const std::string header = Workbench->Store.lvCncProgram.Header(3).Text;
     LoadModule(
         Module("[SYSTEM variables]\nLanguage name = Test\nTranslated by=Me\n"
                "[Frame View]\nTOOL POSITION= Ort \nFile Notes=\nGcode\n;View=no\nNonsense=1\n"
@@ -120,48 +120,48 @@ TEST_F(LanguageTest, SectionsKeysAndOrder) {
                "[G-code MK4]\nG00=Eil\nx=\nG02=Kreis\n[M-Code MK4]\n" +
                std::string("1=\n2=\n3=\n4=\n5=\n6=\n7=\n8=\n9=\n10=\n11=Schluss\n") +
                "[Toolbar]\nOpen File=Auf\n[DRAW Menu View]\nView=Blick\nBackground=Grund\n"));
-    EXPECT_EQ(Bench->View.chkViewToolPos.Caption, "Ort");
-    EXPECT_EQ(Bench->View.chkViewFileNotes.Caption, "File Notes");
-    EXPECT_EQ(Bench->View.chkViewGcode.Caption, "Gcode");
-    EXPECT_EQ(Bench->Main.frView.Caption, "View");
-    EXPECT_EQ(Bench->Language.EntryCaption, "Eingabe");
-    EXPECT_EQ(Bench->Main.mnuMachine.Caption, "Maschine");
-    EXPECT_EQ(Bench->Main.tabSettings.Captions[settings_page::Machine], "Maschine");
-    EXPECT_EQ(Bench->Language.ErrorTexts.At(1), "one=1");
-    EXPECT_EQ(Bench->Language.ErrorTexts.At(3), "three");
-    EXPECT_EQ(Bench->Language.DrawViewTexts.At(2), "Grund");  // by its order, whatever the key
-    const ListView& list = Bench->Store.lvCncProgram;
+    EXPECT_EQ(Workbench->View.chkViewToolPos.Caption, "Ort");
+    EXPECT_EQ(Workbench->View.chkViewFileNotes.Caption, "File Notes");
+    EXPECT_EQ(Workbench->View.chkViewGcode.Caption, "Gcode");
+    EXPECT_EQ(Workbench->Main.frView.Caption, "View");
+    EXPECT_EQ(Workbench->Language.EntryCaption, "Eingabe");
+    EXPECT_EQ(Workbench->Main.mnuMachine.Caption, "Maschine");
+    EXPECT_EQ(Workbench->Main.tabSettings.Captions[settings_page::Machine], "Maschine");
+    EXPECT_EQ(Workbench->Language.ErrorTexts.At(1), "one=1");
+    EXPECT_EQ(Workbench->Language.ErrorTexts.At(3), "three");
+    EXPECT_EQ(Workbench->Language.DrawViewTexts.At(2), "Grund");  // by its order, whatever the key
+    const ListView& list = Workbench->Store.lvCncProgram;
     EXPECT_EQ(list.Header(2).Text, "Nr");
     EXPECT_EQ(list.Header(3).Text, header);
-    EXPECT_EQ(Bench->Language.ErrorHeaderText, "Fehler");
-    EXPECT_EQ(Bench->Lists.lstMK4Gcodes.Entry(0), "G00 \tEil");
-    EXPECT_EQ(Bench->Lists.lstMK4Gcodes.Entry(1), "G01 \tLinear Interpolation");
+    EXPECT_EQ(Workbench->Language.ErrorHeaderText, "Fehler");
+    EXPECT_EQ(Workbench->Lists.lstMK4Gcodes.Entry(0), "G00 \tEil");
+    EXPECT_EQ(Workbench->Lists.lstMK4Gcodes.Entry(1), "G01 \tLinear Interpolation");
     // Comments of codes follow the language, and so does the header of the finding.
     EXPECT_EQ(Cell(2, column::Comment), "@  Schluss");
     EXPECT_EQ(list.Header(9).Text.substr(0, 6), "Fehler");
-    EXPECT_EQ(Bench->Main.cmdTopButtons[0]->ToolTip, "Auf");
-    for (const auto& button : Bench->Main.cmdTopButtons) EXPECT_EQ(button->Caption, "");
-    EXPECT_EQ(Bench->Language.TranslatedBy, "Me");
-    EXPECT_EQ(Bench->Language.ModuleFile, Path("module.txt"));
+    EXPECT_EQ(Workbench->Main.cmdTopButtons[0]->ToolTip, "Auf");
+    for (const auto& button : Workbench->Main.cmdTopButtons) EXPECT_EQ(button->Caption, "");
+    EXPECT_EQ(Workbench->Language.TranslatedBy, "Me");
+    EXPECT_EQ(Workbench->Language.ModuleFile, Path("module.txt"));
     EXPECT_EQ(FailuresOf("LoadLanguageModule"), 0u);
 
     // A new module clears the names, not the tables; a blank entry brings the English back.
     LoadModule(
         "\xEF\xBB\xBF" +
         Module("[Error Messages]\n=\n2=\xC3\xA4\n[System Variables]\nLanguage Name=English\n[Toolbar]"));
-    EXPECT_EQ(Bench->Language.ErrorTexts.At(1), "No Lines of code present");
-    EXPECT_EQ(Bench->Language.ErrorTexts.At(2), "\xE4");
-    EXPECT_EQ(Bench->Language.ErrorTexts.At(3), "three");
-    EXPECT_EQ(Bench->Language.TranslatedBy, "");
-    EXPECT_EQ(Bench->Main.cmdTopButtons[8]->Caption, "RX");
+    EXPECT_EQ(Workbench->Language.ErrorTexts.At(1), "No Lines of code present");
+    EXPECT_EQ(Workbench->Language.ErrorTexts.At(2), "\xE4");
+    EXPECT_EQ(Workbench->Language.ErrorTexts.At(3), "three");
+    EXPECT_EQ(Workbench->Language.TranslatedBy, "");
+    EXPECT_EQ(Workbench->Main.cmdTopButtons[8]->Caption, "RX");
 
     // A place holder only keeps its name; it counts in the first line alone.
     LoadModule("; a DUMMY\r\n" + Module("[Error Messages]\n1=never\n"));
-    EXPECT_EQ(Bench->Language.ErrorTexts.At(1), "No Lines of code present");
-    EXPECT_EQ(Bench->Language.LanguageName, "English");
+    EXPECT_EQ(Workbench->Language.ErrorTexts.At(1), "No Lines of code present");
+    EXPECT_EQ(Workbench->Language.LanguageName, "English");
     LoadModule(Module("[Error Messages]\n1=dummy\n"));
-    EXPECT_EQ(Bench->Language.ErrorTexts.At(1), "dummy");
-    EXPECT_EQ(Bench->Store.LineCount(), 3);
+    EXPECT_EQ(Workbench->Language.ErrorTexts.At(1), "dummy");
+    EXPECT_EQ(Workbench->Store.LineCount(), 3);
 }
 
 TEST_F(LanguageTest, LinesBeyondTheEndAreReportedAndTheWalkGoesOn) {
@@ -173,7 +173,7 @@ TEST_F(LanguageTest, LinesBeyondTheEndAreReportedAndTheWalkGoesOn) {
     for (int i = 0; i < 23 + 300; ++i) lines += "=c\n";
     LoadModule(Module(lines + "[Frame Path]\nCurrent File=Datei"));
     EXPECT_EQ(FailuresOf("LoadLanguageModule"), 2u + 1 + 100);
-    EXPECT_EQ(Bench->Main.frControlPanel.Caption, "Datei");
+    EXPECT_EQ(Workbench->Main.frControlPanel.Caption, "Datei");
 }
 
 }  // namespace kvt::test

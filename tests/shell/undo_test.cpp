@@ -2,15 +2,15 @@
 #include <random>
 
 #include "platform/keys.h"
-#include "support/bench_fixture.h"
 #include "support/program_generator.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
 namespace {
 
 // A user at work, and what the workbench was in front of each step that can be taken back.
-class UndoTest : public BenchTest {
+class UndoTest : public WorkbenchFixture {
 protected:
     struct State {
         std::string Program, File;
@@ -23,13 +23,13 @@ protected:
 
     UndoTest() {
         Platform.System.DataFolder = Path("user");
-        Bench->Form_Load("");
-        Bench->Entry.chkSettingsDWC.Value = 1;
+        Workbench->Form_Load("");
+        Workbench->Entry.chkSettingsDWC.Value = 1;
     }
 
     // All that a step brings back, with what the check makes of it.
     State Now() const {
-        const ProgramStore& store = Bench->Store;
+        const ProgramStore& store = Workbench->Store;
         const ListView& list = store.lvCncProgram;
         State state;
         std::string& text = state.Program;
@@ -37,79 +37,80 @@ protected:
                (store.Horizontal ? " flat " : " ") + std::to_string(list.SelectedRow()) + " of " +
                std::to_string(list.TopRow()) + " error " +
                std::to_string(store.ErrorFlagged ? store.ErrorRow : 0) + "\n" +
-               Bench->File.txtFileNotes.Text.Get() + "\n";
+               Workbench->File.txtFileNotes.Text.Get() + "\n";
         for (int row = 1; row <= list.Count(); ++row) {
             for (int c = column::Number; c <= column::Comment; ++c)
                 text += std::string(list.Row(row)[c].View()) + "|";
             text += std::to_string(list.Row(row).ForeColor) + "\n";
         }
-        if (!store.ErrorFlagged) text += Bench->Results.lblXAxisTravel.Caption.Get();
+        if (!store.ErrorFlagged) text += Workbench->Results.lblXAxisTravel.Caption.Get();
         state.File = Called();
         state.Changed = store.Unsaved();
         return state;
     }
 
     // Where an operation runs no check, the next step does.
-    void Check() {
-        ListView& list = Bench->Store.lvCncProgram;
+    void CheckAgain() {
+        ListView& list = Workbench->Store.lvCncProgram;
         const int selected = list.SelectedRow();
-        Bench->Store.PutBack(Bench->Store.LastPass);
-        const bool changed = Bench->Store.ProgramChanged;
-        Bench->Interpreter.Recheck();
-        Bench->Store.ProgramChanged = changed;
+        Workbench->Store.PutBack(Workbench->Store.LastPass);
+        const bool changed = Workbench->Store.ProgramChanged;
+        Workbench->Interpreter.Recheck();
+        Workbench->Store.ProgramChanged = changed;
         list.Select(selected);
     }
 
-    void Click(const char* name) { Bench->frmMain.FindControl(name)->Click(); }
+    void Click(const char* name) { Workbench->frmMain.FindControl(name)->Click(); }
     int Random(int most) { return std::uniform_int_distribution<int>(0, most)(random_); }
 
     void TypeLine() {
-        const std::vector<std::string> codes = CodesOf(*Bench);
+        const std::vector<std::string> codes = CodesOf(*Workbench);
         const std::string code = codes[static_cast<std::size_t>(Random(static_cast<int>(codes.size()) - 1))];
-        EntryRow& entry = Bench->Entry;
-        const std::vector<GeneratedField> fields = FieldsOf(*Bench, code);
+        EntryRow& entry = Workbench->Entry;
+        const std::vector<GeneratedField> fields = FieldsOf(*Workbench, code);
         entry.lblGMcode.Caption = code.substr(0, 1);
         entry.txtGMcode.Text = code.substr(1, code[3] == 'R' ? 3 : 2);
         for (const GeneratedField& field : fields)
             entry.Fields()[field.Place].Box.Text = std::to_string(field.Value(random_));
         entry.txtComment.Text = Random(3) == 0 ? "by hand" : "";
-        Bench->Lines.LineEdit();
+        Workbench->Lines.LineEdit();
     }
 
     void ChangeLine() {
-        Bench->Store.lvCncProgram.Click();
-        EntryRow& entry = Bench->Entry;
+        Workbench->Store.lvCncProgram.Click();
+        EntryRow& entry = Workbench->Entry;
         TextBox& box = Random(1) == 0 ? entry.txtComment : entry.Fields()[3].Box;
         box.Text = std::to_string(Random(90) + 10);
-        Bench->Lines.LineEdit();
+        Workbench->Lines.LineEdit();
     }
 
     void ReplaceFeed() {
-        Bench->Entry.txtFeedA.Text = std::to_string(Random(90) + 10);
+        Workbench->Entry.txtFeedA.Text = std::to_string(Random(90) + 10);
         int enter = key::Enter;
-        Bench->Entry.txtFeedA.OnKeyPress(enter);
+        Workbench->Entry.txtFeedA.OnKeyPress(enter);
     }
 
     void OpenOne() {
         const std::string name = Path("other" + std::to_string(Random(2)) + ".cnc");
         Platform.Dialogs.Answers = {Answer::No};
-        Bench->frmMain.OnDropFile(name);
+        Workbench->frmMain.OnDropFile(name);
     }
 
     void Paste() {
         Platform.Clipboard.Content = FileContent("other1.cnc");
-        Bench->Calls.LoadClipboardModule();
+        Workbench->Calls.LoadClipboardModule();
     }
 
     std::string Called() const {
-        return Bench->File.lblPath.Caption.Get() + " " + Bench->File.lblFileName.Caption.Get();
+        return Workbench->File.lblPath.Caption.Get() + " " + Workbench->File.lblFileName.Caption.Get();
     }
 
     // From a save on the program has that name, and none of its other states, nor of another program of that name, is
     // what the file holds.
     void Save() {
-        if (Bench->Store.LineCount() == 0) return;
-        if (Bench->File.lblPath.Caption.Empty()) Platform.Dialogs.FileAnswers = {{false, Path("saved.cnc")}};
+        if (Workbench->Store.LineCount() == 0) return;
+        if (Workbench->File.lblPath.Caption.Empty())
+            Platform.Dialogs.FileAnswers = {{false, Path("saved.cnc")}};
         Click("mnuSave");
         for (std::size_t i = before_.size(); i-- > 0 && !replaced_[i];) before_[i].File = Called();
         for (State& state : before_) state.Changed = state.Changed || state.File == Called();
@@ -119,18 +120,20 @@ protected:
         switch (what) {
             case 0: return Click("RCmnuInsert");
             case 1: return Click("RCmnuDelete");
-            case 2: return Click(Bench->Store.Metric ? "mnuMMtoINCH" : "mnuINCHtoMM");
+            case 2: return Click(Workbench->Store.Metric ? "mnuMMtoINCH" : "mnuINCHtoMM");
             case 3: return Click("mnuDelComments");
             case 4: return ReplaceFeed();
             case 5:
-                Bench->File.txtFileNotes.Text = "notes " + std::to_string(Random(99));
-                Bench->Store.ProgramChanged = true;
-                return Bench->History.TakeNotes();
+                Workbench->File.txtFileNotes.Text = "notes " + std::to_string(Random(99));
+                Workbench->Store.ProgramChanged = true;
+                return Workbench->History.TakeNotes();
             case 6: return Click("mnuNew");
             case 7: return OpenOne();
             case 8: return Paste();
             case 9: return Click(Random(1) == 0 ? "optSettingsHinch" : "optSettingsVmm");
-            case 10: return Bench->Machine.OptionOf(Machines()[static_cast<std::size_t>(Random(2))].Model).Click();
+            case 10:
+                return Workbench->Machine.OptionOf(Machines()[static_cast<std::size_t>(Random(2))].Model)
+                    .Click();
             case 11: return Save();
             case 12: return ChangeLine();
             default: return TypeLine();
@@ -139,20 +142,20 @@ protected:
 
     // One step more, on any row.
     void Go() {
-        ListView& list = Bench->Store.lvCncProgram;
+        ListView& list = Workbench->Store.lvCncProgram;
         list.Select(Random(2) == 0 ? list.Count() : Random(list.Count() - 1) + 1);
         list.EnsureVisible(list.SelectedRow());
-        const int steps = Bench->History.Steps();
+        const int steps = Workbench->History.Steps();
         before_.push_back(Now());
         Platform.Dialogs.Answers = {Answer::Yes};
         const int what = Random(30);
         replaced_.push_back(false);
         Act(what);
         Platform.Dialogs.Answers.clear();
-        Check();
-        const int more = Bench->History.Steps() - steps;
+        CheckAgain();
+        const int more = Workbench->History.Steps() - steps;
         ASSERT_TRUE(more == 0 || more == 1) << what;
-        replaced_.back() = more > 0 && ReplacesProgram(Bench->History.ToUndo()->Kind);
+        replaced_.back() = more > 0 && ReplacesProgram(Workbench->History.ToUndo()->Kind);
         if (more == 0) Forget(1);
     }
 
@@ -179,13 +182,13 @@ TEST_F(UndoTest, BringsBackEveryStateOfASession) {
         for (int session = 0; session < sessions && !HasFailure(); ++session) {
             SCOPED_TRACE(std::string(setting.Machine) + " " + std::to_string(session));
             random_.seed(static_cast<unsigned>(session));
-            Use(*Bench, setting);
+            Use(*Workbench, setting);
             for (int file = 0; file < 3; ++file)
                 Platform.Files.WriteWhole(Path("other" + std::to_string(file) + ".cnc"),
-                                          GeneratedFile(*Bench, setting, random_, 2 + 9 * file));
-            Bench->Calls.ClearProgram_Click();
-            Bench->Store.AddBlankLine(true);
-            Bench->History.Start();
+                                          GeneratedFile(*Workbench, setting, random_, 2 + 9 * file));
+            Workbench->Calls.ClearProgram_Click();
+            Workbench->Store.AddBlankLine(true);
+            Workbench->History.Start();
             before_.clear();
             replaced_.clear();
             for (int step = 0; step < 40; ++step) Go();
@@ -198,7 +201,7 @@ TEST_F(UndoTest, BringsBackEveryStateOfASession) {
             const int steps = static_cast<int>(before_.size());
             Back(steps);
             for (int i = 0; i < steps; ++i) {
-                ASSERT_TRUE(Bench->History.ToRedo());
+                ASSERT_TRUE(Workbench->History.ToRedo());
                 Click("mnuRedo");
             }
             ASSERT_EQ(Now(), end);

@@ -8,7 +8,7 @@
 #include "headless/memory_window.h"
 #include "platform/clicks.h"
 #include "platform/keys.h"
-#include "support/bench_fixture.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
@@ -204,7 +204,9 @@ private:
     void Press(int pressed) {
         if (platform_.Focus.Focused()) platform_.System.Press(pressed);
     }
-    static bool InReach(const Control& control) { return control.ReallyVisible() && control.ReallyEnabled(); }
+    static bool InReach(const Control& control) {
+        return control.EffectivelyVisible() && control.EffectivelyEnabled();
+    }
     void ClickOn(Control& control) {
         if (!InReach(control)) return;
         Act([&] {
@@ -219,7 +221,8 @@ private:
     }
 
     void PressRow() {
-        if (!List().ReallyEnabled() || workbench_->Port.IsSending || List().Count() == 0) return GiveUp();
+        if (!List().EffectivelyEnabled() || workbench_->Port.IsSending || List().Count() == 0)
+            return GiveUp();
         const int inSight = std::min(List().VisibleRows(), List().Count() - List().TopRow() + 1);
         const int place = Below(inSight);
         const std::string seen = LineAt(List().TopRow() + place);
@@ -244,7 +247,7 @@ private:
     }
     void SetX() {
         TextBox& field = workbench_->Entry.txtXI;
-        if (!field.ReallyVisible() || workbench_->Entry.lblXI.Caption.Get() != "X") return GiveUp();
+        if (!field.EffectivelyVisible() || workbench_->Entry.lblXI.Caption.Get() != "X") return GiveUp();
         Act([&] {
             if (!FocusByHand(field, platform_.Focus)) return GiveUp();
             field.Text = std::to_string(value_ = 100 + Below(1500));
@@ -299,7 +302,7 @@ private:
     void OpenOther() {
         const std::string machine = machines[Below(3)];
         const Menu& open = workbench_->Main.mnuOpen;
-        if (!open.ReallyEnabled()) return;
+        if (!open.EffectivelyEnabled()) return;
         platform_.Dialogs.FileAnswers.assign(1, {false, FileOf(machine)});
         platform_.Dialogs.Answers.assign(1, Answer::No);
         Act([this] { TurnTo(workbench_->frmMain), workbench_->Main.mnuOpen.Click(); },
@@ -319,7 +322,7 @@ private:
         const bool changed = workbench_->Store.ProgramChanged;
         const Lines before = Program();
         ClickOn(workbench_->Main.mnuMachine);
-        if (!options[chosen]->ReallyVisible()) return;
+        if (!options[chosen]->EffectivelyVisible()) return;
         const bool keeps = Below(2) == 0;
         platform_.Dialogs.Answers.assign(1, keeps ? Answer::No : Answer::Yes);
         const std::string machine(NameOf(workbench_->Store.Machine));
@@ -334,7 +337,7 @@ private:
     }
     void Measure() {
         PictureBox& field = Drawing().pbxDrawField;
-        if (!field.ReallyVisible()) return;
+        if (!field.EffectivelyVisible()) return;
         const auto x = static_cast<float>(Below(40'000));
         const auto y = static_cast<float>(Below(40'000));
         Act([&, x, y] {
@@ -372,12 +375,12 @@ private:
 }  // namespace
 
 // KVT_WAIT_SCRIPTS lets more of them come.
-TEST_F(BenchTest, InWhateverWaitTheRowThatIsEditedIsTheOneThatTheUserSees) {
+TEST_F(WorkbenchFixture, InWhateverWaitTheRowThatIsEditedIsTheOneThatTheUserSees) {
     const char* const wanted = std::getenv("KVT_WAIT_SCRIPTS");
     const char* const first = std::getenv("KVT_WAIT_FIRST");
     const unsigned begin = first ? static_cast<unsigned>(std::atoi(first)) : 1;
     const unsigned scripts = wanted ? static_cast<unsigned>(std::atoi(wanted)) : 150;
-    Bench.reset();
+    Workbench.reset();
     Platform.System.DataFolder = Folder;
     std::map<std::string, int> counts;
     for (unsigned seed = begin; seed < begin + scripts; ++seed) {

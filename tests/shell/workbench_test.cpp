@@ -3,8 +3,8 @@
 #include <set>
 
 #include "basic/text.h"
-#include "support/bench_fixture.h"
 #include "support/table.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
@@ -13,25 +13,25 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::MatchesRegex;
 
-class WorkbenchTest : public BenchTest {
+class WorkbenchTest : public WorkbenchFixture {
 protected:
     void LoadPart() {
         const std::vector<Line> lines = {{"92", "100", "", "100"}, {"02", "300", "", "-100", "50"}, {"M30"}};
         ASSERT_EQ(Load(FileText("MK4", lines, "M", "notes")), LoadResult::Loaded);
-        Bench->Entry.frEntry.Caption = "Linear Interpolation";
-        Bench->Lists.lstMK4Gcodes.ListIndex = 3;
-        Bench->Lists.lstMK4Mcodes.ListIndex = 2;
-        Bench->Entry.lblGMcode.Caption = "M";
-        Bench->Entry.txtGMcode.Text = "06";
+        Workbench->Entry.frEntry.Caption = "Linear Interpolation";
+        Workbench->Lists.lstMK4Gcodes.ListIndex = 3;
+        Workbench->Lists.lstMK4Mcodes.ListIndex = 2;
+        Workbench->Entry.lblGMcode.Caption = "M";
+        Workbench->Entry.txtGMcode.Text = "06";
         std::string code = "06";
-        Bench->Layout.InputFields(code);
-        Bench->Entry.txtComment.Text = "own";
-        Bench->Store.ProgramChanged = true;
+        Workbench->Layout.InputFields(code);
+        Workbench->Entry.txtComment.Text = "own";
+        Workbench->Store.ProgramChanged = true;
     }
     std::vector<Control*> Named(const char* names) {
         std::vector<Control*> controls;
         for (const std::string_view name : Split(names, " ")) {
-            controls.push_back(Bench->frmMain.FindControl(name));
+            controls.push_back(Workbench->frmMain.FindControl(name));
             EXPECT_NE(controls.back(), nullptr) << name;
         }
         return controls;
@@ -49,12 +49,12 @@ protected:
 TEST_F(WorkbenchTest, ClearingEmptiesTheProgramAndTheEntryRow) {
     LoadPart();
     int drawings = 0;
-    Bench->Calls.mnuDraw_Click = [&] { ++drawings; };
-    Bench->Language.EntryCaption = "Eingabe";
+    Workbench->Calls.mnuDraw_Click = [&] { ++drawings; };
+    Workbench->Language.EntryCaption = "Eingabe";
     Platform.Dialogs.Answers = {Answer::Yes};
-    Bench->Calls.ClearProgram_Click();
-    EXPECT_EQ(Bench->Store.lvCncProgram.Count(), 0);
-    EntryRow& entry = Bench->Entry;
+    Workbench->Calls.ClearProgram_Click();
+    EXPECT_EQ(Workbench->Store.lvCncProgram.Count(), 0);
+    EntryRow& entry = Workbench->Entry;
     EXPECT_EQ(entry.frEntry.Caption, "Eingabe");
     for (const EntryRow::Field& field : entry.Fields()) {
         EXPECT_FALSE(field.Box.Visible) << field.Box.Name();
@@ -63,29 +63,29 @@ TEST_F(WorkbenchTest, ClearingEmptiesTheProgramAndTheEntryRow) {
     EXPECT_EQ(entry.txtGMcode.Text, "");
     EXPECT_EQ(entry.txtComment.Text, "");
     EXPECT_EQ(Platform.Focus.Focused(), &entry.txtGMcode);
-    EXPECT_EQ(Bench->Lists.lstMK4Gcodes.ListIndex, -1);
-    EXPECT_EQ(Bench->Lists.lstMK4Mcodes.ListIndex, -1);
-    EXPECT_EQ(Bench->File.lblPath.Caption, "");
-    EXPECT_EQ(Bench->File.lblFileName.Caption, "");
-    EXPECT_EQ(Bench->File.txtFileNotes.Text, "");
-    EXPECT_FALSE(Bench->Store.ProgramChanged);
-    EXPECT_FALSE(Bench->Store.ArcPresent);
-    EXPECT_EQ(Bench->Store.MaxLines(), 209);
-    EXPECT_EQ(Bench->Results.lblPPLines.Caption, "0");
-    EXPECT_EQ(Bench->Results.lblPPMachineTime.Caption, "xx:xx:xx");
-    EXPECT_EQ(Bench->Results.lblXAxisMax.Caption, "0");
+    EXPECT_EQ(Workbench->Lists.lstMK4Gcodes.ListIndex, -1);
+    EXPECT_EQ(Workbench->Lists.lstMK4Mcodes.ListIndex, -1);
+    EXPECT_EQ(Workbench->File.lblPath.Caption, "");
+    EXPECT_EQ(Workbench->File.lblFileName.Caption, "");
+    EXPECT_EQ(Workbench->File.txtFileNotes.Text, "");
+    EXPECT_FALSE(Workbench->Store.ProgramChanged);
+    EXPECT_FALSE(Workbench->Store.ArcPresent);
+    EXPECT_EQ(Workbench->Store.MaxLines(), 209);
+    EXPECT_EQ(Workbench->Results.lblPPLines.Caption, "0");
+    EXPECT_EQ(Workbench->Results.lblPPMachineTime.Caption, "xx:xx:xx");
+    EXPECT_EQ(Workbench->Results.lblXAxisMax.Caption, "0");
     EXPECT_EQ(drawings, 1);
 
     // Nothing to lose, nothing asked.
     Platform.Dialogs.Shown.clear();
-    Bench->Store.AddBlankLine(true);
-    Bench->Store.ProgramChanged = true;
-    Bench->Calls.ClearProgram_Click();
+    Workbench->Store.AddBlankLine(true);
+    Workbench->Store.ProgramChanged = true;
+    Workbench->Calls.ClearProgram_Click();
     LoadPart();
-    Bench->Store.ProgramChanged = false;
-    Bench->Calls.ClearProgram_Click();
+    Workbench->Store.ProgramChanged = false;
+    Workbench->Calls.ClearProgram_Click();
     EXPECT_TRUE(Platform.Dialogs.Shown.empty());
-    EXPECT_EQ(Bench->Store.lvCncProgram.Count(), 0);
+    EXPECT_EQ(Workbench->Store.lvCncProgram.Count(), 0);
 }
 
 TEST_F(WorkbenchTest, AFrozenWindowKeepsItsStop) {
@@ -97,48 +97,49 @@ TEST_F(WorkbenchTest, AFrozenWindowKeepsItsStop) {
         "lstMK2Mcodes lstMK4Gcodes lstMK4Mcodes frFileNotes txtFileNotes frEntry frCmdEditor1 frCmdEditor2 "
         "frCmdEditor3 cmdInsert cmdRun cmdDelete cmdStep cmdStop cmdFeedA cmdFeedB");
     frozen.insert(frozen.end(), frames.begin(), frames.end());
-    for (Control* control : Bench->frmMain.Controls()) {
+    for (Control* control : Workbench->frmMain.Controls()) {
         const bool inFrame = std::find(frames.begin(), frames.end(), control->Container) != frames.end();
         if (inFrame || control->Name() == "cmdTopButtons") frozen.push_back(control);
     }
     ASSERT_GE(frozen.size(), 55u);
-    Bench->Modes.ControlsEnable(ControlsMode::Frozen);
+    Workbench->Modes.ControlsEnable(ControlsMode::Frozen);
     for (Control* control : frozen) EXPECT_FALSE(control->Enabled) << control->Name();
-    EXPECT_FALSE(Bench->Modes.ControlsOn());
+    EXPECT_FALSE(Workbench->Modes.ControlsOn());
     for (Control* control : Named("lvCncProgram lstF1Gcodes"))
         EXPECT_TRUE(control->Enabled) << control->Name();
     // Returning to the editor frees it.
-    Bench->Entry.cmdReturn.Click();
+    Workbench->Entry.cmdReturn.Click();
     for (Control* control : frozen) {
         // The code in the field decides over these.
-        const bool feedButton = control == &Bench->Entry.cmdFeedA || control == &Bench->Entry.cmdFeedB;
+        const bool feedButton =
+            control == &Workbench->Entry.cmdFeedA || control == &Workbench->Entry.cmdFeedB;
         EXPECT_EQ(control->Enabled, !feedButton) << control->Name();
     }
-    EXPECT_TRUE(Bench->Modes.ControlsOn());
+    EXPECT_TRUE(Workbench->Modes.ControlsOn());
 
     // The frame of the step buttons is left alone while a program is stepped.
-    Bench->Store.EditorRunMode = true;
-    Bench->Modes.ControlsEnable(ControlsMode::Frozen);
-    EXPECT_TRUE(Bench->Main.frCmdEditor3.Enabled);
-    EXPECT_FALSE(Bench->Results.cmdStop.Enabled);
-    Bench->Store.EditorRunMode = false;
-    Bench->Modes.ControlsEnable(ControlsMode::Free);
+    Workbench->Store.EditorRunMode = true;
+    Workbench->Modes.ControlsEnable(ControlsMode::Frozen);
+    EXPECT_TRUE(Workbench->Main.frCmdEditor3.Enabled);
+    EXPECT_FALSE(Workbench->Results.cmdStop.Enabled);
+    Workbench->Store.EditorRunMode = false;
+    Workbench->Modes.ControlsEnable(ControlsMode::Free);
     // A transmission can be stopped by hand.
-    Bench->Store.TransmitActive = true;
-    Bench->Modes.ControlsEnable(ControlsMode::Frozen);
-    EXPECT_FALSE(Bench->Results.cmdRun.Enabled);
-    EXPECT_TRUE(Bench->Results.cmdStop.ReallyEnabled());
+    Workbench->Store.TransmitActive = true;
+    Workbench->Modes.ControlsEnable(ControlsMode::Frozen);
+    EXPECT_FALSE(Workbench->Results.cmdRun.Enabled);
+    EXPECT_TRUE(Workbench->Results.cmdStop.EffectivelyEnabled());
 }
 
 TEST_F(WorkbenchTest, TheErrorLogGrowsByOneRecordForEachFailure) {
-    Bench->Log.DataFolder = Folder + "/";
+    Workbench->Log.DataFolder = Folder + "/";
     Attempt("LoadFile", [] { throw RunTimeError(fault::PathFileAccess); });
     EXPECT_THAT(LogLines(),
                 ElementsAre(MatchesRegex("#20[0-9][0-9]-[01][0-9]-[0-3][0-9] [0-2][0-9]:[0-5][0-9]:"
                                          "[0-6][0-9]#,75,\"Path/File access error\",\"LoadFile\""),
                             ""));
     for (int i = 0; i < 2; ++i) Attempt("Interpreter", [] { throw RunTimeError(fault::DivisionByZero); });
-    Bench->Log.ReportError(-2147483647, "own words", "Pre-Processor");
+    Workbench->Log.ReportError(-2147483647, "own words", "Pre-Processor");
     const auto division = MatchesRegex("#.*#,11,\"Division by zero\",\"Interpreter\"");
     EXPECT_THAT(LogLines(),
                 ElementsAre(MatchesRegex("#.*#,75,.*"), division, division,
@@ -150,14 +151,14 @@ TEST_F(WorkbenchTest, WithoutAFolderThereIsNoLogAndNothingElseHappens) {
     const auto fail = [] { throw RunTimeError(fault::Overflow); };
     Platform.Files.WriteWhole(Path("file"), "");
     for (const std::string& folder : {std::string(), Path("missing/"), Path("file/"), Folder + "/"}) {
-        Bench->Log.DataFolder = folder;
+        Workbench->Log.DataFolder = folder;
         Platform.Faults.Fail("file", folder == Folder + "/" ? 1 : 2);
         EXPECT_NO_THROW(Attempt("Procedure", fail)) << folder;
     }
     EXPECT_FALSE(Platform.Files.Exists(Path("Errors.log")));
     EXPECT_NO_THROW(Attempt("Procedure", fail));
     EXPECT_EQ(LogLines().size(), 2u);
-    EXPECT_EQ(Bench->Log.Records().size(), 5u);
+    EXPECT_EQ(Workbench->Log.Records().size(), 5u);
     EXPECT_TRUE(Platform.Dialogs.Shown.empty());
 }
 
@@ -175,14 +176,14 @@ TEST_F(WorkbenchTest, AFailureWhileTheReporterRunsIsDropped) {
     TroubledFiles files;
     Services services{files,          Platform.Dialogs, Platform.Clipboard, Platform.Screen,  Platform.System,
                       Platform.Focus, Platform.Port,    Platform.Printer,   Platform.Programs};
-    Workbench bench(services);
-    bench.Log.DataFolder = Folder + "/";
+    kvt::Workbench workbench(services);
+    workbench.Log.DataFolder = Folder + "/";
     for (const char* procedure : {"First", "Second"})
         Attempt(procedure, [] { throw RunTimeError(fault::Overflow); });
     EXPECT_EQ(files.Appends, 2);
-    ASSERT_EQ(bench.Log.Records().size(), 2u);
-    EXPECT_EQ(bench.Log.Records()[0].Procedure, "First");
-    EXPECT_EQ(bench.Log.Records()[1].Procedure, "Second");
+    ASSERT_EQ(workbench.Log.Records().size(), 2u);
+    EXPECT_EQ(workbench.Log.Records()[0].Procedure, "First");
+    EXPECT_EQ(workbench.Log.Records()[1].Procedure, "Second");
 }
 
 // A control that was made without a row would lie in the corner, outside the Tab order, and stay free while the window is
@@ -200,11 +201,11 @@ TEST_F(WorkbenchTest, EveryControlHasARow) {
     add(PortSideRows(), "TX");
     add(PortSideRows(), "RX");
     add(TransferRows(), "");
-    for (const Control* control : Bench->frmMain.Controls()) {
+    for (const Control* control : Workbench->frmMain.Controls()) {
         const ControlKind kind = control->Kind();
-        // The entries for the pre-processors come with their folder.
-        if (kind == ControlKind::Timer || kind == ControlKind::FileDialog || control->Name() == "mnuPP")
-            continue;
+        // The entries for pre-processors and programs come with their folders and files.
+        const bool isMade = control->Name() == "mnuPP" || control->Name() == "mnuRecentFile";
+        if (kind == ControlKind::Timer || kind == ControlKind::FileDialog || isMade) continue;
         EXPECT_TRUE(rows.contains(control->Name())) << control->Name();
     }
 }

@@ -5,7 +5,7 @@
 
 #include "basic/number.h"
 #include "basic/text.h"
-#include "support/bench_fixture.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
@@ -56,31 +56,31 @@ int GeneratedField::Value(std::mt19937& random) const {
     }
 }
 
-void Use(Workbench& bench, const Setting& setting) {
-    bench.Store.Machine = MachineNamed(setting.Machine).value();
-    bench.Store.Horizontal = setting.Horizontal;
-    bench.Machine.SetUnits(UnitsOf(setting.Metric));
-    bench.Store.ProgramChanged = false;
-    bench.Main.mnuNew.Click();
-    bench.Display.ShowCodeLists();
+void Use(Workbench& workbench, const Setting& setting) {
+    workbench.Store.Machine = MachineNamed(setting.Machine).value();
+    workbench.Store.Horizontal = setting.Horizontal;
+    workbench.Machine.SetUnits(UnitsOf(setting.Metric));
+    workbench.Store.ProgramChanged = false;
+    workbench.Main.mnuNew.Click();
+    workbench.Display.ShowCodeLists();
 }
 
-std::vector<std::string> CodesOf(Workbench& bench) {
+std::vector<std::string> CodesOf(Workbench& workbench) {
     std::vector<std::string> codes;
     for (const char* mode : {"G", "M"}) {
-        if (*mode == 'M' && bench.Store.IsMK2()) break;
-        for (const std::string& entry : bench.Codes.ListOf(mode).Entries())
+        if (*mode == 'M' && workbench.Store.IsMK2()) break;
+        for (const std::string& entry : workbench.Codes.ListOf(mode).Entries())
             codes.push_back(entry.substr(0, 4));
     }
     return codes;
 }
 
-std::vector<GeneratedField> FieldsOf(Workbench& bench, const std::string& code) {
-    EntryRow& entry = bench.Entry;
+std::vector<GeneratedField> FieldsOf(Workbench& workbench, const std::string& code) {
+    EntryRow& entry = workbench.Entry;
     entry.lblGMcode.Caption = code.substr(0, 1);
     entry.txtGMcode.Text = Trim(code.substr(1));
     std::string form = code;
-    bench.Layout.InputFields(form);
+    workbench.Layout.InputFields(form);
     std::vector<GeneratedField> fields;
     const auto boxes = entry.Fields();
     for (std::size_t i = 0; i < boxes.size(); ++i) {
@@ -93,10 +93,10 @@ std::vector<GeneratedField> FieldsOf(Workbench& bench, const std::string& code) 
     return fields;
 }
 
-std::string GeneratedFile(Workbench& bench, const Setting& setting, std::mt19937& random, int lines) {
-    Use(bench, setting);
-    const std::vector<std::string> codes = CodesOf(bench);
-    const bool mill = bench.Store.IsF1();
+std::string GeneratedFile(Workbench& workbench, const Setting& setting, std::mt19937& random, int lines) {
+    Use(workbench, setting);
+    const std::vector<std::string> codes = CodesOf(workbench);
+    const bool mill = workbench.Store.IsF1();
     std::deque<std::string> keys;  // a Line only points to its code
     std::vector<Line> program;
     for (int i = 0; i < lines; ++i) {
@@ -108,7 +108,7 @@ std::string GeneratedFile(Workbench& bench, const Setting& setting, std::mt19937
             radius ? "M9R" : std::string(TrimRight(code[0] == 'G' ? code.substr(1) : code));
         Line line{keys.emplace_back(key).c_str()};
         std::string* const cells[] = {&line.X, &line.Y, &line.Z, &line.F, &line.H};
-        for (const GeneratedField& field : FieldsOf(bench, code)) {
+        for (const GeneratedField& field : FieldsOf(workbench, code)) {
             int value = field.Value(random);
             // Jumps go forward: one that goes back ends the check, or makes it long.
             if (field.Label == "Line")

@@ -29,14 +29,14 @@ struct GeneratedField {
     int Value(std::mt19937& random) const;
 };
 // What the entry takes for a code of four characters ("G01 ", "M99R"). The workbench has the setting's machine.
-std::vector<GeneratedField> FieldsOf(Workbench& bench, const std::string& code);
+std::vector<GeneratedField> FieldsOf(Workbench& workbench, const std::string& code);
 // The codes of the machine's lists, in four characters.
-std::vector<std::string> CodesOf(Workbench& bench);
+std::vector<std::string> CodesOf(Workbench& workbench);
 // The machine, units and orientation of a setting, and an empty program.
-void Use(Workbench& bench, const Setting& setting);
+void Use(Workbench& workbench, const Setting& setting);
 
 // A program file of the setting: codes of the machine's lists with values that the entry takes, and comments with
 // and without commands. Its geometry is as it falls.
-std::string GeneratedFile(Workbench& bench, const Setting& setting, std::mt19937& random, int lines);
+std::string GeneratedFile(Workbench& workbench, const Setting& setting, std::mt19937& random, int lines);
 
 }  // namespace kvt::test

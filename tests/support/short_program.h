@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "support/bench_fixture.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 

@@ -2,7 +2,7 @@
 
 #include <random>
 
-#include "support/bench_fixture.h"
+#include "support/workbench_fixture.h"
 #include "transfer/outgoing_lines.h"
 #include "transfer/port_settings.h"
 
@@ -12,24 +12,24 @@ namespace {
 
 using ::testing::HasSubstr;
 
-class TransferTest : public BenchTest {
+class TransferTest : public WorkbenchFixture {
 protected:
     TransferTest() {
-        Bench->Transmit.SettingsFolder = Folder + "/";
-        Bench->Received.SettingsFolder = Folder + "/";
+        Workbench->Transmit.SettingsFolder = Folder + "/";
+        Workbench->Received.SettingsFolder = Folder + "/";
         Platform.Port.Ports = 1;
-        Bench->Port.StartPort();
+        Workbench->Port.StartPort();
     }
 
     std::string Transmit() {
         const std::size_t before = Platform.Port.Sent.size();
-        Bench->Transmit.mnuTX_Click();
+        Workbench->Transmit.mnuTX_Click();
         return Platform.Port.Sent.substr(before);
     }
     std::string LastBox() const {
         return Platform.Dialogs.Shown.empty() ? "" : Platform.Dialogs.Shown.back().Text;
     }
-    std::string Received() const { return Bench->Transfer.txtRX.Text.Get(); }
+    std::string Received() const { return Workbench->Transfer.txtRX.Text.Get(); }
 };
 
 }  // namespace
@@ -44,15 +44,15 @@ TEST_F(TransferTest, AStopAtAnyMomentLeavesABeginningAndTheUnitsMark) {
         Check(machine,
               {{"00", "100"}, {"00", "200", "", "", "", "", "M in a comment"}, {"21"}, {"00", "300"}},
               metric ? "M" : "\"I");
-        Bench->File.txtFileNotes.Text = "notes\r\n;silent\r\n   12 of them\r\n";
+        Workbench->File.txtFileNotes.Text = "notes\r\n;silent\r\n   12 of them\r\n";
         for (int run = 0; run < 340; ++run) {
-            Bench->Transfer.TX.chkFilter.Value = run % 2;
+            Workbench->Transfer.TX.chkFilter.Value = run % 2;
             const std::string whole = Transmit();
             std::size_t lines = 0;
             for (const char c : whole) lines += c == '\n' ? 1 : 0;
             const std::size_t wait = upTo(lines + 1);
             Platform.System.Events.assign(wait, [] {});
-            Platform.System.Events.push_back([this] { Bench->Results.cmdStop.Click(); });
+            Platform.System.Events.push_back([this] { Workbench->Results.cmdStop.Click(); });
             const std::string sent = Transmit();
             Platform.System.Events.clear();
             if (sent == whole) {
@@ -72,18 +72,18 @@ TEST_F(TransferTest, SaysWhatKeepsItFromSending) {
     EXPECT_EQ(Transmit(), "");
     EXPECT_EQ(LastBox(), "No Lines of code present");
     Check("MK4", {{"00"}, {"M30"}});
-    Bench->Port.ComEnabled = false;
+    Workbench->Port.ComEnabled = false;
     EXPECT_EQ(Transmit(), "");
     EXPECT_EQ(Platform.System.Beeps, 1);
-    Bench->Port.ComEnabled = true;
+    Workbench->Port.ComEnabled = true;
 
     // A scratch file that cannot be written: what an earlier one holds is not sent.
     Platform.Files.WriteWhole(Path("Transmit.txt"), "%\r\nold\r\n");
     Platform.Faults.Fail("file", 2);
     EXPECT_EQ(Transmit(), "");
-    EXPECT_FALSE(Bench->Store.TransmitActive);
+    EXPECT_FALSE(Workbench->Store.TransmitActive);
     EXPECT_EQ(LastBox(), "The file \"" + Path("Transmit.txt") + "\" could not be written. Nothing was sent.");
-    EXPECT_EQ(Bench->Log.Records().back().Procedure, "mnuTX_Click");
+    EXPECT_EQ(Workbench->Log.Records().back().Procedure, "mnuTX_Click");
 
     // The first line cannot be given: told once, and the others are not tried.
     Platform.Dialogs.Shown.clear();
@@ -91,7 +91,7 @@ TEST_F(TransferTest, SaysWhatKeepsItFromSending) {
     EXPECT_EQ(Transmit(), "");
     EXPECT_EQ(Platform.Dialogs.Shown.size(), 1u);
     EXPECT_FALSE(Platform.Port.IsOpen());
-    EXPECT_EQ(Bench->Transfer.chkEnableCom.Value, 0);
+    EXPECT_EQ(Workbench->Transfer.chkEnableCom.Value, 0);
 }
 
 TEST_F(TransferTest, AVanishedPortIsToldInEachState) {
@@ -99,12 +99,12 @@ TEST_F(TransferTest, AVanishedPortIsToldInEachState) {
     const auto back = [this] {
         Platform.Dialogs.Shown.clear();
         Platform.Port.Ports = 1;
-        Bench->Port.SetComEnabled(true);
+        Workbench->Port.SetComEnabled(true);
         ASSERT_TRUE(Platform.Port.IsOpen());
     };
     Platform.Port.Vanish();
     EXPECT_THAT(LastBox(), HasSubstr("has gone"));
-    EXPECT_FALSE(Bench->Port.ComEnabled);
+    EXPECT_FALSE(Workbench->Port.ComEnabled);
 
     back();
     // The wait of line 00, the third that is sent.
@@ -112,12 +112,12 @@ TEST_F(TransferTest, AVanishedPortIsToldInEachState) {
     EXPECT_THAT(Transmit(), ::testing::EndsWith("    00 00                     \r\n"));
     EXPECT_EQ(Platform.Dialogs.Shown.size(), 1u);
     EXPECT_THAT(LastBox(), HasSubstr("The last line sent was:\r\n    00 00"));
-    EXPECT_TRUE(Bench->Modes.ControlsOn());
-    EXPECT_FALSE(Bench->Transfer.frTransmit.Visible);
+    EXPECT_TRUE(Workbench->Modes.ControlsOn());
+    EXPECT_FALSE(Workbench->Transfer.frTransmit.Visible);
 
     // Once, also where Stop has been clicked before.
     back();
-    Platform.System.Events = {[] {}, [this] { Bench->Results.cmdStop.Click(); },
+    Platform.System.Events = {[] {}, [this] { Workbench->Results.cmdStop.Click(); },
                               [this] { Platform.Port.Vanish(); }};
     Transmit();
     EXPECT_EQ(Platform.Dialogs.Shown.size(), 1u);
@@ -127,19 +127,19 @@ TEST_F(TransferTest, AVanishedPortIsToldInEachState) {
     Platform.Port.Receive("half a li");
     Platform.Port.Vanish();
     EXPECT_EQ(Received(), "half a li");
-    Bench->Received.cmdReceiveExit_Click();
-    Bench->Port.ComEnabled = true;
+    Workbench->Received.cmdReceiveExit_Click();
+    Workbench->Port.ComEnabled = true;
     Platform.Port.Ports = 0;
-    Bench->Received.mnuRX_Click();
+    Workbench->Received.mnuRX_Click();
     EXPECT_EQ(LastBox(), "port problem");
-    EXPECT_FALSE(Bench->Transfer.frRXcode.Visible);
+    EXPECT_FALSE(Workbench->Transfer.frRXcode.Visible);
 }
 
 TEST_F(TransferTest, RefusedSettingsAreToldOnceAndEndNothing) {
     Platform.Port.TakesPlainFramesOnly = true;
     Check("MK4", {{"00"}, {"M30"}});
     const std::string plain = Transmit();
-    Bench->Transfer.TX.optDataBits[0].Click();
+    Workbench->Transfer.TX.optDataBits[0].Click();
     Platform.Dialogs.Shown.clear();
     for (int run = 0; run < 3; ++run) {
         EXPECT_EQ(Transmit(), plain);
@@ -160,11 +160,11 @@ TEST_F(TransferTest, TenHoursOfCharactersArriveAsTheyWereSent) {
         sent += text;
     }
     EXPECT_TRUE(Received() == sent);
-    EXPECT_THAT(Bench->Transfer.lblReceived.Caption.Get(),
+    EXPECT_THAT(Workbench->Transfer.lblReceived.Caption.Get(),
                 HasSubstr(std::to_string(sent.size()) + " characters"));
     // No program: it stays.
-    Bench->Received.cmdReceiveImport_Click();
-    EXPECT_TRUE(Bench->Transfer.frRXcode.Visible && Received() == sent);
+    Workbench->Received.cmdReceiveImport_Click();
+    EXPECT_TRUE(Workbench->Transfer.frRXcode.Visible && Received() == sent);
 }
 
 TEST_F(TransferTest, AnImportLosesNothing) {
@@ -172,31 +172,31 @@ TEST_F(TransferTest, AnImportLosesNothing) {
     // A scratch file that cannot be written, and one that has gone before it is read.
     for (const int failing : {1, 2}) {
         Platform.Port.Receive("x" + program);
-        Bench->Store.ProgramChanged = true;
+        Workbench->Store.ProgramChanged = true;
         Platform.Faults.Fail("file", failing);
-        Bench->Received.cmdReceiveImport_Click();
+        Workbench->Received.cmdReceiveImport_Click();
         EXPECT_EQ(Received(), "x" + program) << failing;
-        EXPECT_TRUE(Bench->Transfer.frRXcode.Visible && Bench->Store.ProgramChanged) << failing;
+        EXPECT_TRUE(Workbench->Transfer.frRXcode.Visible && Workbench->Store.ProgramChanged) << failing;
         EXPECT_THAT(LastBox(), HasSubstr(failing == 1 ? "received code is still here" : "cannot be read"));
-        Bench->Received.cmdReceiveExit_Click();
+        Workbench->Received.cmdReceiveExit_Click();
     }
     // The machine sends on while a message is open.
     Platform.Port.Receive("no program");
     Platform.Dialogs.OnUnanswered = [this](const MessageBox&) { Platform.Port.Receive("more"); };
-    Bench->Received.cmdReceiveImport_Click();
+    Workbench->Received.cmdReceiveImport_Click();
     Platform.Dialogs.OnUnanswered = nullptr;
     EXPECT_EQ(Received(), "no programmore");
-    EXPECT_TRUE(Bench->Transfer.frCmdRX.Visible);
-    EXPECT_FALSE(Bench->Modes.ControlsOn());
-    Bench->Received.cmdReceiveExit_Click();
+    EXPECT_TRUE(Workbench->Transfer.frCmdRX.Visible);
+    EXPECT_FALSE(Workbench->Modes.ControlsOn());
+    Workbench->Received.cmdReceiveExit_Click();
 
     // What is being sent stays.
     Check("MK4", {{"00"}, {"21"}, {"M30"}});
     Platform.System.Events = {[] {}, [&] { Platform.Port.Receive(program); },
-                              [this] { Bench->Received.cmdReceiveImport_Click(); }};
+                              [this] { Workbench->Received.cmdReceiveImport_Click(); }};
     Transmit();
     EXPECT_EQ(Platform.System.Beeps, 1);
-    EXPECT_EQ(Bench->Store.LineCount(), 3);
+    EXPECT_EQ(Workbench->Store.LineCount(), 3);
     EXPECT_EQ(Received(), program);
 }
 
@@ -205,10 +205,10 @@ TEST_F(TransferTest, AStepRunKeepsItsStopButton) {
     bool steps = false, stops = false;
     Platform.System.Events = {[&] {
         Transmit();
-        steps = Bench->Store.EditorRunMode;
-        stops = Bench->Results.cmdStop.Visible;
+        steps = Workbench->Store.EditorRunMode;
+        stops = Workbench->Results.cmdStop.Visible;
     }};
-    Bench->Results.cmdRun.Click();
+    Workbench->Results.cmdRun.Click();
     EXPECT_TRUE(steps && stops);
 }
 
@@ -216,19 +216,19 @@ TEST_F(TransferTest, SettingsFileKeysGoBothWays) {
     const auto apply = [this](std::span<const PortKey> keys, std::initializer_list<const char*> values) {
         const char* const* value = values.begin();
         for (const PortKey& key : keys) {
-            key.Apply(Bench->Port, *value);
-            EXPECT_EQ(key.Value(Bench->Port), *value++) << key.Name;
+            key.Apply(Workbench->Port, *value);
+            EXPECT_EQ(key.Value(Workbench->Port), *value++) << key.Name;
             for (const char* wrong : {"", "5", "-1", "maybe", "True,False"})
-                EXPECT_THROW(key.Apply(Bench->Port, wrong), RunTimeError) << key.Name;
-            EXPECT_EQ(key.Value(Bench->Port), *(value - 1)) << key.Name;
+                EXPECT_THROW(key.Apply(Workbench->Port, wrong), RunTimeError) << key.Name;
+            EXPECT_EQ(key.Value(Workbench->Port), *(value - 1)) << key.Name;
         }
     };
     apply(PortKeysTransmit(), {"9600", "E", "7", "2", "1", "0", "1", "0"});
     apply(PortKeysReceive(), {"110", "O", "8", "2", "0", "1", "0", "1"});
     apply(PortKeysGeneral(), {"2", "False"});
-    EXPECT_EQ(Bench->Transfer.TX.Settings, "9600,E,7,2");
-    EXPECT_EQ(Bench->Transfer.RX.Settings, "110,O,8,2");
-    EXPECT_TRUE(Bench->Transfer.RX.optPort[1].Value);
+    EXPECT_EQ(Workbench->Transfer.TX.Settings, "9600,E,7,2");
+    EXPECT_EQ(Workbench->Transfer.RX.Settings, "110,O,8,2");
+    EXPECT_TRUE(Workbench->Transfer.RX.optPort[1].Value);
     EXPECT_FALSE(Platform.Port.IsOpen());
 }
 

@@ -22,10 +22,10 @@ std::string FileText(const std::string& machine, const std::vector<Line>& lines,
                      const std::string& units = "M", const std::string& notes = "");
 
 // A workbench on the memory half, with a folder of its own that goes with it.
-class BenchTest : public ::testing::Test {
+class WorkbenchFixture : public ::testing::Test {
 protected:
-    BenchTest();
-    ~BenchTest() override;
+    WorkbenchFixture();
+    ~WorkbenchFixture() override;
 
     // Puts a text into a file of the folder and loads it.
     LoadResult Load(const std::string& text, const std::string& name = "program.cnc");
@@ -40,7 +40,7 @@ protected:
 
     std::string Folder;
     FaultyPlatform Platform;
-    std::unique_ptr<Workbench> Bench;
+    std::unique_ptr<kvt::Workbench> Workbench;
 };
 
 }  // namespace kvt::test

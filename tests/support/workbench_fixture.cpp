@@ -1,4 +1,4 @@
-#include "support/bench_fixture.h"
+#include "support/workbench_fixture.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -49,38 +49,41 @@ std::string FileText(const std::string& machine, const std::vector<Line>& lines,
     return text + "   " + units + "\r\n";
 }
 
-BenchTest::BenchTest() {
+WorkbenchFixture::WorkbenchFixture() {
     std::string pattern = (std::filesystem::temp_directory_path() / "kvt-test-XXXXXX").string();
     Folder = mkdtemp(pattern.data());
     // What commands keep of the user's is kept there too.
     setenv("XDG_DATA_HOME", Path("user").c_str(), 1);
-    Bench = std::make_unique<Workbench>(Platform.Services);
+    Workbench = std::make_unique<kvt::Workbench>(Platform.Services);
 }
 
-BenchTest::~BenchTest() {
-    Bench.reset();
+WorkbenchFixture::~WorkbenchFixture() {
+    Workbench.reset();
     std::error_code ignored;
     std::filesystem::remove_all(Folder, ignored);
 }
 
-LoadResult BenchTest::Load(const std::string& text, const std::string& name) {
+LoadResult WorkbenchFixture::Load(const std::string& text, const std::string& name) {
     Platform.Files.WriteWhole(Path(name), text);
     std::string path = Path(name);
-    return Bench->Reader.LoadFile(path);
+    return Workbench->Reader.LoadFile(path);
 }
 
-void BenchTest::Check(const std::string& machine, const std::vector<Line>& lines, const std::string& units) {
+void WorkbenchFixture::Check(const std::string& machine, const std::vector<Line>& lines,
+                             const std::string& units) {
     ASSERT_EQ(Load(FileText(machine, lines, units)), LoadResult::Loaded);
 }
 
-std::string BenchTest::Cell(int line, int column) const {
-    return std::string(Bench->Store.lvCncProgram.Row(line + 1)[column].View());
+std::string WorkbenchFixture::Cell(int line, int column) const {
+    return std::string(Workbench->Store.lvCncProgram.Row(line + 1)[column].View());
 }
 
-std::string BenchTest::Error(int line) const {
-    return std::string(Trim(Bench->Store.lvCncProgram.Row(line + 1)[column::Error]));
+std::string WorkbenchFixture::Error(int line) const {
+    return std::string(Trim(Workbench->Store.lvCncProgram.Row(line + 1)[column::Error]));
 }
 
-std::string BenchTest::FileContent(const std::string& name) { return Platform.Files.ReadWhole(Path(name)); }
+std::string WorkbenchFixture::FileContent(const std::string& name) {
+    return Platform.Files.ReadWhole(Path(name));
+}
 
 }  // namespace kvt::test
