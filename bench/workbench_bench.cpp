@@ -103,6 +103,42 @@ void Load210(benchmark::State& state) {
 }
 BENCHMARK(Load210)->DenseRange(0, 2)->Unit(benchmark::kMicrosecond);
 
+// A step back and forward, of one line and of all of them; the check is part of each.
+void Undo210(benchmark::State& state) {
+    Loaded loaded(ProgramText("MK4", 209));
+    Workbench& bench = *loaded.Workbench;
+    bench.History.Start();
+    const bool all = state.range(0) != 0;
+    if (all) {
+        bench.Machine.mnuMMtoINCH.Click();
+    } else {
+        bench.Store.lvCncProgram.Select(100);
+        bench.Entry.chkSettingsDWC.Value = 1;
+        bench.Lines.LineDelete();
+    }
+    if (bench.History.Steps() != 1) state.SkipWithError("there is no step");
+    for (auto _ : state) {
+        bench.Main.mnuUndo.Click();
+        bench.Main.mnuRedo.Click();
+    }
+    state.SetLabel(all ? "conversion, twice" : "line, twice");
+}
+BENCHMARK(Undo210)->DenseRange(0, 1)->Unit(benchmark::kMicrosecond);
+
+// A line that is inserted, with what its step costs.
+void Insert209(benchmark::State& state) {
+    Loaded loaded(ProgramText("MK4", 209));
+    Workbench& bench = *loaded.Workbench;
+    bench.Store.DisableLimitsCheck = true;
+    bench.History.Start();
+    for (auto _ : state) {
+        bench.Store.lvCncProgram.Select(100);
+        bench.Lines.LineInsert();
+        bench.Main.mnuUndo.Click();
+    }
+}
+BENCHMARK(Insert209)->Unit(benchmark::kMicrosecond);
+
 void Write210(benchmark::State& state) {
     Loaded loaded(ProgramText(machines[state.range(0)], 210));
     for (auto _ : state) benchmark::DoNotOptimize(loaded.Workbench->Writer.GenerateAll());

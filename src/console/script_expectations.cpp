@@ -80,6 +80,14 @@ void ExpectTitle(Script& run, Args args) {
     run.Compare(args.Last(), ToUtf8(box->Title));
 }
 
+void ExpectDetails(Script& run, Args args) {
+    const MessageBox* const box = LastExpectedBox(run);
+    if (!box) return run.Fail(Quoted(args.Last()), "no message box");
+    const std::string details = ShownToUtf8(box->Details);
+    if (details.find(args.Last()) == std::string::npos)
+        run.Fail("details with " + Quoted(args.Last()), Quoted(details));
+}
+
 void ExpectIcon(Script& run, Args args) {
     const MessageBox* const box = LastExpectedBox(run);
     if (!box) return run.Fail(Quoted(args.Last()), "no message box");
@@ -223,6 +231,7 @@ constexpr ScriptAction expectations[] = {
     {"entries", {Arg::Word, Arg::Text}, ExpectEntries},
     {"message", {Arg::Text}, ExpectMessage},
     {"title", {Arg::Text}, ExpectTitle},
+    {"details", {Arg::Text}, ExpectDetails},
     {"icon", {Arg::Text}, ExpectIcon},
     {"buttons", {Arg::Text}, ExpectButtons},
     {"nomessage", {}, ExpectNoMessage},

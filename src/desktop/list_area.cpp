@@ -242,6 +242,17 @@ void ListArea::PaintHeaders(QPainter& painter, const std::vector<Column>& column
     }
 }
 
+// A pointer at the left edge, within the room beside the first column.
+void ListArea::PaintMark(QPainter& painter, const QRect& row) const {
+    const int high = row.height() / 4;
+    const QPoint middle(row.left(), row.center().y());
+    const QPolygon pointer({middle + QPoint(0, -high), middle + QPoint(high, 0), middle + QPoint(0, high)});
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette().color(QPalette::Text));
+    painter.drawPolygon(pointer);
+    painter.setBrush(Qt::NoBrush);
+}
+
 void ListArea::PaintRow(QPainter& painter, int row, const std::vector<Column>& columns) const {
     const QRect place = RowPlace(row);
     const QColor ground = palette().color(QPalette::Base);
@@ -255,6 +266,7 @@ void ListArea::PaintRow(QPainter& painter, int row, const std::vector<Column>& c
             painter.drawRect(place.adjusted(0, 0, -1, -1));
         }
     }
+    if (row == list_.MarkedRow) PaintMark(painter, place);
     const QFontMetrics metrics(font_);
     const int baseline = place.top() + (rowHeight_ - metrics.height()) / 2 + metrics.ascent();
     for (const Column& column : columns) {

@@ -52,7 +52,10 @@ protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        const QString caption = ToQt(frame_.Caption);
+        const QString lead = ToQt(frame_.Lead);
+        const QString caption = lead.isEmpty() || frame_.Caption.Empty()
+                                    ? lead + ToQt(frame_.Caption)
+                                    : lead + QStringLiteral(" \u00B7 ") + ToQt(frame_.Caption);
         const int height = fontMetrics().height();
         const int left = height / 2;
         const int top = caption.isEmpty() ? 0 : height / 2;
@@ -119,7 +122,7 @@ FrameView::FrameView(DesktopContext& desktop, Frame& control, QWidget* parent)
 }
 
 void FrameView::Follow(PropertyId id) {
-    if (id == PropertyId::Caption) {
+    if (id == PropertyId::Caption || id == PropertyId::Lead) {
         Widget()->update();
     } else {
         View::Follow(id);

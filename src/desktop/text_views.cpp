@@ -122,9 +122,7 @@ void TextBoxView::ShowMenu(QPoint at) {
 void TextBoxView::Edited() {
     if (Following) return;
     Desktop.System.Run(Box, "Change", [this] {
-        // The selection goes first: it lies within the new text.
-        Box.Selection = ShownSelection();
-        Box.Text = FromQt(Shown().replace(u'\n', QStringLiteral("\r\n"))) + NotShown();
+        TakeEdit(Box, FromQt(Shown().replace(u'\n', QStringLiteral("\r\n"))) + NotShown(), ShownSelection());
     });
 }
 
@@ -207,6 +205,8 @@ NotesView::NotesView(DesktopContext& desktop, TextBox& control, QWidget* parent)
       edit_(static_cast<QPlainTextEdit*>(Widget())) {
     Watch(edit_->viewport());
     edit_->viewport()->setAcceptDrops(false);
+    // The box keeps the edits.
+    edit_->setUndoRedoEnabled(false);
     if (control.FixedPitch) UseFixedPitch(*edit_);
     showing_.setSingleShot(true);
     connect(&showing_, &QTimer::timeout, this, [this] { ShowMore(); });
@@ -295,8 +295,6 @@ bool NotesView::EditInWidget(const TextEdit& edit) {
             edit_->insertPlainText(WithPlainLineEnds(FromQt(Cleaned(text.left(longestNotes), true))));
             break;
         }
-        case TextAction::Undo: edit_->undo(); break;
-        case TextAction::Redo: edit_->redo(); break;
         default:
             if (OperationOf(edit.Action) == QTextCursor::NoMove) return false;
             Move(edit.Action, edit.Extends);

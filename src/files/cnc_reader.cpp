@@ -9,6 +9,7 @@
 #include "files/cnc_format.h"
 #include "files/questions.h"
 #include "program/code_key.h"
+#include "program/edit_step.h"
 #include "program/result_cells.h"
 
 namespace kvt {
@@ -150,6 +151,7 @@ LoadResult CncReader::LoadFile(std::string& fileName, const LoadAs& as) {
         ReportNotRecognised();
         return LoadResult::NotRecognised;
     }
+    const EditStep step(parts_.Calls, {as.Step});
     // The old program is saved in the layout of its own machine, so the machine changes behind that.
     if (!SettleUnsavedProgram(as.Unsaved)) return LoadResult::Nothing;
     store.Machine = found.Machine;

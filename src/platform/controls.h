@@ -210,12 +210,17 @@ struct TextSelection {
     bool operator==(const TextSelection&) const = default;
 };
 
-// What the user's last edit of a text was.
-struct LastTextEdit {
-    std::string Before, After;
-    TextSelection SelectionBefore;
+// One edit of a text by hand: what went at a place, what came for it, and the selection on the other side of it.
+struct TextChange {
+    std::size_t At = 0;
+    std::string Removed, Inserted;
+    TextSelection Selection;
     bool Typed = false;
-    bool Undone = false;
+};
+
+// The edits of a text that can be taken back, and those that have been; the latest is the last.
+struct TextEdits {
+    std::vector<TextChange> Done, Undone;
 };
 
 class TextBox : public Control {
@@ -230,10 +235,13 @@ public:
     bool FixedPitch = false;
     // Has the colour of buttons and can be copied from; the user's hands change nothing. Set before it is shown.
     bool ReadOnly = false;
-    // For undoing it; kept by the editing alone.
-    LastTextEdit LastEdit;
+    // The edits by hand since the program has set the text last; kept by the editing alone.
+    TextEdits Edits;
 
     std::function<void()> OnChange;
+
+    // Sets the text as an edit of the user's: those in front of it can still be taken back.
+    void SetByHand(const std::string& text, TextSelection selection);
 
     void SelectAll() { Selection = TextSelection{0, static_cast<int>(Text.Get().size())}; }
     // Adds to the end, where the selection goes too. The view is told of it as one change, Appended, and the cost
@@ -245,6 +253,7 @@ protected:
 
 private:
     bool appending_ = false;
+    bool byHand_ = false;
 };
 
 class CommandButton : public Control {
@@ -283,6 +292,8 @@ public:
     Frame(Form& form, std::string_view name, std::string_view caption = {})
         : Control(form, ControlKind::Frame, name), Caption(*this, PropertyId::Caption, caption) {}
     TextProperty Caption;
+    // What stands out in front of the caption; empty for none.
+    TextProperty Lead{*this, PropertyId::Lead};
 };
 
 class Menu : public Control {

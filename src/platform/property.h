@@ -46,6 +46,8 @@ enum class PropertyId : std::uint8_t {
     Lit,
     AccessibleName,
     Area,
+    Lead,
+    MarkedRow,
 };
 
 namespace detail {

@@ -129,6 +129,41 @@ constexpr TextsOf<DrawErrorText>::Default drawErrorDefaults[] = {
     {text::Draws, "Drawing. Esc ends."},
 };
 
+constexpr TextsOf<StepText>::Default stepDefaults[] = {
+    {StepText::Undo, "Undo"},
+    {StepText::Redo, "Redo"},
+    {StepText::LineChanged, "line %1 changed"},
+    {StepText::LineAdded, "line %1 added"},
+    {StepText::LineInserted, "line %1 inserted"},
+    {StepText::LineDeleted, "line %1 deleted"},
+    {StepText::Notes, "file notes"},
+    {StepText::Units, "other units"},
+    {StepText::Conversion, "conversion of the units"},
+    {StepText::Feeds, "feeds replaced"},
+    {StepText::CommentsDeleted, "comments deleted"},
+    {StepText::CodeComments, "comments of the codes"},
+    {StepText::NewProgram, "new program"},
+    {StepText::Machine, "other machine"},
+    {StepText::Opened, "file opened"},
+    {StepText::Imported, "file imported"},
+    {StepText::Received, "program received"},
+    {StepText::Clipboard, "program from the clipboard"},
+};
+
+constexpr TextsOf<EntryText>::Default entryDefaults[] = {
+    {EntryText::Line, "Line %1"},
+    {EntryText::NewLine, "New line %1"},
+    {EntryText::WithFieldsOf, "Line %1 from line %2"},
+    {EntryText::WithFieldsOfDeleted, "Line %1 from a deleted line"},
+    {EntryText::Before, "Before:"},
+    {EntryText::Replaces, "Replaces:"},
+};
+
+constexpr TextsOf<FoundText>::Default foundDefaults[] = {
+    {FoundText::Program, "%1 (lines: %2), kept on %3 at %4"},
+    {FoundText::WithoutFile, "A program without a file"},
+};
+
 constexpr TextsOf<NoticeText>::Default noticeDefaults[] = {
     {text::Saved, "Saved: %1"},
     {text::Printed, "Printed: %1"},
@@ -189,6 +224,9 @@ Texts::Texts()
       MessageTexts(31, messageDefaults),
       DrawErrorTexts(20, drawErrorDefaults),
       DialogTexts(30, dialogDefaults),
+      StepTexts(18, stepDefaults),
+      EntryTexts(6, entryDefaults),
+      FoundTexts(2, foundDefaults),
       NoticeTexts(30, noticeDefaults),
       ExplanationTexts(ExplanationPartCount * FindingCount, ExplanationDefaults()),
       DrawViewTexts(8, drawViewDefaults) {}

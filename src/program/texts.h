@@ -162,6 +162,44 @@ enum class DialogText {
     TargetLine = 12,
 };
 
+// What can be taken back, behind "Undo" and "Redo".
+enum class StepText {
+    Undo = 1,
+    Redo = 2,
+    LineChanged = 3,
+    LineAdded = 4,
+    LineInserted = 5,
+    LineDeleted = 6,
+    Notes = 7,
+    Units = 8,
+    Conversion = 9,
+    Feeds = 10,
+    CommentsDeleted = 11,
+    CodeComments = 12,
+    NewProgram = 13,
+    Machine = 14,
+    Opened = 15,
+    Imported = 16,
+    Received = 17,
+    Clipboard = 18,
+};
+
+// Which line the entry row is, and what becomes of it.
+enum class EntryText {
+    Line = 1,
+    NewLine = 2,
+    WithFieldsOf = 3,
+    WithFieldsOfDeleted = 4,
+    Before = 5,
+    Replaces = 6,
+};
+
+// What the question about an unsaved program that was found tells of it.
+enum class FoundText {
+    Program = 1,
+    WithoutFile = 2,
+};
+
 // What the quiet line tells, and the words around explanations and printed pages.
 enum class NoticeText {
     Saved = 1,
@@ -214,6 +252,9 @@ struct Texts {
     TextsOf<MessageText> MessageTexts;
     TextsOf<DrawErrorText> DrawErrorTexts;
     TextsOf<DialogText> DialogTexts;
+    TextsOf<StepText> StepTexts;
+    TextsOf<EntryText> EntryTexts;
+    TextsOf<FoundText> FoundTexts;
     TextsOf<NoticeText> NoticeTexts;
     // Three for each finding: see explanations.h.
     TextsOf<int> ExplanationTexts;

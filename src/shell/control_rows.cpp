@@ -117,6 +117,9 @@ constexpr ControlRow controlRows[] = {
     {"mnuPrintPreview", "mnuFile"},
     {"mnuFileBar3", "mnuFile"},
     {"mnuExit", "mnuFile"},
+    {"mnuEdit", "", {}, frozen},
+    {"mnuUndo", "mnuEdit"},
+    {"mnuRedo", "mnuEdit"},
     {"mnuSettings", "", {}, frozen},
     {"mnuGeneral", "mnuSettings"},
     {"mnuInfo", "mnuSettings"},
@@ -159,6 +162,7 @@ constexpr ControlRow controlRows[] = {
     {"txtH", entryFrame, EntryField(3960), stop, -1, EntryField(2040)},
     {"lblComment", entryFrame, At(90, commentTop + 60, 975, 240)},
     {"txtComment", entryFrame, At(1080, commentTop, 3720, fieldHeight), stop},
+    {"lblBefore", entryFrame, At(90, commentTop + fieldHeight + 60, 4680, 285)},
 
     {"lvCncProgram", "", OverList(), stop},
 

@@ -37,6 +37,8 @@ constexpr LabelRow labelRows[] = {
     {"menu File", "Print preview", "frmDraw.mnuPrintPreview"},
     {"menu File", "Exit", "mnuExit"},
 
+    {"menu Edit", "Edit", "mnuEdit"},
+
     {"menu Settings", "Settings", "mnuSettings"},
     {"menu Settings", "Language", "mnuLanguage"},
 
@@ -315,6 +317,9 @@ constexpr TableSection tableSections[] = {
     {"Messages", [](Texts& texts) -> TextTable& { return texts.MessageTexts; }},
     {"DRAW Error Message", [](Texts& texts) -> TextTable& { return texts.DrawErrorTexts; }},
     {"Dialog Texts", [](Texts& texts) -> TextTable& { return texts.DialogTexts; }},
+    {"Undo and Redo", [](Texts& texts) -> TextTable& { return texts.StepTexts; }},
+    {"Unsaved Program", [](Texts& texts) -> TextTable& { return texts.FoundTexts; }},
+    {"Entry Line", [](Texts& texts) -> TextTable& { return texts.EntryTexts; }},
     {"Notices", [](Texts& texts) -> TextTable& { return texts.NoticeTexts; }},
     {"Explanations", [](Texts& texts) -> TextTable& { return texts.ExplanationTexts; }},
     // The entries of the View menu are looked up by their order too, when the draw window comes to the front.

@@ -49,6 +49,8 @@ MainControls::MainControls(Form& window) : Window(window) {
     mnuNew.Shortcut = "Ctrl+N";
     mnuSave.Shortcut = "Ctrl+S";
     mnuSaveAs.Shortcut = "Ctrl+Shift+S";
+    mnuUndo.Shortcut = "Ctrl+Z";
+    mnuRedo.Shortcut = "Ctrl+Shift+Z";
     mnuDraw.Shortcut = "F5";
     mnuFind.Shortcut = "Ctrl+F";
     mnuPrint.Shortcut = "Ctrl+P";

@@ -1,5 +1,7 @@
 #include "shell/workbench.h"
 
+#include "program/edit_step.h"
+
 namespace kvt {
 
 namespace {
@@ -28,9 +30,10 @@ Workbench::Workbench(Services& services)
       Lines({Entry, Layout, Store, View, Interpreter, calculated_, Language, services, Calls}),
       feeds_(Entry, Store, Interpreter, Language, services.Focus, Calls),
       Find(Store, Language, services.Focus, Calls),
-      conversions_(frmMain, Store, Machine, Entry),
+      conversions_(frmMain, Store, Machine, Entry, Calls),
       Codes({Entry, Layout, Store, Lists, View, Interpreter, services, Calls}),
       keyboard_({Entry, Layout, Codes, calculated_, Lines, Store, View, Language, services, Calls}),
+      History(Store, File),
       Writer({Store, File, Entry, Layout, Lines, Language, services, Calls}),
       Reader({Store, File, Entry, Layout, Machine, View, Options, Interpreter, Language, services, Calls,
               Writer}),
@@ -61,8 +64,11 @@ Workbench::Workbench(Services& services)
       Display({Store, Machine, Lists, View, Entry, Main, Import, Calls}),
       Modes({table_, Store, Transfer, Layout, Results, Main, Help}),
       size_({frmMain, Language, services, Calls}),
+      target_(Entry, Store, Language),
       states_({Main, Store, Results, Transfer, Port, Draw.State}),
       overlays_({Main, Entry, Store.lvCncProgram, services.Focus, Calls}),
+      undoing_({Store, History, Entry, Layout, Lists, Interpreter, Machine, Main, Display, states_, Modes,
+                Transfer, Port, Draw, Language, services, Calls}),
       clearing_({Store, Entry, Layout, File, Lists, View, Interpreter, Draw.Editor, Display, Language,
                  services, Calls}),
       Modules(Forms(), {Main, Entry, Store, View, Display, Help, Interpreter, Language, Layout, services}),
@@ -101,7 +107,10 @@ Workbench::Workbench(Services& services)
     Display.RefreshMachine();
     View.MakeMachineTimeColumn();
     Display.ShowCodeLists();
+    Platform.System.OnHandled = [this] { Handled(); };
 }
+
+Workbench::~Workbench() { Platform.System.OnHandled = nullptr; }
 
 void Workbench::FillCalls() {
     Calls.cmdReturn_Click = [this] { Modes.cmdReturn_Click(); };
@@ -112,7 +121,17 @@ void Workbench::FillCalls() {
     Calls.ControlsPositioning = [this] { positions_.ControlsPositioning(); };
     Calls.ControlsEnable = [this](ControlsMode mode) { Modes.ControlsEnable(mode); };
     Calls.LoadClipboardModule = [this] { Received.LoadClipboardModule(); };
-    Calls.LoadLanguageModule = [this](const std::string& file) { Modules.LoadLanguageModule(file); };
+    Calls.LoadLanguageModule = [this](const std::string& file) {
+        // The comments of the codes change their language.
+        const EditStep step(Calls, {StepKind::CodeComments});
+        Modules.LoadLanguageModule(file);
+    };
+    Calls.BeginStep = [this](const StepName& name) { History.Begin(name); };
+    Calls.EndStep = [this] {
+        History.End();
+        if (!History.IsOpen()) undoing_.ForgetFieldEdits();
+    };
+    Calls.ProgramSaved = [this] { History.Saved(); };
     Calls.Tell = [this](std::string_view what) {
         Main.lblNotice.Caption = what;
         // The line may be too short for it.

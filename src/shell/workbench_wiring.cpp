@@ -2,6 +2,7 @@
 #include "basic/text.h"
 #include "platform/clicks.h"
 #include "platform/keys.h"
+#include "program/edit_step.h"
 #include "shell/workbench.h"
 
 // What menus, buttons, options and keys of the main window lead to.
@@ -50,6 +51,8 @@ void Workbench::WireMenus() {
     Main.mnuSaveAs.OnClick = [this] { Writer.mnuSaveAs_Click(); };
     Main.mnuSaveClipboard.OnClick = [this] { Writer.mnuSaveClipboard_Click(); };
     Main.mnuLoadClipboard.OnClick = [this] { Run(Calls.LoadClipboardModule); };
+    Main.mnuUndo.OnClick = [this] { undoing_.mnuUndo_Click(); };
+    Main.mnuRedo.OnClick = [this] { undoing_.mnuRedo_Click(); };
     Main.mnuFind.OnClick = [this] { Find.mnuFind_Click(); };
     Main.mnuDraw.OnClick = [this] { mnuDraw_Click(); };
     Main.mnuGoToError.OnClick = [this] { findings_.GoToError(); };
@@ -124,10 +127,12 @@ void Workbench::WireReset() {
 }
 
 void Workbench::WireKeys() {
+    File.txtFileNotes.OnLostFocus = [this] { History.TakeNotes(); };
     File.txtFileNotes.OnKeyPress = [this](int& character) { txtFileNotes_KeyPress(character); };
     frmMain.OnKeyDown = [this](int pressed, int held) {
         Draw.Editor.RestoreScroll();
-        if (Help.HandleKey(pressed, held) || pressed != key::Escape) return;
+        if (undoing_.HandleKey(pressed, held) || Help.HandleKey(pressed, held) || pressed != key::Escape)
+            return;
         if (Transfer.frRXcode.Visible) Received.cmdReceiveExit_Click();
         Main.tabSettings.Visible = false;
         if (Entry.cmdReturn.Visible) Modes.cmdReturn_Click();
@@ -217,6 +222,12 @@ void Workbench::tmr1sec_Timer() {
     RefreshTitle();
 }
 
+void Workbench::Handled() {
+    if (ended_) return;
+    undoing_.Refresh();
+    target_.Refresh(Draw.Editor.UsersRow());
+}
+
 void Workbench::RefreshTitle() {
     std::string title = programName;
     const std::string_view name = ExtractFileName(File.lblPath.Caption);
@@ -243,6 +254,7 @@ void Workbench::ShowPaths() {
 }
 
 void Workbench::ChooseMachine(MachineModel machine) {
+    const EditStep step(Calls, {StepKind::Machine});
     if (!settings_.Busy) clearing_.mnuNew_Click();
     // Still unsaved: the user kept the program, and the machine stays.
     if (!Store.Unsaved()) Store.Machine = machine;
@@ -251,11 +263,13 @@ void Workbench::ChooseMachine(MachineModel machine) {
 }
 
 void Workbench::ChooseUnits(Units units) {
+    const EditStep step(Calls, {StepKind::Units});
     Machine.SetUnits(units);
     Interpreter.Interpreter();
 }
 
 void Workbench::ChooseUnits(Units units, bool horizontal) {
+    const EditStep step(Calls, {StepKind::Units});
     Store.Horizontal = horizontal;
     ChooseUnits(units);
 }
