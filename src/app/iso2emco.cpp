@@ -4,14 +4,16 @@
 #include <string>
 
 #include "basic/code_page.h"
+#include "basic/installation.h"
 #include "basic/number.h"
 #include "basic/text.h"
 #include "files/iso/converter.h"
 #include "headless/memory_platform.h"
+#include "shell/program_usage.h"
 #include "shell/workbench.h"
 
 // The pre-processor for ISO code: iso2emco.MK2, iso2emco.MK4 or iso2emco.F1 FILE. The machine is the one that its
-// own name ends in. It leaves FILE.~pp, the program, with FILE.~ppINFO where there is something to know; or
+// own name ends in; as iso2emco it is told by --machine. It leaves FILE.~pp, the program, with FILE.~ppINFO where there is something to know; or
 // FILE.~ppERR, why there is none.
 namespace {
 
@@ -95,15 +97,33 @@ std::string NameOfFile(const std::vector<std::string>& arguments) {
     return name;
 }
 
+// Reads the options under a name that is no machine's, and takes them off the words; nothing is left where they ask for
+// something that there is not. False where they have been answered.
+bool ReadOptions(std::vector<std::string>& words, iso::Machine& machine) {
+    const auto asked = [&](std::string_view brief, std::string_view name) {
+        return words.size() == 1 && (words[0] == brief || words[0] == name);
+    };
+    if (asked("-v", "--version")) return std::printf("iso2emco %s\n", VersionText().c_str()), false;
+    if (asked("-h", "--help")) return std::fputs(HelpText(PreProcessorUsage()).c_str(), stdout), false;
+    const bool named = words.size() >= 3 && words[0] == "--machine" && MachineOf(words[1], machine);
+    words.erase(words.begin(), named ? words.begin() + 2 : words.end());
+    if (!words.empty() && words[0] == "--") words.erase(words.begin());
+    return true;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     iso::Machine machine = iso::Machine::MK4;
-    if (argc < 2 || !MachineOf(argv[0], machine)) {
-        std::fputs("usage: iso2emco.MK2|iso2emco.MK4|iso2emco.F1 FILE\n", stderr);
+    std::vector<std::string> words(argv + 1, argv + argc);
+    if (!MachineOf(argv[0], machine) && !ReadOptions(words, machine)) return 0;
+    if (words.empty()) {
+        std::fputs(
+            "usage: iso2emco --machine MK2|MK4|F1 FILE, or iso2emco.MK2|iso2emco.MK4|iso2emco.F1 FILE\n",
+            stderr);
         return wrongUsage;
     }
-    const std::string name = NameOfFile({argv + 1, argv + argc});
+    const std::string name = NameOfFile(words);
     // A file that may not grow any more is a write that fails.
     std::signal(SIGXFSZ, SIG_IGN);
     DiskFiles files;

@@ -1,6 +1,6 @@
 #include "shell/help_documents.h"
 
-#include "basic/number.h"
+#include "basic/installation.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "files/folders.h"
@@ -95,8 +95,7 @@ void HelpDocuments::FillAbout() {
     const Texts& texts = parts_.Language;
     ListBox& list = parts_.Main.lstAbout;
     list.Clear();
-    list.AddEntry(std::string(texts.MessageTexts(text::ProgramVersion)) + ": " + PlainNumber(VersionMajor) +
-                  "." + PlainNumber(VersionMinor) + "." + PlainNumber(VersionRevision) + releaseDate);
+    list.AddEntry(std::string(texts.MessageTexts(text::ProgramVersion)) + ": " + VersionText() + releaseDate);
     list.AddEntry(std::string(texts.MessageTexts(text::LanguageModule)) + ": " +
                   (texts.LanguageName.empty() ? "None" : texts.LanguageName));
     if (!texts.TranslatedBy.empty()) list.AddEntry("Translated by: " + texts.TranslatedBy);
@@ -104,7 +103,7 @@ void HelpDocuments::FillAbout() {
 
 std::string HelpDocuments::PathOf(const std::string& name) const {
     const std::string& start = StartFolder;
-    for (const std::string& folder : {start + "Help/", start + "../share/kvt/Help/"}) {
+    for (const std::string& folder : {start + "Help/", start + SharedFolderFromPrograms() + "Help/"}) {
         if (parts_.Platform.Files.Exists(folder + name)) return folder + name;
     }
     return {};
