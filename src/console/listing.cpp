@@ -5,6 +5,7 @@
 #include "basic/code_page.h"
 #include "basic/number.h"
 #include "basic/text.h"
+#include "program/explanations.h"
 
 namespace kvt {
 
@@ -189,6 +190,7 @@ Verdict VerdictOf(const Workbench& workbench) {
         // The first error is the one that the header of the error column names.
         const ListRow& first = list.Row(std::clamp(static_cast<int>(store.ErrorLine) + 1, 1, lines));
         verdict.First = LineName(first) + ": " + ToUtf8(FindingOf(first));
+        verdict.Explanation = ToUtf8(Explanation(first[column::Error], workbench.Language));
         verdict.Sentence = "First error in line " + verdict.First + ".";
         if (verdict.Findings > 1)
             verdict.Sentence += " " + PlainNumber(verdict.Findings) + " lines have errors.";

@@ -13,9 +13,10 @@ std::string Listing(std::string_view file, const Workbench& workbench, bool colo
 
 // What is to be said of a checked program as a whole. Texts are UTF-8.
 struct Verdict {
-    int Findings = 0;       // lines with one
-    bool Complete = false;  // the check reached the program's end
-    std::string First;      // "N05: !..." of the first error, empty for none
+    int Findings = 0;         // lines with one
+    bool Complete = false;    // the check reached the program's end
+    std::string First;        // "N05: !..." of the first error, empty for none
+    std::string Explanation;  // what is to be known about it, a few lines
     std::string Sentence;
 };
 Verdict VerdictOf(const Workbench& workbench);

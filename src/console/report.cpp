@@ -26,6 +26,7 @@ struct Reported {
     std::string Notes;
     std::string Verdict;
     std::string Finding;
+    std::string Explanation;
     std::string Time;
     std::string Lines;
     std::string Drawing;
@@ -67,10 +68,19 @@ Reported Read(const std::string& file) {
     one.Notes = FirstNote(workbench);
     one.Verdict = VerdictWords(loaded, verdict);
     one.Finding = verdict.First.empty() ? verdict.Sentence : verdict.First;
+    one.Explanation = verdict.Explanation;
     one.Time = workbench.Results.lblPPMachineTime.Caption;
     one.Lines = workbench.Results.lblPPLines.Caption;
     one.Drawing = DrawingAsSvg(file);
     one.Status = loaded.Status();
+    return one;
+}
+
+Reported TooLarge(const std::string& file) {
+    Reported one;
+    one.File = file;
+    one.Verdict = "Not read";
+    one.Finding = "The file is too large for the memory of this machine.";
     return one;
 }
 
@@ -104,7 +114,10 @@ std::string RowOf(const Reported& one, std::size_t number) {
     row += Cell(text(one.Machine));
     row += Cell("<b>" + text(one.Verdict) + "</b>", PlainNumber(one.Status));
     // "No errors." stands before it.
-    row += Cell(one.Finding == cleanSentence ? std::string() : text(one.Finding));
+    std::string finding = one.Finding == cleanSentence ? std::string() : text(one.Finding);
+    for (const std::string_view line : Split(one.Explanation, "\r\n"))
+        finding += "<p>" + text(std::string(line)) + "</p>";
+    row += Cell(finding);
     row += Cell(text(one.Lines));
     row += Cell(text(one.Time));
     row += Cell(DrawingOnPage(one.Drawing, place));
@@ -157,8 +170,7 @@ int Report(const std::vector<std::string>& files, const std::string& out) {
             programs.push_back(Read(file));
         } catch (const std::bad_alloc&) {
             Complain(file, "is too large for the memory of this machine");
-            programs.push_back(
-                {file, "", "", "Not read", "The file is too large.", "", "", "", status::Usage});
+            programs.push_back(TooLarge(file));
         }
         worst = std::max(worst, programs.back().Status);
     }

@@ -1,5 +1,6 @@
 #include "shell/sample_menu.h"
 
+#include "basic/installation.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 
@@ -19,7 +20,7 @@ std::string ShownName(std::string_view name, std::string_view machine) {
 void SampleMenu::Fill(const std::string& startFolder) {
     if (!entries_.empty()) return;
     std::vector<std::string> names;
-    for (const char* beside : {"samples/", "../share/kvt/samples/"}) {
+    for (const std::string& beside : {std::string("samples/"), SharedFolderFromPrograms() + "samples/"}) {
         folder_ = startFolder + beside;
         Attempt(fillName, [&] { names = parts_.Platform.Files.List(folder_, "*.cnc"); });
         if (!names.empty()) break;
