@@ -5,17 +5,19 @@
 #include <string>
 
 #include "basic/code_page.h"
+#include "basic/installation.h"
 #include "basic/line_end.h"
 #include "basic/number.h"
 #include "basic/text.h"
 #include "files/iso/converter.h"
 #include "headless/memory_platform.h"
 #include "program/machine.h"
+#include "shell/program_usage.h"
 #include "shell/workbench.h"
 
 // The pre-processor for ISO code: iso2emco.MK2, iso2emco.MK4 or iso2emco.F1 FILE. The machine is the one that its
-// own name ends in. It leaves FILE.~pp, the program, with FILE.~ppINFO where there is something to know; or
-// FILE.~ppERR, why there is none.
+// own name ends in; as iso2emco it is told by --machine. It leaves FILE.~pp, the program, with FILE.~ppINFO where there is
+// something to know; or FILE.~ppERR, why there is none.
 namespace {
 
 using namespace kvt;
@@ -92,18 +94,37 @@ std::string NameOfFile(const std::vector<std::string>& arguments) {
     return name;
 }
 
+// Reads the options under a name that is no machine's, and takes them off the words; nothing is left where they ask for
+// something that there is not. False where they have been answered.
+bool ReadOptions(std::vector<std::string>& words, std::optional<MachineModel>& machine) {
+    const auto asked = [&](std::string_view brief, std::string_view name) {
+        return words.size() == 1 && (words[0] == brief || words[0] == name);
+    };
+    if (asked("-v", "--version")) return std::printf("iso2emco %s\n", VersionText().c_str()), false;
+    if (asked("-h", "--help")) return std::fputs(HelpText(PreProcessorUsage()).c_str(), stdout), false;
+    if (words.size() >= 3 && words[0] == "--machine") machine = MachineOf(words[1]);
+    words.erase(words.begin(), machine ? words.begin() + 2 : words.end());
+    if (!words.empty() && words[0] == "--") words.erase(words.begin());
+    return true;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::optional<MachineModel> machine = MachineOf(argv[0]);
-    if (argc < 2 || !machine) {
-        std::string names;
-        for (const MachineFacts& one : Machines())
+    std::optional<MachineModel> machine = MachineOf(argv[0]);
+    std::vector<std::string> words(argv + 1, argv + argc);
+    if (!machine && !ReadOptions(words, machine)) return 0;
+    if (words.empty() || !machine) {
+        std::string machines, names;
+        for (const MachineFacts& one : Machines()) {
+            machines += (machines.empty() ? "" : "|") + std::string(one.Name);
             names += (names.empty() ? "iso2emco." : "|iso2emco.") + std::string(one.Name);
-        std::fputs(("usage: " + names + " FILE\n").c_str(), stderr);
+        }
+        std::fputs(("usage: iso2emco --machine " + machines + " FILE, or " + names + " FILE\n").c_str(),
+                   stderr);
         return wrongUsage;
     }
-    const std::string name = NameOfFile({argv + 1, argv + argc});
+    const std::string name = NameOfFile(words);
     // A file that may not grow any more is a write that fails.
     std::signal(SIGXFSZ, SIG_IGN);
     DiskFiles files;
