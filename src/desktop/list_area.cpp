@@ -1,7 +1,6 @@
 #include "desktop/list_area.h"
 
 #include <QContextMenuEvent>
-#include <QFontDatabase>
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -12,6 +11,7 @@
 
 #include "basic/stack_guard.h"
 #include "desktop/colors.h"
+#include "desktop/form_font.h"
 #include "desktop/text.h"
 
 namespace kvt {
@@ -42,7 +42,7 @@ ListArea::ListArea(ListView& list, const Scale& lengths, QWidget* parent)
 
 // The largest face whose characters fit the columns.
 void ListArea::ChooseFont() {
-    font_ = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font_ = FixedPitchFont();
     const int widest = lengths_.Pixels(characterTwips);
     for (int size = rowHeight_ - 2; size >= 6; --size) {
         font_.setPixelSize(size);
@@ -63,6 +63,9 @@ std::vector<ListArea::Column> ListArea::Columns() const {
             {subItem,
              {left - horizontalScrollBar()->value(), 0, lengths_.Pixels(twips) - left, headerHeight_}});
     }
+    // The last one has the room that the list has left.
+    if (!columns.empty())
+        columns.back().Place.setRight(std::max(columns.back().Place.right(), viewport()->width() - 1));
     return columns;
 }
 
@@ -70,8 +73,9 @@ int ListArea::RowsInSight() const { return std::max(1, (viewport()->height() - h
 
 void ListArea::FollowRows() {
     const StackGuard guard(following_);
-    int width = 0;
-    for (const Column& column : Columns()) width += column.Place.width();
+    int twips = 0;
+    for (int header = 1; header <= SubItemCount; ++header) twips += std::max(0, list_.Header(header).Width);
+    const int width = lengths_.Pixels(twips);
     horizontalScrollBar()->setPageStep(viewport()->width());
     horizontalScrollBar()->setRange(0, std::max(0, width - viewport()->width()));
 

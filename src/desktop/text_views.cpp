@@ -2,7 +2,6 @@
 
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMouseEvent>
@@ -12,6 +11,7 @@
 
 #include "basic/stack_guard.h"
 #include "desktop/colors.h"
+#include "desktop/form_font.h"
 #include "desktop/text.h"
 #include "platform/keys.h"
 
@@ -201,7 +201,7 @@ NotesView::NotesView(DesktopContext& desktop, TextBox& control, QWidget* parent)
     Watch(edit_->viewport());
     edit_->viewport()->setAcceptDrops(false);
     if (control.FixedPitch) {
-        QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+        QFont font = FixedPitchFont();
         font.setPixelSize(edit_->fontInfo().pixelSize());
         edit_->setFont(font);
     }

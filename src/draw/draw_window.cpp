@@ -25,6 +25,10 @@ constexpr int frameGap = 20;
 constexpr int roomyWidth = 11100;
 constexpr int wideField = 860;
 constexpr int narrowField = 600;
+constexpr int autoFitWidth = 840;
+constexpr int redrawWidth = 820;
+constexpr int twipsALetter = 110;
+constexpr int letterMargin = 60;
 constexpr int firstScale = 3;
 // How far a notch of the wheel goes, in twips.
 constexpr double twipsPerNotch = 900;
@@ -313,7 +317,15 @@ void DrawWindow::Form_LostFocus() {
 }
 
 void DrawWindow::PlaceFramesInRow() {
-    const bool roomy = Controls.frmDraw.Width >= roomyWidth;
+    // A language may have longer words than English.
+    int longer = 0;
+    for (CommandButton* button : {&Controls.cmdAutoFit, &Controls.cmdRedraw}) {
+        const int least = button == &Controls.cmdAutoFit ? autoFitWidth : redrawWidth;
+        const int characters = static_cast<int>(button->Caption.Get().size());
+        button->Width = std::max(least, characters * twipsALetter + letterMargin);
+        longer += button->Width - least;
+    }
+    const bool roomy = Controls.frmDraw.Width >= roomyWidth + longer;
     Controls.FillFrames(roomy ? wideField : narrowField);
     const Control* before = nullptr;
     for (Control* frame : std::initializer_list<Control*>{
@@ -322,6 +334,7 @@ void DrawWindow::PlaceFramesInRow() {
         // On the mill the next one takes the place of the diameter.
         if (frame == &Controls.frDiameter && !frame->Visible) continue;
         frame->Left = before ? before->Left + before->Width + frameGap : Controls.frDiameter.Left.Get();
+        if (longer > 0 && frame->Left + frame->Width > Controls.frmDraw.Width) frame->Visible = false;
         before = frame;
     }
     int right = 0;

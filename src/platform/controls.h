@@ -139,6 +139,9 @@ public:
     int EdgeWidth = 0, EdgeHeight = 0;
     // The size that the user cannot draw it below; 0 where there is none. Set before it is shown.
     int SmallestWidth = 0, SmallestHeight = 0;
+    // What its controls are laid out for on a screen that is lower than the smallest height; 0 for that height itself.
+    // A window that is smaller still shows a part, and the user can scroll. Set before it is shown.
+    int LeastHeight = 0;
 
     // The window's place; for one that is maximised or minimised that to which it goes back.
     WindowPlace RestoredPlace() const;

@@ -94,6 +94,10 @@ public:
     virtual int WorkAreaHeight() = 0;
     // A window's place, moved and made smaller where no screen would show all of it.
     virtual WindowPlace OnScreen(const WindowPlace& place) = 0;
+    // What a window has room for on it, of a length that it wants. All of it where the rest would lie beyond the edge;
+    // less where the user can scroll to the rest.
+    virtual int WidthFor(int wanted) { return wanted; }
+    virtual int HeightFor(int wanted) { return wanted; }
     // How fine it is: the points of a picture that shows what it shows.
     virtual double PointsPerTwip() = 0;
 };

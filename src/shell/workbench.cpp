@@ -56,7 +56,7 @@ Workbench::Workbench(Services& services)
       print_({Store, File, Writer, Language, services, Calls}),
       Import({Store, File, Reader, Main.mnuImport, services, Language}),
       table_(frmMain),
-      positions_({table_, Main, Store, Entry, File, View, Results}),
+      positions_({table_, Main, Store, Entry, File, View, Results, services.Screen}),
       Display({Store, Machine, Lists, View, Entry, Main, Import, Calls}),
       Modes({table_, Store, Transfer, Layout, Results, Main, Help}),
       size_({frmMain, Language, services, Calls}),
@@ -71,6 +71,7 @@ Workbench::Workbench(Services& services)
       recovery_(frmMain, {Store, File, Reader, Writer, Language, data_, services}) {
     frmMain.SmallestWidth = SmallestWidth;
     frmMain.SmallestHeight = SmallestHeight;
+    frmMain.LeastHeight = LeastHeight;
     frmMain.Width = UsualWidth;
     frmMain.Height = firstHeight;
     Store.lvCncProgram.Height = firstListHeight;
