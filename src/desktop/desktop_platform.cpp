@@ -6,6 +6,8 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "desktop/application.h"
+
 namespace kvt {
 
 namespace {
@@ -81,6 +83,7 @@ DesktopPlatform::DesktopPlatform(FileService& files, ProgramService& programs, c
     // The program ends when it says so, not with its windows.
     QGuiApplication::setQuitOnLastWindowClosed(false);
     QApplication::setFont(face.Font);
+    UseDesktopPalette();
 }
 
 }  // namespace kvt

@@ -22,10 +22,6 @@ namespace {
 constexpr int characterTwips = 105;
 constexpr int paddingTwips = 75;
 
-constexpr double focusedTint = 0.3;  // of the selected row
-constexpr double tint = 0.15;
-const QColor findingColor(0xC0, 0x00, 0x20);
-
 }  // namespace
 
 ListArea::ListArea(ListView& list, const Scale& lengths, QWidget* parent)
@@ -181,12 +177,11 @@ QString ListArea::Cut(const QString& text, int width) const {
     return text.left(fits - 1) + QChar(0x2026);
 }
 
-QColor ListArea::CellColor(int row, int subItem) const {
+QColor ListArea::CellColor(int row, int subItem, const QColor& ground) const {
     const ListRow& cells = list_.Row(row);
-    const QColor plain = palette().color(QPalette::Text);
-    if (!isEnabled()) return palette().color(QPalette::Disabled, QPalette::Text);
-    const QColor ground = palette().color(QPalette::Base);
-    if (subItem == list_.EmphasisedColumn) return Readable(findingColor, ground);
+    const QColor plain = Readable(palette().color(QPalette::Text), ground);
+    if (!isEnabled()) return Readable(palette().color(QPalette::Disabled, QPalette::Text), ground);
+    if (subItem == list_.EmphasisedColumn) return FindingColor(ground);
     const bool colored = subItem >= list_.FirstColoredColumn && subItem <= list_.LastColoredColumn;
     if (!colored || cells.ForeColor == 0) return plain;
     return Readable(ColorOf(cells.ForeColor), ground);
@@ -220,14 +215,12 @@ void ListArea::PaintHeaders(QPainter& painter, const std::vector<Column>& column
 
 void ListArea::PaintRow(QPainter& painter, int row, const std::vector<Column>& columns) const {
     const QRect place = RowPlace(row);
-    const QColor ground = palette().color(QPalette::Base);
     const bool selected = row == list_.SelectedRow();
+    const QColor ground = selected ? SelectedGround(palette(), hasFocus()) : palette().color(QPalette::Base);
     if (selected) {
-        // A tint, on which the colours of the row can still be told apart.
-        const QColor mark = palette().color(QPalette::Active, QPalette::Highlight);
-        painter.fillRect(place, Mixed(ground, mark, hasFocus() ? focusedTint : tint));
-        if (hasFocus()) {
-            painter.setPen(mark);
+        painter.fillRect(place, ground);
+        if (hasFocus() || IsDarkOrStrong(palette())) {
+            painter.setPen(SelectedEdge(palette()));
             painter.drawRect(place.adjusted(0, 0, -1, -1));
         }
     }
@@ -236,7 +229,7 @@ void ListArea::PaintRow(QPainter& painter, int row, const std::vector<Column>& c
     for (const Column& column : columns) {
         const std::string_view cell = list_.Row(row)[column.SubItem];
         if (cell.find_first_not_of(' ') == std::string_view::npos) continue;
-        painter.setPen(CellColor(row, column.SubItem));
+        painter.setPen(CellColor(row, column.SubItem, ground));
         painter.drawText(column.Place.left() + padding_, baseline, Cut(ToQt(cell), column.Place.width()));
     }
 }
@@ -250,7 +243,7 @@ void ListArea::paintEvent(QPaintEvent*) {
     const int last = std::min(list_.Count(), list_.TopRow() + RowsInSight());
     painter.setFont(font_);
     for (int row = list_.TopRow(); row <= last; ++row) PaintRow(painter, row, columns);
-    painter.setPen(Mixed(palette().color(QPalette::Base), palette().color(QPalette::Text), 0.12));
+    painter.setPen(GridColor(palette()));
     for (const Column& column : columns) {
         painter.drawLine(column.Place.right(), headerHeight_, column.Place.right(), viewport()->height());
     }

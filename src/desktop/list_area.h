@@ -51,7 +51,7 @@ private:
     QString Cut(const QString& text, int width) const;
     void PaintHeaders(QPainter& painter, const std::vector<Column>& columns) const;
     void PaintRow(QPainter& painter, int row, const std::vector<Column>& columns) const;
-    QColor CellColor(int row, int subItem) const;
+    QColor CellColor(int row, int subItem, const QColor& ground) const;
 
     ListView& list_;
     const Scale& lengths_;

@@ -31,7 +31,6 @@ private:
     const ListBox& list_;
 };
 
-constexpr double tint = 0.2;
 constexpr int entrySpace = 3;  // pixels between the lines of two entries
 constexpr int twipsAFixedCharacter = 105;
 
@@ -59,9 +58,9 @@ public:
         QStyledItemDelegate::initStyleOption(option, index);
         if (!option->widget || option->widget->hasFocus()) return;
         QPalette& palette = option->palette;
-        palette.setColor(QPalette::Highlight,
-                         Mixed(palette.color(QPalette::Base), palette.color(QPalette::Highlight), tint));
-        palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
+        const QColor ground = SelectedGround(palette, false);
+        palette.setColor(QPalette::Highlight, ground);
+        palette.setColor(QPalette::HighlightedText, Readable(palette.color(QPalette::Text), ground));
     }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,

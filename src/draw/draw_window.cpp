@@ -122,6 +122,7 @@ void DrawWindow::WireField() {
     field.OnMouseWheel = [this](int shift, double notches, bool sideways) {
         pbxDrawField_MouseWheel(shift, notches, sideways);
     };
+    field.OnKeyDown = [this](int pressed, int) { pbxDrawField_KeyDown(pressed); };
     field.OnKeyPress = [this](int& character) {
         if (character == key::Enter) State.EndClickWait();
     };
@@ -419,6 +420,21 @@ void DrawWindow::Form_KeyDown(int pressed) {
         if (one.Does == Zooming::In) View.Zoom(1);
         if (one.Does == Zooming::Out) View.Zoom(-1);
         if (one.Does == Zooming::Draw) Redraw();
+    }
+}
+
+// The arrows move the view over the drawing, the page keys by what is in sight.
+void DrawWindow::pbxDrawField_KeyDown(int pressed) {
+    const double page = Controls.pbxViewWindow.Height * 0.9;
+    switch (pressed) {
+        case key::Left: return View.ScrollBy(-twipsPerNotch, 0);
+        case key::Right: return View.ScrollBy(twipsPerNotch, 0);
+        case key::Up: return View.ScrollBy(0, -twipsPerNotch);
+        case key::Down: return View.ScrollBy(0, twipsPerNotch);
+        case key::PageUp: return View.ScrollBy(0, -page);
+        case key::PageDown: return View.ScrollBy(0, page);
+        case key::Home: return cmdAutoFit_Click();
+        default: return;
     }
 }
 

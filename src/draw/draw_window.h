@@ -85,6 +85,7 @@ private:
     void RunPasses();
     void PlaceFramesInRow();
     void ShowMenusOfMachine();
+    void pbxDrawField_KeyDown(int pressed);
     void pbxDrawField_MouseMove(int button, float x, float y);
     void pbxDrawField_MouseDown(int button, float x, float y);
     void pbxDrawField_MouseWheel(int shift, double notches, bool sideways);

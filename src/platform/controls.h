@@ -189,6 +189,7 @@ public:
     Property<Color> ForeColor{*this, PropertyId::ForeColor};
     // Numbers below one another stand at the right edge. Set before it is shown.
     bool AtRight = false;
+    // A label that can be clicked has a tab index: the Tab key stops at it while it has a caption, and Enter clicks it.
 };
 
 // Selection positions count from 0, as characters in front.
@@ -293,6 +294,8 @@ public:
     TabStrip(Form& form, std::string_view name) : Control(form, ControlKind::TabStrip, name) {}
     Property<int> Value{*this, PropertyId::Value};
     std::vector<std::string> Captions;
+    // Lies over the other controls of its form: while it can be seen the Tab key stays within it.
+    bool KeepsTab = false;
     void SetCaption(int page, std::string_view caption) {
         Captions.at(static_cast<std::size_t>(page)) = caption;
         Changed(PropertyId::Caption);
@@ -358,6 +361,9 @@ public:
     bool FixedPitch = false;
     // Lies over other lists that it reaches into. Set before it is shown.
     bool InFront = false;
+    // The keys that move go from entry to entry and no more; Enter, the blank and a click choose one. Otherwise moving
+    // chooses too.
+    bool EnterChooses = false;
 
     static constexpr int EntryHeight = 240;  // twips
 

@@ -252,8 +252,8 @@ constexpr ControlRow controlRows[] = {
     {settings, "", OverList(), stop | hidden},
     {"chkSettingsAutowidth", settings, SettingsLine(0), stop, settings_page::General},
     {"chkSettingsDWC", settings, SettingsLine(390), stop, settings_page::General},
-    {"lblSettingsAbsColor", settings, At(240, pageTop + 900, 2400, 300), 0, settings_page::General},
-    {"lblSettingsIncrColor", settings, At(240, pageTop + 1260, 2400, 300), 0, settings_page::General},
+    {"lblSettingsAbsColor", settings, At(240, pageTop + 900, 2400, 300), stop, settings_page::General},
+    {"lblSettingsIncrColor", settings, At(240, pageTop + 1260, 2400, 300), stop, settings_page::General},
     {"cmdResetAll", settings, At(240, pageTop + 1800, 2400, 420), stop, settings_page::General},
     {"lblCurrentFilePath", settings, PathLabel(0), 0, settings_page::Info},
     {"txtCurrentFilePath", settings, PathText(0), stop, settings_page::Info},
@@ -293,8 +293,8 @@ constexpr ControlRow controlRows[] = {
 
     // A click on either shows the other one. The buttons share the room below them: see PlaceTopButtons.
     {"frControlPanel", "", At(0, 30, Wide(-3740), listTop - 60), frozen},
-    {"lblPath", "frControlPanel", At(60, 240, Wide(-8340), 240)},
-    {"lblFileName", "frControlPanel", At(60, 240, Wide(-8340), 240)},
+    {"lblPath", "frControlPanel", At(60, 240, Wide(-8340), 240), stop},
+    {"lblFileName", "frControlPanel", At(60, 240, Wide(-8340), 240), stop},
     {"cmdTopButtons", "frControlPanel", {}, stop | frozen},
 
     {"frComPorts", settings, At(60, 480, 7980, 4740), 0, settings_page::COM},

@@ -52,6 +52,7 @@ MainControls::MainControls(Form& window) : Window(window) {
     mnuFind.Shortcut = "Ctrl+F";
     mnuPrint.Shortcut = "Ctrl+P";
     lblMachineType.ToolTip = "Machine Type";
+    tabSettings.KeepsTab = true;
     tabSettings.Captions = {"General", "Info", "Machine", "Printer", "COM"};
 }
 
