@@ -29,6 +29,8 @@ struct DrawParts {
     std::function<void(std::function<void()>)> AfterWalk;
     // Withdraws the measurement.
     std::function<void()> ClearMeasure;
+    // Shows in the quiet line of the editor what has happened.
+    std::function<void(std::string_view what)> Tell;
 };
 
 }  // namespace kvt

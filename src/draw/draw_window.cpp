@@ -70,6 +70,7 @@ DrawWindow::DrawWindow(const Parts& parts)
              parts.Platform,
              [this] { Redraw(); },
              [this](std::function<void()> then) { AfterWalk(std::move(then)); },
+             nullptr,
              nullptr},
       View(parts_),
       Sim(parts_),
@@ -78,6 +79,9 @@ DrawWindow::DrawWindow(const Parts& parts)
       Measure(parts_, Sim, View),
       Output(parts_),
       walkParts_{parts_, View, Sim, Listing, Editor, [this] { PositionControls(); }} {
+    parts_.Tell = [this](std::string_view what) {
+        if (Tell) Tell(what);
+    };
     Form& form = Controls.frmDraw;
     form.SmallestWidth = leastWidth;
     form.SmallestHeight = leastHeight;

@@ -32,6 +32,7 @@ public:
 
 private:
     void PlaceTopButtons();
+    void PlaceNotice();
     void ShowWhatBelongs();
 
     Parts parts_;
