@@ -156,8 +156,10 @@ int RunProgram(int argc, char** argv) {
 
     kvt::DiskFiles files;
     kvt::SystemPrograms programs;
-    kvt::DesktopPlatform platform(files, programs,
-                                  options.Scale > 0 ? options.Scale : kvt::DesktopPlatform::ScreenFactor());
+    const kvt::FormFont font =
+        options.Scale > 0 ? kvt::FontForFactor(QApplication::font(), options.Scale)
+                          : kvt::DesktopPlatform::FontOfScreen({kvt::SmallestWidth, kvt::LeastHeight});
+    kvt::DesktopPlatform platform(files, programs, font);
     kvt::DesktopSystem& system = platform.Desktop.System;
     files.SetDataFolder(kvt::FoldersBelow(system.LocalDataFolder()).DataFolder);
     files.RemoveLeftovers();

@@ -5,6 +5,8 @@
 #include <new>
 
 #include "basic/run_time_error.h"
+#include "basic/stack_guard.h"
+#include "desktop/colors.h"
 
 namespace kvt {
 
@@ -48,6 +50,20 @@ QIcon ProgramIcon() {
             icon.addPixmap(QPixmap::fromImage(QImage::fromData(file.readAll(), "PNG")));
     }
     return icon;
+}
+
+void UseDesktopPalette() {
+    static bool changing = false;
+    const StackGuard guard(changing);
+    if (!guard.Entered()) return;
+    // One without colours of its own is that of the desktop.
+    QApplication::setPalette(QPalette());
+    QApplication::setPalette(ReadablePalette(QApplication::palette()));
+}
+
+bool Application::event(QEvent* event) {
+    if (event->type() == QEvent::ApplicationPaletteChange) UseDesktopPalette();
+    return QApplication::event(event);
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {

@@ -18,6 +18,8 @@ namespace {
 constexpr int documentMargin = 12;  // pixels
 constexpr int severalLines = 480;   // twips of height from which on a label has them
 
+constexpr int leastEdge = 6;  // pixels of a frame's upper edge behind its caption
+
 // A text shortened in its middle where it is wider than its place.
 QString Fitted(const QString& text, const QFontMetrics& metrics, int width) {
     if (metrics.horizontalAdvance(text) <= width) return text;
@@ -60,10 +62,11 @@ protected:
         const int left = height / 2;
         const int top = caption.isEmpty() ? 0 : height / 2;
         const QRectF edge = QRectF(rect()).adjusted(0.5, top + 0.5, -0.5, -0.5);
-        painter.setPen(palette().color(QPalette::Mid));
+        const QColor line = palette().color(QPalette::Mid);
+        painter.setPen(IsDarkOrStrong(palette()) ? Readable(line, palette().color(QPalette::Window)) : line);
         painter.drawRoundedRect(edge, 3, 3);
         if (caption.isEmpty()) return;
-        const QString text = Fitted(caption, fontMetrics(), width() - 2 * left);
+        const QString text = Fitted(caption, fontMetrics(), width() - left - leastEdge);
         const QRect place(left, 0, fontMetrics().horizontalAdvance(text), height);
         painter.fillRect(place.adjusted(-3, 0, 3, 0), palette().color(QPalette::Window));
         style()->drawItemText(&painter, place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, palette(),

@@ -2,7 +2,6 @@
 
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMouseEvent>
@@ -12,6 +11,7 @@
 
 #include "basic/stack_guard.h"
 #include "desktop/colors.h"
+#include "desktop/form_font.h"
 #include "desktop/text.h"
 #include "platform/keys.h"
 

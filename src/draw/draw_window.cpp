@@ -25,7 +25,13 @@ constexpr int frameGap = 20;
 constexpr int roomyWidth = 11100;
 constexpr int wideField = 860;
 constexpr int narrowField = 600;
+constexpr int autoFitWidth = 840;
+constexpr int redrawWidth = 820;
+constexpr int twipsALetter = 110;
+constexpr int letterMargin = 60;
 constexpr int firstScale = 3;
+// How far a press of an arrow key moves the view, in twips.
+constexpr double arrowStep = 900;
 
 // Ends the walk's phase, also when a failure passes through.
 class WalkGuard {
@@ -125,6 +131,7 @@ void DrawWindow::WireMenus() {
 
 void DrawWindow::WireField() {
     PictureBox& field = Controls.pbxDrawField;
+    field.OnKeyDown = [this](int pressed, int) { pbxDrawField_KeyDown(pressed); };
     field.OnKeyPress = [this](int& character) {
         if (character == key::Enter) State.EndClickWait();
     };
@@ -330,7 +337,15 @@ void DrawWindow::Form_LostFocus() {
 }
 
 void DrawWindow::PlaceFramesInRow() {
-    const bool roomy = Controls.frmDraw.Width >= roomyWidth;
+    // A language may have longer words than English.
+    int longer = 0;
+    for (CommandButton* button : {&Controls.cmdAutoFit, &Controls.cmdRedraw}) {
+        const int least = button == &Controls.cmdAutoFit ? autoFitWidth : redrawWidth;
+        const int characters = static_cast<int>(button->Caption.Get().size());
+        button->Width = std::max(least, characters * twipsALetter + letterMargin);
+        longer += button->Width - least;
+    }
+    const bool roomy = Controls.frmDraw.Width >= roomyWidth + longer;
     Controls.FillFrames(roomy ? wideField : narrowField);
     const Control* before = nullptr;
     for (Control* frame : std::initializer_list<Control*>{
@@ -339,6 +354,7 @@ void DrawWindow::PlaceFramesInRow() {
         // On the mill the next one takes the place of the diameter.
         if (frame == &Controls.frDiameter && !frame->Visible) continue;
         frame->Left = before ? before->Left + before->Width + frameGap : Controls.frDiameter.Left.Get();
+        if (longer > 0 && frame->Left + frame->Width > Controls.frmDraw.Width) frame->Visible = false;
         before = frame;
     }
     int right = 0;
@@ -434,6 +450,21 @@ void DrawWindow::Form_KeyDown(int pressed) {
         if (one.Does == Zooming::In) View.Zoom(1);
         if (one.Does == Zooming::Out) View.Zoom(-1);
         if (one.Does == Zooming::Draw) Redraw();
+    }
+}
+
+// The arrows move the view over the drawing, the page keys by what is in sight.
+void DrawWindow::pbxDrawField_KeyDown(int pressed) {
+    const double page = Controls.pbxViewWindow.Height * 0.9;
+    switch (pressed) {
+        case key::Left: return View.ScrollBy(-arrowStep, 0);
+        case key::Right: return View.ScrollBy(arrowStep, 0);
+        case key::Up: return View.ScrollBy(0, -arrowStep);
+        case key::Down: return View.ScrollBy(0, arrowStep);
+        case key::PageUp: return View.ScrollBy(0, -page);
+        case key::PageDown: return View.ScrollBy(0, page);
+        case key::Home: return cmdAutoFit_Click();
+        default: return;
     }
 }
 

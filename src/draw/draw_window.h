@@ -94,6 +94,7 @@ private:
     void ShowMenusOfMachine();
     void DrawWhatIsAsked();
     void EndMode();
+    void pbxDrawField_KeyDown(int pressed);
 
     Navigation navigation_;
     DrawProgram::Parts walkParts_;

@@ -144,6 +144,9 @@ public:
     int EdgeWidth = 0, EdgeHeight = 0;
     // The size that the user cannot draw it below; 0 where there is none. Set before it is shown.
     int SmallestWidth = 0, SmallestHeight = 0;
+    // What its controls are laid out for on a screen that is lower than the smallest height; 0 for that height itself.
+    // A window that is smaller still shows a part, and the user can scroll. Set before it is shown.
+    int LeastHeight = 0;
 
     // The window's place; for one that is maximised or minimised that to which it goes back.
     WindowPlace RestoredPlace() const;
@@ -189,6 +192,7 @@ private:
     bool comesBehind_ = false;
 };
 
+// One that can be clicked has a tab index: the Tab key stops at it while it has a caption, and Enter clicks it.
 class Label : public Control {
 public:
     Label(Form& form, std::string_view name, std::string_view caption = {})
@@ -314,6 +318,8 @@ public:
     TabStrip(Form& form, std::string_view name) : Control(form, ControlKind::TabStrip, name) {}
     Property<int> Value{*this, PropertyId::Value};
     std::vector<std::string> Captions;
+    // Lies over the other controls of its form: while it can be seen the Tab key stays within it.
+    bool KeepsTab = false;
     void SetCaption(int page, std::string_view caption) {
         Captions.at(static_cast<std::size_t>(page)) = caption;
         Changed(PropertyId::Caption);
@@ -379,6 +385,9 @@ public:
     bool FixedPitch = false;
     // Lies over other lists that it reaches into. Set before it is shown.
     bool InFront = false;
+    // The keys that move go from entry to entry and no more; Enter, the blank and a click choose one. Otherwise moving
+    // chooses too.
+    bool EnterChooses = false;
 
     static constexpr int EntryHeight = 240;  // twips
 

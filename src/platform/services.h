@@ -101,6 +101,10 @@ public:
     virtual WindowPlace OnScreen(const WindowPlace& place) = 0;
     // What windows can have of the screen that shows most of a place: all but bars and panels.
     virtual WindowPlace WorkArea(const WindowPlace& place) = 0;
+    // What a window has room for on it, of a length that it wants. All of it where the rest would lie beyond the edge;
+    // less where the user can scroll to the rest.
+    virtual int WidthFor(int wanted) { return wanted; }
+    virtual int HeightFor(int wanted) { return wanted; }
     // How fine it is: the points of a picture that shows what it shows.
     virtual double PointsPerTwip() = 0;
 };

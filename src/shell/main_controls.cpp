@@ -57,6 +57,7 @@ MainControls::MainControls(Form& window) : Window(window) {
     mnuPrintPreview.Shortcut = "Ctrl+Shift+P";
     mnuGoToError.Shortcut = "F8";
     lblMachineType.ToolTip = "Machine Type";
+    tabSettings.KeepsTab = true;
     tabSettings.Captions = {"General", "Info", "Machine", "Printer", "COM"};
 }
 

@@ -60,7 +60,7 @@ Workbench::Workbench(Services& services)
       Import({Store, File, Reader, Main.mnuImport, services, Language}),
       Languages(frmMain, Modules, Language, services.Files),
       table_(frmMain),
-      positions_({table_, Main, Store, Entry, File, View, Results}),
+      positions_({table_, Main, Store, Entry, File, View, Results, services.Screen}),
       Display({Store, Machine, Lists, View, Entry, Main, Import, Calls}),
       Modes({table_, Store, Transfer, Layout, Results, Main, Help}),
       size_({frmMain, Language, services, Calls}),
@@ -83,6 +83,7 @@ Workbench::Workbench(Services& services)
       greys_({Main, Store, Machine, Entry, Transfer, Port, Language, Calls}) {
     frmMain.SmallestWidth = SmallestWidth;
     frmMain.SmallestHeight = SmallestHeight;
+    frmMain.LeastHeight = LeastHeight;
     frmMain.Width = UsualWidth;
     frmMain.Height = firstHeight;
     Store.lvCncProgram.Height = firstListHeight;

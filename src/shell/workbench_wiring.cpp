@@ -35,12 +35,16 @@ void Workbench::WireWindow() {
     // The path and the file's name stand in one place; a click changes between them.
     File.lblPath.OnClick = [this] {
         File.lblFileName.Caption = ExtractFileName(File.lblPath.Caption);
-        File.lblPath.Visible = false;
         File.lblFileName.Visible = true;
+        const bool hadKeys = Platform.Focus.Focused() == &File.lblPath;
+        File.lblPath.Visible = false;
+        if (hadKeys) Platform.Focus.SetFocus(File.lblFileName);
     };
     File.lblFileName.OnClick = [this] {
-        File.lblFileName.Visible = false;
         File.lblPath.Visible = true;
+        const bool hadKeys = Platform.Focus.Focused() == &File.lblFileName;
+        File.lblFileName.Visible = false;
+        if (hadKeys) Platform.Focus.SetFocus(File.lblPath);
     };
 }
 

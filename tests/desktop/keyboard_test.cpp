@@ -17,6 +17,7 @@ protected:
         // How much is in sight depends on the letters of the screen.
         MemoryForm.lvRows.SetRowsInSight(WindowForm.lvRows.VisibleRows());
         MemoryForm.lstCodes.SetEntriesInSight(WindowForm.lstCodes.EntriesInSight());
+        MemoryForm.lstPick.SetEntriesInSight(WindowForm.lstPick.EntriesInSight());
     }
 
     void InWindow(const std::string& key) {

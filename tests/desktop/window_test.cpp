@@ -7,6 +7,7 @@
 #include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -112,6 +113,27 @@ TEST_F(DesktopWindow, OnlyThePageInFrontIsSeen) {
     Key(Qt::Key_Tab);
     EXPECT_EQ(Focused(), &txtB);
     window.reset();
+}
+
+// Smaller than the screen lets it be: a part is seen, with the control that has the keys.
+TEST_F(DesktopWindow, AWindowWithoutRoomForItsControlsScrolls) {
+    const QSize screen = QGuiApplication::primaryScreen()->size();
+    form.SmallestWidth = (screen.width() + 300) * 15;
+    form.SmallestHeight = (screen.height() + 600) * 15;
+    form.LeastHeight = (screen.height() + 200) * 15;
+    Placed(txtB, screen.width() + 100, screen.height() + 100, 100, 24, 1);
+    Open();
+    EXPECT_LE(window->Window().width(), screen.width());
+    EXPECT_LE(window->Window().height(), screen.height());
+    EXPECT_EQ(window->Inside()->size(), screen + QSize(300, 200));
+    EXPECT_EQ(form.Height, form.LeastHeight);
+    for (Control* control : std::initializer_list<Control*>{&txtB, &txtA, &lvList}) {
+        Focus(*control);
+        EXPECT_EQ(WidgetOf(*control)->visibleRegion().boundingRect(), WidgetOf(*control)->rect());
+    }
+    // The list on the screen never asks for more than there is.
+    EXPECT_LT(platform.Services.Screen.HeightFor(form.SmallestHeight), screen.height() * 15);
+    EXPECT_EQ(platform.Services.Screen.WidthFor(3000), 3000);
 }
 
 TEST_F(DesktopWindow, AListEndsInFrontOfAFrameThatLiesOverIt) {
