@@ -45,7 +45,7 @@ int LinesIn(std::string_view text) {
     const Recognised found = Recognise(text);
     const std::size_t start =
         found.Position > 1 ? text.rfind('\n', found.Position - 2) : std::string_view::npos;
-    int lines = found.Kind == FileKind::MK2 ? 0 : -1;  // the header is none
+    int lines = found.Machine == MachineModel::MK2 ? 0 : -1;  // the header is none
     for (const std::string_view line : Split(text.substr(start + 1), LineEnd)) {
         const std::size_t size = Trim(line).size();
         if (size > 0 && size <= longestUnits) break;
