@@ -117,7 +117,7 @@ void DesktopPrinter::AskForFile() {
     if (!desktop_.System.Ended()) {
         ++desktop_.DialogsShown;
         const DialogParent parent(desktop_);
-        QFileDialog window(parent, QStringLiteral("Print to PDF"));
+        QFileDialog window(parent, ToQt(job_.FileTitle));
         window.setOptions(QFileDialog::DontUseNativeDialog);
         window.setAcceptMode(QFileDialog::AcceptSave);
         window.setNameFilter(QStringLiteral("PDF (*.pdf)"));

@@ -102,7 +102,11 @@ Workbench::Workbench(Services& services)
 }
 
 void Workbench::FillCalls() {
-    Calls.cmdReturn_Click = [this] { Modes.cmdReturn_Click(); };
+    // Commands begin with it; what an earlier one has told is over then.
+    Calls.cmdReturn_Click = [this] {
+        Run(Calls.Tell, "");
+        Modes.cmdReturn_Click();
+    };
     Calls.ClearProgram_Click = [this] { clearing_.ClearProgram_Click(); };
     Calls.KeepRecoveryCopy = [this] { return recovery_.KeepRecoveryCopy(); };
     Calls.RefreshMachine = [this] { Display.RefreshMachine(); };
