@@ -12,6 +12,7 @@
 #include <QStandardPaths>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "basic/line_end.h"
 #include "basic/run_time_error.h"
