@@ -117,6 +117,7 @@ void Workbench::FillCalls() {
     Calls.LoadLanguageModule = [this](const std::string& file) { Modules.LoadLanguageModule(file); };
     Calls.Tell = [this](std::string_view what) {
         Main.lblNotice.Caption = what;
+        Main.lblNotice.Visible = !what.empty();
         // The line may be too short for it.
         Main.lblNotice.ToolTip = what;
     };
