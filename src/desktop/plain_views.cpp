@@ -91,6 +91,8 @@ LabelView::LabelView(DesktopContext& desktop, Label& control, QWidget* parent)
       label_(control),
       face_(static_cast<QLabel*>(Widget())) {
     face_->setTextFormat(Qt::PlainText);
+    // What lies on the form itself may lie over a frame and what is in it.
+    face_->setAutoFillBackground(!control.Container || control.Container == &control.OwningForm());
 }
 
 void LabelView::Follow(PropertyId id) {

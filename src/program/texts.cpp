@@ -194,6 +194,7 @@ constexpr TextsOf<NoticeText>::Default noticeDefaults[] = {
     {text::PageOf, "Page %1 of %2"},
     {text::DrawingName, "drawing"},
     {text::NoName, "a program without a name"},
+    {text::PrintToPdf, "Print to PDF"},
 };
 
 }  // namespace

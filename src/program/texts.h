@@ -231,6 +231,7 @@ enum class NoticeText {
     PageOf = 27,
     DrawingName = 28,
     NoName = 29,
+    PrintToPdf = 30,
 };
 
 // The names of the entries: an entry can be looked up in its own table alone.

@@ -259,7 +259,7 @@ constexpr ControlRow controlRows[] = {
     {"lblPPMachineTime", "frProgramProperties", PropertyValue(4), frozen | atRight},
 
     // Where there is room for it: see PlaceNotice.
-    {"lblNotice", ""},
+    {"lblNotice", "", {}, hidden},
 
     {settings, "", OverList(), stop | hidden},
     {"chkSettingsAutowidth", settings, SettingsLine(0), stop, settings_page::General},

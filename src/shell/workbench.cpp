@@ -114,7 +114,11 @@ Workbench::Workbench(Services& services)
 Workbench::~Workbench() { Platform.System.OnHandled = nullptr; }
 
 void Workbench::FillCalls() {
-    Calls.cmdReturn_Click = [this] { Modes.cmdReturn_Click(); };
+    // Commands begin with it; what an earlier one has told is over then.
+    Calls.cmdReturn_Click = [this] {
+        Run(Calls.Tell, "");
+        Modes.cmdReturn_Click();
+    };
     Calls.ClearProgram_Click = [this] { clearing_.ClearProgram_Click(); };
     Calls.KeepRecoveryCopy = [this] { return recovery_.KeepRecoveryCopy(); };
     Calls.RefreshMachine = [this] { Display.RefreshMachine(); };
@@ -135,6 +139,7 @@ void Workbench::FillCalls() {
     Calls.ProgramSaved = [this] { History.Saved(); };
     Calls.Tell = [this](std::string_view what) {
         Main.lblNotice.Caption = what;
+        Main.lblNotice.Visible = !what.empty();
         // The line may be too short for it.
         Main.lblNotice.ToolTip = what;
     };

@@ -97,7 +97,7 @@ void Workbench::WireButtons() {
         Lines.LineDelete();
     };
     Entry.cmdReturn.OnClick = [this] {
-        Modes.cmdReturn_Click();
+        Run(Calls.cmdReturn_Click);
         // The button has gone; the next key is a code.
         if (Platform.Focus.Focused() == &Entry.cmdReturn) Platform.Focus.SetFocus(Entry.txtGMcode);
     };
@@ -139,7 +139,7 @@ void Workbench::WireKeys() {
             return;
         if (Transfer.frRXcode.Visible) Received.cmdReceiveExit_Click();
         Main.tabSettings.Visible = false;
-        if (Entry.cmdReturn.Visible) Modes.cmdReturn_Click();
+        if (Entry.cmdReturn.Visible) Run(Calls.cmdReturn_Click);
         Platform.Focus.SetFocus(Store.lvCncProgram);
     };
 }

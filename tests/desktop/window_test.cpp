@@ -2,6 +2,7 @@
 
 #include <QAbstractScrollArea>
 #include <QFile>
+#include <QHelpEvent>
 #include <QImage>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -11,6 +12,7 @@
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QToolTip>
 #include <set>
 
 #include "test_window.h"
@@ -62,6 +64,36 @@ TEST_F(DesktopWindow, MenusComeFromTheControls) {
     EXPECT_EQ(told, "open ");
     mnuFile.Visible = false;
     EXPECT_FALSE(bar[0]->isVisible());
+}
+
+TEST_F(DesktopWindow, WhatIsGreySaysWhyAndACellWhatItMeans) {
+    int told = 0;
+    int clicks = 0;
+    for (Control* control : {static_cast<Control*>(&cmdGo), static_cast<Control*>(&mnuOpen)}) {
+        control->OnRefused = [&] { ++told; };
+        control->OnClick = [&] { ++clicks; };
+        control->Enabled = false;
+    }
+    lvList.AddRow()[8] = "!Invalid arc";
+    lvList.CellToolTip = [](int row, int subItem) {
+        return row == 1 && subItem == 8 ? std::string("Why: <r>\r\nHelps: a smaller one") : std::string();
+    };
+    Open();
+    QPushButton* const button = window->Window().findChild<QPushButton*>(u"cmdGo"_s);
+    const QPointF middle = button->rect().center();
+    QMouseEvent press(QEvent::MouseButtonPress, middle, button->mapToGlobal(middle), Qt::LeftButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(button, &press);
+    EXPECT_EQ(told, 1);
+    Focus(txtA);
+    Key(Qt::Key_O, Qt::ControlModifier);
+    EXPECT_EQ(told, 2);
+    EXPECT_EQ(clicks, 0);
+    QWidget* const rows = window->Window().findChild<QAbstractScrollArea*>(u"lvList"_s)->viewport();
+    const QPoint finding(60, 28);
+    QHelpEvent help(QEvent::ToolTip, finding, rows->mapToGlobal(finding));
+    QApplication::sendEvent(rows, &help);
+    EXPECT_TRUE(QToolTip::text().contains(u"Why: &lt;r&gt;<br>Helps"_s)) << QToolTip::text().toStdString();
 }
 
 TEST_F(DesktopWindow, SizeStateAndCloseGoBothWays) {
