@@ -28,6 +28,8 @@ int FindingGuide::RowBehind(int row) const {
 void FindingGuide::GoToError() {
     ListView& list = parts_.Store.lvCncProgram;
     const Texts& texts = parts_.Language;
+    Run(parts_.Calls.cmdReturn_Click);
+    Run(parts_.Calls.HideSettings);
     // The focus first: it gives back the row that the drawing has taken.
     parts_.Focus.SetFocus(list);
     const int row = RowBehind(list.SelectedRow());

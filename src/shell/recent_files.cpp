@@ -41,17 +41,14 @@ void RecentFiles::BindKeys(SettingsFile& keys) {
     }
 }
 
+// An empty one changes nothing: a reset of the settings leaves the files known.
 void RecentFiles::Apply(std::size_t place, const std::string& value) {
-    Program& program = programs_[place];
-    program = {};
-    const std::size_t comma = value.find(',');
-    if (comma != std::string::npos) {
-        const std::string_view machine = Trim(std::string_view(value).substr(0, comma));
-        if (!MachineNamed(machine)) throw RunTimeError(fault::TypeMismatch);
-        program = {std::string(machine), std::string(Trim(std::string_view(value).substr(comma + 1)))};
-    } else if (!value.empty()) {
-        throw RunTimeError(fault::TypeMismatch);
-    }
+    if (value.empty()) return;
+    const std::string_view text = value;
+    const std::size_t comma = text.find(',');
+    const std::string_view machine = Trim(text.substr(0, comma));
+    if (comma == std::string_view::npos || !MachineNamed(machine)) throw RunTimeError(fault::TypeMismatch);
+    programs_[place] = {std::string(machine), std::string(Trim(text.substr(comma + 1)))};
     Show();
 }
 
@@ -88,6 +85,7 @@ void RecentFiles::Show() {
         const Program& program = programs_[place];
         Menu& entry = *entries_[place];
         entry.Visible = !program.Path.empty();
+        if (!entry.Visible) continue;
         // The number chooses the entry.
         entry.Caption = PlainNumber(static_cast<std::int64_t>(place + 1)) + "  " +
                         std::string(ExtractFileName(program.Path)) + "  (" + program.Machine + ")  " +
