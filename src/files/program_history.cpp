@@ -77,7 +77,12 @@ void ProgramHistory::End() {
 }
 
 void ProgramHistory::TakeNotes() {
-    if (!NotesWereTyped()) return;
+    if (!NotesWereTyped()) {
+        // They are again what they were: keys alone have changed nothing.
+        if (started_ && !stands_.Changed) store_.ProgramChanged = false;
+        return;
+    }
+    store_.ProgramChanged = true;
     Step step;
     step.Name = notesStep;
     step.Text = std::make_unique<Notes>(Notes{notes_, file_.txtFileNotes.Text.Get()});
