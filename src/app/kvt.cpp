@@ -46,7 +46,9 @@ void Describe(QCommandLineParser& parser) {
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOptions(
-        {{QStringLiteral("scale"), QStringLiteral("Size of everything, 1 to 2."), QStringLiteral("F")},
+        {{QStringLiteral("scale"),
+          QStringLiteral("Size of everything, 1 to 2; else it follows the desktop's font."),
+          QStringLiteral("F")},
          {QStringLiteral("screenshot"), QStringLiteral("Show the window, save a picture of it and end."),
           QStringLiteral("PNG")},
          {QStringLiteral("screenshot-draw"), QStringLiteral("The same with the drawing of the program."),
