@@ -7,6 +7,7 @@
 #include "basic/run_time_error.h"
 #include "basic/stack_guard.h"
 #include "desktop/colors.h"
+#include "desktop/edged_style.h"
 
 namespace kvt {
 
@@ -58,7 +59,10 @@ void UseDesktopPalette() {
     if (!guard.Entered()) return;
     // One without colours of its own is that of the desktop.
     QApplication::setPalette(QPalette());
-    QApplication::setPalette(ReadablePalette(QApplication::palette()));
+    const QPalette palette = ReadablePalette(QApplication::palette());
+    QApplication::setPalette(palette);
+    if (IsDarkOrStrong(palette) && !dynamic_cast<EdgedStyle*>(QApplication::style()))
+        QApplication::setStyle(new EdgedStyle(QApplication::style()->objectName()));
 }
 
 bool Application::event(QEvent* event) {

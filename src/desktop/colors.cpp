@@ -77,6 +77,11 @@ QColor SelectedEdge(const QPalette& palette) {
     return Readable(palette.color(QPalette::Active, QPalette::Highlight), palette.color(QPalette::Base));
 }
 
+QColor EdgeColor(const QPalette& palette) {
+    const QColor line = palette.color(QPalette::Mid);
+    return IsDarkOrStrong(palette) ? Readable(line, palette.color(QPalette::Window)) : line;
+}
+
 QColor FindingColor(QColor ground) { return Readable(findingColor, ground); }
 
 QColor Readable(QColor color, QColor ground) {

@@ -26,6 +26,8 @@ bool IsDarkOrStrong(const QPalette& palette);
 QColor GridColor(const QPalette& palette);
 QColor SelectedGround(const QPalette& palette, bool hasFocus);
 QColor SelectedEdge(const QPalette& palette);
+// The line around frames and fields.
+QColor EdgeColor(const QPalette& palette);
 QColor FindingColor(QColor ground);
 
 QColor ColorOf(Color color);

@@ -156,8 +156,9 @@ void FormView::Follow(PropertyId id) {
             FillArea();
             break;
         case PropertyId::Visible:
-            // A window that comes back as large as it was hears of no new size: what the form believes may be another.
-            if (form_.Visible && window_->testAttribute(Qt::WA_WState_Created))
+            // A window that comes up smaller than it asked for, or comes back as large as it was, hears of no new size:
+            // what the form believes may be another.
+            if (form_.Visible)
                 QMetaObject::invokeMethod(
                     this, [this] { Resized(); }, Qt::QueuedConnection);
             ApplyState();

@@ -62,8 +62,7 @@ protected:
         const int left = height / 2;
         const int top = caption.isEmpty() ? 0 : height / 2;
         const QRectF edge = QRectF(rect()).adjusted(0.5, top + 0.5, -0.5, -0.5);
-        const QColor line = palette().color(QPalette::Mid);
-        painter.setPen(IsDarkOrStrong(palette()) ? Readable(line, palette().color(QPalette::Window)) : line);
+        painter.setPen(EdgeColor(palette()));
         painter.drawRoundedRect(edge, 3, 3);
         if (caption.isEmpty()) return;
         const QString text = Fitted(caption, fontMetrics(), width() - left - leastEdge);

@@ -188,8 +188,8 @@ constexpr ControlRow controlRows[] = {
     {"txtFKTL", entryFrame, EntryField(3000), stop, -1, EntryField(3960)},
     {"lblH", entryFrame, EntryLabel(3960), 0, -1, EntryLabel(2040)},
     {"txtH", entryFrame, EntryField(3960), stop, -1, EntryField(2040)},
-    {"lblComment", entryFrame, At(90, commentTop + 60, 990, 240)},
-    {"txtComment", entryFrame, At(1080, commentTop, Grown(3720, entryShare), fieldHeight), stop},
+    {"lblComment", entryFrame, At(90, commentTop + 60, 1020, 240)},
+    {"txtComment", entryFrame, At(1120, commentTop, Grown(3680, entryShare), fieldHeight), stop},
     {"lblBefore", entryFrame, At(90, commentTop + fieldHeight + 60, Grown(4680, entryShare), 285)},
 
     {"lvCncProgram", "", OverList(), stop},

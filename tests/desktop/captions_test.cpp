@@ -47,7 +47,8 @@ public:
             for (const Control* control : form->Controls()) {
                 const View* const view = View::Of(*control);
                 // Names of files are shortened by their nature.
-                if (!view || control == &bench_->File.lblPath || control == &bench_->File.lblFileName) continue;
+                if (!view || control == &bench_->File.lblPath || control == &bench_->File.lblFileName)
+                    continue;
                 if (control->Width > 0 && !Fits(*control, *view->Widget())) cut += control->Name() + " ";
             }
         }
@@ -126,8 +127,8 @@ TEST(DesktopCaptions, NoneIsCutInAnyLanguageAndFont) {
         for (const QString& module : modules) {
             ShownCaptions shown(font, PathText(module));
             for (const char* sample : {"mk2_knob", "mk4_fault_quadrant", "f1_lid"}) {
-                EXPECT_EQ(shown.Cut(sample), "") << one.Family << " " << one.Points << " " << PathText(module)
-                                                 << " " << sample;
+                EXPECT_EQ(shown.Cut(sample), "")
+                    << one.Family << " " << one.Points << " " << PathText(module) << " " << sample;
             }
         }
     }

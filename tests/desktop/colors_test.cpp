@@ -2,6 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QCheckBox>
+#include <QLineEdit>
+#include <algorithm>
+
+#include "desktop/edged_style.h"
+
 namespace kvt::test {
 namespace {
 
@@ -65,6 +71,22 @@ TEST(DesktopColors, EveryTextCanBeReadOnEveryDesktop) {
         }
         ExpectReadable(SelectedEdge(palette), base, "edge of the selection");
         if (IsDarkOrStrong(palette)) ExpectReadable(GridColor(palette), base, "grid");
+    }
+}
+
+TEST(DesktopColors, FieldsAndBoxesHaveAnEdgeOnBlack) {
+    EdgedStyle style(QStringLiteral("fusion"));
+    QLineEdit field;
+    QCheckBox box;
+    for (QWidget* widget : std::initializer_list<QWidget*>{&field, &box}) {
+        widget->setStyle(&style);
+        widget->setPalette(ReadablePalette(PaletteOf(desktops[3])));
+        widget->resize(80, 24);
+        const QImage image = widget->grab().toImage();
+        double contrast = 1;
+        for (int x = 0; x < 8; ++x)
+            contrast = std::max(contrast, Contrast(image.pixelColor(x, 12), Qt::black));
+        EXPECT_GE(contrast, LeastContrast);
     }
 }
 

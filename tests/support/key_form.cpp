@@ -43,6 +43,7 @@ void KeyForm::Place() {
     txtSecond.Page = 1;
     for (TextBox* box : {&txtFirst, &txtSecond}) box->Container = &tabPages;
     lblText.TabIndex = -1;
+    cmdHide.Picture = "M 4 4 L 20 20";
     lstPick.EnterChooses = true;
     // The keys come there by the mouse alone.
     txtNotes.TabIndex = -1;
