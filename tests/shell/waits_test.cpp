@@ -352,7 +352,7 @@ private:
     // The wheel and the middle button work in a window that lies behind too.
     void Zoom() {
         PictureBox& field = Drawing().pbxDrawField;
-        if (!field.ReallyVisible()) return;
+        if (!field.EffectivelyVisible()) return;
         const auto place = static_cast<float>(Below(40'000));
         const double notches = Below(7) - 3;
         Act([&, place, notches] {
