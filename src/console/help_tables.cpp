@@ -10,6 +10,7 @@
 #include "basic/text.h"
 #include "console/help_markup.h"
 #include "headless/memory_platform.h"
+#include "program/explanations.h"
 #include "shell/workbench.h"
 
 namespace kvt {
@@ -72,6 +73,7 @@ public:
         workbench_->Display.RefreshMachine();
     }
 
+    const Texts& Language() const { return workbench_->Language; }
     bool IsMK2() const { return workbench_->Store.IsMK2(); }
 
     std::vector<const ListBox*> Lists() const {
@@ -166,10 +168,23 @@ std::string Limits(MachineTables& machine, const std::string& code, const Words&
     return rows.size() == 1 ? std::string() : HtmlTable(rows);
 }
 
+// What the findings of the check mean, each under a heading that F1 finds.
+std::string Findings(const Texts& texts) {
+    std::string page;
+    for (int number = 1; number <= FindingCount; ++number) {
+        page += "<h4><a name=\"" + FindingSection(number) + "\">" +
+                HtmlText(ToUtf8(Trim(FindingName(number, texts)))) + "</a></h4>\n<p>";
+        const std::string text = HtmlText(ToUtf8(ExplanationOf(number, texts)));
+        page += Replace(text, "\r\n", "<br>\n") + "</p>\n";
+    }
+    return page;
+}
+
 }  // namespace
 
 std::string HelpTable(std::string_view words, const std::string& languageModule) {
     const std::vector<std::string_view> parts = Split(words, " ");
+    if (words == "findings") return Findings(MachineTables(MachineModel::MK4, languageModule).Language());
     const Words& heads = languageModule.empty() ? english : german;
     if (parts.size() < 2) return {};
     const auto model = MachineNamed(parts.back());

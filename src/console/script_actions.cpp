@@ -92,7 +92,12 @@ void Focus(Script& run, Args args) {
 
 void Click(Script& run, Args args) {
     Control& control = run.Session.Named(args.Text(0), args.Count() > 1 ? args.Number(1) : -1);
-    if (!InReach(run, control)) return;
+    if (!InReach(run, control)) {
+        const bool refused =
+            control.OnRefused && control.EffectivelyVisible() && !control.EffectivelyEnabled();
+        if (refused && run.Session.Running()) control.OnRefused();
+        return;
+    }
     // A click closes the menu at the pointer.
     const Menu* const popup = std::exchange(run.Session.Platform.System.ShownPopup, nullptr);
     if (popup && control.Container == popup) return control.Click();

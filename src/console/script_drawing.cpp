@@ -122,8 +122,8 @@ void ExpectPicture(ScriptRun& run, const Arguments& args) {
     if (where == "clipboard") {
         there = platform.Clipboard.Picture.Width > 0;
     } else if (where == "printer") {
-        there = platform.Printer.Forms > run.ExpectedForms;
-        run.ExpectedForms = platform.Printer.Forms;
+        there = platform.Printer.Drawings > run.ExpectedDrawings;
+        run.ExpectedDrawings = platform.Printer.Drawings;
     } else {
         std::string content;
         try {

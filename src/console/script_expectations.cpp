@@ -198,6 +198,12 @@ void ExpectPrinted(Script& run, Args args) {
     run.ExpectedPrint = printed.size();
 }
 
+void ExpectPreviewed(Script& run, Args args) {
+    const std::string& shown = run.Session.Platform.Printer.Previewed;
+    run.Compare(args.Last(), ToUtf8(std::string_view(shown).substr(run.ExpectedPreview)));
+    run.ExpectedPreview = shown.size();
+}
+
 void ExpectClock(Script& run, Args args) {
     run.Compare(args.Last(), PlainNumber(static_cast<std::int64_t>(run.Session.Platform.System.Clock)));
 }
@@ -228,6 +234,7 @@ constexpr ScriptAction expectations[] = {
     {"focus", {Arg::Text}, ExpectFocus},
     {"clipboard", {Arg::Text}, ExpectClipboard},
     {"printed", {Arg::Text}, ExpectPrinted},
+    {"previewed", {Arg::Text}, ExpectPreviewed},
     {"clock", {Arg::Text}, ExpectClock},
     {"op", {Arg::Number, Arg::Word, Arg::Text}, script::ExpectOperation},
     {"opcount", {Arg::Word, Arg::Text}, script::ExpectOperationCount},

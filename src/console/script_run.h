@@ -49,8 +49,9 @@ public:
     std::size_t ExpectedSent = 0;
     // How much of what the printer was given has been expected.
     std::size_t ExpectedPrint = 0;
+    std::size_t ExpectedPreview = 0;
     // How many printed windows have been expected.
-    int ExpectedForms = 0;
+    int ExpectedDrawings = 0;
 
     // Something that is worth knowing about the line, on standard error.
     void Note(const std::string& text);

@@ -30,6 +30,7 @@ ScriptSession::ScriptSession(const ScriptOptions& options) {
     const std::string data =
         WithoutSeparator(options.Data.empty() ? (temporary_.Path() / "data").string() : options.Data);
     Platform.System.DataFolder = NameFromSystem(data);
+    Platform.System.Documents = NameFromSystem(own.string());
     const Folders folders = FoldersBelow(Platform.System.DataFolder);
     dataFolder_ = folders.DataFolder;
     Platform.Files.SetDataFolder(dataFolder_);

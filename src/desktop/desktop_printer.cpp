@@ -5,11 +5,17 @@
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QFontMetricsF>
+#include <QPainter>
 #include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QScreen>
 #include <QStandardPaths>
 #include <algorithm>
+#include <cmath>
 
+#include "basic/line_end.h"
 #include "basic/run_time_error.h"
+#include "basic/text.h"
 #include "desktop/desktop_dialogs.h"
 #include "desktop/text.h"
 
@@ -17,8 +23,28 @@ namespace kvt {
 
 namespace {
 
-// Characters that a broken line has below its last column; with less it goes on farther left.
-constexpr qsizetype leastRoom = 10;
+constexpr double drawingFont = 10;     // points, of the line above a drawing
+constexpr double measuringFont = 100;  // points
+constexpr double previewShare = 0.85;  // of the screen
+
+constexpr double inch = 72;
+
+QPageLayout::Orientation OrientationOf(bool landscape) {
+    return landscape ? QPageLayout::Landscape : QPageLayout::Portrait;
+}
+
+bool IsLandscape(const QPrinter& device) {
+    return device.pageLayout().orientation() == QPageLayout::Landscape;
+}
+
+void SetMargins(QPrinter& device) {
+    // What the printer cannot reach anyway is more in some cases.
+    const QMarginsF least = device.pageLayout().minimumMargins();
+    const double points = PageMargin / 25.4 * inch;
+    device.setPageMargins(QMarginsF(std::max(least.left(), points), std::max(least.top(), points),
+                                    std::max(least.right(), points), std::max(least.bottom(), points)),
+                          QPageLayout::Point);
+}
 
 }  // namespace
 
@@ -44,9 +70,11 @@ QPrinter& DesktopPrinter::Device() {
     return *device_;
 }
 
-void DesktopPrinter::BeginJob(std::string_view path) {
-    path_ = PathToQt(path);
+void DesktopPrinter::BeginJob(const PrintJob& job) {
+    job_ = job;
     chosen_ = false;
+    turned_ = false;
+    document_ = {};
 }
 
 void DesktopPrinter::ShowPrinter(PrinterDialog& dialog) {
@@ -54,6 +82,7 @@ void DesktopPrinter::ShowPrinter(PrinterDialog& dialog) {
     ++desktop_.DialogsShown;
     QPrinter& device = Device();
     device.setCopyCount(dialog.Copies);
+    device.setPageOrientation(QPageLayout::Portrait);
     if (device.outputFormat() == QPrinter::PdfFormat) device.setOutputFileName(ProposedFile());
     const DialogParent parent(desktop_);
     QPrintDialog window(&device, parent);
@@ -62,6 +91,7 @@ void DesktopPrinter::ShowPrinter(PrinterDialog& dialog) {
     if (window.exec() != QDialog::Accepted) throw RunTimeError(fault::Cancelled);
     dialog.Copies = std::max(1, device.copyCount());
     chosen_ = true;
+    turned_ = IsLandscape(device);
 }
 
 void DesktopPrinter::PrintToFile(const QString& file) {
@@ -70,13 +100,16 @@ void DesktopPrinter::PrintToFile(const QString& file) {
     chosen_ = true;
 }
 
+// The file of the program, and what of it is printed.
 QString DesktopPrinter::ProposedFile() const {
-    if (path_.isEmpty()) {
+    const QString part = job_.Part.empty() ? QString() : u' ' + ToQt(job_.Part);
+    const QString ending = part + QStringLiteral(".pdf");
+    if (job_.Path.empty()) {
         return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) +
-               QStringLiteral("/Program.pdf");
+               QStringLiteral("/Program") + ending;
     }
-    const QFileInfo program(path_);
-    return program.absolutePath() + QLatin1Char('/') + program.completeBaseName() + QStringLiteral(".pdf");
+    const QFileInfo program(PathToQt(job_.Path));
+    return program.absolutePath() + QLatin1Char('/') + program.completeBaseName() + ending;
 }
 
 void DesktopPrinter::AskForFile() {
@@ -98,70 +131,126 @@ void DesktopPrinter::AskForFile() {
     PrintToFile(name);
 }
 
-void DesktopPrinter::Begin() {
+void DesktopPrinter::Print(std::string_view line, PrintedLine what) {
+    if (line.empty()) document_.Lines.push_back({{}, what});
+    for (const std::string_view part : Split(line, LineEnd))
+        document_.Lines.push_back({std::string(part), what});
+}
+
+// As it stands now: it may be drawn anew, on another ground, before the page is painted.
+void DesktopPrinter::PrintDrawing(const PrintedDrawing& drawing) {
+    FieldArea area = drawing.Area;
+    area.Width = std::max(area.Width, 1.0);
+    area.Height = std::max(area.Height, 1.0);
+    document_.Drawing = TakenFrom(drawing.Field, area);
+    document_.Title = ShownToQt(drawing.Title);
+    document_.Notes = ToQt(drawing.Notes);
+}
+
+void DesktopPrinter::EndDocument() {
+    const Document document = std::exchange(document_, {});
+    if (document.IsEmpty()) return;
     QPrinter& device = Device();
-    if (device.outputFormat() == QPrinter::PdfFormat && !chosen_) AskForFile();
+    if (!job_.Preview && device.outputFormat() == QPrinter::PdfFormat && !chosen_) AskForFile();
     // Each copy is a document of its own.
     device.setCopyCount(1);
-    device.setDocName(path_.isEmpty() ? QCoreApplication::applicationName() : QFileInfo(path_).fileName());
-    painter_ = std::make_unique<QPainter>();
-    if (painter_->begin(&device)) return void(top_ = 0);
-    painter_.reset();
-    throw RunTimeError(fault::PrinterError);
+    device.setDocName(job_.Path.empty() ? QCoreApplication::applicationName()
+                                        : QFileInfo(PathToQt(job_.Path)).fileName());
+    TurnSheet(document);
+    if (job_.Preview) return ShowPreview(document);
+    Paint(document, device);
 }
 
-void DesktopPrinter::Print(std::string_view line) {
-    if (!painter_) Begin();
+void DesktopPrinter::TurnSheet(const Document& document) {
+    QPrinter& device = Device();
+    if (!turned_) {
+        device.setPageOrientation(QPageLayout::Portrait);
+        SetMargins(device);
+        const bool across =
+            !document.Drawing
+                ? LayOutPages(document.Lines, SheetOf(device), FontSize, job_.PageText).Landscape
+                : document.Drawing->Area.Width > document.Drawing->Area.Height;
+        device.setPageOrientation(OrientationOf(across));
+    }
+    SetMargins(device);
+}
+
+void DesktopPrinter::ShowPreview(const Document& document) {
+    if (desktop_.System.Ended()) throw RunTimeError(fault::Cancelled);
+    ++desktop_.DialogsShown;
+    QPrinter& device = Device();
+    if (device.outputFormat() == QPrinter::PdfFormat) device.setOutputFileName(ProposedFile());
+    const DialogParent parent(desktop_);
+    QPrintPreviewDialog window(&device, parent);
+    if (const QScreen* const screen = window.screen()) window.resize(screen->availableSize() * previewShare);
+    QObject::connect(&window, &QPrintPreviewDialog::paintRequested, &window,
+                     [&](QPrinter* paper) { Paint(document, *paper); });
+    // It is accepted by printing alone.
+    if (window.exec() != QDialog::Accepted) throw RunTimeError(fault::Cancelled);
+}
+
+void DesktopPrinter::Paint(const Document& document, QPrinter& device) const {
+    QPainter painter;
+    if (!painter.begin(&device)) throw RunTimeError(fault::PrinterError);
+    if (!document.Drawing) {
+        PaintLines(document, device, painter);
+    } else {
+        PaintDrawing(document, device, painter);
+    }
+}
+
+QFont DesktopPrinter::TextFont(double points) const {
     QFont font(ToQt(FontName));
     font.setStyleHint(QFont::Monospace);
-    font.setPointSizeF(FontSize);
-    painter_->setFont(font);
-    // The head is a line of its own and names a file; a program is in the code page.
-    const bool head = line.find("\r\n") == std::string_view::npos;
-    for (const QString& part : (head ? ShownToQt(line) : ToQt(line)).split(QStringLiteral("\r\n")))
-        PutLine(part);
+    font.setPointSizeF(points);
+    return font;
 }
 
-// A line that is too long is broken at a blank, and goes on below its last column.
-void DesktopPrinter::PutLine(const QString& line) {
-    const QFontMetricsF metrics(painter_->font(), device_.get());
-    const QRect page = device_->pageLayout().paintRectPixels(device_->resolution());
-    QString rest = line;
-    qsizetype indent = 0;
-    do {
-        if (top_ > 0 && top_ + metrics.height() > page.height()) {
-            device_->newPage();
-            top_ = 0;
-        }
-        qsizetype fits = rest.size();
-        while (fits > indent + 1 && metrics.horizontalAdvance(rest.left(fits)) > page.width()) --fits;
-        if (fits < rest.size()) {
-            const qsizetype blank = rest.lastIndexOf(u' ', fits);
-            if (blank > std::max(indent, fits / 2)) fits = blank;
-        }
-        painter_->drawText(QPointF(0, top_ + metrics.ascent()), rest.left(fits));
-        top_ += metrics.lineSpacing();
-        if (rest.size() == line.size()) {
-            const qsizetype column = line.left(fits).lastIndexOf(QStringLiteral("  ")) + 2;
-            indent = column >= 2 && column <= fits - leastRoom ? column : std::min<qsizetype>(4, fits / 2);
-        }
-        rest = rest.mid(fits).trimmed();
-        if (!rest.isEmpty()) rest.prepend(QString(indent, u' '));
-    } while (!rest.isEmpty());
+Sheet DesktopPrinter::SheetOf(const QPrinter& device) const {
+    const QRectF room = device.pageLayout().paintRect(QPageLayout::Point);
+    const QFontMetricsF metrics(TextFont(measuringFont), &device);
+    const double toPoints = inch / device.resolution() / measuringFont;
+    Sheet sheet;
+    sheet.Width = std::min(room.width(), room.height());
+    sheet.Height = std::max(room.width(), room.height());
+    sheet.CharacterWidth = metrics.horizontalAdvance(u'0') * toPoints;
+    sheet.LineHeight = metrics.lineSpacing() * toPoints;
+    return sheet;
 }
 
-void DesktopPrinter::EndDocument() { painter_.reset(); }
+void DesktopPrinter::PaintLines(const Document& document, QPrinter& device, QPainter& painter) const {
+    const PageLayout layout =
+        LayOutPages(document.Lines, SheetOf(device), FontSize, job_.PageText, IsLandscape(device));
+    const QFont font = TextFont(layout.FontSize);
+    painter.setFont(font);
+    const QFontMetricsF metrics(font, &device);
+    bool first = true;
+    for (const std::vector<PageLine>& page : layout.Pages) {
+        if (!std::exchange(first, false)) device.newPage();
+        double top = 0;
+        for (const PageLine& line : page) {
+            // The head names a file; a program is in the code page.
+            const bool head = line.What == PrintedLine::Head;
+            painter.drawText(QPointF(0, top + metrics.ascent()),
+                             head ? ShownToQt(line.Text) : ToQt(line.Text));
+            top += metrics.lineSpacing();
+        }
+    }
+}
 
-// What the window shows goes first: the question for a file would stand in front of it.
-void DesktopPrinter::PrintForm(const Form& form) {
-    View* const view = View::Of(form);
-    if (!view) throw RunTimeError(fault::PrinterError);
-    const QPixmap shown = view->Widget()->grab();
-    if (!painter_) Begin();
-    const QRect page = device_->pageLayout().paintRectPixels(device_->resolution());
-    const QSize size = shown.size().scaled(page.size(), Qt::KeepAspectRatio);
-    painter_->setRenderHint(QPainter::SmoothPixmapTransform);
-    painter_->drawPixmap(QRect(QPoint(0, 0), size), shown);
+void DesktopPrinter::PaintDrawing(const Document& document, QPrinter& device, QPainter& painter) const {
+    const QRect page = device.pageLayout().paintRectPixels(device.resolution());
+    painter.setFont(TextFont(drawingFont));
+    const QFontMetricsF metrics(painter.font(), &device);
+    const double notes = metrics.horizontalAdvance(document.Notes);
+    const QString title = metrics.elidedText(document.Title, Qt::ElideMiddle, page.width() - notes * 1.2);
+    painter.drawText(QPointF(0, metrics.ascent()), title);
+    painter.drawText(QPointF(page.width() - notes, metrics.ascent()), document.Notes);
+    const double top = metrics.lineSpacing() * 1.5;
+    const QSizeF room(page.width(), page.height() - top);
+    const FieldArea& area = document.Drawing->Area;
+    const QSizeF size = QSizeF(area.Width, area.Height).scaled(room, Qt::KeepAspectRatio);
+    PaintOnPaper(painter, *document.Drawing, {QPointF((room.width() - size.width()) / 2, top), size});
 }
 
 }  // namespace kvt

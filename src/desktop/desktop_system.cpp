@@ -72,6 +72,10 @@ std::string DesktopSystem::LocalDataFolder() {
     return PathText(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
 }
 
+std::string DesktopSystem::DocumentsFolder() {
+    return PathText(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+}
+
 void DesktopSystem::PressKey(int pressed) {
     keys_.push_back({pressed, std::max<std::size_t>(running_.size(), 1)});
     if (running_.empty()) SendKeysSoon();

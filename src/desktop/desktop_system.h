@@ -23,6 +23,7 @@ public:
     bool WaitUntil(const std::function<double()>& left) override;
     std::tm Now() override;
     std::string LocalDataFolder() override;
+    std::string DocumentsFolder() override;
     void PressKey(int key) override;
     void Later(std::function<void()> call) override;
     void Beep() override;

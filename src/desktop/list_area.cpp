@@ -151,7 +151,7 @@ void ListArea::contextMenuEvent(QContextMenuEvent* event) {
         OnRowRightClick();
 }
 
-// Shows a cell whole that its column cuts.
+// Shows a cell whole that its column cuts, and what is to be known about it.
 bool ListArea::viewportEvent(QEvent* event) {
     if (event->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(event);
     const auto& help = static_cast<const QHelpEvent&>(*event);
@@ -160,8 +160,13 @@ bool ListArea::viewportEvent(QEvent* event) {
         const bool inColumn = help.pos().x() >= column.Place.left() && help.pos().x() <= column.Place.right();
         if (row == 0 || !inColumn) continue;
         const QString cell = ToQt(list_.Row(row)[column.SubItem]);
-        if (Cut(cell, column.Place.width()) == cell) break;
-        QToolTip::showText(help.globalPos(), "<qt>" + cell.trimmed().toHtmlEscaped() + "</qt>", viewport());
+        const QString more = list_.CellToolTip ? ToQt(list_.CellToolTip(row, column.SubItem)) : QString();
+        if (more.isEmpty() && Cut(cell, column.Place.width()) == cell) break;
+        QString shown = "<b>" + cell.trimmed().toHtmlEscaped() + "</b>";
+        for (const QString& line : more.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts))
+            shown += "<br>" + line.toHtmlEscaped();
+        if (more.isEmpty()) shown = cell.trimmed().toHtmlEscaped();
+        QToolTip::showText(help.globalPos(), "<qt>" + shown + "</qt>", viewport());
         return true;
     }
     QToolTip::hideText();

@@ -58,7 +58,7 @@ MenuView::MenuView(DesktopContext& desktop, Menu& control, QWidget* parent, bool
 void MenuView::PropertyChanged(Control&, PropertyId id) {
     switch (id) {
         case PropertyId::Caption:
-            action_->setData(ToQt(menu_.Caption));
+            action_->setData(ShownToQt(menu_.Caption));
             GiveAccessKeys(*parent_);
             break;
         case PropertyId::Visible: action_->setVisible(menu_.Visible); break;

@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QTextOption>
 #include <algorithm>
 
 #include "basic/stack_guard.h"
@@ -27,10 +28,16 @@ public:
     using QLabel::QLabel;
 
 protected:
-    void paintEvent(QPaintEvent* event) override {
+    void paintEvent(QPaintEvent*) override {
         const QRect place = contentsRect();
-        if (wordWrap()) return QLabel::paintEvent(event);
         QPainter painter(this);
+        if (wordWrap()) {
+            // A name that is wider than the label is broken, too.
+            QTextOption option(alignment());
+            option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+            painter.setPen(palette().color(foregroundRole()));
+            return painter.drawText(QRectF(place), text(), option);
+        }
         style()->drawItemText(&painter, place, static_cast<int>(alignment()) | Qt::TextDontClip, palette(),
                               isEnabled(), Fitted(text(), fontMetrics(), place.width()), foregroundRole());
     }

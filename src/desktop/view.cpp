@@ -108,7 +108,10 @@ bool View::TextCommitted(QObject* watched, QInputMethodEvent& event) {
 }
 
 bool View::MousePressed() {
-    if (!TakesFocus(control_) || !control_.EffectivelyEnabled()) return false;
+    const bool enabled = control_.EffectivelyEnabled();
+    if (!enabled && control_.OnRefused)
+        Desktop.System.Run(control_, "Refused", [this] { control_.OnRefused(); });
+    if (!TakesFocus(control_) || !enabled) return false;
     const int dialogsBefore = Desktop.DialogsShown;
     bool stays = false;
     Desktop.System.Run(control_, "GotFocus", [&] { stays = Desktop.Focus.Take(control_); });

@@ -66,6 +66,7 @@ DrawControls::DrawControls()
       mnuSaveClipboard(frmDraw, "mnuSaveClipboard", "Save to Clipboard"),
       mnuSavePicture(frmDraw, "mnuSavePicture", "Save picture as\x85"),
       mnuPrint(frmDraw, "mnuPrint", "Print"),
+      mnuPrintPreview(frmDraw, "mnuPrintPreview", "Print preview"),
       mnuExit(frmDraw, "mnuExit", "Exit"),
       mnuView(frmDraw, "mnuView", "View"),
       mnuRadiiArcs(frmDraw, "mnuRadiiArcs", "Radii Arcs"),
@@ -143,7 +144,7 @@ void DrawControls::MakeMenus() {
         entry->Checked = i == simulation::Run;
     }
     Put(mnuFile, {&mnuEditor, &mnuRedraw, &mnuAutoFit, &mnuSaveBMP, &mnuSaveClipboard, &mnuSavePicture,
-                  &mnuPrint, &mnuExit});
+                  &mnuPrint, &mnuPrintPreview, &mnuExit});
     Put(mnuView, {&mnuRadiiArcs, &mnuFillCycles, &mnuProgramWindow, &mnuToolWidth, &mnuToolCenter, &mnuGrid,
                   &mnuBackground});
     Put(mnuSettings, {&mnuScaleMenu, &mnuSimulation, &mnuAutoRedraw});
@@ -151,6 +152,7 @@ void DrawControls::MakeMenus() {
     mnuSavePicture.Shortcut = "Ctrl+Shift+S";
     mnuSavePicture.ToolTip = "The whole drawing as a PNG, SVG, PDF or BMP file";
     mnuPrint.Shortcut = "Ctrl+P";
+    mnuPrintPreview.Shortcut = "Ctrl+Shift+P";
     dlgPicture.Filter = "PNG|*.png|SVG|*.svg|PDF|*.pdf|BMP|*.bmp";
     dlgPicture.CancelError = false;
     SetDesignMarks();

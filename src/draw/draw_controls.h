@@ -28,7 +28,7 @@ struct DrawControls {
     Form frmDraw;
 
     Menu mnuFile, mnuEditor, mnuRedraw, mnuAutoFit, mnuSaveBMP, mnuSaveClipboard, mnuSavePicture, mnuPrint,
-        mnuExit;
+        mnuPrintPreview, mnuExit;
     Menu mnuView, mnuRadiiArcs, mnuFillCycles, mnuProgramWindow, mnuToolWidth, mnuToolCenter, mnuGrid,
         mnuBackground;
     Menu mnuSettings, mnuScaleMenu, mnuSimulation, mnuAutoRedraw;

@@ -33,6 +33,8 @@ struct DrawParts {
     std::function<void(int row)> ShowLine;
     // A walk, one of its waits or a measurement has begun or ended.
     std::function<void()> StateChanged;
+    // Shows in the quiet line of the editor what has happened.
+    std::function<void(std::string_view what)> Tell;
 };
 
 }  // namespace kvt

@@ -66,6 +66,7 @@ DrawWindow::DrawWindow(const Parts& parts)
              [this](std::function<void()> then) { AfterWalk(std::move(then)); },
              nullptr,
              nullptr,
+             nullptr,
              nullptr},
       View(parts_),
       Sim(parts_),
@@ -76,6 +77,9 @@ DrawWindow::DrawWindow(const Parts& parts)
       Output(parts_),
       navigation_(parts_, View, Measure),
       walkParts_{parts_, View, Sim, Listing, Editor, [this] { PositionControls(); }} {
+    parts_.Tell = [this](std::string_view what) {
+        if (Tell) Tell(what);
+    };
     Form& form = Controls.frmDraw;
     form.SmallestWidth = leastWidth;
     form.SmallestHeight = leastHeight;

@@ -74,6 +74,8 @@ public:
 
     // Called for settings where they are to be taken or kept, and for the editor where it is to come forward.
     std::function<void()> LoadSettings, SaveSettings, ShowEditor;
+    // Told what has happened, for the quiet line.
+    std::function<void(std::string_view what)> Tell;
     // Called when the window that was closed had the keys.
     std::function<void()> RestoreFocus;
 

@@ -1,5 +1,6 @@
 #include "draw/output.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "basic/run_time_error.h"
@@ -41,6 +42,7 @@ DrawingOutput::DrawingOutput(DrawParts& parts) : parts_(parts), controls_(parts.
     controls_.mnuSaveClipboard.OnClick = [this] { mnuSaveClipboard_Click(); };
     controls_.mnuSavePicture.OnClick = [this] { mnuSavePicture_Click(); };
     controls_.mnuPrint.OnClick = [this] { mnuPrint_Click(); };
+    controls_.mnuPrintPreview.OnClick = [this] { mnuPrintPreview_Click(); };
 }
 
 void DrawingOutput::SaveImage(std::string_view target) {
@@ -130,17 +132,21 @@ Pixels DrawingOutput::PointsOf(const FieldArea& area) const {
     return PaintPicture(controls_.pbxDrawField, area, parts_.Platform.Screen.PointsPerTwip());
 }
 
-void DrawingOutput::mnuPrint_Click() {
+void DrawingOutput::mnuPrint_Click() { BeginPrint(false); }
+
+void DrawingOutput::mnuPrintPreview_Click() { BeginPrint(true); }
+
+void DrawingOutput::BeginPrint(bool preview) {
     if (parts_.Store.ErrorFlagged) return;
     if (parts_.Store.LineCount() < 1) {
         parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
         return;
     }
     // A drawing under way would come out unfinished, and on the wrong background.
-    parts_.AfterWalk([this] { PrintDrawing(); });
+    parts_.AfterWalk([this, preview] { PrintDrawing(preview); });
 }
 
-void DrawingOutput::PrintDrawing() {
+void DrawingOutput::PrintDrawing(bool preview) {
     // Asked for again while the drawing for it waits: one print is enough.
     const StackGuard guard(printing_);
     if (!guard.Entered()) return;
@@ -157,7 +163,7 @@ void DrawingOutput::PrintDrawing() {
         parts_.Redraw();
     }
     // The window may have been closed in a wait of that drawing.
-    if (controls_.frmDraw.Visible) PrintForm();
+    if (controls_.frmDraw.Visible) PutOnPaper(preview);
     if (whiteForPrint_) {
         RestoreBackground();
         parts_.Redraw();
@@ -172,13 +178,35 @@ void DrawingOutput::RestoreBackground() {
     if (std::exchange(whiteForPrint_, false)) controls_.mnuBackground.Checked = false;
 }
 
-// No name for the PDF where there is no printer is the user's cancel, not a failure.
-void DrawingOutput::PrintForm() {
+FieldArea DrawingOutput::PrintedArea() const {
+    const PictureBox& field = controls_.pbxDrawField;
+    const FieldArea drawn = AreaOf(field.Operations(), field.ScaleWidth(), field.ScaleHeight());
+    const double left = std::max(drawn.Left, -1.0 * field.Left);
+    const double top = std::max(drawn.Top, -1.0 * field.Top);
+    const double right = std::min(drawn.Left + drawn.Width, 1.0 * controls_.pbxViewWindow.Width - field.Left);
+    const double bottom =
+        std::min(drawn.Top + drawn.Height, 1.0 * controls_.pbxViewWindow.Height - field.Top);
+    // Where nothing of it is in sight, all of it.
+    if (right <= left || bottom <= top) return drawn;
+    return {left, top, right - left, bottom - top};
+}
+
+// No name for the PDF where there is no printer is the user's cancel, not a failure; so is a preview that is left.
+void DrawingOutput::PutOnPaper(bool preview) {
     PrinterService& printer = parts_.Platform.Printer;
+    const Texts& texts = parts_.Language;
+    const std::string path = parts_.File.lblPath.Caption.Get();
+    const std::string name(ExtractFileName(path));
+    PrintJob job;
+    job.Path = path;
+    job.Part = Trim(texts.NoticeTexts(text::DrawingName));
+    job.Preview = preview;
     try {
-        printer.BeginJob(parts_.File.lblPath.Caption);
-        printer.PrintForm(controls_.frmDraw);
+        printer.BeginJob(job);
+        printer.PrintDrawing({controls_.pbxDrawField, PrintedArea(), name,
+                              controls_.lblGrid.Caption.Get() + " " + controls_.txtGrid.Text.Get()});
         printer.EndDocument();
+        parts_.Tell(PrintedNotice(texts, path));
     } catch (const RunTimeError& error) {
         if (error.Number != fault::Cancelled) TellError(error, printName);
     }

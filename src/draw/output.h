@@ -27,6 +27,8 @@ public:
     void mnuSavePicture_Click();
     // Prints the window on a white background.
     void mnuPrint_Click();
+    // Shows the printed page.
+    void mnuPrintPreview_Click();
 
     // Takes back the white background that printing has set; closing the window meanwhile keeps the user's own.
     void RestoreBackground();
@@ -40,8 +42,11 @@ private:
     bool AskForName(std::string& name);
     // A message that tells whether a file was written.
     void ShowResult(bool written, std::string_view name);
-    void PrintDrawing();
-    void PrintForm();
+    void BeginPrint(bool preview);
+    void PrintDrawing(bool preview);
+    void PutOnPaper(bool preview);
+    // What of the field is printed: what was drawn, so far as it is in sight.
+    FieldArea PrintedArea() const;
 
     DrawParts& parts_;
     DrawControls& controls_;

@@ -22,8 +22,8 @@ std::string PresetText(const TextBox& preset) {
 }
 
 FeedPresets::FeedPresets(EntryRow& entry, ProgramStore& store, ControlInterpreter& interpreter,
-                         FocusService& focus)
-    : entry_(entry), store_(store), interpreter_(interpreter), focus_(focus) {
+                         const Texts& texts, FocusService& focus, WorkbenchCalls& calls)
+    : entry_(entry), store_(store), interpreter_(interpreter), texts_(texts), focus_(focus), calls_(calls) {
     entry_.cmdFeedA.OnClick = [this] { cmdFeedA_Click(); };
     entry_.cmdFeedB.OnClick = [this] { cmdFeedB_Click(); };
     entry_.txtFeedA.OnLostFocus = [this] { PresetLostFocus(entry_.txtFeedA, entry_.OldFeedA); };
@@ -36,8 +36,7 @@ void FeedPresets::KeyPress(std::string_view which, int& character) {
     if (character == key::Enter) {
         character = 0;
         SetFeedLimits();
-        ReplaceFeed(which);
-        interpreter_.Interpreter();
+        ReplaceAndTell(which);
         focus_.SetFocus(entry_.txtComment);
         return;
     }
@@ -45,25 +44,40 @@ void FeedPresets::KeyPress(std::string_view which, int& character) {
     if (!passes) character = 0;
 }
 
-void FeedPresets::ReplaceFeed(std::string_view which) {
+// The check takes away what was told before, so this comes behind it.
+void FeedPresets::ReplaceAndTell(std::string_view which) {
+    const std::string old(Trim(which == "A" ? entry_.OldFeedA : entry_.OldFeedB));
+    const int lines = ReplaceFeed(which);
+    interpreter_.Interpreter();
+    if (store_.LineCount() == 0) return;
+    const std::string now(Trim(which == "A" ? entry_.OldFeedA : entry_.OldFeedB));
+    Run(calls_.Tell, lines > 0
+                         ? Filled(texts_.NoticeTexts(text::FeedReplaced), {old, now, PlainNumber(lines)})
+                         : Filled(texts_.NoticeTexts(text::NoSuchFeed), {old}));
+}
+
+int FeedPresets::ReplaceFeed(std::string_view which) {
     const TextBox& preset = which == "A" ? entry_.txtFeedA : entry_.txtFeedB;
     std::string& old = which == "A" ? entry_.OldFeedA : entry_.OldFeedB;
     const int lines = store_.LineCount();
     ListView& list = store_.lvCncProgram;
     const int selected = list.SelectedRow();
     double sought = 0;
+    int replaced = 0;
     const bool known = Attempt("ReplaceFeed", [&] { sought = Val(old); });
     // Any line with the number is meant, whatever its code. A word with a letter and an empty cell hold no plain number, whatever the preset was.
     for (int row = 1; known && row <= lines; ++row) {
         Cell& feed = list.Row(row)[column::F];
         if (!IsNumeric(feed.View()) || Val(feed.View()) != sought) continue;
         feed = PresetText(preset);
+        ++replaced;
         store_.ProgramChanged = true;
     }
-    if (lines == 0) return;
+    if (lines == 0) return replaced;
     old = OldText(preset);
     list.RowsChanged();
     list.Select(selected);
+    return replaced;
 }
 
 void FeedPresets::SetFeedLimits() {

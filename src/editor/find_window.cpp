@@ -5,12 +5,14 @@
 
 namespace kvt {
 
-FindWindow::FindWindow(ProgramStore& store, FocusService& focus)
+FindWindow::FindWindow(ProgramStore& store, const Texts& texts, FocusService& focus, WorkbenchCalls& calls)
     : frmFind("frmFind"),
       lblFind(frmFind, "lblFind", "Find"),
       txtFind(frmFind, "txtFind"),
       store_(store),
-      focus_(focus) {
+      texts_(texts),
+      focus_(focus),
+      calls_(calls) {
     frmFind.Caption = "Find";
     frmFind.Visible = false;
     frmFind.TopMost = true;
@@ -66,9 +68,11 @@ void FindWindow::FindNext() {
         list.Select(row);
         list.EnsureVisible(row);
         focus_.SetFocus(list);
+        Run(calls_.Tell, "");
         return;
     }
     if (focusBefore_) focus_.SetFocus(*focusBefore_);
+    Run(calls_.Tell, Filled(texts_.NoticeTexts(text::NothingFound), {txtFind.Text.Get()}));
 }
 
 bool FindWindow::Matches(const ListRow& row) const {

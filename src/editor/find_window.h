@@ -2,13 +2,15 @@
 
 #include "platform/services.h"
 #include "program/program_store.h"
+#include "program/texts.h"
+#include "program/workbench_calls.h"
 
 namespace kvt {
 
 // Searches all columns in sight for a text. The window stays on top of the others.
 class FindWindow {
 public:
-    FindWindow(ProgramStore& store, FocusService& focus);
+    FindWindow(ProgramStore& store, const Texts& texts, FocusService& focus, WorkbenchCalls& calls);
 
     Form frmFind;
     Label lblFind;
@@ -25,7 +27,9 @@ private:
     bool Matches(const ListRow& row) const;
 
     ProgramStore& store_;
+    const Texts& texts_;
     FocusService& focus_;
+    WorkbenchCalls& calls_;
     // Where the focus was before the window came.
     Control* focusBefore_ = nullptr;
 };

@@ -307,7 +307,10 @@ void CncReader::ShowName(const std::string& name, const LoadAs& as) {
     const std::string shown =
         as.Name ? *as.Name : Replace(name, preProcessorResult, "", 1, -1, Compare::IgnoreCase);
     controls.NamesSource = as.FromSource || (!as.Name && shown != name);
-    if (!controls.NamesSource && !shown.empty()) controls.LastProgram = shown;
+    if (!controls.NamesSource && !shown.empty()) {
+        controls.LastProgram = shown;
+        Run(parts_.Calls.FileUsed, shown);
+    }
     // Saving the program before may have named another file.
     controls.dlgFile.FileName = as.Name ? shown : name;
     controls.lblPath.Caption = shown;

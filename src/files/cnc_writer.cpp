@@ -178,7 +178,11 @@ void CncWriter::SaveFile_Click(std::int16_t& mode) {
     std::string name = controls.lblPath.Caption.Get();
     if (mode == save::ToClipboard) {
         IgnoreErrors([&] { platform.Clipboard.Clear(); });
-        IgnoreErrors([&] { platform.Clipboard.SetText(text); });
+        IgnoreErrors([&] {
+            platform.Clipboard.SetText(text);
+            const std::string lines = PlainNumber(store.LineCount());
+            Run(parts_.Calls.Tell, Filled(parts_.Language.NoticeTexts(text::Copied), {lines}));
+        });
         return;
     }
     if (mode == save::As && !AskForName(name)) return;
@@ -232,7 +236,9 @@ void CncWriter::WriteFile(const std::string& name, const std::string& text) {
     if (written) parts_.Controls.LastProgram = name;
     parts_.Controls.lblPath.Caption = name;
     parts_.Controls.lblFileName.Caption = ExtractFileName(name);
+    if (written) Run(parts_.Calls.FileUsed, name);
     Run(parts_.Calls.RefreshTitle);
+    if (written) TellSaved(parts_.Calls, parts_.Language, name);
 }
 
 void CncWriter::mnuSave_Click() {

@@ -1,7 +1,11 @@
 #include "files/program_print.h"
 
+#include <vector>
+
+#include "basic/line_end.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "files/questions.h"
 
 namespace kvt {
 
@@ -21,36 +25,89 @@ bool AttemptUnlessCancelled(const char* procedure, Statement statement) {
     return true;
 }
 
+// Where the table begins in the printed text of a program: behind the notes. It ends with the names of the columns, a
+// line for each of the program, and the units.
+std::size_t TableIn(std::string_view text, int lines) {
+    std::size_t at = text.size();
+    for (int line = 0; line < lines + 2 && at >= LineEnd.size(); ++line) {
+        const std::size_t before = text.rfind(LineEnd, at - LineEnd.size() - 1);
+        if (at <= LineEnd.size() || before == std::string_view::npos) return 0;
+        at = before + LineEnd.size();
+    }
+    return at;
+}
+
 }  // namespace
 
-void ProgramPrint::mnuPrint_Click() {
-    PrinterService& printer = parts_.Platform.Printer;
+PrintJob ProgramPrint::Job(bool preview) const {
+    PrintJob job;
+    job.Path = parts_.Controls.lblPath.Caption.Get();
+    job.PageText = parts_.Language.NoticeTexts(text::PageOf);
+    job.Preview = preview;
+    return job;
+}
+
+bool ProgramPrint::Begin() {
     Run(parts_.Calls.cmdReturn_Click);
     Run(parts_.Calls.HideSettings);
-    if (parts_.Store.LineCount() == 0) {
-        parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
-        return;
-    }
-    printer.BeginJob(parts_.Controls.lblPath.Caption.Get());
+    if (parts_.Store.LineCount() > 0) return true;
+    parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
+    return false;
+}
+
+void ProgramPrint::mnuPrint_Click() {
+    if (!Begin()) return;
+    PrinterService& printer = parts_.Platform.Printer;
+    printer.BeginJob(Job(false));
     if (!DirectPrint && !AttemptUnlessCancelled(printName, [&] { printer.ShowPrinter(dlgPrint); })) return;
-    parts_.Writer.PrintMode = true;
-    const std::string text = parts_.Writer.GenerateAll();
-    parts_.Writer.PrintMode = false;
+    const std::string text = Text();
     // Each copy is a job of its own.
     const int copies = dlgPrint.Copies;
     for (int copy = 1; copy <= copies; ++copy) {
-        const std::string path = parts_.Controls.lblPath.Caption.Get();
-        for (const std::string_view line :
-             {ExtractFileName(path), std::string_view(path), std::string_view(), std::string_view(text)}) {
-            if (!AttemptUnlessCancelled(printName, [&] { printer.Print(line); })) return;
-        }
-        Attempt(printName, [&] { printer.EndDocument(); });
+        if (!PrintDocument(text)) return;
     }
+    TellPrinted();
+}
+
+void ProgramPrint::mnuPrintPreview_Click() {
+    if (!Begin()) return;
+    parts_.Platform.Printer.BeginJob(Job(true));
+    if (PrintDocument(Text())) TellPrinted();
+}
+
+std::string ProgramPrint::Text() {
+    parts_.Writer.PrintMode = true;
+    std::string text = parts_.Writer.GenerateAll();
+    parts_.Writer.PrintMode = false;
+    return text;
+}
+
+bool ProgramPrint::PrintDocument(std::string_view text) {
+    PrinterService& printer = parts_.Platform.Printer;
+    const std::string path = parts_.Controls.lblPath.Caption.Get();
+    const std::size_t tableAt = TableIn(text, parts_.Store.LineCount());
+    struct Piece {
+        std::string_view Text;
+        PrintedLine What;
+    };
+    std::vector<Piece> pieces = {{ExtractFileName(path), PrintedLine::Head},
+                                 {path, PrintedLine::Head},
+                                 {std::string_view(), PrintedLine::Head}};
+    if (tableAt > 0) pieces.push_back({text.substr(0, tableAt - LineEnd.size()), PrintedLine::Text});
+    pieces.push_back({text.substr(tableAt), PrintedLine::Table});
+    for (const Piece& piece : pieces) {
+        if (!AttemptUnlessCancelled(printName, [&] { printer.Print(piece.Text, piece.What); })) return false;
+    }
+    return AttemptUnlessCancelled(printName, [&] { printer.EndDocument(); });
+}
+
+void ProgramPrint::TellPrinted() {
+    Run(parts_.Calls.Tell, PrintedNotice(parts_.Language, parts_.Controls.lblPath.Caption));
 }
 
 void ProgramPrint::cmdPrinterDialog_Click() {
     AttemptUnlessCancelled("cmdPrinterDialog_Click", [&] {
-        parts_.Platform.Printer.BeginJob(parts_.Controls.lblPath.Caption.Get());
+        parts_.Platform.Printer.BeginJob(Job(false));
         parts_.Platform.Printer.ShowPrinter(dlgPrint);
     });
 }

@@ -23,10 +23,20 @@ public:
     bool DirectPrint = false;
 
     void mnuPrint_Click();
+    // Shows the pages, from where they can be printed.
+    void mnuPrintPreview_Click();
     // Lets the user choose a printer, and nothing more.
     void cmdPrinterDialog_Click();
 
 private:
+    PrintJob Job(bool preview) const;
+    // Leaves what lies over the list. False, and told, for a program without lines.
+    bool Begin();
+    std::string Text();
+    // One document. False where a cancelled dialog has ended it.
+    bool PrintDocument(std::string_view text);
+    void TellPrinted();
+
     Parts parts_;
 };
 

@@ -25,4 +25,14 @@ Answer AskToOverwrite(Services& platform, const Texts& texts, std::string_view n
     return platform.Dialogs.ShowMessage(Question(question, "", Buttons::YesNoCancel));
 }
 
+void TellSaved(const WorkbenchCalls& calls, const Texts& texts, std::string_view path) {
+    Run(calls.Tell, Filled(texts.NoticeTexts(text::Saved), {std::string(ExtractFileName(path))}));
+}
+
+std::string PrintedNotice(const Texts& texts, std::string_view path) {
+    const std::string_view name = ExtractFileName(path);
+    return Filled(texts.NoticeTexts(text::Printed),
+                  {std::string(name.empty() ? texts.NoticeTexts(text::NoName) : name)});
+}
+
 }  // namespace kvt

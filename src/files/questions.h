@@ -4,8 +4,9 @@
 
 #include "platform/services.h"
 #include "program/texts.h"
+#include "program/workbench_calls.h"
 
-// Questions that several places ask the user.
+// What several places ask the user, or tell him.
 namespace kvt {
 
 // Whether the open program is to be saved before another one, or nothing, takes its place.
@@ -14,5 +15,8 @@ bool AskToSave(DialogService& dialogs, const Texts& texts);
 bool AskToClear(DialogService& dialogs, const Texts& texts);
 // Whether a file may be written under a name: Yes without a question where none has it.
 Answer AskToOverwrite(Services& platform, const Texts& texts, std::string_view name);
+// Tells in the quiet line that a file has been written, or that a program, with a path or without one, is printed.
+void TellSaved(const WorkbenchCalls& calls, const Texts& texts, std::string_view path);
+std::string PrintedNotice(const Texts& texts, std::string_view path);
 
 }  // namespace kvt

@@ -22,6 +22,7 @@ constexpr const char* comTransmit = ";Comm Settings Transmit";
 constexpr const char* comReceive = ";Comm Settings Receive";
 constexpr const char* printer = ";Printer Settings";
 constexpr const char* windows = ";Windows Parameters HLTW";
+constexpr const char* usedLast = ";Files used last";
 constexpr const char* drawMode = ";Checks Draw Mode";
 
 // A place of 0 centres the window.
@@ -65,6 +66,14 @@ constexpr SettingKey editorKeys[] = {
     {printer, "FontSize", "10"},
     {windows, "EditorWindow", "8720, 0, 0, 13800"},
     {windows, "DrawWindow Active", "False"},
+    {usedLast, "Recent1", ""},
+    {usedLast, "Recent2", ""},
+    {usedLast, "Recent3", ""},
+    {usedLast, "Recent4", ""},
+    {usedLast, "Recent5", ""},
+    {usedLast, "Recent6", ""},
+    {usedLast, "Recent7", ""},
+    {usedLast, "Recent8", ""},
 };
 
 // Four times 9999 is a window that was never placed.

@@ -67,11 +67,11 @@ public:
     }
 
     std::vector<std::string> Fonts() override { return Passed().Fonts(); }
-    void BeginJob(std::string_view path) override { printer_.BeginJob(path); }
+    void BeginJob(const PrintJob& job) override { printer_.BeginJob(job); }
     void ShowPrinter(PrinterDialog& dialog) override { Passed().ShowPrinter(dialog); }
-    void Print(std::string_view line) override { Passed().Print(line); }
+    void Print(std::string_view line, PrintedLine what) override { Passed().Print(line, what); }
+    void PrintDrawing(const PrintedDrawing& drawing) override { Passed().PrintDrawing(drawing); }
     void EndDocument() override { Passed().EndDocument(); }
-    void PrintForm(const Form& form) override { Passed().PrintForm(form); }
 
 private:
     PrinterService& Passed() {

@@ -87,6 +87,7 @@ public:
     bool WaitUntil(const std::function<double()>& left) override;
     std::tm Now() override;
     std::string LocalDataFolder() override { return DataFolder; }
+    std::string DocumentsFolder() override { return Documents; }
     void PressKey(int key) override { Press(key); }
     void Later(std::function<void()> call) override;
     void Beep() override { ++Beeps; }
@@ -116,7 +117,7 @@ public:
     // Forgets the forms and keys of a run that has ended; the clock runs on.
     void BeginRun();
 
-    std::string DataFolder;
+    std::string DataFolder, Documents;
     long long Clock = 0;  // milliseconds
     bool Ended = false;
     int Beeps = 0;

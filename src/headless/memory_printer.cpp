@@ -1,5 +1,7 @@
 #include "headless/memory_printer.h"
 
+#include <utility>
+
 #include "basic/run_time_error.h"
 
 namespace kvt {
@@ -13,32 +15,45 @@ std::vector<std::string> MemoryPrinter::Fonts() {
     return {"Arial", "Courier", "Courier New", "Times New Roman"};
 }
 
+int MemoryPrinter::NextAnswer() {
+    if (Answers.empty()) return 0;
+    const int answer = Answers.front();
+    Answers.pop_front();
+    return answer;
+}
+
 void MemoryPrinter::ShowPrinter(PrinterDialog& dialog) {
     Demand();
-    int copies = 0;
-    if (!Answers.empty()) {
-        copies = Answers.front();
-        Answers.pop_front();
-    }
+    const int copies = NextAnswer();
     if (copies < 1) throw RunTimeError(fault::Cancelled);
     dialog.Copies = copies;
 }
 
-void MemoryPrinter::Print(std::string_view line) {
+void MemoryPrinter::Print(std::string_view line, PrintedLine) {
     Demand();
-    Printed += line;
-    Printed += "\r\n";
+    std::string& text = Job.Preview ? pending_ : Printed;
+    text += line;
+    text += "\r\n";
+}
+
+void MemoryPrinter::PrintDrawing(const PrintedDrawing& drawing) {
+    Demand();
+    if (!Job.Preview) return void(++Drawings);
+    ++pendingDrawings_;
+    pending_ += drawing.Title + "\r\n";
 }
 
 void MemoryPrinter::EndDocument() {
     Demand();
+    const std::string shown = std::exchange(pending_, {});
+    const int drawings = std::exchange(pendingDrawings_, 0);
+    if (Job.Preview) {
+        Previewed += shown;
+        if (NextAnswer() < 1) throw RunTimeError(fault::Cancelled);
+        if (drawings == 0) Printed += shown;
+        Drawings += drawings;
+    }
     ++Documents;
-}
-
-void MemoryPrinter::PrintForm(const Form& form) {
-    Demand();
-    ++Forms;
-    if (OnForm) OnForm(form);
 }
 
 }  // namespace kvt

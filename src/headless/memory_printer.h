@@ -1,7 +1,6 @@
 #pragma once
 
 #include <deque>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -20,24 +19,31 @@ public:
     }
 
     std::vector<std::string> Fonts() override;
-    void BeginJob(std::string_view) override {}
+    void BeginJob(const PrintJob& job) override { Job = job; }
     void ShowPrinter(PrinterDialog& dialog) override;
-    void Print(std::string_view line) override;
+    void Print(std::string_view line, PrintedLine what) override;
+    void PrintDrawing(const PrintedDrawing& drawing) override;
     void EndDocument() override;
-    void PrintForm(const Form& form) override;
 
     // False for a machine without a printer.
     bool Present = true;
     std::string Printed;
+    // What previews have shown; a title for each drawing.
+    std::string Previewed;
+    PrintJob Job;
     int Documents = 0;
-    // How many windows were printed; OnForm looks at each while it is.
-    int Forms = 0;
-    std::function<void(const Form&)> OnForm;
-    // The copies that a user chooses, 0 for a cancelled dialog. Without an answer the dialog counts as cancelled.
+    // How many drawings were printed.
+    int Drawings = 0;
+    // The copies that a user chooses, 0 for a cancelled dialog, or for a preview that is left without printing. Without
+    // an answer the one counts as cancelled, the other as left.
     std::deque<int> Answers;
 
 private:
     void Demand() const;
+    int NextAnswer();
+
+    std::string pending_;  // of a document that a preview will show
+    int pendingDrawings_ = 0;
 };
 
 }  // namespace kvt

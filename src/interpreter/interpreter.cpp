@@ -37,6 +37,7 @@ void ControlInterpreter::Interpreter() {
     // A step run that is asked for next, in the same wait, is one of its own.
     waiting_ = false;
     ++runs_;
+    Run(calls_.Tell, "");
 
     store_.AbsoluteMode = false;
     store_.EndCodePresent = false;

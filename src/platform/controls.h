@@ -82,6 +82,8 @@ public:
     TextProperty ToolTip{*this, PropertyId::ToolTip};
 
     std::function<void()> OnClick;
+    // A hand has tried it, by a click or its key, while it is disabled: to tell why.
+    std::function<void()> OnRefused;
     std::function<void()> OnGotFocus;
     std::function<void()> OnLostFocus;
     // A key goes down (a number of keys.h, and what is held), then a character arrives. The handler may change

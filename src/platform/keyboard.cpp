@@ -23,12 +23,12 @@ KeyPress WithOneClipboardStroke(const KeyPress& press) {
     return press;
 }
 
-// The entry that a stroke chooses: one of the form's menus that is in sight and enabled.
-Menu* EntryOf(const Form& form, KeyStroke stroke) {
+// The entry that a stroke chooses: one of the form's menus that is in sight and enabled, or one that is disabled.
+Menu* EntryOf(const Form& form, KeyStroke stroke, bool enabled) {
     for (Control* control : form.Controls()) {
         auto* const entry = dynamic_cast<Menu*>(control);
         if (!entry || entry->Shortcut.empty() || KeyNamed(entry->Shortcut) != stroke) continue;
-        if (entry->EffectivelyVisible() && entry->EffectivelyEnabled()) return entry;
+        if (entry->EffectivelyVisible() && entry->EffectivelyEnabled() == enabled) return entry;
     }
     return nullptr;
 }
@@ -73,9 +73,13 @@ bool Keyboard::Press(Form& form, KeyPress press) {
 bool Keyboard::ChooseMenu(const Form& form, const Control* target, KeyStroke stroke) {
     if (stroke.Key == 0) return false;
     if (target && target->Kind() == ControlKind::TextBox && IsEditingShortcut(stroke)) return false;
-    Menu* const entry = EntryOf(form, stroke);
+    Menu* const entry = EntryOf(form, stroke, true);
     if (entry) host_.Run(*entry, "Click", [&] { entry->Click(); });
-    return entry != nullptr;
+    if (entry) return true;
+    // What is disabled leaves the key to others.
+    Menu* const disabled = EntryOf(form, stroke, false);
+    if (disabled && disabled->OnRefused) host_.Run(*disabled, "Refused", [&] { disabled->OnRefused(); });
+    return false;
 }
 
 // Offers a press to the handlers. False where one of them has used it up.

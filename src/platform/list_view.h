@@ -85,6 +85,9 @@ public:
     static constexpr int HeaderHeight = 300;
     static constexpr int RowHeight = 255;
 
+    // What is to be known about a cell beyond its text, its lines ended by CR LF: a tool tip. Empty for nothing.
+    std::function<std::string(int row, int subItem)> CellToolTip;
+
     std::function<void(int header)> OnColumnClick;
     // The right button was pressed; the row under the pointer is selected by then.
     std::function<void()> OnRightClick;

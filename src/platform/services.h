@@ -116,6 +116,8 @@ public:
     virtual std::tm Now() = 0;
     // The user's folder for local application data, without a separator at its end.
     virtual std::string LocalDataFolder() = 0;
+    // The user's folder for documents of his own, the same way.
+    virtual std::string DocumentsFolder() = 0;
     // Puts a key press (a number of keys.h) into the input, as if the user had pressed it. It arrives when the
     // handler that is running has ended.
     virtual void PressKey(int key) = 0;

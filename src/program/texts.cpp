@@ -2,6 +2,7 @@
 
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "program/explanations.h"
 
 namespace kvt {
 
@@ -112,6 +113,38 @@ constexpr TextsOf<DrawErrorText>::Default drawErrorDefaults[] = {
     {text::Draws, "Drawing. Esc ends."},
 };
 
+constexpr TextsOf<NoticeText>::Default noticeDefaults[] = {
+    {text::Saved, "Saved: %1"},
+    {text::Printed, "Printed: %1"},
+    {text::LinesSent, "Lines sent: %1"},
+    {text::SendingStopped, "Stopped; lines sent: %1 of %2"},
+    {text::FeedReplaced, "Feeds replaced: %3 (%1 by %2)"},
+    {text::NoSuchFeed, "No line has the feed %1"},
+    {text::NothingFound, "Not found: %1"},
+    {text::Received, "Lines received: %1"},
+    {text::Restored, "Restored: %1"},
+    {text::Copied, "Lines on the clipboard: %1"},
+    {text::NoLinesYet, "The program has no lines yet"},
+    {text::NothingChanged, "Nothing to save: the program has not changed"},
+    {text::DocumentOpen, "Return or Esc leaves the help first"},
+    {text::IsSending, "The program is being sent; Stop ends that"},
+    {text::IsReceiving, "Exit leaves the received code first"},
+    {text::NoFeed, "This code takes no feed"},
+    {text::UnitsAlready, "The program has these units already"},
+    {text::FindingAt, "Line %1: %2 (F1 explains it)"},
+    {text::NoFinding, "The check finds no error"},
+    {text::FileGone, "No longer there: %1"},
+    {text::SampleOpened, "A sample: Save asks for a name of your own"},
+    {text::TheControl, "The control:"},
+    {text::Why, "Why:"},
+    {text::WhatHelps, "What helps:"},
+    {text::OrMore, "%1 or more"},
+    {text::OrLess, "%1 or less"},
+    {text::PageOf, "Page %1 of %2"},
+    {text::DrawingName, "drawing"},
+    {text::NoName, "a program without a name"},
+};
+
 }  // namespace
 
 std::string_view LanguageText(std::string_view defaultText, std::string_view text) {
@@ -135,6 +168,8 @@ Texts::Texts()
       ErrorTexts(30, errorDefaults),
       MessageTexts(31, messageDefaults),
       DrawErrorTexts(20, drawErrorDefaults),
+      NoticeTexts(30, noticeDefaults),
+      ExplanationTexts(ExplanationPartCount * FindingCount, ExplanationDefaults()),
       DrawViewTexts(8, drawViewDefaults) {}
 
 std::string FileMessage(const Texts& texts, std::string_view name, ErrorText end) {

@@ -143,12 +143,46 @@ enum class DrawErrorText {
     Draws = 20,
 };
 
+// What the quiet line tells, and the words around explanations and printed pages.
+enum class NoticeText {
+    Saved = 1,
+    Printed = 2,
+    LinesSent = 3,
+    SendingStopped = 4,
+    FeedReplaced = 5,
+    NoSuchFeed = 6,
+    NothingFound = 7,
+    Received = 8,
+    Restored = 9,
+    Copied = 10,
+    NoLinesYet = 11,
+    NothingChanged = 12,
+    DocumentOpen = 13,
+    IsSending = 14,
+    IsReceiving = 15,
+    NoFeed = 16,
+    UnitsAlready = 17,
+    FindingAt = 18,
+    NoFinding = 19,
+    FileGone = 20,
+    SampleOpened = 21,
+    TheControl = 22,
+    Why = 23,
+    WhatHelps = 24,
+    OrMore = 25,
+    OrLess = 26,
+    PageOf = 27,
+    DrawingName = 28,
+    NoName = 29,
+};
+
 // The names of the entries: an entry can be looked up in its own table alone.
 namespace text {
 using enum ProgramErrorText;
 using enum ErrorText;
 using enum MessageText;
 using enum DrawErrorText;
+using enum NoticeText;
 }  // namespace text
 
 // All texts that the logic shows or tests.
@@ -159,6 +193,9 @@ struct Texts {
     TextsOf<ErrorText> ErrorTexts;
     TextsOf<MessageText> MessageTexts;
     TextsOf<DrawErrorText> DrawErrorTexts;
+    TextsOf<NoticeText> NoticeTexts;
+    // Three for each finding: see explanations.h.
+    TextsOf<int> ExplanationTexts;
     std::string ErrorHeaderText = "Error in line";
     std::string EntryCaption = "Parameters";
     // The entries of the draw window's View menu, by their order.

@@ -103,14 +103,18 @@ constexpr ControlRow controlRows[] = {
     {"mnuNew", "mnuFile"},
     {"mnuSave", "mnuFile"},
     {"mnuSaveAs", "mnuFile"},
+    {"mnuRecent", "mnuFile"},
+    {"mnuSamples", "mnuFile", {}, hidden},
     {"mnuFileBar1", "mnuFile"},
     {"mnuImport", "mnuFile", {}, hidden},
     {"mnuLoadClipboard", "mnuFile"},
     {"mnuSaveClipboard", "mnuFile"},
     {"mnuFileBar2", "mnuFile"},
     {"mnuFind", "mnuFile"},
+    {"mnuGoToError", "mnuFile"},
     {"mnuDraw", "mnuFile"},
     {"mnuPrint", "mnuFile"},
+    {"mnuPrintPreview", "mnuFile"},
     {"mnuFileBar3", "mnuFile"},
     {"mnuExit", "mnuFile"},
     {"mnuSettings", "", {}, frozen},
@@ -218,6 +222,9 @@ constexpr ControlRow controlRows[] = {
     {"lblPPLinesExe", "frProgramProperties", PropertyValue(3), frozen | atRight},
     {"lblMachineTime", "frProgramProperties", PropertyName(4), frozen},
     {"lblPPMachineTime", "frProgramProperties", PropertyValue(4), frozen | atRight},
+
+    // Where there is room for it: see PlaceNotice.
+    {"lblNotice", ""},
 
     {settings, "", OverList(), stop | hidden},
     {"chkSettingsAutowidth", settings, SettingsLine(0), stop, settings_page::General},

@@ -6,6 +6,7 @@
 #include "files/folders.h"
 #include "files/settings_file.h"
 #include "platform/keys.h"
+#include "program/explanations.h"
 
 namespace kvt {
 
@@ -157,15 +158,32 @@ void HelpDocuments::ShowSearch() {
     parts_.Platform.Focus.SetFocus(txtSearch);
 }
 
-// With a code in its field, that code's section.
+// With a code in its field, that code's section; on a line with a finding, what explains that.
 void HelpDocuments::ShowHelpFor(int held) {
     if (held == key::ShiftHeld) return mnuGhelp_Click();
     const EntryRow& entry = parts_.Entry;
     const std::string code(Trim(entry.txtGMcode.Text));
-    if (parts_.Platform.Focus.Focused() != &entry.txtGMcode || code.size() < 2) return mnuHelpText_Click();
+    const Control* const focused = parts_.Platform.Focus.Focused();
+    if (focused != &entry.txtGMcode || code.size() < 2) {
+        const bool inLine =
+            focused == &parts_.Store.lvCncProgram || (focused && focused->Container == &entry.frEntry);
+        return ShowFinding(inLine ? FindingOfLine() : 0);
+    }
     const std::string anchor = UpperCase(entry.lblGMcode.Caption.Get() + code);
     mnuGhelp_Click();
     if (RichText* const shown = Shown()) shown->ShowSection(anchor);
+}
+
+int HelpDocuments::FindingOfLine() const {
+    const ListView& list = parts_.Store.lvCncProgram;
+    const int row = list.SelectedRow();
+    return row > 0 ? FindingNumber(list.Row(row)[column::Error], parts_.Language) : 0;
+}
+
+void HelpDocuments::ShowFinding(int number) {
+    mnuHelpText_Click();
+    RichText* const shown = Shown();
+    if (shown && number > 0) shown->ShowSection(FindingSection(number));
 }
 
 bool HelpDocuments::HandleKey(int pressed, int held) {

@@ -60,6 +60,9 @@ private:
     void Search();
     void ShowSearch();
     void ShowHelpFor(int held);
+    // The number of the selected line's finding, 0 for none; and the help at its explanation, or at the beginning.
+    int FindingOfLine() const;
+    void ShowFinding(int number);
 
     Parts parts_;
     std::string folder_ = "en/";  // of the language, below that of the help documents

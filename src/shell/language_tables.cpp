@@ -21,14 +21,19 @@ constexpr LabelRow labelRows[] = {
     {"menu File", "New", "mnuNew"},
     {"menu File", "Save", "mnuSave"},
     {"menu File", "Save As", "mnuSaveAs"},
+    {"menu File", "Recent files", "mnuRecent"},
+    {"menu File", "Samples", "mnuSamples"},
     {"menu File", "Load from Clipboard", "mnuLoadClipboard"},
     {"menu File", "Save to Clipboard", "mnuSaveClipboard"},
     {"menu File", "Import", "mnuImport"},
     {"menu File", "Find", "mnuFind"},
     {"menu File", "Find", "frmFind"},
     {"menu File", "Find", "frmFind.lblFind"},
+    {"menu File", "Go to error", "mnuGoToError"},
     {"menu File", "Draw", "mnuDraw"},
     {"menu File", "Print", "mnuPrint"},
+    {"menu File", "Print preview", "mnuPrintPreview"},
+    {"menu File", "Print preview", "frmDraw.mnuPrintPreview"},
     {"menu File", "Exit", "mnuExit"},
 
     {"menu Settings", "Settings", "mnuSettings"},
@@ -233,6 +238,8 @@ constexpr TableSection tableSections[] = {
     {"Error Messages", [](Texts& texts) -> TextTable& { return texts.ErrorTexts; }},
     {"Messages", [](Texts& texts) -> TextTable& { return texts.MessageTexts; }},
     {"DRAW Error Message", [](Texts& texts) -> TextTable& { return texts.DrawErrorTexts; }},
+    {"Notices", [](Texts& texts) -> TextTable& { return texts.NoticeTexts; }},
+    {"Explanations", [](Texts& texts) -> TextTable& { return texts.ExplanationTexts; }},
     // The entries of the View menu are looked up by their order too, when the draw window comes to the front.
     {"DRAW Menu View", [](Texts& texts) -> TextTable& { return texts.DrawViewTexts; }},
 };

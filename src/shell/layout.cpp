@@ -13,6 +13,11 @@ constexpr int widestButton = 960;
 constexpr int buttonHeight = 660;
 constexpr int buttonTop = 480;
 constexpr int edge = 60;
+constexpr int noticeGap = 150;
+constexpr int leastNotice = 1080;
+constexpr int noticeTop = 300;  // beside the first line of the properties
+constexpr int noticeBelowComment = 1530;
+constexpr int noticeLine = 285;
 
 }  // namespace
 
@@ -25,6 +30,7 @@ void MainLayout::ControlsPositioning() {
     }
     parts_.Table.Place(parts_.Store.IsF1());
     PlaceTopButtons();
+    PlaceNotice();
     DrawLatheAxes(parts_.Entry.picZXaxes);
     DrawLatheAxes(parts_.Main.lstMK2Mcodes);
     DrawMillAxes(parts_.Entry.picXYaxes);
@@ -50,6 +56,21 @@ void MainLayout::PlaceTopButtons() {
         button->Height = buttonHeight;
         if (button->Visible) left += each;
     }
+}
+
+// The quiet line has the empty place at the lower right. A window that is too narrow for one has it as a single line in
+// the entry row, below the comment.
+void MainLayout::PlaceNotice() {
+    const Form& form = parts_.Main.Window;
+    const Frame& properties = parts_.Main.frProgramProperties;
+    Label& notice = parts_.Main.lblNotice;
+    const int left = properties.Left + properties.Width + noticeGap;
+    const int room = form.Width - left - noticeGap;
+    const bool beside = room >= leastNotice;
+    notice.Left = beside ? left : noticeGap;
+    notice.Top = properties.Top + (beside ? noticeTop : noticeBelowComment);
+    notice.Width = beside ? room : parts_.Entry.frEntry.Width - noticeGap;
+    notice.Height = beside ? properties.Height - noticeTop : noticeLine;
 }
 
 void MainLayout::ShowModeColors() {

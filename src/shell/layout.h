@@ -31,6 +31,7 @@ public:
 
 private:
     void PlaceTopButtons();
+    void PlaceNotice();
     void ShowWhatBelongs();
 
     Parts parts_;

@@ -51,6 +51,8 @@ MainControls::MainControls(Form& window) : Window(window) {
     mnuDraw.Shortcut = "F5";
     mnuFind.Shortcut = "Ctrl+F";
     mnuPrint.Shortcut = "Ctrl+P";
+    mnuPrintPreview.Shortcut = "Ctrl+Shift+P";
+    mnuGoToError.Shortcut = "F8";
     lblMachineType.ToolTip = "Machine Type";
     tabSettings.Captions = {"General", "Info", "Machine", "Printer", "COM"};
 }

@@ -33,14 +33,18 @@ struct MainControls {
     Menu mnuNew{Window, "mnuNew", "New"};
     Menu mnuSave{Window, "mnuSave", "Save"};
     Menu mnuSaveAs{Window, "mnuSaveAs", "Save As"};
+    Menu mnuRecent{Window, "mnuRecent", "Recent files"};
+    Menu mnuSamples{Window, "mnuSamples", "Samples"};
     Menu mnuFileBar1{Window, "mnuFileBar1", "-"};
     Menu mnuImport{Window, "mnuImport", "Import"};
     Menu mnuLoadClipboard{Window, "mnuLoadClipboard", "Load from Clipboard"};
     Menu mnuSaveClipboard{Window, "mnuSaveClipboard", "Save to Clipboard"};
     Menu mnuFileBar2{Window, "mnuFileBar2", "-"};
     Menu mnuFind{Window, "mnuFind", "Find"};
+    Menu mnuGoToError{Window, "mnuGoToError", "Go to error"};
     Menu mnuDraw{Window, "mnuDraw", "Draw"};
     Menu mnuPrint{Window, "mnuPrint", "Print"};
+    Menu mnuPrintPreview{Window, "mnuPrintPreview", "Print preview"};
     Menu mnuFileBar3{Window, "mnuFileBar3", "-"};
     Menu mnuExit{Window, "mnuExit", "Exit"};
 
@@ -102,6 +106,9 @@ struct MainControls {
     Label lblMin{Window, "lblMin", "Min"};
     Label lblMax{Window, "lblMax", "Max"};
     Label lblTravel{Window, "lblTravel", "Travel"};
+
+    // What has happened: the quiet line.
+    Label lblNotice{Window, "lblNotice"};
 
     // The documents, and what lies beside the last one.
     RichText rtfHelp{Window, "rtfHelp"};

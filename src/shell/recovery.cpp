@@ -145,6 +145,10 @@ void Recovery::Load(const std::string& file, const std::string& text) {
     TextBox& notes = parts_.File.txtFileNotes;
     const std::string_view held = notes.Text;
     if (held.ends_with(LineEnd)) notes.Text = std::string(held.substr(0, held.size() - LineEnd.size()));
+    const Texts& texts = parts_.Language;
+    const std::string_view shown = ExtractFileName(old.Name);
+    Run(parts_.Calls.Tell, Filled(texts.NoticeTexts(text::Restored),
+                                  {std::string(shown.empty() ? texts.NoticeTexts(text::NoName) : shown)}));
     if (file == FileName()) {
         written_ = text;
         return;

@@ -22,6 +22,7 @@ public:
         const Texts& Language;
         UserData& Data;
         Services& Platform;
+        WorkbenchCalls& Calls;
     };
     Recovery(Form& window, const Parts& parts);
 

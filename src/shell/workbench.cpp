@@ -26,8 +26,8 @@ Workbench::Workbench(Services& services)
       Layout(Entry, Store, Lists, Language, services.Focus),
       calculated_(Store, Language, services.Dialogs, services.Focus),
       Lines({Entry, Layout, Store, View, Interpreter, calculated_, Language, services, Calls}),
-      feeds_(Entry, Store, Interpreter, services.Focus),
-      Find(Store, services.Focus),
+      feeds_(Entry, Store, Interpreter, Language, services.Focus, Calls),
+      Find(Store, Language, services.Focus, Calls),
       conversions_(frmMain, Store, Machine, Entry),
       Codes({Entry, Layout, Store, Lists, View, Interpreter, services, Calls}),
       keyboard_({Entry, Layout, Codes, calculated_, Lines, Store, View, Language, services, Calls}),
@@ -69,7 +69,11 @@ Workbench::Workbench(Services& services)
       settings_({Main, Store, Machine, View, paper_, Port, feeds_, Reader, Interpreter, Display, Language,
                  data_, lastFile_, services, Calls}),
       drawSettings_(Draw, beside_, data_, services),
-      recovery_(frmMain, {Store, File, Reader, Writer, Language, data_, services}) {
+      recovery_(frmMain, {Store, File, Reader, Writer, Language, data_, services, Calls}),
+      recent_({Main, Store, Language, services, Calls}),
+      samples_({Main, Reader, Language, services, Calls}),
+      findings_({Store, Language, services.Focus, Calls}),
+      greys_({Main, Store, Machine, Entry, Transfer, Port, Language, Calls}) {
     frmMain.SmallestWidth = SmallestWidth;
     frmMain.SmallestHeight = SmallestHeight;
     frmMain.Width = UsualWidth;
@@ -82,6 +86,7 @@ Workbench::Workbench(Services& services)
     BindPrinter(settings_.Keys, paper_);
     BindWindow(settings_.Keys, frmMain, beside_, services.Screen);
     drawSettings_.BindShown(settings_.Keys);
+    recent_.BindKeys(settings_.Keys);
     FillCalls();
     WireWindow();
     WireMenus();
@@ -91,6 +96,7 @@ Workbench::Workbench(Services& services)
     WireKeys();
     WireDrawing();
     WireTransfer();
+    WireNotices();
     Display.RefreshMachine();
     View.MakeMachineTimeColumn();
     Display.ShowCodeLists();
@@ -106,6 +112,12 @@ void Workbench::FillCalls() {
     Calls.ControlsEnable = [this](ControlsMode mode) { Modes.ControlsEnable(mode); };
     Calls.LoadClipboardModule = [this] { Received.LoadClipboardModule(); };
     Calls.LoadLanguageModule = [this](const std::string& file) { Modules.LoadLanguageModule(file); };
+    Calls.Tell = [this](std::string_view what) {
+        Main.lblNotice.Caption = what;
+        // The line may be too short for it.
+        Main.lblNotice.ToolTip = what;
+    };
+    Calls.FileUsed = [this](const std::string& path) { recent_.Use(path); };
     Calls.HideSettings = [this] { Main.tabSettings.Visible = false; };
     Calls.FirstFieldFocus = [this](std::string_view initial) { Layout.FirstFieldFocus(initial); };
     Machine.OnUnits = [this] { feeds_.SetFeedLimits(); };

@@ -17,6 +17,8 @@
 #include "shell/beside.h"
 #include "shell/draw_settings.h"
 #include "shell/error_log.h"
+#include "shell/finding_guide.h"
+#include "shell/grey_reasons.h"
 #include "shell/help_documents.h"
 #include "shell/info_page.h"
 #include "shell/language.h"
@@ -27,7 +29,9 @@
 #include "shell/overlays.h"
 #include "shell/printer_page.h"
 #include "shell/program_clearing.h"
+#include "shell/recent_files.h"
 #include "shell/recovery.h"
+#include "shell/sample_menu.h"
 #include "shell/settings.h"
 #include "shell/settings_keys.h"
 #include "shell/user_data.h"
@@ -131,6 +135,10 @@ private:
     EditorSettings settings_;
     DrawSettings drawSettings_;
     Recovery recovery_;
+    RecentFiles recent_;
+    SampleMenu samples_;
+    FindingGuide findings_;
+    GreyReasons greys_;
 
 public:
     // All windows, the main one first.
@@ -154,6 +162,7 @@ private:
     void WireKeys();
     void WireDrawing();
     void WireTransfer();
+    void WireNotices();
     // Has a handler of a hand on the program do nothing while the program is held.
     template <class... Arguments>
     void UnlessHeld(std::function<void(Arguments...)>& handler);

@@ -35,6 +35,7 @@ void Workbench::Form_Load(std::string_view commandLine) {
     lastFile_.CommandLine = commandLine;
     settings_.LoadSettings();
     if (ended_) return;
+    samples_.Fill(Help.StartFolder);
     positions_.ControlsPositioning();
     size_.FitSmallScreen();
     Form_Activate();

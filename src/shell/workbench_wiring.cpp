@@ -51,7 +51,9 @@ void Workbench::WireMenus() {
     Main.mnuLoadClipboard.OnClick = [this] { Run(Calls.LoadClipboardModule); };
     Main.mnuFind.OnClick = [this] { Find.mnuFind_Click(); };
     Main.mnuDraw.OnClick = [this] { mnuDraw_Click(); };
+    Main.mnuGoToError.OnClick = [this] { findings_.GoToError(); };
     Main.mnuPrint.OnClick = [this] { PrintAfterWalk(false); };
+    Main.mnuPrintPreview.OnClick = [this] { Draw.AfterWalk([this] { print_.mnuPrintPreview_Click(); }); };
     Main.mnuExit.OnClick = [this] { mnuExit_Click(); };
     Main.mnuGeneral.OnClick = [this] { overlays_.ShowSettings(settings_page::General); };
     Main.mnuInfo.OnClick = [this] { overlays_.ShowSettings(settings_page::Info); };
@@ -170,6 +172,17 @@ void Workbench::WireTransfer() {
     UnlessHeld(list.OnRightClick);
     UnlessHeld(list.OnKeyDown);
     UnlessHeld(frmMain.OnDropFile);
+}
+
+void Workbench::WireNotices() {
+    Draw.Tell = [this](std::string_view what) { Run(Calls.Tell, what); };
+    recent_.Open = [this](const std::string& path) { OpenFile(path); };
+    // It may be grey only because the last check was less than a second ago; it tells where there is none.
+    Main.mnuGoToError.OnRefused = [this] {
+        if (Modes.ControlsOn()) return findings_.GoToError();
+        Run(Calls.Tell, greys_.Why(Main.mnuGoToError));
+    };
+    greys_.Wire();
 }
 
 // The program stays as it is while it is being sent, to the last character of one that is stopped, and while the

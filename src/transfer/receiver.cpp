@@ -145,6 +145,10 @@ void Receiver::cmdReceiveImport_Click() {
     } else {
         ShowView(true);
     }
+    if (taken && result == LoadResult::Loaded) {
+        const std::string lines = PlainNumber(parts_.Store.LineCount());
+        Run(parts_.Calls.Tell, Filled(parts_.Language.NoticeTexts(text::Received), {lines}));
+    }
 }
 
 // Brings a trimmed text into the editor as a changed program without a file.
@@ -201,7 +205,8 @@ void Receiver::cmdReceiveSave_Click() {
     }
     // Deleting the old file and writing the new one are one step of the platform.
     const bool written = Attempt(saveName, [&] { platform.Files.WriteWhole(name, WithBeginning(text)); });
-    if (!written) TellUnwritten(name);
+    if (!written) return TellUnwritten(name);
+    TellSaved(parts_.Calls, parts_.Language, name);
 }
 
 void Receiver::cmdReceiveNew_Click() {

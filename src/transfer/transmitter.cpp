@@ -53,6 +53,7 @@ void Transmitter::mnuTX_Click() {
     parts_.Port.HasVanished = false;
     WasCut = false;
     lastLine_.clear();
+    allLines_ = 0;
     selectedBefore_ = store.lvCncProgram.SelectedRow();
     // What is sent is a whole program: the end code that it lacks is added, and stays.
     parts_.Writer.AddEndCode();
@@ -77,6 +78,7 @@ void Transmitter::Finish() {
     Unfreeze();
     TellVanished();
     parts_.Port.TellPending();
+    TellSent();
     parts_.Port.IsSending = false;
     sending_ = false;
 }
@@ -233,6 +235,16 @@ void Transmitter::ShowProgress() {
     const std::string time = MinutesText(static_cast<double>(left_.Characters) * each / 1000);
     controls.lblTransmitLeft.Caption =
         Filled(texts.ErrorTexts(text::TimeLeft), {time, parts_.Port.TX().Baud});
+}
+
+// What went wrong has been told in a box.
+void Transmitter::TellSent() {
+    if (parts_.Port.HasVanished || allLines_ == 0) return;
+    const Texts& texts = parts_.Language;
+    const std::string lines = PlainNumber(allLines_);
+    const std::string sent = PlainNumber(allLines_ - left_.Lines);
+    Run(parts_.Calls.Tell, WasCut ? Filled(texts.NoticeTexts(text::SendingStopped), {sent, lines})
+                                  : Filled(texts.NoticeTexts(text::LinesSent), {lines}));
 }
 
 void Transmitter::TellVanished() {

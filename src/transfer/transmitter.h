@@ -67,6 +67,7 @@ private:
     void ShowRow(std::string_view line);
     void ShowProgress();
     void TellVanished();
+    void TellSent();
 
     Parts parts_;
     std::string scratch_;

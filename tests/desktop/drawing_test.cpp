@@ -237,8 +237,10 @@ TEST_F(DesktopDrawing, ItLeavesAsPictureAndOnPaper) {
     const QRect seen = Field()->visibleRegion().boundingRect();
     EXPECT_EQ(picture.pixelColor(400, 300), Field()->grab(seen).toImage().pixelColor(QPoint(400, 300)));
 
-    dynamic_cast<DesktopPrinter&>(platform.Services.Printer).PrintToFile(folder + "pawn.pdf");
+    // Each has a name of its own, the one that the dialog proposes.
     Controls().mnuPrint.Click();
+    EXPECT_TRUE(files.ReadWhole(FromQt(folder + "pawn drawing.pdf")).starts_with("%PDF"));
+    workbench.Main.Button(TopButton::Print).Click();
     EXPECT_TRUE(files.ReadWhole(FromQt(folder + "pawn.pdf")).starts_with("%PDF"));
     EXPECT_TRUE(workbench.Log.Records().empty());
 }

@@ -1,4 +1,5 @@
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include "test_window.h"
@@ -20,7 +21,7 @@ TEST_F(WindowTest, PrintedTextBecomesAPdfWhosePagesBreak) {
         printer.FontSize = size;
         const QString file = folder.filePath(u"page.pdf"_s);
         printer.PrintToFile(file);
-        for (int i = 0; i < lines / 2; ++i) printer.Print("one\r\ntwo");
+        for (int i = 0; i < lines / 2; ++i) printer.Print("one\r\ntwo", PrintedLine::Text);
         printer.EndDocument();
         QFile pdf(file);
         ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
@@ -29,6 +30,40 @@ TEST_F(WindowTest, PrintedTextBecomesAPdfWhosePagesBreak) {
         const auto pages = content.count("/Type /Page\n");
         EXPECT_GE(pages, least);
         EXPECT_LE(pages, most);
+    }
+}
+
+// Whether the sheet of a PDF of one page lies across.
+bool LiesAcross(const QString& file) {
+    QFile pdf(file);
+    if (!pdf.open(QIODevice::ReadOnly)) return false;
+    const QRegularExpression box(u"/MediaBox \\[0 0 ([0-9.]+) ([0-9.]+)\\]"_s);
+    const auto match = box.match(QString::fromLatin1(pdf.readAll()));
+    return match.captured(1).toDouble() > match.captured(2).toDouble();
+}
+
+TEST_F(WindowTest, TheSheetIsTurnedToWhatIsPrinted) {
+    const QTemporaryDir folder;
+    DesktopPrinter printer(platform.Desktop);
+    const QString file = folder.filePath(u"page.pdf"_s);
+    for (const int width : {130, 60, 130}) {
+        printer.BeginJob({});
+        printer.PrintToFile(file);
+        printer.Print(std::string(static_cast<std::size_t>(width), 'x'), PrintedLine::Table);
+        printer.EndDocument();
+        EXPECT_EQ(LiesAcross(file), width == 130);
+    }
+    PictureBox field(form, "pbxField");
+    field.Width = 20'000;
+    field.Height = 20'000;
+    field.Line(0, 0, 9'000, 4'000);
+    for (const bool across : {true, false}) {
+        printer.BeginJob({});
+        printer.PrintToFile(file);
+        const FieldArea area = across ? FieldArea{0, 0, 9'000, 4'000} : FieldArea{0, 0, 3'000, 9'000};
+        printer.PrintDrawing({field, area, "lid.cnc", "Grid 10"});
+        printer.EndDocument();
+        EXPECT_EQ(LiesAcross(file), across);
     }
 }
 
