@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "basic/number.h"
 #include "program/workbench_calls.h"
@@ -67,9 +66,8 @@ void Navigation::pbxDrawField_MouseDown(int button, int shift, float x, float y)
 void Navigation::pbxDrawField_DblClick(int button, float x, float y) {
     if (pressTaken_ || state_.Walking()) return pbxDrawField_MouseDown(button, 0, x, y);
     if (state_.MeasureClicks != 0) measure_.End();
-    state_.AutoFitPending = true;
-    state_.WaitsToLeaveOut = std::numeric_limits<int>::max();
-    view_.Autofit();
+    view_.Fit();
+    view_.DrawAgain();
 }
 
 void Navigation::pbxDrawField_MouseWheel(const WheelTurn& turn) {
@@ -93,7 +91,7 @@ void Navigation::ZoomAt(double x, double y, int steps) {
     view_.SetScaleIndex(index);
     const double growth = state_.DrawScale / scaleBefore;
     PutZero(field.Left + x + (state_.ZeroX - x) * growth, field.Top + y + (state_.ZeroY - y) * growth);
-    DrawAnew();
+    view_.DrawAgain();
     measure_.PutBack(marks);
 }
 
@@ -111,7 +109,7 @@ void Navigation::Pan(double right, double down) {
     PutZero(field.Left + zeroX - right, field.Top + zeroY - down);
     dragX_ += ToSingle(state_.ZeroX - zeroX);
     dragY_ += ToSingle(state_.ZeroY - zeroY);
-    DrawAnew();
+    view_.DrawAgain();
     measure_.PutBack(marks);
 }
 
@@ -125,17 +123,6 @@ void Navigation::PutZero(double left, double top) {
     state_.MarkerX = ToSingle(state_.ZeroX);
     state_.MarkerY = ToSingle(state_.ZeroY);
     state_.ZeroMoved = true;
-}
-
-// A finished drawing stays finished, and a walk that waits comes back to where it is.
-void Navigation::DrawAnew() {
-    const bool waits = state_.InTimedWait || state_.Wait != UserWait::None;
-    const bool walks = state_.Walking();
-    state_.WaitsToLeaveOut = !walks  ? std::numeric_limits<int>::max()
-                             : waits ? state_.Waits - 1
-                                     : state_.Waits;
-    parts_.Redraw();
-    if (walks) state_.Leave();
 }
 
 }  // namespace kvt

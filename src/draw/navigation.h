@@ -23,7 +23,6 @@ private:
     void ZoomAt(double x, double y, int steps);
     void Pan(double right, double down);
     void PutZero(double left, double top);
-    void DrawAnew();
 
     DrawParts& parts_;
     DrawControls& controls_;

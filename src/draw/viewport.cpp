@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "basic/number.h"
 #include "draw/in_sight.h"
@@ -77,7 +78,18 @@ int Viewport::CheckedScaleIndex() const {
 void Viewport::Autofit() {
     if (!state_.AutoFitPending) return;
     Fit();
+    // A walk under way would go on in the new scale from where the old one has led it.
+    state_.Walking() && state_.MayWait() ? DrawAgain() : parts_.Redraw();
+}
+
+void Viewport::DrawAgain() {
+    const bool waits = state_.InTimedWait || state_.Wait != UserWait::None;
+    const bool walks = state_.Walking();
+    state_.WaitsToLeaveOut = !walks  ? std::numeric_limits<int>::max()
+                             : waits ? state_.Waits - 1
+                                     : state_.Waits;
     parts_.Redraw();
+    if (walks) state_.Leave();
 }
 
 bool Viewport::Fit() {

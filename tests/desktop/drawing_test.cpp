@@ -194,48 +194,48 @@ TEST_F(DesktopDrawing, TheSelectedLineIsLitOnTheScreenAlone) {
     EXPECT_EQ(platform.Services.Focus.Focused(), &workbench.Entry.txtGMcode);
 }
 
-// Whatever the wheel and the buttons do, the place that the pointer is at shows the same coordinates.
+// Whatever the wheel and the middle button do, the place that the pointer holds keeps its coordinates.
 TEST_F(DesktopDrawing, WheelMiddleButtonAndDoubleClickMoveTheView) {
     Open("mk4_pawn.cnc");
     QWidget* const view = View::Of(Controls().pbxViewWindow)->Widget();
     const QPoint pointer(view->width() / 3, view->height() / 3);
-    const auto inField = [&](QPoint place) { return Field()->mapFrom(view, place); };
-    const auto coordinates = [&](QPoint place) {
-        QTest::mouseMove(Field(), inField(place) + QPoint(1, 0));
-        QTest::mouseMove(Field(), inField(place));
+    const auto send = [&](QEvent::Type what, QPoint at, Qt::MouseButton button, Qt::MouseButtons held) {
+        const QPointF place = Field()->mapFrom(view, at);
+        QMouseEvent event(what, place, Field()->mapToGlobal(place), button, held, {});
+        QApplication::sendEvent(Field(), &event);
+    };
+    const auto coordinates = [&](QPoint at) {
+        send(QEvent::MouseMove, at, Qt::NoButton, {});
         return std::pair(Val(Controls().txtX1.Text), Val(Controls().txtZ1.Text));
     };
     const auto turn = [&](int angle) {
-        QWheelEvent wheel(inField(pointer), view->mapToGlobal(pointer), {}, {0, angle}, Qt::NoButton,
-                          Qt::ShiftModifier, Qt::NoScrollPhase, false);
+        QWheelEvent wheel(Field()->mapFrom(view, pointer), view->mapToGlobal(pointer), {}, {0, angle},
+                          Qt::NoButton, Qt::ShiftModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(Field(), &wheel);
     };
     const auto before = coordinates(pointer);
     const float fitted = workbench.Draw.State.DrawScale;
-    // A fine wheel gives parts of a notch.
+    // A fine wheel sends parts of a notch.
     for (int i = 0; i < 8; ++i) turn(60);
     EXPECT_EQ(workbench.Draw.State.DrawScale, fitted * 16);
     EXPECT_NEAR(coordinates(pointer).first, before.first, 0.1);
     EXPECT_NEAR(coordinates(pointer).second, before.second, 0.1);
 
-    // Further than the field goes at once.
+    // Also beyond the ends of the field.
     for (const QPoint way : {QPoint(50, 30), QPoint(-900, 0), QPoint(-900, 0)}) {
         const auto held = coordinates(pointer);
-        QTest::mousePress(Field(), Qt::MiddleButton, Qt::NoModifier, inField(pointer));
-        const QPointF place = inField(pointer + way);
-        QMouseEvent move(QEvent::MouseMove, place, Field()->mapToGlobal(place), Qt::NoButton,
-                         Qt::MiddleButton, {});
-        QApplication::sendEvent(Field(), &move);
-        QTest::mouseRelease(Field(), Qt::MiddleButton, Qt::NoModifier, inField(pointer + way));
+        send(QEvent::MouseButtonPress, pointer, Qt::MiddleButton, Qt::MiddleButton);
+        send(QEvent::MouseMove, pointer + way, Qt::NoButton, Qt::MiddleButton);
         EXPECT_NEAR(coordinates(pointer + way).second, held.second, 0.1);
     }
 
-    QTest::mouseClick(Field(), Qt::LeftButton, Qt::NoModifier, inField(pointer));
-    QTest::mouseDClick(Field(), Qt::LeftButton, Qt::NoModifier, inField(pointer));
-    EXPECT_EQ(workbench.Draw.State.DrawScale, fitted * 16) << "the clicks of a measurement";
-    QTest::keyClick(&Window(), Qt::Key_Escape);
-    QTest::mouseDClick(Field(), Qt::LeftButton, Qt::NoModifier, inField(pointer));
-    EXPECT_EQ(workbench.Draw.State.DrawScale, fitted);
+    for (const bool measuring : {true, false}) {
+        if (measuring) send(QEvent::MouseButtonPress, pointer, Qt::LeftButton, Qt::LeftButton);
+        send(QEvent::MouseButtonPress, pointer, Qt::LeftButton, Qt::LeftButton);
+        send(QEvent::MouseButtonDblClick, pointer, Qt::LeftButton, Qt::LeftButton);
+        EXPECT_EQ(workbench.Draw.State.DrawScale, measuring ? fitted * 16 : fitted);
+        QTest::keyClick(&Window(), Qt::Key_Escape);
+    }
     EXPECT_EQ(coordinates(pointer), before);
     EXPECT_TRUE(Controls().mnuView.Enabled);
 }
