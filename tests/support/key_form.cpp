@@ -19,6 +19,15 @@ void Put(Control& control, int field, int tabIndex) {
     control.TabIndex = tabIndex;
 }
 
+// A line of what lies within another control.
+void PutInside(Control& control, Control& container, int line) {
+    control.Container = &container;
+    control.Left = 150;
+    control.Top = 150 + line * 330;
+    control.Width = 1500;
+    control.Height = 300;
+}
+
 }  // namespace
 
 KeyForm::KeyForm(Services& platform) : Platform(platform) {
@@ -36,12 +45,13 @@ void KeyForm::Place() {
         if (control->Kind() != ControlKind::Menu) Put(*control, place, place);
         if (control->Kind() != ControlKind::Menu) ++place;
     }
+    int line = 0;
     for (Control* option : std::initializer_list<Control*>{&optOne, &optTwo, &optOff, &optThree})
-        option->Container = &frOptions;
+        PutInside(*option, frOptions, line++);
     tabPages.Captions = {"One", "Two"};
     txtFirst.Page = 0;
     txtSecond.Page = 1;
-    for (TextBox* box : {&txtFirst, &txtSecond}) box->Container = &tabPages;
+    for (TextBox* box : {&txtFirst, &txtSecond}) PutInside(*box, tabPages, 2);
     lblText.TabIndex = -1;
     cmdHide.Picture = "M 4 4 L 20 20";
     lstPick.EnterChooses = true;
