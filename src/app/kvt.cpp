@@ -146,7 +146,8 @@ int RunProgram(int argc, char** argv) {
     QApplication::setApplicationName(QString::fromLatin1(programName));
     // By this name the desktops that know no icons of windows find the installed one.
     QGuiApplication::setDesktopFileName(QStringLiteral("kvt"));
-    QApplication::setWindowIcon(kvt::ProgramIcon());
+    // While the window is on its way to the screen.
+    QTimer::singleShot(0, &application, [] { QApplication::setWindowIcon(kvt::ProgramIcon()); });
     Options options;
     QString problem;
     if (!Read(QApplication::arguments(), options, problem)) {

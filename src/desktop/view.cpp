@@ -44,8 +44,9 @@ View* View::OfWidget(const QWidget& widget) {
 
 void View::PropertyChanged(Control&, PropertyId id) {
     Follow(id);
-    if (id == PropertyId::Caption || id == PropertyId::ToolTip || id == PropertyId::AccessibleName)
-        NameWidget();
+    // A new view hears of the name last of these three, and is named once; what has been named is not null.
+    const bool tells = id == PropertyId::Caption || id == PropertyId::ToolTip;
+    if (id == PropertyId::AccessibleName || (tells && !widget_->accessibleName().isNull())) NameWidget();
 }
 
 void View::NameWidget() {
@@ -55,7 +56,8 @@ void View::NameWidget() {
     if (tip.startsWith(name)) tip = tip.mid(name.size()).trimmed();
     if (name.contains(tip)) tip.clear();
     const auto call = [&](QWidget& widget) {
-        if (widget.accessibleName() != name) widget.setAccessibleName(name);
+        if (widget.accessibleName().isNull() || widget.accessibleName() != name)
+            widget.setAccessibleName(name.isEmpty() ? QStringLiteral("") : name);
         if (widget.accessibleDescription() != tip) widget.setAccessibleDescription(tip);
     };
     call(*widget_);
@@ -65,7 +67,8 @@ void View::NameWidget() {
         call(*area->horizontalScrollBar());
     }
     const Control* const field = NamedBy(control_);
-    if (View* const other = field ? Of(*field) : nullptr) other->NameWidget();
+    View* const other = field ? Of(*field) : nullptr;
+    if (other && !other->widget_->accessibleName().isNull()) other->NameWidget();
 }
 
 void View::Follow(PropertyId id) {

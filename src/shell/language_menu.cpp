@@ -18,7 +18,9 @@ constexpr std::string_view moduleEnding = "*.txt";
 std::string NameIn(const std::string& file, FileService& files) {
     std::string text;
     if (!Attempt(menuName, [&] { text = files.ReadWhole(file); })) return {};
-    if (Find(text, cnc::MarkLanguage, Compare::IgnoreCase) == 0) return {};
+    const bool marked = text.find(cnc::MarkLanguage) != std::string::npos ||
+                        Find(text, cnc::MarkLanguage, Compare::IgnoreCase) != 0;
+    if (!marked) return {};
     const std::string name = LanguageNameOf(ReadLanguageModule(std::move(text)));
     return name.empty() ? std::string(ExtractFileName(file)) : name;
 }
