@@ -142,8 +142,8 @@ void CncWriter::AppendUnits(std::string& text) const {
 void CncWriter::AddEndCode() {
     ProgramStore& store = parts_.Store;
     EntryRow& entry = parts_.Entry;
-    if (store.EndCodePresent) return;
     const EditStep step(parts_.Calls, {StepKind::LineAdded, store.LineCount()});
+    if (store.EndCodePresent) return;
     const bool mk2 = store.IsMK2();
     entry.Opened.Close();
     entry.lblGMcode.Caption = mk2 ? "G" : "M";

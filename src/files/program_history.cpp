@@ -76,13 +76,17 @@ void ProgramHistory::End() {
     if (!none) Add(std::move(step));
 }
 
+bool ProgramHistory::NotesWereEdited() const {
+    const TextEdits& edits = file_.txtFileNotes.Edits;
+    return depth_ == 0 && NotesWereTyped() && !(edits.Done.empty() && edits.Undone.empty());
+}
+
 void ProgramHistory::TakeNotes() {
     if (!NotesWereTyped()) {
         // They are again what they were: keys alone have changed nothing.
         if (started_ && !stands_.Changed) store_.ProgramChanged = false;
         return;
     }
-    store_.ProgramChanged = true;
     Step step;
     step.Name = notesStep;
     step.Text = std::make_unique<Notes>(Notes{notes_, file_.txtFileNotes.Text.Get()});

@@ -33,7 +33,8 @@ public:
     void Saved();
     // Notes that were typed become a step of their own, which is left by the next other one.
     void TakeNotes();
-    bool NotesWereTyped() const { return started_ && !(file_.txtFileNotes.Text == notes_); }
+    // Whether hands have edited the notes since, by typing or by taking that back.
+    bool NotesWereEdited() const;
 
     // What would be taken back and done again; null where there is nothing.
     const StepName* ToUndo() const;
@@ -106,6 +107,7 @@ private:
     Kind KindNow() const { return {store_.Machine, store_.Metric, store_.Horizontal}; }
     Names NamesNow() const;
     void SetNames(const Names& names);
+    bool NotesWereTyped() const { return started_ && !(file_.txtFileNotes.Text == notes_); }
     // All is behind the last step what it is now.
     void Sync();
 

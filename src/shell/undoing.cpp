@@ -60,8 +60,8 @@ void Undoing::ShowEntry(Menu& entry, StepText word, const StepName* step) {
 }
 
 void Undoing::Refresh() {
-    // Also by what the field has taken back.
-    if (!parts_.History.IsOpen() && parts_.History.NotesWereTyped()) parts_.Store.ProgramChanged = true;
+    // Also by what their field has taken back.
+    if (parts_.History.NotesWereEdited()) parts_.Store.ProgramChanged = true;
     ShowEntry(parts_.Main.mnuUndo, StepText::Undo, parts_.History.ToUndo());
     ShowEntry(parts_.Main.mnuRedo, StepText::Redo, parts_.History.ToRedo());
 }

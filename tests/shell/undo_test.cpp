@@ -113,7 +113,8 @@ protected:
             Platform.Dialogs.FileAnswers = {{false, Path("saved.cnc")}};
         Click("mnuSave");
         for (std::size_t i = before_.size(); i-- > 0 && !replaced_[i];) before_[i].File = Called();
-        for (State& state : before_) state.Changed = state.Changed || state.File == Called();
+        const std::string path = Workbench->File.lblPath.Caption.Get() + " ";
+        for (State& state : before_) state.Changed = state.Changed || state.File.starts_with(path);
     }
 
     void Act(int what) {
@@ -145,6 +146,7 @@ protected:
         ListView& list = Workbench->Store.lvCncProgram;
         list.Select(Random(2) == 0 ? list.Count() : Random(list.Count() - 1) + 1);
         list.EnsureVisible(list.SelectedRow());
+        const int selected = list.SelectedRow(), top = list.TopRow();
         const int steps = Workbench->History.Steps();
         before_.push_back(Now());
         Platform.Dialogs.Answers = {Answer::Yes};
@@ -156,7 +158,11 @@ protected:
         const int more = Workbench->History.Steps() - steps;
         ASSERT_TRUE(more == 0 || more == 1) << what;
         replaced_.back() = more > 0 && ReplacesProgram(Workbench->History.ToUndo()->Kind);
-        if (more == 0) Forget(1);
+        if (more > 0) return;
+        Forget(1);
+        // Where nothing was done nothing was left.
+        list.Select(std::min(selected, list.Count()));
+        list.ScrollTo(std::min(top, list.Count()));
     }
 
     void Forget(int steps) {
