@@ -47,6 +47,9 @@ TEST_F(ScriptTest, AFailureIsCountedAndTheScriptGoesOn) {
     EXPECT_EQ(Out, "state.machine = MK4\n");
     EXPECT_EQ(RunText("start\nexpect state.machine MK4\n# expect nothing\n   # foo\n"), 2);
     EXPECT_EQ(RunText("\xEF\xBB\xBFstart\r\nexpect state.machine MK4\r\n"), 0) << Errors;
+    EXPECT_EQ(RunText("start\nexpect all state.metric true | cell 9 1 NN | focus txtGMcode | nolog\n"), 1);
+    EXPECT_EQ(Errors,
+              Script + ":2: expected \"NN\", got no such row\n" + Script + ":2: note: of \"cell 9 1 NN\"\n");
     EXPECT_EQ(RunText(""), 0);
     EXPECT_EQ(Errors, "");
 }

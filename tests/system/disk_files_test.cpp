@@ -18,6 +18,7 @@
 #include "headless/guarded_files.h"
 #include "support/table.h"
 #include "system/fresh_file.h"
+#include "system/temporary_folder.h"
 
 namespace kvt::test {
 
@@ -27,14 +28,6 @@ namespace fs = std::filesystem;
 
 class DiskFilesTest : public ::testing::Test {
 protected:
-    DiskFilesTest() {
-        std::string pattern = (fs::temp_directory_path() / "kvt-disk-XXXXXX").string();
-        Folder = mkdtemp(pattern.data());
-    }
-    ~DiskFilesTest() override {
-        std::error_code ignored;
-        fs::remove_all(Folder, ignored);
-    }
     std::string Path(const std::string& name) const { return Folder + "/" + name; }
     // What the disk itself holds, by the name's plain bytes.
     std::string OnDisk(const std::string& name) const {
@@ -46,7 +39,8 @@ protected:
             std::distance(fs::directory_iterator(Folder), fs::directory_iterator()));
     }
 
-    std::string Folder;
+    const TemporaryFolder temporary;
+    const std::string Folder = temporary.Path();
     DiskFiles Files;
 };
 
@@ -70,10 +64,7 @@ TEST_F(DiskFilesTest, NamesAreOfTheCodePageOrPlainBytes) {
     const struct {
         const char *System, *Held;
     } names[] = {
-        {"Gr\xC3\xB6\xC3\x9F"
-         "e \xE2\x82\xAC.cnc",
-         "Gr\xF6\xDF"
-         "e \x80.cnc"},
+        {"Gr\xC3\xB6\xC3\237e \xE2\x82\xAC.cnc", "Gr\xF6\337e \x80.cnc"},
         {"\xC5\x82.cnc", "\xC5\x82.cnc"},                  // a letter that the code page lacks
         {"a\xCC\x88.cnc", "a\xCC\x88.cnc"},                // a combining mark
         {"lat\xE4.cnc", "lat\xE4.cnc"},                    // no UTF-8
