@@ -17,18 +17,15 @@ TEST(NumberTest, ReadsTheLongestNumericBeginning) {
         "\t\r\n7\n8|78/+4|4/--4|0/+-4|0/-|0/.|0/.5|0.5/ - . 5|-0.5/1.2.3|1.2/1,5|1/1-2|1/12 345.6 "
         "7|12345.67/1\v2|1/12345678901234567890x|12345678901234567890/-0.00000000000000000001|-1e-20/"
         "0000000000000000000012.5|12.5/+ 1 2345678901234567.5.5|12345678901234567.5";
-    for (const std::string_view line : Split(cases, "/")) {
+    for (const std::string_view line : Split(cases, "/"))
         EXPECT_EQ(Val(Fields(line)[0]), std::stod(Fields(line)[1])) << line;
-    }
 }
 
 TEST(NumberTest, NumericIsASignDigitsAndOnePoint) {
-    for (const char* text : {"0", " 12 ", "-5", "+5", "1.", "-.5", "12345678901234567890"}) {
+    for (const char* text : {"0", " 12 ", "-5", "+5", "1.", "-.5", "12345678901234567890"})
         EXPECT_TRUE(IsNumeric(text)) << text;
-    }
-    for (const char* text : {"", "   ", "-", ".", "-.", "- 5", "1 2", "1.2.3", "12x", "1E5", "\t5", "5-"}) {
+    for (const char* text : {"", "   ", "-", ".", "-.", "- 5", "1 2", "1.2.3", "12x", "1E5", "\t5", "5-"})
         EXPECT_FALSE(IsNumeric(text)) << text;
-    }
 }
 
 TEST(NumberTest, WholeNumbersAndDivision) {

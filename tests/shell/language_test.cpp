@@ -154,10 +154,9 @@ TEST_F(LanguageTest, NothingStaysEnglishInGermanNorGermanInEnglish) {
         // The heads of this window are those of the program list, and come from there when it is shown.
         if (control->OwningForm().Name() == "frmProgramWindow") continue;
         const std::array<std::string, 3> german = textsOf(*control);
-        for (std::size_t i = 0; i < texts.size(); ++i) {
+        for (std::size_t i = 0; i < texts.size(); ++i)
             EXPECT_TRUE(IsInternational(texts[i]) || german[i] != texts[i])
                 << control->Name() << ": " << texts[i];
-        }
     }
     Workbench->Modules.UseEnglish();
     EXPECT_EQ(AllTexts(), before);
