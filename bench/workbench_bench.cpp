@@ -37,7 +37,7 @@ private:
 // A workbench with a program in it.
 struct Loaded {
     explicit Loaded(const std::string& text)
-        : File(text), Bench(std::make_unique<Workbench>(Platform.Services)) {
+        : File(text), Workbench(std::make_unique<kvt::Workbench>(Platform.Services)) {
         Load();
     }
     void Load() {
@@ -46,7 +46,7 @@ struct Loaded {
     }
     ProgramFile File;
     MemoryPlatform Platform;
-    std::unique_ptr<Workbench> Bench;
+    std::unique_ptr<kvt::Workbench> Workbench;
 };
 
 void CheckPass210(benchmark::State& state) {

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "basic/code_page.h"
+#include "basic/line_end.h"
 #include "basic/number.h"
 #include "console/script_drawing.h"
 #include "console/script_run.h"
@@ -139,7 +140,7 @@ std::vector<std::string> LoggedProcedures(Script& run) {
     std::vector<std::string> procedures;
     const std::string log = ContentOf(run, run.Session.ErrorLogPath()).value_or("");
     for (std::string_view rest = log; !rest.empty();) {
-        const std::size_t end = std::min(rest.find("\r\n"), rest.size());
+        const std::size_t end = std::min(rest.find(LineEnd), rest.size());
         const std::string_view record = rest.substr(0, end);
         const std::size_t name = record.rfind(",\"");
         if (name != std::string_view::npos && record.back() == '"')

@@ -2,7 +2,9 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QTranslator>
 #include <deque>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -27,6 +29,7 @@ public:
     void PressKey(int key) override;
     void Later(std::function<void()> call) override;
     void Beep() override;
+    void UseLanguage(std::string_view code) override;
     void ShowPopupMenu(Menu& menu) override;
     void EndProgram() override;
 
@@ -74,6 +77,7 @@ private:
 
     DesktopFocus& focus_;
     QObject later_;
+    std::unique_ptr<QTranslator> translator_;
     QElapsedTimer sinceEvents_;
     QElapsedTimer sinceTurn_;
     std::deque<PressedKey> keys_;

@@ -90,7 +90,7 @@ void FeedPresets::SetFeedLimits() {
         Attempt("SetFeedLimits", [&] { feed = Val(preset->Text); });
         feed = std::clamp<double>(feed, range.Low, range.High);
         preset->Text = RightPad(PlainNumber(static_cast<float>(feed)), 5);
-        SetRange(*preset, range);
+        SetRange(*preset, range, texts_);
     }
 }
 

@@ -52,7 +52,15 @@ WindowPlace Form::RestoredPlace() const {
     return State == WindowState::Normal ? WindowPlace{Height, Left, Top, Width} : restored_;
 }
 
+void Form::FillArea(const WindowPlace& area) {
+    State = WindowState::Normal;
+    if (!View) return SetRestoredPlace(area);
+    areaToFill_ = area;
+    Control::Changed(PropertyId::Area);
+}
+
 void Form::SetRestoredPlace(const WindowPlace& place) {
+    areaToFill_.reset();
     if (State != WindowState::Normal) {
         restored_ = place;
         return Control::Changed(PropertyId::RestoredPlace);

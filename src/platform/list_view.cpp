@@ -82,6 +82,11 @@ int ListView::VisibleRows() const {
     return std::max(1, rowsInSight_ > 0 ? rowsInSight_ : (Height - HeaderHeight) / RowHeight);
 }
 
+void ListView::Changed(PropertyId id) {
+    if ((id == PropertyId::SelectedRow || id == PropertyId::Rows) && OnSelection) OnSelection();
+    Control::Changed(id);
+}
+
 void ListView::SetHeaderText(int header, std::string_view text) {
     headers_[CheckedHeader(header)].Text = text;
     Changed(PropertyId::Headers);

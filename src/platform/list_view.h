@@ -90,12 +90,17 @@ public:
     static constexpr int HeaderHeight = 300;
     static constexpr int RowHeight = 255;
 
+    // Another row is selected, by hand or by code, or the rows have changed.
+    std::function<void()> OnSelection;
     // What is to be known about a cell beyond its text, its lines ended by CR LF: a tool tip. Empty for nothing.
     std::function<std::string(int row, int subItem)> CellToolTip;
 
     std::function<void(int header)> OnColumnClick;
     // The right button was pressed; the row under the pointer is selected by then.
     std::function<void()> OnRightClick;
+
+protected:
+    void Changed(PropertyId id) override;
 
 private:
     [[noreturn]] static void NoSuchRow();

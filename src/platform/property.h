@@ -43,6 +43,9 @@ enum class PropertyId : std::uint8_t {
     Section,
     Sought,
     Cross,
+    Lit,
+    AccessibleName,
+    Area,
     Lead,
     MarkedRow,
 };

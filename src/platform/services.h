@@ -99,6 +99,12 @@ public:
     virtual int WorkAreaHeight() = 0;
     // A window's place, moved and made smaller where no screen would show all of it.
     virtual WindowPlace OnScreen(const WindowPlace& place) = 0;
+    // What windows can have of the screen that shows most of a place: all but bars and panels.
+    virtual WindowPlace WorkArea(const WindowPlace& place) = 0;
+    // What a window has room for on it, of a length that it wants. All of it where the rest would lie beyond the edge;
+    // less where the user can scroll to the rest.
+    virtual int WidthFor(int wanted) { return wanted; }
+    virtual int HeightFor(int wanted) { return wanted; }
     // How fine it is: the points of a picture that shows what it shows.
     virtual double PointsPerTwip() = 0;
 };
@@ -128,6 +134,9 @@ public:
     // every handler, until events are served next.
     virtual void Later(std::function<void()> call) = 0;
     virtual void Beep() = 0;
+    // Has boxes, dialogs and menus of the system's own speak a language, "de" or "pt_BR". One that is not known, or
+    // empty, is English.
+    virtual void UseLanguage(std::string_view code) = 0;
     // Shows the entries of a menu at the pointer.
     virtual void ShowPopupMenu(Menu& menu) = 0;
     // Ends the program: no window is left and no wait goes on.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "basic/line_end.h"
 #include "basic/run_time_error.h"
 #include "platform/keys.h"
 
@@ -83,9 +84,9 @@ std::optional<TextEdit> ActionOf(const TextBox& box, const KeyPress& press) {
 }
 
 // How many characters at a place go together: a line end is two.
-Place Behind(const std::string& text, Place at) { return text.compare(at, 2, "\r\n") == 0 ? 2 : 1; }
+Place Behind(const std::string& text, Place at) { return text.compare(at, 2, LineEnd) == 0 ? 2 : 1; }
 Place InFront(const std::string& text, Place at) {
-    return at >= 2 && text.compare(at - 2, 2, "\r\n") == 0 ? 2 : 1;
+    return at >= 2 && text.compare(at - 2, 2, LineEnd) == 0 ? 2 : 1;
 }
 
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
@@ -111,7 +112,7 @@ Place LineStart(const std::string& text, Place at) {
     const Place end = at == 0 ? std::string::npos : text.rfind('\n', at - 1);
     return end == std::string::npos ? 0 : end + 1;
 }
-Place LineEnd(const std::string& text, Place at) { return std::min(text.find("\r\n", at), text.size()); }
+Place EndOfLine(const std::string& text, Place at) { return std::min(text.find(LineEnd, at), text.size()); }
 
 // The same column of the line above or below; the place itself where there is none.
 Place Above(const std::string& text, Place at) {
@@ -120,9 +121,9 @@ Place Above(const std::string& text, Place at) {
     return std::min(LineStart(text, start - 2) + (at - start), start - 2);
 }
 Place Below(const std::string& text, Place at) {
-    const Place end = LineEnd(text, at);
+    const Place end = EndOfLine(text, at);
     if (end == text.size()) return at;
-    return std::min(end + 2 + (at - LineStart(text, at)), LineEnd(text, end + 2));
+    return std::min(end + 2 + (at - LineStart(text, at)), EndOfLine(text, end + 2));
 }
 
 // Where a move from a caret leads.
@@ -135,7 +136,7 @@ Place Target(const std::string& text, Place caret, TextAction action) {
         case TextAction::WordRight:
         case TextAction::DeleteWord: return WordRight(text, caret);
         case TextAction::Home: return LineStart(text, caret);
-        case TextAction::End: return LineEnd(text, caret);
+        case TextAction::End: return EndOfLine(text, caret);
         case TextAction::Up: return Above(text, caret);
         case TextAction::Down: return Below(text, caret);
         case TextAction::First: return 0;
@@ -230,7 +231,7 @@ std::string Fitting(const TextBox& box, const std::string& text) {
         const bool lineEnd = text[i] == '\r' || text[i] == '\n';
         if (!lineEnd) fitting += text[i];
         if (!lineEnd || !box.MultiLine) continue;
-        fitting += "\r\n";
+        fitting += LineEnd;
         i += Behind(text, i) - 1;
     }
     return fitting;
@@ -332,7 +333,8 @@ void EditText(TextBox& box, const TextEdit& edit, ClipboardService* clipboard) {
     switch (edit.Action) {
         case TextAction::Insert: {
             const char character = static_cast<char>(edit.Character);
-            return Insert(box, edit.Character == key::Enter ? "\r\n" : std::string_view(&character, 1), true);
+            return Insert(box, edit.Character == key::Enter ? LineEnd : std::string_view(&character, 1),
+                          true);
         }
         case TextAction::DeleteBack:
         case TextAction::DeleteWordBack:

@@ -93,15 +93,40 @@ constexpr TextsOf<MessageText>::Default messageDefaults[] = {
     {text::SwitchedOff, "Communication is switched off in the settings"},
 };
 
+constexpr TextsOf<DialogText>::Default dialogDefaults[] = {
+    {text::NoModule, "None"},
+    {text::TranslatedBy, "Translated by"},
+    {text::NoDocument, "The file of this document was not found:"},
+    {text::ProgramFiles, "cnc files (*.txt or *.cnc or *.c5n)"},
+    {text::AllFiles, "All Files (*.*)"},
+    {text::PreProcessorFiles, "pre-processor files (*.*)"},
+    {text::PreProcessorError, "PreProcessor Error!"},
+    {text::PreProcessorInformation, "PreProcessor Information"},
+    {text::PreProcessorWaits, "PreProcessor"},
+    {text::ValueCheck, "Value Check"},
+    {text::RangeOfField, "%1 = Low, Hi = %2"},
+    {text::TargetLine, "Line"},
+};
+
 constexpr TextsOf<int>::Default drawViewDefaults[] = {
     {1, "View"},       {2, "Radii Arcs"},  {3, "Fill Cycles"}, {4, "Program"},
     {5, "Tool Width"}, {6, "Tool Center"}, {7, "Grid"},        {8, "Background"},
 };
 
 constexpr TextsOf<DrawErrorText>::Default drawErrorDefaults[] = {
-    {text::HasBeenSaved, "has been saved"},      {text::TooManyCalls, "Too many subprog-Calls"},
-    {text::MostCalls, "max 5 subcalls"},         {text::NotRecognised, " (ControlCommand not recognised)"},
+    {text::HasBeenSaved, "has been saved"},
+    {text::TooManyCalls, "Too many subprog-Calls"},
+    {text::MostCalls, "max 5 subcalls"},
+    {text::NotRecognised, " (ControlCommand not recognised)"},
     {text::NotWritten, "could not be written."},
+    {text::StrokeOfLine, "Line %1: %2, ends at %3"},
+    {text::MeasureEnd, "Measuring: click the second point. Esc ends."},
+    {text::MeasureDone, "Measuring: change the fields, or click to end. Esc ends."},
+    {text::MouseDoes, "Click: measure. Double click: fit. Wheel: zoom. Middle button: move."},
+    {text::WaitsForStep, "Step: press Enter or click Step for the next line. Esc ends."},
+    {text::WaitsForClick, "The program waits: click the drawing or press Enter to go on. Esc ends."},
+    {text::DrawsSlowly, "Drawing line by line: Run draws the rest at once. Esc ends."},
+    {text::Draws, "Drawing. Esc ends."},
 };
 
 constexpr TextsOf<StepText>::Default stepDefaults[] = {
@@ -169,6 +194,7 @@ constexpr TextsOf<NoticeText>::Default noticeDefaults[] = {
     {text::PageOf, "Page %1 of %2"},
     {text::DrawingName, "drawing"},
     {text::NoName, "a program without a name"},
+    {text::PrintToPdf, "Print to PDF"},
 };
 
 }  // namespace
@@ -189,11 +215,16 @@ std::string_view TextTable::At(int index) const {
 
 void TextTable::Set(int index, std::string_view text) { entries_[Checked(index)] = text; }
 
+void TextTable::Clear() {
+    for (std::string& entry : entries_) entry.clear();
+}
+
 Texts::Texts()
     : ProgramErrorTexts(22, programErrorDefaults),
       ErrorTexts(30, errorDefaults),
       MessageTexts(31, messageDefaults),
       DrawErrorTexts(20, drawErrorDefaults),
+      DialogTexts(30, dialogDefaults),
       StepTexts(18, stepDefaults),
       EntryTexts(6, entryDefaults),
       FoundTexts(2, foundDefaults),

@@ -36,8 +36,8 @@ struct WorkbenchCalls {
     std::function<void(const std::string& fileName)> LoadLanguageModule;
     std::function<void()> LoadClipboardModule;
     std::function<void()> HideSettings;
-    // Shows in the quiet line of the window what has happened. It stays until the next one, or the next check of the
-    // program, which follows every edit; empty takes it away.
+    // Shows in the quiet line of the window what has happened. It stays until the next one, the next command (which
+    // begins with cmdReturn_Click) or the next check of the program, which follows every edit; empty takes it away.
     std::function<void(std::string_view what)> Tell;
     // The program in the editor is now that of this file, by opening or by saving it.
     std::function<void(const std::string& path)> FileUsed;

@@ -44,6 +44,7 @@ MainControls::MainControls(Form& window) : Window(window) {
         cmdTopButtons[i]->Picture = topButtons[i].Picture;
     }
     lstAbout.InFront = true;
+    lblNotice.Announced = true;
     mnuOpen.Shortcut = "Ctrl+O";
     mnuNew.Shortcut = "Ctrl+N";
     mnuSave.Shortcut = "Ctrl+S";
@@ -56,6 +57,7 @@ MainControls::MainControls(Form& window) : Window(window) {
     mnuPrintPreview.Shortcut = "Ctrl+Shift+P";
     mnuGoToError.Shortcut = "F8";
     lblMachineType.ToolTip = "Machine Type";
+    tabSettings.KeepsTab = true;
     tabSettings.Captions = {"General", "Info", "Machine", "Printer", "COM"};
 }
 

@@ -17,8 +17,8 @@ constexpr const char* setAsideFile = "Recovery.old.txt";
 constexpr std::string_view asideName = "Recovery.kept.";
 constexpr std::string_view extension = ".txt";
 // Behind the units line, in front of the program's name, or of that of the source it was converted from.
-constexpr std::string_view nameMark = "\r\n;Recovered file: ";
-constexpr std::string_view sourceMark = "\r\n;Converted file: ";
+const std::string nameMark = std::string(LineEnd) + ";Recovered file: ";
+const std::string sourceMark = std::string(LineEnd) + ";Converted file: ";
 constexpr int interval = 500;  // milliseconds
 
 struct OldName {
@@ -45,7 +45,7 @@ int LinesIn(std::string_view text) {
     const Recognised found = Recognise(text);
     const std::size_t start =
         found.Position > 1 ? text.rfind('\n', found.Position - 2) : std::string_view::npos;
-    int lines = found.Kind == FileKind::MK2 ? 0 : -1;  // the header is none
+    int lines = found.Machine == MachineModel::MK2 ? 0 : -1;  // the header is none
     for (const std::string_view line : Split(text.substr(start + 1), LineEnd)) {
         const std::size_t size = Trim(line).size();
         if (size > 0 && size <= longestUnits) break;
@@ -137,9 +137,7 @@ void Recovery::Restore() {
     for (const std::string& file : Copies()) {
         std::string text;
         if (!Attempt(recoveryName, [&] { text = files.ReadWhole(file); })) continue;
-        const FileKind kind = Recognise(text).Kind;
-        const bool isProgram = kind != FileKind::Unknown && kind != FileKind::Language;
-        if (isProgram && IsWanted(file, text)) return Load(file, text);
+        if (Recognise(text).Kind == FileKind::Program && IsWanted(file, text)) return Load(file, text);
         SetAside(file, text);
     }
 }

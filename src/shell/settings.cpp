@@ -117,8 +117,10 @@ void EditorSettings::LoadModule() {
     }
     constexpr std::size_t nameLength = 12;
     const bool isDefault = EqualIgnoringCase(Right(languageFile_, nameLength), defaultModule);
-    if (!isDefault && !languageFile_.empty() && files.Exists(languageFile_))
-        Run(parts_.Calls.LoadLanguageModule, languageFile_);
+    if (isDefault || languageFile_.empty()) return;
+    // The program, with the modules that it brings, may have moved.
+    const bool there = files.Exists(languageFile_);
+    Run(parts_.Calls.LoadLanguageModule, there ? languageFile_ : FindModule(ExtractFileName(languageFile_)));
 }
 
 void EditorSettings::LoadLastFile() {

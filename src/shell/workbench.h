@@ -16,6 +16,7 @@
 #include "files/program_print.h"
 #include "interpreter/view_options.h"
 #include "program/machine_controls.h"
+#include "shell/beside.h"
 #include "shell/draw_settings.h"
 #include "shell/error_log.h"
 #include "shell/finding_guide.h"
@@ -23,6 +24,7 @@
 #include "shell/help_documents.h"
 #include "shell/info_page.h"
 #include "shell/language.h"
+#include "shell/language_menu.h"
 #include "shell/layout.h"
 #include "shell/machine_display.h"
 #include "shell/main_controls.h"
@@ -116,6 +118,7 @@ private:
 
 public:
     PreProcessor Import;
+    LanguageMenu Languages;
 
 private:
     ControlTable table_;
@@ -137,6 +140,7 @@ public:
     ModuleLoader Modules;
 
 private:
+    Beside beside_;
     EditorSettings settings_;
     DrawSettings drawSettings_;
     Recovery recovery_;
@@ -193,6 +197,8 @@ private:
     void mnuCalculator_Click();
     void mnuDraw_Click();
     void ShowEditor();
+    // Opens a row of the list from another window, as a click on it does; nothing where that could not be clicked.
+    void OpenRow(int row);
     void FocusCode();
 
     void FindFolders();

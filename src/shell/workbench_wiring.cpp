@@ -1,5 +1,6 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "platform/clicks.h"
 #include "platform/keys.h"
 #include "program/edit_step.h"
 #include "shell/workbench.h"
@@ -34,12 +35,16 @@ void Workbench::WireWindow() {
     // The path and the file's name stand in one place; a click changes between them.
     File.lblPath.OnClick = [this] {
         File.lblFileName.Caption = ExtractFileName(File.lblPath.Caption);
-        File.lblPath.Visible = false;
         File.lblFileName.Visible = true;
+        const bool hadKeys = Platform.Focus.Focused() == &File.lblPath;
+        File.lblPath.Visible = false;
+        if (hadKeys) Platform.Focus.SetFocus(File.lblFileName);
     };
     File.lblFileName.OnClick = [this] {
-        File.lblFileName.Visible = false;
         File.lblPath.Visible = true;
+        const bool hadKeys = Platform.Focus.Focused() == &File.lblFileName;
+        File.lblFileName.Visible = false;
+        if (hadKeys) Platform.Focus.SetFocus(File.lblPath);
     };
 }
 
@@ -92,7 +97,7 @@ void Workbench::WireButtons() {
         Lines.LineDelete();
     };
     Entry.cmdReturn.OnClick = [this] {
-        Modes.cmdReturn_Click();
+        Run(Calls.cmdReturn_Click);
         // The button has gone; the next key is a code.
         if (Platform.Focus.Focused() == &Entry.cmdReturn) Platform.Focus.SetFocus(Entry.txtGMcode);
     };
@@ -111,6 +116,12 @@ void Workbench::WireOptions() {
     Main.lblSettingsIncrColor.OnClick = [this] { ChooseColor(Store.IncrColor); };
     Main.lblSettingsAbsColor.OnClick = [this] { ChooseColor(Store.AbsColor); };
     View.chkViewFileNotes.OnClick = [this] { positions_.ControlsPositioning(); };
+    for (CheckBox* box : {&View.chkViewToolPos, &View.chkViewLineProperties, &View.chkViewMachineTime}) {
+        box->OnClick = [this, showColumns = std::move(box->OnClick)] {
+            Run(showColumns);
+            beside_.FollowColumns();
+        };
+    }
     paper_.cmdPrinterDialog.OnClick = [this] { print_.cmdPrinterDialog_Click(); };
 }
 
@@ -128,7 +139,7 @@ void Workbench::WireKeys() {
             return;
         if (Transfer.frRXcode.Visible) Received.cmdReceiveExit_Click();
         Main.tabSettings.Visible = false;
-        if (Entry.cmdReturn.Visible) Modes.cmdReturn_Click();
+        if (Entry.cmdReturn.Visible) Run(Calls.cmdReturn_Click);
         Platform.Focus.SetFocus(Store.lvCncProgram);
     };
 }
@@ -148,6 +159,7 @@ void Workbench::WireDrawing() {
         if (Draw.Controls.frmDraw.Visible) Draw.Form_QueryUnload();
     };
     Draw.ShowEditor = [this] { ShowEditor(); };
+    Draw.Strokes.OpenRow = [this](int row) { OpenRow(row); };
     Draw.RestoreFocus = [this] { FocusCode(); };
 }
 
@@ -202,6 +214,8 @@ void Workbench::Form_Activate() {
     for (RichText* document : Main.Documents()) document->Visible = false;
     Main.lstAbout.Visible = false;
     View.MakeLinePropertiesColumns();
+    // The user may have put a module into its folder meanwhile.
+    Languages.Refresh();
 }
 
 void Workbench::tmr1sec_Timer() {
@@ -315,6 +329,16 @@ void Workbench::ShowEditor() {
     // First, so that the field that had the keys last is not passed through on the way.
     FocusCode();
     frmMain.BringToFront();
+}
+
+void Workbench::OpenRow(int row) {
+    ListView& list = Store.lvCncProgram;
+    if (!Modes.ControlsOn() || IsHeld() || Store.EditorRunMode || !list.EffectivelyVisible()) return;
+    frmMain.BringToFront();
+    if (!FocusByHand(list, Platform.Focus) || row > list.Count()) return;
+    list.Select(row);
+    list.EnsureVisible(row);
+    list.Click();
 }
 
 }  // namespace kvt

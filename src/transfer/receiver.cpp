@@ -20,9 +20,7 @@ constexpr const char* importName = "cmdReceiveImport_Click";
 constexpr const char* saveName = "cmdReceiveSave_Click";
 constexpr const char* clipboardName = "LoadClipboardModule";
 
-bool IsProgram(const Recognised& found) {
-    return found.Kind != FileKind::Unknown && found.Kind != FileKind::Language;
-}
+bool IsProgram(const Recognised& found) { return found.Kind == FileKind::Program; }
 
 // A trimmed text with what makes it a program file: the "%" and the blanks that its first line has lost, three where
 // that is a line of a program, N and a number, four where it is a header, "N`".
