@@ -1,5 +1,6 @@
 #include "desktop/application.h"
 
+#include <QFile>
 #include <exception>
 #include <new>
 
@@ -14,6 +15,7 @@ namespace {
 
 constexpr int outOfMemory = 7;
 constexpr int internalError = 51;
+constexpr int iconSizes[] = {16, 22, 24, 32, 48, 64, 128, 256};
 
 // What a failure of any kind is in the log.
 RunTimeError CaughtNow() {
@@ -38,6 +40,17 @@ void TellFailure(const char* procedure) noexcept {
     } catch (...) {
         // Not even memory for the description: nothing is left to tell.
     }
+}
+
+QIcon ProgramIcon() {
+    QIcon icon;
+    for (const int size : iconSizes) {
+        QFile file(QStringLiteral(":/icons/kvt_%1.png").arg(size));
+        // With the format named, the toolkit loads no library of another format at the start.
+        if (file.open(QIODevice::ReadOnly))
+            icon.addPixmap(QPixmap::fromImage(QImage::fromData(file.readAll(), "PNG")));
+    }
+    return icon;
 }
 
 void UseDesktopPalette() {

@@ -1,11 +1,15 @@
 #pragma once
 
 #include <QApplication>
+#include <QIcon>
 
 namespace kvt {
 
 // Tells the log of the exception that is being handled, whatever it is, under the name of a procedure.
 void TellFailure(const char* procedure) noexcept;
+
+// The icon of all windows, from 16 to 256 pixels.
+QIcon ProgramIcon();
 
 // Takes the desktop's palette, made readable where it is not.
 void UseDesktopPalette();

@@ -6,6 +6,7 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "desktop/accessible.h"
 #include "desktop/application.h"
 
 namespace kvt {
@@ -59,6 +60,12 @@ WindowPlace DesktopScreen::OnScreen(const WindowPlace& place) {
     return {lengths_.Twips(height), lengths_.Twips(left), lengths_.Twips(top), lengths_.Twips(width)};
 }
 
+WindowPlace DesktopScreen::WorkArea(const WindowPlace& place) {
+    const QRect area = ScreenAt(lengths_.Rectangle(place.Left, place.Top, place.Width, place.Height));
+    return {lengths_.Twips(area.height()), lengths_.Twips(area.left()), lengths_.Twips(area.top()),
+            lengths_.Twips(area.width())};
+}
+
 // That of the window in use, which may be on another screen.
 double DesktopScreen::PointsPerTwip() {
     const QWidget* const window = QApplication::activeWindow();
@@ -80,6 +87,7 @@ DesktopPlatform::DesktopPlatform(FileService& files, ProgramService& programs, c
       dialogs_(Desktop),
       screen_(Desktop.Lengths),
       printer_(Desktop) {
+    InstallAccessibles();
     // The program ends when it says so, not with its windows.
     QGuiApplication::setQuitOnLastWindowClosed(false);
     QApplication::setFont(face.Font);

@@ -21,6 +21,7 @@ public:
     int WidthFor(int wanted) override;
     int HeightFor(int wanted) override;
     WindowPlace OnScreen(const WindowPlace& place) override;
+    WindowPlace WorkArea(const WindowPlace& place) override;
     double PointsPerTwip() override;
 
 private:

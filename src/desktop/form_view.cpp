@@ -23,13 +23,16 @@ namespace kvt {
 namespace {
 
 constexpr PropertyId allProperties[] = {
-    PropertyId::Left,         PropertyId::Height,  PropertyId::ToolTip,   PropertyId::Caption,
-    PropertyId::Entries,      PropertyId::Bounds,  PropertyId::Rows,      PropertyId::Headers,
-    PropertyId::Text,         PropertyId::Value,   PropertyId::ListIndex, PropertyId::ForeColor,
-    PropertyId::MousePointer, PropertyId::Enabled, PropertyId::Visible,
+    PropertyId::Left,           PropertyId::Height,       PropertyId::ToolTip,   PropertyId::Caption,
+    PropertyId::Entries,        PropertyId::Bounds,       PropertyId::Rows,      PropertyId::Headers,
+    PropertyId::Text,           PropertyId::Value,        PropertyId::ListIndex, PropertyId::ForeColor,
+    PropertyId::AccessibleName, PropertyId::MousePointer, PropertyId::Enabled,   PropertyId::Visible,
 };
 
 constexpr int lastingTime = 300;  // milliseconds
+// How long what a frame takes is waited for; there are systems without frames.
+constexpr int frameInterval = 40;
+constexpr int mostAsked = 25;
 
 // What lies over what: documents, pictures and lists of codes over the list, frames and tabs over these, the rest on
 // top.
@@ -148,6 +151,10 @@ void FormView::Follow(PropertyId id) {
             ApplyPosition();
             break;
         case PropertyId::WindowState: ApplyState(); break;
+        case PropertyId::Area:
+            askedForFrame_ = 0;
+            FillArea();
+            break;
         case PropertyId::Visible:
             // A window that comes up smaller than it asked for, or comes back as large as it was, hears of no new size:
             // what the form believes may be another.
@@ -183,6 +190,32 @@ QSize FormView::SizeOf(int width, int height) const {
     const int barHeight =
         bar->isHidden() ? 0 : std::max(bar->heightForWidth(size.width()), bar->sizeHint().height());
     return {size.width(), size.height() + barHeight};
+}
+
+// Before it was shown a window's frame is taken for that of the program's other windows.
+QMargins FormView::FrameMargins() const {
+    for (const QWindow* one : QGuiApplication::topLevelWindows()) {
+        const bool framed = one->isVisible() && one->type() == Qt::Window && !one->frameMargins().isNull();
+        if (framed && (one == window_->windowHandle() || !window_->isVisible())) return one->frameMargins();
+    }
+    return {};
+}
+
+// A window manager tells what a frame takes when it has put the first one around a window.
+void FormView::FillArea() {
+    if (!form_.AreaToFill()) return;
+    const QMargins frame = FrameMargins();
+    if (frame.isNull() && ++askedForFrame_ < mostAsked) {
+        QTimer::singleShot(frameInterval, this, [this] { FillArea(); });
+        return;
+    }
+    const WindowPlace area = *form_.AreaToFill();
+    const Scale& lengths = Desktop.Lengths;
+    const QRect wanted = lengths.Rectangle(area.Left, area.Top, area.Width, area.Height);
+    const QSize field = wanted.marginsRemoved(frame).size();
+    const int menus = SizeOf(lengths.Twips(field.width()) + form_.EdgeWidth, form_.EdgeHeight).height();
+    form_.SetRestoredPlace({lengths.Twips(field.height() - menus) + form_.EdgeHeight, area.Left, area.Top,
+                            lengths.Twips(field.width()) + form_.EdgeWidth});
 }
 
 // The window manager holds it to that, except on a screen that is smaller still.

@@ -42,6 +42,8 @@ private:
     void ApplyState();
     QSize FieldSize(int width, int height) const;
     QSize SizeOf(int width, int height) const;
+    QMargins FrameMargins() const;
+    void FillArea();
     void FillSight();
     void BringIntoSight(const QWidget& widget);
     // True where the form has got another size.
@@ -56,6 +58,7 @@ private:
     void FilesDropped(const QDropEvent& event);
 
     Form& form_;
+    int askedForFrame_ = 0;
     std::unique_ptr<QMainWindow> window_;
     // Shows the field, or a part of it where the window is smaller than what the controls are laid out for.
     QScrollArea* sight_ = nullptr;

@@ -116,6 +116,29 @@ int ListArea::RowAt(QPoint point) const {
     return row <= list_.Count() ? row : 0;
 }
 
+QString ListArea::HeaderText(int column) const {
+    const std::vector<Column> columns = Columns();
+    if (column < 0 || column >= static_cast<int>(columns.size())) return {};
+    return ToQt(list_.Header(columns[static_cast<std::size_t>(column)].SubItem + 1).Text);
+}
+
+QString ListArea::CellText(int row, int column) const {
+    const std::vector<Column> columns = Columns();
+    if (column < 0 || column >= static_cast<int>(columns.size()) || row < 1 || row > list_.Count()) return {};
+    return ToQt(list_.Row(row)[columns[static_cast<std::size_t>(column)].SubItem]);
+}
+
+QRect ListArea::HeaderPlace(int column) const {
+    const std::vector<Column> columns = Columns();
+    if (column < 0 || column >= static_cast<int>(columns.size())) return {};
+    return columns[static_cast<std::size_t>(column)].Place;
+}
+
+QRect ListArea::CellPlace(int row, int column) const {
+    const QRect head = HeaderPlace(column);
+    return head.isNull() ? head : QRect(head.left(), RowPlace(row).top(), head.width(), rowHeight_);
+}
+
 int ListArea::HeaderAt(QPoint point) const {
     for (const Column& column : Columns()) {
         if (column.Place.contains(point)) return column.SubItem + 1;
@@ -218,6 +241,17 @@ void ListArea::PaintHeaders(QPainter& painter, const std::vector<Column>& column
     }
 }
 
+// A pointer at the left edge, within the room beside the first column.
+void ListArea::PaintMark(QPainter& painter, const QRect& row) const {
+    const int high = row.height() / 4;
+    const QPoint middle(row.left(), row.center().y());
+    const QPolygon pointer({middle + QPoint(0, -high), middle + QPoint(high, 0), middle + QPoint(0, high)});
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette().color(QPalette::Text));
+    painter.drawPolygon(pointer);
+    painter.setBrush(Qt::NoBrush);
+}
+
 void ListArea::PaintRow(QPainter& painter, int row, const std::vector<Column>& columns) const {
     const QRect place = RowPlace(row);
     const bool selected = row == list_.SelectedRow();
@@ -229,6 +263,7 @@ void ListArea::PaintRow(QPainter& painter, int row, const std::vector<Column>& c
             painter.drawRect(place.adjusted(0, 0, -1, -1));
         }
     }
+    if (row == list_.MarkedRow) PaintMark(painter, place);
     const QFontMetrics metrics(font_);
     const int baseline = place.top() + (rowHeight_ - metrics.height()) / 2 + metrics.ascent();
     for (const Column& column : columns) {

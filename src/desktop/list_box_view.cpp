@@ -19,8 +19,11 @@ public:
     EntriesModel(const ListBox& list, QObject* parent) : QAbstractListModel(parent), list_(list) {}
     int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : list_.Count(); }
     QVariant data(const QModelIndex& index, int role) const override {
-        if (role != Qt::DisplayRole || index.row() >= list_.Count()) return {};
-        return ToQt(list_.Entry(index.row()));
+        if (index.row() >= list_.Count()) return {};
+        const QString entry = ToQt(list_.Entry(index.row()));
+        if (role == Qt::DisplayRole) return entry;
+        // Code and description in one go.
+        return role == Qt::AccessibleTextRole ? entry.simplified() : QVariant();
     }
     void Changed() {
         beginResetModel();

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "basic/stack_guard.h"
+#include "desktop/accessible.h"
 #include "desktop/colors.h"
 #include "desktop/text.h"
 
@@ -53,7 +54,10 @@ protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        const QString caption = ToQt(frame_.Caption);
+        const QString lead = ToQt(frame_.Lead);
+        const QString caption = lead.isEmpty() || frame_.Caption.Empty()
+                                    ? lead + ToQt(frame_.Caption)
+                                    : lead + QStringLiteral(" \u00B7 ") + ToQt(frame_.Caption);
         const int height = fontMetrics().height();
         const int left = height / 2;
         const int top = caption.isEmpty() ? 0 : height / 2;
@@ -86,11 +90,16 @@ LabelView::LabelView(DesktopContext& desktop, Label& control, QWidget* parent)
       label_(control),
       face_(static_cast<QLabel*>(Widget())) {
     face_->setTextFormat(Qt::PlainText);
+    // What lies on the form itself may lie over a frame and what is in it.
+    face_->setAutoFillBackground(!control.Container || control.Container == &control.OwningForm());
 }
 
 void LabelView::Follow(PropertyId id) {
     switch (id) {
-        case PropertyId::Caption: face_->setText(ShownToQt(label_.Caption)); break;
+        case PropertyId::Caption:
+            face_->setText(ShownToQt(label_.Caption));
+            if (label_.Announced && face_->isVisible()) Announce(*face_, face_->text());
+            break;
         case PropertyId::ForeColor: SetTextColor(*face_, label_.ForeColor); break;
         case PropertyId::Height: {
             const bool wraps = label_.Height >= severalLines;
@@ -117,7 +126,7 @@ FrameView::FrameView(DesktopContext& desktop, Frame& control, QWidget* parent)
 }
 
 void FrameView::Follow(PropertyId id) {
-    if (id == PropertyId::Caption) {
+    if (id == PropertyId::Caption || id == PropertyId::Lead) {
         Widget()->update();
     } else {
         View::Follow(id);

@@ -145,6 +145,9 @@ constexpr ControlRow controlRows[] = {
     {"mnuPrintPreview", "mnuFile"},
     {"mnuFileBar3", "mnuFile"},
     {"mnuExit", "mnuFile"},
+    {"mnuEdit", "", {}, frozen},
+    {"mnuUndo", "mnuEdit"},
+    {"mnuRedo", "mnuEdit"},
     {"mnuSettings", "", {}, frozen},
     {"mnuGeneral", "mnuSettings"},
     {"mnuInfo", "mnuSettings"},
@@ -152,6 +155,7 @@ constexpr ControlRow controlRows[] = {
     {"mnuPrinter", "mnuSettings"},
     {"mnuReset", "mnuSettings"},
     {"mnuCOM", "mnuSettings"},
+    {"mnuLanguage", "mnuSettings"},
     {"mnuXfer", "", {}, frozen},
     {"mnuRX", "mnuXfer"},
     {"mnuTX", "mnuXfer"},
@@ -186,6 +190,7 @@ constexpr ControlRow controlRows[] = {
     {"txtH", entryFrame, EntryField(3960), stop, -1, EntryField(2040)},
     {"lblComment", entryFrame, At(90, commentTop + 60, 1020, 240)},
     {"txtComment", entryFrame, At(1120, commentTop, Grown(3680, entryShare), fieldHeight), stop},
+    {"lblBefore", entryFrame, At(90, commentTop + fieldHeight + 60, Grown(4680, entryShare), 285)},
 
     {"lvCncProgram", "", OverList(), stop},
 
@@ -254,7 +259,7 @@ constexpr ControlRow controlRows[] = {
     {"lblPPMachineTime", "frProgramProperties", PropertyValue(4), frozen | atRight},
 
     // Where there is room for it: see PlaceNotice.
-    {"lblNotice", ""},
+    {"lblNotice", "", {}, hidden},
 
     {settings, "", OverList(), stop | hidden},
     {"chkSettingsAutowidth", settings, SettingsLine(0), stop, settings_page::General},

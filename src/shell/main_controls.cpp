@@ -44,10 +44,13 @@ MainControls::MainControls(Form& window) : Window(window) {
         cmdTopButtons[i]->Picture = topButtons[i].Picture;
     }
     lstAbout.InFront = true;
+    lblNotice.Announced = true;
     mnuOpen.Shortcut = "Ctrl+O";
     mnuNew.Shortcut = "Ctrl+N";
     mnuSave.Shortcut = "Ctrl+S";
     mnuSaveAs.Shortcut = "Ctrl+Shift+S";
+    mnuUndo.Shortcut = "Ctrl+Z";
+    mnuRedo.Shortcut = "Ctrl+Shift+Z";
     mnuDraw.Shortcut = "F5";
     mnuFind.Shortcut = "Ctrl+F";
     mnuPrint.Shortcut = "Ctrl+P";

@@ -150,7 +150,7 @@ void KeyForm::Reset() {
     lvRows.Enabled = true;
     for (TextBox* box : {&txtA, &txtB, &txtFirst, &txtSecond}) {
         box->Text = "";
-        box->LastEdit = {};
+        box->Edits = {};
     }
     txtShown.Text = "shown";
     txtNotes.Text = "one\r\ntwo\r\nthree";
@@ -239,7 +239,7 @@ const std::vector<KeyCase>& KeyCases() {
         {"a b Space c Ctrl+Backspace Ctrl+Home Ctrl+Delete", "txtA | "},
         {"a b Ctrl+A Ctrl+X Ctrl+V Shift+Insert", "txtA ABAB| "},
         {"a b Shift+Left Ctrl+Insert End Ctrl+V Shift+Home Shift+Delete", "txtA | "},
-        {"a b Backspace Ctrl+Z Ctrl+Z Ctrl+Z", "txtA AB| "},
+        {"a b Backspace Ctrl+Z Ctrl+Z Ctrl+Z Ctrl+Y", "txtA AB| "},
         {"a b Ctrl+Z", "txtA | "},
         {"a b Ctrl+Y Ctrl+Z Ctrl+Y Ctrl+Y", "txtA AB| "},
         {"a Enter Up PageDown Insert Ctrl+Enter F9", "txtA A| "},
