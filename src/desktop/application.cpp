@@ -5,6 +5,9 @@
 #include <new>
 
 #include "basic/run_time_error.h"
+#include "basic/stack_guard.h"
+#include "desktop/colors.h"
+#include "desktop/edged_style.h"
 
 namespace kvt {
 
@@ -48,6 +51,23 @@ QIcon ProgramIcon() {
             icon.addPixmap(QPixmap::fromImage(QImage::fromData(file.readAll(), "PNG")));
     }
     return icon;
+}
+
+void UseDesktopPalette() {
+    static bool changing = false;
+    const StackGuard guard(changing);
+    if (!guard.Entered()) return;
+    // One without colours of its own is that of the desktop.
+    QApplication::setPalette(QPalette());
+    const QPalette palette = ReadablePalette(QApplication::palette());
+    QApplication::setPalette(palette);
+    if (IsDarkOrStrong(palette) && !dynamic_cast<EdgedStyle*>(QApplication::style()))
+        QApplication::setStyle(new EdgedStyle(QApplication::style()->objectName()));
+}
+
+bool Application::event(QEvent* event) {
+    if (event->type() == QEvent::ApplicationPaletteChange) UseDesktopPalette();
+    return QApplication::event(event);
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {

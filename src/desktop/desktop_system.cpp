@@ -129,6 +129,7 @@ void DesktopSystem::RunDeferred() {
             TellFailure("Later");
         }
         running_.pop_back();
+        TellHandled();
     }
 }
 

@@ -48,6 +48,11 @@ public:
         running_.pop_back();
         if (!keys_.empty()) SendKeysSoon();
         if (!deferred_.empty()) RunDeferredSoon();
+        TellHandled();
+    }
+    // What a handler may have changed is shown.
+    void TellHandled() {
+        if (OnHandled && !ended_) OnHandled();
     }
 
     // The form whose handler is at work, the innermost one; null where none is.

@@ -31,6 +31,7 @@ void ListViewView::Follow(PropertyId id) {
             area_->FollowRows();
             TellRows();
             break;
+        case PropertyId::MarkedRow: area_->viewport()->update(); break;
         case PropertyId::SelectedRow:
             area_->viewport()->update();
             TellRow();

@@ -18,6 +18,8 @@ namespace {
 constexpr int documentMargin = 12;  // pixels
 constexpr int severalLines = 480;   // twips of height from which on a label has them
 
+constexpr int leastEdge = 6;  // pixels of a frame's upper edge behind its caption
+
 // A text shortened in its middle where it is wider than its place.
 QString Fitted(const QString& text, const QFontMetrics& metrics, int width) {
     if (metrics.horizontalAdvance(text) <= width) return text;
@@ -52,15 +54,18 @@ protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        const QString caption = ToQt(frame_.Caption);
+        const QString lead = ToQt(frame_.Lead);
+        const QString caption = lead.isEmpty() || frame_.Caption.Empty()
+                                    ? lead + ToQt(frame_.Caption)
+                                    : lead + QStringLiteral(" \u00B7 ") + ToQt(frame_.Caption);
         const int height = fontMetrics().height();
         const int left = height / 2;
         const int top = caption.isEmpty() ? 0 : height / 2;
         const QRectF edge = QRectF(rect()).adjusted(0.5, top + 0.5, -0.5, -0.5);
-        painter.setPen(palette().color(QPalette::Mid));
+        painter.setPen(EdgeColor(palette()));
         painter.drawRoundedRect(edge, 3, 3);
         if (caption.isEmpty()) return;
-        const QString text = Fitted(caption, fontMetrics(), width() - 2 * left);
+        const QString text = Fitted(caption, fontMetrics(), width() - left - leastEdge);
         const QRect place(left, 0, fontMetrics().horizontalAdvance(text), height);
         painter.fillRect(place.adjusted(-3, 0, 3, 0), palette().color(QPalette::Window));
         style()->drawItemText(&painter, place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, palette(),
@@ -85,6 +90,8 @@ LabelView::LabelView(DesktopContext& desktop, Label& control, QWidget* parent)
       label_(control),
       face_(static_cast<QLabel*>(Widget())) {
     face_->setTextFormat(Qt::PlainText);
+    // What lies on the form itself may lie over a frame and what is in it.
+    face_->setAutoFillBackground(!control.Container || control.Container == &control.OwningForm());
 }
 
 void LabelView::Follow(PropertyId id) {
@@ -119,7 +126,7 @@ FrameView::FrameView(DesktopContext& desktop, Frame& control, QWidget* parent)
 }
 
 void FrameView::Follow(PropertyId id) {
-    if (id == PropertyId::Caption) {
+    if (id == PropertyId::Caption || id == PropertyId::Lead) {
         Widget()->update();
     } else {
         View::Follow(id);

@@ -5,6 +5,7 @@
 #include "platform/services.h"
 #include "program/program_store.h"
 #include "program/texts.h"
+#include "program/workbench_calls.h"
 
 namespace kvt {
 

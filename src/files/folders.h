@@ -8,14 +8,14 @@
 
 namespace kvt {
 
-inline constexpr int VersionMajor = 1, VersionMinor = 0, VersionRevision = 0;
-
 // The folders of a user's data, each with a separator at its end. Every version has its own.
 struct Folders {
     std::string DataFolder;
     std::string SettingsFolder;
     std::string PreProcessorFolder;
     std::string LanguageFolder;  // for modules of the user's own
+    // Names the file of what the installation has put into these folders.
+    std::string SuppliedFile() const { return DataFolder + "Installed.txt"; }
 };
 
 // The folders below the user's local application data folder.

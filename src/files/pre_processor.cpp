@@ -69,6 +69,7 @@ void PreProcessor::mnuPP_Click(int index) {
     if (converted) {
         LoadAs as;
         as.Changed = true;
+        as.Step = StepKind::Imported;
         std::string file = result;
         parts_.Reader.LoadFile(file, as);
         Remove(result);

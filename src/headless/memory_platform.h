@@ -61,6 +61,7 @@ public:
     int Height() override { return HeightTwips; }
     int WorkAreaHeight() override { return WorkAreaTwips; }
     WindowPlace OnScreen(const WindowPlace& place) override;
+    WindowPlace WorkArea(const WindowPlace&) override { return {WorkAreaTwips, 0, 0, WidthTwips}; }
     double PointsPerTwip() override { return 1.0 / TwipsPerPixel; }
 
     int WidthTwips = 28800;

@@ -114,9 +114,54 @@ constexpr TextsOf<int>::Default drawViewDefaults[] = {
 };
 
 constexpr TextsOf<DrawErrorText>::Default drawErrorDefaults[] = {
-    {text::HasBeenSaved, "has been saved"},      {text::TooManyCalls, "Too many subprog-Calls"},
-    {text::MostCalls, "max 5 subcalls"},         {text::NotRecognised, " (ControlCommand not recognised)"},
+    {text::HasBeenSaved, "has been saved"},
+    {text::TooManyCalls, "Too many subprog-Calls"},
+    {text::MostCalls, "max 5 subcalls"},
+    {text::NotRecognised, " (ControlCommand not recognised)"},
     {text::NotWritten, "could not be written."},
+    {text::StrokeOfLine, "Line %1: %2, ends at %3"},
+    {text::MeasureEnd, "Measuring: click the second point. Esc ends."},
+    {text::MeasureDone, "Measuring: change the fields, or click to end. Esc ends."},
+    {text::MouseDoes, "Click: measure. Double click: fit. Wheel: zoom. Middle button: move."},
+    {text::WaitsForStep, "Step: press Enter or click Step for the next line. Esc ends."},
+    {text::WaitsForClick, "The program waits: click the drawing or press Enter to go on. Esc ends."},
+    {text::DrawsSlowly, "Drawing line by line: Run draws the rest at once. Esc ends."},
+    {text::Draws, "Drawing. Esc ends."},
+};
+
+constexpr TextsOf<StepText>::Default stepDefaults[] = {
+    {StepText::Undo, "Undo"},
+    {StepText::Redo, "Redo"},
+    {StepText::LineChanged, "line %1 changed"},
+    {StepText::LineAdded, "line %1 added"},
+    {StepText::LineInserted, "line %1 inserted"},
+    {StepText::LineDeleted, "line %1 deleted"},
+    {StepText::Notes, "file notes"},
+    {StepText::Units, "other units"},
+    {StepText::Conversion, "conversion of the units"},
+    {StepText::Feeds, "feeds replaced"},
+    {StepText::CommentsDeleted, "comments deleted"},
+    {StepText::CodeComments, "comments of the codes"},
+    {StepText::NewProgram, "new program"},
+    {StepText::Machine, "other machine"},
+    {StepText::Opened, "file opened"},
+    {StepText::Imported, "file imported"},
+    {StepText::Received, "program received"},
+    {StepText::Clipboard, "program from the clipboard"},
+};
+
+constexpr TextsOf<EntryText>::Default entryDefaults[] = {
+    {EntryText::Line, "Line %1"},
+    {EntryText::NewLine, "New line %1"},
+    {EntryText::WithFieldsOf, "Line %1 from line %2"},
+    {EntryText::WithFieldsOfDeleted, "Line %1 from a deleted line"},
+    {EntryText::Before, "Before:"},
+    {EntryText::Replaces, "Replaces:"},
+};
+
+constexpr TextsOf<FoundText>::Default foundDefaults[] = {
+    {FoundText::Program, "%1 (lines: %2), kept on %3 at %4"},
+    {FoundText::WithoutFile, "A program without a file"},
 };
 
 constexpr TextsOf<NoticeText>::Default noticeDefaults[] = {
@@ -149,6 +194,7 @@ constexpr TextsOf<NoticeText>::Default noticeDefaults[] = {
     {text::PageOf, "Page %1 of %2"},
     {text::DrawingName, "drawing"},
     {text::NoName, "a program without a name"},
+    {text::PrintToPdf, "Print to PDF"},
 };
 
 }  // namespace
@@ -179,6 +225,9 @@ Texts::Texts()
       MessageTexts(31, messageDefaults),
       DrawErrorTexts(20, drawErrorDefaults),
       DialogTexts(30, dialogDefaults),
+      StepTexts(18, stepDefaults),
+      EntryTexts(6, entryDefaults),
+      FoundTexts(2, foundDefaults),
       NoticeTexts(30, noticeDefaults),
       ExplanationTexts(ExplanationPartCount * FindingCount, ExplanationDefaults()),
       DrawViewTexts(8, drawViewDefaults) {}

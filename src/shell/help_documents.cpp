@@ -1,6 +1,6 @@
 #include "shell/help_documents.h"
 
-#include "basic/number.h"
+#include "basic/installation.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "files/folders.h"
@@ -100,8 +100,7 @@ void HelpDocuments::FillAbout() {
     const Texts& texts = parts_.Language;
     ListBox& list = parts_.Main.lstAbout;
     list.Clear();
-    list.AddEntry(std::string(texts.MessageTexts(text::ProgramVersion)) + ": " + PlainNumber(VersionMajor) +
-                  "." + PlainNumber(VersionMinor) + "." + PlainNumber(VersionRevision) + releaseDate);
+    list.AddEntry(std::string(texts.MessageTexts(text::ProgramVersion)) + ": " + VersionText() + releaseDate);
     list.AddEntry(
         std::string(texts.MessageTexts(text::LanguageModule)) + ": " +
         (texts.LanguageName.empty() ? std::string(texts.DialogTexts(text::NoModule)) : texts.LanguageName));

@@ -37,6 +37,8 @@ constexpr LabelRow labelRows[] = {
     {"menu File", "Print preview", "frmDraw.mnuPrintPreview"},
     {"menu File", "Exit", "mnuExit"},
 
+    {"menu Edit", "Edit", "mnuEdit"},
+
     {"menu Settings", "Settings", "mnuSettings"},
     {"menu Settings", "Language", "mnuLanguage"},
 
@@ -201,9 +203,30 @@ constexpr LabelRow labelRows[] = {
     {"DRAW Menu View", "Grid", "frmDraw.mnuGrid"},
     {"DRAW Menu View", "Background", "frmDraw.mnuBackground"},
 
+    // Not among those of the View menu, whose order counts.
+    {"DRAW Colors", "Color Legend", "frmDraw.mnuLegend"},
+    {"DRAW Colors", "Color-blind safe", "frmDraw.mnuDistinctColors"},
+    {"DRAW Colors", "Hole Marks", "frmDraw.mnuHoleMarks"},
+    {"DRAW Colors", "Rapid", "frmDraw.lblLegendRapid"},
+    {"DRAW Colors", "Feed", "frmDraw.lblLegendFeed"},
+    {"DRAW Colors", "Arc G02", "frmDraw.lblLegendG02"},
+    {"DRAW Colors", "Arc G03", "frmDraw.lblLegendG03"},
+    {"DRAW Colors", "Radius", "frmDraw.lblLegendRadius"},
+    {"DRAW Colors", "Cycle", "frmDraw.lblLegendCycle"},
+    {"DRAW Colors", "Drilling", "frmDraw.lblLegendDrilling"},
+    {"DRAW Colors", "Thread", "frmDraw.lblLegendThread"},
+    {"DRAW Colors", "Pocket", "frmDraw.lblLegendPocket"},
+    {"DRAW Colors", "Clearing", "frmDraw.lblLegendClearing"},
+    {"DRAW Colors", "Tool Center", "frmDraw.lblLegendCenter"},
+    {"DRAW Colors", "Hole", "frmDraw.lblLegendHole"},
+    {"DRAW Colors", "Plunge", "frmDraw.lblLegendPlunge"},
+    {"DRAW Colors", "Zero point", "frmDraw.lblLegendAxis"},
+    {"DRAW Colors", "Selected line", "frmDraw.lblLegendLit"},
+
     {"DRAW Menu Settings", "Settings", "frmDraw.mnuSettings"},
     {"DRAW Menu Settings", "Scale", "frmDraw.mnuScaleMenu"},
     {"DRAW Menu Settings", "Simulation", "frmDraw.mnuSimulation"},
+    {"DRAW Menu Settings", "Simulation", "frmDraw.cboBarSim", toolTip},
     {"DRAW Menu Settings", "AutoRedraw", "frmDraw.mnuAutoRedraw"},
 
     {"DRAW Menu Scale", "Scale  \xF7 8", "frmDraw.mnuScale", caption, 0},
@@ -230,9 +253,15 @@ constexpr LabelRow labelRows[] = {
     {"DRAW Controls", "AutoFit", "frmDraw.cmdAutoFit"},
     {"DRAW Controls", "Redraw", "frmDraw.cmdRedraw"},
     {"DRAW Controls", "Step", "frmDraw.cmdStep"},
+    {"DRAW Controls", "Step", "frmDraw.cmdBarStep"},
     {"DRAW Controls", "Abort", "frmDraw.cmdStop"},
+    {"DRAW Controls", "Abort", "frmDraw.cmdBarStop"},
     {"DRAW Controls", "Run", "frmDraw.cmdRun"},
+    {"DRAW Controls", "Run", "frmDraw.cmdBarRun"},
     {"DRAW Controls", "Program Lines", "frmProgramWindow"},
+    // In the View menu, whose section knows the entries by their order.
+    {"DRAW Controls", "Beside the program", "frmDraw.mnuBeside"},
+    {"DRAW Controls", "Line under way", "frmDraw.txtBarLine", toolTip},
 
     {"Screen Reader", "Program lines", "lvCncProgram", name},
     {"Screen Reader", "Program lines", "frmProgramWindow.lstCncLines", name},
@@ -280,6 +309,8 @@ constexpr LabelRow labelRows[] = {
     {"Screen Reader", "Grid size", "frmDraw.frGrid", name},
     {"Screen Reader", "Scale", "frmDraw.UpDown", name},
     {"Screen Reader", "Drawing step by step", "frmDraw.frStepControls", name},
+    {"Screen Reader", "Drawing step by step", "frmDraw.frBar", name},
+    {"Screen Reader", "Colors of the drawing", "frmDraw.frLegend", name},
 };
 
 constexpr TableSection tableSections[] = {
@@ -288,6 +319,9 @@ constexpr TableSection tableSections[] = {
     {"Messages", [](Texts& texts) -> TextTable& { return texts.MessageTexts; }},
     {"DRAW Error Message", [](Texts& texts) -> TextTable& { return texts.DrawErrorTexts; }},
     {"Dialog Texts", [](Texts& texts) -> TextTable& { return texts.DialogTexts; }},
+    {"Undo and Redo", [](Texts& texts) -> TextTable& { return texts.StepTexts; }},
+    {"Unsaved Program", [](Texts& texts) -> TextTable& { return texts.FoundTexts; }},
+    {"Entry Line", [](Texts& texts) -> TextTable& { return texts.EntryTexts; }},
     {"Notices", [](Texts& texts) -> TextTable& { return texts.NoticeTexts; }},
     {"Explanations", [](Texts& texts) -> TextTable& { return texts.ExplanationTexts; }},
     // The entries of the View menu are looked up by their order too, when the draw window comes to the front.

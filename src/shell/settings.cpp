@@ -5,6 +5,7 @@
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "program/edit_step.h"
 #include "shell/settings_keys.h"
 
 namespace kvt {
@@ -142,6 +143,7 @@ void EditorSettings::SaveSettings() {
 
 void EditorSettings::mnuReset_Click() {
     FileService& files = parts_.Platform.Files;
+    const EditStep step(parts_.Calls, {StepKind::CodeComments});
     // Its windows write their settings as they close, so first of all.
     Run(parts_.Calls.UnloadDraw);
     const auto putBack = [&](const char* name, const char* resetCopy) {

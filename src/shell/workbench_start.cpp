@@ -48,7 +48,9 @@ void Workbench::Form_Load(std::string_view commandLine) {
     recovery_.Restore();
     // Without a program the open line awaits the first code; menus and buttons stand as after a tick.
     if (Store.lvCncProgram.Count() == 0) clearing_.mnuNew_Click();
+    History.Start();
     tmr1sec_Timer();
+    Handled();
     RefreshTitle();
     FocusCode();
     lastFile_.TellMissing();
