@@ -51,7 +51,8 @@ bool IsInternational(const std::string& text) {
                                                "xxx",
                                                "xx:xx:xx",
                                                "Compact5 CNC",
-                                               "Kestrel Vise Toolkit"};
+                                               "Kestrel Vise Toolkit",
+                                               "Radius"};
     const bool hasWord =
         std::adjacent_find(text.begin(), text.end(), [](char a, char b) {
             return std::isalpha(static_cast<unsigned char>(a)) && std::islower(static_cast<unsigned char>(b));
@@ -80,7 +81,10 @@ protected:
     std::string AllTexts() const {
         std::string all;
         for (const Control* control : AllControls()) {
-            all += control->Name() + "|" + control->ToolTip.Get() + "|" + control->AccessibleName.Get() + "|";
+            // The tool tip of the arrows tells the scale in force.
+            const bool tells = control->Kind() == ControlKind::UpDown;
+            all += control->Name() + "|" + (tells ? std::string() : control->ToolTip.Get()) + "|" +
+                   control->AccessibleName.Get() + "|";
             all += CaptionAs<CommandButton, Label, Menu, Frame, CheckBox, OptionButton, Form>(*control);
             if (const auto* list = dynamic_cast<const ListBox*>(control)) {
                 for (const std::string& entry : list->Entries()) all += entry + "|";
