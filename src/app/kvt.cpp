@@ -144,6 +144,10 @@ int RunProgram(int argc, char** argv) {
     if (TellAboutIt(argc, argv)) return 0;
     kvt::Application application(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(programName));
+    // By this name the desktops that know no icons of windows find the installed one.
+    QGuiApplication::setDesktopFileName(QStringLiteral("kvt"));
+    // While the window is on its way to the screen.
+    QTimer::singleShot(0, &application, [] { QApplication::setWindowIcon(kvt::ProgramIcon()); });
     Options options;
     QString problem;
     if (!Read(QApplication::arguments(), options, problem)) {
@@ -153,8 +157,10 @@ int RunProgram(int argc, char** argv) {
 
     kvt::DiskFiles files;
     kvt::SystemPrograms programs;
-    kvt::DesktopPlatform platform(files, programs,
-                                  options.Scale > 0 ? options.Scale : kvt::DesktopPlatform::ScreenFactor());
+    const kvt::FormFont font =
+        options.Scale > 0 ? kvt::FontForFactor(QApplication::font(), options.Scale)
+                          : kvt::DesktopPlatform::FontOfScreen({kvt::SmallestWidth, kvt::LeastHeight});
+    kvt::DesktopPlatform platform(files, programs, font);
     kvt::DesktopSystem& system = platform.Desktop.System;
     files.SetDataFolder(kvt::FoldersBelow(system.LocalDataFolder()).DataFolder);
     files.RemoveLeftovers();

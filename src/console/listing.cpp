@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "basic/code_page.h"
+#include "basic/line_end.h"
 #include "basic/number.h"
 #include "basic/text.h"
 #include "program/explanations.h"
@@ -106,7 +107,7 @@ private:
         line += UnitsName(store);
         Line(line);
         const std::string notes =
-            Replace(Replace(ToUtf8(workbench_.File.txtFileNotes.Text), "\r\n", "\n"), "\r", "\n");
+            Replace(Replace(ToUtf8(workbench_.File.txtFileNotes.Text), LineEnd, "\n"), "\r", "\n");
         for (const std::string_view note : Split(notes, "\n")) {
             if (!Trim(note).empty()) Line("  " + Printable(std::string(note)));
         }

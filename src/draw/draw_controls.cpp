@@ -14,9 +14,10 @@ constexpr const char* simulationCaptions[SimulationCount] = {"Run", "Step", "Spe
 
 constexpr int firstWidth = 12000;
 constexpr int firstHeight = 9000;
-// What the window's own edges, title and menus take of the form's size; the scroll bars end there.
+// What the window's own edges, title and menus take of the form's size. The scroll bars end where a higher one would
+// begin, the bar has the difference.
 constexpr int edgeWidth = 180;
-constexpr int edgeHeight = 945;
+constexpr int edgeHeight = 945 - DrawControls::BarHeight;
 constexpr int barBreadth = 255;
 constexpr int fieldSize = 40000;
 constexpr int firstFieldWidth = 600;
@@ -75,6 +76,9 @@ DrawControls::DrawControls()
       mnuToolCenter(frmDraw, "mnuToolCenter", "Tool Center"),
       mnuGrid(frmDraw, "mnuGrid", "Grid"),
       mnuBackground(frmDraw, "mnuBackground", "Background"),
+      mnuLegend(frmDraw, "mnuLegend", "Color Legend"),
+      mnuDistinctColors(frmDraw, "mnuDistinctColors", "Color-blind safe"),
+      mnuHoleMarks(frmDraw, "mnuHoleMarks", "Hole Marks"),
       mnuSettings(frmDraw, "mnuSettings", "Settings"),
       mnuScaleMenu(frmDraw, "mnuScaleMenu", "Scale"),
       mnuSimulation(frmDraw, "mnuSimulation", "Simulation"),
@@ -145,7 +149,7 @@ void DrawControls::MakeMenus() {
     Put(mnuFile, {&mnuEditor, &mnuRedraw, &mnuAutoFit, &mnuSaveBMP, &mnuSaveClipboard, &mnuSavePicture,
                   &mnuPrint, &mnuPrintPreview, &mnuExit});
     Put(mnuView, {&mnuRadiiArcs, &mnuFillCycles, &mnuProgramWindow, &mnuToolWidth, &mnuToolCenter, &mnuGrid,
-                  &mnuBackground});
+                  &mnuBackground, &mnuLegend, &mnuDistinctColors, &mnuHoleMarks});
     Put(mnuSettings, {&mnuScaleMenu, &mnuSimulation, &mnuAutoRedraw});
     mnuEditor.Shortcut = "F6";
     mnuSavePicture.Shortcut = "Ctrl+Shift+S";
@@ -158,9 +162,11 @@ void DrawControls::MakeMenus() {
 }
 
 void DrawControls::SetDesignMarks() {
-    for (Menu* entry : {&mnuRadiiArcs, &mnuFillCycles, &mnuProgramWindow, &mnuBackground})
+    for (Menu* entry : {&mnuRadiiArcs, &mnuFillCycles, &mnuProgramWindow, &mnuBackground, &mnuDistinctColors,
+                        &mnuHoleMarks})
         entry->Checked = false;
-    for (Menu* entry : {&mnuToolWidth, &mnuToolCenter, &mnuGrid, &mnuAutoRedraw}) entry->Checked = true;
+    for (Menu* entry : {&mnuToolWidth, &mnuToolCenter, &mnuGrid, &mnuAutoRedraw, &mnuLegend})
+        entry->Checked = true;
 }
 
 void DrawControls::PlaceField() {

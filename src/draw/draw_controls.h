@@ -22,13 +22,15 @@ struct DrawControls {
     void SetDesignMarks();
     // Fills the frames with measure fields of a width in twips.
     void FillFrames(int fieldWidth);
+    // Of the bar below the drawing, in twips.
+    static constexpr int BarHeight = 600;
 
     Form frmDraw;
 
     Menu mnuFile, mnuEditor, mnuRedraw, mnuAutoFit, mnuSaveBMP, mnuSaveClipboard, mnuSavePicture, mnuPrint,
         mnuPrintPreview, mnuExit;
     Menu mnuView, mnuRadiiArcs, mnuFillCycles, mnuProgramWindow, mnuToolWidth, mnuToolCenter, mnuGrid,
-        mnuBackground;
+        mnuBackground, mnuLegend, mnuDistinctColors, mnuHoleMarks;
     Menu mnuSettings, mnuScaleMenu, mnuSimulation, mnuAutoRedraw;
     std::array<std::unique_ptr<Menu>, ScaleCount> mnuScale;
     std::array<std::unique_ptr<Menu>, SimulationCount> mnuSim;

@@ -7,6 +7,7 @@
 #include "basic/text.h"
 #include "draw/ink.h"
 #include "interpreter/control_commands.h"
+#include "program/workbench_calls.h"
 
 namespace kvt {
 
@@ -32,8 +33,6 @@ Color ColorNamed(std::string_view name) {
     return ink::Black;
 }
 
-// The wait of each entry of mnuSim in milliseconds.
-constexpr int intervalOfSim[SimulationCount] = {0, 0, 500, 200, 50};
 constexpr int intervalOfCommand[] = {0, 100, 500, 1000};
 
 int IntervalOf(std::string_view argument) {
@@ -106,11 +105,11 @@ void DrawProgram::Run() {
             ++lineIndex_;
         End();
     });
+    field_.DrawFrom(0);
 }
 
 void DrawProgram::Begin() {
     const bool full = pass_ == 1;
-    const bool whiteBackground = controls_.mnuBackground.Checked;
     parts_.View.ShowGridSize();
     itemCount_ = list_.Count();
     if (full) field_.Cls();
@@ -120,9 +119,9 @@ void DrawProgram::Begin() {
     const std::string name(ExtractFileName(shared_.File.lblPath.Caption));
     controls_.lblFileName.Caption = name;
     controls_.frmDraw.Caption = name;
-    if (full) field_.BackColor = whiteBackground ? ink::White : ink::Black;
+    if (full) field_.BackColor = InkOf(Ink::Ground, controls_);
     if (controls_.mnuGrid.Checked && full) parts_.View.MakeGrid();
-    if (state_.ZeroX > 0) {
+    if (state_.ZeroX > 0 || state_.ZeroMoved) {
         field_.MoveTo(state_.ZeroX, state_.ZeroY);
     } else {
         field_.MoveTo(controls_.frmDraw.Width / 2.0, controls_.frmDraw.Height / 2.0);
@@ -132,6 +131,7 @@ void DrawProgram::Begin() {
     state_.DrawRadius = mill_;
     if (full) {
         parts_.View.MakeZeroPoint();
+        parts_.Strokes.BeginDrawing();
         state_.FirstStroke = field_.OperationsBefore() + static_cast<long long>(field_.Operations().size());
     }
     // The Abort button is there for the whole length of every walk.
@@ -143,12 +143,22 @@ void DrawProgram::Begin() {
     controls_.frStepControls.Visible = true;
     const int sim = parts_.Sim.CheckedSim();
     state_.StepMode = sim == simulation::Step;
-    state_.Interval = intervalOfSim[sim];
+    state_.Interval = IntervalOfSim(sim);
     controls_.Timer1.Enabled = state_.Interval > 1;
     parts_.Listing.Begin();
+    kvt::Run(shared_.StateChanged);
+}
+
+void DrawProgram::RepeatMarks() {
+    field_.ForeColor = InkOf(Ink::Pen, controls_);
+    for (const HoleMark& mark : marks_) {
+        field_.DrawFrom(mark.Row);
+        DrawHoleMark(field_, mark);
+    }
 }
 
 void DrawProgram::End() {
+    if (!state_.Leaving()) RepeatMarks();
     parts_.Sim.EnableControls(true);
     Control* const focused = shared_.Platform.Focus.Focused();
     if (focused && focused->Container == &controls_.frStepControls)
@@ -178,9 +188,12 @@ bool DrawProgram::ProcessLine() {
         case Next::EndOfLine: return EndOfLine();
         case Next::LeaveProgram: return false;
     }
-    if (IsWatched()) parts_.Editor.Follow(lineIndex_);
+    if (IsWatched()) {
+        parts_.Editor.Follow(lineIndex_);
+        kvt::Run(shared_.ShowLine, lineIndex_);
+    }
     // PEN: for what has no colour of its own.
-    field_.ForeColor = controls_.mnuBackground.Checked ? ink::Black : ink::White;
+    field_.ForeColor = InkOf(Ink::Pen, controls_);
     // VALUES: the line with the centre keeps the moves of its arc's line.
     ReadCode();
     arcPending_ ? ReadCentre() : ReadValues();
@@ -188,6 +201,7 @@ bool DrawProgram::ProcessLine() {
     pitch_ = Val(feed.substr(!feed.empty() && IsLetter(feed[0]) ? 1 : 0)) * state_.DrawScale;
     startX_ = field_.CurrentX;
     startY_ = field_.CurrentY;
+    field_.DrawFrom(arcPending_ ? arcLine_ : lineIndex_);
     // STROKES: the code draws, waits, and takes the reference of the next absolute move.
     Dispatch();
     if (leave_) return false;
@@ -214,8 +228,9 @@ DrawProgram::Next DrawProgram::Command(std::string_view comment) {
             break;
         case ControlCommand::Wait:
             // The overlay does not wait.
-            if (pass_ != 1) break;
+            if (pass_ != 1 || state_.LeavesOutWait()) break;
             parts_.Editor.Follow(lineIndex_);
+            kvt::Run(shared_.ShowLine, lineIndex_);
             parts_.Sim.WaitFor(UserWait::Click);
             if (state_.Leaving()) return Next::LeaveProgram;
             break;
@@ -285,7 +300,7 @@ void DrawProgram::Dispatch() {
 }
 
 bool DrawProgram::EndOfLine() {
-    if (state_.StepMode && pass_ == 1) {
+    if (state_.StepMode && pass_ == 1 && !state_.LeavesOutWait()) {
         controls_.frStepControls.Visible = true;
         controls_.cmdStep.Visible = true;
         controls_.cmdStep.Enabled = true;

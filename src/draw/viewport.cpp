@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "basic/number.h"
 #include "draw/in_sight.h"
-#include "draw/ink.h"
+#include "draw/palette.h"
 
 namespace kvt {
 
@@ -55,6 +56,7 @@ Viewport::Viewport(DrawParts& parts) : parts_(parts), controls_(parts.Controls),
 void Viewport::ScaleFromIndex(int index) {
     // A scale that the user chooses stays.
     state_.FitNext = false;
+    state_.OwnView = true;
     state_.DrawScale = index >= 0 && index < ScaleCount ? std::ldexp(1.0F, index - 3) : 1;
 }
 
@@ -76,7 +78,18 @@ int Viewport::CheckedScaleIndex() const {
 void Viewport::Autofit() {
     if (!state_.AutoFitPending) return;
     Fit();
+    // A walk under way would go on in the new scale from where the old one has led it.
+    state_.Walking() && state_.MayWait() ? DrawAgain() : parts_.Redraw();
+}
+
+void Viewport::DrawAgain() {
+    const bool waits = state_.InTimedWait || state_.Wait != UserWait::None;
+    const bool walks = state_.Walking();
+    state_.WaitsToLeaveOut = !walks  ? std::numeric_limits<int>::max()
+                             : waits ? state_.Waits - 1
+                                     : state_.Waits;
     parts_.Redraw();
+    if (walks) state_.Leave();
 }
 
 bool Viewport::Fit() {
@@ -107,6 +120,8 @@ bool Viewport::Fit() {
         bar->SetValue(ToLong((double{1} * bar->Max - bar->Min) / 2));
     }
     state_.AutoFitPending = false;
+    state_.OwnView = false;
+    state_.ZeroMoved = false;
     return extents.VTravel > 0 || extents.HTravel > 0;
 }
 
@@ -132,11 +147,11 @@ void Viewport::MakeZeroPoint() {
     const double y = state_.MarkerY;
     field.DrawWidth = 1;
     // The axes, right across the field.
-    field.ForeColor = ink::Red;
+    field.ForeColor = InkOf(Ink::Axis, controls_);
     field.Line(0, y, field.ScaleWidth(), y);
     field.Line(x, 0, x, field.ScaleHeight());
     // The mark itself has the same size at every scale.
-    field.ForeColor = controls_.mnuBackground.Checked ? ink::Black : ink::White;
+    field.ForeColor = InkOf(Ink::Pen, controls_);
     field.Line(x - crossArm, y, x + crossArm, y);
     field.Line(x, y - crossArm, x, y + crossArm);
     const int fillBefore = field.FillStyle;
@@ -156,7 +171,7 @@ void Viewport::MakeGrid() {
     const float penX = field.CurrentX;
     const float penY = field.CurrentY;
     field.DrawWidth = 1;
-    field.ForeColor = controls_.mnuBackground.Checked ? ink::Yellow : ink::DarkGrey;
+    field.ForeColor = InkOf(Ink::Grid, controls_);
     // The phases put the lines on the zero point mark; the pen is at 0, 0 when the field has just been cleared.
     const auto phase = [&](float marker) { return Remainder(WholePart(marker), WholePart(step)); };
     const double phaseX = phase(state_.MarkerX);

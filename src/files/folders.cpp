@@ -10,7 +10,12 @@ Folders FoldersBelow(std::string_view localDataFolder) {
     folders.DataFolder = std::string(localDataFolder) + "/EMCO/KVT_" + VersionDigits() + "/";
     folders.SettingsFolder = folders.DataFolder + "Settings/";
     folders.PreProcessorFolder = folders.DataFolder + "PreProcessors/";
+    folders.LanguageFolder = folders.DataFolder + "Languages/";
     return folders;
+}
+
+std::array<std::string, 2> ProgramFolders(const std::string& startFolder, const std::string& name) {
+    return {startFolder + name + "/", startFolder + SharedFolderFromPrograms() + name + "/"};
 }
 
 bool MakeFolders(const Folders& folders, FileService& files, const char* procedure) {

@@ -26,6 +26,7 @@ constexpr const char* printer = ";Printer Settings";
 constexpr const char* windows = ";Windows Parameters HLTW";
 constexpr const char* usedLast = ";Files used last";
 constexpr const char* drawMode = ";Checks Draw Mode";
+constexpr const char* colorsAndMarks = ";Colors and marks";
 
 // A place of 0 centres the window.
 constexpr SettingKey editorKeys[] = {
@@ -90,6 +91,10 @@ constexpr SettingKey drawKeys[] = {
     {drawMode, "AutoRedraw", "True"},
     {windows, "DrawWindow", "9999, 9999, 9999, 9999"},
     {windows, "ProgramWindow", "3000, 0, 0, 11790, Inactive"},
+    {windows, "Beside", "False"},
+    {colorsAndMarks, "Legend", "True"},
+    {colorsAndMarks, "DistinctColors", "False"},
+    {colorsAndMarks, "HoleMarks", "False"},
 };
 
 constexpr int maxReports = 100;                   // of one key

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/controls.h"
+#include "platform/operation_sources.h"
 #include "platform/pictures.h"
 
 namespace kvt {
@@ -53,6 +54,15 @@ struct FieldPlace {
 // held (1 Shift, 2 Ctrl, 4 Alt), and where, in twips.
 using MouseHandler = std::function<void(int button, int shift, float x, float y)>;
 
+// A turn of the wheel: the keys held, how many notches, away from the user counting positive (a fine wheel gives parts of
+// one), whether it goes sideways, and over which place, in twips.
+struct WheelTurn {
+    int Shift = 0;
+    double Notches = 0;
+    bool Sideways = false;
+    float X = 0, Y = 0;
+};
+
 namespace mouse {
 inline constexpr int Left = 1, Right = 2, Middle = 4;
 inline constexpr int ShiftHeld = 1, CtrlHeld = 2, AltHeld = 4;
@@ -81,6 +91,10 @@ public:
     // A small cross that a view shows over the drawing. It is no operation: no output has it.
     Property<FieldPlace> Cross{*this, PropertyId::Cross};
 
+    // What came from these sources is shown lit up. It is no operation: no output has it.
+    Property<SourceRange> Lit{*this, PropertyId::Lit};
+    Property<Color> LitColor{*this, PropertyId::Lit, 0x00AAFF};
+
     int ScaleWidth() const { return Width; }
     int ScaleHeight() const { return Height; }
 
@@ -96,6 +110,13 @@ public:
     void Circle(double x, double y, double radius);
     void Circle(double x, double y, double radius, double start, double end);
 
+    // What is drawn from here on comes from a source of this number, such as a row of a program; 0 for none.
+    void DrawFrom(int source) { sources_.Begin(source, CurrentX, CurrentY); }
+    // Which sources the operations came from; of those that were exchanged for a picture nothing is known any more.
+    const OperationSources& Sources() const { return sources_; }
+    // Where the pen stood when a run was through; where it stands for the one under way.
+    FieldPlace EndOf(const SourceRun& run) const;
+
     // Since the last clearing, which comes first.
     const std::vector<DrawOperation>& Operations() const { return operations_; }
     // How many operations were made before those of the list, in all the field's life.
@@ -110,8 +131,9 @@ public:
 
     MouseHandler OnMouseMove;
     MouseHandler OnMouseDown;
-    // The wheel was turned: how many notches, away from the user counting positive.
-    std::function<void(int shift, double notches, bool sideways)> OnMouseWheel;
+    // The second press of two quick ones of the left button on one place; without a handler it is a press as any other.
+    MouseHandler OnDoubleClick;
+    std::function<void(const WheelTurn& turn)> OnMouseWheel;
 
 protected:
     void Changed(PropertyId id) override;
@@ -122,6 +144,7 @@ private:
     void BeginList();
 
     std::vector<DrawOperation> operations_;
+    OperationSources sources_;
     long long before_ = 0;
 };
 

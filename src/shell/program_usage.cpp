@@ -22,7 +22,7 @@ const ProgramUsage& WindowUsage() {
          version,
          {"--new", "", "Begin with an empty program", {}},
          {"--receive", "", "Begin with the view that takes in what the machine sends", {}},
-         {"--scale", "F", "Size of everything, 1 to 2", {}},
+         {"--scale", "F", "Size of everything, 1 to 2; else it follows the desktop's font", {}},
          {"--screenshot", "PNG", "Show the window, save a picture of it and end", {}},
          {"--screenshot-draw", "PNG", "The same with the drawing of the program", {}}},
         {},
