@@ -147,6 +147,7 @@ void ModuleLoader::ShowTexts() {
         gcode.Click();
     }
     Run(windows_.front()->OnActivate);
+    Run(OnTexts);
     parts_.Interpreter.Interpreter();
 }
 

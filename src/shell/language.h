@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -39,6 +40,9 @@ public:
     void UseEnglish();
     // A module with the texts in force, ready to be translated: each line tells its English.
     std::string WriteModule() const;
+
+    // Runs when the texts of the windows are those of another language: for captions that say how things are.
+    std::function<void()> OnTexts;
 
 private:
     // What the windows show in English, kept before the first module.

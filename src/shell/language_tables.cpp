@@ -259,6 +259,9 @@ constexpr LabelRow labelRows[] = {
     {"DRAW Controls", "Run", "frmDraw.cmdRun"},
     {"DRAW Controls", "Run", "frmDraw.cmdBarRun"},
     {"DRAW Controls", "Program Lines", "frmProgramWindow"},
+    // In the View menu, whose section knows the entries by their order.
+    {"DRAW Controls", "Beside the program", "frmDraw.mnuBeside"},
+    {"DRAW Controls", "Line under way", "frmDraw.txtBarLine", toolTip},
 
     {"Screen Reader", "Program lines", "lvCncProgram", name},
     {"Screen Reader", "Program lines", "frmProgramWindow.lstCncLines", name},
@@ -306,9 +309,8 @@ constexpr LabelRow labelRows[] = {
     {"Screen Reader", "Grid size", "frmDraw.frGrid", name},
     {"Screen Reader", "Scale", "frmDraw.UpDown", name},
     {"Screen Reader", "Drawing step by step", "frmDraw.frStepControls", name},
-    // In the View menu, whose section knows the entries by their order.
-    {"DRAW Controls", "Beside the program", "frmDraw.mnuBeside"},
-    {"DRAW Controls", "Line under way", "frmDraw.txtBarLine", toolTip},
+    {"Screen Reader", "Drawing step by step", "frmDraw.frBar", name},
+    {"Screen Reader", "Colors of the drawing", "frmDraw.frLegend", name},
 };
 
 constexpr TableSection tableSections[] = {

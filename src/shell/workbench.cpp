@@ -123,6 +123,11 @@ void Workbench::FillCalls() {
     Calls.KeepRecoveryCopy = [this] { return recovery_.KeepRecoveryCopy(); };
     Calls.RefreshMachine = [this] { Display.RefreshMachine(); };
     Calls.RefreshTitle = [this] { RefreshTitle(); };
+    Modules.OnTexts = [this] {
+        Draw.Bar.ShowCaptions();
+        if (Draw.Controls.frmDraw.Visible) Draw.PositionControls();
+        Handled();
+    };
     Calls.ControlsPositioning = [this] { positions_.ControlsPositioning(); };
     Calls.ControlsEnable = [this](ControlsMode mode) { Modes.ControlsEnable(mode); };
     Calls.LoadClipboardModule = [this] { Received.LoadClipboardModule(); };

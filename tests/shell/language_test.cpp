@@ -31,6 +31,7 @@ bool IsInternational(const std::string& text) {
                                                "Info",
                                                "General",
                                                "Min",
+                                               "Radius",
                                                "Max",
                                                "Stop",
                                                "Start",
