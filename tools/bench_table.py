@@ -14,6 +14,7 @@ import sys
 BUDGET = {
     "CheckPass210": 60,
     "Load210": 120,
+    "Undo210/0": 2000,
     "Write210": 200,
     "Draw210": 200,
     "DrawGrowth/20000": 200_000,
