@@ -141,6 +141,23 @@ int main(int argc, char** argv) {
         scrolls.push_back(Milliseconds(clock));
     }
     within &= Report("Scrolling it", scrolls, frame);
+    // The mouse over strokes and beside them, and another line in the list.
+    const kvt::PictureBox& field = draw.Controls.pbxDrawField;
+    std::vector<double> moves;
+    std::vector<double> choices;
+    for (int i = 0; i < 50; ++i) {
+        QElapsedTimer clock;
+        clock.start();
+        field.OnMouseMove(0, 0, static_cast<float>(19000 + 40 * i), static_cast<float>(20000 + 17 * i));
+        QApplication::processEvents();
+        moves.push_back(Milliseconds(clock));
+        clock.restart();
+        workbench.Store.lvCncProgram.Select(100 + 371 * i);
+        QApplication::processEvents();
+        choices.push_back(Milliseconds(clock));
+    }
+    within &= Report("The mouse over it", moves, frame);
+    within &= Report("Another line lit in it", choices, frame);
     files.Delete(program);
     return within ? 0 : 1;
 }

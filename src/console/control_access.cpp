@@ -6,6 +6,7 @@
 #include "basic/number.h"
 #include "basic/text.h"
 #include "platform/list_view.h"
+#include "platform/picture_box.h"
 
 namespace kvt {
 
@@ -41,6 +42,15 @@ Found Selection(const Control& control, int TextSelection::*part) {
                        [part](const TextBox& box) -> PlainValue { return box.Selection.Get().*part; });
 }
 
+// The row whose strokes are lit, or the rows of an arc and its centre as "4-5"; empty for none.
+Found Lit(const Control& control) {
+    return As<PictureBox>(control, [](const PictureBox& box) -> PlainValue {
+        const SourceRange& lit = box.Lit.Get();
+        if (lit.First == 0) return std::string();
+        return PlainNumber(lit.First) + (lit.Last == lit.First ? "" : "-" + PlainNumber(lit.Last));
+    });
+}
+
 bool IsForm(const Control& control) { return control.Kind() == ControlKind::Form; }
 
 // Timers and dialogs are not to be seen; menus have no place of their own.
@@ -69,6 +79,11 @@ struct PropertyAccess {
 constexpr PropertyAccess properties[] = {
     {"text", Text},
     {"caption", Caption},
+    {"lead",
+     [](const Control& c) {
+         const auto* const frame = dynamic_cast<const Frame*>(&c);
+         return frame && !frame->Lead.Empty() ? Found(frame->Lead.Get()) : std::nullopt;
+     }},
     {"value",
      [](const Control& c) {
          return As<CheckBox, OptionButton, TabStrip, ScrollBar, UpDown, ProgressBar>(
@@ -95,6 +110,7 @@ constexpr PropertyAccess properties[] = {
     {"top", [](const Control& c) { return Placed(c, &Control::Top); }},
     {"width", [](const Control& c) { return Placed(c, &Control::Width); }},
     {"height", [](const Control& c) { return Placed(c, &Control::Height); }},
+    {"lit", Lit},
     {"selStart", [](const Control& c) { return Selection(c, &TextSelection::Start); }},
     {"selLength", [](const Control& c) { return Selection(c, &TextSelection::Length); }},
 };

@@ -345,6 +345,7 @@ constexpr ScriptAction actions[] = {
     {"advance", {Arg::Number}, Advance, ofUser},
     {"mousemove", {Arg::Number, Arg::Number}, script::MouseMove, ofUser},
     {"mousedown", {Arg::Number, Arg::Number}, script::MouseDown, ofUser},
+    {"ctrlmousedown", {Arg::Number, Arg::Number}, script::CtrlMouseDown, ofUser},
     {"doubleclick", {Arg::Number, Arg::Number}, script::DoubleClick, ofUser},
     {"mousedrag", {Arg::Number, Arg::Number, Arg::Number, Arg::Number}, script::MouseDrag, ofUser},
     {"mousewheel", {Arg::Number, Arg::Number, Arg::Number}, script::MouseWheel, ofUser},

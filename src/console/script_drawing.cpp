@@ -42,14 +42,21 @@ void MouseMove(ScriptRun& run, const Arguments& args) {
     field->OnMouseMove(0, 0, static_cast<float>(args.Number(0)), static_cast<float>(args.Number(1)));
 }
 
-void MouseDown(ScriptRun& run, const Arguments& args) {
+namespace {
+
+void Press(ScriptRun& run, const Arguments& args, int held) {
     PictureBox* const field = FieldInReach(run);
     if (!field) return;
     run.Session.Platform.Focus.SetFocus(*field);
     if (!FieldInReach(run) || !field->OnMouseDown) return;
-    field->OnMouseDown(mouse::Left, 0, static_cast<float>(args.Number(0)),
+    field->OnMouseDown(mouse::Left, held, static_cast<float>(args.Number(0)),
                        static_cast<float>(args.Number(1)));
 }
+
+}  // namespace
+
+void MouseDown(ScriptRun& run, const Arguments& args) { Press(run, args, 0); }
+void CtrlMouseDown(ScriptRun& run, const Arguments& args) { Press(run, args, mouse::CtrlHeld); }
 
 // Both presses of it.
 void DoubleClick(ScriptRun& run, const Arguments& args) {

@@ -7,6 +7,7 @@ namespace kvt::script {
 // Actions and expectations about the drawing window.
 void MouseMove(ScriptRun& run, const Arguments& args);
 void MouseDown(ScriptRun& run, const Arguments& args);
+void CtrlMouseDown(ScriptRun& run, const Arguments& args);
 void DoubleClick(ScriptRun& run, const Arguments& args);
 void MouseDrag(ScriptRun& run, const Arguments& args);
 void MouseWheel(ScriptRun& run, const Arguments& args);

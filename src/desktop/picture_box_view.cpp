@@ -2,14 +2,17 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
 #include "desktop/colors.h"
+#include "desktop/lit_painter.h"
 #include "desktop/pixel_image.h"
 #include "platform/picture_painter.h"
+#include "platform/pointed_operation.h"
 #include "platform/twips.h"
 
 namespace kvt {
@@ -56,9 +59,20 @@ void PictureBoxView::Follow(PropertyId id) {
     switch (id) {
         case PropertyId::BackColor:
         case PropertyId::Cross:
+        case PropertyId::Lit:
         case PropertyId::Operations: Widget()->update(); break;
+        case PropertyId::ToolTip:
+            View::Follow(id);
+            FollowToolTip();
+            break;
         default: View::Follow(id);
     }
+}
+
+// One that is up goes on with what the mouse is over now.
+void PictureBoxView::FollowToolTip() {
+    if (!QToolTip::isVisible() || !Widget()->underMouse()) return;
+    QToolTip::showText(QCursor::pos(), Widget()->toolTip(), Widget());
 }
 
 double PictureBoxView::PixelRatio() const { return Widget()->devicePixelRatioF(); }
@@ -83,7 +97,7 @@ void PictureBoxView::Paint() {
     PaintPart(shown_.rect(), std::span(operations).subspan(painted_));
     painted_ = operations.size();
     QPainter painter(Widget());
-    painter.drawImage(QPointF(area_.topLeft()) / ratio, shown_);
+    painter.drawImage(QPointF(area_.topLeft()) / ratio, WithLit());
     if (box_.Cross.Get().Shown) PaintCross(painter);
 }
 
@@ -118,11 +132,24 @@ void PictureBoxView::ShowArea(const QRect& area, double ratio) {
     }
 }
 
+FieldPiece PictureBoxView::Piece() const {
+    const double pixelsPerTwip = Desktop.Lengths.Exact(1) * ratio_;
+    return {pixelsPerTwip, std::max(1.0, pixelsPerTwip * TwipsPerPixel), area_.topLeft()};
+}
+
+QImage PictureBoxView::WithLit() const {
+    std::vector<DrawOperation> lit = LitOperations(box_);
+    if (lit.empty()) return shown_;
+    QImage image = shown_;
+    image.setDevicePixelRatio(1);
+    PaintLit(image, Piece(), std::move(lit), box_.LitColor);
+    image.setDevicePixelRatio(ratio_);
+    return image;
+}
+
 void PictureBoxView::PaintPart(const QRect& part, std::span<const DrawOperation> operations) {
     shown_.setDevicePixelRatio(1);
-    const double pixelsPerTwip = Desktop.Lengths.Exact(1) * ratio_;
-    const FieldPiece piece{pixelsPerTwip, std::max(1.0, pixelsPerTwip * TwipsPerPixel), area_.topLeft()};
-    if (!operations.empty()) PaintOperations(shown_, piece, part, operations, kept_);
+    if (!operations.empty()) PaintOperations(shown_, Piece(), part, operations, kept_);
     shown_.setDevicePixelRatio(ratio_);
 }
 

@@ -30,7 +30,11 @@ private:
     // What is in sight, in pixels of the screen from the field's corner.
     QRect InSight(double ratio) const;
     void ShowArea(const QRect& area, double ratio);
+    // What is in sight, with the lit operations over it.
+    QImage WithLit() const;
     void PaintCross(QPainter& painter) const;
+    FieldPiece Piece() const;
+    void FollowToolTip();
     void PaintPart(const QRect& part, std::span<const DrawOperation> operations);
     bool KeepAsPicture();
     void Moved(const QMouseEvent& event);

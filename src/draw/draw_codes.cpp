@@ -5,7 +5,7 @@
 #include "basic/text.h"
 #include "draw/arcs.h"
 #include "draw/draw_program.h"
-#include "draw/ink.h"
+#include "draw/palette.h"
 #include "platform/twips.h"
 
 // What each code draws, in the order of the table in draw_program.cpp.
@@ -21,35 +21,58 @@ std::int32_t Target(std::string_view cell) { return ToInteger(Val(Right(cell, 3)
 
 }  // namespace
 
-Color DrawProgram::Overridden(Color color) const {
-    return colorOverride_ >= 0 ? static_cast<Color>(colorOverride_) : color;
+Color DrawProgram::Overridden(Ink ink) const {
+    return colorOverride_ >= 0 ? static_cast<Color>(colorOverride_) : InkOf(ink, controls_);
 }
 
-void DrawProgram::FeedPen(Color color) {
+void DrawProgram::FeedPen(Ink ink) {
     field_.DrawWidth = penMode_ == 1 ? 1 : ToLong(WholePart(state_.ToolWidth));
-    field_.ForeColor = Overridden(pass_ == 1 ? color : ink::White);
+    field_.ForeColor = Overridden(pass_ == 1 ? ink : Ink::ToolCentre);
+}
+
+void DrawProgram::Reference() {
+    previous_ = current_;
+    if (mill_) previousZ_ = Val(Cell(column::ToolZ));
+}
+
+void DrawProgram::MarkPlunge() {
+    if (!mill_ || !controls_.mnuHoleMarks.Checked || move_.H != 0 || move_.V != 0) return;
+    const double z = Val(Cell(column::Z));
+    if ((state_.DrawAbsolute ? z - previousZ_ : z) < 0) Mark(HoleMark::Kind::Plunge);
+}
+
+// What is drawn over in the tool's width later on is marked once more at the end.
+void DrawProgram::Mark(HoleMark::Kind what) {
+    const auto radius = static_cast<float>(state_.ToolWidth * twipsPerHalfPixel);
+    const HoleMark mark{what, lineIndex_, field_.CurrentX, field_.CurrentY, radius};
+    field_.ForeColor = Overridden(Ink::Pen);
+    DrawHoleMark(field_, mark);
+    if (penMode_ == 0) marks_.push_back(mark);
 }
 
 void DrawProgram::Rapid() {
     field_.DrawWidth = 1;
-    field_.ForeColor = Overridden(ink::Green);
+    field_.ForeColor = Overridden(Ink::Rapid);
     field_.Line(startX_, startY_, field_.CurrentX + move_.H, field_.CurrentY + move_.V);
+    MarkPlunge();
     Reference();
     Wait();
 }
 
 void DrawProgram::Feed() {
-    FeedPen(ink::Blue);
+    FeedPen(Ink::Feed);
     field_.Line(startX_, startY_, field_.CurrentX + move_.H, field_.CurrentY + move_.V);
+    MarkPlunge();
     Reference();
     Wait();
 }
 
 void DrawProgram::Arc(bool isG03) {
-    FeedPen(isG03 ? ink::Cyan : ink::Magenta);
+    FeedPen(isG03 ? Ink::ArcG03 : Ink::ArcG02);
     if (NextLineIsM99()) {
         arcPending_ = true;
         arcIsG03_ = isG03;
+        arcLine_ = lineIndex_;
         return;
     }
     ArcCall arc;
@@ -65,7 +88,7 @@ void DrawProgram::Arc(bool isG03) {
 // An M99 without an arc in front draws one with the values of the last arc.
 void DrawProgram::ArcCentre() {
     arcPending_ = false;
-    FeedPen(arcIsG03_ ? ink::Cyan : ink::Magenta);
+    FeedPen(arcIsG03_ ? Ink::ArcG03 : Ink::ArcG02);
     ArcCall arc;
     arc.IsG03 = arcIsG03_;
     arc.Radius = ToSingle(arcRadius_);
@@ -98,39 +121,37 @@ void DrawProgram::Call() {
 
 void DrawProgram::Jump() { lineIndex_ = Target(Cell(column::F)); }
 
-Color DrawProgram::ThreadColor() const {
-    return Overridden(controls_.mnuBackground.Checked ? ink::Blue : ink::Yellow);
-}
-
 // The reference moves along the thread only, whatever the tool position says.
 void DrawProgram::Thread() {
-    field_.ForeColor = ThreadColor();
+    field_.ForeColor = Overridden(Ink::Thread);
     DrawThread(shared_, parts_.Sim, ToSingle(move_.H), ToSingle(pitch_), "G33");
     previous_.H += move_.H;
     Wait();
 }
 
 void DrawProgram::ThreadingCycle() {
-    field_.ForeColor = ThreadColor();
+    field_.ForeColor = Overridden(Ink::Thread);
     DrawBoxOutAndBack(field_, startX_ + move_.H, startY_ + move_.V);
     DrawThread(shared_, parts_.Sim, ToSingle(move_.H), ToSingle(pitch_), "G78");
     Wait();
 }
 
-// On the mill a boring has no move in the plane of the drawing, so that nothing shows of it.
+// On the mill a boring has no move in the plane of the drawing, so that nothing shows of it but a mark.
 void DrawProgram::Boring() {
-    field_.ForeColor = Overridden(ink::Blue);
+    field_.ForeColor = Overridden(Ink::Drilling);
     if (!mill_) {
         field_.DrawWidth = 2;
         field_.LineTo(startX_ + move_.H, startY_);
         field_.LineTo(startX_, startY_);
         field_.DrawWidth = 1;
+    } else if (controls_.mnuHoleMarks.Checked) {
+        Mark(HoleMark::Kind::Hole);
     }
     Wait();
 }
 
 void DrawProgram::TurningCycle() {
-    field_.ForeColor = Overridden(ink::Red);
+    field_.ForeColor = Overridden(Ink::Cycle);
     DrawBoxOutAndBack(field_, startX_ + move_.H, startY_ + move_.V);
     Wait();
 }
@@ -143,7 +164,7 @@ void DrawProgram::PocketCycle() {
     call.MoveH = move_.H;
     call.SignH = Val(Cell(column::X));
     call.SignV = Val(Cell(column::Y));
-    call.Ink = penMode_ == 0 ? ink::Grey : ink::Red;
+    call.Ink = InkOf(penMode_ == 0 ? Ink::PocketRow : Ink::Cycle, controls_);
     call.PenWidth = penMode_ == 0 ? state_.ToolWidth : 1;
     call.ToolDiameter = toolDiameter_;
     DrawPocket(shared_, parts_.Sim, call);
@@ -152,7 +173,7 @@ void DrawProgram::PocketCycle() {
 }
 
 void DrawProgram::FinishingOutline() {
-    field_.ForeColor = Overridden(ink::Red);
+    field_.ForeColor = Overridden(Ink::Cycle);
     field_.DrawWidth = ToLong(state_.ToolWidth);
     field_.LineTo(state_.PocketX2, state_.PocketY1);
     field_.LineTo(state_.PocketX1, state_.PocketY1);

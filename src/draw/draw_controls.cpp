@@ -76,6 +76,9 @@ DrawControls::DrawControls()
       mnuToolCenter(frmDraw, "mnuToolCenter", "Tool Center"),
       mnuGrid(frmDraw, "mnuGrid", "Grid"),
       mnuBackground(frmDraw, "mnuBackground", "Background"),
+      mnuLegend(frmDraw, "mnuLegend", "Color Legend"),
+      mnuDistinctColors(frmDraw, "mnuDistinctColors", "Color-blind safe"),
+      mnuHoleMarks(frmDraw, "mnuHoleMarks", "Hole Marks"),
       mnuSettings(frmDraw, "mnuSettings", "Settings"),
       mnuScaleMenu(frmDraw, "mnuScaleMenu", "Scale"),
       mnuSimulation(frmDraw, "mnuSimulation", "Simulation"),
@@ -146,7 +149,7 @@ void DrawControls::MakeMenus() {
     Put(mnuFile, {&mnuEditor, &mnuRedraw, &mnuAutoFit, &mnuSaveBMP, &mnuSaveClipboard, &mnuSavePicture,
                   &mnuPrint, &mnuPrintPreview, &mnuExit});
     Put(mnuView, {&mnuRadiiArcs, &mnuFillCycles, &mnuProgramWindow, &mnuToolWidth, &mnuToolCenter, &mnuGrid,
-                  &mnuBackground});
+                  &mnuBackground, &mnuLegend, &mnuDistinctColors, &mnuHoleMarks});
     Put(mnuSettings, {&mnuScaleMenu, &mnuSimulation, &mnuAutoRedraw});
     mnuEditor.Shortcut = "F6";
     mnuSavePicture.Shortcut = "Ctrl+Shift+S";
@@ -159,9 +162,11 @@ void DrawControls::MakeMenus() {
 }
 
 void DrawControls::SetDesignMarks() {
-    for (Menu* entry : {&mnuRadiiArcs, &mnuFillCycles, &mnuProgramWindow, &mnuBackground})
+    for (Menu* entry : {&mnuRadiiArcs, &mnuFillCycles, &mnuProgramWindow, &mnuBackground, &mnuDistinctColors,
+                        &mnuHoleMarks})
         entry->Checked = false;
-    for (Menu* entry : {&mnuToolWidth, &mnuToolCenter, &mnuGrid, &mnuAutoRedraw}) entry->Checked = true;
+    for (Menu* entry : {&mnuToolWidth, &mnuToolCenter, &mnuGrid, &mnuAutoRedraw, &mnuLegend})
+        entry->Checked = true;
 }
 
 void DrawControls::PlaceField() {

@@ -30,7 +30,7 @@ struct DrawControls {
     Menu mnuFile, mnuEditor, mnuRedraw, mnuAutoFit, mnuSaveBMP, mnuSaveClipboard, mnuSavePicture, mnuPrint,
         mnuPrintPreview, mnuExit;
     Menu mnuView, mnuRadiiArcs, mnuFillCycles, mnuProgramWindow, mnuToolWidth, mnuToolCenter, mnuGrid,
-        mnuBackground;
+        mnuBackground, mnuLegend, mnuDistinctColors, mnuHoleMarks;
     Menu mnuSettings, mnuScaleMenu, mnuSimulation, mnuAutoRedraw;
     std::array<std::unique_ptr<Menu>, ScaleCount> mnuScale;
     std::array<std::unique_ptr<Menu>, SimulationCount> mnuSim;

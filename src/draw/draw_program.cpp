@@ -105,11 +105,11 @@ void DrawProgram::Run() {
             ++lineIndex_;
         End();
     });
+    field_.DrawFrom(0);
 }
 
 void DrawProgram::Begin() {
     const bool full = pass_ == 1;
-    const bool whiteBackground = controls_.mnuBackground.Checked;
     parts_.View.ShowGridSize();
     itemCount_ = list_.Count();
     if (full) field_.Cls();
@@ -119,7 +119,7 @@ void DrawProgram::Begin() {
     const std::string name(ExtractFileName(shared_.File.lblPath.Caption));
     controls_.lblFileName.Caption = name;
     controls_.frmDraw.Caption = name;
-    if (full) field_.BackColor = whiteBackground ? ink::White : ink::Black;
+    if (full) field_.BackColor = InkOf(Ink::Ground, controls_);
     if (controls_.mnuGrid.Checked && full) parts_.View.MakeGrid();
     if (state_.ZeroX > 0 || state_.ZeroMoved) {
         field_.MoveTo(state_.ZeroX, state_.ZeroY);
@@ -131,6 +131,7 @@ void DrawProgram::Begin() {
     state_.DrawRadius = mill_;
     if (full) {
         parts_.View.MakeZeroPoint();
+        parts_.Strokes.BeginDrawing();
         state_.FirstStroke = field_.OperationsBefore() + static_cast<long long>(field_.Operations().size());
     }
     // The Abort button is there for the whole length of every walk.
@@ -148,7 +149,16 @@ void DrawProgram::Begin() {
     kvt::Run(shared_.StateChanged);
 }
 
+void DrawProgram::RepeatMarks() {
+    field_.ForeColor = InkOf(Ink::Pen, controls_);
+    for (const HoleMark& mark : marks_) {
+        field_.DrawFrom(mark.Row);
+        DrawHoleMark(field_, mark);
+    }
+}
+
 void DrawProgram::End() {
+    if (!state_.Leaving()) RepeatMarks();
     parts_.Sim.EnableControls(true);
     Control* const focused = shared_.Platform.Focus.Focused();
     if (focused && focused->Container == &controls_.frStepControls)
@@ -183,7 +193,7 @@ bool DrawProgram::ProcessLine() {
         kvt::Run(shared_.ShowLine, lineIndex_);
     }
     // PEN: for what has no colour of its own.
-    field_.ForeColor = controls_.mnuBackground.Checked ? ink::Black : ink::White;
+    field_.ForeColor = InkOf(Ink::Pen, controls_);
     // VALUES: the line with the centre keeps the moves of its arc's line.
     ReadCode();
     arcPending_ ? ReadCentre() : ReadValues();
@@ -191,6 +201,7 @@ bool DrawProgram::ProcessLine() {
     pitch_ = Val(feed.substr(!feed.empty() && IsLetter(feed[0]) ? 1 : 0)) * state_.DrawScale;
     startX_ = field_.CurrentX;
     startY_ = field_.CurrentY;
+    field_.DrawFrom(arcPending_ ? arcLine_ : lineIndex_);
     // STROKES: the code draws, waits, and takes the reference of the next absolute move.
     Dispatch();
     if (leave_) return false;

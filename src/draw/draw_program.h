@@ -5,7 +5,10 @@
 
 #include "draw/cycles.h"
 #include "draw/editor_line.h"
+#include "draw/hole_marks.h"
+#include "draw/palette.h"
 #include "draw/program_window.h"
+#include "draw/stroke_guide.h"
 #include "draw/viewport.h"
 
 namespace kvt {
@@ -20,6 +23,7 @@ public:
         Simulation& Sim;
         ProgramWindow& Listing;
         EditorLine& Editor;
+        StrokeGuide& Strokes;
         std::function<void()> PositionControls;
     };
 
@@ -78,10 +82,14 @@ private:
 
     void Arc(bool isG03);
     void FinishingOutline();
-    void FeedPen(Color color);
-    Color Overridden(Color color) const;
-    Color ThreadColor() const;
-    void Reference() { previous_ = current_; }
+    void FeedPen(Ink ink);
+    // The colour of a meaning, or that which the line has in a comment.
+    Color Overridden(Ink ink) const;
+    void Reference();
+    // Marks the pen's place where the line moves the mill's tool down and nothing else.
+    void MarkPlunge();
+    void Mark(HoleMark::Kind what);
+    void RepeatMarks();
     void Wait();
     void FocusStepButton();
     // Whether someone is to see how the drawing grows.
@@ -109,7 +117,10 @@ private:
     std::int32_t callDepth_ = 0;
     bool arcPending_ = false;
     bool arcIsG03_ = false;
+    std::int32_t arcLine_ = 0;
     Pair previous_, current_;
+    double previousZ_ = 0;  // program units, of the last absolute reference
+    std::vector<HoleMark> marks_;
     Pair move_;    // V and H of the line
     Pair centre_;  // CV and CH of an M99
     double arcRadius_ = 0;

@@ -25,7 +25,13 @@ constexpr int frameGap = 20;
 constexpr int roomyWidth = 11100;
 constexpr int wideField = 860;
 constexpr int narrowField = 600;
+constexpr int autoFitWidth = 840;
+constexpr int redrawWidth = 820;
+constexpr int twipsALetter = 110;
+constexpr int letterMargin = 60;
 constexpr int firstScale = 3;
+// How far a press of an arrow key moves the view, in twips.
+constexpr double arrowStep = 900;
 
 // Ends the walk's phase, also when a failure passes through.
 class WalkGuard {
@@ -72,11 +78,13 @@ DrawWindow::DrawWindow(const Parts& parts)
       Sim(parts_),
       Listing(parts_),
       Editor(parts_),
+      Strokes(parts_),
+      Colors(Controls),
       Measure(parts_, Sim, View),
       Bar(parts_, Sim),
       Output(parts_),
-      navigation_(parts_, View, Measure),
-      walkParts_{parts_, View, Sim, Listing, Editor, [this] { PositionControls(); }} {
+      navigation_(parts_, View, Measure, Strokes),
+      walkParts_{parts_, View, Sim, Listing, Editor, Strokes, [this] { PositionControls(); }} {
     parts_.Tell = [this](std::string_view what) {
         if (Tell) Tell(what);
     };
@@ -99,15 +107,19 @@ DrawWindow::DrawWindow(const Parts& parts)
 
 // An entry that changes what is drawn.
 void DrawWindow::WireMenus() {
-    for (Menu* entry :
-         {&Controls.mnuRadiiArcs, &Controls.mnuFillCycles, &Controls.mnuProgramWindow, &Controls.mnuToolWidth,
-          &Controls.mnuToolCenter, &Controls.mnuGrid, &Controls.mnuBackground}) {
+    for (Menu* entry : {&Controls.mnuRadiiArcs, &Controls.mnuFillCycles, &Controls.mnuProgramWindow,
+                        &Controls.mnuToolWidth, &Controls.mnuToolCenter, &Controls.mnuGrid,
+                        &Controls.mnuBackground, &Controls.mnuDistinctColors, &Controls.mnuHoleMarks}) {
         entry->OnClick = [this, entry] {
             entry->Checked = !entry->Checked;
             if (entry == &Controls.mnuFillCycles || entry == &Controls.mnuGrid) SetFillStyle(Controls);
             if (Controls.mnuAutoRedraw.Checked) Redraw();
         };
     }
+    Controls.mnuLegend.OnClick = [this] {
+        Controls.mnuLegend.Checked = !Controls.mnuLegend.Checked;
+        Colors.Show(parts_.Store.IsF1());
+    };
     Controls.mnuAutoRedraw.OnClick = [this] {
         Controls.mnuAutoRedraw.Checked = !Controls.mnuAutoRedraw.Checked;
     };
@@ -119,6 +131,7 @@ void DrawWindow::WireMenus() {
 
 void DrawWindow::WireField() {
     PictureBox& field = Controls.pbxDrawField;
+    field.OnKeyDown = [this](int pressed, int) { pbxDrawField_KeyDown(pressed); };
     field.OnKeyPress = [this](int& character) {
         if (character == key::Enter) State.EndClickWait();
     };
@@ -325,7 +338,15 @@ void DrawWindow::Form_LostFocus() {
 }
 
 void DrawWindow::PlaceFramesInRow() {
-    const bool roomy = Controls.frmDraw.Width >= roomyWidth;
+    // A language may have longer words than English.
+    int longer = 0;
+    for (CommandButton* button : {&Controls.cmdAutoFit, &Controls.cmdRedraw}) {
+        const int least = button == &Controls.cmdAutoFit ? autoFitWidth : redrawWidth;
+        const int characters = static_cast<int>(button->Caption.Get().size());
+        button->Width = std::max(least, characters * twipsALetter + letterMargin);
+        longer += button->Width - least;
+    }
+    const bool roomy = Controls.frmDraw.Width >= roomyWidth + longer;
     Controls.FillFrames(roomy ? wideField : narrowField);
     const Control* before = nullptr;
     for (Control* frame : std::initializer_list<Control*>{
@@ -334,6 +355,7 @@ void DrawWindow::PlaceFramesInRow() {
         // On the mill the next one takes the place of the diameter.
         if (frame == &Controls.frDiameter && !frame->Visible) continue;
         frame->Left = before ? before->Left + before->Width + frameGap : Controls.frDiameter.Left.Get();
+        if (longer > 0 && frame->Left + frame->Width > Controls.frmDraw.Width) frame->Visible = false;
         before = frame;
     }
     int right = 0;
@@ -382,6 +404,7 @@ void DrawWindow::PositionControls() {
         PlaceFramesInRow();
         Bar.Place();
         ShowMenusOfMachine();
+        Colors.Show(parts_.Store.IsF1());
     });
 }
 
@@ -393,6 +416,7 @@ void DrawWindow::ShowMenusOfMachine() {
     }
     Controls.mnuToolWidth.Visible = mill;
     Controls.mnuToolCenter.Visible = mill;
+    Controls.mnuHoleMarks.Visible = mill;
     Controls.mnuFillCycles.Visible = !mill;
     if (mill) Controls.mnuFillCycles.Checked = false;
 }
@@ -427,6 +451,21 @@ void DrawWindow::Form_KeyDown(int pressed) {
         if (one.Does == Zooming::In) View.Zoom(1);
         if (one.Does == Zooming::Out) View.Zoom(-1);
         if (one.Does == Zooming::Draw) Redraw();
+    }
+}
+
+// The arrows move the view over the drawing, the page keys by what is in sight.
+void DrawWindow::pbxDrawField_KeyDown(int pressed) {
+    const double page = Controls.pbxViewWindow.Height * 0.9;
+    switch (pressed) {
+        case key::Left: return View.ScrollBy(-arrowStep, 0);
+        case key::Right: return View.ScrollBy(arrowStep, 0);
+        case key::Up: return View.ScrollBy(0, -arrowStep);
+        case key::Down: return View.ScrollBy(0, arrowStep);
+        case key::PageUp: return View.ScrollBy(0, -page);
+        case key::PageDown: return View.ScrollBy(0, page);
+        case key::Home: return cmdAutoFit_Click();
+        default: return;
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include "draw/draw_bar.h"
 #include "draw/draw_program.h"
+#include "draw/legend.h"
 #include "draw/navigation.h"
 #include "draw/output.h"
 
@@ -35,6 +36,8 @@ public:
     Simulation Sim;
     ProgramWindow Listing;
     EditorLine Editor;
+    StrokeGuide Strokes;
+    Legend Colors;
     Measuring Measure;
     DrawBar Bar;
     DrawingOutput Output;
@@ -91,6 +94,7 @@ private:
     void ShowMenusOfMachine();
     void DrawWhatIsAsked();
     void EndMode();
+    void pbxDrawField_KeyDown(int pressed);
 
     Navigation navigation_;
     DrawProgram::Parts walkParts_;

@@ -6,7 +6,7 @@
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
-#include "draw/ink.h"
+#include "draw/palette.h"
 #include "platform/keys.h"
 #include "program/workbench_calls.h"
 
@@ -190,7 +190,7 @@ void Measuring::ShowPointer(int pointer) {
 
 void Measuring::DrawMark(float x, float y) {
     PictureBox& field = controls_.pbxDrawField;
-    field.ForeColor = controls_.mnuBackground.Checked ? ink::Black : ink::White;
+    field.ForeColor = InkOf(Ink::Pen, controls_);
     field.DrawWidth = 1;
     field.DrawMode = draw_mode::Invert;
     field.Line(x - markArm, y, x + markArm, y);

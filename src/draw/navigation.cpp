@@ -22,11 +22,18 @@ bool Holds(const ScrollBar& bar, double value) { return value >= bar.Lowest() &&
 
 }  // namespace
 
-Navigation::Navigation(DrawParts& parts, Viewport& view, Measuring& measure)
-    : parts_(parts), controls_(parts.Controls), state_(parts.State), view_(view), measure_(measure) {
+Navigation::Navigation(DrawParts& parts, Viewport& view, Measuring& measure, StrokeGuide& strokes)
+    : parts_(parts),
+      controls_(parts.Controls),
+      state_(parts.State),
+      view_(view),
+      measure_(measure),
+      strokes_(strokes) {
     PictureBox& field = controls_.pbxDrawField;
     field.OnMouseMove = [this](int button, int, float x, float y) { pbxDrawField_MouseMove(button, x, y); };
-    field.OnMouseDown = [this](int button, int, float x, float y) { pbxDrawField_MouseDown(button, x, y); };
+    field.OnMouseDown = [this](int button, int shift, float x, float y) {
+        pbxDrawField_MouseDown(button, shift, x, y);
+    };
     field.OnDoubleClick = [this](int button, int, float x, float y) { pbxDrawField_DblClick(button, x, y); };
     field.OnMouseWheel = [this](const WheelTurn& turn) { pbxDrawField_MouseWheel(turn); };
 }
@@ -37,12 +44,18 @@ bool Navigation::MayMoveView() const { return state_.MayWait(); }
 void Navigation::pbxDrawField_MouseMove(int button, float x, float y) {
     if ((button & mouse::Middle) != 0) Pan(double{dragX_} - x, double{dragY_} - y);
     measure_.pbxDrawField_MouseMove(x, y);
+    strokes_.Point(x, y);
 }
 
-void Navigation::pbxDrawField_MouseDown(int button, float x, float y) {
+void Navigation::pbxDrawField_MouseDown(int button, int shift, float x, float y) {
     if (button == mouse::Middle) {
         dragX_ = x;
         dragY_ = y;
+        return;
+    }
+    const bool withCtrl = button == mouse::Left && (shift & mouse::CtrlHeld) != 0;
+    if (withCtrl && strokes_.Press(x, y)) {
+        pressTaken_ = true;
         return;
     }
     pressTaken_ = state_.MeasureClicks != 0 || state_.Walking();
@@ -51,7 +64,7 @@ void Navigation::pbxDrawField_MouseDown(int button, float x, float y) {
 
 // Its first press has begun a measurement, which is withdrawn.
 void Navigation::pbxDrawField_DblClick(int button, float x, float y) {
-    if (pressTaken_ || state_.Walking()) return pbxDrawField_MouseDown(button, x, y);
+    if (pressTaken_ || state_.Walking()) return pbxDrawField_MouseDown(button, 0, x, y);
     if (state_.MeasureClicks != 0) measure_.End();
     view_.Fit();
     view_.DrawAgain();

@@ -6,7 +6,7 @@
 
 #include "basic/number.h"
 #include "draw/in_sight.h"
-#include "draw/ink.h"
+#include "draw/palette.h"
 
 namespace kvt {
 
@@ -147,11 +147,11 @@ void Viewport::MakeZeroPoint() {
     const double y = state_.MarkerY;
     field.DrawWidth = 1;
     // The axes, right across the field.
-    field.ForeColor = ink::Red;
+    field.ForeColor = InkOf(Ink::Axis, controls_);
     field.Line(0, y, field.ScaleWidth(), y);
     field.Line(x, 0, x, field.ScaleHeight());
     // The mark itself has the same size at every scale.
-    field.ForeColor = controls_.mnuBackground.Checked ? ink::Black : ink::White;
+    field.ForeColor = InkOf(Ink::Pen, controls_);
     field.Line(x - crossArm, y, x + crossArm, y);
     field.Line(x, y - crossArm, x, y + crossArm);
     const int fillBefore = field.FillStyle;
@@ -171,7 +171,7 @@ void Viewport::MakeGrid() {
     const float penX = field.CurrentX;
     const float penY = field.CurrentY;
     field.DrawWidth = 1;
-    field.ForeColor = controls_.mnuBackground.Checked ? ink::Yellow : ink::DarkGrey;
+    field.ForeColor = InkOf(Ink::Grid, controls_);
     // The phases put the lines on the zero point mark; the pen is at 0, 0 when the field has just been cleared.
     const auto phase = [&](float marker) { return Remainder(WholePart(marker), WholePart(step)); };
     const double phaseX = phase(state_.MarkerX);

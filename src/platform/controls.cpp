@@ -132,8 +132,22 @@ void TextBox::Append(std::string_view more) {
     Changed(PropertyId::Appended);
 }
 
+// The selection goes first: a handler that runs at the change finds it in the new text.
+void TextBox::SetByHand(const std::string& text, TextSelection selection) {
+    Selection = selection;
+    {
+        const StackGuard guard(byHand_);
+        Text = text;
+    }
+    const std::string& now = Text.Get();
+    if (now == text) return;
+    Edits = {};
+    Selection = TextSelection{std::min(selection.Start, static_cast<int>(now.size())), 0};
+}
+
 void TextBox::Changed(PropertyId id) {
     if (appending_) return;
+    if ((id == PropertyId::Text && !byHand_) || id == PropertyId::Appended) Edits = {};
     if (id == PropertyId::Text) {
         const int length = static_cast<int>(Text.Get().size());
         const TextSelection selection = Selection.Get();

@@ -54,6 +54,9 @@ public:
     // Puts an empty row at a place, 1 to Count + 1; the selected row stays selected.
     ListRow& InsertRow(int row);
     void RemoveRow(int row);
+    // Puts so many empty rows in the place of so many from a row on; the selected row keeps its place. The view is not
+    // told. Rows outside are error 9.
+    void ReplaceRows(int row, int removed, int inserted);
     void Clear();
 
     // 0 where the list is empty. Selecting by code calls no click handler; an index outside is error 9.
@@ -65,6 +68,8 @@ public:
     void EnsureVisible(int row);
     // Scrolls so that a row is the first in sight; an index outside is error 9.
     void ScrollTo(int row);
+    // The row that has a mark at its edge; 0 for none.
+    Property<int> MarkedRow{*this, PropertyId::MarkedRow};
     // How many rows are in sight, at least 1: those that a view has told, or what the list's height shows.
     int VisibleRows() const;
     void SetRowsInSight(int rows) { rowsInSight_ = rows; }
@@ -85,12 +90,17 @@ public:
     static constexpr int HeaderHeight = 300;
     static constexpr int RowHeight = 255;
 
+    // Another row is selected, by hand or by code, or the rows have changed.
+    std::function<void()> OnSelection;
     // What is to be known about a cell beyond its text, its lines ended by CR LF: a tool tip. Empty for nothing.
     std::function<std::string(int row, int subItem)> CellToolTip;
 
     std::function<void(int header)> OnColumnClick;
     // The right button was pressed; the row under the pointer is selected by then.
     std::function<void()> OnRightClick;
+
+protected:
+    void Changed(PropertyId id) override;
 
 private:
     [[noreturn]] static void NoSuchRow();

@@ -74,8 +74,10 @@ void PictureBox::Add(const DrawOperation& operation) {
     if (operations_.size() >= MostOperations && OnFull && OnFull()) {
         before_ += static_cast<long long>(operations_.size());
         operations_.clear();
+        sources_.Clear();
         operations_.push_back({.What = OperationKind::Picture});
     }
+    sources_.Added(operations_.size());
     operations_.push_back(operation);
     Control::Changed(PropertyId::Operations);
 }
@@ -83,9 +85,15 @@ void PictureBox::Add(const DrawOperation& operation) {
 void PictureBox::BeginList() {
     before_ += static_cast<long long>(operations_.size());
     operations_.clear();
+    sources_.Clear();
     Flattened = {};
     operations_.push_back({.What = OperationKind::Clear, .Ink = BackColor});
     Control::Changed(PropertyId::Operations);
+}
+
+FieldPlace PictureBox::EndOf(const SourceRun& run) const {
+    if (sources_.IsOpen(run)) return {true, CurrentX, CurrentY};
+    return {true, run.EndX, run.EndY};
 }
 
 // The pen stays where it is.

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/controls.h"
+#include "platform/operation_sources.h"
 #include "platform/pictures.h"
 
 namespace kvt {
@@ -90,6 +91,10 @@ public:
     // A small cross that a view shows over the drawing. It is no operation: no output has it.
     Property<FieldPlace> Cross{*this, PropertyId::Cross};
 
+    // What came from these sources is shown lit up. It is no operation: no output has it.
+    Property<SourceRange> Lit{*this, PropertyId::Lit};
+    Property<Color> LitColor{*this, PropertyId::Lit, 0x00AAFF};
+
     int ScaleWidth() const { return Width; }
     int ScaleHeight() const { return Height; }
 
@@ -104,6 +109,13 @@ public:
     // A circle, or an arc counter-clockwise from start to end (radians); the pen ends at the centre.
     void Circle(double x, double y, double radius);
     void Circle(double x, double y, double radius, double start, double end);
+
+    // What is drawn from here on comes from a source of this number, such as a row of a program; 0 for none.
+    void DrawFrom(int source) { sources_.Begin(source, CurrentX, CurrentY); }
+    // Which sources the operations came from; of those that were exchanged for a picture nothing is known any more.
+    const OperationSources& Sources() const { return sources_; }
+    // Where the pen stood when a run was through; where it stands for the one under way.
+    FieldPlace EndOf(const SourceRun& run) const;
 
     // Since the last clearing, which comes first.
     const std::vector<DrawOperation>& Operations() const { return operations_; }
@@ -132,6 +144,7 @@ private:
     void BeginList();
 
     std::vector<DrawOperation> operations_;
+    OperationSources sources_;
     long long before_ = 0;
 };
 

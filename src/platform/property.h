@@ -43,7 +43,11 @@ enum class PropertyId : std::uint8_t {
     Section,
     Sought,
     Cross,
+    Lit,
+    AccessibleName,
     Area,
+    Lead,
+    MarkedRow,
 };
 
 namespace detail {

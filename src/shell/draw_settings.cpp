@@ -28,6 +28,8 @@ constexpr Mark marks[] = {
     {"ToolCenter", &DrawControls::mnuToolCenter}, {"FillCycles", &DrawControls::mnuFillCycles},
     {"Program", &DrawControls::mnuProgramWindow}, {"Grid", &DrawControls::mnuGrid},
     {"Background", &DrawControls::mnuBackground}, {"AutoRedraw", &DrawControls::mnuAutoRedraw},
+    {"Legend", &DrawControls::mnuLegend},         {"DistinctColors", &DrawControls::mnuDistinctColors},
+    {"HoleMarks", &DrawControls::mnuHoleMarks},
 };
 
 // A window far out is brought back, one beyond the edge to it.

@@ -4,6 +4,7 @@
 #include "editor/calculated_inputs.h"
 #include "editor/code_choice.h"
 #include "editor/conversion.h"
+#include "editor/entry_target.h"
 #include "editor/feed_presets.h"
 #include "editor/find_window.h"
 #include "editor/keyboard_entry.h"
@@ -11,6 +12,7 @@
 #include "files/cnc_reader.h"
 #include "files/cnc_writer.h"
 #include "files/pre_processor.h"
+#include "files/program_history.h"
 #include "files/program_print.h"
 #include "interpreter/view_options.h"
 #include "program/machine_controls.h"
@@ -22,6 +24,7 @@
 #include "shell/help_documents.h"
 #include "shell/info_page.h"
 #include "shell/language.h"
+#include "shell/language_menu.h"
 #include "shell/layout.h"
 #include "shell/machine_display.h"
 #include "shell/main_controls.h"
@@ -34,6 +37,7 @@
 #include "shell/sample_menu.h"
 #include "shell/settings.h"
 #include "shell/settings_keys.h"
+#include "shell/undoing.h"
 #include "shell/user_data.h"
 #include "shell/window_modes.h"
 #include "shell/window_size.h"
@@ -47,6 +51,7 @@ namespace kvt {
 class Workbench {
 public:
     explicit Workbench(Services& services);
+    ~Workbench();
     Workbench(const Workbench&) = delete;
     Workbench& operator=(const Workbench&) = delete;
 
@@ -90,6 +95,7 @@ private:
     KeyboardEntry keyboard_;
 
 public:
+    ProgramHistory History;
     CncWriter Writer;
     CncReader Reader;
     TransferControls Transfer;
@@ -112,6 +118,7 @@ private:
 
 public:
     PreProcessor Import;
+    LanguageMenu Languages;
 
 private:
     ControlTable table_;
@@ -123,8 +130,10 @@ public:
 
 private:
     WindowSize size_;
+    EntryTarget target_;
     MenuStates states_;
     Overlays overlays_;
+    Undoing undoing_;
     ProgramClearing clearing_;
 
 public:
@@ -170,6 +179,8 @@ private:
 
     void Form_Activate();
     void tmr1sec_Timer();
+    // Behind every handler: what shows the state that handlers change.
+    void Handled();
     // The title: the file's name, and a mark while the program has changed.
     void RefreshTitle();
     void OpenFile(std::string name);
@@ -186,6 +197,8 @@ private:
     void mnuCalculator_Click();
     void mnuDraw_Click();
     void ShowEditor();
+    // Opens a row of the list from another window, as a click on it does; nothing where that could not be clicked.
+    void OpenRow(int row);
     void FocusCode();
 
     void FindFolders();
