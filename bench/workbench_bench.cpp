@@ -37,7 +37,7 @@ private:
 // A workbench with a program in it.
 struct Loaded {
     explicit Loaded(const std::string& text)
-        : File(text), Bench(std::make_unique<Workbench>(Platform.Services)) {
+        : File(text), Workbench(std::make_unique<kvt::Workbench>(Platform.Services)) {
         Load();
     }
     void Load() {
@@ -46,23 +46,23 @@ struct Loaded {
     }
     ProgramFile File;
     MemoryPlatform Platform;
-    std::unique_ptr<Workbench> Bench;
+    std::unique_ptr<kvt::Workbench> Workbench;
 };
 
 void CheckPass210(benchmark::State& state) {
     Loaded loaded(ProgramText(machines[state.range(0)], 210));
-    if (!(loaded.Workbench->Results.lblPPLinesExe.Caption == "210"))
+    if (!(loaded.Bench->Results.lblPPLinesExe.Caption == "210"))
         state.SkipWithError("not every line has run");
-    for (auto _ : state) loaded.Workbench->Interpreter.Interpreter();
+    for (auto _ : state) loaded.Bench->Interpreter.Interpreter();
     state.SetLabel(machines[state.range(0)]);
 }
 BENCHMARK(CheckPass210)->DenseRange(0, 2)->Unit(benchmark::kMicrosecond);
 
 void CheckPassGrowth(benchmark::State& state) {
     Loaded loaded(ProgramText("MK4", static_cast<int>(state.range(0))));
-    loaded.Workbench->Store.DisableLimitsCheck = true;
-    loaded.Workbench->Store.LimitValues.Fill(true);
-    for (auto _ : state) loaded.Workbench->Interpreter.Interpreter();
+    loaded.Bench->Store.DisableLimitsCheck = true;
+    loaded.Bench->Store.LimitValues.Fill(true);
+    for (auto _ : state) loaded.Bench->Interpreter.Interpreter();
 }
 BENCHMARK(CheckPassGrowth)->Arg(200)->Arg(2000)->Arg(20000)->Unit(benchmark::kMicrosecond);
 
@@ -70,7 +70,7 @@ BENCHMARK(CheckPassGrowth)->Arg(200)->Arg(2000)->Arg(20000)->Unit(benchmark::kMi
 // short texts.
 void Yardstick210(benchmark::State& state) {
     Loaded loaded(ProgramText("MK4", 210));
-    ListView& list = loaded.Workbench->Store.lvCncProgram;
+    ListView& list = loaded.Bench->Store.lvCncProgram;
     for (auto _ : state) {
         for (int i = 1; i <= 210; ++i) {
             ListRow& row = list.Row(i);
@@ -103,9 +103,45 @@ void Load210(benchmark::State& state) {
 }
 BENCHMARK(Load210)->DenseRange(0, 2)->Unit(benchmark::kMicrosecond);
 
+// A step back and forward, of one line and of all of them; the check is part of each.
+void Undo210(benchmark::State& state) {
+    Loaded loaded(ProgramText("MK4", 209));
+    Workbench& bench = *loaded.Bench;
+    bench.History.Start();
+    const bool all = state.range(0) != 0;
+    if (all) {
+        bench.Machine.mnuMMtoINCH.Click();
+    } else {
+        bench.Store.lvCncProgram.Select(100);
+        bench.Entry.chkSettingsDWC.Value = 1;
+        bench.Lines.LineDelete();
+    }
+    if (bench.History.Steps() != 1) state.SkipWithError("there is no step");
+    for (auto _ : state) {
+        bench.Main.mnuUndo.Click();
+        bench.Main.mnuRedo.Click();
+    }
+    state.SetLabel(all ? "conversion, twice" : "line, twice");
+}
+BENCHMARK(Undo210)->DenseRange(0, 1)->Unit(benchmark::kMicrosecond);
+
+// A line that is inserted, with what its step costs.
+void Insert209(benchmark::State& state) {
+    Loaded loaded(ProgramText("MK4", 209));
+    Workbench& bench = *loaded.Bench;
+    bench.Store.DisableLimitsCheck = true;
+    bench.History.Start();
+    for (auto _ : state) {
+        bench.Store.lvCncProgram.Select(100);
+        bench.Lines.LineInsert();
+        bench.Main.mnuUndo.Click();
+    }
+}
+BENCHMARK(Insert209)->Unit(benchmark::kMicrosecond);
+
 void Write210(benchmark::State& state) {
     Loaded loaded(ProgramText(machines[state.range(0)], 210));
-    for (auto _ : state) benchmark::DoNotOptimize(loaded.Workbench->Writer.GenerateAll());
+    for (auto _ : state) benchmark::DoNotOptimize(loaded.Bench->Writer.GenerateAll());
     state.SetLabel(machines[state.range(0)]);
 }
 BENCHMARK(Write210)->DenseRange(0, 2)->Unit(benchmark::kMicrosecond);
@@ -131,7 +167,7 @@ BENCHMARK(CheckJson210)->Unit(benchmark::kMicrosecond);
 // One full Redraw, grid and zero point with it, as every edit asks for it.
 void Draw(benchmark::State& state, const char* machine, int lines) {
     Loaded loaded(ProgramText(machine, lines));
-    DrawWindow& draw = loaded.Workbench->Draw;
+    DrawWindow& draw = loaded.Bench->Draw;
     draw.Show();
     for (auto _ : state) draw.Redraw();
     state.SetLabel(std::string(machine) + ", " +

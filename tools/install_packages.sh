@@ -1,24 +1,31 @@
 #!/usr/bin/env bash
 # Installs those packages of tools/packages.txt that this machine lacks.
 #
-# Usage: tools/install_packages.sh [build]
-#   build   only the packages that building and running need; without it all of them
+# Usage: tools/install_packages.sh [--yes] [build|check]
+#   build   only the packages that building and running need; without it those of the tests too
+#   check   those of the further checks of .ci/run besides, which do without what is not there
+#   --yes   uses sudo, where it needs it, without asking
+# Whoever is not root is asked before sudo is used; where nobody can answer, it tells what is missing and ends.
 set -euo pipefail
 
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-group=${1:-all}
-case $group in
-    all | build) ;;
-    *) echo "usage: tools/install_packages.sh [build]" >&2; exit 2 ;;
-esac
+group=test
+sure=no
+for word; do
+    case $word in
+        build | check) group=$word ;;
+        --yes) sure=yes ;;
+        *) echo "usage: tools/install_packages.sh [--yes] [build|check]" >&2; exit 2 ;;
+    esac
+done
 
-# Names of the group, a line each: comments and blanks off, what stands under "# [test]" only for all.
+# Names of the group, a line each: comments and blanks off. A group has those before it in the list too.
 names() {
-    if [ "$group" = build ]; then
-        sed '/^# \[test\]/,$d' "$here/packages.txt"
-    else
-        cat "$here/packages.txt"
-    fi | sed -e 's/#.*//' -e 's/[[:space:]]//g' -e '/^$/d'
+    case $group in
+        build) sed '/^# \[test\]/,$d' "$here/packages.txt" ;;
+        test) sed '/^# \[check\]/,$d' "$here/packages.txt" ;;
+        check) cat "$here/packages.txt" ;;
+    esac | sed -e 's/#.*//' -e 's/[[:space:]]//g' -e '/^$/d'
 }
 mapfile -t wanted < <(names)
 
@@ -43,6 +50,18 @@ if [ "$(id -u)" -ne 0 ]; then
         exit 1
     fi
     as_root=(sudo)
+    echo "These packages are missing: ${missing[*]}" >&2
+    if [ $sure = no ] && [ ! -t 0 ]; then
+        echo "install_packages: nothing was installed; --yes installs them with sudo apt-get" >&2
+        exit 1
+    fi
+    if [ $sure = no ]; then
+        read -r -p "Install them with sudo apt-get? [y/N] " answer || answer=
+        case $answer in
+            y | Y | yes | Yes | YES) ;;
+            *) echo "install_packages: nothing was installed" >&2; exit 1 ;;
+        esac
+    fi
 fi
 
 echo "Installing: ${missing[*]}" >&2

@@ -1,8 +1,16 @@
 #!/bin/sh
 # Makes the help documents as pages to be read without the program, docs/help/.
 # Usage: tools/make_help.sh [MAKE_HELP]   (that of build/release where none is named)
+#        tools/make_help.sh --check MAKE_HELP    only compares the pages with what would be made
 set -eu
 cd "$(dirname "$0")/.."
+if [ "${1:-}" = --check ]; then
+    made=$(mktemp -d)
+    trap 'rm -rf "$made"' EXIT
+    "$2" help "$made"
+    diff -r -q -x README.md docs/help "$made"
+    exit
+fi
 rm -rf docs/help
 mkdir -p docs/help
 "${1:-build/release/bin/make_help}" help docs/help

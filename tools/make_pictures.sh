@@ -1,8 +1,19 @@
 #!/bin/sh
 # Draws the tool path of every sample into docs/pictures/, and takes pictures of the window into docs/pictures/window/.
 # Usage: tools/make_pictures.sh [KVTC [KVT_PICTURES]]   (those of build/release and build/dev where none is named)
+#        tools/make_pictures.sh --check KVTC    only compares the tool paths with what would be drawn
 set -eu
 cd "$(dirname "$0")/.."
+if [ "${1:-}" = --check ]; then
+    made=$(mktemp -d)
+    trap 'rm -rf "$made"' EXIT
+    for program in samples/*.cnc; do
+        name=$(basename "$program" .cnc).svg
+        "$2" draw "$program" -o "$made/$name" || [ $? -eq 1 ]
+        cmp "docs/pictures/$name" "$made/$name"
+    done
+    exit
+fi
 kvtc=${1:-build/release/bin/kvtc}
 mkdir -p docs/pictures
 for program in samples/*.cnc; do

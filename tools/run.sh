@@ -1,23 +1,29 @@
 #!/usr/bin/env bash
 # Builds the workbench and opens it.
 #
-# Usage: tools/run.sh [FILE]
+# Usage: tools/run.sh [--yes] [FILE]
 #   With a display the window opens, with FILE in it if one is named. Without one, FILE is checked in the
 #   terminal, and its exit status is that of kvtc check. Its drawing goes beside FILE; to build/drawings where FILE
 #   is one of this project's own, its folder can't be written, or a file of that name is no drawing of kvtc's.
+#   With --yes missing packages are installed with sudo without a question.
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+sure=()
+if [ "${1:-}" = --yes ]; then
+    sure=(--yes)
+    shift
+fi
 if [ $# -gt 1 ] || [[ ${1:-} == -* ]]; then
-    echo "usage: tools/run.sh [FILE]" >&2
+    echo "usage: tools/run.sh [--yes] [FILE]" >&2
     exit 2
 fi
 
 # What comes of the building goes to standard error, so that the output is the workbench's alone.
-"$root/tools/install_packages.sh" build
+"$root/tools/install_packages.sh" "${sure[@]}" build
 (
     cd "$root"
-    cmake --preset release --log-level=WARNING
+    cmake --preset release -DKVT_CCACHE=ON --log-level=WARNING
     cmake --build --preset release --target apps
 ) >&2
 bin=$root/build/release/bin

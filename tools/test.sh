@@ -1,9 +1,18 @@
 #!/usr/bin/env bash
-# Builds the workbench with sanitizers and runs its tests. Arguments go to ctest: tools/test.sh -R Editor
+# Builds the workbench with sanitizers and runs its tests.
+#
+# Usage: tools/test.sh [--yes] [ARGUMENT...]
+#   --yes   missing packages are installed with sudo without a question
+#   What follows goes to ctest: tools/test.sh -R Editor
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-"$root/tools/install_packages.sh"
+sure=()
+if [ "${1:-}" = --yes ]; then
+    sure=(--yes)
+    shift
+fi
+"$root/tools/install_packages.sh" "${sure[@]}"
 cd "$root"
 cmake --preset dev --log-level=WARNING
 cmake --build --preset dev

@@ -1,18 +1,23 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <string>
 
 #include "basic/code_page.h"
+#include "basic/installation.h"
+#include "basic/line_end.h"
 #include "basic/number.h"
 #include "basic/text.h"
 #include "files/iso/converter.h"
 #include "headless/memory_platform.h"
+#include "program/machine.h"
+#include "shell/program_usage.h"
 #include "shell/workbench.h"
 
 // The pre-processor for ISO code: iso2emco.MK2, iso2emco.MK4 or iso2emco.F1 FILE. The machine is the one that its
-// own name ends in. It leaves FILE.~pp, the program, with FILE.~ppINFO where there is something to know; or
-// FILE.~ppERR, why there is none.
+// own name ends in; as iso2emco it is told by --machine. It leaves FILE.~pp, the program, with FILE.~ppINFO where there is
+// something to know; or FILE.~ppERR, why there is none.
 namespace {
 
 using namespace kvt;
@@ -20,15 +25,9 @@ using namespace kvt;
 constexpr int wrongUsage = 2;
 constexpr int notConverted = 1;
 
-bool MachineOf(std::string_view ownName, iso::Machine& machine) {
-    constexpr std::pair<std::string_view, iso::Machine> machines[] = {
-        {"MK2", iso::Machine::MK2}, {"MK4", iso::Machine::MK4}, {"F1", iso::Machine::F1}};
-    for (const auto& [name, one] : machines) {
-        if (!EqualIgnoringCase(ownName.substr(ownName.rfind('.') + 1), name)) continue;
-        machine = one;
-        return true;
-    }
-    return false;
+// The machine that a file's name ends in.
+std::optional<MachineModel> MachineOf(std::string_view name) {
+    return MachineNamed(name.substr(name.rfind('.') + 1));
 }
 
 // What the check of the workbench finds in the program, as a refusal that names the line of the ISO program.
@@ -58,11 +57,11 @@ void CheckAsTheMachine(const std::string& file, const iso::MachineProgram& progr
 // Why there is no program.
 int Refuse(DiskFiles& files, const std::string& file, const std::string& why) {
     if (files.Exists(file + ".~pp")) files.Delete(file + ".~pp");
-    files.WriteNew(file + ".~ppERR", why + ".\r\n");
+    files.WriteNew(file + ".~ppERR", why + "." + std::string(LineEnd));
     return notConverted;
 }
 
-int Convert(DiskFiles& files, const std::string& file, iso::Machine machine) {
+int Convert(DiskFiles& files, const std::string& file, MachineModel machine) {
     const std::string result = file + ".~pp";
     try {
         std::string text = files.ReadWhole(file);
@@ -72,7 +71,7 @@ int Convert(DiskFiles& files, const std::string& file, iso::Machine machine) {
         files.WriteNew(result, FileText(program));
         CheckAsTheMachine(result, program);
         std::string remarks;
-        for (const std::string& remark : converter.Remarks()) remarks += remark + "\r\n";
+        for (const std::string& remark : converter.Remarks()) remarks.append(remark).append(LineEnd);
         if (!remarks.empty()) files.WriteNew(file + ".~ppINFO", remarks);
         return 0;
     } catch (const iso::Refusal& refusal) {
@@ -95,18 +94,40 @@ std::string NameOfFile(const std::vector<std::string>& arguments) {
     return name;
 }
 
+// Reads the options under a name that is no machine's, and takes them off the words; nothing is left where they ask for
+// something that there is not. False where they have been answered.
+bool ReadOptions(std::vector<std::string>& words, std::optional<MachineModel>& machine) {
+    const auto asked = [&](std::string_view brief, std::string_view name) {
+        return words.size() == 1 && (words[0] == brief || words[0] == name);
+    };
+    if (asked("-v", "--version")) return std::printf("iso2emco %s\n", VersionText().c_str()), false;
+    if (asked("-h", "--help")) return std::fputs(HelpText(PreProcessorUsage()).c_str(), stdout), false;
+    if (words.size() >= 3 && words[0] == "--machine") machine = MachineOf(words[1]);
+    words.erase(words.begin(), machine ? words.begin() + 2 : words.end());
+    if (!words.empty() && words[0] == "--") words.erase(words.begin());
+    return true;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    iso::Machine machine = iso::Machine::MK4;
-    if (argc < 2 || !MachineOf(argv[0], machine)) {
-        std::fputs("usage: iso2emco.MK2|iso2emco.MK4|iso2emco.F1 FILE\n", stderr);
+    std::optional<MachineModel> machine = MachineOf(argv[0]);
+    std::vector<std::string> words(argv + 1, argv + argc);
+    if (!machine && !ReadOptions(words, machine)) return 0;
+    if (words.empty() || !machine) {
+        std::string machines, names;
+        for (const MachineFacts& one : Machines()) {
+            machines += (machines.empty() ? "" : "|") + std::string(one.Name);
+            names += (names.empty() ? "iso2emco." : "|iso2emco.") + std::string(one.Name);
+        }
+        std::fputs(("usage: iso2emco --machine " + machines + " FILE, or " + names + " FILE\n").c_str(),
+                   stderr);
         return wrongUsage;
     }
-    const std::string name = NameOfFile({argv + 1, argv + argc});
+    const std::string name = NameOfFile(words);
     // A file that may not grow any more is a write that fails.
     std::signal(SIGXFSZ, SIG_IGN);
     DiskFiles files;
     return RunMain("iso2emco: " + name, wrongUsage,
-                   [&] { return Convert(files, NameFromSystem(name), machine); });
+                   [&] { return Convert(files, NameFromSystem(name), *machine); });
 }

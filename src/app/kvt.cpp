@@ -11,20 +11,22 @@
 #include <vector>
 
 #include "basic/failure.h"
+#include "basic/installation.h"
 #include "desktop/application.h"
 #include "desktop/desktop_platform.h"
 #include "desktop/end_signals.h"
 #include "desktop/form_view.h"
 #include "desktop/text.h"
 #include "files/folders.h"
+#include "shell/program_usage.h"
 #include "shell/workbench.h"
 #include "system/disk_files.h"
+#include "system/pre_processor_copies.h"
 #include "system/system_programs.h"
 
 namespace {
 
 constexpr const char* programName = "Kestrel Vise Toolkit";
-constexpr const char* version = "1.0.0";
 constexpr int wrongUsage = 2;
 constexpr int failed = 1;
 constexpr int lookInterval = 50;  // milliseconds
@@ -36,21 +38,23 @@ struct Options {
     double Scale = 0;  // 0 for that of the screen
     QString Screenshot;
     QString DrawScreenshot;
+    bool New = false;
+    bool Receive = false;
 };
 
+// The options of the table; help and version are the parser's own.
 void Describe(QCommandLineParser& parser) {
-    parser.setApplicationDescription(
-        QStringLiteral("Workbench for the CNC programs of small lathes and mills."));
+    const kvt::ProgramUsage& usage = kvt::WindowUsage();
+    parser.setApplicationDescription(QString::fromStdString(usage.Text));
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The program to open."),
-                                 QStringLiteral("[FILE]"));
+                                 QString::fromStdString(usage.Words));
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addOptions(
-        {{QStringLiteral("scale"), QStringLiteral("Size of everything, 1 to 2."), QStringLiteral("F")},
-         {QStringLiteral("screenshot"), QStringLiteral("Show the window, save a picture of it and end."),
-          QStringLiteral("PNG")},
-         {QStringLiteral("screenshot-draw"), QStringLiteral("The same with the drawing of the program."),
-          QStringLiteral("PNG")}});
+    for (const kvt::UsageOption& option : usage.Options) {
+        if (option.Names[1] != '-') continue;
+        parser.addOption({QString::fromStdString(option.Names.substr(2)),
+                          QString::fromStdString(option.Text + "."), QString::fromStdString(option.Value)});
+    }
 }
 
 // Help and version need no display. True when one of them was asked for.
@@ -62,7 +66,7 @@ bool TellAboutIt(int argc, char** argv) {
     // What is meant for the toolkit is unknown here.
     parser.parse(arguments);
     if (parser.isSet(QStringLiteral("version"))) {
-        std::printf("kvt %s\n", version);
+        std::printf("kvt %s\n", kvt::VersionText().c_str());
         return true;
     }
     if (!parser.isSet(QStringLiteral("help"))) return false;
@@ -86,6 +90,12 @@ bool Read(const QStringList& arguments, Options& options, QString& problem) {
     }
     // Whole, since it becomes the last file of a run that may start elsewhere.
     if (!files.isEmpty()) options.File = QFileInfo(files.constFirst()).absoluteFilePath();
+    options.New = parser.isSet(QStringLiteral("new"));
+    options.Receive = parser.isSet(QStringLiteral("receive"));
+    if (options.New && !files.isEmpty()) {
+        problem = QStringLiteral("--new takes no file");
+        return false;
+    }
     options.Screenshot = parser.value(QStringLiteral("screenshot"));
     options.DrawScreenshot = parser.value(QStringLiteral("screenshot-draw"));
     if (!parser.isSet(QStringLiteral("scale"))) return true;
@@ -112,19 +122,20 @@ void WhenPainted(QMainWindow& window, const std::function<void()>& then) {
     clock->start(lookInterval);
 }
 
-// The pre-processors that the installation brings lie beside the program or in its share of the data. Those that
-// the user's folder does not have yet are put there.
-void BringPreProcessors(const std::string& dataFolder) {
-    namespace fs = std::filesystem;
-    const fs::path here = QApplication::applicationDirPath().toStdString();
-    const fs::path target = kvt::NameForSystem(kvt::FoldersBelow(dataFolder).PreProcessorFolder);
-    std::error_code ignored;
-    for (const fs::path& folder : {here / "preprocessors", here / "../share/kvt/preprocessors"}) {
-        for (const fs::directory_entry& file : fs::directory_iterator(folder, ignored)) {
-            fs::create_directories(target, ignored);
-            fs::copy_file(file.path(), target / file.path().filename(), ignored);
-        }
-    }
+// The pre-processors lie beside the program in a build, and where an installation has them.
+void BringPreProcessors(kvt::FileService& files, const std::string& dataFolder) {
+    const kvt::Folders folders = kvt::FoldersBelow(dataFolder);
+    const std::filesystem::path here = QApplication::applicationDirPath().toStdString();
+    kvt::SuppliedRecord record(files, folders.SuppliedFile());
+    for (const std::string& installed : {std::string("preprocessors"), kvt::PreProcessorsFromPrograms()})
+        kvt::BringPreProcessors(here / installed, kvt::NameForSystem(folders.PreProcessorFolder), record);
+    record.Write();
+}
+
+// What the command line asks for besides a file.
+void Begin(kvt::Workbench& workbench, const Options& options) {
+    if (options.New && workbench.Main.mnuNew.Enabled) workbench.Main.mnuNew.Click();
+    if (options.Receive && workbench.Transfer.mnuRX.Enabled) workbench.Transfer.mnuRX.Click();
 }
 
 int RunProgram(int argc, char** argv) {
@@ -133,6 +144,10 @@ int RunProgram(int argc, char** argv) {
     if (TellAboutIt(argc, argv)) return 0;
     kvt::Application application(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(programName));
+    // By this name the desktops that know no icons of windows find the installed one.
+    QGuiApplication::setDesktopFileName(QStringLiteral("kvt"));
+    // While the window is on its way to the screen.
+    QTimer::singleShot(0, &application, [] { QApplication::setWindowIcon(kvt::ProgramIcon()); });
     Options options;
     QString problem;
     if (!Read(QApplication::arguments(), options, problem)) {
@@ -142,18 +157,21 @@ int RunProgram(int argc, char** argv) {
 
     kvt::DiskFiles files;
     kvt::SystemPrograms programs;
-    kvt::DesktopPlatform platform(files, programs,
-                                  options.Scale > 0 ? options.Scale : kvt::DesktopPlatform::ScreenFactor());
+    const kvt::FormFont font =
+        options.Scale > 0 ? kvt::FontForFactor(QApplication::font(), options.Scale)
+                          : kvt::DesktopPlatform::FontOfScreen({kvt::SmallestWidth, kvt::LeastHeight});
+    kvt::DesktopPlatform platform(files, programs, font);
     kvt::DesktopSystem& system = platform.Desktop.System;
     files.SetDataFolder(kvt::FoldersBelow(system.LocalDataFolder()).DataFolder);
     files.RemoveLeftovers();
     kvt::InstallResetCopies(files, system.LocalDataFolder());
-    BringPreProcessors(system.LocalDataFolder());
+    BringPreProcessors(files, system.LocalDataFolder());
     kvt::Workbench workbench(platform.Services);
     workbench.Help.StartFolder = kvt::PathText(QApplication::applicationDirPath()) + "/";
     // In quotes, so that the name keeps the blanks at its ends.
     workbench.Form_Load(options.File.isEmpty() ? std::string() : "\"" + kvt::PathText(options.File) + "\"");
     if (system.Ended()) return 0;
+    Begin(workbench, options);
 
     kvt::Form& main = workbench.frmMain;
     // The windows that the workbench shows later are made with it; they stay hidden until then.

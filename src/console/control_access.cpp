@@ -79,6 +79,11 @@ struct PropertyAccess {
 constexpr PropertyAccess properties[] = {
     {"text", Text},
     {"caption", Caption},
+    {"lead",
+     [](const Control& c) {
+         const auto* const frame = dynamic_cast<const Frame*>(&c);
+         return frame && !frame->Lead.Empty() ? Found(frame->Lead.Get()) : std::nullopt;
+     }},
     {"value",
      [](const Control& c) {
          return As<CheckBox, OptionButton, TabStrip, ScrollBar, UpDown, ProgressBar>(

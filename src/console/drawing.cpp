@@ -170,6 +170,11 @@ int DrawAsJson(const std::vector<std::string>& files) {
     return worst;
 }
 
+std::string DrawingAsSvg(const std::string& file) {
+    const DrawnFile drawn(file);
+    return drawn.Loaded.Error() ? std::string() : drawn.Loaded.Workbench->Draw.Output.Picture(".SVG");
+}
+
 int DrawPicture(const std::string& file, const std::string& out) {
     const std::string kind = PictureKindOf(out);
     if (!IsPictureKind(kind)) {

@@ -20,6 +20,9 @@ std::optional<std::string> OperationField(const DrawOperation& operation, std::s
 // The drawing of each file as one array of operations a line. The worst status of all files.
 int DrawAsJson(const std::vector<std::string>& files);
 
+// The drawing of a program as SVG; empty where there is no program.
+std::string DrawingAsSvg(const std::string& file);
+
 // The drawing of a file as a picture: .svg, .pdf, .png or .bmp. It never takes the place of the program itself.
 int DrawPicture(const std::string& file, const std::string& out);
 

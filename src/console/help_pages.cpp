@@ -37,7 +37,7 @@ bool WriteAll(const fs::path& file, const std::string& text) {
 // A small program of a document, typed in as a user does it, and drawn on white.
 class Example {
 public:
-    explicit Example(const HelpBlock& block)
+    Example(const HelpBlock& block, const std::string& languageModule)
         : block_(block),
           workbench_(std::make_unique<Workbench>(platform_.Services)),
           window_(workbench_->Draw.Controls.frmDraw, platform_.Screen, platform_.Focus) {
@@ -54,6 +54,8 @@ public:
             throw HelpFault{block.Line - 1, failed ? "the check finds " + FirstFinding()
                                                    : std::string("the check finds no error")};
         }
+        // Heads and findings of the listing; the lines are entered by the letters of the English labels.
+        workbench_->Modules.LoadLanguageModule(languageModule);
     }
 
     std::string Listing() const {
@@ -204,7 +206,7 @@ void MakePage(const fs::path& source, const fs::path& folder) {
         return table;
     };
     inserts.Example = [&](const HelpBlock& block) {
-        Example example(block);
+        Example example(block, ModuleOf(source.parent_path()));
         double width = 0;
         double height = 0;
         const std::string svg = example.Draw(width, height);

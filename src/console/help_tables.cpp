@@ -75,6 +75,10 @@ public:
 
     const Texts& Language() const { return workbench_->Language; }
     bool IsMK2() const { return workbench_->Store.IsMK2(); }
+    // Of the section of a code; the mill shares a document with a lathe.
+    std::string AnchorOf(const std::string& code) const {
+        return HelpDocuments::AnchorOf(workbench_->Store.Machine, code);
+    }
 
     std::vector<const ListBox*> Lists() const {
         const CodeLists& lists = workbench_->Lists;
@@ -119,8 +123,9 @@ std::string CodeOf(const std::string& entry) { return std::string(Trim(Left(entr
 std::string Commands(MachineTables& machine, const Words& words) {
     // By code, as the lists have them.
     std::map<std::string, std::vector<std::string>> byCode;
-    const auto row = [](const std::string& code, const std::string& meaning, const std::string& letters) {
-        return std::vector<std::string>{"<a href=\"#" + code + "\">" + code + "</a>", meaning, letters};
+    const auto row = [&](const std::string& code, const std::string& meaning, const std::string& letters) {
+        return std::vector<std::string>{"<a href=\"#" + machine.AnchorOf(code) + "\">" + code + "</a>",
+                                        meaning, letters};
     };
     for (const ListBox* list : machine.Lists()) {
         for (const std::string& entry : list->Entries()) {
@@ -133,7 +138,8 @@ std::string Commands(MachineTables& machine, const Words& words) {
     }
     for (const PanelCommand& command : panelCommands) {
         if (command.OnMK2 || !machine.IsMK2())
-            byCode[command.Code] = row(command.Code, words.*command.Meaning, "");
+            byCode[command.Code] = {"<a href=\"#" + std::string(command.Code) + "\">" + command.Code + "</a>",
+                                    words.*command.Meaning, ""};
     }
     std::vector<std::vector<std::string>> rows = {{words.Code, words.Meaning, words.Parameters}};
     for (auto& [code, cells] : byCode) rows.push_back(std::move(cells));

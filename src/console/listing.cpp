@@ -3,8 +3,10 @@
 #include <algorithm>
 
 #include "basic/code_page.h"
+#include "basic/line_end.h"
 #include "basic/number.h"
 #include "basic/text.h"
+#include "program/explanations.h"
 
 namespace kvt {
 
@@ -13,12 +15,6 @@ namespace {
 constexpr const char* red = "\x1b[31m";
 constexpr const char* bold = "\x1b[1m";
 constexpr const char* plain = "\x1b[0m";
-
-std::string_view MachineName(const ProgramStore& store) {
-    if (store.IsMK2()) return "Lathe Compact 5 CNC MK2";
-    if (store.IsMK4()) return "Lathe Compact 5 CNC MK4";
-    return store.Horizontal ? "Mill F1 CNC, horizontal" : "Mill F1 CNC, vertical";
-}
 
 std::string_view UnitsName(const ProgramStore& store) {
     return store.Metric ? "lengths in 1/100 mm" : "lengths in 1/1000 inch";
@@ -67,6 +63,22 @@ std::string Printable(std::string text) {
 // What belongs to the program stands closely, as on the control; results stand apart.
 const char* GapBefore(int column) { return column < column::ToolX ? "  " : "   "; }
 
+bool IsComplete(const Workbench& workbench) {
+    return workbench.Results.lblPPMachineTime.Caption.Get() != "xx:xx:xx";
+}
+
+// What is to be said of a program in which no line has an error. An arc whose centre offsets are both 0 ends the run
+// without a finding, as does what cannot be run.
+std::string WithoutFinding(const Workbench& workbench) {
+    const std::string executed = workbench.Results.lblPPLinesExe.Caption.Get();
+    if (!IsComplete(workbench) && executed == "xxx")
+        return "No errors, but the check ends before a line has run.";
+    if (!IsComplete(workbench))
+        return "No errors, but the check ends before the program does, after " + executed + " lines.";
+    if (workbench.Store.EndCodePresent) return "No errors.";
+    return "No errors. The end code is missing; it is added when the program is saved.";
+}
+
 class Lister {
 public:
     Lister(const Workbench& workbench, bool colour) : workbench_(workbench), colour_(colour) {}
@@ -95,7 +107,7 @@ private:
         line += UnitsName(store);
         Line(line);
         const std::string notes =
-            Replace(Replace(ToUtf8(workbench_.File.txtFileNotes.Text), "\r\n", "\n"), "\r", "\n");
+            Replace(Replace(ToUtf8(workbench_.File.txtFileNotes.Text), LineEnd, "\n"), "\r", "\n");
         for (const std::string_view note : Split(notes, "\n")) {
             if (!Trim(note).empty()) Line("  " + Printable(std::string(note)));
         }
@@ -147,32 +159,8 @@ private:
     }
 
     void Verdict() {
-        const ProgramStore& store = workbench_.Store;
-        const ListView& list = store.lvCncProgram;
-        const int lines = store.LineCount();
-        if (lines == 0) return Line("The file holds no program line.");
-        int findings = 0;
-        for (int i = 1; i <= lines; ++i) findings += FindingOf(list.Row(i)).empty() ? 0 : 1;
-        if (findings == 0) return Line(Complete() ? WellDone() : Unfinished());
-
-        // The first error is the one that the header of the error column names.
-        const int first = std::clamp(static_cast<int>(store.ErrorLine) + 1, 1, lines);
-        std::string sentence = "First error in line " + LineName(list.Row(first)) + ": ";
-        sentence += ToUtf8(FindingOf(list.Row(first))) + ".";
-        if (findings > 1) sentence += " " + PlainNumber(findings) + " lines have errors.";
-        Line(Painted(red, sentence));
-    }
-
-    bool Complete() const { return workbench_.Results.lblPPMachineTime.Caption.Get() != "xx:xx:xx"; }
-    // An arc whose centre offsets are both 0 ends the run without a finding, as does what cannot be run.
-    std::string Unfinished() const {
-        const std::string executed = workbench_.Results.lblPPLinesExe.Caption.Get();
-        if (executed == "xxx") return "No errors, but the check ends before a line has run.";
-        return "No errors, but the check ends before the program does, after " + executed + " lines.";
-    }
-    std::string WellDone() const {
-        if (workbench_.Store.EndCodePresent) return "No errors.";
-        return "No errors. The end code is missing; it is added when the program is saved.";
+        const kvt::Verdict verdict = VerdictOf(workbench_);
+        Line(verdict.Findings == 0 ? verdict.Sentence : Painted(red, verdict.Sentence));
     }
 
     const Workbench& workbench_;
@@ -181,6 +169,35 @@ private:
 };
 
 }  // namespace
+
+std::string_view MachineName(const ProgramStore& store) {
+    if (store.IsMK2()) return "Lathe Compact 5 CNC MK2";
+    if (store.IsMK4()) return "Lathe Compact 5 CNC MK4";
+    return store.Horizontal ? "Mill F1 CNC, horizontal" : "Mill F1 CNC, vertical";
+}
+
+Verdict VerdictOf(const Workbench& workbench) {
+    const ProgramStore& store = workbench.Store;
+    const ListView& list = store.lvCncProgram;
+    const int lines = store.LineCount();
+    Verdict verdict;
+    verdict.Complete = lines > 0 && IsComplete(workbench);
+    for (int i = 1; i <= lines; ++i) verdict.Findings += FindingOf(list.Row(i)).empty() ? 0 : 1;
+    if (lines == 0) {
+        verdict.Sentence = "The file holds no program line.";
+    } else if (verdict.Findings == 0) {
+        verdict.Sentence = WithoutFinding(workbench);
+    } else {
+        // The first error is the one that the header of the error column names.
+        const ListRow& first = list.Row(std::clamp(static_cast<int>(store.ErrorLine) + 1, 1, lines));
+        verdict.First = LineName(first) + ": " + ToUtf8(FindingOf(first));
+        verdict.Explanation = ToUtf8(Explanation(first[column::Error], workbench.Language));
+        verdict.Sentence = "First error in line " + verdict.First + ".";
+        if (verdict.Findings > 1)
+            verdict.Sentence += " " + PlainNumber(verdict.Findings) + " lines have errors.";
+    }
+    return verdict;
+}
 
 std::string Listing(std::string_view file, const Workbench& workbench, bool colour) {
     return Lister(workbench, colour).Make(file);

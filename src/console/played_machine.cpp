@@ -10,6 +10,7 @@
 #include <chrono>
 #include <thread>
 
+#include "basic/line_end.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "system/posix_port.h"
@@ -132,7 +133,7 @@ TransferEnd PlayedMachine::SendProgram(std::string_view file) {
     }
     OutgoingLines lines(file, true);
     std::string text;
-    for (std::string line; lines.Next(line);) text += line + "\r\n";
+    for (std::string line; lines.Next(line);) text.append(line).append(LineEnd);
     return Send(text);
 }
 

@@ -59,13 +59,18 @@ ScriptOptions Merged(ScriptOptions own, const ScriptOptions& call) {
 }  // namespace
 
 void ScriptOptions::Declare(CLI::App& app) {
-    app.add_option("--data", Data, "What stands for the user's local application data folder");
-    app.add_option("--screen", Screen, "Width and height of the screen in twips")->expected(2);
-    app.add_option("--workarea", WorkArea, "Height of the work area in twips")->expected(1);
+    app.add_option("--data", Data, "What stands for the user's local application data folder")
+        ->type_name("FOLDER");
+    app.add_option("--screen", Screen, "Width and height of the screen in twips")
+        ->type_name("N")
+        ->expected(2);
+    app.add_option("--workarea", WorkArea, "Height of the work area in twips")->type_name("N")->expected(1);
     app.add_option("--ports", Ports, "How many serial ports open, 0 to 4")
+        ->type_name("N")
         ->expected(1)
         ->check(CLI::Range(0, PortCount));
     app.add_option("--writes", Writes, "A folder that the script may write in; can be given several times")
+        ->type_name("FOLDER")
         ->expected(1)
         ->take_all()
         ->check(CLI::ExistingDirectory);

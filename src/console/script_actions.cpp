@@ -346,6 +346,9 @@ constexpr ScriptAction actions[] = {
     {"mousemove", {Arg::Number, Arg::Number}, script::MouseMove, ofUser},
     {"mousedown", {Arg::Number, Arg::Number}, script::MouseDown, ofUser},
     {"ctrlmousedown", {Arg::Number, Arg::Number}, script::CtrlMouseDown, ofUser},
+    {"doubleclick", {Arg::Number, Arg::Number}, script::DoubleClick, ofUser},
+    {"mousedrag", {Arg::Number, Arg::Number, Arg::Number, Arg::Number}, script::MouseDrag, ofUser},
+    {"mousewheel", {Arg::Number, Arg::Number, Arg::Number}, script::MouseWheel, ofUser},
     {"scroll", {Arg::Word, Arg::Number}, script::Scroll, ofUser},
     {"receive", {Arg::Text}, Receive, ofUser},
 

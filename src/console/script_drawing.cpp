@@ -58,6 +58,31 @@ void Press(ScriptRun& run, const Arguments& args, int held) {
 void MouseDown(ScriptRun& run, const Arguments& args) { Press(run, args, 0); }
 void CtrlMouseDown(ScriptRun& run, const Arguments& args) { Press(run, args, mouse::CtrlHeld); }
 
+// Both presses of it.
+void DoubleClick(ScriptRun& run, const Arguments& args) {
+    MouseDown(run, args);
+    const PictureBox* const field = FieldInReach(run);
+    if (!field || !field->OnDoubleClick) return;
+    field->OnDoubleClick(mouse::Left, 0, static_cast<float>(args.Number(0)),
+                         static_cast<float>(args.Number(1)));
+}
+
+// With the middle button; the field moves below the pointer.
+void MouseDrag(ScriptRun& run, const Arguments& args) {
+    const PictureBox* const field = FieldInReach(run);
+    if (!field || !field->OnMouseDown || !field->OnMouseMove) return;
+    const auto place = [&](int argument) { return static_cast<float>(args.Number(argument)); };
+    field->OnMouseDown(mouse::Middle, 0, place(0), place(1));
+    field->OnMouseMove(mouse::Middle, 0, place(2), place(3));
+}
+
+void MouseWheel(ScriptRun& run, const Arguments& args) {
+    const PictureBox* const field = FieldInReach(run);
+    if (!field || !field->OnMouseWheel) return;
+    field->OnMouseWheel({0, static_cast<double>(args.Number(2)), false, static_cast<float>(args.Number(0)),
+                         static_cast<float>(args.Number(1))});
+}
+
 void Scroll(ScriptRun& run, const Arguments& args) {
     Control& control = run.Session.Named(args.Text(0));
     auto* const range = dynamic_cast<RangeControl*>(&control);

@@ -8,6 +8,9 @@ namespace kvt::script {
 void MouseMove(ScriptRun& run, const Arguments& args);
 void MouseDown(ScriptRun& run, const Arguments& args);
 void CtrlMouseDown(ScriptRun& run, const Arguments& args);
+void DoubleClick(ScriptRun& run, const Arguments& args);
+void MouseDrag(ScriptRun& run, const Arguments& args);
+void MouseWheel(ScriptRun& run, const Arguments& args);
 void Scroll(ScriptRun& run, const Arguments& args);
 void PrintOperations(ScriptRun& run, const Arguments& args);
 void ExpectOperation(ScriptRun& run, const Arguments& args);

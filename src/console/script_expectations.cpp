@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "basic/code_page.h"
+#include "basic/line_end.h"
 #include "basic/number.h"
 #include "console/script_drawing.h"
 #include "console/script_run.h"
@@ -79,6 +80,14 @@ void ExpectTitle(Script& run, Args args) {
     run.Compare(args.Last(), ToUtf8(box->Title));
 }
 
+void ExpectDetails(Script& run, Args args) {
+    const MessageBox* const box = LastExpectedBox(run);
+    if (!box) return run.Fail(Quoted(args.Last()), "no message box");
+    const std::string details = ShownToUtf8(box->Details);
+    if (details.find(args.Last()) == std::string::npos)
+        run.Fail("details with " + Quoted(args.Last()), Quoted(details));
+}
+
 void ExpectIcon(Script& run, Args args) {
     const MessageBox* const box = LastExpectedBox(run);
     if (!box) return run.Fail(Quoted(args.Last()), "no message box");
@@ -131,7 +140,7 @@ std::vector<std::string> LoggedProcedures(Script& run) {
     std::vector<std::string> procedures;
     const std::string log = ContentOf(run, run.Session.ErrorLogPath()).value_or("");
     for (std::string_view rest = log; !rest.empty();) {
-        const std::size_t end = std::min(rest.find("\r\n"), rest.size());
+        const std::size_t end = std::min(rest.find(LineEnd), rest.size());
         const std::string_view record = rest.substr(0, end);
         const std::size_t name = record.rfind(",\"");
         if (name != std::string_view::npos && record.back() == '"')
@@ -222,6 +231,7 @@ constexpr ScriptAction expectations[] = {
     {"entries", {Arg::Word, Arg::Text}, ExpectEntries},
     {"message", {Arg::Text}, ExpectMessage},
     {"title", {Arg::Text}, ExpectTitle},
+    {"details", {Arg::Text}, ExpectDetails},
     {"icon", {Arg::Text}, ExpectIcon},
     {"buttons", {Arg::Text}, ExpectButtons},
     {"nomessage", {}, ExpectNoMessage},

@@ -35,8 +35,9 @@ ScriptSession::ScriptSession(const ScriptOptions& options) {
     dataFolder_ = folders.DataFolder;
     Platform.Files.SetDataFolder(dataFolder_);
     try {
-        for (const std::string& folder : {NameFromSystem(own.string()), folders.DataFolder,
-                                          folders.SettingsFolder, folders.PreProcessorFolder}) {
+        for (const std::string& folder :
+             {NameFromSystem(own.string()), folders.DataFolder, folders.SettingsFolder,
+              folders.PreProcessorFolder, folders.LanguageFolder}) {
             ownFiles_.MakeFolder(folder);
         }
     } catch (const RunTimeError&) {

@@ -25,7 +25,7 @@ enum class Arg : std::uint8_t {
     Text,         // all that is left, without the blanks around it; in double quotes with them
     Line,         // all that is left, as it stands
 };
-using Shape = std::array<Arg, 3>;
+using Shape = std::array<Arg, 4>;
 
 // The arguments of one line, in the order of its shape. Texts are UTF-8.
 class Arguments {

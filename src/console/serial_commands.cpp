@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "basic/code_page.h"
+#include "basic/line_end.h"
 #include "basic/number.h"
 #include "basic/text.h"
 #include "console/commands.h"
@@ -43,7 +44,7 @@ private:
 bool TellMessages(const std::string& name, const MemoryDialogs& dialogs) {
     bool failed = false;
     for (const MessageBox& box : dialogs.Shown) {
-        Complain(name, Replace(box.Text, "\r\n", " "));
+        Complain(name, Replace(box.Text, LineEnd, " "));
         failed = failed || box.Picture != Icon::Information;
     }
     return failed;
@@ -184,7 +185,7 @@ int ReportReceived(const std::string& received, const std::string& machine) {
     const TemporaryFolder folder;
     std::string name = NameFromSystem((folder.Path() / "received").string());
     const bool whole = received.find('%') != std::string::npos;
-    platform.Files.WriteWhole(name, whole ? received : "%\r\n" + received);
+    platform.Files.WriteWhole(name, whole ? received : "%" + std::string(LineEnd) + received);
     const auto workbench = std::make_unique<Workbench>(platform.Services);
     if (workbench->Reader.LoadFile(name) != LoadResult::Loaded) {
         std::printf("It is no program that a machine takes.\n");

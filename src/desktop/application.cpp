@@ -1,9 +1,13 @@
 #include "desktop/application.h"
 
+#include <QFile>
 #include <exception>
 #include <new>
 
 #include "basic/run_time_error.h"
+#include "basic/stack_guard.h"
+#include "desktop/colors.h"
+#include "desktop/edged_style.h"
 
 namespace kvt {
 
@@ -11,6 +15,7 @@ namespace {
 
 constexpr int outOfMemory = 7;
 constexpr int internalError = 51;
+constexpr int iconSizes[] = {16, 22, 24, 32, 48, 64, 128, 256};
 
 // What a failure of any kind is in the log.
 RunTimeError CaughtNow() {
@@ -35,6 +40,34 @@ void TellFailure(const char* procedure) noexcept {
     } catch (...) {
         // Not even memory for the description: nothing is left to tell.
     }
+}
+
+QIcon ProgramIcon() {
+    QIcon icon;
+    for (const int size : iconSizes) {
+        QFile file(QStringLiteral(":/icons/kvt_%1.png").arg(size));
+        // With the format named, the toolkit loads no library of another format at the start.
+        if (file.open(QIODevice::ReadOnly))
+            icon.addPixmap(QPixmap::fromImage(QImage::fromData(file.readAll(), "PNG")));
+    }
+    return icon;
+}
+
+void UseDesktopPalette() {
+    static bool changing = false;
+    const StackGuard guard(changing);
+    if (!guard.Entered()) return;
+    // One without colours of its own is that of the desktop.
+    QApplication::setPalette(QPalette());
+    const QPalette palette = ReadablePalette(QApplication::palette());
+    QApplication::setPalette(palette);
+    if (IsDarkOrStrong(palette) && !dynamic_cast<EdgedStyle*>(QApplication::style()))
+        QApplication::setStyle(new EdgedStyle(QApplication::style()->objectName()));
+}
+
+bool Application::event(QEvent* event) {
+    if (event->type() == QEvent::ApplicationPaletteChange) UseDesktopPalette();
+    return QApplication::event(event);
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {

@@ -8,7 +8,11 @@ namespace kvt {
 
 namespace {
 
-constexpr double leastContrast = 4.5;
+constexpr double gridShare = 0.12;
+constexpr double focusedTint = 0.3;  // of the selected row
+constexpr double tint = 0.15;
+constexpr double strongContrast = 15;
+const QColor findingColor(0xC0, 0x00, 0x20);
 
 double Luminance(QColor color) {
     const auto linear = [](double part) {
@@ -17,18 +21,74 @@ double Luminance(QColor color) {
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
+struct TextOnGround {
+    QPalette::ColorRole Text, Ground;
+};
+
+// A role that stands on several grounds is made readable on one after the other.
+constexpr TextOnGround texts[] = {
+    {QPalette::WindowText, QPalette::Window},       {QPalette::Text, QPalette::Base},
+    {QPalette::ButtonText, QPalette::Button},       {QPalette::HighlightedText, QPalette::Highlight},
+    {QPalette::ToolTipText, QPalette::ToolTipBase}, {QPalette::Link, QPalette::Base},
+    {QPalette::LinkVisited, QPalette::Base},        {QPalette::PlaceholderText, QPalette::Base},
+};
+
+}  // namespace
+
 double Contrast(QColor a, QColor b) {
     const auto [dark, light] = std::minmax({Luminance(a), Luminance(b)});
     return (light + 0.05) / (dark + 0.05);
 }
 
-}  // namespace
+QPalette ReadablePalette(const QPalette& desktop) {
+    QPalette palette = desktop;
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        for (const TextOnGround& one : texts) {
+            const QColor text = palette.color(group, one.Text);
+            const QColor ground = palette.color(group, one.Ground);
+            // What is half transparent lets its ground through.
+            const QColor seen = Mixed(ground, text, text.alphaF());
+            const QColor readable = Readable(seen, ground);
+            if (readable != seen) palette.setColor(group, one.Text, readable);
+        }
+    }
+    return palette;
+}
+
+bool IsDarkOrStrong(const QPalette& palette) {
+    const QColor window = palette.color(QPalette::Window);
+    const QColor text = palette.color(QPalette::WindowText);
+    const bool strong = window == palette.color(QPalette::Base) && Contrast(window, text) >= strongContrast;
+    return strong || Luminance(window) < Luminance(text);
+}
+
+QColor GridColor(const QPalette& palette) {
+    const QColor base = palette.color(QPalette::Base);
+    const QColor faint = Mixed(base, palette.color(QPalette::Text), gridShare);
+    return IsDarkOrStrong(palette) ? Readable(faint, base) : faint;
+}
+
+QColor SelectedGround(const QPalette& palette, bool hasFocus) {
+    return Mixed(palette.color(QPalette::Base), palette.color(QPalette::Active, QPalette::Highlight),
+                 hasFocus ? focusedTint : tint);
+}
+
+QColor SelectedEdge(const QPalette& palette) {
+    return Readable(palette.color(QPalette::Active, QPalette::Highlight), palette.color(QPalette::Base));
+}
+
+QColor EdgeColor(const QPalette& palette) {
+    const QColor line = palette.color(QPalette::Mid);
+    return IsDarkOrStrong(palette) ? Readable(line, palette.color(QPalette::Window)) : line;
+}
+
+QColor FindingColor(QColor ground) { return Readable(findingColor, ground); }
 
 QColor Readable(QColor color, QColor ground) {
     const QColor far = Luminance(ground) > 0.18 ? Qt::black : Qt::white;
-    for (double share = 0; share < 1; share += 0.1) {
+    for (double share = 0; share < 1; share += 0.05) {
         const QColor candidate = Mixed(color, far, share);
-        if (Contrast(candidate, ground) >= leastContrast) return candidate;
+        if (Contrast(candidate, ground) >= LeastContrast) return candidate;
     }
     return far;
 }

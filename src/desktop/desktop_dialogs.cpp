@@ -90,6 +90,7 @@ Answer DesktopDialogs::ShowMessage(const MessageBox& box) {
     window.setWindowTitle(box.Title.empty() ? QCoreApplication::applicationName() : ToQt(box.Title));
     window.setTextFormat(Qt::PlainText);
     window.setText(ShownToQt(box.Text));
+    window.setInformativeText(ShownToQt(box.Details));
     window.setIcon(IconOf(box.Picture));
     QMessageBox::StandardButtons buttons = asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok;
     buttons.setFlag(QMessageBox::Cancel, box.Choice == Buttons::YesNoCancel);

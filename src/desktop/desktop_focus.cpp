@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QWidget>
 
+#include "desktop/colors.h"
 #include "desktop/view.h"
 #include "platform/tab_order.h"
 
@@ -54,14 +55,19 @@ void DesktopFocus::Restore() {
     if (window->focusWidget() != wanted) wanted->setFocus(Qt::OtherFocusReason);
 }
 
-// Lists, documents and scroll bars have no mark of their own around them.
+// Lists, documents, words, pictures and scroll bars have no mark of their own around them.
 void DesktopFocus::Frame(const Control& control, QWidget* widget) {
-    const bool bare = control.Kind() == ControlKind::ScrollBar || control.Kind() == ControlKind::UpDown ||
+    const ControlKind kind = control.Kind();
+    // A picture larger than what shows it has the mark around that.
+    if (kind == ControlKind::PictureBox && widget->parentWidget()->width() < widget->width())
+        widget = widget->parentWidget();
+    const bool bare = kind == ControlKind::ScrollBar || kind == ControlKind::UpDown ||
+                      kind == ControlKind::Label || kind == ControlKind::PictureBox ||
                       qobject_cast<QAbstractScrollArea*>(widget);
     if (bare && !frame_) {
         frame_ = new QFocusFrame(widget);
         QPalette palette = frame_->palette();
-        palette.setColor(QPalette::WindowText, palette.color(QPalette::Highlight));
+        palette.setColor(QPalette::WindowText, SelectedEdge(palette));
         frame_->setPalette(palette);
     }
     if (frame_) frame_->setWidget(bare ? widget : nullptr);

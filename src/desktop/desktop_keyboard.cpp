@@ -14,6 +14,8 @@ DesktopKeyboard::DesktopKeyboard(DesktopFocus& focus, DesktopSystem& system)
 bool DesktopKeyboard::Press(Form& form, const KeyPress& press) {
     const bool used = keyboard_.Press(form, press);
     system_.SendKeys();
+    // A key that moves in a list runs no handler.
+    system_.TellHandled();
     return used;
 }
 

@@ -6,32 +6,18 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "desktop/accessible.h"
+#include "desktop/application.h"
+
 namespace kvt {
 
 namespace {
 
-constexpr double plainResolution = 96;  // pixels an inch
-// The forms are made for characters that are this wide in the mean, in pixels.
-constexpr double meanWidth = 6.2;
-constexpr int largestFont = 13;
-constexpr int smallestFont = 11;
-
-// The largest face that the forms have room for. Smaller ones are not readable.
-QFont FormFont(double factor) {
-    const QString letters = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
-    QFont font = QApplication::font();
-    for (int size = largestFont; size >= smallestFont; --size) {
-        font.setPixelSize(static_cast<int>(size * factor + 0.5));
-        const int width = QFontMetrics(font).horizontalAdvance(letters);
-        if (width <= meanWidth * factor * static_cast<double>(letters.size())) break;
-    }
-    return font;
-}
-
 // What the title and the menus of a window have of the screen is known when it is up. Until then a place counts as on the
-// screen with the least that they can have, and one that is brought back leaves them room enough.
+// screen with the least that they can have, and one that is brought back leaves them room enough (RoomIn).
 constexpr double leastEdge = 2.5;  // in heights of the font
-constexpr int roomyEdge = 4;
+
+QSize MainRoom() { return RoomIn(QGuiApplication::primaryScreen()->availableGeometry()).size(); }
 
 // The screen that shows most of a window, or the main one where none does.
 QRect ScreenAt(const QRect& window) {
@@ -56,17 +42,28 @@ int DesktopScreen::WorkAreaHeight() {
     return lengths_.Twips(QGuiApplication::primaryScreen()->availableGeometry().height());
 }
 
+// The window of a form scrolls where it is smaller than the form.
+int DesktopScreen::WidthFor(int wanted) { return std::min(wanted, lengths_.Twips(MainRoom().width())); }
+
+int DesktopScreen::HeightFor(int wanted) { return std::min(wanted, lengths_.Twips(MainRoom().height())); }
+
 WindowPlace DesktopScreen::OnScreen(const WindowPlace& place) {
     const QRect wanted = lengths_.Rectangle(place.Left, place.Top, place.Width, place.Height);
     const QRect screen = ScreenAt(wanted);
     const int fontHeight = QFontMetrics(QApplication::font()).height();
     if (screen.contains(wanted.adjusted(0, 0, 0, static_cast<int>(leastEdge * fontHeight)))) return place;
-    const QRect area = screen.adjusted(0, 0, -fontHeight / 2, -roomyEdge * fontHeight);
+    const QRect area = RoomIn(screen);
     const int width = std::min(wanted.width(), area.width());
     const int height = std::min(wanted.height(), area.height());
     const int left = std::clamp(wanted.left(), area.left(), area.left() + area.width() - width);
     const int top = std::clamp(wanted.top(), area.top(), area.top() + area.height() - height);
     return {lengths_.Twips(height), lengths_.Twips(left), lengths_.Twips(top), lengths_.Twips(width)};
+}
+
+WindowPlace DesktopScreen::WorkArea(const WindowPlace& place) {
+    const QRect area = ScreenAt(lengths_.Rectangle(place.Left, place.Top, place.Width, place.Height));
+    return {lengths_.Twips(area.height()), lengths_.Twips(area.left()), lengths_.Twips(area.top()),
+            lengths_.Twips(area.width())};
 }
 
 // That of the window in use, which may be on another screen.
@@ -75,21 +72,26 @@ double DesktopScreen::PointsPerTwip() {
     return lengths_.Exact(1) * (window ? window->devicePixelRatioF() : qApp->devicePixelRatio());
 }
 
-double DesktopPlatform::ScreenFactor() {
-    return std::clamp(QGuiApplication::primaryScreen()->logicalDotsPerInch() / plainResolution, 1.0, 2.0);
+FormFont DesktopPlatform::FontOfScreen(QSize smallestForm) {
+    return FontOfDesktop(QApplication::font(), MainRoom(), smallestForm);
 }
 
 DesktopPlatform::DesktopPlatform(FileService& files, ProgramService& programs, double factor)
-    : Desktop{Scale(factor), focus_, system_, keyboard_},
+    : DesktopPlatform(files, programs, FontForFactor(QApplication::font(), factor)) {}
+
+DesktopPlatform::DesktopPlatform(FileService& files, ProgramService& programs, const FormFont& face)
+    : Desktop{Scale(face.Factor), focus_, system_, keyboard_},
       Services{files, dialogs_, clipboard_, screen_, system_, focus_, port_, printer_, programs},
       system_(focus_),
       keyboard_(focus_, system_),
       dialogs_(Desktop),
       screen_(Desktop.Lengths),
       printer_(Desktop) {
+    InstallAccessibles();
     // The program ends when it says so, not with its windows.
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setFont(FormFont(factor));
+    QApplication::setFont(face.Font);
+    UseDesktopPalette();
 }
 
 }  // namespace kvt

@@ -5,6 +5,7 @@
 #include "desktop/desktop_keyboard.h"
 #include "desktop/desktop_port.h"
 #include "desktop/desktop_printer.h"
+#include "desktop/form_font.h"
 #include "desktop/view.h"
 #include "platform/services.h"
 
@@ -17,7 +18,10 @@ public:
     int Width() override;
     int Height() override;
     int WorkAreaHeight() override;
+    int WidthFor(int wanted) override;
+    int HeightFor(int wanted) override;
     WindowPlace OnScreen(const WindowPlace& place) override;
+    WindowPlace WorkArea(const WindowPlace& place) override;
     double PointsPerTwip() override;
 
 private:
@@ -27,9 +31,12 @@ private:
 // The windowing half of the platform. Stands on a QApplication, and on files and programs that it is given.
 class DesktopPlatform {
 public:
-    // The factor by which lengths grow: that of the screen's resolution, 1 to 2.
-    static double ScreenFactor();
+    // The desktop's font on the main screen, which should have room for a form of the smallest size, in twips.
+    static FormFont FontOfScreen(QSize smallestForm);
 
+    // Forms grow with the font.
+    DesktopPlatform(FileService& files, ProgramService& programs, const FormFont& face);
+    // Forms grow by a factor, and their font with them.
     DesktopPlatform(FileService& files, ProgramService& programs, double factor);
 
     // What a FormView needs, which shows a form.

@@ -12,6 +12,7 @@
 #include <QStandardPaths>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "basic/line_end.h"
 #include "basic/run_time_error.h"
@@ -117,7 +118,7 @@ void DesktopPrinter::AskForFile() {
     if (!desktop_.System.Ended()) {
         ++desktop_.DialogsShown;
         const DialogParent parent(desktop_);
-        QFileDialog window(parent, QStringLiteral("Print to PDF"));
+        QFileDialog window(parent, ToQt(job_.FileTitle));
         window.setOptions(QFileDialog::DontUseNativeDialog);
         window.setAcceptMode(QFileDialog::AcceptSave);
         window.setNameFilter(QStringLiteral("PDF (*.pdf)"));

@@ -3,6 +3,8 @@
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QCursor>
+#include <QLibraryInfo>
+#include <QLocale>
 #include <QMenu>
 #include <QStandardPaths>
 #include <QTimer>
@@ -127,10 +129,28 @@ void DesktopSystem::RunDeferred() {
             TellFailure("Later");
         }
         running_.pop_back();
+        TellHandled();
     }
 }
 
 void DesktopSystem::Beep() { QApplication::beep(); }
+
+// The toolkit's own texts lie with the toolkit, or beside the program where that brings them along.
+void DesktopSystem::UseLanguage(std::string_view code) {
+    translator_.reset();
+    const QString language = ToQt(code);
+    const QLocale locale = language.isEmpty() ? QLocale::system() : QLocale(language);
+    QLocale::setDefault(locale);
+    if (language.isEmpty() || locale.language() == QLocale::English) return;
+    auto translator = std::make_unique<QTranslator>();
+    for (const QString& folder : {QLibraryInfo::path(QLibraryInfo::TranslationsPath),
+                                  QCoreApplication::applicationDirPath() + QStringLiteral("/translations")}) {
+        if (!translator->load(locale, QStringLiteral("qtbase"), QStringLiteral("_"), folder)) continue;
+        QCoreApplication::installTranslator(translator.get());
+        translator_ = std::move(translator);
+        return;
+    }
+}
 
 void DesktopSystem::ShowPopupMenu(Menu& menu) {
     if (auto* view = dynamic_cast<MenuView*>(menu.View)) view->PopUp(QCursor::pos());

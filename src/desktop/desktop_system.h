@@ -2,7 +2,9 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QTranslator>
 #include <deque>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -27,6 +29,7 @@ public:
     void PressKey(int key) override;
     void Later(std::function<void()> call) override;
     void Beep() override;
+    void UseLanguage(std::string_view code) override;
     void ShowPopupMenu(Menu& menu) override;
     void EndProgram() override;
 
@@ -45,6 +48,11 @@ public:
         running_.pop_back();
         if (!keys_.empty()) SendKeysSoon();
         if (!deferred_.empty()) RunDeferredSoon();
+        TellHandled();
+    }
+    // What a handler may have changed is shown.
+    void TellHandled() {
+        if (OnHandled && !ended_) OnHandled();
     }
 
     // The form whose handler is at work, the innermost one; null where none is.
@@ -69,6 +77,7 @@ private:
 
     DesktopFocus& focus_;
     QObject later_;
+    std::unique_ptr<QTranslator> translator_;
     QElapsedTimer sinceEvents_;
     QElapsedTimer sinceTurn_;
     std::deque<PressedKey> keys_;

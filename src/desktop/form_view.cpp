@@ -5,12 +5,15 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
 #include <QUrl>
 #include <QWindow>
 #include <algorithm>
 #include <utility>
 
 #include "basic/stack_guard.h"
+#include "desktop/form_font.h"
 #include "desktop/text.h"
 #include "desktop/text_views.h"
 #include "desktop/view_factory.h"
@@ -20,13 +23,16 @@ namespace kvt {
 namespace {
 
 constexpr PropertyId allProperties[] = {
-    PropertyId::Left,         PropertyId::Height,  PropertyId::ToolTip,   PropertyId::Caption,
-    PropertyId::Entries,      PropertyId::Bounds,  PropertyId::Rows,      PropertyId::Headers,
-    PropertyId::Text,         PropertyId::Value,   PropertyId::ListIndex, PropertyId::ForeColor,
-    PropertyId::MousePointer, PropertyId::Enabled, PropertyId::Visible,
+    PropertyId::Left,           PropertyId::Height,       PropertyId::ToolTip,   PropertyId::Caption,
+    PropertyId::Entries,        PropertyId::Bounds,       PropertyId::Rows,      PropertyId::Headers,
+    PropertyId::Text,           PropertyId::Value,        PropertyId::ListIndex, PropertyId::ForeColor,
+    PropertyId::AccessibleName, PropertyId::MousePointer, PropertyId::Enabled,   PropertyId::Visible,
 };
 
 constexpr int lastingTime = 300;  // milliseconds
+// How long what a frame takes is waited for; there are systems without frames.
+constexpr int frameInterval = 40;
+constexpr int mostAsked = 25;
 
 // What lies over what: documents, pictures and lists of codes over the list, frames and tabs over these, the rest on
 // top.
@@ -51,8 +57,16 @@ QString PlainTitle(std::string_view caption) {
 
 FormView::FormView(DesktopContext& desktop, Form& form)
     : View(desktop, form, new QMainWindow), form_(form), window_(static_cast<QMainWindow*>(Widget())) {
-    field_ = new QWidget(window_.get());
-    window_->setCentralWidget(field_);
+    sight_ = new QScrollArea(window_.get());
+    sight_->setFrameShape(QFrame::NoFrame);
+    sight_->setFocusPolicy(Qt::NoFocus);
+    field_ = new QWidget;
+    sight_->setWidget(field_);
+    window_->setCentralWidget(sight_);
+    Watch(sight_->viewport());
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget*, const QWidget* now) {
+        if (now && field_->isAncestorOf(now)) BringIntoSight(*now);
+    });
     if (form.TopMost) {
         window_->setWindowFlag(Qt::WindowStaysOnTopHint);
     }
@@ -81,6 +95,7 @@ FormView::~FormView() {
     views_.clear();
     window_->removeEventFilter(this);
     field_->removeEventFilter(this);
+    sight_->viewport()->removeEventFilter(this);
 }
 
 void FormView::MakeViews() {
@@ -136,9 +151,14 @@ void FormView::Follow(PropertyId id) {
             ApplyPosition();
             break;
         case PropertyId::WindowState: ApplyState(); break;
+        case PropertyId::Area:
+            askedForFrame_ = 0;
+            FillArea();
+            break;
         case PropertyId::Visible:
-            // A window that comes back as large as it was hears of no new size: what the form believes may be another.
-            if (form_.Visible && window_->testAttribute(Qt::WA_WState_Created))
+            // A window that comes up smaller than it asked for, or comes back as large as it was, hears of no new size:
+            // what the form believes may be another.
+            if (form_.Visible)
                 QMetaObject::invokeMethod(
                     this, [this] { Resized(); }, Qt::QueuedConnection);
             ApplyState();
@@ -157,21 +177,75 @@ void FormView::Follow(PropertyId id) {
     }
 }
 
-// Of the window with its menus, in pixels, for a size of the form.
+// Of the field, in pixels, for a size of the form.
+QSize FormView::FieldSize(int width, int height) const {
+    return {Desktop.Lengths.PixelsUp(width - form_.EdgeWidth),
+            Desktop.Lengths.PixelsUp(height - form_.EdgeHeight)};
+}
+
+// Of the window with its menus.
 QSize FormView::SizeOf(int width, int height) const {
-    const QSize size(Desktop.Lengths.PixelsUp(width - form_.EdgeWidth),
-                     Desktop.Lengths.PixelsUp(height - form_.EdgeHeight));
+    const QSize size = FieldSize(width, height);
     const QMenuBar* bar = window_->menuBar();
     const int barHeight =
         bar->isHidden() ? 0 : std::max(bar->heightForWidth(size.width()), bar->sizeHint().height());
     return {size.width(), size.height() + barHeight};
 }
 
+// Before it was shown a window's frame is taken for that of the program's other windows.
+QMargins FormView::FrameMargins() const {
+    for (const QWindow* one : QGuiApplication::topLevelWindows()) {
+        const bool framed = one->isVisible() && one->type() == Qt::Window && !one->frameMargins().isNull();
+        if (framed && (one == window_->windowHandle() || !window_->isVisible())) return one->frameMargins();
+    }
+    return {};
+}
+
+// A window manager tells what a frame takes when it has put the first one around a window.
+void FormView::FillArea() {
+    if (!form_.AreaToFill()) return;
+    const QMargins frame = FrameMargins();
+    if (frame.isNull() && ++askedForFrame_ < mostAsked) {
+        QTimer::singleShot(frameInterval, this, [this] { FillArea(); });
+        return;
+    }
+    const WindowPlace area = *form_.AreaToFill();
+    const Scale& lengths = Desktop.Lengths;
+    const QRect wanted = lengths.Rectangle(area.Left, area.Top, area.Width, area.Height);
+    const QSize field = wanted.marginsRemoved(frame).size();
+    const int menus = SizeOf(lengths.Twips(field.width()) + form_.EdgeWidth, form_.EdgeHeight).height();
+    form_.SetRestoredPlace({lengths.Twips(field.height() - menus) + form_.EdgeHeight, area.Left, area.Top,
+                            lengths.Twips(field.width()) + form_.EdgeWidth});
+}
+
 // The window manager holds it to that, except on a screen that is smaller still.
 void FormView::SetSmallestSize() {
     if (form_.SmallestWidth == 0) return;
     window_->setMinimumSize(SizeOf(form_.SmallestWidth, form_.SmallestHeight)
-                                .boundedTo(window_->screen()->availableGeometry().size()));
+                                .boundedTo(RoomIn(window_->screen()->availableGeometry()).size()));
+}
+
+// The field is as large as the window, but never smaller than its controls need.
+void FormView::FillSight() {
+    const int least = form_.LeastHeight > 0 ? form_.LeastHeight : form_.SmallestHeight;
+    const QSize needed = form_.SmallestWidth > 0 ? FieldSize(form_.SmallestWidth, least) : QSize(0, 0);
+    // The bars come where it is larger, and take their room then.
+    const QSize room = sight_->maximumViewportSize();
+    const int bar = sight_->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const bool sideways = needed.width() > room.width();
+    const bool down = needed.height() > room.height() - (sideways ? bar : 0);
+    field_->resize(std::max(needed.width(), room.width() - (down ? bar : 0)),
+                   std::max(needed.height(), room.height() - (sideways ? bar : 0)));
+}
+
+// Where a part of the field alone can be seen, that is the part with the control that has the keys.
+void FormView::BringIntoSight(const QWidget& widget) {
+    const QSize room = sight_->viewport()->size();
+    if (widget.width() > room.width() || widget.height() > room.height()) return;
+    const QPoint corner = widget.mapTo(field_, QPoint());
+    const QPoint end = corner + QPoint(widget.width(), widget.height());
+    sight_->ensureVisible(end.x(), end.y());
+    sight_->ensureVisible(corner.x(), corner.y());
 }
 
 // A window that is up and fills the screen goes back to its place by itself. A hidden one is to come up filling the
@@ -188,7 +262,8 @@ void FormView::WhileRestored(Change&& change) {
 
 void FormView::ApplySize() {
     const WindowPlace place = form_.RestoredPlace();
-    WhileRestored([&] { window_->resize(SizeOf(place.Width, place.Height)); });
+    const QSize screen = window_->screen()->availableGeometry().size();
+    WhileRestored([&] { window_->resize(SizeOf(place.Width, place.Height).boundedTo(screen)); });
 }
 
 // A place that no screen has any more is left to the system.
@@ -298,6 +373,10 @@ void FormView::FilesDropped(const QDropEvent& event) {
 bool FormView::eventFilter(QObject* watched, QEvent* event) {
     if (watched == field_) {
         if (event->type() == QEvent::Resize) Resized();
+        return false;
+    }
+    if (sight_ && watched == sight_->viewport()) {
+        if (event->type() == QEvent::Resize) FillSight();
         return false;
     }
     switch (event->type()) {

@@ -10,6 +10,7 @@
 #include "desktop/view.h"
 
 class QDropEvent;
+class QScrollArea;
 
 namespace kvt {
 
@@ -39,7 +40,12 @@ private:
     void ApplySize();
     void ApplyPosition();
     void ApplyState();
+    QSize FieldSize(int width, int height) const;
     QSize SizeOf(int width, int height) const;
+    QMargins FrameMargins() const;
+    void FillArea();
+    void FillSight();
+    void BringIntoSight(const QWidget& widget);
     // True where the form has got another size.
     bool NoteSize();
     // The window has changed by the user's hand, or by the system's.
@@ -52,8 +58,11 @@ private:
     void FilesDropped(const QDropEvent& event);
 
     Form& form_;
+    int askedForFrame_ = 0;
     std::unique_ptr<QMainWindow> window_;
-    QWidget* field_;
+    // Shows the field, or a part of it where the window is smaller than what the controls are laid out for.
+    QScrollArea* sight_ = nullptr;
+    QWidget* field_ = nullptr;
     std::vector<std::unique_ptr<ControlView>> views_;
     std::unique_ptr<CoveredLists> covered_;
     // The window follows the form, or the form the window; never both.

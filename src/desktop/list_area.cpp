@@ -1,7 +1,6 @@
 #include "desktop/list_area.h"
 
 #include <QContextMenuEvent>
-#include <QFontDatabase>
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -12,6 +11,7 @@
 
 #include "basic/stack_guard.h"
 #include "desktop/colors.h"
+#include "desktop/form_font.h"
 #include "desktop/text.h"
 
 namespace kvt {
@@ -21,10 +21,6 @@ namespace {
 // Twips. Columns are made for characters of this width, with this room at either side.
 constexpr int characterTwips = 105;
 constexpr int paddingTwips = 75;
-
-constexpr double focusedTint = 0.3;  // of the selected row
-constexpr double tint = 0.15;
-const QColor findingColor(0xC0, 0x00, 0x20);
 
 }  // namespace
 
@@ -42,7 +38,7 @@ ListArea::ListArea(ListView& list, const Scale& lengths, QWidget* parent)
 
 // The largest face whose characters fit the columns.
 void ListArea::ChooseFont() {
-    font_ = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font_ = FixedPitchFont();
     const int widest = lengths_.Pixels(characterTwips);
     for (int size = rowHeight_ - 2; size >= 6; --size) {
         font_.setPixelSize(size);
@@ -63,6 +59,9 @@ std::vector<ListArea::Column> ListArea::Columns() const {
             {subItem,
              {left - horizontalScrollBar()->value(), 0, lengths_.Pixels(twips) - left, headerHeight_}});
     }
+    // The last one has the room that the list has left.
+    if (!columns.empty())
+        columns.back().Place.setRight(std::max(columns.back().Place.right(), viewport()->width() - 1));
     return columns;
 }
 
@@ -70,8 +69,9 @@ int ListArea::RowsInSight() const { return std::max(1, (viewport()->height() - h
 
 void ListArea::FollowRows() {
     const StackGuard guard(following_);
-    int width = 0;
-    for (const Column& column : Columns()) width += column.Place.width();
+    int twips = 0;
+    for (int header = 1; header <= SubItemCount; ++header) twips += std::max(0, list_.Header(header).Width);
+    const int width = lengths_.Pixels(twips);
     horizontalScrollBar()->setPageStep(viewport()->width());
     horizontalScrollBar()->setRange(0, std::max(0, width - viewport()->width()));
 
@@ -114,6 +114,29 @@ int ListArea::RowAt(QPoint point) const {
     if (point.y() < headerHeight_) return 0;
     const int row = list_.TopRow() + (point.y() - headerHeight_) / rowHeight_;
     return row <= list_.Count() ? row : 0;
+}
+
+QString ListArea::HeaderText(int column) const {
+    const std::vector<Column> columns = Columns();
+    if (column < 0 || column >= static_cast<int>(columns.size())) return {};
+    return ToQt(list_.Header(columns[static_cast<std::size_t>(column)].SubItem + 1).Text);
+}
+
+QString ListArea::CellText(int row, int column) const {
+    const std::vector<Column> columns = Columns();
+    if (column < 0 || column >= static_cast<int>(columns.size()) || row < 1 || row > list_.Count()) return {};
+    return ToQt(list_.Row(row)[columns[static_cast<std::size_t>(column)].SubItem]);
+}
+
+QRect ListArea::HeaderPlace(int column) const {
+    const std::vector<Column> columns = Columns();
+    if (column < 0 || column >= static_cast<int>(columns.size())) return {};
+    return columns[static_cast<std::size_t>(column)].Place;
+}
+
+QRect ListArea::CellPlace(int row, int column) const {
+    const QRect head = HeaderPlace(column);
+    return head.isNull() ? head : QRect(head.left(), RowPlace(row).top(), head.width(), rowHeight_);
 }
 
 int ListArea::HeaderAt(QPoint point) const {
@@ -182,12 +205,11 @@ QString ListArea::Cut(const QString& text, int width) const {
     return text.left(fits - 1) + QChar(0x2026);
 }
 
-QColor ListArea::CellColor(int row, int subItem) const {
+QColor ListArea::CellColor(int row, int subItem, const QColor& ground) const {
     const ListRow& cells = list_.Row(row);
-    const QColor plain = palette().color(QPalette::Text);
-    if (!isEnabled()) return palette().color(QPalette::Disabled, QPalette::Text);
-    const QColor ground = palette().color(QPalette::Base);
-    if (subItem == list_.EmphasisedColumn) return Readable(findingColor, ground);
+    const QColor plain = Readable(palette().color(QPalette::Text), ground);
+    if (!isEnabled()) return Readable(palette().color(QPalette::Disabled, QPalette::Text), ground);
+    if (subItem == list_.EmphasisedColumn) return FindingColor(ground);
     const bool colored = subItem >= list_.FirstColoredColumn && subItem <= list_.LastColoredColumn;
     if (!colored || cells.ForeColor == 0) return plain;
     return Readable(ColorOf(cells.ForeColor), ground);
@@ -219,25 +241,35 @@ void ListArea::PaintHeaders(QPainter& painter, const std::vector<Column>& column
     }
 }
 
+// A pointer at the left edge, within the room beside the first column.
+void ListArea::PaintMark(QPainter& painter, const QRect& row) const {
+    const int high = row.height() / 4;
+    const QPoint middle(row.left(), row.center().y());
+    const QPolygon pointer({middle + QPoint(0, -high), middle + QPoint(high, 0), middle + QPoint(0, high)});
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette().color(QPalette::Text));
+    painter.drawPolygon(pointer);
+    painter.setBrush(Qt::NoBrush);
+}
+
 void ListArea::PaintRow(QPainter& painter, int row, const std::vector<Column>& columns) const {
     const QRect place = RowPlace(row);
-    const QColor ground = palette().color(QPalette::Base);
     const bool selected = row == list_.SelectedRow();
+    const QColor ground = selected ? SelectedGround(palette(), hasFocus()) : palette().color(QPalette::Base);
     if (selected) {
-        // A tint, on which the colours of the row can still be told apart.
-        const QColor mark = palette().color(QPalette::Active, QPalette::Highlight);
-        painter.fillRect(place, Mixed(ground, mark, hasFocus() ? focusedTint : tint));
-        if (hasFocus()) {
-            painter.setPen(mark);
+        painter.fillRect(place, ground);
+        if (hasFocus() || IsDarkOrStrong(palette())) {
+            painter.setPen(SelectedEdge(palette()));
             painter.drawRect(place.adjusted(0, 0, -1, -1));
         }
     }
+    if (row == list_.MarkedRow) PaintMark(painter, place);
     const QFontMetrics metrics(font_);
     const int baseline = place.top() + (rowHeight_ - metrics.height()) / 2 + metrics.ascent();
     for (const Column& column : columns) {
         const std::string_view cell = list_.Row(row)[column.SubItem];
         if (cell.find_first_not_of(' ') == std::string_view::npos) continue;
-        painter.setPen(CellColor(row, column.SubItem));
+        painter.setPen(CellColor(row, column.SubItem, ground));
         painter.drawText(column.Place.left() + padding_, baseline, Cut(ToQt(cell), column.Place.width()));
     }
 }
@@ -251,7 +283,7 @@ void ListArea::paintEvent(QPaintEvent*) {
     const int last = std::min(list_.Count(), list_.TopRow() + RowsInSight());
     painter.setFont(font_);
     for (int row = list_.TopRow(); row <= last; ++row) PaintRow(painter, row, columns);
-    painter.setPen(Mixed(palette().color(QPalette::Base), palette().color(QPalette::Text), 0.12));
+    painter.setPen(GridColor(palette()));
     for (const Column& column : columns) {
         painter.drawLine(column.Place.right(), headerHeight_, column.Place.right(), viewport()->height());
     }

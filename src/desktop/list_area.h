@@ -18,6 +18,16 @@ public:
     // Lets the scroll bars follow rows, columns and the first row in sight.
     void FollowRows();
 
+    // What it shows: the columns in use count from 0, rows from 1. Places are those in the viewport.
+    ListView& List() const { return list_; }
+    int ColumnsInUse() const { return static_cast<int>(Columns().size()); }
+    QString HeaderText(int column) const;
+    QString CellText(int row, int column) const;
+    QRect HeaderPlace(int column) const;
+    QRect CellPlace(int row, int column) const;
+    // The row at a point, 0 for none.
+    int RowAt(QPoint point) const;
+
     // A header was clicked, from 1; a row was pressed and selected, and let go or pressed with the right button.
     std::function<void(int header)> OnHeaderClick;
     std::function<void()> OnRowClick;
@@ -45,13 +55,13 @@ private:
     std::vector<Column> Columns() const;
     int RowsInSight() const;
     QRect RowPlace(int row) const;
-    // The row or the header at a point, 0 for none.
-    int RowAt(QPoint point) const;
+    // The header at a point, 0 for none.
     int HeaderAt(QPoint point) const;
     QString Cut(const QString& text, int width) const;
     void PaintHeaders(QPainter& painter, const std::vector<Column>& columns) const;
+    void PaintMark(QPainter& painter, const QRect& row) const;
     void PaintRow(QPainter& painter, int row, const std::vector<Column>& columns) const;
-    QColor CellColor(int row, int subItem) const;
+    QColor CellColor(int row, int subItem, const QColor& ground) const;
 
     ListView& list_;
     const Scale& lengths_;

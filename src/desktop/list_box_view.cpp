@@ -1,13 +1,13 @@
 #include "desktop/list_box_view.h"
 
 #include <QAbstractListModel>
-#include <QFontDatabase>
 #include <QPainter>
 #include <QStyledItemDelegate>
 #include <algorithm>
 #include <functional>
 
 #include "desktop/colors.h"
+#include "desktop/form_font.h"
 #include "desktop/text.h"
 
 namespace kvt {
@@ -19,8 +19,11 @@ public:
     EntriesModel(const ListBox& list, QObject* parent) : QAbstractListModel(parent), list_(list) {}
     int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : list_.Count(); }
     QVariant data(const QModelIndex& index, int role) const override {
-        if (role != Qt::DisplayRole || index.row() >= list_.Count()) return {};
-        return ToQt(list_.Entry(index.row()));
+        if (index.row() >= list_.Count()) return {};
+        const QString entry = ToQt(list_.Entry(index.row()));
+        if (role == Qt::DisplayRole) return entry;
+        // Code and description in one go.
+        return role == Qt::AccessibleTextRole ? entry.simplified() : QVariant();
     }
     void Changed() {
         beginResetModel();
@@ -31,15 +34,13 @@ private:
     const ListBox& list_;
 };
 
-constexpr double tint = 0.2;
 constexpr int entrySpace = 3;  // pixels between the lines of two entries
 constexpr int twipsAFixedCharacter = 105;
 
 // Heads above a list of fixed pitch stand at the places of its characters.
-QFont FixedFont(const Scale& lengths) {
-    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+QFont FontOfHeads(const Scale& lengths) {
+    QFont font = FixedPitchFont();
     const double wanted = lengths.Exact(twipsAFixedCharacter);
-    font.setStyleHint(QFont::Monospace);
     font.setPixelSize(std::max(8, static_cast<int>(wanted / 0.6)));
     const double width = QFontMetricsF(font).horizontalAdvance(QLatin1Char('0'));
     font.setLetterSpacing(QFont::AbsoluteSpacing, wanted - width);
@@ -60,9 +61,9 @@ public:
         QStyledItemDelegate::initStyleOption(option, index);
         if (!option->widget || option->widget->hasFocus()) return;
         QPalette& palette = option->palette;
-        palette.setColor(QPalette::Highlight,
-                         Mixed(palette.color(QPalette::Base), palette.color(QPalette::Highlight), tint));
-        palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
+        const QColor ground = SelectedGround(palette, false);
+        palette.setColor(QPalette::Highlight, ground);
+        palette.setColor(QPalette::HighlightedText, Readable(palette.color(QPalette::Text), ground));
     }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -131,7 +132,7 @@ ListBoxView::ListBoxView(DesktopContext& desktop, ListBox& control, QWidget* par
         list_.ListIndex = index.row();
         Click();
     });
-    if (list_.FixedPitch) face_->setFont(FixedFont(desktop.Lengths));
+    if (list_.FixedPitch) face_->setFont(FontOfHeads(desktop.Lengths));
 }
 
 void ListBoxView::Follow(PropertyId id) {

@@ -15,8 +15,17 @@ protected:
     bool Scrolls() const override { return true; }
 
 private:
+    // For screen readers: the row with the keys, another number of rows or columns, and a finding that has come up.
+    void TellRow();
+    void TellRows();
+    void TellFindingSoon();
+    void TellFinding();
+
     ListView& list_;
     ListArea* area_;
+    int toldRows_ = 0, toldColumns_ = 0;
+    QString toldFinding_;
+    bool telling_ = false;
 };
 
 }  // namespace kvt

@@ -59,6 +59,7 @@ void MenuView::PropertyChanged(Control&, PropertyId id) {
     switch (id) {
         case PropertyId::Caption:
             action_->setData(ShownToQt(menu_.Caption));
+            if (entries_) entries_->setAccessibleName(ShownToQt(menu_.Caption));
             GiveAccessKeys(*parent_);
             break;
         case PropertyId::Visible: action_->setVisible(menu_.Visible); break;

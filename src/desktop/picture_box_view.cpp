@@ -179,20 +179,22 @@ void PictureBoxView::Moved(const QMouseEvent& event) {
 }
 
 void PictureBoxView::Pressed(const QMouseEvent& event) {
-    if (!box_.OnMouseDown) return;
+    const bool twice = event.type() == QEvent::MouseButtonDblClick && event.button() == Qt::LeftButton;
+    const MouseHandler& handler = twice && box_.OnDoubleClick ? box_.OnDoubleClick : box_.OnMouseDown;
+    if (!handler) return;
     const QPointF place = event.position();
     Desktop.System.Run(box_, "MouseDown", [&] {
-        box_.OnMouseDown(ButtonsOf(event.button()), HeldOf(event.modifiers()), TwipsAt(place.x()),
-                         TwipsAt(place.y()));
+        handler(ButtonsOf(event.button()), HeldOf(event.modifiers()), TwipsAt(place.x()), TwipsAt(place.y()));
     });
 }
 
 void PictureBoxView::Turned(const QWheelEvent& event) {
     const QPoint turned = event.angleDelta();
+    const QPointF place = event.position();
     const bool sideways = std::abs(turned.x()) > std::abs(turned.y());
-    const double notches = (sideways ? turned.x() : turned.y()) / anglesANotch;
-    Desktop.System.Run(box_, "MouseWheel",
-                       [&] { box_.OnMouseWheel(HeldOf(event.modifiers()), notches, sideways); });
+    const WheelTurn turn{HeldOf(event.modifiers()), (sideways ? turned.x() : turned.y()) / anglesANotch,
+                         sideways, TwipsAt(place.x()), TwipsAt(place.y())};
+    Desktop.System.Run(box_, "MouseWheel", [&] { box_.OnMouseWheel(turn); });
 }
 
 bool PictureBoxView::eventFilter(QObject* watched, QEvent* event) {

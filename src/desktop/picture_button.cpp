@@ -13,6 +13,7 @@ namespace {
 constexpr double grid = 24;
 constexpr double pictureSize = 20;  // pixels at factor 1
 constexpr double strokeWidth = 1.7;
+constexpr int margin = 3;  // pixels
 
 QPainterPath PathOf(std::string_view strokes) {
     QPainterPath path;
@@ -59,9 +60,7 @@ protected:
         option.text.clear();
         painter.drawControl(QStyle::CE_PushButton, option);
 
-        const int margin = 3;
-        const bool hasCaption =
-            !text().isEmpty() && fontMetrics().horizontalAdvance(text()) <= width() - 2 * margin;
+        const bool hasCaption = ShowsCaption();
         const int captionHeight = hasCaption ? fontMetrics().height() : 0;
         const double picture = grid * scale_;
         painter.save();
@@ -79,6 +78,17 @@ protected:
     }
 
 private:
+    bool HasRoom() const { return fontMetrics().horizontalAdvance(text()) <= width() - 2 * margin; }
+    // Buttons side by side have captions all, or none.
+    bool ShowsCaption() const {
+        if (text().isEmpty() || !HasRoom()) return false;
+        for (const QObject* other : parentWidget()->children()) {
+            const auto* const button = dynamic_cast<const PictureButton*>(other);
+            if (button && !button->isHidden() && !button->HasRoom()) return false;
+        }
+        return true;
+    }
+
     QPainterPath strokes_;
     double scale_;
 };

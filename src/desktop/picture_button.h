@@ -5,8 +5,8 @@
 
 namespace kvt {
 
-// A button with a picture of strokes (see CommandButton) above its caption. A caption that is too wide for the button is
-// left out. The caller owns the button by way of its parent.
+// A button with a picture of strokes (see CommandButton) above its caption. Where a caption is too
+// wide for its button, all that lie side by side do without. The caller owns the button by way of its parent.
 QPushButton* NewPictureButton(std::string_view strokes, double factor, QWidget* parent);
 
 }  // namespace kvt

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "basic/stack_guard.h"
+#include "desktop/accessible.h"
 #include "desktop/colors.h"
 #include "desktop/text.h"
 
@@ -16,6 +17,8 @@ namespace {
 
 constexpr int documentMargin = 12;  // pixels
 constexpr int severalLines = 480;   // twips of height from which on a label has them
+
+constexpr int leastEdge = 6;  // pixels of a frame's upper edge behind its caption
 
 // A text shortened in its middle where it is wider than its place.
 QString Fitted(const QString& text, const QFontMetrics& metrics, int width) {
@@ -51,15 +54,18 @@ protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        const QString caption = ToQt(frame_.Caption);
+        const QString lead = ToQt(frame_.Lead);
+        const QString caption = lead.isEmpty() || frame_.Caption.Empty()
+                                    ? lead + ToQt(frame_.Caption)
+                                    : lead + QStringLiteral(" \u00B7 ") + ToQt(frame_.Caption);
         const int height = fontMetrics().height();
         const int left = height / 2;
         const int top = caption.isEmpty() ? 0 : height / 2;
         const QRectF edge = QRectF(rect()).adjusted(0.5, top + 0.5, -0.5, -0.5);
-        painter.setPen(palette().color(QPalette::Mid));
+        painter.setPen(EdgeColor(palette()));
         painter.drawRoundedRect(edge, 3, 3);
         if (caption.isEmpty()) return;
-        const QString text = Fitted(caption, fontMetrics(), width() - 2 * left);
+        const QString text = Fitted(caption, fontMetrics(), width() - left - leastEdge);
         const QRect place(left, 0, fontMetrics().horizontalAdvance(text), height);
         painter.fillRect(place.adjusted(-3, 0, 3, 0), palette().color(QPalette::Window));
         style()->drawItemText(&painter, place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, palette(),
@@ -84,11 +90,16 @@ LabelView::LabelView(DesktopContext& desktop, Label& control, QWidget* parent)
       label_(control),
       face_(static_cast<QLabel*>(Widget())) {
     face_->setTextFormat(Qt::PlainText);
+    // What lies on the form itself may lie over a frame and what is in it.
+    face_->setAutoFillBackground(!control.Container || control.Container == &control.OwningForm());
 }
 
 void LabelView::Follow(PropertyId id) {
     switch (id) {
-        case PropertyId::Caption: face_->setText(ShownToQt(label_.Caption)); break;
+        case PropertyId::Caption:
+            face_->setText(ShownToQt(label_.Caption));
+            if (label_.Announced && face_->isVisible()) Announce(*face_, face_->text());
+            break;
         case PropertyId::ForeColor: SetTextColor(*face_, label_.ForeColor); break;
         case PropertyId::Height: {
             const bool wraps = label_.Height >= severalLines;
@@ -115,7 +126,7 @@ FrameView::FrameView(DesktopContext& desktop, Frame& control, QWidget* parent)
 }
 
 void FrameView::Follow(PropertyId id) {
-    if (id == PropertyId::Caption) {
+    if (id == PropertyId::Caption || id == PropertyId::Lead) {
         Widget()->update();
     } else {
         View::Follow(id);

@@ -33,6 +33,11 @@ void ComboBoxView::Follow(PropertyId id) {
     }
 }
 
+// The wheel over a closed box chooses nothing: it may be on its way to something else.
+bool ComboBoxView::eventFilter(QObject* watched, QEvent* event) {
+    return event->type() == QEvent::Wheel || View::eventFilter(watched, event);
+}
+
 ScrollBarView::ScrollBarView(DesktopContext& desktop, ScrollBar& control, QWidget* parent)
     : View(desktop, control, new QScrollBar(control.Vertical ? Qt::Vertical : Qt::Horizontal, parent)),
       bar_(control),

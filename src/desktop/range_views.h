@@ -18,6 +18,7 @@ public:
 
 protected:
     void Follow(PropertyId id) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     ComboBox& box_;

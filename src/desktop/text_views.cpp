@@ -2,7 +2,6 @@
 
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMouseEvent>
@@ -12,6 +11,7 @@
 
 #include "basic/stack_guard.h"
 #include "desktop/colors.h"
+#include "desktop/form_font.h"
 #include "desktop/text.h"
 #include "platform/keys.h"
 
@@ -107,7 +107,7 @@ void TextBoxView::ShowMenu(QPoint at) {
     QMenu menu;
     const bool selected = ShownSelection().Length > 0;
     const auto add = [&](const char* caption, char letter, bool enabled) {
-        QAction* action = menu.addAction(QString::fromLatin1(caption));
+        QAction* action = menu.addAction(QCoreApplication::translate("QWidgetTextControl", caption));
         action->setEnabled(enabled && Box.EffectivelyEnabled());
         connect(action, &QAction::triggered, this, [this, letter] { Press(WithCtrl(letter)); });
     };
@@ -115,16 +115,14 @@ void TextBoxView::ShowMenu(QPoint at) {
     add("&Copy", 'C', selected);
     add("&Paste", 'V', !QGuiApplication::clipboard()->text().isEmpty());
     menu.addSeparator();
-    add("Select &All", 'A', !Shown().isEmpty());
+    add("Select All", 'A', !Shown().isEmpty());
     menu.exec(at);
 }
 
 void TextBoxView::Edited() {
     if (Following) return;
     Desktop.System.Run(Box, "Change", [this] {
-        // The selection goes first: it lies within the new text.
-        Box.Selection = ShownSelection();
-        Box.Text = FromQt(Shown().replace(u'\n', QStringLiteral("\r\n"))) + NotShown();
+        TakeEdit(Box, FromQt(Shown().replace(u'\n', QStringLiteral("\r\n"))) + NotShown(), ShownSelection());
     });
 }
 
@@ -146,6 +144,12 @@ public:
     }
 };
 
+void UseFixedPitch(QWidget& field) {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setPixelSize(field.fontInfo().pixelSize());
+    field.setFont(font);
+}
+
 }  // namespace
 
 LineView::LineView(DesktopContext& desktop, TextBox& control, QWidget* parent)
@@ -153,6 +157,7 @@ LineView::LineView(DesktopContext& desktop, TextBox& control, QWidget* parent)
     edit_->setMaxLength(longestLine);
     edit_->setValidator(new LineFilter(edit_));
     edit_->setReadOnly(control.ReadOnly);
+    if (control.FixedPitch) UseFixedPitch(*edit_);
     edit_->setInputMethodHints(Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
     connect(edit_, &QLineEdit::textEdited, this, [this] { Edited(); });
     connect(edit_, &QLineEdit::selectionChanged, this, [this] { SelectionMoved(); });
@@ -200,11 +205,9 @@ NotesView::NotesView(DesktopContext& desktop, TextBox& control, QWidget* parent)
       edit_(static_cast<QPlainTextEdit*>(Widget())) {
     Watch(edit_->viewport());
     edit_->viewport()->setAcceptDrops(false);
-    if (control.FixedPitch) {
-        QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-        font.setPixelSize(edit_->fontInfo().pixelSize());
-        edit_->setFont(font);
-    }
+    // The box keeps the edits.
+    edit_->setUndoRedoEnabled(false);
+    if (control.FixedPitch) UseFixedPitch(*edit_);
     showing_.setSingleShot(true);
     connect(&showing_, &QTimer::timeout, this, [this] { ShowMore(); });
     connect(edit_, &QPlainTextEdit::textChanged, this, [this] { Edited(); });
@@ -292,8 +295,6 @@ bool NotesView::EditInWidget(const TextEdit& edit) {
             edit_->insertPlainText(WithPlainLineEnds(FromQt(Cleaned(text.left(longestNotes), true))));
             break;
         }
-        case TextAction::Undo: edit_->undo(); break;
-        case TextAction::Redo: edit_->redo(); break;
         default:
             if (OperationOf(edit.Action) == QTextCursor::NoMove) return false;
             Move(edit.Action, edit.Extends);

@@ -68,7 +68,7 @@ class NotesView : public TextBoxView {
 public:
     NotesView(DesktopContext& desktop, TextBox& control, QWidget* parent);
 
-    // Undoing, lines as they are broken and a long text are the widget's business.
+    // Lines as they are broken and a long text are the widget's business.
     bool EditInWidget(const TextEdit& edit) override;
 
 protected:

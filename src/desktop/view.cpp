@@ -1,15 +1,22 @@
 #include "desktop/view.h"
 
+#include <QAbstractScrollArea>
 #include <QInputMethodEvent>
+#include <QPointer>
+#include <QScrollBar>
+#include <QVariant>
 
 #include "basic/stack_guard.h"
 #include "desktop/key_input.h"
 #include "desktop/text.h"
+#include "platform/accessible_name.h"
 #include "platform/clicks.h"
 
 namespace kvt {
 
 namespace {
+
+constexpr const char* viewProperty = "view";
 
 // A tool tip that is shown letter by letter, whatever mark-up it looks like.
 QString PlainToolTip(const QString& text) {
@@ -22,6 +29,7 @@ QString PlainToolTip(const QString& text) {
 View::View(DesktopContext& desktop, Control& control, QWidget* widget)
     : Desktop(desktop), control_(control), widget_(widget) {
     control.View = this;
+    widget_->setProperty(viewProperty, QVariant::fromValue(QPointer<QObject>(this)));
     widget_->setObjectName(QString::fromStdString(control.Name()));
     // Presses of the mouse and the Tab key give the focus by way of the keeper, not of the toolkit.
     widget_->setFocusPolicy(Qt::NoFocus);
@@ -29,6 +37,39 @@ View::View(DesktopContext& desktop, Control& control, QWidget* widget)
 }
 
 View::~View() { control_.View = nullptr; }
+
+View* View::OfWidget(const QWidget& widget) {
+    return dynamic_cast<View*>(widget.property(viewProperty).value<QPointer<QObject>>().data());
+}
+
+void View::PropertyChanged(Control&, PropertyId id) {
+    Follow(id);
+    // A new view hears of the name last of these three, and is named once; what has been named is not null.
+    const bool tells = id == PropertyId::Caption || id == PropertyId::ToolTip;
+    if (id == PropertyId::AccessibleName || (tells && !widget_->accessibleName().isNull())) NameWidget();
+}
+
+void View::NameWidget() {
+    const QString name = ShownToQt(AccessibleNameOf(control_));
+    // Without what the name tells already.
+    QString tip = ShownToQt(control_.ToolTip);
+    if (tip.startsWith(name)) tip = tip.mid(name.size()).trimmed();
+    if (name.contains(tip)) tip.clear();
+    const auto call = [&](QWidget& widget) {
+        if (widget.accessibleName().isNull() || widget.accessibleName() != name)
+            widget.setAccessibleName(name.isEmpty() ? QStringLiteral("") : name);
+        if (widget.accessibleDescription() != tip) widget.setAccessibleDescription(tip);
+    };
+    call(*widget_);
+    if (KeyTarget() != widget_) call(*KeyTarget());
+    if (auto* area = qobject_cast<QAbstractScrollArea*>(widget_)) {
+        call(*area->verticalScrollBar());
+        call(*area->horizontalScrollBar());
+    }
+    const Control* const field = NamedBy(control_);
+    View* const other = field ? Of(*field) : nullptr;
+    if (other && !other->widget_->accessibleName().isNull()) other->NameWidget();
+}
 
 void View::Follow(PropertyId id) {
     switch (id) {

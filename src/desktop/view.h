@@ -39,7 +39,7 @@ public:
     // Where the controls lie that are contained in this one.
     virtual QWidget* Inside() const { return widget_; }
 
-    void PropertyChanged(Control&, PropertyId id) override { Follow(id); }
+    void PropertyChanged(Control&, PropertyId id) override;
 
     // Does an edit in the widget, which has an editor of its own; false leaves it to the control.
     virtual bool EditInWidget(const TextEdit&) { return false; }
@@ -48,6 +48,8 @@ public:
 
     // The view of a control, null where it has none.
     static View* Of(const Control& control) { return dynamic_cast<View*>(control.View); }
+    // The view whose widget it is, null where it is none's.
+    static View* OfWidget(const QWidget& widget);
 
 protected:
     // Brings the widget in line with a property.
@@ -66,6 +68,8 @@ protected:
     DesktopContext& Desktop;
 
 private:
+    // What screen readers call the widget, and those that go by it.
+    void NameWidget();
     bool KeepsKey(QKeyEvent& event);
     bool KeyPressed(QObject* watched, QKeyEvent& event);
     bool TextCommitted(QObject* watched, QInputMethodEvent& event);

@@ -14,9 +14,10 @@ constexpr const char* simulationCaptions[SimulationCount] = {"Run", "Step", "Spe
 
 constexpr int firstWidth = 12000;
 constexpr int firstHeight = 9000;
-// What the window's own edges, title and menus take of the form's size; the scroll bars end there.
+// What the window's own edges, title and menus take of the form's size. The scroll bars end where a higher one would
+// begin, the bar has the difference.
 constexpr int edgeWidth = 180;
-constexpr int edgeHeight = 945;
+constexpr int edgeHeight = 945 - DrawControls::BarHeight;
 constexpr int barBreadth = 255;
 constexpr int fieldSize = 40000;
 constexpr int firstFieldWidth = 600;

@@ -22,6 +22,8 @@ struct DrawControls {
     void SetDesignMarks();
     // Fills the frames with measure fields of a width in twips.
     void FillFrames(int fieldWidth);
+    // Of the bar below the drawing, in twips.
+    static constexpr int BarHeight = 600;
 
     Form frmDraw;
 

@@ -31,6 +31,10 @@ struct DrawParts {
     std::function<void()> ClearMeasure;
     // Shows in the quiet line of the editor what has happened.
     std::function<void(std::string_view what)> Tell;
+    // Tells the line under way, from 1; 0 for none.
+    std::function<void(int row)> ShowLine;
+    // A walk, one of its waits or a measurement has begun or ended.
+    std::function<void()> StateChanged;
 };
 
 }  // namespace kvt

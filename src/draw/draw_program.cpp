@@ -6,6 +6,7 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "interpreter/control_commands.h"
+#include "program/workbench_calls.h"
 
 namespace kvt {
 
@@ -13,8 +14,6 @@ namespace {
 
 constexpr const char* drawProgramName = "DrawProgram";
 
-// The wait of each entry of mnuSim in milliseconds.
-constexpr int intervalOfSim[SimulationCount] = {0, 0, 500, 200, 50};
 constexpr int intervalOfCommand[] = {0, 100, 500, 1000};
 
 int IntervalOf(std::string_view argument) {
@@ -103,7 +102,7 @@ void DrawProgram::Begin() {
     controls_.frmDraw.Caption = name;
     if (full) field_.BackColor = InkOf(Ink::Ground, controls_);
     if (controls_.mnuGrid.Checked && full) parts_.View.MakeGrid();
-    if (state_.ZeroX > 0) {
+    if (state_.ZeroX > 0 || state_.ZeroMoved) {
         field_.MoveTo(state_.ZeroX, state_.ZeroY);
     } else {
         field_.MoveTo(controls_.frmDraw.Width / 2.0, controls_.frmDraw.Height / 2.0);
@@ -125,9 +124,10 @@ void DrawProgram::Begin() {
     controls_.frStepControls.Visible = true;
     const int sim = parts_.Sim.CheckedSim();
     state_.StepMode = sim == simulation::Step;
-    state_.Interval = intervalOfSim[sim];
+    state_.Interval = IntervalOfSim(sim);
     controls_.Timer1.Enabled = state_.Interval > 1;
     parts_.Listing.Begin();
+    kvt::Run(shared_.StateChanged);
 }
 
 void DrawProgram::RepeatMarks() {
@@ -169,7 +169,10 @@ bool DrawProgram::ProcessLine() {
         case Next::EndOfLine: return EndOfLine();
         case Next::LeaveProgram: return false;
     }
-    if (IsWatched()) parts_.Editor.Follow(lineIndex_);
+    if (IsWatched()) {
+        parts_.Editor.Follow(lineIndex_);
+        kvt::Run(shared_.ShowLine, lineIndex_);
+    }
     // PEN: for what has no colour of its own.
     field_.ForeColor = InkOf(Ink::Pen, controls_);
     // VALUES: the line with the centre keeps the moves of its arc's line.
@@ -208,8 +211,9 @@ DrawProgram::Next DrawProgram::Command(std::string_view comment) {
             break;
         case ControlCommand::Wait:
             // The overlay does not wait.
-            if (pass_ != 1) break;
+            if (pass_ != 1 || state_.LeavesOutWait()) break;
             parts_.Editor.Follow(lineIndex_);
+            kvt::Run(shared_.ShowLine, lineIndex_);
             parts_.Sim.WaitFor(UserWait::Click);
             if (state_.Leaving()) return Next::LeaveProgram;
             break;
@@ -279,7 +283,7 @@ void DrawProgram::Dispatch() {
 }
 
 bool DrawProgram::EndOfLine() {
-    if (state_.StepMode && pass_ == 1) {
+    if (state_.StepMode && pass_ == 1 && !state_.LeavesOutWait()) {
         controls_.frStepControls.Visible = true;
         controls_.cmdStep.Visible = true;
         controls_.cmdStep.Enabled = true;

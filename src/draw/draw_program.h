@@ -93,7 +93,9 @@ private:
     void Wait();
     void FocusStepButton();
     // Whether someone is to see how the drawing grows.
-    bool IsWatched() const { return pass_ == 1 && (state_.Interval > 1 || state_.StepMode); }
+    bool IsWatched() const {
+        return pass_ == 1 && (state_.Interval > 1 || state_.StepMode) && !state_.CatchesUp();
+    }
     bool NextLineIsM99() const;
     std::string_view Cell(int column) const;
 

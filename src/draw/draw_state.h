@@ -19,6 +19,10 @@ struct ViewState {
     bool AutoFitPending = false;
     // The next drawing is fitted: it is of another program, or nothing of it was in sight.
     bool FitNext = false;
+    // Scale or place are the user's own choice since the last fit.
+    bool OwnView = false;
+    // The zero point was moved, wherever to; otherwise one at 0 or left of it stands for none.
+    bool ZeroMoved = false;
     // The number of the drawing's first stroke behind background, grid and zero point, in all the field's life.
     long long FirstStroke = 0;
 };
@@ -70,6 +74,14 @@ struct WalkState {
         StepPressed = true;
         if (Wait == UserWait::Step) Wait = UserWait::None;
     }
+
+    // Counts the waits of a drawing, over its passes. One that is drawn anew in another view leaves out those that have
+    // been made, and goes on in the one that stood.
+    bool LeavesOutWait() { return Waits++ < WaitsLeftOut; }
+    bool CatchesUp() const { return Waits < WaitsLeftOut; }
+    int Waits = 0, WaitsLeftOut = 0;
+    int WaitsToLeaveOut = 0;  // by the next drawing
+    bool InTimedWait = false;
 
     bool StopRequested = false;
     bool StepMode = false;

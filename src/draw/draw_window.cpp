@@ -25,9 +25,13 @@ constexpr int frameGap = 20;
 constexpr int roomyWidth = 11100;
 constexpr int wideField = 860;
 constexpr int narrowField = 600;
+constexpr int autoFitWidth = 840;
+constexpr int redrawWidth = 820;
+constexpr int twipsALetter = 110;
+constexpr int letterMargin = 60;
 constexpr int firstScale = 3;
-// How far a notch of the wheel goes, in twips.
-constexpr double twipsPerNotch = 900;
+// How far a press of an arrow key moves the view, in twips.
+constexpr double arrowStep = 900;
 
 // Ends the walk's phase, also when a failure passes through.
 class WalkGuard {
@@ -67,6 +71,8 @@ DrawWindow::DrawWindow(const Parts& parts)
              [this] { Redraw(); },
              [this](std::function<void()> then) { AfterWalk(std::move(then)); },
              nullptr,
+             nullptr,
+             nullptr,
              nullptr},
       View(parts_),
       Sim(parts_),
@@ -75,7 +81,9 @@ DrawWindow::DrawWindow(const Parts& parts)
       Strokes(parts_),
       Colors(Controls),
       Measure(parts_, Sim, View),
+      Bar(parts_, Sim),
       Output(parts_),
+      navigation_(parts_, View, Measure, Strokes),
       walkParts_{parts_, View, Sim, Listing, Editor, Strokes, [this] { PositionControls(); }} {
     parts_.Tell = [this](std::string_view what) {
         if (Tell) Tell(what);
@@ -123,13 +131,7 @@ void DrawWindow::WireMenus() {
 
 void DrawWindow::WireField() {
     PictureBox& field = Controls.pbxDrawField;
-    field.OnMouseMove = [this](int button, int, float x, float y) { pbxDrawField_MouseMove(button, x, y); };
-    field.OnMouseDown = [this](int button, int shift, float x, float y) {
-        pbxDrawField_MouseDown(button, shift, x, y);
-    };
-    field.OnMouseWheel = [this](int shift, double notches, bool sideways) {
-        pbxDrawField_MouseWheel(shift, notches, sideways);
-    };
+    field.OnKeyDown = [this](int pressed, int) { pbxDrawField_KeyDown(pressed); };
     field.OnKeyPress = [this](int& character) {
         if (character == key::Enter) State.EndClickWait();
     };
@@ -150,6 +152,14 @@ void DrawWindow::Redraw() {
         }
         return;
     }
+    DrawWhatIsAsked();
+    Bar.ShowLine(0);
+    Bar.ShowState();
+    for (std::function<void()>& then : std::exchange(afterWalk_, {}))
+        parts_.Platform.System.Later(std::move(then));
+}
+
+void DrawWindow::DrawWhatIsAsked() {
     const WalkGuard guard(State);
     givenUp_ = false;
     // An Abort with nothing to abort leaves nothing behind.
@@ -158,6 +168,8 @@ void DrawWindow::Redraw() {
         redrawAsked_ = false;
         State.Phase = WalkPhase::Paced;
         State.Turns = 0;
+        State.Waits = 0;
+        State.WaitsLeftOut = std::exchange(State.WaitsToLeaveOut, 0);
         // A program without a travel is fitted when it has one.
         if (State.FitNext) State.FitNext = !View.Fit();
         RunPasses();
@@ -167,8 +179,6 @@ void DrawWindow::Redraw() {
         // A window closed and shown again during the walk has asked for another Redraw.
         givenUp_ = Controls.frmDraw.Visible && !redrawAsked_;
     }
-    for (std::function<void()>& then : std::exchange(afterWalk_, {}))
-        parts_.Platform.System.Later(std::move(then));
 }
 
 void DrawWindow::AfterWalk(std::function<void()> then) {
@@ -219,7 +229,8 @@ void DrawWindow::PrepareToShow() {
 }
 
 void DrawWindow::DrawForUser() {
-    if (Controls.frmDraw.Visible && !State.Walking() && !View.ShowsStroke()) State.FitNext = true;
+    const bool fits = !State.OwnView || !View.ShowsStroke();
+    if (Controls.frmDraw.Visible && !State.Walking() && fits) State.FitNext = true;
     Show();
 }
 
@@ -316,6 +327,7 @@ void DrawWindow::UpdateForProgram() {
     Controls.frStepControls.Top = Controls.frProperties.Top + Controls.frProperties.Height - frameGap;
     for (Control* button : {&Controls.cmdStep, &Controls.cmdStop, &Controls.cmdRun}) button->Top = buttonsTop;
     Controls.lblDiameter.Caption = "\xD8";
+    Bar.ShowCaptions();
 }
 
 void DrawWindow::Form_LostFocus() {
@@ -325,7 +337,15 @@ void DrawWindow::Form_LostFocus() {
 }
 
 void DrawWindow::PlaceFramesInRow() {
-    const bool roomy = Controls.frmDraw.Width >= roomyWidth;
+    // A language may have longer words than English.
+    int longer = 0;
+    for (CommandButton* button : {&Controls.cmdAutoFit, &Controls.cmdRedraw}) {
+        const int least = button == &Controls.cmdAutoFit ? autoFitWidth : redrawWidth;
+        const int characters = static_cast<int>(button->Caption.Get().size());
+        button->Width = std::max(least, characters * twipsALetter + letterMargin);
+        longer += button->Width - least;
+    }
+    const bool roomy = Controls.frmDraw.Width >= roomyWidth + longer;
     Controls.FillFrames(roomy ? wideField : narrowField);
     const Control* before = nullptr;
     for (Control* frame : std::initializer_list<Control*>{
@@ -334,6 +354,7 @@ void DrawWindow::PlaceFramesInRow() {
         // On the mill the next one takes the place of the diameter.
         if (frame == &Controls.frDiameter && !frame->Visible) continue;
         frame->Left = before ? before->Left + before->Width + frameGap : Controls.frDiameter.Left.Get();
+        if (longer > 0 && frame->Left + frame->Width > Controls.frmDraw.Width) frame->Visible = false;
         before = frame;
     }
     int right = 0;
@@ -380,6 +401,7 @@ void DrawWindow::PositionControls() {
         Controls.cmdRedraw.Visible = width > 8700;
         Controls.UpDown.Visible = width > 9000;
         PlaceFramesInRow();
+        Bar.Place();
         ShowMenusOfMachine();
         Colors.Show(parts_.Store.IsF1());
     });
@@ -413,7 +435,15 @@ void DrawWindow::mnuEditor_Click() {
     Run(ShowEditor);
 }
 
+// A measurement stands above a walk that was drawn before it.
+void DrawWindow::EndMode() {
+    if (State.MeasureClicks != 0) return Measure.End();
+    if (State.Walking()) Sim.EndWalk();
+}
+
 void DrawWindow::Form_KeyDown(int pressed) {
+    if (pressed == key::F5) return mnuEditor_Click();
+    if (pressed == key::Escape) return EndMode();
     if (State.MeasureFieldFocus) return;
     for (const DrawKey& one : drawKeys) {
         if (one.Key != pressed) continue;
@@ -423,29 +453,19 @@ void DrawWindow::Form_KeyDown(int pressed) {
     }
 }
 
-// The middle button drags the field along.
-void DrawWindow::pbxDrawField_MouseMove(int button, float x, float y) {
-    if ((button & mouse::Middle) != 0) View.ScrollBy(double{dragX_} - x, double{dragY_} - y);
-    Measure.pbxDrawField_MouseMove(x, y);
-    Strokes.Point(x, y);
-}
-
-void DrawWindow::pbxDrawField_MouseDown(int button, int shift, float x, float y) {
-    if (button == mouse::Middle) {
-        dragX_ = x;
-        dragY_ = y;
-        return;
+// The arrows move the view over the drawing, the page keys by what is in sight.
+void DrawWindow::pbxDrawField_KeyDown(int pressed) {
+    const double page = Controls.pbxViewWindow.Height * 0.9;
+    switch (pressed) {
+        case key::Left: return View.ScrollBy(-arrowStep, 0);
+        case key::Right: return View.ScrollBy(arrowStep, 0);
+        case key::Up: return View.ScrollBy(0, -arrowStep);
+        case key::Down: return View.ScrollBy(0, arrowStep);
+        case key::PageUp: return View.ScrollBy(0, -page);
+        case key::PageDown: return View.ScrollBy(0, page);
+        case key::Home: return cmdAutoFit_Click();
+        default: return;
     }
-    const bool withCtrl = button == mouse::Left && (shift & mouse::CtrlHeld) != 0;
-    if (withCtrl && Strokes.Press(x, y)) return;
-    Measure.pbxDrawField_MouseDown(x, y);
-}
-
-void DrawWindow::pbxDrawField_MouseWheel(int shift, double notches, bool sideways) {
-    if ((shift & mouse::CtrlHeld) != 0) return View.Zoom(notches > 0 ? 1 : -1);
-    const double twips = -notches * twipsPerNotch;
-    if (sideways || (shift & mouse::ShiftHeld) != 0) return View.ScrollBy(twips, 0);
-    View.ScrollBy(0, twips);
 }
 
 }  // namespace kvt

@@ -2,9 +2,10 @@
 
 #include <vector>
 
+#include "draw/draw_bar.h"
 #include "draw/draw_program.h"
 #include "draw/legend.h"
-#include "draw/measuring.h"
+#include "draw/navigation.h"
 #include "draw/output.h"
 
 namespace kvt {
@@ -38,6 +39,7 @@ public:
     StrokeGuide Strokes;
     Legend Colors;
     Measuring Measure;
+    DrawBar Bar;
     DrawingOutput Output;
 
     // Draws the program anew, in the passes that machine and menus ask for. During a walk none is begun; one
@@ -50,7 +52,7 @@ public:
     void Show();
     // On a larger screen the window begins maximised.
     static bool BeginsMaximised(ScreenService& screen);
-    // The same where the user asks for the drawing: one without a stroke in sight is fitted.
+    // The same where the user asks for the drawing. It is fitted, but for a view of his own with a stroke in sight.
     void DrawForUser();
     // The same behind the editor, with which the keys stay.
     void ShowBehindEditor();
@@ -90,10 +92,11 @@ private:
     void RunPasses();
     void PlaceFramesInRow();
     void ShowMenusOfMachine();
-    void pbxDrawField_MouseMove(int button, float x, float y);
-    void pbxDrawField_MouseDown(int button, int shift, float x, float y);
-    void pbxDrawField_MouseWheel(int shift, double notches, bool sideways);
+    void DrawWhatIsAsked();
+    void EndMode();
+    void pbxDrawField_KeyDown(int pressed);
 
+    Navigation navigation_;
     DrawProgram::Parts walkParts_;
     bool redrawAsked_ = false;
     bool showAsked_ = false;
@@ -101,8 +104,6 @@ private:
     bool focusFieldNext_ = false;
     std::vector<std::function<void()>> afterWalk_;
     bool givenUp_ = false;
-    // Where the middle button holds the field.
-    float dragX_ = 0, dragY_ = 0;
 };
 
 }  // namespace kvt

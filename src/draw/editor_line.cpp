@@ -32,6 +32,12 @@ void EditorLine::Follow(int row) {
     shown_ = row;
 }
 
+int EditorLine::UsersRow() const {
+    const ListView& list = parts_.Store.lvCncProgram;
+    const bool shows = shown_ != 0 && list.SelectedRow() == shown_ && before_ >= 1;
+    return shows ? std::min(before_, list.Count()) : list.SelectedRow();
+}
+
 void EditorLine::RestoreSelection() {
     ListView& list = parts_.Store.lvCncProgram;
     if (shown_ != 0 && list.SelectedRow() == shown_ && before_ >= 1) {

@@ -15,6 +15,8 @@ public:
     // a row.
     void Follow(int row);
     void RestoreSelection();
+    // The row that the user has selected, also while another one is shown so.
+    int UsersRow() const;
     // Scrolls back to where the list was before the walk. Nothing if it was scrolled, or another row selected, since.
     void RestoreScroll();
     // The walk has ended.

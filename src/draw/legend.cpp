@@ -15,7 +15,7 @@ constexpr int sampleWidth = 480;
 constexpr int lineHeight = 240;
 constexpr int gap = 75;
 constexpr int betweenEntries = 195;
-constexpr int characterWidth = 105;
+constexpr int characterWidth = 115;
 constexpr float edge = 30;
 constexpr float middle = lineHeight / 2.0F;
 
@@ -158,6 +158,7 @@ void Legend::Show(bool mill) {
             left = gap;
             top += lineHeight + gap;
         }
+        entry.Sample->AccessibleName = entry.Name->Caption.Get();
         Place(entry, left, top, width);
         right = std::max(right, left + width + gap);
         left += width + betweenEntries;

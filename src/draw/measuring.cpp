@@ -8,6 +8,7 @@
 #include "basic/text.h"
 #include "draw/palette.h"
 #include "platform/keys.h"
+#include "program/workbench_calls.h"
 
 namespace kvt {
 
@@ -124,26 +125,62 @@ void Measuring::pbxDrawField_MouseDown(float x, float y) {
     Attempt(mouseDownName, [&] {
         ++state_.MeasureClicks;
         view_.ShowGridSize();
-        std::array<float, 4>& marks = state_.MeasureMarks;
         if (state_.MeasureClicks < 3) {
-            const std::size_t pair = state_.MeasureClicks == 1 ? 0 : 1;
-            marks[2 * pair] = x;
-            marks[2 * pair + 1] = y;
-            drawingOfMark_[pair] = controls_.pbxDrawField.OperationsBefore();
-            DrawMark(x, y);
+            PutMark(state_.MeasureClicks == 1 ? 0 : 1, x, y);
             sim_.EnableControls(false);
         } else {
             ClearMeasure();
-            for (const std::size_t pair : {0U, 1U}) {
-                // A drawing that came in between has wiped it already.
-                if (drawingOfMark_[pair] == controls_.pbxDrawField.OperationsBefore())
-                    DrawMark(marks[2 * pair], marks[2 * pair + 1]);
-            }
+            WipeMarks(2);
             sim_.EnableControls(true);
         }
     });
     // The third click has counted back to 0.
     ShowPointer(state_.MeasureClicks == 1 ? mouse::CrossPointer : mouse::DefaultPointer);
+}
+
+void Measuring::PutMark(std::size_t pair, float x, float y) {
+    state_.MeasureMarks[2 * pair] = x;
+    state_.MeasureMarks[2 * pair + 1] = y;
+    drawingOfMark_[pair] = controls_.pbxDrawField.OperationsBefore();
+    DrawMark(x, y);
+}
+
+// A mark that a drawing in between has wiped is no more there.
+void Measuring::WipeMarks(std::size_t count) {
+    for (std::size_t pair = 0; pair < count; ++pair) {
+        if (drawingOfMark_[pair] == controls_.pbxDrawField.OperationsBefore())
+            DrawMark(state_.MeasureMarks[2 * pair], state_.MeasureMarks[2 * pair + 1]);
+    }
+}
+
+void Measuring::End() {
+    // What leaving a field works out must not stay behind.
+    if (state_.MeasureFieldFocus) parts_.Platform.Focus.SetFocus(controls_.pbxDrawField);
+    const auto marks = static_cast<std::size_t>(state_.MeasureClicks);
+    ClearMeasure();
+    WipeMarks(marks);
+    // Without marks the scale is free again.
+    state_.ScaleUpdating = false;
+    if (!state_.Walking()) sim_.EnableControls(true);
+}
+
+Measuring::Marks Measuring::TakeMarks() const {
+    Marks marks{state_.MeasureClicks, {}};
+    for (std::size_t i = 0; i < marks.Places.size(); ++i) {
+        const double zero = i % 2 == 0 ? state_.ZeroX : state_.ZeroY;
+        marks.Places[i] = (state_.MeasureMarks[i] - zero) / state_.DrawScale;
+    }
+    return marks;
+}
+
+void Measuring::PutBack(const Marks& marks) {
+    if (marks.Count == 0 || state_.MeasureClicks != marks.Count) return;
+    const double scale = state_.DrawScale;
+    for (std::size_t pair = 0; pair < static_cast<std::size_t>(marks.Count); ++pair) {
+        PutMark(pair, ToSingle(state_.ZeroX + marks.Places[2 * pair] * scale),
+                ToSingle(state_.ZeroY + marks.Places[2 * pair + 1] * scale));
+    }
+    sim_.EnableControls(false);
 }
 
 void Measuring::ShowPointer(int pointer) {
@@ -170,6 +207,7 @@ void Measuring::ClearMeasure() {
         field->Text = "";
     }
     ShowPointer(mouse::DefaultPointer);
+    Run(parts_.StateChanged);
 }
 
 void Measuring::Recalculate() {

@@ -21,6 +21,16 @@ public:
     void DrawMark(float x, float y);
     // Withdraws the measurement; the marks go with the next drawing.
     void ClearMeasure();
+    // Withdraws it with its marks, and gives the menus back.
+    void End();
+    // The marks that stand, in program units from the zero point: they can be put back when a drawing has wiped them.
+    struct Marks {
+        int Count = 0;
+        std::array<double, 4> Places{};
+    };
+    Marks TakeMarks() const;
+    // Nothing where the measurement is another one meanwhile.
+    void PutBack(const Marks& marks);
     // Distances without sign, from the four fields. Numbers beyond a 32-bit float leave what they would set.
     void Recalculate();
 
@@ -29,6 +39,8 @@ private:
     void Field_KeyPress(std::size_t place, int& character);
     void Field_KeyDown(std::size_t place, int pressed);
     void ShowPointer(int pointer);
+    void PutMark(std::size_t pair, float x, float y);
+    void WipeMarks(std::size_t count);
     float HorizontalValue(float x) const;
     float VerticalValue(float y) const;
 

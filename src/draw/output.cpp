@@ -200,6 +200,7 @@ void DrawingOutput::PutOnPaper(bool preview) {
     PrintJob job;
     job.Path = path;
     job.Part = Trim(texts.NoticeTexts(text::DrawingName));
+    job.FileTitle = texts.NoticeTexts(text::PrintToPdf);
     job.Preview = preview;
     try {
         printer.BeginJob(job);

@@ -1,13 +1,19 @@
 #include "draw/simulation.h"
 
+#include "basic/stack_guard.h"
+#include "program/workbench_calls.h"
+
 namespace kvt {
 
 namespace {
 
 constexpr int mostTicks = 1000;
 constexpr int turnsPerWait = 20;
+constexpr int intervals[SimulationCount] = {0, 0, 500, 200, 50};
 
 }  // namespace
+
+int IntervalOfSim(int index) { return intervals[index]; }
 
 Simulation::Simulation(DrawParts& parts) : parts_(parts), controls_(parts.Controls), state_(parts.State) {
     for (const auto& entry : controls_.mnuSim) {
@@ -29,6 +35,7 @@ int Simulation::CheckedSim() const {
 
 void Simulation::SelectSim(int index) {
     for (const auto& entry : controls_.mnuSim) entry->Checked = entry->Index() == index;
+    Run(parts_.StateChanged);
 }
 
 void Simulation::EnableControls(bool flag) {
@@ -38,6 +45,7 @@ void Simulation::EnableControls(bool flag) {
     controls_.cmdAutoFit.Enabled = flag;
     controls_.cmdRedraw.Enabled = !(controls_.mnuRedraw.Checked && !flag);
     controls_.UpDown.Enabled = flag;
+    Run(parts_.StateChanged);
 }
 
 void Simulation::mnuSim_Click(int index) {
@@ -61,6 +69,7 @@ void Simulation::mnuSim_Click(int index) {
 void Simulation::cmdStep_Click() {
     state_.PressStep();
     controls_.cmdStep.Enabled = false;
+    Run(parts_.StateChanged);
 }
 
 void Simulation::cmdStop_Click() {
@@ -74,6 +83,24 @@ void Simulation::cmdStop_Click() {
     state_.StopRequested = false;
 }
 
+void Simulation::SwitchTo(int index) {
+    if (!state_.Walking() || index == simulation::Run) return mnuSim_Click(index);
+    EnableControls(false);
+    SelectSim(index);
+    state_.StepMode = index == simulation::Step;
+    state_.Interval = IntervalOfSim(index);
+    if (state_.Interval > 1) controls_.Timer1.Interval = state_.Interval;
+    controls_.Timer1.Enabled = state_.Interval > 1;
+    if (!state_.StepMode) state_.PressStep();
+}
+
+void Simulation::EndWalk() {
+    cmdStop_Click();
+    state_.PressStep();
+    state_.EndClickWait();
+    controls_.Timer1.Enabled = false;
+}
+
 void Simulation::cmdRun_Click() { mnuSim_Click(simulation::Run); }
 
 void Simulation::Timer1_Timer() {
@@ -82,7 +109,9 @@ void Simulation::Timer1_Timer() {
 
 void Simulation::WaitTimer() {
     const int interval = state_.Interval;
-    if (interval <= 1 || !state_.MayWait()) return;
+    if (interval <= 1 || !state_.MayWait() || state_.LeavesOutWait()) return;
+    const StackGuard guard(state_.InTimedWait);
+    Run(parts_.StateChanged);
     controls_.Timer1.Interval = interval;
     // An endless program that waits is given up after fewer lines than one that does not.
     state_.Turns += turnsPerWait;
@@ -98,12 +127,14 @@ void Simulation::WaitTimer() {
 void Simulation::WaitFor(UserWait wait) {
     MarkTool();
     state_.Wait = wait;
+    Run(parts_.StateChanged);
     while (state_.Wait == wait && state_.MayWait()) {
         if (parts_.Platform.System.DoEvents()) continue;
         state_.Leave();
         break;
     }
     state_.Wait = UserWait::None;
+    Run(parts_.StateChanged);
 }
 
 // Shows where the pen is.

@@ -4,6 +4,9 @@
 
 namespace kvt {
 
+// The wait behind a line of an entry of mnuSim, in milliseconds.
+int IntervalOfSim(int index);
+
 // How fast the drawing runs: mnuSim, the buttons of a run, the timer, and the waits of the walk.
 class Simulation {
 public:
@@ -19,6 +22,10 @@ public:
     void cmdStop_Click();
     void cmdRun_Click();
     void Timer1_Timer();
+    // The same as the menu; a walk under way goes on from where it is at the new speed, or in steps.
+    void SwitchTo(int index);
+    // Ends a walk with the wait that it stands in.
+    void EndWalk();
 
     // Waits for the next tick of the walk's interval; 0 and 1 are no wait.
     void WaitTimer();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "basic/number.h"
 #include "draw/in_sight.h"
@@ -55,6 +56,7 @@ Viewport::Viewport(DrawParts& parts) : parts_(parts), controls_(parts.Controls),
 void Viewport::ScaleFromIndex(int index) {
     // A scale that the user chooses stays.
     state_.FitNext = false;
+    state_.OwnView = true;
     state_.DrawScale = index >= 0 && index < ScaleCount ? std::ldexp(1.0F, index - 3) : 1;
 }
 
@@ -76,7 +78,18 @@ int Viewport::CheckedScaleIndex() const {
 void Viewport::Autofit() {
     if (!state_.AutoFitPending) return;
     Fit();
+    // A walk under way would go on in the new scale from where the old one has led it.
+    state_.Walking() && state_.MayWait() ? DrawAgain() : parts_.Redraw();
+}
+
+void Viewport::DrawAgain() {
+    const bool waits = state_.InTimedWait || state_.Wait != UserWait::None;
+    const bool walks = state_.Walking();
+    state_.WaitsToLeaveOut = !walks  ? std::numeric_limits<int>::max()
+                             : waits ? state_.Waits - 1
+                                     : state_.Waits;
     parts_.Redraw();
+    if (walks) state_.Leave();
 }
 
 bool Viewport::Fit() {
@@ -107,6 +120,8 @@ bool Viewport::Fit() {
         bar->SetValue(ToLong((double{1} * bar->Max - bar->Min) / 2));
     }
     state_.AutoFitPending = false;
+    state_.OwnView = false;
+    state_.ZeroMoved = false;
     return extents.VTravel > 0 || extents.HTravel > 0;
 }
 

@@ -18,6 +18,9 @@ public:
 
     // Fits scale and zero point to the program's extents and draws anew; does nothing unless it is asked for.
     void Autofit();
+    // Draws anew in another scale or place, without the waits that have been made: a drawing that has ended stays so, and
+    // a walk returns to the wait it was in.
+    void DrawAgain();
     // The fitting alone; false where the program has no travel that it could be fitted to.
     bool Fit();
     // Whether a stroke of the program that was drawn last is in sight.

@@ -119,7 +119,7 @@ void CalculatedInputs::Refuse(TextBox& field, MessageText message, std::int32_t 
                               bool keepText) {
     std::string refusal(texts_.MessageTexts(message));
     refusal += " " + PlainNumber(bound);
-    dialogs_.ShowMessage(Notice(refusal, "Value Check", icon));
+    dialogs_.ShowMessage(Notice(refusal, texts_.DialogTexts(text::ValueCheck), icon));
     if (!keepText) field.Text = "";
     if (field.Visible) focus_.SetFocus(field);
 }

@@ -56,6 +56,8 @@ void CodeChoice::lvCncProgram_Click() {
     ProgramStore& store = parts_.Store;
     if (store.TransmitActive || store.EditorRunMode) return;
     Run(parts_.Calls.HideSettings);
+    // In a narrow window the quiet line lies where the row tells of the line that is opened.
+    Run(parts_.Calls.Tell, "");
     parts_.Interpreter.RefreshLineCount();
     const int place = store.lvCncProgram.SelectedRow();
     if (place == 0) return;

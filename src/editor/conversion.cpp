@@ -3,6 +3,7 @@
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "program/edit_step.h"
 #include "program/word.h"
 
 namespace kvt {
@@ -38,12 +39,14 @@ bool IsLength(const Cell& cell, int col) {
 
 }  // namespace
 
-Conversion::Conversion(Form& form, ProgramStore& store, MachineControls& machine, EntryRow& entry)
+Conversion::Conversion(Form& form, ProgramStore& store, MachineControls& machine, EntryRow& entry,
+                       WorkbenchCalls& calls)
     : mnuCalculator(form, "mnuCalculator", "Calculator"),
       mnuDelComments(form, "mnuDelComments", "Delete all comments"),
       store_(store),
       machine_(machine),
-      entry_(entry) {
+      entry_(entry),
+      calls_(calls) {
     mnuDelComments.OnClick = [this] { mnuDelComments_Click(); };
     machine_.mnuINCHtoMM.OnClick = [this] { Convert(inchToMetric); };
     machine_.mnuMMtoINCH.OnClick = [this] { Convert(1 / inchToMetric); };
@@ -52,6 +55,7 @@ Conversion::Conversion(Form& form, ProgramStore& store, MachineControls& machine
 void Conversion::Convert(double factor) {
     const int lines = store_.LineCount();
     if (lines == 0) return;
+    const EditStep step(calls_, {StepKind::Conversion});
     store_.ProgramChanged = true;
     ListView& list = store_.lvCncProgram;
     const int selected = list.SelectedRow();
@@ -86,6 +90,7 @@ void Conversion::Convert(double factor) {
 }
 
 void Conversion::mnuDelComments_Click() {
+    const EditStep step(calls_, {StepKind::CommentsDeleted});
     ListView& list = store_.lvCncProgram;
     for (int row = 1; row <= list.Count(); ++row) list.Row(row)[column::Comment] = "";
     list.RowsChanged();

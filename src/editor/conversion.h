@@ -3,6 +3,7 @@
 #include "editor/entry_row.h"
 #include "program/machine_controls.h"
 #include "program/program_store.h"
+#include "program/workbench_calls.h"
 
 namespace kvt {
 
@@ -10,7 +11,8 @@ namespace kvt {
 // pass; that comes with the next edit.
 class Conversion {
 public:
-    Conversion(Form& form, ProgramStore& store, MachineControls& machine, EntryRow& entry);
+    Conversion(Form& form, ProgramStore& store, MachineControls& machine, EntryRow& entry,
+               WorkbenchCalls& calls);
 
     Menu mnuCalculator, mnuDelComments;
 
@@ -24,6 +26,7 @@ private:
     ProgramStore& store_;
     MachineControls& machine_;
     EntryRow& entry_;
+    WorkbenchCalls& calls_;
 };
 
 }  // namespace kvt

@@ -19,6 +19,7 @@ EntryRow::EntryRow(Form& form)
       txtFKTL(form, "txtFKTL"),
       txtH(form, "txtH"),
       txtComment(form, "txtComment"),
+      lblBefore(form, "lblBefore"),
       txtFeedA(form, "txtFeedA"),
       txtFeedB(form, "txtFeedB"),
       cmdFeedA(form, "cmdFeedA", "Feed A"),

@@ -17,6 +17,7 @@ struct EntryRow {
     Label lblGMcode, lblXI, lblYJ, lblZK, lblFKTL, lblH;
     TextBox txtGMcode, txtXI, txtYJ, txtZK, txtFKTL, txtH;
     TextBox txtComment;
+    Label lblBefore;  // what the line holds that Enter would change
     TextBox txtFeedA, txtFeedB;
     CommandButton cmdFeedA, cmdFeedB;
     CheckBox chkSettingsDWC;  // delete without confirmation

@@ -7,6 +7,7 @@
 #include "basic/text.h"
 #include "editor/value_range.h"
 #include "platform/keys.h"
+#include "program/edit_step.h"
 
 namespace kvt {
 
@@ -35,6 +36,7 @@ FeedPresets::FeedPresets(EntryRow& entry, ProgramStore& store, ControlInterprete
 void FeedPresets::KeyPress(std::string_view which, int& character) {
     if (character == key::Enter) {
         character = 0;
+        const EditStep step(calls_, {StepKind::Feeds});
         SetFeedLimits();
         ReplaceAndTell(which);
         focus_.SetFocus(entry_.txtComment);
@@ -88,7 +90,7 @@ void FeedPresets::SetFeedLimits() {
         Attempt("SetFeedLimits", [&] { feed = Val(preset->Text); });
         feed = std::clamp<double>(feed, range.Low, range.High);
         preset->Text = RightPad(PlainNumber(static_cast<float>(feed)), 5);
-        SetRange(*preset, range);
+        SetRange(*preset, range, texts_);
     }
 }
 

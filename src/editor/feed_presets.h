@@ -4,6 +4,8 @@
 #include "interpreter/interpreter.h"
 #include "platform/services.h"
 #include "program/program_store.h"
+#include "program/texts.h"
+#include "program/workbench_calls.h"
 
 namespace kvt {
 

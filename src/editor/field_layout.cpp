@@ -171,11 +171,8 @@ void FieldLayout::InputFields(std::string& code) {
     if (const LayoutRow* const row = RowOf(code, machine)) {
         for (const ShownField& shown : row->Fields) {
             const EntryRow::Field& field = fields[shown.Field];
-            const UnitRanges& ranges = store_.Horizontal ? shown.Limit.Horizontal : shown.Limit.Vertical;
-            field.Caption.Caption = shown.Label;
             field.Caption.Visible = true;
             field.Box.Visible = true;
-            SetRange(field.Box, ColumnRange(ranges.In(store_.Metric), shown, machine == f1));
         }
         entry_.cmdFeedA.Enabled = row->FeedButtons;
         entry_.cmdFeedB.Enabled = row->FeedButtons;
@@ -183,8 +180,28 @@ void FieldLayout::InputFields(std::string& code) {
         if (machine == mk2 && Contains({"G02 ", "G03 "}, code)) entry_.txtZK.Enabled = false;
     }
     laidOutCode_ = code;
+    NameFields();
     UpdateFrameCaption();
     FirstFieldFocus("");
+}
+
+void FieldLayout::NameFields() {
+    const LayoutRow* const row = RowOf(laidOutCode_, MachineBit());
+    if (!row) return;
+    auto fields = entry_.Fields();
+    for (const ShownField& shown : row->Fields) {
+        const EntryRow::Field& field = fields[shown.Field];
+        const UnitRanges& ranges = store_.Horizontal ? shown.Limit.Horizontal : shown.Limit.Vertical;
+        // A word is one of the language; letters are those of the columns.
+        const std::string_view label = shown.Label;
+        field.Caption.Caption = label.size() > 1 ? texts_.DialogTexts(text::TargetLine) : label;
+        SetRange(field.Box, ColumnRange(ranges.In(store_.Metric), shown, store_.IsF1()), texts_);
+    }
+}
+
+void FieldLayout::RefreshTexts() {
+    NameFields();
+    UpdateFrameCaption();
 }
 
 void FieldLayout::HideInputFields() {

@@ -24,6 +24,8 @@ public:
     void HideInputFields();
     // Whether the fields are laid out for the code that stands in the row.
     bool IsLaidOutForCode() const;
+    // Gives labels, tool tips and the frame their texts anew: the language has changed.
+    void RefreshTexts();
     // The feed buttons are enabled where the code that stands in the row is marked for them.
     void RefreshFeedButtons();
     // The frame names the code that stands in the row; one that no list knows has no name.
@@ -41,6 +43,8 @@ public:
 
 private:
     unsigned MachineBit() const;
+    // Gives the fields that are laid out their labels and ranges.
+    void NameFields();
     // The four-character form of the code that stands in the row.
     std::string CodeInRow() const;
     // The entry of the machine's list for the code that stands in the row; null where there is none.

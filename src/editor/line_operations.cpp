@@ -7,6 +7,7 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "editor/field_format.h"
+#include "program/edit_step.h"
 #include "program/result_cells.h"
 #include "program/word.h"
 
@@ -71,6 +72,7 @@ void LineOperations::LineDelete() {
             Question(texts_.ErrorTexts(text::DeleteLine), texts_.ErrorTexts(text::DeleteTitle)));
         if (answer == Answer::No) return;
     }
+    const EditStep step(calls_, {StepKind::LineDeleted, selected - 1});
     interpreter_.EndStepRun();
     store_.ProgramChanged = true;
     list.RemoveRow(selected);
@@ -101,6 +103,7 @@ void LineOperations::LineInsert() {
     const int top = list.TopRow();
     const int selected = std::max(list.SelectedRow(), 1);
     const int behind = list.Count() - selected + 1;
+    const EditStep step(calls_, {StepKind::LineInserted, selected - 1});
     store_.ProgramChanged = true;
     entry_.Opened.Close();
     entry_.lblGMcode.Caption = "G";
@@ -154,6 +157,9 @@ void LineOperations::LineEdit() {
         if (entry_.lblFKTL.Caption == "T" && entry_.txtFKTL.Text.Empty()) entry_.txtFKTL.Text = "01";
     }
     if (!AllValuesFit()) return;
+    const int place = store_.lvCncProgram.SelectedRow();
+    const bool adds = place == store_.lvCncProgram.Count();
+    const EditStep step(calls_, {adds ? StepKind::LineAdded : StepKind::LineChanged, place - 1});
     store_.ProgramChanged = true;
     const bool fillsComment = view_.chkViewGcode.Value != 0 && entry_.txtComment.Text.Empty();
     if (fillsComment && !CommentUnchanged(entry_)) layout_.CodeDescription();

@@ -4,11 +4,11 @@
 
 namespace kvt {
 
-void SetRange(TextBox& field, const ValueRange& range) {
+void SetRange(TextBox& field, const ValueRange& range, const Texts& texts) {
     const std::string low = PlainNumber(range.Low);
     const std::string high = PlainNumber(range.High);
     field.Tag = low + "TO" + high;
-    field.ToolTip = low + " = Low, Hi = " + high;
+    field.ToolTip = Filled(texts.DialogTexts(text::RangeOfField), {low, high});
 }
 
 }  // namespace kvt

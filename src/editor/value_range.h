@@ -4,6 +4,7 @@
 
 #include "platform/controls.h"
 #include "program/limits.h"
+#include "program/texts.h"
 
 namespace kvt {
 
@@ -35,6 +36,6 @@ constexpr UnitRanges EitherSide(limit::ByUnits high) {
 inline constexpr UnitRanges FeedRange = Between(limit::Both(limit::Two), limit::Feed);
 
 // Gives a field its range: two numbers joined by "TO" in the Tag, which the check of the field reads, and the tool tip.
-void SetRange(TextBox& field, const ValueRange& range);
+void SetRange(TextBox& field, const ValueRange& range, const Texts& texts);
 
 }  // namespace kvt

@@ -9,6 +9,7 @@
 #include "files/cnc_format.h"
 #include "files/questions.h"
 #include "program/code_key.h"
+#include "program/edit_step.h"
 #include "program/result_cells.h"
 
 namespace kvt {
@@ -16,9 +17,15 @@ namespace kvt {
 namespace {
 
 constexpr const char* loadFileName = "LoadFile";
-constexpr std::string_view programFilter =
-    "cnc files (*.txt or *.cnc or *.c5n)|*.cnc;*.txt;*.c5n|All Files (*.*)|*.*|";
 constexpr std::string_view preProcessorResult = ".~pp";
+
+// The files that the dialog offers, by the patterns behind their names.
+std::string ProgramFilter(const Texts& texts) {
+    std::string filter(texts.DialogTexts(text::ProgramFiles));
+    filter += "|*.cnc;*.txt;*.c5n|";
+    filter += texts.DialogTexts(text::AllFiles);
+    return filter + "|*.*|";
+}
 
 std::string_view Field(std::string_view record, cnc::Span span) {
     return record.substr(span.At, span.Length);
@@ -123,12 +130,6 @@ constexpr MillUnits millUnits[] = {
     {"\"-", false, true}, {"MI", true, false},  {"\"I", false, false},
 };
 
-MachineModel MachineOf(FileKind kind) {
-    return kind == FileKind::MK2   ? MachineModel::MK2
-           : kind == FileKind::MK4 ? MachineModel::MK4
-                                   : MachineModel::F1;
-}
-
 }  // namespace
 
 CncReader::CncReader(Parts parts) : parts_(parts) {}
@@ -150,9 +151,10 @@ LoadResult CncReader::LoadFile(std::string& fileName, const LoadAs& as) {
         ReportNotRecognised();
         return LoadResult::NotRecognised;
     }
+    const EditStep step(parts_.Calls, {as.Step});
     // The old program is saved in the layout of its own machine, so the machine changes behind that.
     if (!SettleUnsavedProgram(as.Unsaved)) return LoadResult::Nothing;
-    store.Machine = MachineOf(found.Kind);
+    store.Machine = found.Machine;
     Run(parts_.Calls.ClearProgram_Click);
     ReadNotes(text, found);
     ReadLines(text, found);
@@ -186,7 +188,7 @@ LoadResult CncReader::ReadText(std::string& name, std::string& text) {
     Services& platform = parts_.Platform;
     // The dialog itself keeps the filter that an earlier opening has left there.
     if (!name.empty()) {
-        dialog.Filter = programFilter;
+        dialog.Filter = ProgramFilter(parts_.Language);
         dialog.FileName = name;
     } else {
         bool chosen = false;
@@ -226,7 +228,7 @@ void CncReader::ReadNotes(std::string_view text, const Recognised& found) {
         notes.Text = Trim(Replace(before, "%", ""));
     });
     parts_.Controls.lblFileName.Caption = parts_.Controls.lblPath.Caption;
-    if (found.Kind == FileKind::MK4 && found.WithoutComments) notes.Text = "";
+    if (found.WithoutComments) notes.Text = "";
 }
 
 void CncReader::ReadLines(std::string_view text, const Recognised& found) {
@@ -237,19 +239,19 @@ void CncReader::ReadLines(std::string_view text, const Recognised& found) {
     if (atStart) lines.insert(lines.begin(), std::string_view());
 
     // The empty element is skipped by its length; the header of MK4 and F1 is skipped here.
-    const std::size_t first = found.Kind == FileKind::MK2 ? 0 : 2;
+    const std::size_t first = found.Machine == MachineModel::MK2 ? 0 : 2;
     parts_.Store.lvCncProgram.Reserve(static_cast<int>(lines.size()));
     LineBuffer buffer;
     for (std::size_t i = first; i < lines.size(); ++i) {
         if (lines[i].size() <= 1) continue;
         const std::string_view record = buffer.Record(lines[i]);
-        const bool skipped = found.Kind == FileKind::MK4 && found.WithoutComments;
+        const bool skipped = found.WithoutComments;
         const std::string_view comment = skipped ? std::string_view() : CommentOf(lines[i]);
         bool goesOn = true;
         Attempt(loadFileName, [&] {
-            goesOn = found.Kind == FileKind::MK2   ? ReadMK2(record, comment, i)
-                     : found.Kind == FileKind::MK4 ? ReadMK4(record, comment)
-                                                   : ReadF1(record, comment);
+            goesOn = found.Machine == MachineModel::MK2   ? ReadMK2(record, comment, i)
+                     : found.Machine == MachineModel::MK4 ? ReadMK4(record, comment)
+                                                          : ReadF1(record, comment);
         });
         if (!goesOn) break;
     }

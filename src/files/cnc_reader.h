@@ -8,6 +8,7 @@
 #include "files/file_controls.h"
 #include "files/recogniser.h"
 #include "interpreter/view_options.h"
+#include "program/edit_step.h"
 #include "program/machine_controls.h"
 #include "program/texts.h"
 
@@ -35,6 +36,8 @@ struct LoadAs {
     bool FromSource = false;
     // It is in no program file.
     bool Changed = false;
+    // What has brought it.
+    StepKind Step = StepKind::Opened;
 };
 
 // Brings program files into the store.

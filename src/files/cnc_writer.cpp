@@ -7,6 +7,7 @@
 #include "basic/text.h"
 #include "files/cnc_format.h"
 #include "files/questions.h"
+#include "program/edit_step.h"
 
 namespace kvt {
 
@@ -141,6 +142,7 @@ void CncWriter::AppendUnits(std::string& text) const {
 void CncWriter::AddEndCode() {
     ProgramStore& store = parts_.Store;
     EntryRow& entry = parts_.Entry;
+    const EditStep step(parts_.Calls, {StepKind::LineAdded, store.LineCount()});
     if (store.EndCodePresent) return;
     const bool mk2 = store.IsMK2();
     entry.Opened.Close();
@@ -236,6 +238,7 @@ void CncWriter::WriteFile(const std::string& name, const std::string& text) {
     if (written) parts_.Controls.LastProgram = name;
     parts_.Controls.lblPath.Caption = name;
     parts_.Controls.lblFileName.Caption = ExtractFileName(name);
+    if (written) Run(parts_.Calls.ProgramSaved);
     if (written) Run(parts_.Calls.FileUsed, name);
     Run(parts_.Calls.RefreshTitle);
     if (written) TellSaved(parts_.Calls, parts_.Language, name);

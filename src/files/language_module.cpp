@@ -40,6 +40,16 @@ LanguageModule ReadLanguageModule(std::string bytes) {
     return module;
 }
 
+std::string LanguageNameOf(const LanguageModule& module) {
+    for (const LanguageSection& section : module.Sections) {
+        if (!EqualIgnoringCase(section.Name, language_section::System)) continue;
+        for (const LanguageLine& line : section.Lines) {
+            if (EqualIgnoringCase(line.Key, "Language Name")) return line.Value;
+        }
+    }
+    return {};
+}
+
 LanguageModuleText::LanguageModuleText() {
     text_ += cnc::MarkLanguage;
     text_ += LineEnd;

@@ -23,9 +23,16 @@ struct LanguageModule {
     std::vector<LanguageSection> Sections;
 };
 
+namespace language_section {
+inline constexpr const char* System = "System Variables";
+}  // namespace language_section
+
 // The sections of a module in their order, each with the lines that have a "=" and no ";" in front. Text that
 // begins with the mark of UTF-8 is converted.
 LanguageModule ReadLanguageModule(std::string bytes);
+
+// What a module calls its language; empty where it does not tell.
+std::string LanguageNameOf(const LanguageModule& module);
 
 // Writes a module line by line.
 class LanguageModuleText {

@@ -13,59 +13,38 @@ namespace kvt {
 namespace {
 
 constexpr const char* preProcessorName = "Pre-Processor";
-constexpr const char* errorCaption = "PreProcessor Error!";
-constexpr const char* informationCaption = "PreProcessor Information";
-constexpr const char* waitCaption = "PreProcessor";
 constexpr const char* resultEnding = ".~pp";
 constexpr const char* errorEnding = ".~ppERR";
 constexpr const char* informationEnding = ".~ppINFO";
-constexpr std::string_view anyFile = "pre-processor files (*.*)|*.*";
+constexpr std::string_view anyFile = "|*.*";
 constexpr std::size_t maxEntries = std::numeric_limits<std::int16_t>::max();
 
 }  // namespace
 
-PreProcessor::PreProcessor(Parts parts) : Window(parts.Platform.Focus), parts_(parts) {
-    MenuEntry(0);
+PreProcessor::PreProcessor(Parts parts)
+    : Window(parts.Platform.Focus),
+      parts_(parts),
+      mnuPP_(parts.mnuImport, "mnuPP", [this](int index) { mnuPP_Click(index); }) {
+    mnuPP_.At(0);
     Window.cmdAbort.OnClick = [this] { Abort(); };
 }
 
-// Entries are made when they are needed for the first time.
-Menu& PreProcessor::MenuEntry(int index) {
-    Form& form = parts_.mnuImport.OwningForm();
-    while (static_cast<int>(entries_.size()) <= index) {
-        const auto next = static_cast<int>(entries_.size());
-        entries_.push_back(std::make_unique<Menu>(form, "mnuPP", "", next));
-        entries_.back()->Container = &parts_.mnuImport;
-        entries_.back()->Visible = false;
-        entries_.back()->OnClick = [this, next] { mnuPP_Click(next); };
-        form.TellControlsAdded();
-    }
-    return *entries_[static_cast<std::size_t>(index)];
-}
-
 void PreProcessor::RefreshPreProcessors() {
-    // Entry 0 always exists.
-    if (PreProcessorCount > 0) {
-        parts_.mnuImport.Visible = false;
-        for (int i = 1; i < PreProcessorCount; ++i) MenuEntry(i).Visible = false;
-    }
-    PreProcessorCount = 0;
-    if (PreProcessorFolder.empty()) return;
-    const std::string pattern = "*." + std::string(NameOf(parts_.Store.Machine));
     std::vector<std::string> names;
-    Attempt("RefreshPreProcessors", [&] { names = parts_.Platform.Files.List(PreProcessorFolder, pattern); });
-    if (names.size() > maxEntries) names.resize(maxEntries);
-    for (const std::string& name : names) {
-        Menu& entry = MenuEntry(PreProcessorCount++);
-        entry.Caption = name;
-        entry.Visible = true;
+    if (!PreProcessorFolder.empty()) {
+        const std::string pattern = "*." + std::string(NameOf(parts_.Store.Machine));
+        Attempt("RefreshPreProcessors",
+                [&] { names = parts_.Platform.Files.List(PreProcessorFolder, pattern); });
     }
-    if (PreProcessorCount > 0) parts_.mnuImport.Visible = true;
+    if (names.size() > maxEntries) names.resize(maxEntries);
+    PreProcessorCount = static_cast<std::int16_t>(names.size());
+    mnuPP_.Show(names);
+    parts_.mnuImport.Visible = PreProcessorCount > 0;
 }
 
 bool PreProcessor::ChooseFile(std::string& name) {
     FileDialog& dialog = parts_.Controls.dlgFile;
-    dialog.Filter = anyFile;
+    dialog.Filter = std::string(parts_.Language.DialogTexts(text::PreProcessorFiles)).append(anyFile);
     // A save may have left it on; here a cancelled dialog is no failure.
     dialog.CancelError = false;
     bool chosen = false;
@@ -85,11 +64,12 @@ void PreProcessor::mnuPP_Click(int index) {
     }
     // The name is not quoted: one with a blank gives two arguments.
     const std::string result = name + resultEnding;
-    const bool converted = Convert(PreProcessorFolder + MenuEntry(index).Caption.Get() + " " + name, name);
+    const bool converted = Convert(PreProcessorFolder + mnuPP_.At(index).Caption.Get() + " " + name, name);
     // The reader empties the name that it is given.
     if (converted) {
         LoadAs as;
         as.Changed = true;
+        as.Step = StepKind::Imported;
         std::string file = result;
         parts_.Reader.LoadFile(file, as);
         Remove(result);
@@ -107,8 +87,8 @@ bool PreProcessor::Convert(const std::string& command, const std::string& name) 
         for (const char* ending : {resultEnding, errorEnding, informationEnding}) Remove(name + ending);
         return false;
     }
-    if (ShowMessage(name + errorEnding, errorCaption)) return false;
-    ShowMessage(name + informationEnding, informationCaption);
+    if (ShowMessage(name + errorEnding, text::PreProcessorError)) return false;
+    ShowMessage(name + informationEnding, text::PreProcessorInformation);
     // One that the system has cut off may have left half a program.
     const std::string result = name + resultEnding;
     if (!parts_.Platform.Programs.WasCutOff(program) && parts_.Platform.Files.Exists(result)) return true;
@@ -123,7 +103,7 @@ bool PreProcessor::WaitFor(int program, const std::string& name) {
     Window.tmrAbort.OnTimer = [this, &name] {
         Window.tmrAbort.Enabled = false;
         Window.OfferAbort(std::string(parts_.Language.MessageTexts(text::StillAtWork)).append(LineEnd) + name,
-                          waitCaption);
+                          parts_.Language.DialogTexts(text::PreProcessorWaits));
     };
     Window.tmrAbort.Enabled = true;
     while (!aborted_ && !parts_.Platform.Programs.HasEnded(program)) {
@@ -139,11 +119,11 @@ bool PreProcessor::WaitFor(int program, const std::string& name) {
 }
 
 // Shows a text that the pre-processor has left, and deletes its file. False where there is none.
-bool PreProcessor::ShowMessage(const std::string& file, const char* caption) {
+bool PreProcessor::ShowMessage(const std::string& file, DialogText caption) {
     if (!parts_.Platform.Files.Exists(file)) return false;
     std::string text;
     Attempt(preProcessorName, [&] { text = parts_.Platform.Files.ReadWhole(file); });
-    Window.ShowText(text, caption);
+    Window.ShowText(text, parts_.Language.DialogTexts(caption));
     Remove(file);
     return true;
 }

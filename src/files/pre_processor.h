@@ -1,11 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
-#include <vector>
 
 #include "files/cnc_reader.h"
 #include "files/pre_processor_window.h"
+#include "platform/menu_array.h"
 #include "program/texts.h"
 
 namespace kvt {
@@ -39,19 +38,17 @@ public:
     void Abort() { aborted_ = true; }
 
 private:
-    Menu& MenuEntry(int index);
     bool ChooseFile(std::string& name);
     // False where the user has ended it.
     bool WaitFor(int program, const std::string& name);
     bool Convert(const std::string& command, const std::string& name);
     bool RemoveOldResult(const std::string& file);
-    bool ShowMessage(const std::string& file, const char* caption);
+    bool ShowMessage(const std::string& file, DialogText caption);
     void Remove(const std::string& file);
     void ShowNotice(MessageText message, const std::string& name);
 
     Parts parts_;
-    // The array mnuPP. Entries that are not in use are hidden.
-    std::vector<std::unique_ptr<Menu>> entries_;
+    MenuArray mnuPP_;
     bool running_ = false;
     bool aborted_ = false;
 };

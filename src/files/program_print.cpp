@@ -43,6 +43,7 @@ PrintJob ProgramPrint::Job(bool preview) const {
     PrintJob job;
     job.Path = parts_.Controls.lblPath.Caption.Get();
     job.PageText = parts_.Language.NoticeTexts(text::PageOf);
+    job.FileTitle = parts_.Language.NoticeTexts(text::PrintToPdf);
     job.Preview = preview;
     return job;
 }

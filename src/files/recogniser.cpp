@@ -24,14 +24,15 @@ std::size_t Search(std::string_view text, std::string_view mark) {
 }
 
 struct Mark {
-    FileKind Kind;
     std::string_view Text;
+    FileKind Kind;
+    MachineModel Machine = MachineModel::MK4;
 };
 
-constexpr Mark marks[] = {{FileKind::MK2, cnc::MarkMK2},
-                          {FileKind::MK4, cnc::MarkMK4},
-                          {FileKind::F1, cnc::MarkF1},
-                          {FileKind::Language, cnc::MarkLanguage}};
+constexpr Mark marks[] = {{cnc::MarkMK2, FileKind::Program, MachineModel::MK2},
+                          {cnc::MarkMK4, FileKind::Program, MachineModel::MK4},
+                          {cnc::MarkF1, FileKind::Program, MachineModel::F1},
+                          {cnc::MarkLanguage, FileKind::Language}};
 
 }  // namespace
 
@@ -41,7 +42,9 @@ Recognised Recognise(std::string_view text) {
         found.Position = Search(text, mark.Text);
         if (found.Position == 0) continue;
         found.Kind = mark.Kind;
-        found.WithoutComments = mark.Kind == FileKind::MK4 && Search(text, cnc::MarkWithoutComments) != 0;
+        found.Machine = mark.Machine;
+        const bool maySay = mark.Kind == FileKind::Program && mark.Machine == MachineModel::MK4;
+        found.WithoutComments = maySay && Search(text, cnc::MarkWithoutComments) != 0;
         break;
     }
     return found;

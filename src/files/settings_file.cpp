@@ -4,11 +4,13 @@
 #include <charconv>
 
 #include "basic/code_page.h"
+#include "basic/installation.h"
 #include "basic/line_end.h"
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "files/folders.h"
+#include "platform/supplied_record.h"
 
 namespace kvt {
 
@@ -89,6 +91,7 @@ constexpr SettingKey drawKeys[] = {
     {drawMode, "AutoRedraw", "True"},
     {windows, "DrawWindow", "9999, 9999, 9999, 9999"},
     {windows, "ProgramWindow", "3000, 0, 0, 11790, Inactive"},
+    {windows, "Beside", "False"},
     {colorsAndMarks, "Legend", "True"},
     {colorsAndMarks, "DistinctColors", "False"},
     {colorsAndMarks, "HoleMarks", "False"},
@@ -159,8 +162,7 @@ std::string SettingsFile::ResetText() const {
 }
 
 std::string SettingsFile::Compose(const std::function<std::string(std::size_t)>& value) const {
-    std::string text = ";KVT " + PlainNumber(VersionMajor) + "." + PlainNumber(VersionMinor) + "." +
-                       PlainNumber(VersionRevision) + " " + name_ + " SETTINGS user file";
+    std::string text = ";KVT " + VersionText() + " " + name_ + " SETTINGS user file";
     text += LineEnd;
     std::string_view section;
     for (std::size_t i = 0; i < keys_.size(); ++i) {
@@ -243,18 +245,20 @@ std::string WithoutUtf8Mark(std::string bytes) {
 }
 
 void InstallResetCopies(FileService& files, std::string_view localDataFolder) {
-    const std::string folder = FoldersBelow(localDataFolder).SettingsFolder;
+    const Folders folders = FoldersBelow(localDataFolder);
+    const std::string& folder = folders.SettingsFolder;
+    SuppliedRecord record(files, folders.SuppliedFile());
     const auto bring = [&](const char* name, const SettingsFile& file) {
         try {
-            if (files.Exists(folder + name)) return;
             files.MakeFolder(folder);
-            files.WriteWhole(folder + name, file.ResetText());
+            record.Renew(name, folder + name, file.ResetText());
         } catch (const RunTimeError&) {
             // The workbench starts on its built-in values then, and tells what it cannot keep.
         }
     };
     bring("SettingsEditorReset.txt", SettingsFile("EDITOR", editorKeys));
     bring("SettingsDrawReset.txt", SettingsFile("DRAW", drawKeys));
+    record.Write();
 }
 
 }  // namespace kvt

@@ -82,7 +82,7 @@ std::optional<WindowState> WindowStateOf(std::string_view text);
 std::string WithoutUtf8Mark(std::string bytes);
 
 // Puts the reset copies of both files into the settings folder below the user's local application data folder
-// where they are missing, as an installation does. A folder that cannot be written stays without.
+// where they are missing, or still those of an older installation. A folder that cannot be written stays without.
 void InstallResetCopies(FileService& files, std::string_view localDataFolder);
 
 }  // namespace kvt

@@ -15,6 +15,7 @@ public:
         : files_(files), faults_(faults), service_(service) {}
 
     bool Exists(std::string_view path) override { return files_.Exists(path); }
+    std::optional<std::tm> WrittenAt(std::string_view path) override { return files_.WrittenAt(path); }
     std::string ReadWhole(std::string_view path) override { return Passed().ReadWhole(path); }
     void WriteWhole(std::string_view path, std::string_view content) override {
         Passed().WriteWhole(path, content);

@@ -31,6 +31,7 @@ public:
     Refusal OnRefused;
 
     bool Exists(std::string_view path) override { return files_.Exists(path); }
+    std::optional<std::tm> WrittenAt(std::string_view path) override { return files_.WrittenAt(path); }
     std::string ReadWhole(std::string_view path) override { return files_.ReadWhole(path); }
     void WriteWhole(std::string_view path, std::string_view content) override;
     bool CanWrite(std::string_view folder) override { return files_.CanWrite(folder); }

@@ -61,6 +61,7 @@ public:
     int Height() override { return HeightTwips; }
     int WorkAreaHeight() override { return WorkAreaTwips; }
     WindowPlace OnScreen(const WindowPlace& place) override;
+    WindowPlace WorkArea(const WindowPlace&) override { return {WorkAreaTwips, 0, 0, WidthTwips}; }
     double PointsPerTwip() override { return 1.0 / TwipsPerPixel; }
 
     int WidthTwips = 28800;
@@ -90,6 +91,7 @@ public:
     void PressKey(int key) override { Press(key); }
     void Later(std::function<void()> call) override;
     void Beep() override { ++Beeps; }
+    void UseLanguage(std::string_view code) override { LanguageCode = code; }
     void ShowPopupMenu(Menu& menu) override { ShownPopup = &menu; }
     void EndProgram() override { Ended = true; }
 
@@ -120,6 +122,7 @@ public:
     long long Clock = 0;  // milliseconds
     bool Ended = false;
     int Beeps = 0;
+    std::string LanguageCode;  // of the last UseLanguage
     Menu* ShownPopup = nullptr;
 
 private:

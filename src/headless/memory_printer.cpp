@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "basic/line_end.h"
 #include "basic/run_time_error.h"
 
 namespace kvt {
@@ -33,14 +34,14 @@ void MemoryPrinter::Print(std::string_view line, PrintedLine) {
     Demand();
     std::string& text = Job.Preview ? pending_ : Printed;
     text += line;
-    text += "\r\n";
+    text += LineEnd;
 }
 
 void MemoryPrinter::PrintDrawing(const PrintedDrawing& drawing) {
     Demand();
     if (!Job.Preview) return void(++Drawings);
     ++pendingDrawings_;
-    pending_ += drawing.Title + "\r\n";
+    pending_ += drawing.Title + std::string(LineEnd);
 }
 
 void MemoryPrinter::EndDocument() {

@@ -96,6 +96,7 @@ void MemorySystem::Run(const std::function<void()>& handler) {
         const Deeper deeper(depth_);
         call();
     }
+    if (OnHandled && !Ended) OnHandled();
 }
 
 // A key that a handler presses arrives when the handler has ended.

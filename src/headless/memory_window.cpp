@@ -19,6 +19,7 @@ void MemoryWindow::PropertyChanged(Control&, PropertyId id) {
     if (id == PropertyId::Visible && !form_.Visible) return focus_.WindowHidden(form_);
     const bool comesToFront = id == PropertyId::Front || (id == PropertyId::Visible && !form_.ComesBehind());
     if (comesToFront && !form_.TopMost) focus_.BringToFront(form_);
+    if (id == PropertyId::Area) return form_.SetRestoredPlace(WindowPlace(*form_.AreaToFill()));
     if (id != PropertyId::WindowState) return;
     if (form_.State == WindowState::Maximised) Put({screen_.WorkAreaHeight(), 0, 0, screen_.Width()});
     TellResize();

@@ -27,6 +27,7 @@ CheckPass::CheckPass(ControlInterpreter& interpreter)
 
 void CheckPass::Run() {
     selectedRow_ = list_.SelectedRow();
+    store_.LastPass = store_.PassNow();
     store_.ErrorRow = 0;
     Pass1();
     Pass2();

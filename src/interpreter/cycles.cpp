@@ -84,7 +84,7 @@ CheckPass::Next CheckPass::CountRepeats() {
     }
     if (repeats_ <= 0) return Next::GoOn;
     if (distance < cut) return EndWith(text::DivisionOfCut);
-    if (interpreter_.txtComment_.Text.Empty()) CycleComment();
+    if (interpreter_.txtComment_.Text.Empty() && !interpreter_.keepsComments_) CycleComment();
     return Next::GoOn;
 }
 

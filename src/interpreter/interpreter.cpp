@@ -4,6 +4,7 @@
 
 #include "basic/number.h"
 #include "basic/run_time_error.h"
+#include "basic/stack_guard.h"
 #include "interpreter/check_pass.h"
 
 namespace kvt {
@@ -57,6 +58,11 @@ void ControlInterpreter::Interpreter() {
         return;
     }
     CheckPass(*this).Run();
+}
+
+void ControlInterpreter::Recheck() {
+    const StackGuard guard(keepsComments_);
+    Interpreter();
 }
 
 void ControlInterpreter::FlagError(int line) {

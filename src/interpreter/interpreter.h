@@ -25,6 +25,8 @@ public:
     // before each row for StepGranted. A run asked for in that wait ends the mode, and the pass that waited is
     // given up when it gets control again.
     void Interpreter();
+    // The same for a program that has come back: no cycle gets a comment.
+    void Recheck();
 
     // Names the first error of a run in the header of the error column; line is the line number N.
     void FlagError(int line);
@@ -55,6 +57,7 @@ private:
     bool waiting_ = false;
     // The Run button has asked for the next run.
     bool runAsked_ = false;
+    bool keepsComments_ = false;
 };
 
 // "HH:MM:SS" of seconds, rounded to whole ones; hours above 99 widen the text.

@@ -81,8 +81,7 @@ void ViewColumns::MakeMachineColumns() {
     list.SetHeaderWidth(HeaderOf(column::Y), mill ? 811 : 0);
 }
 
-void ViewColumns::SetAutoWidth() {
-    if (chkSettingsAutowidth.Value == 0 || form_.State.Get() == WindowState::Maximised) return;
+int ViewColumns::FittingWidth() const {
     // Of all but the columns, the comment with them: that column takes what is left.
     int width = 8093;
     for (int c = column::Number; c <= column::Time; ++c) {
@@ -90,7 +89,12 @@ void ViewColumns::SetAutoWidth() {
     }
     if (store_.IsMK2()) width += 495;
     if (store_.IsF1()) width -= 421;
-    form_.Width = std::min(width, screen_.Width());
+    return width;
+}
+
+void ViewColumns::SetAutoWidth() {
+    if (chkSettingsAutowidth.Value == 0 || form_.State.Get() == WindowState::Maximised) return;
+    form_.Width = std::min(FittingWidth(), screen_.Width());
 }
 
 }  // namespace kvt

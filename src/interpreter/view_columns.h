@@ -18,6 +18,8 @@ public:
     void MakeMachineTimeColumn();
     // The columns whose width the machine decides: N, X and Y.
     void MakeMachineColumns();
+    // How wide the window is that its columns in sight fit in.
+    int FittingWidth() const;
     // Fits the window to the columns in sight where the setting is on; never wider than the screen.
     void SetAutoWidth();
 

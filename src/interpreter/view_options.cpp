@@ -1,6 +1,7 @@
 #include "interpreter/view_options.h"
 
 #include "basic/text.h"
+#include "program/edit_step.h"
 
 namespace kvt {
 
@@ -28,6 +29,7 @@ void ViewOptions::chkViewMachineTime_Click() { ShowColumns(&ViewColumns::MakeMac
 void ViewOptions::chkViewGcode_Click() {
     const int lines = store_.LineCount();
     if (lines < 1) return;
+    const EditStep step(calls_, {StepKind::CodeComments});
     store_.ProgramChanged = true;
     ListView& list = store_.lvCncProgram;
     const int selected = list.SelectedRow();

@@ -7,6 +7,7 @@ namespace kvt {
 bool TakesFocus(const Control& control) {
     switch (control.Kind()) {
         case ControlKind::RichText: return true;
+        case ControlKind::Label:
         case ControlKind::PictureBox: return control.TabIndex >= 0;
         default: return AcceptsKeys(control.Kind());
     }

@@ -6,8 +6,8 @@
 
 namespace kvt {
 
-// Whether a press of the mouse gives a control the focus: it takes keys, is a document to scroll, or a picture in the
-// tab order.
+// Whether a press of the mouse gives a control the focus: it takes keys, is a document to scroll, or a picture or
+// a label in the tab order.
 bool TakesFocus(const Control& control);
 
 // Gives the focus to a control that takes it, as a press of the mouse does. False where it did not stay there: the

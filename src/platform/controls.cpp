@@ -52,7 +52,15 @@ WindowPlace Form::RestoredPlace() const {
     return State == WindowState::Normal ? WindowPlace{Height, Left, Top, Width} : restored_;
 }
 
+void Form::FillArea(const WindowPlace& area) {
+    State = WindowState::Normal;
+    if (!View) return SetRestoredPlace(area);
+    areaToFill_ = area;
+    Control::Changed(PropertyId::Area);
+}
+
 void Form::SetRestoredPlace(const WindowPlace& place) {
+    areaToFill_.reset();
     if (State != WindowState::Normal) {
         restored_ = place;
         return Control::Changed(PropertyId::RestoredPlace);
@@ -124,8 +132,22 @@ void TextBox::Append(std::string_view more) {
     Changed(PropertyId::Appended);
 }
 
+// The selection goes first: a handler that runs at the change finds it in the new text.
+void TextBox::SetByHand(const std::string& text, TextSelection selection) {
+    Selection = selection;
+    {
+        const StackGuard guard(byHand_);
+        Text = text;
+    }
+    const std::string& now = Text.Get();
+    if (now == text) return;
+    Edits = {};
+    Selection = TextSelection{std::min(selection.Start, static_cast<int>(now.size())), 0};
+}
+
 void TextBox::Changed(PropertyId id) {
     if (appending_) return;
+    if ((id == PropertyId::Text && !byHand_) || id == PropertyId::Appended) Edits = {};
     if (id == PropertyId::Text) {
         const int length = static_cast<int>(Text.Get().size());
         const TextSelection selection = Selection.Get();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -79,6 +80,8 @@ public:
     Property<int> TabIndex{*this, PropertyId::TabIndex, -1};
     TextProperty Tag{*this, PropertyId::Tag};
     TextProperty ToolTip{*this, PropertyId::ToolTip};
+    // What a screen reader calls the control where nothing that is to be seen tells it; see AccessibleNameOf.
+    TextProperty AccessibleName{*this, PropertyId::AccessibleName};
 
     std::function<void()> OnClick;
     // A hand has tried it, by a click or its key, while it is disabled: to tell why.
@@ -141,11 +144,19 @@ public:
     int EdgeWidth = 0, EdgeHeight = 0;
     // The size that the user cannot draw it below; 0 where there is none. Set before it is shown.
     int SmallestWidth = 0, SmallestHeight = 0;
+    // What its controls are laid out for on a screen that is lower than the smallest height; 0 for that height itself.
+    // A window that is smaller still shows a part, and the user can scroll. Set before it is shown.
+    int LeastHeight = 0;
 
     // The window's place; for one that is maximised or minimised that to which it goes back.
     WindowPlace RestoredPlace() const;
     // Moves it there; one that is maximised or minimised goes there when it is restored.
     void SetRestoredPlace(const WindowPlace& place);
+    // Restores the window to a part of the screen, which it takes with all that it has: title, edges and menus. Its
+    // place follows when its system has told how large these are.
+    void FillArea(const WindowPlace& area);
+    // The area that it is still to take.
+    const std::optional<WindowPlace>& AreaToFill() const { return areaToFill_; }
     // Whether the window is maximised, or is minimised and was so before.
     bool FillsScreen() const { return fillsScreen_; }
     // Brings the window in front of the others, with the keys.
@@ -176,10 +187,12 @@ private:
     bool applyingSize_ = false;
     WindowState lastState_ = WindowState::Normal;
     WindowPlace restored_ = {};
+    std::optional<WindowPlace> areaToFill_;
     bool fillsScreen_ = false;
     bool comesBehind_ = false;
 };
 
+// One that can be clicked has a tab index: the Tab key stops at it while it has a caption, and Enter clicks it.
 class Label : public Control {
 public:
     Label(Form& form, std::string_view name, std::string_view caption = {})
@@ -188,6 +201,8 @@ public:
     Property<Color> ForeColor{*this, PropertyId::ForeColor};
     // Numbers below one another stand at the right edge. Set before it is shown.
     bool AtRight = false;
+    // A screen reader tells each new text of it. Set before it is shown.
+    bool Announced = false;
 };
 
 // Selection positions count from 0, as characters in front.
@@ -199,12 +214,17 @@ struct TextSelection {
     bool operator==(const TextSelection&) const = default;
 };
 
-// What the user's last edit of a text was.
-struct LastTextEdit {
-    std::string Before, After;
-    TextSelection SelectionBefore;
+// One edit of a text by hand: what went at a place, what came for it, and the selection on the other side of it.
+struct TextChange {
+    std::size_t At = 0;
+    std::string Removed, Inserted;
+    TextSelection Selection;
     bool Typed = false;
-    bool Undone = false;
+};
+
+// The edits of a text that can be taken back, and those that have been; the latest is the last.
+struct TextEdits {
+    std::vector<TextChange> Done, Undone;
 };
 
 class TextBox : public Control {
@@ -219,10 +239,13 @@ public:
     bool FixedPitch = false;
     // Has the colour of buttons and can be copied from; the user's hands change nothing. Set before it is shown.
     bool ReadOnly = false;
-    // For undoing it; kept by the editing alone.
-    LastTextEdit LastEdit;
+    // The edits by hand since the program has set the text last; kept by the editing alone.
+    TextEdits Edits;
 
     std::function<void()> OnChange;
+
+    // Sets the text as an edit of the user's: those in front of it can still be taken back.
+    void SetByHand(const std::string& text, TextSelection selection);
 
     void SelectAll() { Selection = TextSelection{0, static_cast<int>(Text.Get().size())}; }
     // Adds to the end, where the selection goes too. The view is told of it as one change, Appended, and the cost
@@ -234,6 +257,7 @@ protected:
 
 private:
     bool appending_ = false;
+    bool byHand_ = false;
 };
 
 class CommandButton : public Control {
@@ -272,6 +296,8 @@ public:
     Frame(Form& form, std::string_view name, std::string_view caption = {})
         : Control(form, ControlKind::Frame, name), Caption(*this, PropertyId::Caption, caption) {}
     TextProperty Caption;
+    // What stands out in front of the caption; empty for none.
+    TextProperty Lead{*this, PropertyId::Lead};
 };
 
 class Menu : public Control {
@@ -292,6 +318,8 @@ public:
     TabStrip(Form& form, std::string_view name) : Control(form, ControlKind::TabStrip, name) {}
     Property<int> Value{*this, PropertyId::Value};
     std::vector<std::string> Captions;
+    // Lies over the other controls of its form: while it can be seen the Tab key stays within it.
+    bool KeepsTab = false;
     void SetCaption(int page, std::string_view caption) {
         Captions.at(static_cast<std::size_t>(page)) = caption;
         Changed(PropertyId::Caption);
@@ -357,6 +385,9 @@ public:
     bool FixedPitch = false;
     // Lies over other lists that it reaches into. Set before it is shown.
     bool InFront = false;
+    // The keys that move go from entry to entry and no more; Enter, the blank and a click choose one. Otherwise moving
+    // chooses too.
+    bool EnterChooses = false;
 
     static constexpr int EntryHeight = 240;  // twips
 

@@ -1,6 +1,7 @@
 #include "platform/keyboard.h"
 
 #include <array>
+#include <utility>
 
 #include "platform/keys.h"
 #include "platform/tab_order.h"
@@ -9,16 +10,15 @@ namespace kvt {
 
 namespace {
 
-// The other strokes of copying, cutting and pasting are taken for those with a letter.
-KeyPress WithOneClipboardStroke(const KeyPress& press) {
-    constexpr struct {
-        KeyStroke Other;
-        char Letter;
-    } strokes[] = {{{key::Insert, key::CtrlHeld}, 'C'},
-                   {{key::Delete, key::ShiftHeld}, 'X'},
-                   {{key::Insert, key::ShiftHeld}, 'V'}};
-    for (const auto& stroke : strokes) {
-        if (press.Stroke == stroke.Other) return PressOf(KeyStroke{stroke.Letter, key::CtrlHeld});
+// The other strokes of copying, cutting, pasting and doing again are taken for one of each.
+KeyPress WithOneEditingStroke(const KeyPress& press) {
+    constexpr std::pair<KeyStroke, KeyStroke> strokes[] = {
+        {{key::Insert, key::CtrlHeld}, {'C', key::CtrlHeld}},
+        {{key::Delete, key::ShiftHeld}, {'X', key::CtrlHeld}},
+        {{key::Insert, key::ShiftHeld}, {'V', key::CtrlHeld}},
+        {{'Y', key::CtrlHeld}, {'Z', key::CtrlHeld | key::ShiftHeld}}};
+    for (const auto& [other, usual] : strokes) {
+        if (press.Stroke == other) return PressOf(usual);
     }
     return press;
 }
@@ -53,7 +53,7 @@ bool Keyboard::Press(Form& form, KeyPress press) {
         if (press.Stroke.Key == key::Escape) host_.CloseMenu();
         return true;
     }
-    press = WithOneClipboardStroke(press);
+    press = WithOneEditingStroke(press);
     if (press.Character <= key::Space) typed_.clear();
     Control* const target = Target(form);
     if ((press.Stroke.Held & key::AltHeld) != 0) {
@@ -61,13 +61,22 @@ bool Keyboard::Press(Form& form, KeyPress press) {
         auto* const box = dynamic_cast<ComboBox*>(target);
         return box && press.Character == 0 && MoveInCombo(*box, press);
     }
-    if (ChooseMenu(form, target, press.Stroke)) return true;
+    if (UndoInField(target, press.Stroke) || ChooseMenu(form, target, press.Stroke)) return true;
     if (press.Stroke.Key == key::Tab) {
         MoveOn(form, press.Stroke);
         return true;
     }
     if (!Offer(form, target, press)) return true;
     return target && Act(*target, press);
+}
+
+// What has been in a field before passes its handlers again.
+bool Keyboard::UndoInField(Control* target, KeyStroke stroke) {
+    auto* const box = dynamic_cast<TextBox*>(target);
+    const std::optional<TextAction> action = box ? UndoingOf(*box, stroke) : std::nullopt;
+    if (!action) return false;
+    host_.Run(*box, "Change", [&] { EditText(*box, {*action}, clipboard_); });
+    return true;
 }
 
 bool Keyboard::ChooseMenu(const Form& form, const Control* target, KeyStroke stroke) {

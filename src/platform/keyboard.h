@@ -25,8 +25,8 @@ public:
     virtual bool EditInWidget(TextBox&, const TextEdit&) { return false; }
 };
 
-// Decides what a key does, for both halves. The order: a menu that is open, the shortcuts of the form's menus, Tab,
-// the handlers of the form and of the control with the focus (a key that goes down, then its character, which they
+// Decides what a key does, for both halves. The order: a menu that is open, a field's edits that are to be taken back,
+// the shortcuts of the form's menus, Tab, the handlers of the form and of the control with the focus (a key that goes down, then its character, which they
 // may change or take away), then what the control does by itself. A handler that moves the focus, hides or disables
 // the control or ends the program ends it there.
 class Keyboard {
@@ -43,6 +43,7 @@ public:
 private:
     Control* Target(const Form& form) const;
     bool StillAt(const Control* target) const;
+    bool UndoInField(Control* target, KeyStroke stroke);
     bool ChooseMenu(const Form& form, const Control* target, KeyStroke stroke);
     bool Offer(Form& form, Control* target, KeyPress& press);
     void MoveOn(Form& form, KeyStroke stroke);

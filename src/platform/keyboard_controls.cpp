@@ -49,6 +49,7 @@ bool Keyboard::Act(Control& target, const KeyPress& press) {
             if (MoveOption(static_cast<OptionButton&>(target), key)) return true;
             [[fallthrough]];
         case ControlKind::CheckBox:
+        case ControlKind::Label:
         case ControlKind::CommandButton: return PressButton(target, press);
         default: return false;
     }
@@ -63,9 +64,11 @@ bool Keyboard::Edit(TextBox& box, const KeyPress& press) {
     return true;
 }
 
-// The blank presses all of them, Enter a command button. A blank that is held presses once.
+// The blank presses all of them, Enter a command button and a label. A blank that is held presses once.
 bool Keyboard::PressButton(Control& button, const KeyPress& press) {
-    const bool enter = press.Stroke.Key == key::Enter && button.Kind() == ControlKind::CommandButton;
+    const bool takesEnter =
+        button.Kind() == ControlKind::CommandButton || button.Kind() == ControlKind::Label;
+    const bool enter = press.Stroke.Key == key::Enter && takesEnter;
     const bool blank = press.Character == key::Space && !press.Repeats;
     if (enter || blank) host_.Run(button, "Click", [&] { ChooseAndClick(button); });
     return true;
@@ -92,11 +95,11 @@ void Keyboard::Choose(ListBox& list, int index) {
     if (index == list.ListIndex) return;
     host_.Run(list, "Click", [&] {
         list.ListIndex = index;
-        list.Click();
+        if (!list.EnterChooses) list.Click();
     });
 }
 
-// Moving the selection counts as a click, and so do Enter and the blank.
+// Enter and the blank count as a click, and so does moving the selection where a list does not leave it at that.
 bool Keyboard::MoveInList(ListBox& list, const KeyPress& press) {
     const int key = press.Stroke.Key;
     if (key == key::Enter || key == key::Space) {

@@ -41,6 +41,14 @@ void ListView::RemoveRow(int row) {
     RowsChanged();
 }
 
+void ListView::ReplaceRows(int row, int removed, int inserted) {
+    if (row < 1 || removed < 0 || inserted < 0 || row - 1 + removed > Count()) NoSuchRow();
+    const auto at = rows_.erase(rows_.begin() + (row - 1), rows_.begin() + (row - 1 + removed));
+    rows_.insert(at, static_cast<std::size_t>(inserted), ListRow());
+    selected_ = std::clamp(selected_, std::min(1, Count()), Count());
+    top_ = std::clamp(top_, 1, std::max(1, Count()));
+}
+
 void ListView::Clear() {
     rows_.clear();
     selected_ = 0;

@@ -54,6 +54,9 @@ public:
     // Puts an empty row at a place, 1 to Count + 1; the selected row stays selected.
     ListRow& InsertRow(int row);
     void RemoveRow(int row);
+    // Puts so many empty rows in the place of so many from a row on; the selected row keeps its place. The view is not
+    // told. Rows outside are error 9.
+    void ReplaceRows(int row, int removed, int inserted);
     void Clear();
 
     // 0 where the list is empty. Selecting by code calls no click handler; an index outside is error 9.
@@ -65,6 +68,8 @@ public:
     void EnsureVisible(int row);
     // Scrolls so that a row is the first in sight; an index outside is error 9.
     void ScrollTo(int row);
+    // The row that has a mark at its edge; 0 for none.
+    Property<int> MarkedRow{*this, PropertyId::MarkedRow};
     // How many rows are in sight, at least 1: those that a view has told, or what the list's height shows.
     int VisibleRows() const;
     void SetRowsInSight(int rows) { rowsInSight_ = rows; }

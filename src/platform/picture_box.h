@@ -54,6 +54,15 @@ struct FieldPlace {
 // held (1 Shift, 2 Ctrl, 4 Alt), and where, in twips.
 using MouseHandler = std::function<void(int button, int shift, float x, float y)>;
 
+// A turn of the wheel: the keys held, how many notches, away from the user counting positive (a fine wheel gives parts of
+// one), whether it goes sideways, and over which place, in twips.
+struct WheelTurn {
+    int Shift = 0;
+    double Notches = 0;
+    bool Sideways = false;
+    float X = 0, Y = 0;
+};
+
 namespace mouse {
 inline constexpr int Left = 1, Right = 2, Middle = 4;
 inline constexpr int ShiftHeld = 1, CtrlHeld = 2, AltHeld = 4;
@@ -122,8 +131,9 @@ public:
 
     MouseHandler OnMouseMove;
     MouseHandler OnMouseDown;
-    // The wheel was turned: how many notches, away from the user counting positive.
-    std::function<void(int shift, double notches, bool sideways)> OnMouseWheel;
+    // The second press of two quick ones of the left button on one place; without a handler it is a press as any other.
+    MouseHandler OnDoubleClick;
+    std::function<void(const WheelTurn& turn)> OnMouseWheel;
 
 protected:
     void Changed(PropertyId id) override;

@@ -19,6 +19,7 @@ struct PrintJob {
     // What of it is printed; stands behind the file's name in the name of a PDF. Empty for the program itself.
     std::string Part;
     std::string PageText = "Page %1 of %2";  // the number of a page, at the right of the head
+    std::string FileTitle = "Print to PDF";  // of the dialog that asks for the file of a PDF
     // Shows the pages instead; they can be printed from there.
     bool Preview = false;
 };

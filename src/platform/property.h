@@ -44,6 +44,10 @@ enum class PropertyId : std::uint8_t {
     Sought,
     Cross,
     Lit,
+    AccessibleName,
+    Area,
+    Lead,
+    MarkedRow,
 };
 
 namespace detail {

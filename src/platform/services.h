@@ -2,6 +2,7 @@
 
 #include <ctime>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,6 +24,8 @@ class FileService {
 public:
     virtual ~FileService() = default;
     virtual bool Exists(std::string_view path) = 0;
+    // When a file was written last, in local time; nothing where that cannot be told.
+    virtual std::optional<std::tm> WrittenAt(std::string_view path) = 0;
     // The whole content. No file is error 53; a folder, what is no plain file, no permission or a text beyond
     // LargestText error 75.
     virtual std::string ReadWhole(std::string_view path) = 0;
@@ -53,6 +56,8 @@ struct MessageBox {
     std::string Title;
     Icon Picture = Icon::None;
     Buttons Choice = Buttons::Ok;
+    // What stands below the text: what it is about. Empty for nothing.
+    std::string Details = {};
 };
 
 // A box with a text and an OK button.
@@ -94,6 +99,12 @@ public:
     virtual int WorkAreaHeight() = 0;
     // A window's place, moved and made smaller where no screen would show all of it.
     virtual WindowPlace OnScreen(const WindowPlace& place) = 0;
+    // What windows can have of the screen that shows most of a place: all but bars and panels.
+    virtual WindowPlace WorkArea(const WindowPlace& place) = 0;
+    // What a window has room for on it, of a length that it wants. All of it where the rest would lie beyond the edge;
+    // less where the user can scroll to the rest.
+    virtual int WidthFor(int wanted) { return wanted; }
+    virtual int HeightFor(int wanted) { return wanted; }
     // How fine it is: the points of a picture that shows what it shows.
     virtual double PointsPerTwip() = 0;
 };
@@ -123,10 +134,16 @@ public:
     // every handler, until events are served next.
     virtual void Later(std::function<void()> call) = 0;
     virtual void Beep() = 0;
+    // Has boxes, dialogs and menus of the system's own speak a language, "de" or "pt_BR". One that is not known, or
+    // empty, is English.
+    virtual void UseLanguage(std::string_view code) = 0;
     // Shows the entries of a menu at the pointer.
     virtual void ShowPopupMenu(Menu& menu) = 0;
     // Ends the program: no window is left and no wait goes on.
     virtual void EndProgram() = 0;
+
+    // Runs behind every handler, also inside a wait: what is shown of a state that handlers change.
+    std::function<void()> OnHandled;
 };
 
 // The control that takes the keys. One that is hidden or disabled does not take the focus.

@@ -8,6 +8,20 @@ namespace {
 
 bool Before(const Control* a, const Control* b) { return a->TabIndex.Get() < b->TabIndex.Get(); }
 
+bool LiesIn(const Control* control, const Control& container) {
+    while (control->Container && control != &container) control = control->Container;
+    return control == &container;
+}
+
+// What the Tab key stays within: pages that keep it, or the whole form.
+const Control& ScopeOf(const Form& form) {
+    for (const Control* control : form.Controls()) {
+        if (control->Kind() != ControlKind::TabStrip || !control->EffectivelyVisible()) continue;
+        if (static_cast<const TabStrip*>(control)->KeepsTab) return *control;
+    }
+    return form;
+}
+
 }  // namespace
 
 bool AcceptsKeys(ControlKind kind) {
@@ -27,14 +41,18 @@ bool AcceptsKeys(ControlKind kind) {
 bool AcceptsTab(const Control& control) {
     // A scroll bar that the mouse moves leaves the keys where they are; Tab alone goes there.
     const bool scrolls = control.Kind() == ControlKind::ScrollBar || control.Kind() == ControlKind::UpDown;
-    return (AcceptsKeys(control.Kind()) || scrolls) && control.TabIndex >= 0 &&
+    const bool words =
+        control.Kind() == ControlKind::Label && !static_cast<const Label&>(control).Caption.Get().empty();
+    return (AcceptsKeys(control.Kind()) || scrolls || words) && control.TabIndex >= 0 &&
            control.EffectivelyVisible() && control.EffectivelyEnabled();
 }
 
 Control* NextInTabOrder(Control& from, bool backwards) {
+    const Control& scope = ScopeOf(from.OwningForm());
+    if (!LiesIn(&from, scope)) return FirstInTabOrder(from.OwningForm());
     std::vector<Control*> stops;
     for (Control* control : from.OwningForm().Controls()) {
-        if (control == &from || AcceptsTab(*control)) stops.push_back(control);
+        if (control == &from || (LiesIn(control, scope) && AcceptsTab(*control))) stops.push_back(control);
     }
     std::stable_sort(stops.begin(), stops.end(), Before);
     if (backwards) std::reverse(stops.begin(), stops.end());
@@ -44,14 +62,12 @@ Control* NextInTabOrder(Control& from, bool backwards) {
 }
 
 Control* FirstInTabOrder(const Control& container) {
-    const auto lies = [&](const Control* control) {
-        while (control->Container && control != &container) control = control->Container;
-        return control == &container;
-    };
+    const bool whole = container.Kind() == ControlKind::Form;
+    const Control& scope = whole ? ScopeOf(static_cast<const Form&>(container)) : container;
     std::vector<Control*> stops;
     const std::vector<Control*>& all = container.OwningForm().Controls();
     std::copy_if(all.begin(), all.end(), std::back_inserter(stops), [&](const Control* control) {
-        return control != &container && lies(control) && AcceptsTab(*control);
+        return control != &container && LiesIn(control, scope) && AcceptsTab(*control);
     });
     const auto first = std::min_element(stops.begin(), stops.end(), Before);
     return first == stops.end() ? nullptr : *first;

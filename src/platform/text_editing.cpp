@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "basic/line_end.h"
 #include "basic/run_time_error.h"
 #include "platform/keys.h"
 
@@ -31,9 +32,14 @@ constexpr KeyAction keyActions[] = {
     {key::Backspace, TextAction::DeleteBack, TextAction::DeleteWordBack},
 };
 
-constexpr std::pair<int, TextAction> ctrlActions[] = {
-    {key::CtrlA, TextAction::SelectAll}, {key::CtrlC, TextAction::Copy}, {key::CtrlX, TextAction::Cut},
-    {key::CtrlV, TextAction::Paste},     {key::CtrlZ, TextAction::Undo}, {key::CtrlY, TextAction::Redo}};
+constexpr std::pair<int, TextAction> ctrlActions[] = {{key::CtrlA, TextAction::SelectAll},
+                                                      {key::CtrlC, TextAction::Copy},
+                                                      {key::CtrlX, TextAction::Cut},
+                                                      {key::CtrlV, TextAction::Paste}};
+
+// What a box keeps of its edits: the oldest go first, the newest never.
+constexpr std::size_t mostChanges = 200;
+constexpr std::size_t mostCharacters = std::size_t{4} << 20;
 
 bool Changes(TextAction action) {
     switch (action) {
@@ -78,9 +84,9 @@ std::optional<TextEdit> ActionOf(const TextBox& box, const KeyPress& press) {
 }
 
 // How many characters at a place go together: a line end is two.
-Place Behind(const std::string& text, Place at) { return text.compare(at, 2, "\r\n") == 0 ? 2 : 1; }
+Place Behind(const std::string& text, Place at) { return text.compare(at, 2, LineEnd) == 0 ? 2 : 1; }
 Place InFront(const std::string& text, Place at) {
-    return at >= 2 && text.compare(at - 2, 2, "\r\n") == 0 ? 2 : 1;
+    return at >= 2 && text.compare(at - 2, 2, LineEnd) == 0 ? 2 : 1;
 }
 
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
@@ -106,7 +112,7 @@ Place LineStart(const std::string& text, Place at) {
     const Place end = at == 0 ? std::string::npos : text.rfind('\n', at - 1);
     return end == std::string::npos ? 0 : end + 1;
 }
-Place LineEnd(const std::string& text, Place at) { return std::min(text.find("\r\n", at), text.size()); }
+Place EndOfLine(const std::string& text, Place at) { return std::min(text.find(LineEnd, at), text.size()); }
 
 // The same column of the line above or below; the place itself where there is none.
 Place Above(const std::string& text, Place at) {
@@ -115,9 +121,9 @@ Place Above(const std::string& text, Place at) {
     return std::min(LineStart(text, start - 2) + (at - start), start - 2);
 }
 Place Below(const std::string& text, Place at) {
-    const Place end = LineEnd(text, at);
+    const Place end = EndOfLine(text, at);
     if (end == text.size()) return at;
-    return std::min(end + 2 + (at - LineStart(text, at)), LineEnd(text, end + 2));
+    return std::min(end + 2 + (at - LineStart(text, at)), EndOfLine(text, end + 2));
 }
 
 // Where a move from a caret leads.
@@ -130,7 +136,7 @@ Place Target(const std::string& text, Place caret, TextAction action) {
         case TextAction::WordRight:
         case TextAction::DeleteWord: return WordRight(text, caret);
         case TextAction::Home: return LineStart(text, caret);
-        case TextAction::End: return LineEnd(text, caret);
+        case TextAction::End: return EndOfLine(text, caret);
         case TextAction::Up: return Above(text, caret);
         case TextAction::Down: return Below(text, caret);
         case TextAction::First: return 0;
@@ -168,41 +174,54 @@ void Move(TextBox& box, const TextEdit& edit) {
     box.Selection = Between(edit.Extends ? ends.Anchor : target, target);
 }
 
-// The caret goes first: a handler that runs at the change finds it in the new text.
-void SetTextByHand(TextBox& box, const std::string& text, TextSelection selection) {
-    box.Selection = selection;
-    box.Text = text;
-    const std::string& now = box.Text.Get();
-    if (now != text)
-        box.Selection = TextSelection{std::min(selection.Start, static_cast<int>(now.size())), 0};
+std::size_t SizeOf(const TextChange& change) { return change.Removed.size() + change.Inserted.size(); }
+
+void DropOldest(std::vector<TextChange>& changes) {
+    std::size_t kept = 0, characters = 0;
+    while (kept < std::min(changes.size(), mostChanges)) {
+        characters += SizeOf(changes[changes.size() - 1 - kept]);
+        if (kept > 0 && characters > mostCharacters) break;
+        ++kept;
+    }
+    changes.erase(changes.begin(), changes.end() - static_cast<std::ptrdiff_t>(kept));
+}
+
+// What is typed in one go is undone in one go.
+void Note(TextBox& box, TextChange change) {
+    std::vector<TextChange>& done = box.Edits.Done;
+    box.Edits.Undone.clear();
+    const bool goesOn = change.Typed && change.Removed.empty() && !done.empty() && done.back().Typed &&
+                        done.back().At + done.back().Inserted.size() == change.At;
+    if (goesOn) {
+        done.back().Inserted += change.Inserted;
+    } else {
+        done.push_back(std::move(change));
+    }
+    DropOldest(done);
 }
 
 void PutIn(TextBox& box, Place start, Place end, std::string_view put, bool typed) {
-    const std::string before = box.Text.Get();
-    std::string changed = before;
-    changed.replace(start, end - start, put);
-    if (changed == before && put.empty()) return;
-    // What is typed in one go is undone in one go.
-    const bool goesOn = typed && box.LastEdit.Typed && box.LastEdit.After == before && start == end;
-    if (!goesOn) {
-        box.LastEdit.Before = before;
-        box.LastEdit.SelectionBefore = box.Selection;
-    }
-    box.LastEdit.After = changed;
-    box.LastEdit.Typed = typed;
-    box.LastEdit.Undone = false;
-    SetTextByHand(box, changed, TextSelection{static_cast<int>(start + put.size()), 0});
+    std::string text = box.Text.Get();
+    std::string removed = text.substr(start, end - start);
+    if (removed.empty() && put.empty()) return;
+    text.replace(start, end - start, put);
+    Note(box, {start, std::move(removed), std::string(put), box.Selection, typed});
+    box.SetByHand(text, TextSelection{static_cast<int>(start + put.size()), 0});
 }
 
-// A second time does it again. A text that came by other ways since is left alone.
-void Undo(TextBox& box) {
-    LastTextEdit& last = box.LastEdit;
-    if (last.After != box.Text.Get() || last.Before == last.After) return;
-    const TextSelection selection = std::exchange(last.SelectionBefore, box.Selection.Get());
-    std::swap(last.Before, last.After);
-    last.Typed = false;
-    last.Undone = !last.Undone;
-    SetTextByHand(box, std::string(last.After), selection);
+// Takes the last change of one list back, and puts it into the other one, turned round.
+void TakeBack(TextBox& box, std::vector<TextChange>& from, std::vector<TextChange>& to) {
+    if (from.empty()) return;
+    TextChange change = std::move(from.back());
+    from.pop_back();
+    if (!from.empty()) from.back().Typed = false;
+    std::string text = box.Text.Get();
+    text.replace(change.At, change.Inserted.size(), change.Removed);
+    std::swap(change.Removed, change.Inserted);
+    change.Typed = false;
+    const TextSelection selection = std::exchange(change.Selection, box.Selection.Get());
+    to.push_back(std::move(change));
+    box.SetByHand(text, selection);
 }
 
 // The line ends that a box with one line has no place for go; one with several takes each kind as CR LF.
@@ -212,7 +231,7 @@ std::string Fitting(const TextBox& box, const std::string& text) {
         const bool lineEnd = text[i] == '\r' || text[i] == '\n';
         if (!lineEnd) fitting += text[i];
         if (!lineEnd || !box.MultiLine) continue;
-        fitting += "\r\n";
+        fitting += LineEnd;
         i += Behind(text, i) - 1;
     }
     return fitting;
@@ -280,11 +299,42 @@ bool IsEditingShortcut(KeyStroke stroke) {
                        [&](const auto& action) { return stroke.Key == 'A' + action.first - 1; });
 }
 
+std::optional<TextAction> UndoingOf(const TextBox& box, KeyStroke stroke) {
+    if (box.ReadOnly || stroke.Key != 'Z') return std::nullopt;
+    if (stroke.Held == key::CtrlHeld && !box.Edits.Done.empty()) return TextAction::Undo;
+    if (stroke.Held == (key::CtrlHeld | key::ShiftHeld) && !box.Edits.Undone.empty()) return TextAction::Redo;
+    return std::nullopt;
+}
+
+void TakeEdit(TextBox& box, const std::string& text, TextSelection selection) {
+    const std::string& before = box.Text.Get();
+    if (before == text) {
+        box.Selection = selection;
+        return;
+    }
+    const auto shorter = static_cast<std::ptrdiff_t>(std::min(before.size(), text.size()));
+    const auto start = static_cast<Place>(
+        std::mismatch(before.begin(), before.begin() + shorter, text.begin()).first - before.begin());
+    const auto rest = shorter - static_cast<std::ptrdiff_t>(start);
+    const auto same = static_cast<Place>(
+        std::mismatch(before.rbegin(), before.rbegin() + rest, text.rbegin()).first - before.rbegin());
+    TextChange change{start,
+                      before.substr(start, before.size() - same - start),
+                      text.substr(start, text.size() - same - start),
+                      {},
+                      false};
+    change.Typed = change.Removed.empty() && change.Inserted.size() == 1;
+    change.Selection.Start = static_cast<int>(start + change.Removed.size());
+    Note(box, std::move(change));
+    box.SetByHand(text, selection);
+}
+
 void EditText(TextBox& box, const TextEdit& edit, ClipboardService* clipboard) {
     switch (edit.Action) {
         case TextAction::Insert: {
             const char character = static_cast<char>(edit.Character);
-            return Insert(box, edit.Character == key::Enter ? "\r\n" : std::string_view(&character, 1), true);
+            return Insert(box, edit.Character == key::Enter ? LineEnd : std::string_view(&character, 1),
+                          true);
         }
         case TextAction::DeleteBack:
         case TextAction::DeleteWordBack:
@@ -298,10 +348,8 @@ void EditText(TextBox& box, const TextEdit& edit, ClipboardService* clipboard) {
         case TextAction::Paste:
             if (clipboard) Paste(box, *clipboard);
             return;
-        case TextAction::Undo: return Undo(box);
-        case TextAction::Redo:
-            if (box.LastEdit.Undone) Undo(box);
-            return;
+        case TextAction::Undo: return TakeBack(box, box.Edits.Done, box.Edits.Undone);
+        case TextAction::Redo: return TakeBack(box, box.Edits.Undone, box.Edits.Done);
         default: return Move(box, edit);
     }
 }

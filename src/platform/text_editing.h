@@ -49,6 +49,12 @@ std::optional<TextEdit> EditOf(const TextBox& box, const KeyPress& press);
 // Whether a box has a use of its own for a stroke that could be a menu's.
 bool IsEditingShortcut(KeyStroke stroke);
 
+// Ctrl+Z and Ctrl+Shift+Z, where a box has edits of its own that it can take back or do again; nothing elsewhere.
+std::optional<TextAction> UndoingOf(const TextBox& box, KeyStroke stroke);
+
+// Takes over what the user has made of a text in a widget with an editor of its own.
+void TakeEdit(TextBox& box, const std::string& text, TextSelection selection);
+
 // Edits the text and the selection of a box. A box of one line takes pasted line ends out. The moves by pages are for
 // a view. Without a clipboard, and where it fails, the box stays as it is.
 void EditText(TextBox& box, const TextEdit& edit, ClipboardService* clipboard);

@@ -118,6 +118,7 @@ constexpr CodeEntry f1Mcodes[] = {
 };
 
 void Fill(ListBox& list, std::span<const CodeEntry> entries) {
+    list.EnterChooses = true;
     for (const CodeEntry& entry : entries) {
         list.AddEntry(std::string(entry.Code) + "\t" + entry.Description);
     }

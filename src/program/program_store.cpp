@@ -1,5 +1,7 @@
 #include "program/program_store.h"
 
+#include <algorithm>
+
 #include "basic/text.h"
 
 namespace kvt {
@@ -15,6 +17,28 @@ ProgramStore::ProgramStore(Form& form) : lvCncProgram(form, "lvCncProgram") {
     lvCncProgram.FirstColoredColumn = column::Number;
     lvCncProgram.LastColoredColumn = column::H;
     LimitValues.Fill(DisableLimitsCheck);
+}
+
+PassBeginning ProgramStore::PassNow() const {
+    return {lvCncProgram.SelectedRow(),
+            M99Radius,
+            ArcStartU,
+            ArcStartV,
+            ArcEndU,
+            ArcEndV,
+            ArcCenterU,
+            ArcCenterV};
+}
+
+void ProgramStore::PutBack(const PassBeginning& pass) {
+    if (lvCncProgram.Count() > 0) lvCncProgram.Select(std::clamp(pass.SelectedRow, 1, lvCncProgram.Count()));
+    M99Radius = pass.M99Radius;
+    ArcStartU = pass.StartU;
+    ArcStartV = pass.StartV;
+    ArcEndU = pass.EndU;
+    ArcEndV = pass.EndV;
+    ArcCenterU = pass.CenterU;
+    ArcCenterV = pass.CenterV;
 }
 
 int ProgramStore::LineCount() const {

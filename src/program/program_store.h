@@ -18,6 +18,13 @@ inline constexpr int Number = 1, Code = 2, X = 3, Y = 4, Z = 5, F = 6, H = 7, Er
 
 inline constexpr int ErrorHeader = 9;
 
+// The selected row, the radius of an M99R, and the arc that an earlier pass has left.
+struct PassBeginning {
+    int SelectedRow = 0;
+    float M99Radius = 0;
+    float StartU = 0, StartV = 0, EndU = 0, EndV = 0, CenterU = 0, CenterV = 0;
+};
+
 // The program and the state that several rooms read. The rows of lvCncProgram are the program: row i holds
 // line number i - 1, and whoever reads it parses the cells anew. Numbers in cells are whole numbers of
 // 1/100 mm when Metric, 1/1000 inch otherwise.
@@ -51,8 +58,14 @@ struct ProgramStore {
     std::string ActivePlane;
     float ArcStartU = 0, ArcStartV = 0, ArcEndU = 0, ArcEndV = 0, ArcCenterU = 0, ArcCenterV = 0;
     float M99Radius = 0;
+    // What the last pass has found besides the rows when it began: what it shows depends on it.
+    PassBeginning LastPass;
 
     bool TransmitActive = false;
+
+    // What a pass that begins now finds; and putting that back.
+    PassBeginning PassNow() const;
+    void PutBack(const PassBeginning& pass);
 
     // Whether the user has something to lose here: changes, or a save that has failed.
     bool Unsaved() const { return ProgramChanged || (SaveFailed && LineCount() > 0); }

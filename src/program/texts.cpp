@@ -93,15 +93,75 @@ constexpr TextsOf<MessageText>::Default messageDefaults[] = {
     {text::SwitchedOff, "Communication is switched off in the settings"},
 };
 
+constexpr TextsOf<DialogText>::Default dialogDefaults[] = {
+    {text::NoModule, "None"},
+    {text::TranslatedBy, "Translated by"},
+    {text::NoDocument, "The file of this document was not found:"},
+    {text::ProgramFiles, "cnc files (*.txt or *.cnc or *.c5n)"},
+    {text::AllFiles, "All Files (*.*)"},
+    {text::PreProcessorFiles, "pre-processor files (*.*)"},
+    {text::PreProcessorError, "PreProcessor Error!"},
+    {text::PreProcessorInformation, "PreProcessor Information"},
+    {text::PreProcessorWaits, "PreProcessor"},
+    {text::ValueCheck, "Value Check"},
+    {text::RangeOfField, "%1 = Low, Hi = %2"},
+    {text::TargetLine, "Line"},
+};
+
 constexpr TextsOf<int>::Default drawViewDefaults[] = {
     {1, "View"},       {2, "Radii Arcs"},  {3, "Fill Cycles"}, {4, "Program"},
     {5, "Tool Width"}, {6, "Tool Center"}, {7, "Grid"},        {8, "Background"},
 };
 
 constexpr TextsOf<DrawErrorText>::Default drawErrorDefaults[] = {
-    {text::HasBeenSaved, "has been saved"},      {text::TooManyCalls, "Too many subprog-Calls"},
-    {text::MostCalls, "max 5 subcalls"},         {text::NotRecognised, " (ControlCommand not recognised)"},
-    {text::NotWritten, "could not be written."}, {text::StrokeOfLine, "Line %1: %2, ends at %3"},
+    {text::HasBeenSaved, "has been saved"},
+    {text::TooManyCalls, "Too many subprog-Calls"},
+    {text::MostCalls, "max 5 subcalls"},
+    {text::NotRecognised, " (ControlCommand not recognised)"},
+    {text::NotWritten, "could not be written."},
+    {text::StrokeOfLine, "Line %1: %2, ends at %3"},
+    {text::MeasureEnd, "Measuring: click the second point. Esc ends."},
+    {text::MeasureDone, "Measuring: change the fields, or click to end. Esc ends."},
+    {text::MouseDoes, "Click: measure. Double click: fit. Wheel: zoom. Middle button: move."},
+    {text::WaitsForStep, "Step: press Enter or click Step for the next line. Esc ends."},
+    {text::WaitsForClick, "The program waits: click the drawing or press Enter to go on. Esc ends."},
+    {text::DrawsSlowly, "Drawing line by line: Run draws the rest at once. Esc ends."},
+    {text::Draws, "Drawing. Esc ends."},
+};
+
+constexpr TextsOf<StepText>::Default stepDefaults[] = {
+    {StepText::Undo, "Undo"},
+    {StepText::Redo, "Redo"},
+    {StepText::LineChanged, "line %1 changed"},
+    {StepText::LineAdded, "line %1 added"},
+    {StepText::LineInserted, "line %1 inserted"},
+    {StepText::LineDeleted, "line %1 deleted"},
+    {StepText::Notes, "file notes"},
+    {StepText::Units, "other units"},
+    {StepText::Conversion, "conversion of the units"},
+    {StepText::Feeds, "feeds replaced"},
+    {StepText::CommentsDeleted, "comments deleted"},
+    {StepText::CodeComments, "comments of the codes"},
+    {StepText::NewProgram, "new program"},
+    {StepText::Machine, "other machine"},
+    {StepText::Opened, "file opened"},
+    {StepText::Imported, "file imported"},
+    {StepText::Received, "program received"},
+    {StepText::Clipboard, "program from the clipboard"},
+};
+
+constexpr TextsOf<EntryText>::Default entryDefaults[] = {
+    {EntryText::Line, "Line %1"},
+    {EntryText::NewLine, "New line %1"},
+    {EntryText::WithFieldsOf, "Line %1 from line %2"},
+    {EntryText::WithFieldsOfDeleted, "Line %1 from a deleted line"},
+    {EntryText::Before, "Before:"},
+    {EntryText::Replaces, "Replaces:"},
+};
+
+constexpr TextsOf<FoundText>::Default foundDefaults[] = {
+    {FoundText::Program, "%1 (lines: %2), kept on %3 at %4"},
+    {FoundText::WithoutFile, "A program without a file"},
 };
 
 constexpr TextsOf<NoticeText>::Default noticeDefaults[] = {
@@ -134,6 +194,7 @@ constexpr TextsOf<NoticeText>::Default noticeDefaults[] = {
     {text::PageOf, "Page %1 of %2"},
     {text::DrawingName, "drawing"},
     {text::NoName, "a program without a name"},
+    {text::PrintToPdf, "Print to PDF"},
 };
 
 }  // namespace
@@ -154,11 +215,19 @@ std::string_view TextTable::At(int index) const {
 
 void TextTable::Set(int index, std::string_view text) { entries_[Checked(index)] = text; }
 
+void TextTable::Clear() {
+    for (std::string& entry : entries_) entry.clear();
+}
+
 Texts::Texts()
     : ProgramErrorTexts(22, programErrorDefaults),
       ErrorTexts(30, errorDefaults),
       MessageTexts(31, messageDefaults),
       DrawErrorTexts(20, drawErrorDefaults),
+      DialogTexts(30, dialogDefaults),
+      StepTexts(18, stepDefaults),
+      EntryTexts(6, entryDefaults),
+      FoundTexts(2, foundDefaults),
       NoticeTexts(30, noticeDefaults),
       ExplanationTexts(ExplanationPartCount * FindingCount, ExplanationDefaults()),
       DrawViewTexts(8, drawViewDefaults) {}

@@ -23,6 +23,8 @@ public:
     std::string_view At(int index) const;
     // What the language module set.
     void Set(int index, std::string_view text);
+    // Back to the built-in English.
+    void Clear();
 
 protected:
     std::size_t Checked(int index) const;
@@ -135,6 +137,67 @@ enum class DrawErrorText {
     NotRecognised = 6,
     NotWritten = 7,
     StrokeOfLine = 8,
+    MeasureEnd = 14,
+    MeasureDone = 15,
+    MouseDoes = 16,
+    WaitsForStep = 17,
+    WaitsForClick = 18,
+    DrawsSlowly = 19,
+    Draws = 20,
+};
+
+// What belongs to windows and dialogs and is the caption of no control.
+enum class DialogText {
+    NoModule = 1,
+    TranslatedBy = 2,
+    NoDocument = 3,
+    ProgramFiles = 4,
+    AllFiles = 5,
+    PreProcessorFiles = 6,
+    PreProcessorError = 7,
+    PreProcessorInformation = 8,
+    PreProcessorWaits = 9,
+    ValueCheck = 10,
+    RangeOfField = 11,
+    TargetLine = 12,
+};
+
+// What can be taken back, behind "Undo" and "Redo".
+enum class StepText {
+    Undo = 1,
+    Redo = 2,
+    LineChanged = 3,
+    LineAdded = 4,
+    LineInserted = 5,
+    LineDeleted = 6,
+    Notes = 7,
+    Units = 8,
+    Conversion = 9,
+    Feeds = 10,
+    CommentsDeleted = 11,
+    CodeComments = 12,
+    NewProgram = 13,
+    Machine = 14,
+    Opened = 15,
+    Imported = 16,
+    Received = 17,
+    Clipboard = 18,
+};
+
+// Which line the entry row is, and what becomes of it.
+enum class EntryText {
+    Line = 1,
+    NewLine = 2,
+    WithFieldsOf = 3,
+    WithFieldsOfDeleted = 4,
+    Before = 5,
+    Replaces = 6,
+};
+
+// What the question about an unsaved program that was found tells of it.
+enum class FoundText {
+    Program = 1,
+    WithoutFile = 2,
 };
 
 // What the quiet line tells, and the words around explanations and printed pages.
@@ -168,6 +231,7 @@ enum class NoticeText {
     PageOf = 27,
     DrawingName = 28,
     NoName = 29,
+    PrintToPdf = 30,
 };
 
 // The names of the entries: an entry can be looked up in its own table alone.
@@ -176,6 +240,7 @@ using enum ProgramErrorText;
 using enum ErrorText;
 using enum MessageText;
 using enum DrawErrorText;
+using enum DialogText;
 using enum NoticeText;
 }  // namespace text
 
@@ -187,6 +252,10 @@ struct Texts {
     TextsOf<ErrorText> ErrorTexts;
     TextsOf<MessageText> MessageTexts;
     TextsOf<DrawErrorText> DrawErrorTexts;
+    TextsOf<DialogText> DialogTexts;
+    TextsOf<StepText> StepTexts;
+    TextsOf<EntryText> EntryTexts;
+    TextsOf<FoundText> FoundTexts;
     TextsOf<NoticeText> NoticeTexts;
     // Three for each finding: see explanations.h.
     TextsOf<int> ExplanationTexts;
@@ -199,6 +268,7 @@ struct Texts {
     std::string ModuleFile;  // its path
     std::string LanguageName;
     std::string TranslatedBy;
+    std::string LanguageCode;  // "de"; see SystemService::UseLanguage
 };
 
 // A sentence about a file, "The file "name" cannot be read.", by its end.

@@ -36,12 +36,26 @@ constexpr Length HighUpTo(int twips, int most) {
     return {twips, Length::Of::Height, std::numeric_limits<int>::min(), most};
 }
 constexpr Length HighFrom(int twips, int least) { return {twips, Length::Of::Height, least}; }
+constexpr Length HighWithin(int twips, int least, int most) {
+    return {twips, Length::Of::Height, least, most};
+}
+// So much up to the usual width of the window, and a share of what a wider one has more.
+constexpr Length Grown(int twips, int percent) {
+    return {twips - UsualWidth * percent / 100, Length::Of::Width, twips, std::numeric_limits<int>::max(),
+            percent};
+}
+// So much from the smallest height on, and half of what a lower window lacks less.
+constexpr Length HalfLower(int twips) {
+    return {twips - SmallestHeight / 2, Length::Of::Height, std::numeric_limits<int>::min(), twips, 50};
+}
+// So much from the smallest height on, and all that a lower window lacks less.
+constexpr Length Lower(int twips) { return HighUpTo(twips - SmallestHeight, twips); }
 
 constexpr Area At(Length left, Length top, Length width, Length height) {
     return {left, top, width, height, true};
 }
 constexpr Length bandTop = High(-bandHeight);
-constexpr Area InBand(int left, Length width) { return At(left, bandTop, width, frameHeight); }
+constexpr Area InBand(Length left, Length width) { return At(left, bandTop, width, frameHeight); }
 // The rectangle of the program list, and what lies within its edges.
 constexpr Area OverList(int inset = 0) {
     return At(inset, listTop + inset, Wide(-sideWidth - 2 * inset), High(-3370 - 2 * inset));
@@ -49,7 +63,10 @@ constexpr Area OverList(int inset = 0) {
 constexpr Area CodeList(Length top, Length height) {
     return At(Wide(-sideWidth), top, codeListWidth, height);
 }
-constexpr Length lathesMHeight = HighUpTo(-bandHeight - smallestNotes - gap - lathesMTop, mListHeight);
+// Below the smallest height both lists of the lathes give way, and the first one of the mill.
+constexpr int listsAndNotes = bandHeight + smallestNotes + gap;
+constexpr Length lathesMHeight =
+    HighWithin(-listsAndNotes - lathesMTop, SmallestHeight - listsAndNotes - lathesMTop, mListHeight);
 // Below the M codes, and down to the band.
 constexpr int lathesNotes = lathesMTop + mListHeight + gap;
 constexpr int millNotes = millMTop + mListHeight + gap;
@@ -67,13 +84,24 @@ constexpr int commentTop = firstLine + 270 + 510;
 constexpr Area EntryLabel(int left) { return At(left, firstLine, fieldWidth, 240); }
 constexpr Area EntryField(int left) { return At(left, firstLine + 270, fieldWidth, fieldHeight); }
 
+// How the entry row, the frame of the axes and what is told at the lower right share the room of a wide window.
+constexpr int entryShare = 40;
+constexpr int axesShare = 24;
+constexpr Length AfterEntry(int left) { return Grown(left, entryShare); }
+
 // The columns of minimum, maximum and travel within the frame of an axis. Without a Y axis the other two have its
 // room.
 constexpr int axisLeft = 60;
-constexpr int minColumn = 555, maxColumn = 1155, travelColumn = 1725;
-constexpr Area AxisFrame(int top) { return At(axisLeft, top, 2430, 450); }
-constexpr Area AxisHead(int column) { return At(axisLeft + column, 210, 645, 210); }
-constexpr Area AxisValue(int column) { return At(column, 165, 645, 240); }
+struct AxisColumn {
+    int Left, Share;
+};
+constexpr AxisColumn minColumn = {555, axesShare / 3}, maxColumn = {1155, axesShare * 2 / 3},
+                     travelColumn = {1725, axesShare};
+constexpr Area AxisFrame(int top) { return At(axisLeft, top, Grown(2430, axesShare), 450); }
+constexpr Area AxisHead(AxisColumn column) {
+    return At(Grown(axisLeft + column.Left, column.Share), 210, 645, 210);
+}
+constexpr Area AxisValue(AxisColumn column) { return At(Grown(column.Left, column.Share), 165, 645, 240); }
 
 // Names at the left edge of the frame, values at the right.
 constexpr int propertiesRoom = 9660, propertiesWidth = 2700;
@@ -117,6 +145,9 @@ constexpr ControlRow controlRows[] = {
     {"mnuPrintPreview", "mnuFile"},
     {"mnuFileBar3", "mnuFile"},
     {"mnuExit", "mnuFile"},
+    {"mnuEdit", "", {}, frozen},
+    {"mnuUndo", "mnuEdit"},
+    {"mnuRedo", "mnuEdit"},
     {"mnuSettings", "", {}, frozen},
     {"mnuGeneral", "mnuSettings"},
     {"mnuInfo", "mnuSettings"},
@@ -124,6 +155,7 @@ constexpr ControlRow controlRows[] = {
     {"mnuPrinter", "mnuSettings"},
     {"mnuReset", "mnuSettings"},
     {"mnuCOM", "mnuSettings"},
+    {"mnuLanguage", "mnuSettings"},
     {"mnuXfer", "", {}, frozen},
     {"mnuRX", "mnuXfer"},
     {"mnuTX", "mnuXfer"},
@@ -143,7 +175,7 @@ constexpr ControlRow controlRows[] = {
     {"RCmnuRX", "mnuRightClick"},
 
     // The chain of the entry row comes first for the Tab key. On the mill a code has Y or H, never both.
-    {entryFrame, "", InBand(30, 4860), frozen},
+    {entryFrame, "", InBand(30, Grown(4860, entryShare)), frozen},
     {"lblGMcode", entryFrame, At(120, firstLine, 300, 240)},
     {"txtGMcode", entryFrame, EntryField(120), stop},
     {"lblXI", entryFrame, EntryLabel(1080)},
@@ -156,45 +188,47 @@ constexpr ControlRow controlRows[] = {
     {"txtFKTL", entryFrame, EntryField(3000), stop, -1, EntryField(3960)},
     {"lblH", entryFrame, EntryLabel(3960), 0, -1, EntryLabel(2040)},
     {"txtH", entryFrame, EntryField(3960), stop, -1, EntryField(2040)},
-    {"lblComment", entryFrame, At(90, commentTop + 60, 975, 240)},
-    {"txtComment", entryFrame, At(1080, commentTop, 3720, fieldHeight), stop},
+    {"lblComment", entryFrame, At(90, commentTop + 60, 1020, 240)},
+    {"txtComment", entryFrame, At(1120, commentTop, Grown(3680, entryShare), fieldHeight), stop},
+    {"lblBefore", entryFrame, At(90, commentTop + fieldHeight + 60, Grown(4680, entryShare), 285)},
 
     {"lvCncProgram", "", OverList(), stop},
 
     // cmdStop stands over frCmdEditor3, not in it: a frozen window keeps it.
-    {"frCmdEditor1", "", InBand(4920, 1020), frozen},
-    {"frCmdEditor2", "", At(4920, bandTop, 0, 0), frozen},
-    {"frCmdEditor3", "", InBand(5970, 1020)},
-    {"cmdInsert", "frCmdEditor1", At(90, firstLine, 840, fieldHeight), stop | frozen},
-    {"cmdDelete", "frCmdEditor1", At(90, firstLine + 450, 840, fieldHeight), stop | frozen},
-    {"cmdRun", "frCmdEditor3", At(90, firstLine, 840, fieldHeight), stop | frozen},
-    {"cmdStep", "frCmdEditor3", At(90, firstLine + 450, 840, fieldHeight), stop | frozen},
-    {"cmdStop", "", At(5970 + 90, High(-bandHeight + firstLine + 900), 840, fieldHeight), stop | frozen},
+    {"frCmdEditor1", "", InBand(AfterEntry(4920), 1020), frozen},
+    {"frCmdEditor2", "", At(AfterEntry(4920), bandTop, 0, 0), frozen},
+    {"frCmdEditor3", "", InBand(AfterEntry(5970), 1020)},
+    {"cmdInsert", "frCmdEditor1", At(60, firstLine, 900, fieldHeight), stop | frozen},
+    {"cmdDelete", "frCmdEditor1", At(60, firstLine + 450, 900, fieldHeight), stop | frozen},
+    {"cmdRun", "frCmdEditor3", At(60, firstLine, 900, fieldHeight), stop | frozen},
+    {"cmdStep", "frCmdEditor3", At(60, firstLine + 450, 900, fieldHeight), stop | frozen},
+    {"cmdStop", "", At(AfterEntry(5970 + 60), High(-bandHeight + firstLine + 900), 900, fieldHeight),
+     stop | frozen},
 
     {"frSetReplace", "", At(Wide(-8180), 30, 1440, listTop - 60), frozen},
-    {"cmdFeedA", "frSetReplace", At(90, firstLine, 660, fieldHeight), stop | frozen},
-    {"txtFeedA", "frSetReplace", At(780, firstLine, 570, fieldHeight), stop | frozen},
-    {"cmdFeedB", "frSetReplace", At(90, 780, 660, fieldHeight), stop | frozen},
-    {"txtFeedB", "frSetReplace", At(780, 780, 570, fieldHeight), stop | frozen},
+    {"cmdFeedA", "frSetReplace", At(60, firstLine, 705, fieldHeight), stop | frozen},
+    {"txtFeedA", "frSetReplace", At(780, firstLine, 600, fieldHeight), stop | frozen},
+    {"cmdFeedB", "frSetReplace", At(60, 780, 705, fieldHeight), stop | frozen},
+    {"txtFeedB", "frSetReplace", At(780, 780, 600, fieldHeight), stop | frozen},
 
     {"frView", "", At(Wide(-6700), 30, 2940, listTop - 60), frozen},
-    {"chkViewToolPos", "frView", At(90, firstLine, 1560, lineHeight), stop | frozen},
-    {"chkViewLineProperties", "frView", At(90, firstLine + 310, 1560, lineHeight), stop | frozen},
-    {"chkViewMachineTime", "frView", At(90, firstLine + 620, 1560, lineHeight), stop | frozen},
-    {"chkViewGcode", "frView", At(1680, firstLine, 1200, lineHeight), stop | frozen},
-    {"chkViewFileNotes", "frView", At(1680, firstLine + 310, 1200, lineHeight), stop | frozen},
+    {"chkViewToolPos", "frView", At(60, firstLine, 1665, lineHeight), stop | frozen},
+    {"chkViewLineProperties", "frView", At(60, firstLine + 310, 1665, lineHeight), stop | frozen},
+    {"chkViewMachineTime", "frView", At(60, firstLine + 620, 1665, lineHeight), stop | frozen},
+    {"chkViewGcode", "frView", At(1725, firstLine, 1215, lineHeight), stop | frozen},
+    {"chkViewFileNotes", "frView", At(1725, firstLine + 310, 1215, lineHeight), stop | frozen},
 
     // Only those of the lathes are disabled in a frozen window.
-    {"lstMK2Gcodes", "", CodeList(0, 3030), stop | frozen},
-    {"lstMK2Mcodes", "", CodeList(lathesMTop, lathesMHeight), frozen},
-    {"lstMK4Gcodes", "", CodeList(0, 3030), stop | frozen},
-    {"lstMK4Mcodes", "", CodeList(lathesMTop, lathesMHeight), stop | frozen},
-    {"lstF1Gcodes", "", CodeList(0, 3985), stop},
-    {"lstF1Mcodes", "", CodeList(millMTop, mListHeight), stop},
+    {"lstMK2Gcodes", "", CodeList(0, HalfLower(3030)), stop | frozen},
+    {"lstMK2Mcodes", "", CodeList(HalfLower(lathesMTop), lathesMHeight), frozen},
+    {"lstMK4Gcodes", "", CodeList(0, HalfLower(3030)), stop | frozen},
+    {"lstMK4Mcodes", "", CodeList(HalfLower(lathesMTop), lathesMHeight), stop | frozen},
+    {"lstF1Gcodes", "", CodeList(0, Lower(3985)), stop},
+    {"lstF1Mcodes", "", CodeList(Lower(millMTop), mListHeight), stop},
     {"frFileNotes", "", Notes(lathesNotes), frozen, -1, Notes(millNotes)},
     {"txtFileNotes", "frFileNotes", NotesText(lathesNotes), stop | frozen, -1, NotesText(millNotes)},
 
-    {"frAxesProperties", "", InBand(7020, 2550), frozen},
+    {"frAxesProperties", "", InBand(AfterEntry(7020), Grown(2550, axesShare)), frozen},
     {"lblMin", "frAxesProperties", AxisHead(minColumn), frozen | atRight},
     {"lblMax", "frAxesProperties", AxisHead(maxColumn), frozen | atRight},
     {"lblTravel", "frAxesProperties", AxisHead(travelColumn), frozen | atRight},
@@ -211,7 +245,8 @@ constexpr ControlRow controlRows[] = {
     {"lblZAxisMax", "frZAxis", AxisValue(maxColumn), frozen | atRight},
     {"lblZAxisTravel", "frZAxis", AxisValue(travelColumn), frozen | atRight},
 
-    {"frProgramProperties", "", InBand(9600, WideUpTo(-propertiesRoom, propertiesWidth)), frozen},
+    {"frProgramProperties", "",
+     InBand(Grown(9600, entryShare + axesShare), WideUpTo(-propertiesRoom, propertiesWidth)), frozen},
     {"lblMachineType", "frProgramProperties",
      At(105, firstLine, WideUpTo(-propertiesRoom - 210, propertiesWidth - 210), lineHeight), frozen},
     {"lblUnits", "frProgramProperties", PropertyName(1), frozen},
@@ -224,13 +259,13 @@ constexpr ControlRow controlRows[] = {
     {"lblPPMachineTime", "frProgramProperties", PropertyValue(4), frozen | atRight},
 
     // Where there is room for it: see PlaceNotice.
-    {"lblNotice", ""},
+    {"lblNotice", "", {}, hidden},
 
     {settings, "", OverList(), stop | hidden},
     {"chkSettingsAutowidth", settings, SettingsLine(0), stop, settings_page::General},
     {"chkSettingsDWC", settings, SettingsLine(390), stop, settings_page::General},
-    {"lblSettingsAbsColor", settings, At(240, pageTop + 900, 2400, 300), 0, settings_page::General},
-    {"lblSettingsIncrColor", settings, At(240, pageTop + 1260, 2400, 300), 0, settings_page::General},
+    {"lblSettingsAbsColor", settings, At(240, pageTop + 900, 2400, 300), stop, settings_page::General},
+    {"lblSettingsIncrColor", settings, At(240, pageTop + 1260, 2400, 300), stop, settings_page::General},
     {"cmdResetAll", settings, At(240, pageTop + 1800, 2400, 420), stop, settings_page::General},
     {"lblCurrentFilePath", settings, PathLabel(0), 0, settings_page::Info},
     {"txtCurrentFilePath", settings, PathText(0), stop, settings_page::Info},
@@ -242,10 +277,10 @@ constexpr ControlRow controlRows[] = {
     {"optSettingsMK2", "frMachineType", Option(120, firstLine, 2400), stop},
     {"optSettingsMK4", "frMachineType", Option(120, firstLine + 360, 2400), stop},
     {"optSettingsF1CNC", "frMachineType", Option(120, firstLine + 720, 2400), stop},
-    {"frCompact5", settings, At(3000, pageTop, 1500, 1500), 0, settings_page::Machine},
+    {"frCompact5", settings, At(2940, pageTop, 1620, 1500), 0, settings_page::Machine},
     {"optSettingsMm", "frCompact5", Option(120, firstLine, 1200), stop},
     {"optSettingsInch", "frCompact5", Option(120, firstLine + 360, 1200), stop},
-    {"frF1CNC", settings, At(240, pageTop + 1650, 4260, 1500), 0, settings_page::Machine},
+    {"frF1CNC", settings, At(240, pageTop + 1650, 4320, 1500), 0, settings_page::Machine},
     {"lblVertical", "frF1CNC", Option(120, firstLine, 1800)},
     {"optSettingsVmm", "frF1CNC", Option(120, 630, 900), stop},
     {"optSettingsVinch", "frF1CNC", Option(1080, 630, 900), stop},
@@ -270,34 +305,34 @@ constexpr ControlRow controlRows[] = {
 
     // A click on either shows the other one. The buttons share the room below them: see PlaceTopButtons.
     {"frControlPanel", "", At(0, 30, Wide(-3740), listTop - 60), frozen},
-    {"lblPath", "frControlPanel", At(60, 240, Wide(-8340), 240)},
-    {"lblFileName", "frControlPanel", At(60, 240, Wide(-8340), 240)},
+    {"lblPath", "frControlPanel", At(60, 240, Wide(-8340), 240), stop},
+    {"lblFileName", "frControlPanel", At(60, 240, Wide(-8340), 240), stop},
     {"cmdTopButtons", "frControlPanel", {}, stop | frozen},
 
-    {"frComPorts", settings, At(120, 480, 7860, 4740), 0, settings_page::COM},
+    {"frComPorts", settings, At(60, 480, 7980, 4740), 0, settings_page::COM},
     {"chkEnableCom", "frComPorts", At(150, 300, 3600, 285), stop},
-    {"frTX", "frComPorts", At(120, 660, 3750, 3990)},
-    {"frRX", "frComPorts", At(3990, 660, 3750, 3990)},
+    {"frTX", "frComPorts", At(60, 660, 3900, 3990)},
+    {"frRX", "frComPorts", At(4020, 660, 3900, 3990)},
 };
 
 constexpr ControlRow portSideRows[] = {
-    {"frPort#", "fr#", At(90, 270, 3570, 600)},
-    {"optPort#", "frPort#", At(90, 240, 840, 285), stop, -1, {}, {4, 860, 300}},
-    {"frBaud#", "fr#", At(90, 900, 3570, 900)},
-    {"optBaud#", "frBaud#", At(90, 240, 840, 285), stop, -1, {}, {4, 860, 300}},
-    {"frParity#", "fr#", At(90, 1830, 1470, 600)},
-    {"optParity#", "frParity#", At(90, 240, 430, 285), stop, -1, {}, {3, 450, 300}},
-    {"frDataBits#", "fr#", At(1590, 1830, 1020, 600)},
-    {"optDataBits#", "frDataBits#", At(90, 240, 430, 285), stop, -1, {}, {2, 450, 300}},
-    {"frStopBits#", "fr#", At(2640, 1830, 1020, 600)},
-    {"optStopBits#", "frStopBits#", At(90, 240, 430, 285), stop, -1, {}, {2, 450, 300}},
-    {"frHandshake#", "fr#", At(90, 2460, 3570, 600)},
-    {"chk#xonxoff", "frHandshake#", At(90, 240, 1110, 285), stop},
-    {"chk#dtrdsr", "frHandshake#", At(1230, 240, 1110, 285), stop},
-    {"chk#rtscts", "frHandshake#", At(2370, 240, 1110, 285), stop},
-    {"chk#filter", "fr#", At(180, 3120, 3390, 285), stop},
+    {"frPort#", "fr#", At(90, 270, 3720, 600)},
+    {"optPort#", "frPort#", At(60, 240, 905, 285), stop, -1, {}, {4, 910, 300}},
+    {"frBaud#", "fr#", At(90, 900, 3720, 900)},
+    {"optBaud#", "frBaud#", At(60, 240, 905, 285), stop, -1, {}, {4, 910, 300}},
+    {"frParity#", "fr#", At(90, 1830, 1560, 600)},
+    {"optParity#", "frParity#", At(50, 240, 500, 285), stop, -1, {}, {3, 500, 300}},
+    {"frDataBits#", "fr#", At(1665, 1830, 1065, 600)},
+    {"optDataBits#", "frDataBits#", At(60, 240, 490, 285), stop, -1, {}, {2, 500, 300}},
+    {"frStopBits#", "fr#", At(2745, 1830, 1065, 600)},
+    {"optStopBits#", "frStopBits#", At(60, 240, 490, 285), stop, -1, {}, {2, 500, 300}},
+    {"frHandshake#", "fr#", At(90, 2460, 3720, 600)},
+    {"chk#xonxoff", "frHandshake#", At(60, 240, 1210, 285), stop},
+    {"chk#dtrdsr", "frHandshake#", At(1275, 240, 1210, 285), stop},
+    {"chk#rtscts", "frHandshake#", At(2490, 240, 1210, 285), stop},
+    {"chk#filter", "fr#", At(180, 3120, 3540, 285), stop},
     {"lbl#standard", "fr#", At(180, 3495, 1980, 330)},
-    {"cmd#Emco", "fr#", At(2280, 3480, 1380, 360), stop},
+    {"cmd#Emco", "fr#", At(2280, 3480, 1530, 360), stop},
 };
 
 // The view of what is received lies over the list, its buttons and the progress of a transmission over the band. The
@@ -306,15 +341,15 @@ constexpr ControlRow transferRows[] = {
     {"frRXcode", "", OverList()},
     {"txtRX", "frRXcode", At(90, 270, Wide(-sideWidth - 180), High(-3370 - 690)), stop},
     {"lblReceived", "frRXcode", At(120, High(-3370 - 360), Wide(-sideWidth - 240), 285)},
-    {"frCmdRX", "", InBand(4920, 2070)},
+    {"frCmdRX", "", InBand(AfterEntry(4920), 2070)},
     {"cmdReceiveImport", "frCmdRX", At(90, 300, 930, 360), stop},
     {"cmdReceiveSave", "frCmdRX", At(1050, 300, 930, 360), stop},
     {"cmdReceiveNew", "frCmdRX", At(90, 750, 930, 360), stop},
     {"cmdReceiveExit", "frCmdRX", At(1050, 750, 930, 360), stop},
-    {"frTransmit", "", InBand(30, 4860)},
-    {"prgTransmit", "frTransmit", At(150, 420, 4560, 330)},
-    {"lblTransmitLine", "frTransmit", At(150, 840, 4560, 285)},
-    {"lblTransmitLeft", "frTransmit", At(150, 1140, 4560, 285)},
+    {"frTransmit", "", InBand(30, Grown(4860, entryShare))},
+    {"prgTransmit", "frTransmit", At(150, 420, Grown(4560, entryShare), 330)},
+    {"lblTransmitLine", "frTransmit", At(150, 840, Grown(4560, entryShare), 285)},
+    {"lblTransmitLeft", "frTransmit", At(150, 1140, Grown(4560, entryShare), 285)},
 };
 
 }  // namespace

@@ -17,7 +17,7 @@ std::string NameOf(std::string_view name, std::string_view side) {
 
 int Length::In(int width, int height) const {
     const int base = Follows == Of::Width ? width : Follows == Of::Height ? height : 0;
-    return std::clamp(base + Twips, Least, Most);
+    return std::clamp(base / 100 * Percent + base % 100 * Percent / 100 + Twips, Least, Most);
 }
 
 ControlTable::ControlTable(Form& form) : form_(form) {

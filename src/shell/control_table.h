@@ -10,22 +10,25 @@ namespace kvt {
 
 inline constexpr int SmallestHeight = 8720;
 inline constexpr int SmallestWidth = 11800;
+// On a screen that has no room for the smallest window the lists give way, so far.
+inline constexpr int LeastHeight = 6000;
 // Before a settings file has told another one.
 inline constexpr int UsualWidth = 13800;
 
-// A length in twips. It may follow the width or the height of the window, within bounds.
+// A length in twips. It may follow the width or the height of the window, or a part of it, within bounds.
 struct Length {
     enum class Of : std::uint8_t { Nothing, Width, Height };
 
     constexpr Length(int twips = 0, Of of = Of::Nothing, int least = std::numeric_limits<int>::min(),
-                     int most = std::numeric_limits<int>::max())
-        : Twips(twips), Follows(of), Least(least), Most(most) {}
+                     int most = std::numeric_limits<int>::max(), int percent = 100)
+        : Twips(twips), Follows(of), Least(least), Most(most), Percent(percent) {}
     // The length in a window of this size.
     int In(int width, int height) const;
 
     int Twips;
     Of Follows;
     int Least, Most;
+    int Percent;
 };
 
 // Where a control lies in what contains it.

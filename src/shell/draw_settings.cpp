@@ -40,17 +40,18 @@ int OnScreen(int place, int screen) {
 
 }  // namespace
 
-DrawSettings::DrawSettings(DrawWindow& draw, UserData& data, Services& platform)
-    : Keys("DRAW", DrawSettingKeys()), draw_(draw), data_(data), platform_(platform) {
-    BindMarks();
-    Form& drawing = draw_.Controls.frmDraw;
+DrawSettings::DrawSettings(DrawWindow& draw, Beside& beside, UserData& data, Services& platform)
+    : Keys("DRAW", DrawSettingKeys()), draw_(draw), beside_(beside), data_(data), platform_(platform) {
+    for (const Mark& mark : marks) BindMark(mark.Key, draw_.Controls.*mark.Entry);
+    BindMark("Beside", beside_.mnuBeside);
+    const Form& drawing = draw_.Controls.frmDraw;
     Keys.Bind(
         "DrawWindow",
         [this](const std::string& value) { PlaceDrawing(WindowPlaceOf(value), WindowStateOf(value)); },
         [this, &drawing] {
-            const bool asItBegins = drawing.FillsScreen() == DrawWindow::BeginsMaximised(platform_.Screen);
-            return WindowText(drawing.RestoredPlace()) +
-                   (asItBegins ? "" : WindowStateText(drawing.FillsScreen()));
+            const Beside::OwnPlace own = beside_.Own(drawing);
+            const bool asItBegins = own.FillsScreen == DrawWindow::BeginsMaximised(platform_.Screen);
+            return WindowText(own.Place) + (asItBegins ? "" : WindowStateText(own.FillsScreen));
         });
     Form& listing = draw_.Listing.frmProgramWindow;
     Keys.Bind(
@@ -58,7 +59,10 @@ DrawSettings::DrawSettings(DrawWindow& draw, UserData& data, Services& platform)
         [&listing] {
             return WindowText(listing.RestoredPlace()) + (listing.Visible ? ", Active" : ", Inactive");
         });
-    draw_.LoadSettings = [this] { LoadSettings(); };
+    draw_.LoadSettings = [this] {
+        LoadSettings();
+        beside_.DrawingPlaced();
+    };
     draw_.SaveSettings = [this] { SaveSettings(); };
 }
 
@@ -73,13 +77,10 @@ void DrawSettings::BindShown(SettingsFile& editorKeys) {
         [&drawing] { return TrueOrFalse(drawing.Visible.Get()); });
 }
 
-void DrawSettings::BindMarks() {
-    for (const Mark& mark : marks) {
-        Menu& entry = draw_.Controls.*mark.Entry;
-        Keys.Bind(
-            mark.Key, [&entry](const std::string& value) { entry.Checked = TrueOrFalse(value); },
-            [&entry] { return TrueOrFalse(entry.Checked.Get()); });
-    }
+void DrawSettings::BindMark(const char* key, Menu& entry) {
+    Keys.Bind(
+        key, [&entry](const std::string& value) { entry.Checked = TrueOrFalse(value); },
+        [&entry] { return TrueOrFalse(entry.Checked.Get()); });
 }
 
 void DrawSettings::LoadSettings() {

@@ -4,6 +4,7 @@
 
 #include "draw/draw_window.h"
 #include "files/settings_file.h"
+#include "shell/beside.h"
 #include "shell/user_data.h"
 
 namespace kvt {
@@ -11,7 +12,7 @@ namespace kvt {
 // What outlives a run of the draw window: the marks of its menus, its place, and that of the listing.
 class DrawSettings {
 public:
-    DrawSettings(DrawWindow& draw, UserData& data, Services& platform);
+    DrawSettings(DrawWindow& draw, Beside& beside, UserData& data, Services& platform);
 
     SettingsFile Keys;
 
@@ -23,11 +24,12 @@ public:
     void BindShown(SettingsFile& editorKeys);
 
 private:
-    void BindMarks();
+    void BindMark(const char* key, Menu& entry);
     void PlaceDrawing(const WindowPlace& place, std::optional<WindowState> state);
     void PlaceListing(const std::string& value);
 
     DrawWindow& draw_;
+    Beside& beside_;
     UserData& data_;
     Services& platform_;
 };

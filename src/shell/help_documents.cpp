@@ -1,6 +1,6 @@
 #include "shell/help_documents.h"
 
-#include "basic/number.h"
+#include "basic/installation.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "files/folders.h"
@@ -72,8 +72,12 @@ bool HelpDocuments::Show(RichText& document) {
 }
 
 void HelpDocuments::mnuHelpText_Click() {
-    Load(parts_.Main.rtfHelp, helpPage);
+    Load(parts_.Main.rtfHelp, helpPage, helpPage_);
     Show(parts_.Main.rtfHelp);
+}
+
+std::string HelpDocuments::AnchorOf(MachineModel machine, const std::string& code) {
+    return (machine == MachineModel::F1 ? "F1_" : "") + UpperCase(code);
 }
 
 void HelpDocuments::mnuGhelp_Click() {
@@ -82,7 +86,7 @@ void HelpDocuments::mnuGhelp_Click() {
     const bool mk2 = parts_.Store.IsMK2();
     RichText& document = mk2 ? main.rtfGcodeHelpMK2 : main.rtfGcodeHelpMK4;
     Load(document, mk2 ? "gcode_mk2.html" : "gcode_mk4.html");
-    Show(document);
+    if (Show(document) && parts_.Store.IsF1()) document.ShowSection("F1");
 }
 
 void HelpDocuments::mnuAbout_Click() {
@@ -96,16 +100,16 @@ void HelpDocuments::FillAbout() {
     const Texts& texts = parts_.Language;
     ListBox& list = parts_.Main.lstAbout;
     list.Clear();
-    list.AddEntry(std::string(texts.MessageTexts(text::ProgramVersion)) + ": " + PlainNumber(VersionMajor) +
-                  "." + PlainNumber(VersionMinor) + "." + PlainNumber(VersionRevision) + releaseDate);
-    list.AddEntry(std::string(texts.MessageTexts(text::LanguageModule)) + ": " +
-                  (texts.LanguageName.empty() ? "None" : texts.LanguageName));
-    if (!texts.TranslatedBy.empty()) list.AddEntry("Translated by: " + texts.TranslatedBy);
+    list.AddEntry(std::string(texts.MessageTexts(text::ProgramVersion)) + ": " + VersionText() + releaseDate);
+    list.AddEntry(
+        std::string(texts.MessageTexts(text::LanguageModule)) + ": " +
+        (texts.LanguageName.empty() ? std::string(texts.DialogTexts(text::NoModule)) : texts.LanguageName));
+    if (texts.TranslatedBy.empty()) return;
+    list.AddEntry(std::string(texts.DialogTexts(text::TranslatedBy)) + ": " + texts.TranslatedBy);
 }
 
 std::string HelpDocuments::PathOf(const std::string& name) const {
-    const std::string& start = StartFolder;
-    for (const std::string& folder : {start + "Help/", start + "../share/kvt/Help/"}) {
+    for (const std::string& folder : ProgramFolders(StartFolder, "Help")) {
         if (parts_.Platform.Files.Exists(folder + name)) return folder + name;
     }
     return {};
@@ -117,25 +121,35 @@ bool HelpDocuments::UseLanguage(std::string_view helpFileName) {
     if (path.empty()) return false;
     const std::size_t slash = name.find_last_of("/\\");
     folder_ = slash == std::string::npos ? std::string() : name.substr(0, slash + 1);
-    MainControls& main = parts_.Main;
-    for (RichText* document : main.Documents()) document->Text = "";
-    main.rtfHelp.Folder = path.substr(0, path.find_last_of("/\\") + 1);
-    Attempt(helpName, [&] { main.rtfHelp.Text = WithoutUtf8Mark(parts_.Platform.Files.ReadWhole(path)); });
+    helpPage_ = name.substr(folder_.size());
+    Forget();
     return true;
 }
 
-void HelpDocuments::Load(RichText& document, const char* name) {
+// They are read when they are asked for.
+void HelpDocuments::Forget() {
+    for (RichText* document : parts_.Main.Documents()) document->Text = "";
+}
+
+void HelpDocuments::UseEnglish() {
+    folder_ = english;
+    helpPage_ = helpPage;
+    Forget();
+}
+
+void HelpDocuments::Load(RichText& document, const char* name, std::string_view ofLanguage) {
     if (!document.Text.Empty()) return;
-    for (const std::string& folder : {folder_, std::string(english)}) {
-        const std::string path = PathOf(folder + name);
+    const std::string own = folder_ + std::string(ofLanguage.empty() ? name : ofLanguage);
+    for (const std::string& file : {own, english + std::string(name)}) {
+        const std::string path = PathOf(file);
         if (path.empty()) continue;
         document.Folder = path.substr(0, path.find_last_of("/\\") + 1);
         if (Attempt(helpName,
                     [&] { document.Text = WithoutUtf8Mark(parts_.Platform.Files.ReadWhole(path)); }))
             return;
     }
-    document.Text =
-        "<p>The file of this document was not found: " + StartFolder + "Help/" + english + name + "</p>";
+    document.Text = "<p>" + std::string(parts_.Language.DialogTexts(text::NoDocument)) + " " + StartFolder +
+                    "Help/" + english + name + "</p>";
 }
 
 void HelpDocuments::HideSearch() {
@@ -160,18 +174,18 @@ void HelpDocuments::ShowSearch() {
 
 // With a code in its field, that code's section; on a line with a finding, what explains that.
 void HelpDocuments::ShowHelpFor(int held) {
-    if (held == key::ShiftHeld) return mnuGhelp_Click();
     const EntryRow& entry = parts_.Entry;
     const std::string code(Trim(entry.txtGMcode.Text));
     const Control* const focused = parts_.Platform.Focus.Focused();
     if (focused != &entry.txtGMcode || code.size() < 2) {
+        if (held == key::ShiftHeld) return mnuGhelp_Click();
         const bool inLine =
             focused == &parts_.Store.lvCncProgram || (focused && focused->Container == &entry.frEntry);
         return ShowFinding(inLine ? FindingOfLine() : 0);
     }
-    const std::string anchor = UpperCase(entry.lblGMcode.Caption.Get() + code);
     mnuGhelp_Click();
-    if (RichText* const shown = Shown()) shown->ShowSection(anchor);
+    RichText* const shown = Shown();
+    if (shown) shown->ShowSection(AnchorOf(parts_.Store.Machine, entry.lblGMcode.Caption.Get() + code));
 }
 
 int HelpDocuments::FindingOfLine() const {

@@ -39,6 +39,9 @@ public:
     void mnuGhelp_Click();
     void mnuAbout_Click();
 
+    // The name of the section about a code ("G01"): in the document that the mill shares with the MK4 it has its own.
+    static std::string AnchorOf(MachineModel machine, const std::string& code);
+
     // Handles the keys of the documents; false leaves a key to others.
     bool HandleKey(int pressed, int held);
     // The document that is shown; null where none is.
@@ -49,11 +52,14 @@ public:
     // A language's documents: "NAME" or "FOLDER/NAME" below the folder of the help documents is the one of
     // rtfHelp; the others lie beside it. What is missing there stays English. False where there is no such file.
     bool UseLanguage(std::string_view helpFileName);
+    void UseEnglish();
 
 private:
     // The common part. Gives false where the document was shown and has been left.
     bool Show(RichText& document);
-    void Load(RichText& document, const char* name);
+    // Reads the page of the language, under a name of its own if it has one, or else the English one.
+    void Load(RichText& document, const char* name, std::string_view ofLanguage = {});
+    void Forget();
     // The whole name of a document's file; empty where there is none.
     std::string PathOf(const std::string& name) const;
     void FillAbout();
@@ -65,7 +71,8 @@ private:
     void ShowFinding(int number);
 
     Parts parts_;
-    std::string folder_ = "en/";  // of the language, below that of the help documents
+    std::string folder_ = "en/";            // of the language, below that of the help documents
+    std::string helpPage_ = "editor.html";  // of rtfHelp, in that folder
 };
 
 }  // namespace kvt

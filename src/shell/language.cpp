@@ -40,6 +40,7 @@ TextProperty* CaptionAs(Control& control) {
 // The text that a row sets in its control; null where the control has none.
 TextProperty* TextOf(Control& control, ShownText what) {
     if (what == ShownText::ToolTip) return &control.ToolTip;
+    if (what == ShownText::Name) return &control.AccessibleName;
     return CaptionAs<Label, CheckBox, OptionButton, CommandButton, Frame, Menu, Form>(control);
 }
 
@@ -61,22 +62,82 @@ void DescribeEntry(ListBox& list, int index, const std::string& description) {
 }  // namespace
 
 ModuleLoader::ModuleLoader(std::vector<Form*> windows, const Parts& parts)
-    : windows_(std::move(windows)), parts_(parts) {}
+    : windows_(std::move(windows)), parts_(parts) {
+    NameControls();
+}
+
+void ModuleLoader::NameControls() {
+    for (const LabelRow& row : LabelRows()) {
+        Control* const control = row.What == ShownText::Name ? ControlOf(windows_, row) : nullptr;
+        if (control) control->AccessibleName = row.Key;
+    }
+}
 
 void ModuleLoader::LoadLanguageModule(const std::string& fileName) {
-    FileService& files = parts_.Files;
+    FileService& files = parts_.Platform.Files;
     Texts& texts = parts_.Language;
     if (fileName.empty() || !files.Exists(fileName)) return;
+    KeepBuiltIn();
     texts.ModuleFile = fileName;
-    if (builtInTabs_.empty()) builtInTabs_ = parts_.Main.tabSettings.Captions;
     LanguageModule module;
     Attempt(loadModuleName, [&] { module = ReadLanguageModule(files.ReadWhole(fileName)); });
     // Changes nothing but the name of the module in force.
     if (module.PlaceHolder) return;
     texts.LanguageName.clear();
     texts.TranslatedBy.clear();
+    texts.LanguageCode.clear();
     for (const LanguageSection& section : module.Sections) ApplySection(section);
+    ShowTexts();
+}
+
+void ModuleLoader::KeepBuiltIn() {
+    if (builtIn_) return;
+    builtIn_.emplace();
+    for (const LabelRow& row : LabelRows()) {
+        Control* const control = ControlOf(windows_, row);
+        TextProperty* const text =
+            control && row.What != ShownText::Tab ? TextOf(*control, row.What) : nullptr;
+        // What stands in a second line tells of the moment.
+        if (text) builtIn_->Labels.emplace_back(text, text->Get().substr(0, text->Get().find("\r\n")));
+    }
+    for (const ListSection& one : ListSections()) {
+        if (ListBox* const list = ListOf(*windows_.front(), one))
+            builtIn_->Lists.emplace_back(list, list->Entries());
+    }
+    for (int header = firstNamedHeader; header <= SubItemCount; ++header)
+        builtIn_->Headers.push_back(parts_.Store.lvCncProgram.Header(header).Text);
+    builtIn_->Tabs = parts_.Main.tabSettings.Captions;
+    builtIn_->EntryCaption = parts_.Language.EntryCaption;
+    builtIn_->ErrorHeaderText = parts_.Language.ErrorHeaderText;
+}
+
+void ModuleLoader::UseEnglish() {
+    Texts& texts = parts_.Language;
+    texts.ModuleFile.clear();
+    texts.LanguageName.clear();
+    texts.TranslatedBy.clear();
+    texts.LanguageCode.clear();
+    if (!builtIn_) return;
+    for (const auto& [text, english] : builtIn_->Labels) *text = english;
+    for (const auto& [list, entries] : builtIn_->Lists) {
+        for (int i = 0; i < list->Count(); ++i) list->SetEntry(i, entries[static_cast<std::size_t>(i)]);
+    }
+    int header = firstNamedHeader;
+    for (const std::string& text : builtIn_->Headers) parts_.Store.lvCncProgram.SetHeaderText(header++, text);
+    int page = 0;
+    for (const std::string& tab : builtIn_->Tabs) parts_.Main.tabSettings.SetCaption(page++, tab);
+    for (const TableSection& one : TableSections()) one.Table(texts).Clear();
+    texts.EntryCaption = builtIn_->EntryCaption;
+    texts.ErrorHeaderText = builtIn_->ErrorHeaderText;
+    ApplyToolbar(true);
+    parts_.Help.UseEnglish();
+    ShowTexts();
+}
+
+void ModuleLoader::ShowTexts() {
+    parts_.Platform.System.UseLanguage(parts_.Language.LanguageCode);
     parts_.Display.ShowMachineName();
+    parts_.Layout.RefreshTexts();
     // Automatic comments appear in the new language.
     CheckBox& gcode = parts_.View.chkViewGcode;
     if (gcode.Value != 0) {
@@ -86,6 +147,7 @@ void ModuleLoader::LoadLanguageModule(const std::string& fileName) {
         gcode.Click();
     }
     Run(windows_.front()->OnActivate);
+    Run(OnTexts);
     parts_.Interpreter.Interpreter();
 }
 
@@ -95,7 +157,8 @@ void ModuleLoader::ApplySection(const LanguageSection& section) {
     if (EqualIgnoringCase(section.Name, language_section::System)) {
         for (const LanguageLine& line : section.Lines) ApplySystemLine(line);
     }
-    if (EqualIgnoringCase(section.Name, language_section::Toolbar)) ApplyToolbar();
+    if (EqualIgnoringCase(section.Name, language_section::Toolbar))
+        ApplyToolbar(EqualIgnoringCase(parts_.Language.LanguageName, "English"));
 }
 
 void ModuleLoader::ApplyLabels(const LanguageSection& section) {
@@ -112,7 +175,7 @@ void ModuleLoader::ApplyLabels(const LanguageSection& section) {
 
 void ModuleLoader::SetLabel(Control& control, const LabelRow& row, const std::string& value) {
     if (row.What == ShownText::Tab) {
-        const int page = TabOf(builtInTabs_, row.Key);
+        const int page = TabOf(builtIn_->Tabs, row.Key);
         if (page >= 0) parts_.Main.tabSettings.SetCaption(page, value);
         return;
     }
@@ -147,13 +210,13 @@ void ModuleLoader::ApplyOrderedLines(const LanguageSection& section) {
 void ModuleLoader::ApplySystemLine(const LanguageLine& line) {
     if (EqualIgnoringCase(line.Key, "Language Name")) parts_.Language.LanguageName = line.Value;
     if (EqualIgnoringCase(line.Key, "Translated by")) parts_.Language.TranslatedBy = line.Value;
+    if (EqualIgnoringCase(line.Key, "Language Code")) parts_.Language.LanguageCode = line.Value;
     if (EqualIgnoringCase(line.Key, "Help File Name") && !line.Value.empty())
         parts_.Help.UseLanguage(line.Value);
 }
 
 // Words in another language would not fit: the pictures remain.
-void ModuleLoader::ApplyToolbar() {
-    const bool english = EqualIgnoringCase(parts_.Language.LanguageName, "English");
+void ModuleLoader::ApplyToolbar(bool english) {
     for (const auto& button : parts_.Main.cmdTopButtons) {
         button->Caption = english ? CaptionOf(static_cast<TopButton>(button->Index())) : "";
     }
@@ -193,6 +256,7 @@ std::string ModuleLoader::WriteModule() const {
     module.Section(language_section::System);
     const Texts& texts = parts_.Language;
     module.Line("Language Name", texts.LanguageName.empty() ? "English" : texts.LanguageName);
+    module.Line("Language Code", texts.LanguageCode.empty() ? "en" : texts.LanguageCode);
     module.Line("Translated by", texts.TranslatedBy);
     module.Line("Help File Name", "");
 

@@ -1,8 +1,12 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "editor/field_layout.h"
 #include "files/language_module.h"
 #include "interpreter/interpreter.h"
 #include "shell/help_documents.h"
@@ -24,30 +28,47 @@ public:
         HelpDocuments& Help;
         ControlInterpreter& Interpreter;
         Texts& Language;
-        FileService& Files;
+        FieldLayout& Layout;
+        Services& Platform;
     };
     // All windows, the main one first.
     ModuleLoader(std::vector<Form*> windows, const Parts& parts);
 
     // Puts a module into effect and remembers its name. A file that is not there changes nothing.
     void LoadLanguageModule(const std::string& fileName);
+    // Back to the built-in English, as if there had never been a module.
+    void UseEnglish();
     // A module with the texts in force, ready to be translated: each line tells its English.
     std::string WriteModule() const;
 
+    // Runs when the texts of the windows are those of another language: for captions that say how things are.
+    std::function<void()> OnTexts;
+
 private:
+    // What the windows show in English, kept before the first module.
+    struct BuiltIn {
+        std::vector<std::pair<TextProperty*, std::string>> Labels;
+        std::vector<std::pair<ListBox*, std::vector<std::string>>> Lists;
+        std::vector<std::string> Headers, Tabs;
+        std::string EntryCaption, ErrorHeaderText;
+    };
+    void KeepBuiltIn();
+    void NameControls();
+    // Has what is shown follow the texts in force.
+    void ShowTexts();
     void ApplySection(const LanguageSection& section);
     void ApplyLabels(const LanguageSection& section);
     void SetLabel(Control& control, const LabelRow& row, const std::string& value);
     // Tables, code lists and headers: the place of a line decides.
     void ApplyOrderedLines(const LanguageSection& section);
     void ApplySystemLine(const LanguageLine& line);
-    void ApplyToolbar();
+    void ApplyToolbar(bool english);
     void WriteLabels(LanguageModuleText& module) const;
     void ApplyHeader(int header, const std::string& text);
 
     std::vector<Form*> windows_;
     Parts parts_;
-    std::vector<std::string> builtInTabs_;  // as they were before the first module
+    std::optional<BuiltIn> builtIn_;  // from the first module on
 };
 
 }  // namespace kvt

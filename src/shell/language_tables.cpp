@@ -9,6 +9,7 @@ namespace {
 constexpr ShownText caption = ShownText::Caption;
 constexpr ShownText toolTip = ShownText::ToolTip;
 constexpr ShownText tab = ShownText::Tab;
+constexpr ShownText name = ShownText::Name;
 
 constexpr LabelRow labelRows[] = {
     {"menu RightClick", "Delete line", "RCmnuDelete"},
@@ -36,7 +37,10 @@ constexpr LabelRow labelRows[] = {
     {"menu File", "Print preview", "frmDraw.mnuPrintPreview"},
     {"menu File", "Exit", "mnuExit"},
 
+    {"menu Edit", "Edit", "mnuEdit"},
+
     {"menu Settings", "Settings", "mnuSettings"},
+    {"menu Settings", "Language", "mnuLanguage"},
 
     {"menu Transfer", "Transfer", "mnuXfer"},
     {"menu Transfer", "Receive from Emco", "mnuRX"},
@@ -53,6 +57,7 @@ constexpr LabelRow labelRows[] = {
     {"menu Help", "Help", "mnuHelpText"},
     {"menu Help", "G-Code", "mnuGhelp"},
     {"menu Help", "About", "mnuAbout"},
+    {"menu Help", "Search in this document", "txtSearch", toolTip},
 
     {"Toolbar", "Open File", "cmdTopButtons", toolTip, Index(TopButton::Open)},
     {"Toolbar", "Save File", "cmdTopButtons", toolTip, Index(TopButton::Save)},
@@ -173,6 +178,11 @@ constexpr LabelRow labelRows[] = {
     {"TRANSFER Buttons Tooltips", "Clear Received Code", "cmdReceiveNew", toolTip},
     {"TRANSFER Buttons Tooltips", "Save Received Code", "cmdReceiveSave", toolTip},
 
+    {"TRANSFER Buttons", "Import", "cmdReceiveImport"},
+    {"TRANSFER Buttons", "Save", "cmdReceiveSave"},
+    {"TRANSFER Buttons", "Clear", "cmdReceiveNew"},
+    {"TRANSFER Buttons", "Exit", "cmdReceiveExit"},
+
     {"DRAW Menu File", "File", "frmDraw.mnuFile"},
     {"DRAW Menu File", "Editor", "frmDraw.mnuEditor"},
     {"DRAW Menu File", "Redraw", "frmDraw.mnuRedraw"},
@@ -180,6 +190,7 @@ constexpr LabelRow labelRows[] = {
     {"DRAW Menu File", "Save BMP", "frmDraw.mnuSaveBMP"},
     {"DRAW Menu File", "Save to Clipboard", "frmDraw.mnuSaveClipboard"},
     {"DRAW Menu File", "Save picture as\x85", "frmDraw.mnuSavePicture"},
+    {"DRAW Menu File", "The whole drawing as a PNG, SVG, PDF or BMP file", "frmDraw.mnuSavePicture", toolTip},
     {"DRAW Menu File", "Print", "frmDraw.mnuPrint"},
     {"DRAW Menu File", "Exit", "frmDraw.mnuExit"},
 
@@ -215,6 +226,7 @@ constexpr LabelRow labelRows[] = {
     {"DRAW Menu Settings", "Settings", "frmDraw.mnuSettings"},
     {"DRAW Menu Settings", "Scale", "frmDraw.mnuScaleMenu"},
     {"DRAW Menu Settings", "Simulation", "frmDraw.mnuSimulation"},
+    {"DRAW Menu Settings", "Simulation", "frmDraw.cboBarSim", toolTip},
     {"DRAW Menu Settings", "AutoRedraw", "frmDraw.mnuAutoRedraw"},
 
     {"DRAW Menu Scale", "Scale  \xF7 8", "frmDraw.mnuScale", caption, 0},
@@ -241,9 +253,64 @@ constexpr LabelRow labelRows[] = {
     {"DRAW Controls", "AutoFit", "frmDraw.cmdAutoFit"},
     {"DRAW Controls", "Redraw", "frmDraw.cmdRedraw"},
     {"DRAW Controls", "Step", "frmDraw.cmdStep"},
+    {"DRAW Controls", "Step", "frmDraw.cmdBarStep"},
     {"DRAW Controls", "Abort", "frmDraw.cmdStop"},
+    {"DRAW Controls", "Abort", "frmDraw.cmdBarStop"},
     {"DRAW Controls", "Run", "frmDraw.cmdRun"},
+    {"DRAW Controls", "Run", "frmDraw.cmdBarRun"},
     {"DRAW Controls", "Program Lines", "frmProgramWindow"},
+    // In the View menu, whose section knows the entries by their order.
+    {"DRAW Controls", "Beside the program", "frmDraw.mnuBeside"},
+    {"DRAW Controls", "Line under way", "frmDraw.txtBarLine", toolTip},
+
+    {"Screen Reader", "Program lines", "lvCncProgram", name},
+    {"Screen Reader", "Program lines", "frmProgramWindow.lstCncLines", name},
+    {"Screen Reader", "G-codes", "lstMK2Gcodes", name},
+    {"Screen Reader", "G-codes", "lstMK4Gcodes", name},
+    {"Screen Reader", "G-codes", "lstF1Gcodes", name},
+    {"Screen Reader", "M-codes", "lstMK4Mcodes", name},
+    {"Screen Reader", "M-codes", "lstF1Mcodes", name},
+    {"Screen Reader", "Picture of the machine", "lstMK2Mcodes", name},
+    {"Screen Reader", "Axes of the machine", "picZXaxes", name},
+    {"Screen Reader", "Axes of the machine", "picXYaxes", name},
+    {"Screen Reader", "Edit lines", "frCmdEditor1", name},
+    {"Screen Reader", "Edit lines", "frCmdEditor2", name},
+    {"Screen Reader", "Run the program", "frCmdEditor3", name},
+    {"Screen Reader", "Units", "lblPPUnits", name},
+    {"Screen Reader", "Lines", "lblPPLines", name},
+    {"Screen Reader", "Lines executed", "lblPPLinesExe", name},
+    {"Screen Reader", "Machine time", "lblPPMachineTime", name},
+    {"Screen Reader", "Smallest", "lblXAxisMin", name},
+    {"Screen Reader", "Smallest", "lblYAxisMin", name},
+    {"Screen Reader", "Smallest", "lblZAxisMin", name},
+    {"Screen Reader", "Largest", "lblXAxisMax", name},
+    {"Screen Reader", "Largest", "lblYAxisMax", name},
+    {"Screen Reader", "Largest", "lblZAxisMax", name},
+    {"Screen Reader", "Travel", "lblXAxisTravel", name},
+    {"Screen Reader", "Travel", "lblYAxisTravel", name},
+    {"Screen Reader", "Travel", "lblZAxisTravel", name},
+    {"Screen Reader", "Settings", "tabSettings", name},
+    {"Screen Reader", "Help", "rtfHelp", name},
+    {"Screen Reader", "Codes of the machine", "rtfGcodeHelpMK2", name},
+    {"Screen Reader", "Codes of the machine", "rtfGcodeHelpMK4", name},
+    {"Screen Reader", "About the program", "rtfAbout", name},
+    {"Screen Reader", "About the program", "lstAbout", name},
+    {"Screen Reader", "What to do with the received code", "frCmdRX", name},
+    {"Screen Reader", "Message of the pre-processor", "frmPreProcessor.rtfPP", name},
+    {"Screen Reader", "Part of the drawing in sight", "frmDraw.pbxViewWindow", name},
+    {"Screen Reader", "Drawing", "frmDraw.pbxDrawField", name},
+    {"Screen Reader", "Across the drawing", "frmDraw.hsbViewWindow", name},
+    {"Screen Reader", "Up and down the drawing", "frmDraw.vsbViewWindow", name},
+    {"Screen Reader", "Measures", "frmDraw.frProperties", name},
+    {"Screen Reader", "Diameter", "frmDraw.frDiameter", name},
+    {"Screen Reader", "First point", "frmDraw.frX1Z1", name},
+    {"Screen Reader", "Second point", "frmDraw.frX2Z2", name},
+    {"Screen Reader", "Distance", "frmDraw.frDelta", name},
+    {"Screen Reader", "Grid size", "frmDraw.frGrid", name},
+    {"Screen Reader", "Scale", "frmDraw.UpDown", name},
+    {"Screen Reader", "Drawing step by step", "frmDraw.frStepControls", name},
+    {"Screen Reader", "Drawing step by step", "frmDraw.frBar", name},
+    {"Screen Reader", "Colors of the drawing", "frmDraw.frLegend", name},
 };
 
 constexpr TableSection tableSections[] = {
@@ -251,6 +318,10 @@ constexpr TableSection tableSections[] = {
     {"Error Messages", [](Texts& texts) -> TextTable& { return texts.ErrorTexts; }},
     {"Messages", [](Texts& texts) -> TextTable& { return texts.MessageTexts; }},
     {"DRAW Error Message", [](Texts& texts) -> TextTable& { return texts.DrawErrorTexts; }},
+    {"Dialog Texts", [](Texts& texts) -> TextTable& { return texts.DialogTexts; }},
+    {"Undo and Redo", [](Texts& texts) -> TextTable& { return texts.StepTexts; }},
+    {"Unsaved Program", [](Texts& texts) -> TextTable& { return texts.FoundTexts; }},
+    {"Entry Line", [](Texts& texts) -> TextTable& { return texts.EntryTexts; }},
     {"Notices", [](Texts& texts) -> TextTable& { return texts.NoticeTexts; }},
     {"Explanations", [](Texts& texts) -> TextTable& { return texts.ExplanationTexts; }},
     // The entries of the View menu are looked up by their order too, when the draw window comes to the front.

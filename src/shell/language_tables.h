@@ -6,8 +6,9 @@
 
 namespace kvt {
 
-// Which text of a control a key of a module sets. A tab is a page of tabSettings, found by its built-in caption.
-enum class ShownText { Caption, ToolTip, Tab };
+// Which text of a control a key of a module sets. A tab is a page of tabSettings, found by its built-in caption. A name
+// is for screen readers; its English is the key.
+enum class ShownText { Caption, ToolTip, Tab, Name };
 
 // A key of a label section and a control that shows its text; a key with several controls has several rows in a
 // row. The control is that of the main window, or stands behind the name of its window and a point. What no window
@@ -34,7 +35,6 @@ struct ListSection {
 std::span<const ListSection> ListSections();
 
 namespace language_section {
-inline constexpr const char* System = "System Variables";
 inline constexpr const char* Toolbar = "Toolbar";
 inline constexpr const char* Headers = "Column Headers";
 inline constexpr const char* Entry = "Frame Entry";

@@ -3,13 +3,16 @@
 #include <algorithm>
 
 #include "shell/axes_pictures.h"
+#include "shell/window_size.h"
 
 namespace kvt {
 
 namespace {
 
 constexpr int leftOfPresets = 8340;  // from there to the window's right edge
-constexpr int widestButton = 960;
+constexpr int widestButton = 960;    // in a window of the usual width
+constexpr int widestInWideWindow = 1440;
+constexpr int growth = 20;
 constexpr int buttonHeight = 660;
 constexpr int buttonTop = 480;
 constexpr int edge = 60;
@@ -25,8 +28,9 @@ void MainLayout::ControlsPositioning() {
     Form& form = parts_.Main.Window;
     if (form.State.Get() == WindowState::Minimised) return;
     if (form.State.Get() == WindowState::Normal) {
-        form.Height = std::max(form.Height.Get(), SmallestHeight);
-        form.Width = std::max(form.Width.Get(), SmallestWidth);
+        const SmallestSize smallest = SmallestOn(parts_.Screen);
+        form.Height = std::max(form.Height.Get(), smallest.Height);
+        form.Width = std::max(form.Width.Get(), smallest.Width);
     }
     parts_.Table.Place(parts_.Store.IsF1());
     PlaceTopButtons();
@@ -47,7 +51,9 @@ void MainLayout::PlaceTopButtons() {
     const auto shown = std::count_if(buttons.begin(), buttons.end(),
                                      [](const auto& button) { return button->Visible.Get(); });
     const int room = parts_.Main.Window.Width - leftOfPresets;
-    const int each = std::min(widestButton, room / std::max(1, static_cast<int>(shown)));
+    const int widest = std::clamp(widestButton + (parts_.Main.Window.Width - UsualWidth) / growth,
+                                  widestButton, widestInWideWindow);
+    const int each = std::min(widest, room / std::max(1, static_cast<int>(shown)));
     int left = edge;
     for (const auto& button : buttons) {
         button->Left = left;

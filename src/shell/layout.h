@@ -20,10 +20,11 @@ public:
         FileControls& File;
         const ViewColumns& View;
         InterpreterControls& Results;
+        ScreenService& Screen;
     };
     explicit MainLayout(const Parts& parts) : parts_(parts) {}
 
-    // Places every control. Also keeps the window from being too small, sets the tool tips of path and file name from
+    // Places every control. Also keeps the window from being too small for its screen, sets the tool tips of path and file name from
     // each other, shows the mode colours and hides the entry help pictures.
     void ControlsPositioning();
     // Shows the colours of absolute and incremental lines.

@@ -44,16 +44,20 @@ MainControls::MainControls(Form& window) : Window(window) {
         cmdTopButtons[i]->Picture = topButtons[i].Picture;
     }
     lstAbout.InFront = true;
+    lblNotice.Announced = true;
     mnuOpen.Shortcut = "Ctrl+O";
     mnuNew.Shortcut = "Ctrl+N";
     mnuSave.Shortcut = "Ctrl+S";
     mnuSaveAs.Shortcut = "Ctrl+Shift+S";
+    mnuUndo.Shortcut = "Ctrl+Z";
+    mnuRedo.Shortcut = "Ctrl+Shift+Z";
     mnuDraw.Shortcut = "F5";
     mnuFind.Shortcut = "Ctrl+F";
     mnuPrint.Shortcut = "Ctrl+P";
     mnuPrintPreview.Shortcut = "Ctrl+Shift+P";
     mnuGoToError.Shortcut = "F8";
     lblMachineType.ToolTip = "Machine Type";
+    tabSettings.KeepsTab = true;
     tabSettings.Captions = {"General", "Info", "Machine", "Printer", "COM"};
 }
 

@@ -48,6 +48,10 @@ struct MainControls {
     Menu mnuFileBar3{Window, "mnuFileBar3", "-"};
     Menu mnuExit{Window, "mnuExit", "Exit"};
 
+    Menu mnuEdit{Window, "mnuEdit", "Edit"};
+    Menu mnuUndo{Window, "mnuUndo", "Undo"};
+    Menu mnuRedo{Window, "mnuRedo", "Redo"};
+
     Menu mnuSettings{Window, "mnuSettings", "Settings"};
     Menu mnuGeneral{Window, "mnuGeneral", "General"};
     Menu mnuInfo{Window, "mnuInfo", "Info"};

@@ -1,5 +1,7 @@
 #include "shell/menu_states.h"
 
+#include "basic/line_end.h"
+
 namespace kvt {
 
 namespace {
@@ -11,8 +13,8 @@ void Enable(bool enabled, std::initializer_list<Control*> controls) {
 // The tool tip of a button, and below it why the button is grey.
 void Explain(Control& button, const std::string& why) {
     const std::string& shown = button.ToolTip.Get();
-    const std::string own = shown.substr(0, shown.find("\r\n"));
-    button.ToolTip = why.empty() ? own : own + "\r\n" + why;
+    const std::string own = shown.substr(0, shown.find(LineEnd));
+    button.ToolTip = why.empty() ? own : own + std::string(LineEnd) + why;
 }
 
 }  // namespace

@@ -9,7 +9,12 @@ void Overlays::ShowSettings(int page) {
     Run(OnSettings);
     settings.Value = page;
     settings.Visible = !leaves;
-    if (leaves) parts_.Focus.SetFocus(parts_.List);
+    // The keys go into the settings, and come back to the list.
+    if (leaves) {
+        parts_.Focus.SetFocus(parts_.List);
+    } else {
+        parts_.Focus.SetFocus(settings);
+    }
 }
 
 void Overlays::ShowAxes(PictureBox& picture) {

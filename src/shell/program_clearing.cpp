@@ -1,6 +1,7 @@
 #include "shell/program_clearing.h"
 
 #include "files/questions.h"
+#include "program/edit_step.h"
 
 namespace kvt {
 
@@ -50,6 +51,7 @@ void ProgramClearing::ClearProgram_Click() {
 }
 
 void ProgramClearing::mnuNew_Click() {
+    const EditStep step(parts_.Calls, {StepKind::New});
     ClearProgram_Click();
     parts_.Store.AddBlankLine(true);
     Run(parts_.Calls.RefreshTitle);

@@ -17,8 +17,8 @@ constexpr const char* setAsideFile = "Recovery.old.txt";
 constexpr std::string_view asideName = "Recovery.kept.";
 constexpr std::string_view extension = ".txt";
 // Behind the units line, in front of the program's name, or of that of the source it was converted from.
-constexpr std::string_view nameMark = "\r\n;Recovered file: ";
-constexpr std::string_view sourceMark = "\r\n;Converted file: ";
+const std::string nameMark = std::string(LineEnd) + ";Recovered file: ";
+const std::string sourceMark = std::string(LineEnd) + ";Converted file: ";
 constexpr int interval = 500;  // milliseconds
 
 struct OldName {
@@ -37,6 +37,21 @@ OldName NameIn(std::string_view text) {
         found = {std::string(behind.substr(0, behind.find(LineEnd))), mark == sourceMark};
     }
     return found;
+}
+
+// How many lines the program of a copy has: from its mark to the units line, which is the first short one.
+int LinesIn(std::string_view text) {
+    constexpr std::size_t longestUnits = 2;
+    const Recognised found = Recognise(text);
+    const std::size_t start =
+        found.Position > 1 ? text.rfind('\n', found.Position - 2) : std::string_view::npos;
+    int lines = found.Machine == MachineModel::MK2 ? 0 : -1;  // the header is none
+    for (const std::string_view line : Split(text.substr(start + 1), LineEnd)) {
+        const std::size_t size = Trim(line).size();
+        if (size > 0 && size <= longestUnits) break;
+        if (size > 0) ++lines;
+    }
+    return std::max(lines, 0);
 }
 
 // The number in the name of a program that was given up; 0 for another name.
@@ -122,14 +137,25 @@ void Recovery::Restore() {
     for (const std::string& file : Copies()) {
         std::string text;
         if (!Attempt(recoveryName, [&] { text = files.ReadWhole(file); })) continue;
-        const FileKind kind = Recognise(text).Kind;
-        const bool isProgram = kind != FileKind::Unknown && kind != FileKind::Language;
-        const bool wanted =
-            isProgram && parts_.Platform.Dialogs.ShowMessage(
-                             Question(parts_.Language.MessageTexts(text::RestoreUnsaved), "")) == Answer::Yes;
-        if (wanted) return Load(file, text);
+        if (Recognise(text).Kind == FileKind::Program && IsWanted(file, text)) return Load(file, text);
         SetAside(file, text);
     }
+}
+
+// Asks about a copy by what the user knows it by: its file, how long it is, and when it was kept.
+bool Recovery::IsWanted(const std::string& file, const std::string& text) {
+    const Texts& texts = parts_.Language;
+    std::string name = NameIn(text).Name;
+    if (name.empty()) name = texts.FoundTexts(FoundText::WithoutFile);
+    std::string day = "?", time = "?";
+    if (const std::optional<std::tm> written = parts_.Platform.Files.InBackground().WrittenAt(file)) {
+        day = PlainNumber(written->tm_year + 1900) + "-" + Format(written->tm_mon + 1, "00") + "-" +
+              Format(written->tm_mday, "00");
+        time = Format(written->tm_hour, "00") + ":" + Format(written->tm_min, "00");
+    }
+    MessageBox box = Question(texts.MessageTexts(text::RestoreUnsaved), "");
+    box.Details = Filled(texts.FoundTexts(FoundText::Program), {name, PlainNumber(LinesIn(text)), day, time});
+    return parts_.Platform.Dialogs.ShowMessage(box) == Answer::Yes;
 }
 
 void Recovery::Load(const std::string& file, const std::string& text) {

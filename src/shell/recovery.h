@@ -47,6 +47,7 @@ private:
     // The files that a start looks at, the latest first.
     std::vector<std::string> Copies() const;
     std::string Text() const;
+    bool IsWanted(const std::string& file, const std::string& text);
     void Load(const std::string& file, const std::string& text);
     void SetAside(const std::string& file, const std::string& text);
     std::string FileName() const;

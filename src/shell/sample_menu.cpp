@@ -2,6 +2,7 @@
 
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "files/folders.h"
 
 namespace kvt {
 
@@ -19,8 +20,8 @@ std::string ShownName(std::string_view name, std::string_view machine) {
 void SampleMenu::Fill(const std::string& startFolder) {
     if (!entries_.empty()) return;
     std::vector<std::string> names;
-    for (const char* beside : {"samples/", "../share/kvt/samples/"}) {
-        folder_ = startFolder + beside;
+    for (const std::string& folder : ProgramFolders(startFolder, "samples")) {
+        folder_ = folder;
         Attempt(fillName, [&] { names = parts_.Platform.Files.List(folder_, "*.cnc"); });
         if (!names.empty()) break;
     }

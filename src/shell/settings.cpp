@@ -5,6 +5,7 @@
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "program/edit_step.h"
 #include "shell/settings_keys.h"
 
 namespace kvt {
@@ -116,8 +117,10 @@ void EditorSettings::LoadModule() {
     }
     constexpr std::size_t nameLength = 12;
     const bool isDefault = EqualIgnoringCase(Right(languageFile_, nameLength), defaultModule);
-    if (!isDefault && !languageFile_.empty() && files.Exists(languageFile_))
-        Run(parts_.Calls.LoadLanguageModule, languageFile_);
+    if (isDefault || languageFile_.empty()) return;
+    // The program, with the modules that it brings, may have moved.
+    const bool there = files.Exists(languageFile_);
+    Run(parts_.Calls.LoadLanguageModule, there ? languageFile_ : FindModule(ExtractFileName(languageFile_)));
 }
 
 void EditorSettings::LoadLastFile() {
@@ -140,6 +143,7 @@ void EditorSettings::SaveSettings() {
 
 void EditorSettings::mnuReset_Click() {
     FileService& files = parts_.Platform.Files;
+    const EditStep step(parts_.Calls, {StepKind::CodeComments});
     // Its windows write their settings as they close, so first of all.
     Run(parts_.Calls.UnloadDraw);
     const auto putBack = [&](const char* name, const char* resetCopy) {

@@ -44,6 +44,8 @@ public:
     // Tells that there is no printer, and ends the program; whether it is ending.
     std::function<void()> EndWithoutPrinter;
     std::function<bool()> Ending;
+    // The language module of a name where such modules lie; empty where there is none.
+    std::function<std::string(std::string_view)> FindModule;
 
     // The keys of the file are being applied: a machine chosen by them clears nothing.
     bool Busy = false;

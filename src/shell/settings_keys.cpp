@@ -97,15 +97,18 @@ void BindPrinter(SettingsFile& keys, PrinterPage& page) {
         [&page, selected] { return selected(page.cboFontSize); });
 }
 
-void BindWindow(SettingsFile& keys, Form& window, ScreenService& screen) {
+void BindWindow(SettingsFile& keys, Form& window, Beside& beside, ScreenService& screen) {
     keys.Bind(
         "EditorWindow",
-        [&window, &screen](const std::string& value) {
-            Place(window, screen, WindowPlaceOf(value));
+        [&window, &beside, &screen](const std::string& value) {
+            const WindowPlace place = WindowPlaceOf(value);
+            beside.EditorPlaced();
+            Place(window, screen, place);
             if (const std::optional<WindowState> state = WindowStateOf(value)) window.State = *state;
         },
-        [&window] {
-            return WindowText(window.RestoredPlace()) + (window.FillsScreen() ? WindowStateText(true) : "");
+        [&window, &beside] {
+            const Beside::OwnPlace own = beside.Own(window);
+            return WindowText(own.Place) + (own.FillsScreen ? WindowStateText(true) : "");
         });
 }
 

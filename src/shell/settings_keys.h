@@ -4,6 +4,7 @@
 #include "files/settings_file.h"
 #include "interpreter/view_columns.h"
 #include "program/program_store.h"
+#include "shell/beside.h"
 #include "shell/main_controls.h"
 #include "shell/printer_page.h"
 #include "transfer/port_control.h"
@@ -18,8 +19,8 @@ void BindView(SettingsFile& keys, ViewColumns& view);
 void BindPort(SettingsFile& keys, PortControl& port);
 void BindPrinter(SettingsFile& keys, PrinterPage& page);
 // The window's place. A height or width that is not above 0 gives the smallest or the usual one, a left or top edge
-// the middle of the screen.
-void BindWindow(SettingsFile& keys, Form& window, ScreenService& screen);
+// the middle of the screen. What is kept is where the window stands by itself.
+void BindWindow(SettingsFile& keys, Form& window, Beside& beside, ScreenService& screen);
 // Puts a window into the middle of the screen.
 void Centre(Form& window, ScreenService& screen);
 

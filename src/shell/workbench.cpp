@@ -1,5 +1,7 @@
 #include "shell/workbench.h"
 
+#include "program/edit_step.h"
+
 namespace kvt {
 
 namespace {
@@ -28,9 +30,10 @@ Workbench::Workbench(Services& services)
       Lines({Entry, Layout, Store, View, Interpreter, calculated_, Language, services, Calls}),
       feeds_(Entry, Store, Interpreter, Language, services.Focus, Calls),
       Find(Store, Language, services.Focus, Calls),
-      conversions_(frmMain, Store, Machine, Entry),
+      conversions_(frmMain, Store, Machine, Entry, Calls),
       Codes({Entry, Layout, Store, Lists, View, Interpreter, services, Calls}),
       keyboard_({Entry, Layout, Codes, calculated_, Lines, Store, View, Language, services, Calls}),
+      History(Store, File),
       Writer({Store, File, Entry, Layout, Lines, Language, services, Calls}),
       Reader({Store, File, Entry, Layout, Machine, View, Options, Interpreter, Language, services, Calls,
               Writer}),
@@ -55,19 +58,24 @@ Workbench::Workbench(Services& services)
       Help({Store, Transfer, Entry, Main, Language, services, Calls}),
       print_({Store, File, Writer, Language, services, Calls}),
       Import({Store, File, Reader, Main.mnuImport, services, Language}),
+      Languages(frmMain, Modules, Language, services.Files),
       table_(frmMain),
-      positions_({table_, Main, Store, Entry, File, View, Results}),
+      positions_({table_, Main, Store, Entry, File, View, Results, services.Screen}),
       Display({Store, Machine, Lists, View, Entry, Main, Import, Calls}),
       Modes({table_, Store, Transfer, Layout, Results, Main, Help}),
       size_({frmMain, Language, services, Calls}),
+      target_(Entry, Store, Language),
       states_({Main, Store, Results, Transfer, Port, Draw.State}),
       overlays_({Main, Entry, Store.lvCncProgram, services.Focus, Calls}),
+      undoing_({Store, History, Entry, Layout, Lists, Interpreter, Machine, Main, Display, states_, Modes,
+                Transfer, Port, Draw, Language, services, Calls}),
       clearing_({Store, Entry, Layout, File, Lists, View, Interpreter, Draw.Editor, Display, Language,
                  services, Calls}),
-      Modules(Forms(), {Main, Entry, Store, View, Display, Help, Interpreter, Language, services.Files}),
+      Modules(Forms(), {Main, Entry, Store, View, Display, Help, Interpreter, Language, Layout, services}),
+      beside_({frmMain, Draw.Controls, View, services.Screen}),
       settings_({Main, Store, Machine, View, paper_, Port, feeds_, Reader, Interpreter, Display, Language,
                  data_, lastFile_, services, Calls}),
-      drawSettings_(Draw, data_, services),
+      drawSettings_(Draw, beside_, data_, services),
       recovery_(frmMain, {Store, File, Reader, Writer, Language, data_, services, Calls}),
       recent_({Main, Store, Language, services, Calls}),
       samples_({Main, Reader, Language, services, Calls}),
@@ -75,6 +83,7 @@ Workbench::Workbench(Services& services)
       greys_({Main, Store, Machine, Entry, Transfer, Port, Language, Calls}) {
     frmMain.SmallestWidth = SmallestWidth;
     frmMain.SmallestHeight = SmallestHeight;
+    frmMain.LeastHeight = LeastHeight;
     frmMain.Width = UsualWidth;
     frmMain.Height = firstHeight;
     Store.lvCncProgram.Height = firstListHeight;
@@ -83,7 +92,7 @@ Workbench::Workbench(Services& services)
     BindView(settings_.Keys, View);
     BindPort(settings_.Keys, Port);
     BindPrinter(settings_.Keys, paper_);
-    BindWindow(settings_.Keys, frmMain, services.Screen);
+    BindWindow(settings_.Keys, frmMain, beside_, services.Screen);
     drawSettings_.BindShown(settings_.Keys);
     recent_.BindKeys(settings_.Keys);
     FillCalls();
@@ -99,20 +108,43 @@ Workbench::Workbench(Services& services)
     Display.RefreshMachine();
     View.MakeMachineTimeColumn();
     Display.ShowCodeLists();
+    Platform.System.OnHandled = [this] { Handled(); };
 }
 
+Workbench::~Workbench() { Platform.System.OnHandled = nullptr; }
+
 void Workbench::FillCalls() {
-    Calls.cmdReturn_Click = [this] { Modes.cmdReturn_Click(); };
+    // Commands begin with it; what an earlier one has told is over then.
+    Calls.cmdReturn_Click = [this] {
+        Run(Calls.Tell, "");
+        Modes.cmdReturn_Click();
+    };
     Calls.ClearProgram_Click = [this] { clearing_.ClearProgram_Click(); };
     Calls.KeepRecoveryCopy = [this] { return recovery_.KeepRecoveryCopy(); };
     Calls.RefreshMachine = [this] { Display.RefreshMachine(); };
     Calls.RefreshTitle = [this] { RefreshTitle(); };
+    Modules.OnTexts = [this] {
+        Draw.Bar.ShowCaptions();
+        if (Draw.Controls.frmDraw.Visible) Draw.PositionControls();
+        Handled();
+    };
     Calls.ControlsPositioning = [this] { positions_.ControlsPositioning(); };
     Calls.ControlsEnable = [this](ControlsMode mode) { Modes.ControlsEnable(mode); };
     Calls.LoadClipboardModule = [this] { Received.LoadClipboardModule(); };
-    Calls.LoadLanguageModule = [this](const std::string& file) { Modules.LoadLanguageModule(file); };
+    Calls.LoadLanguageModule = [this](const std::string& file) {
+        // The comments of the codes change their language.
+        const EditStep step(Calls, {StepKind::CodeComments});
+        Modules.LoadLanguageModule(file);
+    };
+    Calls.BeginStep = [this](const StepName& name) { History.Begin(name); };
+    Calls.EndStep = [this] {
+        History.End();
+        if (!History.IsOpen()) undoing_.ForgetFieldEdits();
+    };
+    Calls.ProgramSaved = [this] { History.Saved(); };
     Calls.Tell = [this](std::string_view what) {
         Main.lblNotice.Caption = what;
+        Main.lblNotice.Visible = !what.empty();
         // The line may be too short for it.
         Main.lblNotice.ToolTip = what;
     };
@@ -122,6 +154,7 @@ void Workbench::FillCalls() {
     Machine.OnUnits = [this] { feeds_.SetFeedLimits(); };
     overlays_.OnSettings = [this] { ShowPaths(); };
     settings_.Ending = [this] { return ended_; };
+    settings_.FindModule = [this](std::string_view name) { return Languages.Find(name); };
     settings_.EndWithoutPrinter = [this] { EndWithoutPrinter(); };
 }
 

@@ -4,6 +4,7 @@
 #include "editor/calculated_inputs.h"
 #include "editor/code_choice.h"
 #include "editor/conversion.h"
+#include "editor/entry_target.h"
 #include "editor/feed_presets.h"
 #include "editor/find_window.h"
 #include "editor/keyboard_entry.h"
@@ -11,9 +12,11 @@
 #include "files/cnc_reader.h"
 #include "files/cnc_writer.h"
 #include "files/pre_processor.h"
+#include "files/program_history.h"
 #include "files/program_print.h"
 #include "interpreter/view_options.h"
 #include "program/machine_controls.h"
+#include "shell/beside.h"
 #include "shell/draw_settings.h"
 #include "shell/error_log.h"
 #include "shell/finding_guide.h"
@@ -21,6 +24,7 @@
 #include "shell/help_documents.h"
 #include "shell/info_page.h"
 #include "shell/language.h"
+#include "shell/language_menu.h"
 #include "shell/layout.h"
 #include "shell/machine_display.h"
 #include "shell/main_controls.h"
@@ -33,6 +37,7 @@
 #include "shell/sample_menu.h"
 #include "shell/settings.h"
 #include "shell/settings_keys.h"
+#include "shell/undoing.h"
 #include "shell/user_data.h"
 #include "shell/window_modes.h"
 #include "shell/window_size.h"
@@ -46,6 +51,7 @@ namespace kvt {
 class Workbench {
 public:
     explicit Workbench(Services& services);
+    ~Workbench();
     Workbench(const Workbench&) = delete;
     Workbench& operator=(const Workbench&) = delete;
 
@@ -89,6 +95,7 @@ private:
     KeyboardEntry keyboard_;
 
 public:
+    ProgramHistory History;
     CncWriter Writer;
     CncReader Reader;
     TransferControls Transfer;
@@ -111,6 +118,7 @@ private:
 
 public:
     PreProcessor Import;
+    LanguageMenu Languages;
 
 private:
     ControlTable table_;
@@ -122,14 +130,17 @@ public:
 
 private:
     WindowSize size_;
+    EntryTarget target_;
     MenuStates states_;
     Overlays overlays_;
+    Undoing undoing_;
     ProgramClearing clearing_;
 
 public:
     ModuleLoader Modules;
 
 private:
+    Beside beside_;
     EditorSettings settings_;
     DrawSettings drawSettings_;
     Recovery recovery_;
@@ -168,6 +179,8 @@ private:
 
     void Form_Activate();
     void tmr1sec_Timer();
+    // Behind every handler: what shows the state that handlers change.
+    void Handled();
     // The title: the file's name, and a mark while the program has changed.
     void RefreshTitle();
     void OpenFile(std::string name);

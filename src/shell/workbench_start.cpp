@@ -20,6 +20,9 @@ void Workbench::FindFolders() {
     Import.PreProcessorFolder = folders.PreProcessorFolder;
     Received.SettingsFolder = folders.SettingsFolder;
     Transmit.SettingsFolder = folders.SettingsFolder;
+    Languages.Folders = {folders.LanguageFolder};
+    for (const std::string& folder : ProgramFolders(Help.StartFolder, "languages"))
+        Languages.Folders.push_back(folder);
 }
 
 void Workbench::Form_Load(std::string_view commandLine) {
@@ -28,6 +31,8 @@ void Workbench::Form_Load(std::string_view commandLine) {
     FindFolders();
     const Folders& folders = data_.Folders;
     const bool foldersMade = MakeFolders(folders, files, formLoadName);
+    // A place to put modules into; without it there are those that the program brings.
+    if (foldersMade) Attempt(formLoadName, [&] { files.MakeFolder(folders.LanguageFolder); });
     // A crash may have left it.
     const std::string transmission = folders.SettingsFolder + transmissionFile;
     if (files.Exists(transmission)) Attempt(formLoadName, [&] { files.Delete(transmission); });
@@ -43,7 +48,9 @@ void Workbench::Form_Load(std::string_view commandLine) {
     recovery_.Restore();
     // Without a program the open line awaits the first code; menus and buttons stand as after a tick.
     if (Store.lvCncProgram.Count() == 0) clearing_.mnuNew_Click();
+    History.Start();
     tmr1sec_Timer();
+    Handled();
     RefreshTitle();
     FocusCode();
     lastFile_.TellMissing();

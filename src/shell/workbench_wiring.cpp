@@ -2,6 +2,7 @@
 #include "basic/text.h"
 #include "platform/clicks.h"
 #include "platform/keys.h"
+#include "program/edit_step.h"
 #include "shell/workbench.h"
 
 // What menus, buttons, options and keys of the main window lead to.
@@ -34,12 +35,16 @@ void Workbench::WireWindow() {
     // The path and the file's name stand in one place; a click changes between them.
     File.lblPath.OnClick = [this] {
         File.lblFileName.Caption = ExtractFileName(File.lblPath.Caption);
-        File.lblPath.Visible = false;
         File.lblFileName.Visible = true;
+        const bool hadKeys = Platform.Focus.Focused() == &File.lblPath;
+        File.lblPath.Visible = false;
+        if (hadKeys) Platform.Focus.SetFocus(File.lblFileName);
     };
     File.lblFileName.OnClick = [this] {
-        File.lblFileName.Visible = false;
         File.lblPath.Visible = true;
+        const bool hadKeys = Platform.Focus.Focused() == &File.lblFileName;
+        File.lblFileName.Visible = false;
+        if (hadKeys) Platform.Focus.SetFocus(File.lblPath);
     };
 }
 
@@ -50,6 +55,8 @@ void Workbench::WireMenus() {
     Main.mnuSaveAs.OnClick = [this] { Writer.mnuSaveAs_Click(); };
     Main.mnuSaveClipboard.OnClick = [this] { Writer.mnuSaveClipboard_Click(); };
     Main.mnuLoadClipboard.OnClick = [this] { Run(Calls.LoadClipboardModule); };
+    Main.mnuUndo.OnClick = [this] { undoing_.mnuUndo_Click(); };
+    Main.mnuRedo.OnClick = [this] { undoing_.mnuRedo_Click(); };
     Main.mnuFind.OnClick = [this] { Find.mnuFind_Click(); };
     Main.mnuDraw.OnClick = [this] { mnuDraw_Click(); };
     Main.mnuGoToError.OnClick = [this] { findings_.GoToError(); };
@@ -90,7 +97,7 @@ void Workbench::WireButtons() {
         Lines.LineDelete();
     };
     Entry.cmdReturn.OnClick = [this] {
-        Modes.cmdReturn_Click();
+        Run(Calls.cmdReturn_Click);
         // The button has gone; the next key is a code.
         if (Platform.Focus.Focused() == &Entry.cmdReturn) Platform.Focus.SetFocus(Entry.txtGMcode);
     };
@@ -109,6 +116,12 @@ void Workbench::WireOptions() {
     Main.lblSettingsIncrColor.OnClick = [this] { ChooseColor(Store.IncrColor); };
     Main.lblSettingsAbsColor.OnClick = [this] { ChooseColor(Store.AbsColor); };
     View.chkViewFileNotes.OnClick = [this] { positions_.ControlsPositioning(); };
+    for (CheckBox* box : {&View.chkViewToolPos, &View.chkViewLineProperties, &View.chkViewMachineTime}) {
+        box->OnClick = [this, showColumns = std::move(box->OnClick)] {
+            Run(showColumns);
+            beside_.FollowColumns();
+        };
+    }
     paper_.cmdPrinterDialog.OnClick = [this] { print_.cmdPrinterDialog_Click(); };
 }
 
@@ -118,13 +131,15 @@ void Workbench::WireReset() {
 }
 
 void Workbench::WireKeys() {
+    File.txtFileNotes.OnLostFocus = [this] { History.TakeNotes(); };
     File.txtFileNotes.OnKeyPress = [this](int& character) { txtFileNotes_KeyPress(character); };
     frmMain.OnKeyDown = [this](int pressed, int held) {
         Draw.Editor.RestoreScroll();
-        if (Help.HandleKey(pressed, held) || pressed != key::Escape) return;
+        if (undoing_.HandleKey(pressed, held) || Help.HandleKey(pressed, held) || pressed != key::Escape)
+            return;
         if (Transfer.frRXcode.Visible) Received.cmdReceiveExit_Click();
         Main.tabSettings.Visible = false;
-        if (Entry.cmdReturn.Visible) Modes.cmdReturn_Click();
+        if (Entry.cmdReturn.Visible) Run(Calls.cmdReturn_Click);
         Platform.Focus.SetFocus(Store.lvCncProgram);
     };
 }
@@ -199,6 +214,8 @@ void Workbench::Form_Activate() {
     for (RichText* document : Main.Documents()) document->Visible = false;
     Main.lstAbout.Visible = false;
     View.MakeLinePropertiesColumns();
+    // The user may have put a module into its folder meanwhile.
+    Languages.Refresh();
 }
 
 void Workbench::tmr1sec_Timer() {
@@ -207,6 +224,12 @@ void Workbench::tmr1sec_Timer() {
     states_.Refresh();
     size_.KeepSmallest();
     RefreshTitle();
+}
+
+void Workbench::Handled() {
+    if (ended_) return;
+    undoing_.Refresh();
+    target_.Refresh(Draw.Editor.UsersRow());
 }
 
 void Workbench::RefreshTitle() {
@@ -235,6 +258,7 @@ void Workbench::ShowPaths() {
 }
 
 void Workbench::ChooseMachine(MachineModel machine) {
+    const EditStep step(Calls, {StepKind::Machine});
     if (!settings_.Busy) clearing_.mnuNew_Click();
     // Still unsaved: the user kept the program, and the machine stays.
     if (!Store.Unsaved()) Store.Machine = machine;
@@ -243,11 +267,13 @@ void Workbench::ChooseMachine(MachineModel machine) {
 }
 
 void Workbench::ChooseUnits(Units units) {
+    const EditStep step(Calls, {StepKind::Units});
     Machine.SetUnits(units);
     Interpreter.Interpreter();
 }
 
 void Workbench::ChooseUnits(Units units, bool horizontal) {
+    const EditStep step(Calls, {StepKind::Units});
     Store.Horizontal = horizontal;
     ChooseUnits(units);
 }

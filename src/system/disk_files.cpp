@@ -1,5 +1,6 @@
 #include "system/disk_files.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -25,6 +26,14 @@ bool DiskFiles::Exists(std::string_view path) {
     std::error_code failed;
     // What may not be looked at is there, as far as one can tell: reading it says why not.
     return fs::exists(SystemPath(path), failed) || failed == std::errc::permission_denied;
+}
+
+std::optional<std::tm> DiskFiles::WrittenAt(std::string_view path) {
+    struct stat found = {};
+    std::tm local = {};
+    if (stat(SystemPath(path).c_str(), &found) != 0 || !localtime_r(&found.st_mtime, &local))
+        return std::nullopt;
+    return local;
 }
 
 FileService& DiskFiles::InBackground() {

@@ -14,6 +14,7 @@ namespace kvt {
 class DiskFiles : public FileService {
 public:
     bool Exists(std::string_view path) override;
+    std::optional<std::tm> WrittenAt(std::string_view path) override;
     std::string ReadWhole(std::string_view path) override;
     void WriteWhole(std::string_view path, std::string_view content) override;
     // Writes a file that is new under its name: what stands there gives way, a link itself and not what it points

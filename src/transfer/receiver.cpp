@@ -20,9 +20,7 @@ constexpr const char* importName = "cmdReceiveImport_Click";
 constexpr const char* saveName = "cmdReceiveSave_Click";
 constexpr const char* clipboardName = "LoadClipboardModule";
 
-bool IsProgram(const Recognised& found) {
-    return found.Kind != FileKind::Unknown && found.Kind != FileKind::Language;
-}
+bool IsProgram(const Recognised& found) { return found.Kind == FileKind::Program; }
 
 // A trimmed text with what makes it a program file: the "%" and the blanks that its first line has lost, three where
 // that is a line of a program, N and a number, four where it is a header, "N`".
@@ -131,7 +129,7 @@ void Receiver::cmdReceiveImport_Click() {
     // cannot be brought in it goes back in front of that, with the blanks at its ends: more of a line may follow.
     const std::string received = box.Text.Get();
     cmdReceiveNew_Click();
-    const LoadResult result = Import(Trim(received), UnsavedProgram::KeepCopy);
+    const LoadResult result = Import(Trim(received), UnsavedProgram::KeepCopy, StepKind::Received);
     const std::string rest = box.Text.Get();
     // A header with nothing behind it that the control would read is no program yet.
     const bool noLines = result == LoadResult::Loaded && parts_.Store.LineCount() == 0;
@@ -152,7 +150,7 @@ void Receiver::cmdReceiveImport_Click() {
 }
 
 // Brings a trimmed text into the editor as a changed program without a file.
-LoadResult Receiver::Import(std::string_view text, UnsavedProgram old) {
+LoadResult Receiver::Import(std::string_view text, UnsavedProgram old, StepKind kind) {
     FileService& files = parts_.Platform.Files;
     if (text.empty()) {
         parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoLines)));
@@ -172,6 +170,7 @@ LoadResult Receiver::Import(std::string_view text, UnsavedProgram old) {
     as.Unsaved = old;
     as.Name = "";
     as.Changed = true;
+    as.Step = kind;
     const std::string before = parts_.File.dlgFile.FileName;
     std::string name = scratch;
     const LoadResult result = parts_.Reader.LoadFile(name, as);
@@ -233,7 +232,8 @@ void Receiver::LoadClipboardModule() {
     if (asks && !AskToClear(parts_.Platform.Dialogs, parts_.Language)) return;
     std::string text;
     Attempt(clipboardName, [&] { text = parts_.Platform.Clipboard.GetText(); });
-    if (Import(Trim(text), UnsavedProgram::Discard) == LoadResult::Loaded) cmdReceiveExit_Click();
+    if (Import(Trim(text), UnsavedProgram::Discard, StepKind::Clipboard) == LoadResult::Loaded)
+        cmdReceiveExit_Click();
 }
 
 }  // namespace kvt

@@ -56,7 +56,7 @@ private:
     void Count(std::string_view text);
     void ShowCount();
     void ShowView(bool shown);
-    LoadResult Import(std::string_view text, UnsavedProgram old);
+    LoadResult Import(std::string_view text, UnsavedProgram old, StepKind kind);
     void TellUnwritten(const std::string& name);
 
     Parts parts_;

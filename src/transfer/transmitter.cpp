@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "basic/line_end.h"
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/stack_guard.h"
@@ -251,8 +252,8 @@ void Transmitter::TellVanished() {
     if (!parts_.Port.HasVanished) return;
     const Texts& texts = parts_.Language;
     const std::string told = Filled(texts.ErrorTexts(text::PortGoneAfter), {parts_.Port.PortName()});
-    parts_.Platform.Dialogs.ShowMessage(
-        Notice(told + "\r\n" + lastLine_, texts.ErrorTexts(text::SerialPort), Icon::Exclamation));
+    parts_.Platform.Dialogs.ShowMessage(Notice(told + std::string(LineEnd) + lastLine_,
+                                               texts.ErrorTexts(text::SerialPort), Icon::Exclamation));
 }
 
 }  // namespace kvt

@@ -3,10 +3,13 @@
 #include <filesystem>
 #include <fstream>
 
+#include "basic/text.h"
 #include "console/help_markup.h"
 #include "console/help_pages.h"
 #include "console/help_tables.h"
 #include "console/script_session.h"
+#include "program/code_tables.h"
+#include "shell/help_documents.h"
 
 namespace kvt::test {
 
@@ -65,6 +68,27 @@ TEST(HelpPage, FalseExamplesBreakTheBuild) {
     const std::size_t panel = commands.find("#G66");
     EXPECT_LT(commands.find("#G33"), panel);
     EXPECT_GT(commands.find("#G73"), panel);
+}
+
+// F1 on a code finds its section, on each machine and in each language.
+TEST(HelpPage, EveryCodeHasItsSection) {
+    const std::tuple<MachineModel, const char*, std::span<const CodeEntry>> lists[] = {
+        {MachineModel::MK2, "gcode_mk2", MK2Gcodes()}, {MachineModel::MK4, "gcode_mk4", MK4Gcodes()},
+        {MachineModel::MK4, "gcode_mk4", MK4Mcodes()}, {MachineModel::F1, "gcode_mk4", F1Gcodes()},
+        {MachineModel::F1, "gcode_mk4", F1Mcodes()},
+    };
+    for (const char* language : {"en", "de"}) {
+        for (const auto& [machine, document, codes] : lists) {
+            std::ifstream file(std::string(KVT_SOURCE_DIR "/help/") + language + "/" + document + ".md");
+            const std::string text((std::istreambuf_iterator<char>(file)), {});
+            for (const CodeEntry& entry : codes) {
+                const std::string anchor = HelpDocuments::AnchorOf(machine, std::string(Trim(entry.Code)));
+                const bool found = text.find("#" + anchor + " ") != std::string::npos ||
+                                   text.find("#" + anchor + "}") != std::string::npos;
+                EXPECT_TRUE(found) << language << " " << document << " " << anchor;
+            }
+        }
+    }
 }
 
 }  // namespace kvt::test

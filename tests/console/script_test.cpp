@@ -53,39 +53,9 @@ TEST_F(ScriptTest, AFailureIsCountedAndTheScriptGoesOn) {
 
 TEST_F(ScriptTest, TheCallGoesBeforeTheOptionsInTheScript) {
     const std::string script =
-        "# a story\n# options: --screen 20000 12000 --workarea 11000\nstart\n# options: --screen 1 1\n"
-        "maximise frmMain\nshow frmMain.width\nshow frmMain.height\n";
-    EXPECT_EQ(RunText(script), 0) << Errors;
-    EXPECT_EQ(Out, "frmMain.width = 20000\nfrmMain.height = 11000\n");
-    EXPECT_EQ(RunText(script, {"--screen", "16000", "9000"}), 0);
-    EXPECT_EQ(Out, "frmMain.width = 16000\nfrmMain.height = 11000\n");
-    for (const char* wrong : {"# options: --screen 1\n", "# options: --colour\n", "# options: more.kvts\n"}) {
-        EXPECT_EQ(RunText(wrong), 2);
-        EXPECT_EQ(Errors.rfind("kvtc: " + Script + ": ", 0), 0u) << Errors;
-    }
-    EXPECT_EQ(Run({"script"}), 2);
-    EXPECT_EQ(Run({"script", Path("missing.kvts")}), 2);
-    EXPECT_EQ(Errors, "kvtc: " + Path("missing.kvts") + ": no such file\n");
-    EXPECT_EQ(Run({"script", Folder}), 2);
-    EXPECT_EQ(RunText("start", {"--data", Script}), 2);
-}
-
-TEST_F(ScriptTest, TheFoldersOfARunGoWithIt) {
-    namespace fs = std::filesystem;
-    for (const char* end : {"", "foo\n"}) {
-        RunText("write ${TMP}/p.cnc x\nwrite ${TMP}/p.cnc ${DATA}\nstart ${TMP}/p.cnc\nshow state.file\n" +
-                std::string(end));
-        ASSERT_EQ(Out.rfind("state.file = ", 0), 0u) << Out << Errors;
-        const fs::path file = Out.substr(13, Out.find('\n') - 13);
-        EXPECT_EQ(file.filename(), "p.cnc");
-        EXPECT_FALSE(fs::exists(file.parent_path()));
-        EXPECT_FALSE(fs::exists(file.parent_path().parent_path()));
-    }
-    // The folder of the call stays, with what was put there.
-    const std::vector<std::string> kept = {"--data", Path("kept") + "/"};
-    EXPECT_EQ(RunText("write ${SETTINGS}/own.txt of the first run\nstart\n", kept), 0) << Errors;
-    EXPECT_EQ(FileContent("kept/EMCO/KVT_100/Settings/own.txt"), "of the first run");
-    EXPECT_EQ(RunText("expect file ${DATA}/Settings/own.txt of the first run\n", kept), 0) << Errors;
+        "# options: --screen 20000 12000\nstart\nmaximise frmMain\nshow frmMain.width\n";
+    EXPECT_EQ(RunText(script, {"--screen", "16000", "9000"}), 0) << Errors;
+    EXPECT_EQ(Out, "frmMain.width = 16000\n");
 }
 
 TEST_F(ScriptTest, AWriteElsewhereEndsTheScriptAndIsNotDone) {

@@ -2,6 +2,7 @@
 #include <QKeySequence>
 
 #include "headless/memory_platform.h"
+#include "platform/tab_order.h"
 #include "support/key_form.h"
 #include "test_window.h"
 
@@ -17,6 +18,7 @@ protected:
         // How much is in sight depends on the letters of the screen.
         MemoryForm.lvRows.SetRowsInSight(WindowForm.lvRows.VisibleRows());
         MemoryForm.lstCodes.SetEntriesInSight(WindowForm.lstCodes.EntriesInSight());
+        MemoryForm.lstPick.SetEntriesInSight(WindowForm.lstPick.EntriesInSight());
     }
 
     void InWindow(const std::string& key) {
@@ -74,8 +76,6 @@ private:
 protected:
     KeyForm WindowForm{desktop_.Services};
     KeyForm MemoryForm{memory_.Services};
-
-private:
     FormView window_{desktop_.Desktop, WindowForm.form};
 };
 
@@ -89,6 +89,25 @@ TEST_F(DesktopKeyboardTest, BothHalvesDoTheSameWithThreeHundredSequences) {
     for (const std::string& sequence : RandomSequences(left, 20261125)) {
         ExpectSame(sequence);
         if (HasFatalFailure()) return;
+    }
+}
+
+TEST_F(DesktopKeyboardTest, TheFocusIsSeenOnEveryControl) {
+    const auto look = [this](const Control& control) {
+        const QWidget* const widget = View::Of(control)->Widget();
+        const QRect place(widget->mapTo(&window_.Window(), QPoint()), widget->size());
+        return window_.Window().grab(place.adjusted(-4, -4, 4, 4)).toImage();
+    };
+    for (Control* control : WindowForm.form.Controls()) {
+        if (!AcceptsTab(*control)) continue;
+        WindowForm.Reset();
+        Control& elsewhere = control == &WindowForm.txtA ? WindowForm.txtShown : WindowForm.txtA;
+        WindowForm.Platform.Focus.SetFocus(elsewhere);
+        QTest::qWait(1);
+        const QImage without = look(*control);
+        WindowForm.Platform.Focus.SetFocus(*control);
+        QTest::qWait(1);
+        EXPECT_NE(look(*control), without) << control->Name();
     }
 }
 

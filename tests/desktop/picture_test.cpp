@@ -104,8 +104,9 @@ TEST_F(PictureTest, TheMouseTellsPlacesOnTheField) {
     pbxField.OnMouseMove = [&](int button, int, float x, float) {
         told += "move" + std::to_string(button) + " " + std::to_string(static_cast<int>(x)) + " ";
     };
-    pbxField.OnMouseWheel = [&](int shift, double notches, bool) {
-        told += "wheel" + std::to_string(shift) + " " + std::to_string(static_cast<int>(notches)) + " ";
+    pbxField.OnMouseWheel = [&](const WheelTurn& turn) {
+        told += "wheel" + std::to_string(turn.Shift) + " " + std::to_string(static_cast<int>(turn.Notches)) +
+                " " + std::to_string(static_cast<int>(turn.X)) + " ";
     };
     Open();
     QWidget* const widget = WidgetOf(pbxField);
@@ -118,7 +119,7 @@ TEST_F(PictureTest, TheMouseTellsPlacesOnTheField) {
     QApplication::sendEvent(widget, &wheel);
     EXPECT_NE(told.find("down11 900,450 down40 915,450 "), std::string::npos) << told;
     EXPECT_NE(told.find("move4 930 "), std::string::npos) << told;
-    EXPECT_NE(told.find("wheel2 2 "), std::string::npos) << told;
+    EXPECT_NE(told.find("wheel2 2 900 "), std::string::npos) << told;
     pbxField.MousePointer = mouse::CrossPointer;
     EXPECT_EQ(widget->cursor().shape(), Qt::CrossCursor);
 }

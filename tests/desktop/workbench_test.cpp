@@ -1,3 +1,4 @@
+#include <QAction>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -8,69 +9,16 @@
 #include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <algorithm>
 #include <cstdlib>
 #include <random>
 #include <sstream>
 
 #include "desktop/text.h"
-#include "shell/workbench.h"
-#include "test_window.h"
+#include "test_workbench.h"
 
 namespace kvt::test {
 namespace {
-
-// The whole workbench in a real window, with data of its own.
-class DesktopWorkbench : public ::testing::Test {
-protected:
-    DesktopWorkbench() { qputenv("XDG_DATA_HOME", data_.path().toLocal8Bit()); }
-
-    void Open(const std::string& file) {
-        workbench.Form_Load(file);
-        for (Form* form : workbench.Forms())
-            windows.push_back(std::make_unique<FormView>(platform.Desktop, *form));
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&windows.front()->Window()));
-        QTest::qWait(1);
-    }
-    void Key(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) {
-        QWidget* const focus = QApplication::focusWidget();
-        QTest::keyClick(focus ? focus : &windows.front()->Window(), key, held);
-        QCoreApplication::processEvents();
-    }
-    // The text of a script: \r is Enter.
-    void Type(const std::string& text) {
-        for (std::size_t i = 0; i < text.size(); ++i) {
-            if (text.compare(i, 2, "\\r") == 0) {
-                ++i;
-                Key(Qt::Key_Enter, Qt::KeypadModifier);
-                continue;
-            }
-            QTest::keyClick(QApplication::focusWidget(), text[i]);
-            QCoreApplication::processEvents();
-        }
-    }
-    // Does something to the dialog that the next key brings up, as soon as it is there.
-    template <class Dialog, class Act>
-    void WhenShown(Act act) {
-        auto* look = new QTimer(qApp);
-        QObject::connect(look, &QTimer::timeout, look, [look, act] {
-            auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-            if (!dialog || !dialog->isVisible()) return;
-            look->deleteLater();
-            act(*dialog);
-        });
-        look->start(20);
-    }
-    Control* Focused() { return platform.Services.Focus.Focused(); }
-
-    // Nothing goes to a device of this machine.
-    const bool noPorts = qputenv("KVT_PORTS", "/nonexistent/port");
-    DiskFiles files;
-    SystemPrograms programs;
-    DesktopPlatform platform{files, programs, 1};
-    Workbench workbench{platform.Services};
-    std::vector<std::unique_ptr<FormView>> windows;
-    QTemporaryDir data_;
-};
 
 // The keys are those of the story that types a sample into the workbench without a display.
 TEST_F(DesktopWorkbench, AWholeProgramIsTypedByKeysAlone) {
@@ -120,6 +68,53 @@ TEST_F(DesktopWorkbench, AWholeProgramIsTypedByKeysAlone) {
     EXPECT_EQ(files.ReadWhole(name), sample.substr(sample.find('%')));
     windows.front()->Window().close();
     EXPECT_FALSE(windows.front()->Window().isVisible());
+}
+
+TEST_F(DesktopWorkbench, KeysTakeBackWhatWasTypedAndThenTheProgram) {
+    Open(KVT_SOURCE_DIR "/samples/mk4_bolt.cnc");
+    const Form& form = workbench.frmMain;
+    TextBox& notes = workbench.File.txtFileNotes;
+    const std::string before = notes.Text.Get();
+    const auto undo = [this] { Key(Qt::Key_Z, Qt::ControlModifier); };
+    const auto redo = [this] { Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); };
+    // Several lines, which the widget edits.
+    platform.Services.Focus.SetFocus(notes);
+    Type("ab");
+    Key(Qt::Key_Enter);
+    const std::string typed = notes.Text.Get();
+    EXPECT_EQ(typed.size(), before.size() + 4);
+    undo();
+    undo();
+    EXPECT_EQ(notes.Text.Get(), before);
+    redo();
+    redo();
+    EXPECT_EQ(notes.Text.Get(), typed);
+    EXPECT_EQ(View::Of(notes)->Widget()->property("plainText").toString().left(2), "ab");
+    undo();
+    undo();
+
+    // A field of the line that is open, then the line.
+    platform.Services.Focus.SetFocus(workbench.Store.lvCncProgram);
+    Key(Qt::Key_Home);
+    Key(Qt::Key_F2);
+    EXPECT_EQ(workbench.Entry.frEntry.Lead.Get(), "Line 00");
+    Type("\\r55");
+    EXPECT_EQ(workbench.Entry.lblBefore.Caption.Get(), "Before: X 4000");
+    undo();
+    EXPECT_EQ(workbench.Entry.txtXI.Text.Get(), "4000");
+    EXPECT_TRUE(workbench.Entry.lblBefore.Caption.Empty());
+    Type("55\\r\\r\\r");
+    const Cell& x = workbench.Store.lvCncProgram.Row(1)[column::X];
+    EXPECT_EQ(x, "   55");
+    EXPECT_TRUE(workbench.Store.ProgramChanged);
+    const auto entries = windows.front()->Window().findChildren<QAction*>();
+    EXPECT_TRUE(std::any_of(entries.begin(), entries.end(), [](const QAction* entry) {
+        return entry->text().remove(u'&').startsWith("Undo: line 00 changed");
+    }));
+    undo();
+    EXPECT_EQ(x, " 4000");
+    EXPECT_EQ(form.Caption.Get().find('*'), std::string::npos);
+    EXPECT_EQ(Focused(), &workbench.Entry.txtGMcode);
 }
 
 // A name that the code page does not hold is seen as it is, blanks and all, and proposed so.

@@ -65,18 +65,6 @@ TEST_F(DrawTest, KeysAndMenusZoomWithinTheMenu) {
     EXPECT_EQ(State().DrawScale, 1);
     Draw().View.ScaleFromIndex(11);
     EXPECT_EQ(State().DrawScale, 1);
-
-    // The wheel and the middle button are scroll bars and zoom by other means.
-    Controls().mnuAutoRedraw.Checked = true;
-    Draw().View.mnuScale_Click(3);
-    Field().OnMouseWheel(mouse::CtrlHeld, -1, false);
-    EXPECT_EQ(State().DrawScale, 0.5F);
-    Controls().vsbViewWindow.SetValue(1000);
-    Field().OnMouseWheel(0, 1, false);
-    EXPECT_EQ(Field().Top, -9100);
-    Field().OnMouseDown(mouse::Middle, 0, 500, 700);
-    Field().OnMouseMove(mouse::Middle, 0, 490, 500);
-    EXPECT_EQ(Field().Top, -9300);
 }
 
 TEST_F(DrawTest, AbortEndsAnEndlessWalk) {

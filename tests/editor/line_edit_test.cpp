@@ -93,22 +93,15 @@ TEST_F(LineEditTest, PrefixesAndWidthsOfEveryField) {
     }
 }
 
-TEST_F(LineEditTest, AValueThatItsCellCannotHoldIsNotWritten) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"MK4|00|-123456||1", "Lowest value for this field is -5999"},
-        {"MK4|00|1||1234567", "Highest value for this field is 32760"},
-        {"MK4|M99|-100||200", "Lowest value for this field is 0"},
-        {"MK4|M26|||||1000", "Highest value for this field is 999"},
-        {"F1|M06|-500|1200|-5|1", "Lowest value for this field is 0"},
-        {"F1|00|1|10000|-5", "Highest value for this field is 9999"},
-    };
-    for (const auto& [typed, message] : cases) {
-        const std::string line = typed;
-        Begin(line.substr(0, line.find('|')));
-        Enter(line.substr(line.find('|') + 1));
-        EXPECT_EQ(Platform.Dialogs.Shown.back().Text, message) << typed;
-        EXPECT_EQ(Workbench->Store.LineCount(), 0) << typed;
-    }
+// What is written without a key in the comment, as by the list's menu.
+TEST_F(LineEditTest, RangesAndCommentsAreThoseOfTheKeys) {
+    Enter("00|-123456||1");
+    EXPECT_EQ(Platform.Dialogs.Shown.back().Text, "Lowest value for this field is -5999");
+    EXPECT_EQ(Workbench->Store.LineCount(), 0);
+    Workbench->View.chkViewGcode.Value = 1;
+    for (const char* line : {"01|1||1|50", "01|1||1|50||  own "}) Enter(line);
+    EXPECT_EQ(Cell(0, column::Comment), "@  Linear Interpolation");
+    EXPECT_EQ(Cell(1, column::Comment), "  own ");
 }
 
 TEST_F(LineEditTest, WritesWhicheverRowIsSelected) {
@@ -141,18 +134,6 @@ TEST_F(LineEditTest, WritesWhicheverRowIsSelected) {
     EXPECT_EQ(List.SelectedRow(), 4);
     EXPECT_EQ(Cell(3, column::Number), "NN");
     EXPECT_FALSE(Workbench->Store.EndCodePresent);
-}
-
-TEST_F(LineEditTest, AnAutomaticCommentFillsAnEmptyOne) {
-    for (const int view : {0, 1}) {
-        Begin("MK4");
-        Workbench->View.chkViewGcode.Value = view;
-        for (const char* line : {"01|1||1|50", "01|1||1|50||  own ", "M08", "71"}) Enter(line);
-        EXPECT_EQ(Cell(0, column::Comment), view == 0 ? "" : "@  Linear Interpolation");
-        EXPECT_EQ(Cell(1, column::Comment), "  own ");
-        EXPECT_EQ(Cell(2, column::Comment), view == 0 ? "" : "@  Switch output X62 PIN 15 HIGH");
-        EXPECT_EQ(Cell(3, column::Comment), "");
-    }
 }
 
 TEST_F(LineEditTest, WhatComesWithAnEdit) {

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 class IsoTest : public WorkbenchFixture {
 protected:
     // The rows of a program, each as code, parameters with their letters and ">" comment.
-    static std::string Rows(iso::Machine machine, const std::string& text) {
+    static std::string Rows(MachineModel machine, const std::string& text) {
         iso::Converter converter(machine);
         std::string all;
         for (const iso::Row& row : converter.Convert(iso::ReadBlocks(text)).Rows) {
@@ -29,7 +29,7 @@ protected:
         }
         return all;
     }
-    std::string RefusalOf(iso::Machine machine, const std::string& text) {
+    std::string RefusalOf(MachineModel machine, const std::string& text) {
         try {
             Rows(machine, text);
         } catch (const iso::Refusal& refusal) {
@@ -77,28 +77,28 @@ TEST_F(IsoTest, WordsBecomeRows) {
     const std::string lathe = "G21 G90\nG0 X40 Z10\n";
     const std::string mill = "G21 G90 G0 X0 Y0 Z10\n";
     struct {
-        iso::Machine Machine;
+        MachineModel Machine;
         std::string Text;
         const char* Rows;
     } const cases[] = {
         // Several codes in a block; the mode of motion stays; G91 and U are changes of the diameter.
-        {iso::Machine::MK4, lathe + "N5G1X20.Z0F80\nX18.005\nG91X2Z-1.5\nG90U-1W.5\nM30",
+        {MachineModel::MK4, lathe + "N5G1X20.Z0F80\nX18.005\nG91X2Z-1.5\nG90U-1W.5\nM30",
          "92 X4000 Z1000|01 X2000 Z0 F80|01 X1801 Z0 F80|01 X2001 Z-150 F80|01 X1901 Z-100 F80|M30|"},
         // Inches in a metric program; feed per turn; a radius of half a circle is two quarters.
-        {iso::Machine::MK4, lathe + "G0 X0 Z0\nG20 G95 S1000 G1 X1 F.005\nG21 G94 F50 G3 X45.4 Z-10 R10",
+        {MachineModel::MK4, lathe + "G0 X0 Z0\nG20 G95 S1000 G1 X1 F.005\nG21 G94 F50 G3 X45.4 Z-10 R10",
          "92 X4000 Z1000|00 X0 Z0|01 X2540 Z0 F127|03 X4540 Z-1000 F50|M30|"},
         // A way in three axes goes up first and down last. A full circle is four quarters.
-        {iso::Machine::F1, mill + "G0 X5 Y5 Z20\nG0 X1 Y0 Z2\nG2 X1 Y0 I-1 F50\nM2",
+        {MachineModel::F1, mill + "G0 X5 Y5 Z20\nG0 X1 Y0 Z2\nG2 X1 Y0 I-1 F50\nM2",
          "92 X0 Y0 Z1000|00 X0 Y0 Z2000|00 X500 Y500 Z2000|00 X100 Y0 Z2000|00 X100 Y0 Z200|"
          "02 X0 Y-100 Z200 F50|02 X-100 Y0 Z200 F50|02 X0 Y100 Z200 F50|02 X100 Y0 Z200 F50|M30|"},
         // 30 degrees to 120: cut at 90, each piece with its centre, from its own start.
-        {iso::Machine::F1, mill + "X8.66 Y5\nG3 X-5 Y8.66 R10 F60\n",
+        {MachineModel::F1, mill + "X8.66 Y5\nG3 X-5 Y8.66 R10 F60\n",
          "92 X0 Y0 Z1000|00 X866 Y500 Z1000|03 X0 Y1000 Z1000 F60|M99 X866 Y500 Z0|"
          "03 X-500 Y866 Z1000 F60|M99 X0 Y1000 Z0|M30|"},
         // The longer way of a negative radius: from 0 over 90 and 180 to 270 degrees.
-        {iso::Machine::F1, mill + "G3 X-10 Y-10 R-10 F60\n",
+        {MachineModel::F1, mill + "G3 X-10 Y-10 R-10 F60\n",
          "92 X0 Y0 Z1000|03 X-1000 Y1000 Z1000 F60|03 X-2000 Y0 Z1000 F60|03 X-1000 Y-1000 Z1000 F60|M30|"},
-        {iso::Machine::MK2, lathe + "T2 M3 S900\nM5\nM0\nM2", "92 X4000 Z1000|26 X0 Z0 F2|20|20|20|22|"},
+        {MachineModel::MK2, lathe + "T2 M3 S900\nM5\nM0\nM2", "92 X4000 Z1000|26 X0 Z0 F2|20|20|20|22|"},
     };
     for (const auto& [machine, text, rows] : cases) EXPECT_EQ(Rows(machine, text), rows) << text;
 }
@@ -107,26 +107,26 @@ TEST_F(IsoTest, WhatTheMachineCannotDoIsRefusedByItsLine) {
     const std::string lathe = "G0 X40 Z10\n";
     const std::string mill = "G0 X0 Y0 Z10\n";
     struct {
-        iso::Machine Machine;
+        MachineModel Machine;
         std::string Text;
         const char* Beginning;
     } const cases[] = {
-        {iso::Machine::MK4, lathe + "\nG42", "3 the compensation G42"},
-        {iso::Machine::MK4, lathe + "G1 X3", "2 no feed"},
-        {iso::Machine::MK4, lathe + "G1 Y3 F50", "2 a lathe has no Y"},
-        {iso::Machine::MK4, "G1 X3 F50", "1 the tool is to cut"},
-        {iso::Machine::MK4, lathe + "M4", "2 the spindle turns one way"},
-        {iso::Machine::MK4, lathe + "G2 X50 Z5 F50", "2 the arc has no centre"},
-        {iso::Machine::MK4, lathe + "G2 X50 Z5 I9 K9 F50", "2 the centre of the arc"},
-        {iso::Machine::MK4, lathe + "#1=5", "2 variables"},
-        {iso::Machine::MK4, lathe + "X1.2.3", "2 no number behind X"},
-        {iso::Machine::MK4, lathe + "X99999", "2 a number is too large"},
-        {iso::Machine::MK2, lathe + "G2 X46 Z10 R5 F50", "2 the MK2 turns whole quarter"},
-        {iso::Machine::F1, mill + "G1 X1 Y1 Z1 F50", "2 the machine moves two axes"},
-        {iso::Machine::F1, mill + "G2 X1 Y1 Z1 R5 F50", "2 the machine makes no arc while"},
-        {iso::Machine::F1, mill + "G81 X1 Y1 Z1 R5 F50", "2 the cycle G81"},
-        {iso::Machine::F1, mill + "G18", "2 this plane"},
-        {iso::Machine::F1, "(nothing)", "0 there is nothing"},
+        {MachineModel::MK4, lathe + "\nG42", "3 the compensation G42"},
+        {MachineModel::MK4, lathe + "G1 X3", "2 no feed"},
+        {MachineModel::MK4, lathe + "G1 Y3 F50", "2 a lathe has no Y"},
+        {MachineModel::MK4, "G1 X3 F50", "1 the tool is to cut"},
+        {MachineModel::MK4, lathe + "M4", "2 the spindle turns one way"},
+        {MachineModel::MK4, lathe + "G2 X50 Z5 F50", "2 the arc has no centre"},
+        {MachineModel::MK4, lathe + "G2 X50 Z5 I9 K9 F50", "2 the centre of the arc"},
+        {MachineModel::MK4, lathe + "#1=5", "2 variables"},
+        {MachineModel::MK4, lathe + "X1.2.3", "2 no number behind X"},
+        {MachineModel::MK4, lathe + "X99999", "2 a number is too large"},
+        {MachineModel::MK2, lathe + "G2 X46 Z10 R5 F50", "2 the MK2 turns whole quarter"},
+        {MachineModel::F1, mill + "G1 X1 Y1 Z1 F50", "2 the machine moves two axes"},
+        {MachineModel::F1, mill + "G2 X1 Y1 Z1 R5 F50", "2 the machine makes no arc while"},
+        {MachineModel::F1, mill + "G81 X1 Y1 Z1 R5 F50", "2 the cycle G81"},
+        {MachineModel::F1, mill + "G18", "2 this plane"},
+        {MachineModel::F1, "(nothing)", "0 there is nothing"},
     };
     for (const auto& [machine, text, beginning] : cases)
         EXPECT_EQ(RefusalOf(machine, text).substr(0, std::string(beginning).size()), beginning) << text;

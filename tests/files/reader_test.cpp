@@ -24,36 +24,6 @@ protected:
 
 }  // namespace
 
-TEST_F(ReaderTest, TheQuestionComesBeforeTheMachineChanges) {
-    const std::string next = FileText("MK2", {{"22"}});
-    Edited();
-    Platform.Dialogs.Answers = {Answer::Yes};
-    ASSERT_EQ(Load(next), LoadResult::Loaded);
-    ASSERT_EQ(Shown().size(), 1u);
-    EXPECT_EQ(Shown()[0].Text, "Do you want to save the open file now?");
-    EXPECT_EQ(Shown()[0].Title, "Continue?");
-    EXPECT_EQ(Shown()[0].Choice, Buttons::YesNo);
-    // The old program went out in the layout of its own machine.
-    EXPECT_EQ(FileContent("old.cnc"), FileText("MK4", {{.Code = "M30", .Comment = "OLD"}}));
-    EXPECT_FALSE(Store().ProgramChanged);
-    EXPECT_EQ(Caption(Workbench->File.lblPath), Path("program.cnc"));
-
-    Edited("kept.cnc");
-    const std::string before = FileContent("kept.cnc");
-    Platform.Dialogs.Answers = {Answer::No};
-    ASSERT_EQ(Load(next), LoadResult::Loaded);
-    EXPECT_EQ(Shown().size(), 2u);
-    EXPECT_EQ(FileContent("kept.cnc"), before);
-    EXPECT_FALSE(Store().ProgramChanged);
-    // A save that is cancelled does not keep the program.
-    Edited();
-    Workbench->File.lblPath.Caption = "";
-    Platform.Dialogs.Answers = {Answer::Yes};
-    ASSERT_EQ(Load(next), LoadResult::Loaded);
-    EXPECT_EQ(NameOf(Store().Machine), "MK2");
-    EXPECT_EQ(Store().LineCount(), 1);
-}
-
 TEST_F(ReaderTest, TheNameIsTakenAndTheDialogFollowsIt) {
     FileDialog& dialog = Workbench->File.dlgFile;
     dialog.Filter = "left by an earlier operation";
@@ -112,25 +82,6 @@ TEST_F(ReaderTest, WhatCannotBeReadLeavesTheProgram) {
     EXPECT_EQ(Cell(0, column::Comment), "OLD");
     EXPECT_TRUE(Store().ProgramChanged);
     EXPECT_EQ(Caption(Workbench->File.lblPath), Path("old.cnc"));
-}
-
-TEST_F(ReaderTest, LoadingLeavesTheEntryRowEmptyAndTheEditorFree) {
-    EntryRow& entry = Workbench->Entry;
-    entry.txtXI.Text = "5";
-    entry.txtGMcode.Text = "01";
-    entry.txtComment.Text = "typed";
-    Workbench->Main.rtfHelp.Visible = true;
-    Workbench->View.chkViewGcode.Value = 1;
-    ASSERT_EQ(Load(FileText("MK4", {{"00", "100", "200"}, {"M30", "", "", "", "", "", "mine"}})),
-              LoadResult::Loaded);
-    for (const TextBox* box : {&entry.txtXI, &entry.txtZK, &entry.txtGMcode, &entry.txtComment})
-        EXPECT_EQ(box->Text.Get(), "");
-    EXPECT_FALSE(entry.txtXI.Visible);
-    EXPECT_FALSE(Workbench->Main.rtfHelp.Visible);
-    // The comments that the view asks for came in without counting as a change.
-    EXPECT_EQ(Cell(0, column::Comment), "@  Rapid Traverse");
-    EXPECT_EQ(Cell(1, column::Comment), "mine");
-    EXPECT_FALSE(Store().ProgramChanged);
 }
 
 }  // namespace kvt::test

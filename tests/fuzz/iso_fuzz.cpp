@@ -13,7 +13,7 @@ namespace {
 
 using kvt::test::Demand;
 
-void ConvertFor(kvt::iso::Machine machine, const std::string& code) {
+void ConvertFor(kvt::MachineModel machine, const std::string& code) {
     kvt::iso::MachineProgram program;
     try {
         kvt::iso::Converter converter(machine);
@@ -37,8 +37,8 @@ void ConvertFor(kvt::iso::Machine machine, const std::string& code) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size > (std::size_t{1} << 14)) return 0;
     const std::string code(reinterpret_cast<const char*>(data), size);
-    for (const kvt::iso::Machine machine :
-         {kvt::iso::Machine::MK2, kvt::iso::Machine::MK4, kvt::iso::Machine::F1}) {
+    for (const kvt::MachineModel machine :
+         {kvt::MachineModel::MK2, kvt::MachineModel::MK4, kvt::MachineModel::F1}) {
         ConvertFor(machine, code);
     }
     return 0;

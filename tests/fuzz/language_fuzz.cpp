@@ -4,18 +4,15 @@
 #include <unistd.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <string>
 
-#include "headless/memory_platform.h"
 #include "shell/workbench.h"
+#include "support/map_files.h"
 
 namespace {
 
-void Demand(bool condition) {
-    if (!condition) std::abort();
-}
+using kvt::test::Demand;
 
 void Load(kvt::Workbench& workbench, kvt::MemoryPlatform& platform, const std::string& text) {
     static const std::string name = "/tmp/kvt-language-fuzz-" + std::to_string(getpid());

@@ -68,35 +68,6 @@ TEST_F(PassTest, ResultCellsAreClearedAndAFlowErrorLeavesTheRest) {
     EXPECT_EQ(List().SelectedRow(), 4);
 }
 
-TEST_F(PassTest, TextsOfTheLanguage) {
-    Texts& texts = Workbench->Language;
-    texts.ErrorHeaderText = "Fehler in Satz";
-    texts.ProgramErrorTexts.Set(1, "!Befehl unbekannt");
-    texts.ProgramErrorTexts.Set(9, "!M17 ohne G25");
-    texts.MessageTexts.Set(11, "mindestens");
-    texts.MessageTexts.Set(12, " hoechstens");
-    texts.ErrorTexts.Set(1, "Keine Zeilen");
-    Check("MK4", {{.Code = "21", .Comment = "cmdX"},
-                  {.Code = "04", .X = "6000"},
-                  {.Code = "01", .F = "1"},
-                  Plain("M17")});
-    EXPECT_EQ(Error(0), "!Befehl unbekannt");
-    EXPECT_EQ(Error(1), "!X=5999 hoechstens");
-    EXPECT_EQ(Error(2), "!F= 2 mindestens");
-    EXPECT_EQ(Error(3), "!M17 ohne G25");
-    EXPECT_EQ(Header(), "Fehler in Satz 0");
-    // An empty entry shows the text that is built in.
-    texts.ProgramErrorTexts.Set(9, " ");
-    Run();
-    EXPECT_EQ(Error(3), "!RETURN without SUB");
-    List().Clear();
-    Shown().cmdRun.Click();
-    ASSERT_EQ(Platform.Dialogs.Shown.size(), 1U);
-    EXPECT_EQ(Platform.Dialogs.Shown[0].Text, "Keine Zeilen");
-    EXPECT_FALSE(Workbench->Store.EditorRunMode);
-    EXPECT_TRUE(Shown().cmdRun.Visible);
-}
-
 // Stepping: the wait takes the events that a test has queued.
 class StepTest : public PassTest {
 protected:

@@ -64,38 +64,6 @@ TEST_F(RulesTest, ACountOfCyclesFillsTheCommentWhileTheEntryFieldIsEmpty) {
     EXPECT_EQ(Cell(0, column::Comment), "@  (3x)Spanbruch");
 }
 
-TEST(FindCenterTest, TheNearerOfTwoCandidatesCutOffTowardsZero) {
-    struct Case {
-        float StartU, StartV, EndU, EndV, Radius;
-        bool Direction;
-        float U, V;
-    };
-    const Case cases[] = {
-        // Level: a tie in U. Upwards and downwards: (-43.5, 143.5) and (143.5, -43.5). A chord that is the diameter.
-        {0, 0, 200, 0, 125, true, 100, 75},    {0, 0, 200, 0, 125, false, 100, -75},
-        {0, 0, 100, 100, 150, true, -43, 143}, {0, 0, 100, 100, 150, false, 143, -43},
-        {100, 100, 0, 0, 150, true, 143, -43}, {100, 100, 0, 0, 150, false, -43, 143},
-        {0, 0, 60, 80, 50, true, 30, 40},
-    };
-    float u = 0, v = 0;
-    for (const Case& one : cases) {
-        SCOPED_TRACE(testing::Message() << one.EndU << ", " << one.EndV << " " << one.Direction);
-        FindCenter(one.StartU, one.StartV, one.EndU, one.EndV, one.Radius, one.Direction, u, v);
-        EXPECT_EQ(u, one.U);
-        EXPECT_EQ(v, one.V);
-    }
-    // Where there is none it stays.
-    u = v = 7;
-    const auto faultOf = [&](float endU, float radius) {
-        return ErrorOf([&] { FindCenter(0, 0, endU, 0, radius, true, u, v); });
-    };
-    EXPECT_EQ(faultOf(100, 0), 0);
-    EXPECT_EQ(faultOf(201, 100), fault::InvalidCall);
-    EXPECT_EQ(faultOf(0, 100), fault::DivisionByZero);
-    EXPECT_EQ(u, 7);
-    EXPECT_EQ(v, 7);
-}
-
 TEST(MakeTimeStringTest, RoundsToWholeSeconds) {
     for (const auto& [seconds, text] :
          std::initializer_list<std::pair<double, const char*>>{{0.49, "00:00:00"},

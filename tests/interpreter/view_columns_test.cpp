@@ -2,6 +2,7 @@
 
 #include "shell/layout.h"
 #include "support/short_program.h"
+#include "support/table.h"
 
 namespace kvt::test {
 
@@ -82,35 +83,18 @@ TEST_F(View, WindowFitsTheColumns) {
 }
 
 TEST_F(View, CommentsForEmptyCells) {
-    struct Case {
-        const char* Machine;
-        Line Row;
-        const char* Comment;
-    };
-    const Case cases[] = {
-        {"MK4", {"00"}, "@  Rapid Traverse"},
-        {"MK4", {"00", "", "", "", "", "", "typed"}, "typed"},
-        {"MK4", {"91"}, "@  Incremental (radius) Mode"},
-        {"MK4", {"M03"}, "@  Spindle ON"},
-        {"MK4", {"M99", "1"}, "@  Partial Arc Center"},
-        {"MK4", {"72"}, ""},
-        {"MK4", {"m03"}, "@  Spindle ON"},
-        {"MK2", {"91"}, "@  Incremental Mode"},
-        {"MK2", {"20"}, "@  Programmed Stop (Pause)"},
-        {"MK2", {"25"}, ""},
-        {"F1", {"92"}, "@  Set XYZ Register (ABS)"},
-        {"F1", {"47"}, "@  Add Tool Radius twice"},
-        // M codes come from the lathe's list, which has no M20.
-        {"F1", {"M06", "D100"}, "@  Tool Change and Compensation"},
-        {"F1", {"M20"}, ""},
-    };
-    for (const Case& one : cases) {
-        SCOPED_TRACE(std::string(one.Machine) + " " + one.Row.Code);
+    for (const char* line :
+         {"MK4|00|@  Rapid Traverse", "MK4|00 #typed|typed", "MK4|M03|@  Spindle ON", "MK4|m03|@  Spindle ON",
+          "MK4|72|", "MK2|91|@  Incremental Mode", "F1|92|@  Set XYZ Register (ABS)",
+          // M codes come from the lathe's list, which has no M20.
+          "F1|M06 D100|@  Tool Change and Compensation", "F1|M20|"}) {
+        SCOPED_TRACE(line);
+        const auto one = Fields(line);
         Workbench->View.chkViewGcode.Value = 0;
-        Check(one.Machine, {{"21"}, one.Row, {"21"}});
+        Check(one[0], Program("21; " + one[1] + "; 21"));
         Workbench->Store.lvCncProgram.Select(3);
         Click(Workbench->View.chkViewGcode, 1);
-        EXPECT_EQ(Comment(1), one.Comment);
+        EXPECT_EQ(Comment(1), one[2]);
         EXPECT_EQ(Comment(2), "@  Empty Line");
         EXPECT_EQ(Comment(3), " ");  // the open line
         EXPECT_EQ(Workbench->Store.lvCncProgram.SelectedRow(), 3);

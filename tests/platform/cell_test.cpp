@@ -38,28 +38,4 @@ TEST(CellTest, HoldsTextsOfAnyLengthAlsoOutOfItself) {
     }
 }
 
-TEST(CellTest, CopiesAreIndependentAndMovesLeaveNothing) {
-    for (const std::string& text : {inPlace, onHeap}) {
-        Cell cell{text};
-        Cell copy = cell;
-        Cell assigned{note};
-        assigned = cell;
-        cell = "changed";
-        EXPECT_EQ(copy.View(), text);
-        EXPECT_EQ(assigned.View(), text);
-        Cell& self = copy;
-        copy = self;
-        copy = std::move(self);
-        EXPECT_EQ(copy.View(), text);
-        assigned = std::move(copy);
-        EXPECT_EQ(assigned.View(), text);
-        EXPECT_TRUE(copy.Empty());
-    }
-    // As rows move when their list grows or shrinks.
-    std::vector<Cell> cells;
-    for (int i = 0; i < 100; ++i) cells.emplace_back(i % 2 == 0 ? inPlace : onHeap);
-    cells.erase(cells.begin());
-    for (std::size_t i = 0; i < 99; ++i) EXPECT_EQ(cells[i].View(), i % 2 == 0 ? onHeap : inPlace);
-}
-
 }  // namespace kvt::test

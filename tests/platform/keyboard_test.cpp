@@ -47,6 +47,23 @@ TEST(KeyboardTest, APageIsWhatIsInSight) {
     EXPECT_EQ(keys.lvRows.TopRow(), 10);
 }
 
+TEST(KeyboardTest, PagesThatLieOverTheRestKeepTheTabKey) {
+    MemoryPlatform platform;
+    KeyForm keys(platform.Services);
+    keys.tabPages.KeepsTab = true;
+    for (const char* sequence :
+         {">txtFirst Tab", ">txtA Tab", ">tabPages Tab Tab", ">lvRows Shift+Tab"}) {
+        keys.Reset();
+        PressAll(keys, platform.System, sequence);
+        EXPECT_EQ(keys.Summary(), "tabPages 0 ") << sequence;
+    }
+    PressAll(keys, platform.System, ">txtFirst Ctrl+Tab Tab");
+    EXPECT_EQ(keys.Summary(), "txtSecond | page1 ");
+    keys.tabPages.Visible = false;
+    PressAll(keys, platform.System, ">txtA Tab");
+    EXPECT_EQ(keys.Summary(), "txtB | page1 ");
+}
+
 TEST(KeyboardTest, WhatIsTypedAfterAPauseBeginsAnew) {
     MemoryPlatform platform;
     KeyForm keys(platform.Services);

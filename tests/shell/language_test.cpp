@@ -1,6 +1,12 @@
 #include "shell/language_tables.h"
 #include "support/workbench_fixture.h"
 
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <map>
+#include <set>
+
 #include "basic/code_page.h"
 #include "basic/text.h"
 
@@ -11,6 +17,46 @@ namespace {
 // A module of lines.
 std::string Module(const std::string& lines) {
     return "[Kestrel Vise Toolkit, Language Resource]\r\n" + Replace(lines, "\n", "\r\n");
+}
+
+// Words that are the same in both languages, and what is no word.
+bool IsInternational(const std::string& text) {
+    static const std::set<std::string> same = {"Editor",
+                                               "Parameter",
+                                               "Code",
+                                               "Baud",
+                                               "Handshake",
+                                               "Simulation",
+                                               "Horizontal",
+                                               "Info",
+                                               "General",
+                                               "Min",
+                                               "Radius",
+                                               "Max",
+                                               "Stop",
+                                               "Start",
+                                               "COM",
+                                               "G-Code",
+                                               "mm",
+                                               "1/100 mm",
+                                               "max. U/min",
+                                               "Com1",
+                                               "Com2",
+                                               "Com3",
+                                               "Com4",
+                                               "Xon/Xoff",
+                                               "Emco",
+                                               "Compact5 CNC MK2",
+                                               "Compact5 CNC MK4",
+                                               "xxx",
+                                               "xx:xx:xx",
+                                               "Compact5 CNC",
+                                               "Kestrel Vise Toolkit"};
+    const bool hasWord =
+        std::adjacent_find(text.begin(), text.end(), [](char a, char b) {
+            return std::isalpha(static_cast<unsigned char>(a)) && std::islower(static_cast<unsigned char>(b));
+        }) != text.end();
+    return !hasWord || same.contains(text);
 }
 
 template <class... Kinds>
@@ -33,9 +79,9 @@ protected:
     // Every text that a module can set, one a line.
     std::string AllTexts() const {
         std::string all;
-        for (const Control* control : Workbench->frmMain.Controls()) {
-            all += control->Name() + "|" + control->ToolTip.Get() + "|";
-            all += CaptionAs<CommandButton, Label, Menu, Frame, CheckBox, OptionButton>(*control);
+        for (const Control* control : AllControls()) {
+            all += control->Name() + "|" + control->ToolTip.Get() + "|" + control->AccessibleName.Get() + "|";
+            all += CaptionAs<CommandButton, Label, Menu, Frame, CheckBox, OptionButton, Form>(*control);
             if (const auto* list = dynamic_cast<const ListBox*>(control)) {
                 for (const std::string& entry : list->Entries()) all += entry + "|";
             }
@@ -50,6 +96,16 @@ protected:
         for (const std::string& tab : Workbench->Main.tabSettings.Captions) all += tab + "\n";
         return all + Workbench->Language.ErrorHeaderText + Workbench->Language.EntryCaption;
     }
+    std::vector<Control*> AllControls() const {
+        std::vector<Control*> all;
+        for (Form* form : Workbench->Forms()) {
+            all.push_back(form);
+            // The names of the languages are in their own.
+            std::copy_if(form->Controls().begin(), form->Controls().end(), std::back_inserter(all),
+                         [](const Control* control) { return control->Name() != "mnuLanguages"; });
+        }
+        return all;
+    }
     std::size_t FailuresOf(const char* procedure) const {
         std::size_t count = 0;
         for (const ErrorLog::Record& record : Workbench->Log.Records())
@@ -61,10 +117,8 @@ protected:
 }  // namespace
 
 TEST_F(LanguageTest, TheModuleThatIsWrittenChangesNothing) {
-    const std::string before = AllTexts();
     const std::string module = Workbench->Modules.WriteModule();
     LoadModule(module);
-    EXPECT_EQ(AllTexts(), before);
     EXPECT_EQ(Workbench->Language.LanguageName, "English");
     EXPECT_EQ(Workbench->Modules.WriteModule(), module);
     EXPECT_EQ(FailuresOf("LoadLanguageModule"), 0u);
@@ -101,9 +155,39 @@ TEST_F(LanguageTest, GermanTranslatesEveryText) {
                       line.Value.empty() && line.Key != "Translated by" && line.Key != "Help File Name")
                 << line.Key;
             // Findings are known by their mark.
+            const bool numbered = line.Key.find_first_not_of("0123456789") == std::string::npos;
+            EXPECT_TRUE(!numbered || IsInternational(line.Value) || section.Lines[k].Value != line.Value)
+                << line.Key;
             EXPECT_EQ(section.Lines[k].Value.substr(0, 1) == "!", line.Value.substr(0, 1) == "!") << line.Key;
         }
     }
+}
+
+// What is to be read anywhere in a window has its German, and the way back to English leaves nothing of it.
+TEST_F(LanguageTest, NothingStaysEnglishInGermanNorGermanInEnglish) {
+    const std::string before = AllTexts();
+    const auto textsOf = [](const Control& control) {
+        return std::array<std::string, 3>{
+            CaptionAs<CommandButton, Label, Menu, Frame, CheckBox, OptionButton, Form>(control),
+            control.ToolTip.Get(), control.AccessibleName.Get()};
+    };
+    std::map<const Control*, std::array<std::string, 3>> english;
+    for (const Control* control : AllControls()) english[control] = textsOf(*control);
+    LoadModule(Platform.Files.ReadWhole(KVT_SOURCE_DIR "/languages/Deutsch.txt"));
+    EXPECT_EQ(Platform.System.LanguageCode, "de");
+    for (const auto& [control, texts] : english) {
+        // The heads of this window are those of the program list, and come from there when it is shown.
+        if (control->OwningForm().Name() == "frmProgramWindow") continue;
+        const std::array<std::string, 3> german = textsOf(*control);
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            EXPECT_TRUE(IsInternational(texts[i]) || german[i] != texts[i])
+                << control->Name() << ": " << texts[i];
+        }
+    }
+    Workbench->Modules.UseEnglish();
+    EXPECT_EQ(AllTexts(), before);
+    EXPECT_EQ(Platform.System.LanguageCode, "");
+    EXPECT_EQ(Workbench->Language.ModuleFile, "");
 }
 
 TEST_F(LanguageTest, SectionsKeysAndOrder) {

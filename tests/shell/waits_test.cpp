@@ -172,20 +172,22 @@ private:
                                               &workbench_->Results.cmdStep, &workbench_->Results.cmdStop};
             plan_ = {[this, button = buttons[Below(4)]] { ClickOn(*button); }};
         } else if (kind < 72) {
+            DrawBar& bar = workbench_->Draw.Bar;
             Control* const buttons[] = {&Drawing().cmdStep,  &Drawing().cmdStep,   &Drawing().cmdStop,
                                         &Drawing().cmdRun,   &Drawing().cmdRedraw, &Drawing().cmdAutoFit,
-                                        &Drawing().mnuPrint, &Drawing().mnuGrid};
-            plan_ = {[this, button = buttons[Below(8)]] { ClickOn(*button); }};
+                                        &Drawing().mnuPrint, &Drawing().mnuGrid,   &bar.cmdBarRun,
+                                        &bar.cmdBarStep,     &bar.cmdBarStop};
+            plan_ = {[this, button = buttons[Below(11)]] { ClickOn(*button); }};
         } else if (kind < 78) {
             plan_ = {
                 [this, entry = Drawing().mnuSim[static_cast<std::size_t>(Below(SimulationCount))].get()] {
                     ClickOn(*entry);
                 }};
         } else if (kind < 84) {
-            plan_ = {[this] { Measure(); }};
+            plan_ = {[this, wheel = Below(2) == 0] { wheel ? Zoom() : Measure(); }};
         } else if (kind < 92) {
-            constexpr int keys[] = {key::F1 + 4, key::F1 + 5, key::F1 + 8, 187};
-            plan_ = {[this, pressed = keys[Below(4)]] { Act([this, pressed] { Press(pressed); }); }};
+            constexpr int keys[] = {key::F5, key::F1 + 5, key::F1 + 8, 187, key::Escape};
+            plan_ = {[this, pressed = keys[Below(5)]] { Act([this, pressed] { Press(pressed); }); }};
         } else if (kind < 94) {
             plan_ = {[this] { CloseDrawing(); }};
         } else if (kind < 96) {
@@ -345,6 +347,18 @@ private:
             FocusByHand(field, platform_.Focus);
             field.OnMouseMove(0, 0, x, y);
             field.OnMouseDown(mouse::Left, 0, x, y);
+        });
+    }
+    // The wheel and the middle button work in a window that lies behind too.
+    void Zoom() {
+        PictureBox& field = Drawing().pbxDrawField;
+        if (!field.EffectivelyVisible()) return;
+        const auto place = static_cast<float>(Below(40'000));
+        const double notches = Below(7) - 3;
+        Act([&, place, notches] {
+            field.OnMouseWheel({0, notches, false, place, place});
+            field.OnMouseDown(mouse::Middle, 0, place, place);
+            field.OnMouseMove(mouse::Middle, 0, place + 9000, place - 9000);
         });
     }
     void CloseDrawing() {

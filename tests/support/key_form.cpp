@@ -19,6 +19,15 @@ void Put(Control& control, int field, int tabIndex) {
     control.TabIndex = tabIndex;
 }
 
+// A line of what lies within another control.
+void PutInside(Control& control, Control& container, int line) {
+    control.Container = &container;
+    control.Left = 150;
+    control.Top = 150 + line * 330;
+    control.Width = 1500;
+    control.Height = 300;
+}
+
 }  // namespace
 
 KeyForm::KeyForm(Services& platform) : Platform(platform) {
@@ -36,12 +45,16 @@ void KeyForm::Place() {
         if (control->Kind() != ControlKind::Menu) Put(*control, place, place);
         if (control->Kind() != ControlKind::Menu) ++place;
     }
+    int line = 0;
     for (Control* option : std::initializer_list<Control*>{&optOne, &optTwo, &optOff, &optThree})
-        option->Container = &frOptions;
+        PutInside(*option, frOptions, line++);
     tabPages.Captions = {"One", "Two"};
     txtFirst.Page = 0;
     txtSecond.Page = 1;
-    for (TextBox* box : {&txtFirst, &txtSecond}) box->Container = &tabPages;
+    for (TextBox* box : {&txtFirst, &txtSecond}) PutInside(*box, tabPages, 2);
+    lblText.TabIndex = -1;
+    cmdHide.Picture = "M 4 4 L 20 20";
+    lstPick.EnterChooses = true;
     // The keys come there by the mouse alone.
     txtNotes.TabIndex = -1;
     txtNotes.MultiLine = true;
@@ -60,6 +73,7 @@ void KeyForm::Fill() {
          {"G00 \tRapid", "G01 \tLinear", "G02 \tArc", "M03 \tSpindle", "M05 \tStop", "M30 \tEnd"})
         lstCodes.AddEntry(code);
     for (int i = 0; i < 20; ++i) lstCodes.AddEntry("X" + std::to_string(i));
+    lstPick.SetEntries(lstCodes.Entries());
     for (const char* font : {"Courier", "Cousine", "Mono", "Sans"}) cboFont.AddEntry(font);
     for (int i = 0; i < 40; ++i) lvRows.AddRow()[1] = std::to_string(i);
     lvRows.RowsChanged();
@@ -116,6 +130,8 @@ void KeyForm::Wire() {
     tells(optTwo, "two");
     tells(optThree, "three");
     tells(lstCodes, "code");
+    tells(lblWord, "word");
+    tells(lstPick, "pick");
     tells(cboFont, "font");
     tells(tabPages, "page");
     for (RangeControl* range : {static_cast<RangeControl*>(&hsbView), static_cast<RangeControl*>(&vsbView),
@@ -134,7 +150,7 @@ void KeyForm::Reset() {
     lvRows.Enabled = true;
     for (TextBox* box : {&txtA, &txtB, &txtFirst, &txtSecond}) {
         box->Text = "";
-        box->LastEdit = {};
+        box->Edits = {};
     }
     txtShown.Text = "shown";
     txtNotes.Text = "one\r\ntwo\r\nthree";
@@ -142,6 +158,7 @@ void KeyForm::Reset() {
     chkBox.Value = 0;
     for (OptionButton* option : {&optOne, &optTwo, &optThree}) option->Value = option == &optOne;
     lstCodes.ListIndex = -1;
+    lstPick.ListIndex = -1;
     cboFont.ListIndex = 0;
     lvRows.Select(1);
     lvRows.ScrollTo(1);
@@ -222,7 +239,7 @@ const std::vector<KeyCase>& KeyCases() {
         {"a b Space c Ctrl+Backspace Ctrl+Home Ctrl+Delete", "txtA | "},
         {"a b Ctrl+A Ctrl+X Ctrl+V Shift+Insert", "txtA ABAB| "},
         {"a b Shift+Left Ctrl+Insert End Ctrl+V Shift+Home Shift+Delete", "txtA | "},
-        {"a b Backspace Ctrl+Z Ctrl+Z Ctrl+Z", "txtA AB| "},
+        {"a b Backspace Ctrl+Z Ctrl+Z Ctrl+Z Ctrl+Y", "txtA AB| "},
         {"a b Ctrl+Z", "txtA | "},
         {"a b Ctrl+Y Ctrl+Z Ctrl+Y Ctrl+Y", "txtA AB| "},
         {"a Enter Up PageDown Insert Ctrl+Enter F9", "txtA A| "},
@@ -240,6 +257,7 @@ const std::vector<KeyCase>& KeyCases() {
         {">cmdGo Space Enter Ctrl+Enter a Down Esc >cmdGo", "cmdGo  go go go "},
         {">cmdHide Space >txtB >txtA Tab Shift+Tab >cmdHide Enter >txtA Tab", "txtB | "},
         {">chkBox Space Enter Space Space +", "chkBox 1 box1 box0 box1 "},
+        {">lblWord Enter a Space Down Tab", "lstPick -1 word word "},
         {">optOne Down Down Right Left Up", "optTwo + two+ three+ one+ three+ two+ "},
         {">optTwo Enter Space Tab", "optThree - two+ "},
         // Lists.
@@ -248,6 +266,9 @@ const std::vector<KeyCase>& KeyCases() {
         {">lstCodes g g g g Left", "lstCodes 0 code0 code1 code2 code0 "},
         {">lstCodes m 0 5 Tab Shift+Tab", "lstCodes 4 code3 code4 "},
         {">lstCodes z 1 F2 Left", "lstCodes -1 "},
+        // Where moving does not choose yet, Enter and the blank do.
+        {">lstPick Down Down Enter Up Space m Home", "lstPick 0 pick1 pick0 "},
+        {">lstPick m Enter Tab", "txtA | pick3 "},
         {">cboFont Down Up Up End Home Enter", "cboFont 0 font1 font0 font3 font0 "},
         {">cboFont m Left s Left c o u s Left", "cboFont 1 font2 font3 font0 font1 "},
         {">cboFont End PageUp c o u s Tab", "lvRows 1 font3 font0 font1 "},
@@ -264,7 +285,7 @@ const std::vector<KeyCase>& KeyCases() {
         {">udScale Up Right Down Left PageUp Home Up End",
          "udScale 0 udScale6 udScale7 udScale6 udScale5 udScale6 "
          "udScale10 udScale0 "},
-        {">udScale Tab", "txtA | "},
+        {">udScale Tab", "lblWord  "},
     };
     return cases;
 }
@@ -281,7 +302,7 @@ std::vector<std::string> RandomSequences(int count, unsigned seed) {
     const std::vector<std::string> places = KeysIn(
         ">txtA >txtB >txtShown >cmdGo >cmdHide >chkBox >optOne >optTwo >lstCodes >cboFont >lvRows >tabPages "
         ">txtFirst "
-        ">hsbView >vsbView >udScale");
+        ">hsbView >vsbView >udScale >lblWord >lstPick");
     std::mt19937 random(seed);
     std::vector<std::string> sequences;
     for (int i = 0; i < count; ++i) {

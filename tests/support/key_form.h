@@ -39,6 +39,8 @@ struct KeyForm {
     TextBox txtFirst{form, "txtFirst"}, txtSecond{form, "txtSecond"};
     ScrollBar hsbView{form, "hsbView", false}, vsbView{form, "vsbView", true};
     UpDown udScale{form, "udScale"};
+    Label lblWord{form, "lblWord", "Word"}, lblText{form, "lblText", "Text"};
+    ListBox lstPick{form, "lstPick"};
 
 private:
     void Place();

@@ -20,6 +20,7 @@ public:
     std::map<std::string, std::string, std::less<>> Content;
 
     bool Exists(std::string_view path) override { return Content.find(path) != Content.end(); }
+    std::optional<std::tm> WrittenAt(std::string_view) override { return std::nullopt; }
     std::string ReadWhole(std::string_view path) override {
         const auto found = Content.find(path);
         if (found == Content.end()) throw RunTimeError(fault::FileNotFound);

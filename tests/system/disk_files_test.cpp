@@ -16,6 +16,7 @@
 #include "basic/code_page.h"
 #include "headless/faulty_files.h"
 #include "headless/guarded_files.h"
+#include "support/table.h"
 #include "system/fresh_file.h"
 
 namespace kvt::test {
@@ -43,15 +44,6 @@ protected:
     std::size_t Entries() const {
         return static_cast<std::size_t>(
             std::distance(fs::directory_iterator(Folder), fs::directory_iterator()));
-    }
-    template <class Call>
-    static int ErrorOf(Call call) {
-        try {
-            call();
-        } catch (const RunTimeError& error) {
-            return error.Number;
-        }
-        return 0;
     }
 
     std::string Folder;

@@ -212,26 +212,6 @@ TEST_F(TransferTest, AStepRunKeepsItsStopButton) {
     EXPECT_TRUE(steps && stops);
 }
 
-TEST_F(TransferTest, SettingsFileKeysGoBothWays) {
-    const auto apply = [this](std::span<const PortKey> keys, std::initializer_list<const char*> values) {
-        const char* const* value = values.begin();
-        for (const PortKey& key : keys) {
-            key.Apply(Workbench->Port, *value);
-            EXPECT_EQ(key.Value(Workbench->Port), *value++) << key.Name;
-            for (const char* wrong : {"", "5", "-1", "maybe", "True,False"})
-                EXPECT_THROW(key.Apply(Workbench->Port, wrong), RunTimeError) << key.Name;
-            EXPECT_EQ(key.Value(Workbench->Port), *(value - 1)) << key.Name;
-        }
-    };
-    apply(PortKeysTransmit(), {"9600", "E", "7", "2", "1", "0", "1", "0"});
-    apply(PortKeysReceive(), {"110", "O", "8", "2", "0", "1", "0", "1"});
-    apply(PortKeysGeneral(), {"2", "False"});
-    EXPECT_EQ(Workbench->Transfer.TX.Settings, "9600,E,7,2");
-    EXPECT_EQ(Workbench->Transfer.RX.Settings, "110,O,8,2");
-    EXPECT_TRUE(Workbench->Transfer.RX.optPort[1].Value);
-    EXPECT_FALSE(Platform.Port.IsOpen());
-}
-
 TEST(LineSettingsTest, CharactersTakeTheirBits) {
     EXPECT_DOUBLE_EQ(ParseLineSettings("300,N,8,1").CharacterMilliseconds(), 10 * 1000.0 / 300);
     EXPECT_DOUBLE_EQ(ParseLineSettings("110,e,7,2").CharacterMilliseconds(), 100.0);

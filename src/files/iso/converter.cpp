@@ -31,7 +31,7 @@ const Word* FindWord(const Block& block, char letter) {
     return found == block.Words.end() ? nullptr : &*found;
 }
 
-Converter::Converter(Machine machine) {
+Converter::Converter(MachineModel machine) {
     program_.Machine = machine;
     axes_ = Lathe() ? std::vector<Axis>{{'X'}, {'Z'}} : std::vector<Axis>{{'X'}, {'Y'}, {'Z'}};
 }
@@ -54,7 +54,7 @@ MachineProgram Converter::Convert(const std::vector<Block>& blocks) {
         ConvertBlock(block);
     }
     if (program_.Rows.empty()) throw Refusal{0, "there is nothing to convert"};
-    if (!ended_) AddRow(program_.Machine == Machine::MK2 ? "22" : "M30").Comment = "End of program";
+    if (!ended_) AddRow(program_.Machine == MachineModel::MK2 ? "22" : "M30").Comment = "End of program";
     return program_;
 }
 
@@ -91,9 +91,9 @@ void Converter::ConvertBlock(const Block& block) {
         Move(block);
     }
     if (spindle_ == 0) SwitchSpindle(false);
-    if (stop_ >= 0) AddRow(program_.Machine == Machine::MK2 ? "20" : "M00");
+    if (stop_ >= 0) AddRow(program_.Machine == MachineModel::MK2 ? "20" : "M00");
     if (end_) {
-        AddRow(program_.Machine == Machine::MK2 ? "22" : "M30");
+        AddRow(program_.Machine == MachineModel::MK2 ? "22" : "M30");
         ended_ = true;
     }
 }
@@ -220,7 +220,7 @@ void Converter::SwitchSpindle(bool on) {
     const double turns = on ? speed_ : 0;
     if (on && spindleSpeed_ == turns) return;
     spindleSpeed_ = turns;
-    if (program_.Machine == Machine::F1 && on) {
+    if (program_.Machine == MachineModel::F1 && on) {
         const auto change = std::find_if(program_.Rows.rbegin(), program_.Rows.rend(),
                                          [](const Row& row) { return row.Code == "M06"; });
         if (change != program_.Rows.rend() && change->Parameters[1] == 0)
@@ -229,21 +229,22 @@ void Converter::SwitchSpindle(bool on) {
     const std::string speed =
         on && speed_ > 0 ? " at " + PlainNumber(static_cast<float>(speed_)) + " rpm" : "";
     // That spindle is switched by hand: the program stops for it.
-    const bool byHand = program_.Machine == Machine::MK2;
+    const bool byHand = program_.Machine == MachineModel::MK2;
     Row& row = AddRow(byHand ? "20" : on ? "M03" : "M05");
     row.Comment = (on ? "Spindle on" : "Spindle off") + speed + (byHand ? " by hand, then Start" : "");
 }
 
 void Converter::ChangeTool() {
     if (tool_ < 0) Refuse("no tool is named for the change");
-    Row& row = AddRow(program_.Machine == Machine::MK2 ? "26" : "M06");
+    Row& row = AddRow(program_.Machine == MachineModel::MK2 ? "26" : "M06");
     row.Parameters = {0, std::nullopt, 0, tool_};
     if (!Lathe()) row.Parameters[1] = ToWhole(speed_);
     Remark("The measures of the tools are not in the program: enter them in the lines of the tool change.");
 }
 
 void Converter::Dwell(const Block& block) {
-    if (program_.Machine == Machine::MK2) return Remark(block, "the dwell was left out, the MK2 has none.");
+    if (program_.Machine == MachineModel::MK2)
+        return Remark(block, "the dwell was left out, the MK2 has none.");
     double seconds = 0;
     // P without a point counts milliseconds.
     if (const Word* word = FindWord(block, 'P'))

@@ -14,7 +14,7 @@ namespace kvt::iso {
 // and begins with the position of the tool. What the machine cannot do is a Refusal.
 class Converter {
 public:
-    explicit Converter(Machine machine);
+    explicit Converter(MachineModel machine);
 
     MachineProgram Convert(const std::vector<Block>& blocks);
     // What the user should know: what was left out, where the tool must stand before the start.
@@ -30,7 +30,7 @@ private:
         double Target = 0;
     };
 
-    bool Lathe() const { return program_.Machine != Machine::F1; }
+    bool Lathe() const { return program_.Machine != MachineModel::F1; }
     [[noreturn]] void Refuse(const std::string& why) const;
     void Remark(const std::string& text);
     void Remark(const Block& block, const std::string& text) { Remark(LineText(block.Line) + text); }

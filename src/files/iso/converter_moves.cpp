@@ -183,7 +183,7 @@ void Converter::AddArcPiece(Point end, const Arc& arc, bool maySplit) {
 
     const bool quarter = a == b && std::abs(a - radius) <= 1 &&
                          std::abs(std::trunc(AcrossOf(start)) - std::trunc(AcrossOf(stop))) >= a;
-    if (program_.Machine == Machine::MK2 && !(quarter && stop.A == -std::abs(start.A - b)))
+    if (program_.Machine == MachineModel::MK2 && !(quarter && stop.A == -std::abs(start.A - b)))
         Refuse("the MK2 turns whole quarter circles towards the chuck, and no other arc");
     int alongA = std::abs(ToWhole(arc.Center.A - start.A));
     int alongB = std::abs(ToWhole(arc.Center.B - start.B));

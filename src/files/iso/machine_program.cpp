@@ -51,22 +51,22 @@ std::string FileText(const MachineProgram& program) {
     std::string text;
     for (const std::string& note : program.Notes) text.append(note).append(LineEnd);
     text.append(cnc::NotesEnd).append(LineEnd);
-    if (program.Machine != Machine::MK2) {
-        text.append(program.Machine == Machine::MK4 ? cnc::HeaderMK4 : cnc::HeaderF1).append(LineEnd);
+    if (program.Machine != MachineModel::MK2) {
+        text.append(program.Machine == MachineModel::MK4 ? cnc::HeaderMK4 : cnc::HeaderF1).append(LineEnd);
     }
     for (std::size_t number = 0; number < program.Rows.size(); ++number) {
         const Row& row = program.Rows[number];
-        if (program.Machine == Machine::MK2) {
+        if (program.Machine == MachineModel::MK2) {
             AppendMK2(text, row, number);
         } else {
             text += "   " + RightPad(Format(static_cast<double>(number), "00"), 3);
             text += row.Code.size() == 2 ? " " + row.Code : row.Code;
-            program.Machine == Machine::MK4 ? AppendMK4(text, row) : AppendF1(text, row);
+            program.Machine == MachineModel::MK4 ? AppendMK4(text, row) : AppendF1(text, row);
         }
         text.append(row.Comment).append(LineEnd);
     }
     text += program.Metric ? "   M" : "   \"";
-    if (program.Machine == Machine::F1) text += "I";
+    if (program.Machine == MachineModel::F1) text += "I";
     return text.append(LineEnd);
 }
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-namespace kvt::iso {
+#include "program/machine.h"
 
-enum class Machine { MK2, MK4, F1 };
+namespace kvt::iso {
 
 // One line of the machine's program. Numbers are whole: 1/100 mm or 1/1000 inch, X of a lathe a diameter.
 struct Row {
@@ -18,7 +18,7 @@ struct Row {
 };
 
 struct MachineProgram {
-    iso::Machine Machine = Machine::MK4;
+    MachineModel Machine = MachineModel::MK4;
     bool Metric = true;
     std::vector<std::string> Notes;
     std::vector<Row> Rows;
