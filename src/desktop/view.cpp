@@ -51,10 +51,9 @@ void View::PropertyChanged(Control&, PropertyId id) {
 
 void View::NameWidget() {
     const QString name = ShownToQt(AccessibleNameOf(control_));
-    // Without what the name tells already.
+    // What it tells behind the name. Without a description the toolkit gives the tool tip with its mark-up.
     QString tip = ShownToQt(control_.ToolTip);
-    if (tip.startsWith(name)) tip = tip.mid(name.size()).trimmed();
-    if (name.contains(tip)) tip.clear();
+    if (tip.startsWith(name) && tip.size() > name.size()) tip = tip.mid(name.size()).trimmed();
     const auto call = [&](QWidget& widget) {
         if (widget.accessibleName().isNull() || widget.accessibleName() != name)
             widget.setAccessibleName(name.isEmpty() ? QStringLiteral("") : name);

@@ -77,7 +77,7 @@ class Walk:
     def line(thing, role, name, states):
         text = f"{role} “{name}”" if name else role
         about = thing.get_description().replace("\n", " ").strip()
-        if about and about != name:
+        if about and about != name and role != "application":
             text += f" ({about})"
         shown = [word for state, word in STATES.items() if states.contains(state)]
         if not states.contains(Atspi.StateType.ENABLED) and role not in NAMELESS:

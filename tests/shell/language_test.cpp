@@ -55,7 +55,10 @@ protected:
     std::string AllTexts() const {
         std::string all;
         for (const Control* control : AllControls()) {
-            all += control->Name() + "|" + control->ToolTip.Get() + "|" + control->AccessibleName.Get() + "|";
+            // The tool tip of the arrows tells the scale in force.
+            const bool tells = control->Kind() == ControlKind::UpDown;
+            all += control->Name() + "|" + (tells ? std::string() : control->ToolTip.Get()) + "|" +
+                   control->AccessibleName.Get() + "|";
             all += CaptionAs<CommandButton, Label, Menu, Frame, CheckBox, OptionButton, Form>(*control);
             if (const auto* list = dynamic_cast<const ListBox*>(control)) {
                 for (const std::string& entry : list->Entries()) all += entry + "|";
