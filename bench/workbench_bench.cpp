@@ -51,18 +51,18 @@ struct Loaded {
 
 void CheckPass210(benchmark::State& state) {
     Loaded loaded(ProgramText(machines[state.range(0)], 210));
-    if (!(loaded.Bench->Results.lblPPLinesExe.Caption == "210"))
+    if (!(loaded.Workbench->Results.lblPPLinesExe.Caption == "210"))
         state.SkipWithError("not every line has run");
-    for (auto _ : state) loaded.Bench->Interpreter.Interpreter();
+    for (auto _ : state) loaded.Workbench->Interpreter.Interpreter();
     state.SetLabel(machines[state.range(0)]);
 }
 BENCHMARK(CheckPass210)->DenseRange(0, 2)->Unit(benchmark::kMicrosecond);
 
 void CheckPassGrowth(benchmark::State& state) {
     Loaded loaded(ProgramText("MK4", static_cast<int>(state.range(0))));
-    loaded.Bench->Store.DisableLimitsCheck = true;
-    loaded.Bench->Store.LimitValues.Fill(true);
-    for (auto _ : state) loaded.Bench->Interpreter.Interpreter();
+    loaded.Workbench->Store.DisableLimitsCheck = true;
+    loaded.Workbench->Store.LimitValues.Fill(true);
+    for (auto _ : state) loaded.Workbench->Interpreter.Interpreter();
 }
 BENCHMARK(CheckPassGrowth)->Arg(200)->Arg(2000)->Arg(20000)->Unit(benchmark::kMicrosecond);
 
@@ -70,7 +70,7 @@ BENCHMARK(CheckPassGrowth)->Arg(200)->Arg(2000)->Arg(20000)->Unit(benchmark::kMi
 // short texts.
 void Yardstick210(benchmark::State& state) {
     Loaded loaded(ProgramText("MK4", 210));
-    ListView& list = loaded.Bench->Store.lvCncProgram;
+    ListView& list = loaded.Workbench->Store.lvCncProgram;
     for (auto _ : state) {
         for (int i = 1; i <= 210; ++i) {
             ListRow& row = list.Row(i);
@@ -106,7 +106,7 @@ BENCHMARK(Load210)->DenseRange(0, 2)->Unit(benchmark::kMicrosecond);
 // A step back and forward, of one line and of all of them; the check is part of each.
 void Undo210(benchmark::State& state) {
     Loaded loaded(ProgramText("MK4", 209));
-    Workbench& bench = *loaded.Bench;
+    Workbench& bench = *loaded.Workbench;
     bench.History.Start();
     const bool all = state.range(0) != 0;
     if (all) {
@@ -128,7 +128,7 @@ BENCHMARK(Undo210)->DenseRange(0, 1)->Unit(benchmark::kMicrosecond);
 // A line that is inserted, with what its step costs.
 void Insert209(benchmark::State& state) {
     Loaded loaded(ProgramText("MK4", 209));
-    Workbench& bench = *loaded.Bench;
+    Workbench& bench = *loaded.Workbench;
     bench.Store.DisableLimitsCheck = true;
     bench.History.Start();
     for (auto _ : state) {
@@ -141,7 +141,7 @@ BENCHMARK(Insert209)->Unit(benchmark::kMicrosecond);
 
 void Write210(benchmark::State& state) {
     Loaded loaded(ProgramText(machines[state.range(0)], 210));
-    for (auto _ : state) benchmark::DoNotOptimize(loaded.Bench->Writer.GenerateAll());
+    for (auto _ : state) benchmark::DoNotOptimize(loaded.Workbench->Writer.GenerateAll());
     state.SetLabel(machines[state.range(0)]);
 }
 BENCHMARK(Write210)->DenseRange(0, 2)->Unit(benchmark::kMicrosecond);
@@ -167,7 +167,7 @@ BENCHMARK(CheckJson210)->Unit(benchmark::kMicrosecond);
 // One full Redraw, grid and zero point with it, as every edit asks for it.
 void Draw(benchmark::State& state, const char* machine, int lines) {
     Loaded loaded(ProgramText(machine, lines));
-    DrawWindow& draw = loaded.Bench->Draw;
+    DrawWindow& draw = loaded.Workbench->Draw;
     draw.Show();
     for (auto _ : state) draw.Redraw();
     state.SetLabel(std::string(machine) + ", " +

@@ -14,6 +14,7 @@ import sys
 BUDGET = {
     "CheckPass210": 60,
     "Load210": 120,
+    "Undo210/0": 2000,
     "Write210": 200,
     "Draw210": 200,
     "DrawGrowth/20000": 200_000,
@@ -35,14 +36,14 @@ def measured(program, seconds):
 
 def row(what, value, budget, unit="us"):
     share = f"{100 * value / budget:4.0f} %" if budget else ""
-    print(f"{what:28} {value:12.1f} {unit:5} {f'{budget:12.0f}' if budget else '':12} {share:>7}")
+    print(f"{what:36} {value:12.1f} {unit:5} {f'{budget:12.0f}' if budget else '':12} {share:>7}")
 
 
 def main():
     if len(sys.argv) not in (2, 3):
         sys.exit(__doc__.split("\n\n")[1])
     times = measured(sys.argv[1], sys.argv[2] if len(sys.argv) == 3 else "0.1")
-    print(f"{'what':28} {'measured':>12} {'':5} {'budget':>12} {'of it':>7}")
+    print(f"{'what':36} {'measured':>12} {'':5} {'budget':>12} {'of it':>7}")
     for (name, label), time in times.items():
         row(f"{name} {label}".strip(), time, BUDGET.get(name, BUDGET.get(name.split("/")[0])))
     by_name = {name: time for (name, _), time in times.items()}

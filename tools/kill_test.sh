@@ -27,13 +27,24 @@ show state.programChanged
 show state.errorFlagged
 END
 
+# Waits until a program under test has left a first trace, a file with something in it below a folder; a busy machine
+# takes its time.
+begun() {
+    for _ in $(seq 1000); do
+        [ -z "$(find "$1" -name "$2" -size +0)" ] || return 0
+        sleep 0.01
+    done
+}
+
 lost=0
 caught=0
 for run in $(seq 1 "$times"); do
     data=$scratch/data$run
     mkdir "$data"
+    : > "$scratch/typed"
     stdbuf -oL "$kvtc" script --data "$data" "$scratch/typing.kvts" > "$scratch/typed" 2> /dev/null &
     typist=$!
+    begun "$scratch" typed
     sleep "0.$(printf '%03d' $((RANDOM % 400)))"
     kill -9 "$typist" 2> /dev/null || true
     wait "$typist" 2> /dev/null || true
@@ -77,7 +88,8 @@ for run in $(seq 1 "$times"); do
     mkdir "$data"
     "$kvtc" script --data "$data" "$scratch/working.kvts" > /dev/null 2>&1 &
     worker=$!
-    sleep "0.$(printf '%03d' $((100 + RANDOM % 700)))"
+    begun "$data" stood_received_1_
+    sleep "0.$(printf '%03d' $((RANDOM % 700)))"
     kill -9 "$worker" 2> /dev/null || true
     wait "$worker" 2> /dev/null || true
     while read -r name; do

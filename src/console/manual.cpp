@@ -119,7 +119,7 @@ std::string ManualPage(const ProgramUsage& usage) {
     for (const auto& [heading, body] : usage.Sections) page += Section(heading, Paragraphs(body));
     std::string others;
     for (const char* other : {"kvt", "kvtc", "iso2emco"}) {
-        if (usage.Name != other) others += (others.empty() ? ".BR " : ".BR ") + std::string(other) + " (1)\n";
+        if (usage.Name != other) others += ".BR " + std::string(other) + " (1)\n";
     }
     return page + Section("SEE ALSO", others);
 }

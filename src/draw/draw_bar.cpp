@@ -109,6 +109,8 @@ void DrawBar::ShowState() {
     cboBarSim.Enabled = free;
     cboBarSim.ListIndex = sim_.CheckedSim();
     lblBarHint.Caption = parts_.Language.DrawErrorTexts(Hint());
+    // A narrow window cuts it.
+    lblBarHint.ToolTip = lblBarHint.Caption;
 }
 
 DrawErrorText DrawBar::Hint() const {

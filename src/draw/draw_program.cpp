@@ -5,7 +5,6 @@
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
-#include "draw/ink.h"
 #include "interpreter/control_commands.h"
 #include "program/workbench_calls.h"
 
@@ -14,24 +13,6 @@ namespace kvt {
 namespace {
 
 constexpr const char* drawProgramName = "DrawProgram";
-
-struct NamedColor {
-    const char* Name;
-    Color Value;
-};
-
-constexpr NamedColor namedColors[] = {
-    {"Black", ink::Black},     {"Blue", ink::Blue}, {"Cyan", ink::Cyan},   {"Green", ink::Green},
-    {"Magenta", ink::Magenta}, {"Red", ink::Red},   {"White", ink::White}, {"Yellow", ink::Yellow},
-};
-
-// An unknown name is black.
-Color ColorNamed(std::string_view name) {
-    for (const NamedColor& color : namedColors) {
-        if (EqualIgnoringCase(name, color.Name)) return color.Value;
-    }
-    return ink::Black;
-}
 
 constexpr int intervalOfCommand[] = {0, 100, 500, 1000};
 
@@ -214,7 +195,9 @@ DrawProgram::Next DrawProgram::Command(std::string_view comment) {
         case ControlCommand::None: return Next::DrawLine;
         case ControlCommand::Skip: return Next::EndOfLine;
         case ControlCommand::Stop: return Next::LeaveProgram;
-        case ControlCommand::Colour: colorOverride_ = static_cast<std::int32_t>(ColorNamed(argument)); break;
+        case ControlCommand::Colour:
+            colorOverride_ = static_cast<std::int32_t>(ColorNamed(argument, controls_));
+            break;
         case ControlCommand::Interval: state_.Interval = IntervalOf(argument); break;
         case ControlCommand::NoRadius: state_.NoRadiusLine = true; break;
         case ControlCommand::Radius: state_.ForceRadiusLine = true; break;

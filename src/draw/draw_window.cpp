@@ -179,6 +179,7 @@ void DrawWindow::DrawWhatIsAsked() {
         // A window closed and shown again during the walk has asked for another Redraw.
         givenUp_ = Controls.frmDraw.Visible && !redrawAsked_;
     }
+    State.WaitsToLeaveOut = 0;
 }
 
 void DrawWindow::AfterWalk(std::function<void()> then) {

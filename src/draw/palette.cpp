@@ -1,5 +1,8 @@
 #include "draw/palette.h"
 
+#include <optional>
+
+#include "basic/text.h"
 #include "draw/ink.h"
 
 namespace kvt {
@@ -24,6 +27,23 @@ constexpr InkRow inkRows[] = {
     {Ink::Lit, 0x00AAFF, 0x0070E0, 0x00AAFF, 0x0070E0},
 };
 
+struct NamedColor {
+    const char* Name;
+    Color Value;
+    std::optional<Ink> Distinct;
+};
+
+constexpr NamedColor namedColors[] = {
+    {"Black", ink::Black, {}},
+    {"Blue", ink::Blue, Ink::Feed},
+    {"Cyan", ink::Cyan, Ink::ArcG03},
+    {"Green", ink::Green, Ink::Rapid},
+    {"Magenta", ink::Magenta, Ink::ArcG02},
+    {"Red", ink::Red, Ink::Cycle},
+    {"White", ink::White, {}},
+    {"Yellow", ink::Yellow, Ink::Thread},
+};
+
 }  // namespace
 
 std::span<const InkRow> InkRows() { return inkRows; }
@@ -36,6 +56,15 @@ Color InkOf(Ink ink, bool white, bool distinct) {
 
 Color InkOf(Ink ink, const DrawControls& controls) {
     return InkOf(ink, controls.mnuBackground.Checked, controls.mnuDistinctColors.Checked);
+}
+
+Color ColorNamed(std::string_view name, const DrawControls& controls) {
+    for (const NamedColor& color : namedColors) {
+        if (!EqualIgnoringCase(name, color.Name)) continue;
+        const bool distinct = controls.mnuDistinctColors.Checked && color.Distinct;
+        return distinct ? InkOf(*color.Distinct, controls) : color.Value;
+    }
+    return ink::Black;
 }
 
 }  // namespace kvt

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string_view>
 
 #include "draw/draw_controls.h"
 
@@ -37,5 +38,8 @@ std::span<const InkRow> InkRows();
 Color InkOf(Ink ink, bool white, bool distinct);
 // As the View menu has it.
 Color InkOf(Ink ink, const DrawControls& controls);
+// A colour by its word in a comment, any case; black for an unknown one. Among the distinct colours it is the one that
+// comes nearest.
+Color ColorNamed(std::string_view name, const DrawControls& controls);
 
 }  // namespace kvt

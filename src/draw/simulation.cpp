@@ -1,5 +1,7 @@
 #include "draw/simulation.h"
 
+#include <limits>
+
 #include "basic/stack_guard.h"
 #include "program/workbench_calls.h"
 
@@ -99,6 +101,8 @@ void Simulation::EndWalk() {
     state_.PressStep();
     state_.EndClickWait();
     controls_.Timer1.Enabled = false;
+    // A drawing that was requested meanwhile is not to begin the waits again.
+    state_.WaitsToLeaveOut = std::numeric_limits<int>::max();
 }
 
 void Simulation::cmdRun_Click() { mnuSim_Click(simulation::Run); }

@@ -122,7 +122,7 @@ constexpr TextsOf<DrawErrorText>::Default drawErrorDefaults[] = {
     {text::StrokeOfLine, "Line %1: %2, ends at %3"},
     {text::MeasureEnd, "Measuring: click the second point. Esc ends."},
     {text::MeasureDone, "Measuring: change the fields, or click to end. Esc ends."},
-    {text::MouseDoes, "Click: measure. Double click: fit. Wheel: zoom. Middle button: move."},
+    {text::MouseDoes, "Click: measure. Twice: fit. Wheel: zoom. Middle button: move."},
     {text::WaitsForStep, "Step: press Enter or click Step for the next line. Esc ends."},
     {text::WaitsForClick, "The program waits: click the drawing or press Enter to go on. Esc ends."},
     {text::DrawsSlowly, "Drawing line by line: Run draws the rest at once. Esc ends."},

@@ -124,5 +124,16 @@ TEST_F(StrokesTest, TheMillsHolesAndPlungesAreMarkedWhereItIsWanted) {
               "L 1000,1000 990,1000 FF0000|L 990,1000 890,1000 FF0000 w2|L 890,1000 990,1000 FF0000 w2");
 }
 
+TEST_F(StrokesTest, ColoursByTheirWordComeFromTheSetInUse) {
+    Controls().mnuDistinctColors.Checked = true;
+    Put("MK4", "91; 01 X0 Z-10 F50; 01 X0 Z-10 F50; M30");
+    Comment(1, "cmdCOLOR red");
+    Comment(2, "cmdCOLOR White");
+    State().ZeroX = 1000;
+    State().ZeroY = 1000;
+    Draw().Redraw();
+    EXPECT_EQ(Path(), "L 1000,1000 990,1000 001EFF|L 990,1000 980,1000 FFFFFF");
+}
+
 }  // namespace
 }  // namespace kvt::test

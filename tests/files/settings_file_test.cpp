@@ -24,7 +24,8 @@ TEST(SettingsFileTest, ABadValueCostsItselfOrWhatFollows) {
         ";KVT 1.0.0 DRAW SETTINGS user file\r\n\r\n;Checks Draw Mode\r\nRadii=False\r\nToolWidth=kept\r\n"
         "ToolCenter=True\r\nFillCycles=False\r\nProgram=False\r\nGrid=False\r\nBackground=False\r\n"
         "AutoRedraw=True\r\n\r\n;Windows Parameters HLTW\r\nDrawWindow=9999, 9999, 9999, 9999\r\n"
-        "ProgramWindow=3000, 0, 0, 11790, Inactive\r\nBeside=False\r\n\r\n;Colors and marks\r\nLegend=True\r\n"
+        "ProgramWindow=3000, 0, 0, 11790, Inactive\r\nBeside=False\r\n\r\n;Colors and "
+        "marks\r\nLegend=True\r\n"
         "DistinctColors=False\r\nHoleMarks=False\r\n");
     const std::string stopped = read(SettingsFile::BadValue::EndsTheReading);
     EXPECT_NE(stopped.find("Radii=False\r\nToolWidth=True\r\n"), std::string::npos);

@@ -51,8 +51,7 @@ TEST(KeyboardTest, PagesThatLieOverTheRestKeepTheTabKey) {
     MemoryPlatform platform;
     KeyForm keys(platform.Services);
     keys.tabPages.KeepsTab = true;
-    for (const char* sequence :
-         {">txtFirst Tab", ">txtA Tab", ">tabPages Tab Tab", ">lvRows Shift+Tab"}) {
+    for (const char* sequence : {">txtFirst Tab", ">txtA Tab", ">tabPages Tab Tab", ">lvRows Shift+Tab"}) {
         keys.Reset();
         PressAll(keys, platform.System, sequence);
         EXPECT_EQ(keys.Summary(), "tabPages 0 ") << sequence;

@@ -41,7 +41,10 @@ protected:
         for (int row = 1; row <= list.Count(); ++row) {
             for (int c = column::Number; c <= column::Comment; ++c)
                 text += std::string(list.Row(row)[c].View()) + "|";
-            text += std::to_string(list.Row(row).ForeColor) + "\n";
+            // One that has not run has the colour of whenever it did.
+            const bool ran =
+                list.Row(row)[column::ToolX].View().find_first_of("?x") == std::string_view::npos;
+            text += (ran ? std::to_string(list.Row(row).ForeColor) : "") + "\n";
         }
         if (!store.ErrorFlagged) text += Workbench->Results.lblXAxisTravel.Caption.Get();
         state.File = Called();
@@ -49,7 +52,7 @@ protected:
         return state;
     }
 
-    // Where an operation runs no check, the next step does.
+    // What a check has written, the next one may judge: a step ends with one that finds nothing new.
     void CheckAgain() {
         ListView& list = Workbench->Store.lvCncProgram;
         const int selected = list.SelectedRow();
@@ -117,6 +120,16 @@ protected:
         for (State& state : before_) state.Changed = state.Changed || state.File.starts_with(path);
     }
 
+    static StepKind KindOf(int what) {
+        switch (what) {
+            case 6: return StepKind::New;
+            case 7: return StepKind::Opened;
+            case 8: return StepKind::Clipboard;
+            case 10: return StepKind::Machine;
+            default: return StepKind::LineChanged;
+        }
+    }
+
     void Act(int what) {
         switch (what) {
             case 0: return Click("RCmnuInsert");
@@ -127,7 +140,7 @@ protected:
             case 5:
                 Workbench->File.txtFileNotes.Text = "notes " + std::to_string(Random(99));
                 Workbench->Store.ProgramChanged = true;
-                return Workbench->History.TakeNotes();
+                return;
             case 6: return Click("mnuNew");
             case 7: return OpenOne();
             case 8: return Paste();
@@ -144,17 +157,24 @@ protected:
     // One step more, on any row.
     void Go() {
         ListView& list = Workbench->Store.lvCncProgram;
+        const int selected = list.SelectedRow(), top = list.TopRow();
         list.Select(Random(2) == 0 ? list.Count() : Random(list.Count() - 1) + 1);
         list.EnsureVisible(list.SelectedRow());
-        const int selected = list.SelectedRow(), top = list.TopRow();
         const int steps = Workbench->History.Steps();
+        CheckAgain();
+        const PassBeginning pass = Workbench->Store.LastPass;
         before_.push_back(Now());
         Platform.Dialogs.Answers = {Answer::Yes};
         const int what = Random(30);
         replaced_.push_back(false);
-        Act(what);
+        if (what == 11) {
+            Act(what);
+        } else {
+            const EditStep step(Workbench->Calls, {KindOf(what)});
+            Act(what);
+            CheckAgain();
+        }
         Platform.Dialogs.Answers.clear();
-        CheckAgain();
         const int more = Workbench->History.Steps() - steps;
         ASSERT_TRUE(more == 0 || more == 1) << what;
         replaced_.back() = more > 0 && ReplacesProgram(Workbench->History.ToUndo()->Kind);
@@ -163,6 +183,8 @@ protected:
         // Where nothing was done nothing was left.
         list.Select(std::min(selected, list.Count()));
         list.ScrollTo(std::min(top, list.Count()));
+        Workbench->Store.LastPass = pass;
+        CheckAgain();
     }
 
     void Forget(int steps) {
