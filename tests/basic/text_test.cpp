@@ -90,9 +90,8 @@ TEST(CodePageTest, CharactersGoBothWays) {
     for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);
     EXPECT_EQ(FromUtf8(ToUtf8(all)), all);
     // What has no byte, and what is no character.
-    for (const char* line : {"aΩb|a?b", "\U0001F600|?", "\u0080|?", "a\xE4z|a?z", "\xBFz|?z", "z\xC3|z?"}) {
+    for (const char* line : {"aΩb|a?b", "\U0001F600|?", "\u0080|?", "a\xE4z|a?z", "\xBFz|?z", "z\xC3|z?"})
         EXPECT_EQ(FromUtf8(Fields(line)[0]), Fields(line)[1]) << line;
-    }
 }
 
 }  // namespace kvt::test

@@ -4,8 +4,10 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "basic/text.h"
 #include "console/commands.h"
 #include "console/state.h"
+#include "support/table.h"
 #include "support/workbench_fixture.h"
 
 namespace kvt::test {
@@ -32,10 +34,6 @@ protected:
         Errors = testing::internal::GetCapturedStderr();
         return result;
     }
-    std::string Put(const std::string& name, const std::string& text) {
-        Platform.Files.WriteWhole(Path(name), text);
-        return Path(name);
-    }
     // The n-th line of the output as JSON.
     void Parse(rapidjson::Document& state, std::size_t line = 0) {
         const std::vector<std::string> lines = LinesOf(Out);
@@ -60,60 +58,37 @@ protected:
 TEST_F(ConsoleTest, TheWorstFileGivesTheStatus) {
     const std::string well = Put("well.cnc", good);
     const std::string wrong = Put("wrong.cnc", bad);
-    const std::string strange = Put("strange.cnc", "%");
-    const std::string module = Put("module.txt", "[Kestrel Vise Toolkit, Language Resource]\r\n");
+    Put("strange.cnc", "%");
+    Put("module.txt", "[Kestrel Vise Toolkit, Language Resource]\r\n");
     const std::string picture = Put("p.svg", good);
-    const std::string link = Path("link"), own = Path("own");
-    std::filesystem::create_symlink("p.svg", link);
-    std::filesystem::create_symlink("well.cnc", own);
+    std::filesystem::create_symlink("p.svg", Path("link"));
+    std::filesystem::create_symlink("well.cnc", Path("own"));
     std::filesystem::create_hard_link(picture, Path("hard.svg"));
-    const struct {
-        std::vector<std::string> Words;
-        int Status;
-        std::size_t Complaints;
-    } cases[] = {
-        {{"check", well}, 0, 0},
-        {{"check", well, wrong, well}, 1, 0},
-        {{"check", wrong, strange, well}, 2, 1},
-        {{"check", Path("missing"), Folder, module, strange}, 2, 4},
-        {{"check", "--json", well, wrong}, 1, 0},
-        {{"check", "--json", Path("missing"), wrong}, 2, 1},
-        {{"format", wrong, "-o", Path("out1")}, 1, 0},
-        {{"format", well, "-o", Path("out2")}, 0, 0},
-        {{"format", strange, "-o", Path("out3")}, 2, 1},
-        {{"format", well, "-o", Folder}, 2, 1},
-        {{"format", well, "-o", Path("none/out")}, 2, 1},
-        {{"format", well, "-o", ""}, 2, 1},
-        {{}, 2, 1},
-        {{"check"}, 2, 1},
-        {{"forge", well}, 2, 1},
-        {{"check", "--strange", well}, 2, 1},
-        {{"format", well}, 2, 1},
-        {{"format", well, wrong, "-o", Path("out4")}, 2, 1},
-        {{"format", well, "-o", link}, 2, 1},
-        {{"format", well, "-o", own}, 0, 0},
-        {{"format", own, "-o", own}, 0, 0},
-        {{"language", "-o", link}, 2, 1},
-        {{"draw", picture, "-o", picture}, 2, 1},
-        {{"draw", picture, "-o", Path("hard.svg")}, 2, 1},
-        {{"receive", link, "--port", "/dev/null"}, 2, 1},
-        {{"machine", "--receive", Path("none/out")}, 2, 1},
-        {{"machine", "--send", well, "--receive", well}, 2, 1},
-        {{"machine", "--drop-after", "-7"}, 2, 1},
-        {{"receive", Path("out5"), "--port", "/dev/null", "--idle", "-1"}, 2, 1},
-        {{"check", "--", strange + "\n\x1B[1m"}, 2, 1},
-        {{"--help"}, 0, 0},
-        {{"--version"}, 0, 0},
-    };
-    for (const auto& one : cases) {
-        std::string call;
-        for (const std::string& word : one.Words) call += word + " ";
-        EXPECT_EQ(Run(one.Words), one.Status) << call;
-        EXPECT_EQ(LinesOf(Errors).size(), one.Complaints) << call << Errors;
+    // What is called, "@" for the folder; the status, and how many complaints there are.
+    const std::string_view cases =
+        "check @/well.cnc|0|0; check @/well.cnc @/wrong.cnc @/well.cnc|1|0; "
+        "check @/wrong.cnc @/strange.cnc @/well.cnc|2|1; check @/missing @ @/module.txt @/strange.cnc|2|4; "
+        "check --json @/well.cnc @/wrong.cnc|1|0; check --json @/missing @/wrong.cnc|2|1; "
+        "format @/wrong.cnc -o @/out1|1|0; format @/well.cnc -o @/out2|0|0; "
+        "format @/strange.cnc -o @/out3|2|1; format @/well.cnc -o @|2|1; "
+        "format @/well.cnc -o @/none/out|2|1; format @/well.cnc -o |2|1; |2|1; check|2|1; "
+        "forge @/well.cnc|2|1; check --strange @/well.cnc|2|1; format @/well.cnc|2|1; "
+        "format @/well.cnc @/wrong.cnc -o @/out4|2|1; format @/well.cnc -o @/link|2|1; "
+        "format @/well.cnc -o @/own|0|0; format @/own -o @/own|0|0; language -o @/link|2|1; "
+        "draw @/p.svg -o @/p.svg|2|1; draw @/p.svg -o @/hard.svg|2|1; receive @/link --port /dev/null|2|1; "
+        "machine --receive @/none/out|2|1; machine --send @/well.cnc --receive @/well.cnc|2|1; "
+        "machine --drop-after -7|2|1; receive @/out5 --port /dev/null --idle -1|2|1; "
+        "check -- @/strange.cnc\n\x1B[1m|2|1; --help|0|0; --version|0|0";
+    for (const std::string_view line : Split(cases, "; ")) {
+        const auto one = Fields(line);
+        const std::string call = Replace(one[0], "@", Folder);
+        const auto words = Split(call, " ");
+        EXPECT_EQ(Run({words.begin(), words.end()}), std::stoi(one[1])) << call;
+        EXPECT_EQ(LinesOf(Errors).size(), std::stoul(one[2])) << call << Errors;
     }
     EXPECT_FALSE(Platform.Files.Exists(Path("out3")));
     EXPECT_EQ(FileContent("p.svg"), good);
-    EXPECT_TRUE(std::filesystem::is_symlink(own));
+    EXPECT_TRUE(std::filesystem::is_symlink(Path("own")));
     // What cannot be read is named, and the files around it are still listed.
     EXPECT_EQ(Run({"check", well, Path("missing"), wrong}), 2);
     EXPECT_NE(Errors.find(Path("missing")), std::string::npos);
@@ -124,19 +99,10 @@ TEST_F(ConsoleTest, TheWorstFileGivesTheStatus) {
 TEST_F(ConsoleTest, TheListingShowsNotesAndTextsInUtf8) {
     // Long notes are no text that stands in place.
     std::string notes;
-    for (int i = 0; i < 50; ++i)
-        notes += "Zeile " + std::to_string(i) +
-                 " gr\xFC\xDF"
-                 "e\r\n";
+    for (int i = 0; i < 50; ++i) notes += "Zeile " + std::to_string(i) + " gr\xFC\337e\r\n";
     EXPECT_EQ(Run({"check", Put("well.cnc", notes + good)}), 0);
-    EXPECT_NE(Out.find("\n  Zeile 0 gr\xC3\xBC\xC3\x9F"
-                       "e\n  Zeile 1 gr"),
-              std::string::npos)
-        << Out;
-    EXPECT_NE(Out.find("\n  Zeile 49 gr\xC3\xBC\xC3\x9F"
-                       "e\n  note \xC3\x9F\n"),
-              std::string::npos)
-        << Out;
+    EXPECT_NE(Out.find("\n  Zeile 0 gr\xC3\xBC\xC3\237e\n  Zeile 1 gr"), std::string::npos) << Out;
+    EXPECT_NE(Out.find("\n  Zeile 49 gr\xC3\xBC\xC3\237e\n  note \xC3\x9F\n"), std::string::npos) << Out;
     EXPECT_NE(Out.find("Bezug \xC3\xA4\xC3\xB6\xC3\xBC \xE2\x82\xAC"), std::string::npos) << Out;
     EXPECT_TRUE(Out.ends_with("\nNo errors.\n")) << Out;
     // A terminal takes no orders from a file.
@@ -184,9 +150,8 @@ TEST_F(ConsoleTest, TheStateTellsMessagesAndLog) {
 }
 
 TEST_F(ConsoleTest, NamesGoThroughAsTheyWereGiven) {
-    for (const std::string name : {"Gr\xC3\xB6\xC3\x9F"
-                                   "e \xE2\x82\xAC.cnc",
-                                   "\xC5\x82\xF0\x9F\x98\x80.cnc", "'q' \"q\".cnc", "check", "a=b"}) {
+    for (const std::string name : {"Gr\xC3\xB6\xC3\237e \xE2\x82\xAC.cnc", "\xC5\x82\xF0\x9F\x98\x80.cnc",
+                                   "'q' \"q\".cnc", "check", "a=b"}) {
         const std::string file = Path(name);
         std::FILE* out = std::fopen(file.c_str(), "wb");
         std::fwrite(good.data(), 1, good.size(), out);

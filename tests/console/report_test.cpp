@@ -21,10 +21,6 @@ constexpr const char* hostileNotes = "</p><script>alert(2)</script>";
 
 class ReportTest : public WorkbenchFixture {
 protected:
-    std::string Put(const std::string& name, const std::string& text) {
-        Platform.Files.WriteWhole(Path(name), text);
-        return Path(name);
-    }
     static std::size_t Count(const std::string& text, const std::string& part) {
         std::size_t count = 0;
         for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;

@@ -12,19 +12,13 @@
 #include "basic/text.h"
 #include "console/played_machine.h"
 #include "console/serial_commands.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-std::vector<std::string> Samples() {
-    std::vector<std::string> files;
-    for (const auto& entry : fs::directory_iterator(KVT_SOURCE_DIR "/samples"))
-        if (entry.path().extension() == ".cnc") files.push_back(entry.path().string());
-    return files;
-}
 
 // The lines that go over the wire, by the plain rule.
 std::string Expected(const std::string& file, bool filter) {
@@ -57,7 +51,7 @@ TEST(SerialTest, EverySampleCrossesAPseudoTerminalByteForByte) {
     constexpr const char* settings[] = {"110,N,8,1",  "300,N,8,1",  "600,N,8,1", "1200,N,8,2",
                                         "2400,N,8,1", "4800,N,8,1", "9600,N,8,1"};
     std::size_t next = 0;
-    for (const std::string& sample : Samples()) {
+    for (const std::string& sample : SampleFiles()) {
         for (const bool filter : {true, false}) {
             const PseudoTerminal terminal;
             SerialWorkbench workbench(terminal.Path(), settings[next++ % std::size(settings)], speedUp);
@@ -117,15 +111,13 @@ TEST(SerialTest, ThePlayedMachineTakesUpToTheUnitsMarkAndCanDrop) {
     received.clear();
     EXPECT_EQ(PlayedMachine(line).Receive(received), TransferEnd::CutOff);
 
-    struct Case {
-        const char* Line;
-        bool InProgram, Ends;
-    };
-    for (const Case& one : {Case{"   M", true, true}, Case{"   \"I", true, true}, Case{"M-", false, true},
-                            Case{"    00M30", true, false}, Case{"MM", true, false}, Case{"", true, false},
-                            Case{"    00 00  1000    100          Mill", true, true},
-                            Case{"a note of more than thirty letters M", false, false}})
-        EXPECT_EQ(EndsReception(one.Line, one.InProgram), one.Ends) << one.Line;
+    using Case = std::tuple<const char*, bool, bool>;
+    for (const auto& [text, inProgram, ends] :
+         {Case{"   M", true, true}, Case{"   \"I", true, true}, Case{"M-", false, true},
+          Case{"    00M30", true, false}, Case{"MM", true, false}, Case{"", true, false},
+          Case{"    00 00  1000    100          Mill", true, true},
+          Case{"a note of more than thirty letters M", false, false}})
+        EXPECT_EQ(EndsReception(text, inProgram), ends) << text;
 }
 
 TEST(SerialTest, ADeviceThatTakesNothingEndsTheSending) {

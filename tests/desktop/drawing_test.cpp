@@ -4,8 +4,6 @@
 #include <QElapsedTimer>
 #include <QMainWindow>
 #include <QMouseEvent>
-#include <QTemporaryDir>
-#include <QTimer>
 #include <QWheelEvent>
 #include <algorithm>
 #include <ctime>
@@ -14,22 +12,18 @@
 #include "basic/number.h"
 #include "desktop/text.h"
 #include "platform/picture_painter.h"
-#include "shell/workbench.h"
-#include "test_window.h"
+#include "test_workbench.h"
 
 namespace kvt::test {
 namespace {
 
 // The drawing of a sample in its real window.
-class DesktopDrawing : public ::testing::Test {
+class DesktopDrawing : public DesktopWorkbench {
 protected:
     void Open(const std::string& sample) {
-        qputenv("XDG_DATA_HOME", data_.path().toLocal8Bit());
-        workbench.Form_Load("");
+        DesktopWorkbench::Open("");
         std::string file = KVT_SOURCE_DIR "/samples/" + sample;
         workbench.Reader.LoadFile(file);
-        for (Form* form : workbench.Forms())
-            windows.push_back(std::make_unique<FormView>(platform.Desktop, *form));
         workbench.Draw.Show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&Window()));
         QTest::qWait(100);
@@ -37,13 +31,6 @@ protected:
     QMainWindow& Window() { return windows[1]->Window(); }
     DrawControls& Controls() { return workbench.Draw.Controls; }
     QWidget* Field() { return View::Of(Controls().pbxDrawField)->Widget(); }
-
-    QTemporaryDir data_;
-    DiskFiles files;
-    SystemPrograms programs;
-    DesktopPlatform platform{files, programs, 1};
-    Workbench workbench{platform.Services};
-    std::vector<std::unique_ptr<FormView>> windows;
 };
 
 // The share of a processor that this program has taken since a moment.

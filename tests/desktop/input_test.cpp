@@ -46,9 +46,7 @@ TEST_F(DesktopInput, CharactersOfTheCodePagePassAndOthersAreDropped) {
     composed.setCommitString(u"e\u0301-\u03A92"_s);
     QCoreApplication::sendEvent(Keyboard(), &composed);
     EXPECT_EQ(offered, "\xE9-2");
-    EXPECT_EQ(txtB.Text.Get(),
-              "\xE4\x80\x8A\xE9"
-              "2");
+    EXPECT_EQ(txtB.Text.Get(), "\xE4\x80\x8A\3512");
 }
 
 TEST_F(DesktopInput, WhatIsPastedIsCutToWhatAFieldHolds) {
@@ -94,9 +92,7 @@ TEST_F(DesktopInput, WhatIsPastedIsCutToWhatAFieldHolds) {
     form.OnDropFile = [&](const std::string& path) { file = path; };
     dropped.setUrls({QUrl::fromLocalFile(u"/tmp/Gr\u00F6\u00DFe.cnc"_s)});
     drop(txtA);
-    EXPECT_EQ(file,
-              "/tmp/Gr\xF6\xDF"
-              "e.cnc");
+    EXPECT_EQ(file, "/tmp/Gr\xF6\337e.cnc");
     EXPECT_EQ(txtA.Text.Get(), "55");
 }
 

@@ -33,9 +33,7 @@ protected:
     WindowTest() {
         form.Width = 600 * 15;
         form.Height = 400 * 15;
-        form.Caption =
-            "Gr\xF6\xDF"
-            "e";
+        form.Caption = "Gr\xF6\337e";
         Placed(txtA, 10, 10, 100, 24, 0);
         Placed(txtB, 120, 10, 100, 24, 1);
         Placed(frGroup, 230, 5, 200, 120);

@@ -199,10 +199,7 @@ TEST_F(DesktopWindow, MessageBoxesAskUntilTheyAreAnswered) {
         });
     };
     whenShown(QMessageBox::Yes);
-    EXPECT_EQ(dialogs.ShowMessage(Question("<b>Save</b> Gr\xF6\xDF"
-                                           "e?",
-                                           "Continue?")),
-              Answer::Yes);
+    EXPECT_EQ(dialogs.ShowMessage(Question("<b>Save</b> Gr\xF6\337e?", "Continue?")), Answer::Yes);
     EXPECT_EQ(title, "Continue?");
     EXPECT_EQ(text, u"<b>Save</b> Gr\u00F6\u00DFe?"_s);
     EXPECT_FALSE(escaped);

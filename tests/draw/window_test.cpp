@@ -20,13 +20,8 @@ TEST_F(DrawTest, AStrokeIsInSightWhereItsLineIs) {
     Controls().pbxViewWindow.Height = 1000;
     Field().Left = -1000;
     Field().Top = -1000;
-    struct Sight {
-        const char* What;
-        std::function<void()> Draw;
-        bool Shown;
-    };
     PictureBox& field = Field();
-    const Sight cases[] = {
+    const std::tuple<const char*, std::function<void()>, bool> cases[] = {
         {"across", [&] { field.Line(0, 1500, 9000, 1500); }, true},
         {"past the corner", [&] { field.Line(0, 1500, 1500, 0); }, false},
         {"a box around", [&] { field.MoveTo(500, 500), field.BoxTo(2500, 2500); }, false},
@@ -36,11 +31,11 @@ TEST_F(DrawTest, AStrokeIsInSightWhereItsLineIs) {
         {"a circle around", [&] { field.Circle(1500, 1500, 1000); }, false},
         {"a mark", [&] { Draw().Measure.DrawMark(1500, 1500); }, false},
     };
-    for (const Sight& one : cases) {
+    for (const auto& [what, draw, shown] : cases) {
         field.Cls();
         State().FirstStroke = field.OperationsBefore() + 1;
-        one.Draw();
-        EXPECT_EQ(Draw().View.ShowsStroke(), one.Shown) << one.What;
+        draw();
+        EXPECT_EQ(Draw().View.ShowsStroke(), shown) << what;
     }
 }
 

@@ -1,7 +1,6 @@
 #include "editor/opened_line.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <map>
 
 #include "basic/number.h"
@@ -66,13 +65,12 @@ protected:
 }  // namespace
 
 TEST_F(OpenedLineTest, PassingALineOfASampleChangesNothing) {
-    for (const auto& file : std::filesystem::directory_iterator(KVT_SOURCE_DIR "/samples")) {
-        if (file.path().extension() != ".cnc") continue;
+    for (const std::string& file : SampleFiles()) {
         for (const int view : {0, 1}) {
-            SCOPED_TRACE(file.path().filename().string() + (view ? " with codes" : ""));
+            SCOPED_TRACE(file + (view ? " with codes" : ""));
             Workbench->View.chkViewGcode.Value = view;
             Workbench->Store.ProgramChanged = false;
-            Load(Platform.Files.ReadWhole(file.path().string()));
+            Load(Platform.Files.ReadWhole(file));
             PassAll();
             if (HasFatalFailure()) return;
         }

@@ -1,6 +1,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <tuple>
 
 #include "basic/code_page.h"
 #include "files/iso/converter.h"
@@ -41,13 +42,8 @@ protected:
 
 // Runs the real program through the menu of the workbench, on what posts write. The check finds nothing.
 TEST_F(IsoTest, SamplesOfPostsPassTheCheck) {
-    struct {
-        const char* File;
-        const char* Machine;
-        int Lines;
-        const char* XMax;  // a radius on lathes
-        const char* ZMin;
-    } const cases[] = {
+    // File, machine, lines, largest X, a radius on lathes, and least Z.
+    const std::tuple<const char*, const char*, int, const char*, const char*> cases[] = {
         {"lathe_pin.nc", "MK4", 16, "1100", "-2500"},      {"lathe_cone_inch.ngc", "MK4", 13, "910", "-950"},
         {"lathe_quarters.nc", "MK4", 15, "1500", "-2200"}, {"lathe_quarters.nc", "MK2", 15, "1500", "-2200"},
         {"mill_plate.nc", "F1", 34, "3487", "-200"},       {"mill_letters_inch.ngc", "F1", 18, "1000", "-10"},
@@ -76,11 +72,7 @@ TEST_F(IsoTest, SamplesOfPostsPassTheCheck) {
 TEST_F(IsoTest, WordsBecomeRows) {
     const std::string lathe = "G21 G90\nG0 X40 Z10\n";
     const std::string mill = "G21 G90 G0 X0 Y0 Z10\n";
-    struct {
-        MachineModel Machine;
-        std::string Text;
-        const char* Rows;
-    } const cases[] = {
+    const std::tuple<MachineModel, std::string, const char*> cases[] = {
         // Several codes in a block; the mode of motion stays; G91 and U are changes of the diameter.
         {MachineModel::MK4, lathe + "N5G1X20.Z0F80\nX18.005\nG91X2Z-1.5\nG90U-1W.5\nM30",
          "92 X4000 Z1000|01 X2000 Z0 F80|01 X1801 Z0 F80|01 X2001 Z-150 F80|01 X1901 Z-100 F80|M30|"},
@@ -106,11 +98,7 @@ TEST_F(IsoTest, WordsBecomeRows) {
 TEST_F(IsoTest, WhatTheMachineCannotDoIsRefusedByItsLine) {
     const std::string lathe = "G0 X40 Z10\n";
     const std::string mill = "G0 X0 Y0 Z10\n";
-    struct {
-        MachineModel Machine;
-        std::string Text;
-        const char* Beginning;
-    } const cases[] = {
+    const std::tuple<MachineModel, std::string, const char*> cases[] = {
         {MachineModel::MK4, lathe + "\nG42", "3 the compensation G42"},
         {MachineModel::MK4, lathe + "G1 X3", "2 no feed"},
         {MachineModel::MK4, lathe + "G1 Y3 F50", "2 a lathe has no Y"},

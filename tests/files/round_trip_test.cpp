@@ -1,7 +1,3 @@
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <random>
 
 #include "basic/text.h"
@@ -11,11 +7,6 @@
 namespace kvt::test {
 
 namespace {
-
-std::string ReadFile(const std::filesystem::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 // What a program's file becomes: the notes in front of the line "%" gain one line end.
 std::string WithLongerNotes(std::string text) {
@@ -43,18 +34,13 @@ protected:
 }  // namespace
 
 TEST_F(RoundTripTest, TheSamplesComeBackByteByByte) {
-    std::vector<std::filesystem::path> samples;
-    for (const auto& entry : std::filesystem::directory_iterator(KVT_SOURCE_DIR "/samples")) {
-        if (entry.path().extension() == ".cnc") samples.push_back(entry.path());
-    }
-    std::sort(samples.begin(), samples.end());
-    ASSERT_FALSE(samples.empty());
-    for (const std::filesystem::path& sample : samples) {
-        SCOPED_TRACE(sample.filename().string());
-        std::string name = sample.string();
+    ASSERT_FALSE(SampleFiles().empty());
+    for (const std::string& sample : SampleFiles()) {
+        SCOPED_TRACE(sample);
+        std::string name = sample;
         ASSERT_EQ(Workbench->Reader.LoadFile(name), LoadResult::Loaded);
         EXPECT_GT(Workbench->Store.LineCount(), 0);
-        EXPECT_EQ(Generate(), WithLongerNotes(ReadFile(sample)));
+        EXPECT_EQ(Generate(), WithLongerNotes(Platform.Files.ReadWhole(sample)));
         Workbench->Store.ProgramChanged = false;
     }
     EXPECT_TRUE(Platform.Dialogs.Shown.empty());

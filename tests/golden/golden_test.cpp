@@ -204,11 +204,8 @@ std::string RangesOf(const ParameterChecks& checks, CodeKey key, std::int32_t Ro
 }  // namespace
 
 TEST_F(GoldenTest, Limits) {
-    static constexpr std::pair<char, std::int32_t RowValues::*> fields[] = {{'X', &RowValues::X},
-                                                                            {'Y', &RowValues::Y},
-                                                                            {'Z', &RowValues::Z},
-                                                                            {'F', &RowValues::F},
-                                                                            {'H', &RowValues::H}};
+    constexpr std::int32_t RowValues::*fields[] = {&RowValues::X, &RowValues::Y, &RowValues::Z, &RowValues::F,
+                                                   &RowValues::H};
     std::string text;
     for (const bool widened : {false, true}) {
         for (const Setting& setting : AllSettings()) {
@@ -220,13 +217,11 @@ TEST_F(GoldenTest, Limits) {
             const ParameterChecks checks(store, Workbench->Language);
             std::map<std::string, std::string> codesOf;
             for (int number = 0; number < 202; ++number) {
-                const std::string code = number == 200 ? "M99R"
-                                         : number == 201
-                                             ? "M9R "
-                                             : (number < 100 ? " " : "M") + Format(number % 100, "00") + " ";
-                for (const auto& [letter, field] : fields) {
-                    const std::string ranges = RangesOf(checks, KeyOf(code), field);
-                    if (!ranges.empty()) codesOf[letter + ranges] += " " + std::string(Trim(code));
+                std::string code = (number < 100 ? " " : "M") + Format(number % 100, "00") + " ";
+                if (number >= 200) code = number == 200 ? "M99R" : "M9R ";
+                for (std::size_t i = 0; i < std::size(fields); ++i) {
+                    const std::string ranges = RangesOf(checks, KeyOf(code), fields[i]);
+                    if (!ranges.empty()) codesOf["XYZFH"[i] + ranges] += " " + std::string(Trim(code));
                 }
             }
             for (const auto& [ranges, codes] : codesOf) text += "  " + ranges + ":" + codes + "\n";

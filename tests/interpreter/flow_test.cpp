@@ -76,9 +76,8 @@ TEST_F(FlowTest, TooManyLines) {
     for (const auto& one : cases) {
         std::vector<Line> lines(static_cast<std::size_t>(one.Lines), Plain("21"));
         const auto expect = [&](int line, const char* when) {
-            for (int n = 0; n < Workbench->Store.LineCount(); ++n) {
+            for (int n = 0; n < Workbench->Store.LineCount(); ++n)
                 EXPECT_EQ(Error(n), n == line ? message : "") << one.Machine << one.Lines << when << n;
-            }
             EXPECT_EQ(Workbench->Store.ErrorFlagged, line >= 0);
             EXPECT_NE(Workbench->Results.lblPPMachineTime.Caption.Get(), "xx:xx:xx");
         };

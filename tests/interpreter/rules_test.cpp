@@ -65,15 +65,9 @@ TEST_F(RulesTest, ACountOfCyclesFillsTheCommentWhileTheEntryFieldIsEmpty) {
 }
 
 TEST(MakeTimeStringTest, RoundsToWholeSeconds) {
-    for (const auto& [seconds, text] :
-         std::initializer_list<std::pair<double, const char*>>{{0.49, "00:00:00"},
-                                                               {0.5, "00:00:01"},
-                                                               {2.5, "00:00:03"},
-                                                               {3599.5, "01:00:00"},
-                                                               {359999.4, "99:59:59"},
-                                                               {36000061, "10000:01:01"},
-                                                               {-230.4, "00:-03:-50"}}) {
-        EXPECT_EQ(MakeTimeString(seconds), text) << seconds;
+    for (const char* line : {"0.49|00:00:00", "0.5|00:00:01", "2.5|00:00:03", "3599.5|01:00:00",
+                             "359999.4|99:59:59", "36000061|10000:01:01", "-230.4|00:-03:-50"}) {
+        EXPECT_EQ(MakeTimeString(std::stod(Fields(line)[0])), Fields(line)[1]) << line;
     }
 }
 

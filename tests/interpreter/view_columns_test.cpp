@@ -13,9 +13,8 @@ protected:
     // Widths of the headers from first to last.
     std::vector<int> Widths(int first, int last) const {
         std::vector<int> widths;
-        for (int header = first; header <= last; ++header) {
+        for (int header = first; header <= last; ++header)
             widths.push_back(Workbench->Store.lvCncProgram.Header(header).Width);
-        }
         return widths;
     }
     static void Click(CheckBox& box, int value) {
@@ -47,17 +46,13 @@ TEST_F(View, ToolColumns) {
 }
 
 TEST_F(View, WindowFitsTheColumns) {
-    struct Case {
-        const char* Machine;
-        int Width;
-    };
     // 17 columns of 100, 8093, and what the machine needs more or less.
-    for (const Case& one : {Case{"MK2", 10288}, Case{"MK4", 9793}, Case{"F1", 9372}}) {
-        SCOPED_TRACE(one.Machine);
-        Check(one.Machine, Program("21"));
-        for (int header = 1; header <= SubItemCount; ++header) {
+    for (const auto& [machine, width] :
+         {std::pair("MK2", 10288), std::pair("MK4", 9793), std::pair("F1", 9372)}) {
+        SCOPED_TRACE(machine);
+        Check(machine, Program("21"));
+        for (int header = 1; header <= SubItemCount; ++header)
             Workbench->Store.lvCncProgram.SetHeaderWidth(header, header == 1 || header == 19 ? 5000 : 100);
-        }
         Form& form = Workbench->frmMain;
         form.Width = 7;
         Workbench->View.chkSettingsAutowidth.Value = 0;
@@ -69,7 +64,7 @@ TEST_F(View, WindowFitsTheColumns) {
         EXPECT_EQ(form.Width, 7);
         form.State = WindowState::Normal;
         Workbench->View.SetAutoWidth();
-        EXPECT_EQ(form.Width, one.Width);
+        EXPECT_EQ(form.Width, width);
         Platform.Screen.WidthTwips = 9000;
         Workbench->View.SetAutoWidth();
         EXPECT_EQ(form.Width, 9000);

@@ -23,20 +23,16 @@ std::vector<PageLine> Program(int lines, int width, int notes = 0) {
 }  // namespace
 
 TEST(PageLayout, ColumnsDecideSizeAndOrientation) {
-    struct {
-        int Width;
-        double Largest;
-        bool Landscape;
-        double Size;
-    } const cases[] = {{80, 10, false, 10}, {85, 10, false, 10}, {86, 10, false, 9.5}, {106, 10, false, 8},
-                       {107, 10, true, 10}, {126, 10, true, 10}, {127, 10, true, 9.5}, {180, 10, true, 7},
-                       {300, 10, true, 7},  {30, 18, false, 18}, {60, 18, false, 14},  {30, 6, false, 6},
-                       {150, 6, true, 6}};
-    for (const auto& one : cases) {
-        SCOPED_TRACE(one.Width);
-        const PageLayout layout = LayOutPages(Program(3, one.Width), a4, one.Largest, "Page %1 of %2");
-        EXPECT_EQ(layout.Landscape, one.Landscape);
-        EXPECT_DOUBLE_EQ(layout.FontSize, one.Size);
+    const std::tuple<int, double, bool, double> cases[] = {
+        {80, 10, false, 10}, {85, 10, false, 10}, {86, 10, false, 9.5}, {106, 10, false, 8},
+        {107, 10, true, 10}, {126, 10, true, 10}, {127, 10, true, 9.5}, {180, 10, true, 7},
+        {300, 10, true, 7},  {30, 18, false, 18}, {60, 18, false, 14},  {30, 6, false, 6},
+        {150, 6, true, 6}};
+    for (const auto& [width, largest, landscape, size] : cases) {
+        SCOPED_TRACE(width);
+        const PageLayout layout = LayOutPages(Program(3, width), a4, largest, "Page %1 of %2");
+        EXPECT_EQ(layout.Landscape, landscape);
+        EXPECT_DOUBLE_EQ(layout.FontSize, size);
         for (const auto& page : layout.Pages) {
             for (const PageLine& line : page) EXPECT_LE(static_cast<int>(line.Text.size()), layout.Columns);
         }

@@ -151,50 +151,38 @@ private:
     void GiveUp() { plan_.clear(); }
 
     void Plan() {
+        const auto is = [this](auto... steps) { plan_ = {steps...}; };
+        const auto click = [this](Control& control) { return [this, &control] { ClickOn(control); }; };
+        const auto press = [this] { PressRow(); };
+        const auto release = [this] { ReleaseRow(); };
+        const auto comment = [this] { GoTo(workbench_->Entry.txtComment); };
+        InterpreterControls& results = workbench_->Results;
+        DrawControls& draw = Drawing();
+        DrawBar& bar = workbench_->Draw.Bar;
+        Control* const runs[] = {&results.cmdRun, &results.cmdStep, &results.cmdStep, &results.cmdStop};
+        Control* const draws[] = {&draw.cmdStep,   &draw.cmdStep,    &draw.cmdStop,  &draw.cmdRun,
+                                  &draw.cmdRedraw, &draw.cmdAutoFit, &draw.mnuPrint, &draw.mnuGrid,
+                                  &bar.cmdBarRun,  &bar.cmdBarStep,  &bar.cmdBarStop};
+        constexpr int keys[] = {key::F5, key::F1 + 5, key::F1 + 8, 187, key::Escape};
         const int kind = Below(100);
-        if (kind < 30) {
-            plan_ = {[this] { PressRow(); }, [this] { ReleaseRow(); }, [this] { SetX(); },
-                     [this] { GoTo(workbench_->Entry.txtComment); }, [this] { EnterLine(); }};
-        } else if (kind < 38) {
-            plan_ = {[this] { PressRow(); }, [this] { ReleaseRow(); }, [this] { DeleteRow(); }};
-        } else if (kind < 44) {
-            plan_ = {[this] { PressRow(); }, [this] { ReleaseRow(); }, [this] { InsertRow(); }};
-        } else if (kind < 50) {
-            plan_ = {[this] { OpenOther(); }};
-        } else if (kind < 52) {
-            plan_ = {[this] { SwitchMachine(); }};
-        } else if (kind < 53) {
-            plan_ = {[this] { ClickOn(workbench_->Main.mnuNew); }};
-        } else if (kind < 56) {
-            plan_ = {[this] { ClickOn(workbench_->Transfer.mnuTX); }};
-        } else if (kind < 62) {
-            CommandButton* const buttons[] = {&workbench_->Results.cmdRun, &workbench_->Results.cmdStep,
-                                              &workbench_->Results.cmdStep, &workbench_->Results.cmdStop};
-            plan_ = {[this, button = buttons[Below(4)]] { ClickOn(*button); }};
-        } else if (kind < 72) {
-            DrawBar& bar = workbench_->Draw.Bar;
-            Control* const buttons[] = {&Drawing().cmdStep,  &Drawing().cmdStep,   &Drawing().cmdStop,
-                                        &Drawing().cmdRun,   &Drawing().cmdRedraw, &Drawing().cmdAutoFit,
-                                        &Drawing().mnuPrint, &Drawing().mnuGrid,   &bar.cmdBarRun,
-                                        &bar.cmdBarStep,     &bar.cmdBarStop};
-            plan_ = {[this, button = buttons[Below(11)]] { ClickOn(*button); }};
-        } else if (kind < 78) {
-            plan_ = {
-                [this, entry = Drawing().mnuSim[static_cast<std::size_t>(Below(SimulationCount))].get()] {
-                    ClickOn(*entry);
-                }};
-        } else if (kind < 84) {
-            plan_ = {[this, wheel = Below(2) == 0] { wheel ? Zoom() : Measure(); }};
-        } else if (kind < 92) {
-            constexpr int keys[] = {key::F5, key::F1 + 5, key::F1 + 8, 187, key::Escape};
-            plan_ = {[this, pressed = keys[Below(5)]] { Act([this, pressed] { Press(pressed); }); }};
-        } else if (kind < 94) {
-            plan_ = {[this] { CloseDrawing(); }};
-        } else if (kind < 96) {
-            plan_ = {[this] { ClickOn(workbench_->Main.mnuPrint); }};
-        } else {
-            plan_ = {[this] { Act([this] { platform_.System.Advance(Below(2500)); }); }};
-        }
+        if (kind < 30)
+            return is(
+                press, release, [this] { SetX(); }, comment, [this] { EnterLine(); });
+        if (kind < 38) return is(press, release, [this] { DeleteRow(); });
+        if (kind < 44) return is(press, release, [this] { InsertRow(); });
+        if (kind < 50) return is([this] { OpenOther(); });
+        if (kind < 52) return is([this] { SwitchMachine(); });
+        if (kind < 53) return is(click(workbench_->Main.mnuNew));
+        if (kind < 56) return is(click(workbench_->Transfer.mnuTX));
+        if (kind < 62) return is(click(*runs[Below(4)]));
+        if (kind < 72) return is(click(*draws[Below(11)]));
+        if (kind < 78) return is(click(*draw.mnuSim[static_cast<std::size_t>(Below(SimulationCount))]));
+        if (kind < 84) return is([this, wheel = Below(2) == 0] { wheel ? Zoom() : Measure(); });
+        if (kind < 92)
+            return is([this, pressed = keys[Below(5)]] { Act([this, pressed] { Press(pressed); }); });
+        if (kind < 94) return is([this] { CloseDrawing(); });
+        if (kind < 96) return is(click(workbench_->Main.mnuPrint));
+        is([this] { Act([this] { platform_.System.Advance(Below(2500)); }); });
     }
 
     // The window comes forward with the press.

@@ -42,8 +42,9 @@ void KeyForm::Place() {
     form.Height = 9000;
     int place = 0;
     for (Control* control : form.Controls()) {
-        if (control->Kind() != ControlKind::Menu) Put(*control, place, place);
-        if (control->Kind() != ControlKind::Menu) ++place;
+        if (control->Kind() == ControlKind::Menu) continue;
+        Put(*control, place, place);
+        ++place;
     }
     int line = 0;
     for (Control* option : std::initializer_list<Control*>{&optOne, &optTwo, &optOff, &optThree})
@@ -121,21 +122,12 @@ void KeyForm::Wire() {
         if (pressed == key::Enter) told_ += "open" + std::to_string(lvRows.SelectedRow()) + " ";
         if (pressed == key::Delete) lvRows.Enabled = false;
     };
-    const auto tells = [this](Control& control, const std::string& what) {
-        control.OnClick = [this, &control, what] { told_ += what + Content(control) + " "; };
-    };
-    tells(cmdGo, "go");
-    tells(chkBox, "box");
-    tells(optOne, "one");
-    tells(optTwo, "two");
-    tells(optThree, "three");
-    tells(lstCodes, "code");
-    tells(lblWord, "word");
-    tells(lstPick, "pick");
-    tells(cboFont, "font");
-    tells(tabPages, "page");
-    for (RangeControl* range : {static_cast<RangeControl*>(&hsbView), static_cast<RangeControl*>(&vsbView),
-                                static_cast<RangeControl*>(&udScale)}) {
+    const std::pair<Control*, const char*> clicked[] = {
+        {&cmdGo, "go"},      {&chkBox, "box"},   {&optOne, "one"},   {&optTwo, "two"},   {&optThree, "three"},
+        {&lstCodes, "code"}, {&lblWord, "word"}, {&lstPick, "pick"}, {&cboFont, "font"}, {&tabPages, "page"}};
+    for (const auto& [control, what] : clicked)
+        control->OnClick = [this, control, what] { told_ += what + Content(*control) + " "; };
+    for (RangeControl* range : std::initializer_list<RangeControl*>{&hsbView, &vsbView, &udScale}) {
         range->OnChange = [this, range] {
             if (wired_) told_ += range->Name() + std::to_string(range->Value) + " ";
         };
@@ -283,8 +275,7 @@ const std::vector<KeyCase>& KeyCases() {
          "hsbView 100 hsbView51 hsbView52 hsbView51 hsbView61 hsbView71 hsbView0 hsbView100 "},
         {">vsbView Down PageUp Home Up End", "vsbView 0 vsbView49 vsbView59 vsbView100 vsbView0 "},
         {">udScale Up Right Down Left PageUp Home Up End",
-         "udScale 0 udScale6 udScale7 udScale6 udScale5 udScale6 "
-         "udScale10 udScale0 "},
+         "udScale 0 udScale6 udScale7 udScale6 udScale5 udScale6 udScale10 udScale0 "},
         {">udScale Tab", "lblWord  "},
     };
     return cases;
@@ -293,16 +284,12 @@ const std::vector<KeyCase>& KeyCases() {
 std::vector<std::string> RandomSequences(int count, unsigned seed) {
     const std::vector<std::string> keys = KeysIn(
         "a b 1 9 x , g m + Tab Tab Shift+Tab Shift+Tab Ctrl+Tab Enter Space Esc Up Down Left Right Home End "
-        "PageUp "
-        "PageDown Insert Delete Backspace Shift+Left Shift+Right Shift+Home Shift+End Ctrl+Left Ctrl+Right "
-        "Ctrl+A "
-        "Ctrl+C Ctrl+X Ctrl+V Ctrl+Z Ctrl+Y Ctrl+O Ctrl+S F2 F5 Ctrl+Enter Ctrl+Space Shift+Space "
-        "Ctrl+Delete "
-        "Ctrl+Backspace Shift+Insert");
+        "PageUp PageDown Insert Delete Backspace Shift+Left Shift+Right Shift+Home Shift+End Ctrl+Left "
+        "Ctrl+Right Ctrl+A Ctrl+C Ctrl+X Ctrl+V Ctrl+Z Ctrl+Y Ctrl+O Ctrl+S F2 F5 Ctrl+Enter Ctrl+Space "
+        "Shift+Space Ctrl+Delete Ctrl+Backspace Shift+Insert");
     const std::vector<std::string> places = KeysIn(
         ">txtA >txtB >txtShown >cmdGo >cmdHide >chkBox >optOne >optTwo >lstCodes >cboFont >lvRows >tabPages "
-        ">txtFirst "
-        ">hsbView >vsbView >udScale >lblWord >lstPick");
+        ">txtFirst >hsbView >vsbView >udScale >lblWord >lstPick");
     std::mt19937 random(seed);
     std::vector<std::string> sequences;
     for (int i = 0; i < count; ++i) {

@@ -5,22 +5,16 @@
 
 #include "basic/number.h"
 #include "basic/text.h"
+#include "support/table.h"
 #include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
 namespace {
 
-constexpr const char* comments[] = {"",
-                                    "",
-                                    "roughing",
-                                    "\xD8 12,5 x 30; not 1 mm more than a line has place for.",
-                                    "@  by hand",
-                                    "cmdNORENUM back",
-                                    "cmdCOLOR Red",
-                                    "CMDINTERVAL 2",
-                                    "cmdSKIP",
-                                    "  % blanks in front"};
+const std::vector<std::string> comments = Fields(
+    "||roughing|\xD8 12,5 x 30; not 1 mm more than a line has place for.|@  by hand|cmdNORENUM back|cmdCOLOR "
+    "Red|CMDINTERVAL 2|cmdSKIP|  % blanks in front");
 
 int Between(std::mt19937& random, int low, int high) {
     return std::uniform_int_distribution<int>(low, high)(random);
@@ -119,8 +113,7 @@ std::string GeneratedFile(Workbench& workbench, const Setting& setting, std::mt1
                 inColumnF ? RightPad(Format(value, "00"), 4) : CellText(field.Label, value);
             *cells[inColumnF ? 3 : field.Place] = text;
         }
-        line.Comment =
-            comments[static_cast<std::size_t>(Between(random, 0, static_cast<int>(std::size(comments)) - 1))];
+        line.Comment = comments[static_cast<std::size_t>(Between(random, 0, 9))];
         program.push_back(line);
     }
     std::string units = setting.Metric ? "M" : "\"";

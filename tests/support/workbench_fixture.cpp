@@ -1,5 +1,6 @@
 #include "support/workbench_fixture.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
@@ -49,6 +50,14 @@ std::string FileText(const std::string& machine, const std::vector<Line>& lines,
     return text + "   " + units + "\r\n";
 }
 
+std::vector<std::string> SampleFiles() {
+    std::vector<std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator(KVT_SOURCE_DIR "/samples"))
+        if (entry.path().extension() == ".cnc") files.push_back(entry.path());
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
 WorkbenchFixture::WorkbenchFixture() {
     std::string pattern = (std::filesystem::temp_directory_path() / "kvt-test-XXXXXX").string();
     Folder = mkdtemp(pattern.data());
@@ -63,9 +72,13 @@ WorkbenchFixture::~WorkbenchFixture() {
     std::filesystem::remove_all(Folder, ignored);
 }
 
-LoadResult WorkbenchFixture::Load(const std::string& text, const std::string& name) {
+std::string WorkbenchFixture::Put(const std::string& name, const std::string& text) {
     Platform.Files.WriteWhole(Path(name), text);
-    std::string path = Path(name);
+    return Path(name);
+}
+
+LoadResult WorkbenchFixture::Load(const std::string& text, const std::string& name) {
+    std::string path = Put(name, text);
     return Workbench->Reader.LoadFile(path);
 }
 

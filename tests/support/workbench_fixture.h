@@ -21,6 +21,9 @@ struct Line {
 std::string FileText(const std::string& machine, const std::vector<Line>& lines,
                      const std::string& units = "M", const std::string& notes = "");
 
+// The programs of the samples, in order.
+std::vector<std::string> SampleFiles();
+
 // A workbench on the memory half, with a folder of its own that goes with it.
 class WorkbenchFixture : public ::testing::Test {
 protected:
@@ -37,6 +40,8 @@ protected:
     std::string Error(int line) const;  // trimmed
     std::string Path(const std::string& name) const { return Folder + "/" + name; }
     std::string FileContent(const std::string& name);
+    // Writes a file of the folder; its path.
+    std::string Put(const std::string& name, const std::string& text);
 
     std::string Folder;
     FaultyPlatform Platform;

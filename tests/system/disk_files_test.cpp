@@ -7,7 +7,6 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -18,6 +17,7 @@
 #include "headless/guarded_files.h"
 #include "support/table.h"
 #include "system/fresh_file.h"
+#include "system/temporary_folder.h"
 
 namespace kvt::test {
 
@@ -27,14 +27,6 @@ namespace fs = std::filesystem;
 
 class DiskFilesTest : public ::testing::Test {
 protected:
-    DiskFilesTest() {
-        std::string pattern = (fs::temp_directory_path() / "kvt-disk-XXXXXX").string();
-        Folder = mkdtemp(pattern.data());
-    }
-    ~DiskFilesTest() override {
-        std::error_code ignored;
-        fs::remove_all(Folder, ignored);
-    }
     std::string Path(const std::string& name) const { return Folder + "/" + name; }
     // What the disk itself holds, by the name's plain bytes.
     std::string OnDisk(const std::string& name) const {
@@ -46,7 +38,8 @@ protected:
             std::distance(fs::directory_iterator(Folder), fs::directory_iterator()));
     }
 
-    std::string Folder;
+    const TemporaryFolder temporary;
+    const std::string Folder = temporary.Path();
     DiskFiles Files;
 };
 
@@ -70,10 +63,7 @@ TEST_F(DiskFilesTest, NamesAreOfTheCodePageOrPlainBytes) {
     const struct {
         const char *System, *Held;
     } names[] = {
-        {"Gr\xC3\xB6\xC3\x9F"
-         "e \xE2\x82\xAC.cnc",
-         "Gr\xF6\xDF"
-         "e \x80.cnc"},
+        {"Gr\xC3\xB6\xC3\237e \xE2\x82\xAC.cnc", "Gr\xF6\337e \x80.cnc"},
         {"\xC5\x82.cnc", "\xC5\x82.cnc"},                  // a letter that the code page lacks
         {"a\xCC\x88.cnc", "a\xCC\x88.cnc"},                // a combining mark
         {"lat\xE4.cnc", "lat\xE4.cnc"},                    // no UTF-8
@@ -302,33 +292,21 @@ TEST_F(DiskFilesTest, GuardedOnesChangeTheirOwnFoldersAlone) {
     GuardedFiles guarded(Files, folders);
     std::vector<std::string> refused;
     guarded.OnRefused = [&](const std::string& path) { refused.push_back(path.substr(Folder.size())); };
-    const struct {
-        const char* Path;
-        const char* Refused;  // empty for what is done
-    } cases[] = {
-        {"own/a", ""},
-        {"own/below/../b", ""},
-        {"in/c", ""},
-        {"own\\below\\d", ""},
-        {"own/../other/a", "/other/a"},
-        {"own/out/a", "/other/a"},
-        {"own/kept", "/other/kept"},
-        {"own/dangling", "/other/new"},
-        {"own/out/../escaped", "/escaped"},
-        {"ownbeside", "/ownbeside"},
-        {"other/kept", "/other/kept"},
-    };
-    for (const auto& one : cases) {
+    // A path, and the place where that is refused.
+    for (const char* line :
+         {"own/a|", "own/below/../b|", "in/c|", "own\\below\\d|", "own/../other/a|/other/a",
+          "own/out/a|/other/a", "own/kept|/other/kept", "own/dangling|/other/new",
+          "own/out/../escaped|/escaped", "ownbeside|/ownbeside", "other/kept|/other/kept"}) {
+        const std::string path = Path(Fields(line)[0]), place = Fields(line)[1];
         refused.clear();
-        const std::function<void()> calls[] = {[&] { guarded.WriteWhole(Path(one.Path), "x"); },
-                                               [&] { guarded.InBackground().Append(Path(one.Path), "y"); },
-                                               [&] { guarded.MakeFolder(Path(one.Path) + "/f"); }};
-        const bool done = *one.Refused == '\0';
+        const std::function<void()> calls[] = {[&] { guarded.WriteWhole(path, "x"); },
+                                               [&] { guarded.InBackground().Append(path, "y"); },
+                                               [&] { guarded.MakeFolder(path + "/f"); }};
+        const bool done = place.empty();
         for (std::size_t i = 0; i < (done ? 2 : std::size(calls)); ++i)
-            EXPECT_EQ(ErrorOf(calls[i]), done ? 0 : fault::PathFileAccess) << one.Path;
+            EXPECT_EQ(ErrorOf(calls[i]), done ? 0 : fault::PathFileAccess) << line;
         if (done) continue;
-        const std::string place = one.Refused;
-        EXPECT_EQ(refused, (std::vector<std::string>{place, place, place + "/f"})) << one.Path;
+        EXPECT_EQ(refused, (std::vector<std::string>{place, place, place + "/f"})) << line;
     }
     EXPECT_EQ(ErrorOf([&] { guarded.Delete(Path("own/out/kept")); }), fault::PathFileAccess);
     EXPECT_EQ(ErrorOf([&] { guarded.Delete(Path("in")); }), fault::PathFileAccess);

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
+#include <tuple>
 
 #include "basic/run_time_error.h"
 #include "headless/memory_programs.h"
@@ -12,15 +12,8 @@ namespace kvt::test {
 namespace {
 
 TEST(Programs, ACommandLineSplitsAtBlanksBehindTheProgram) {
-    const auto isProgram = [](const std::string& path) {
-        return path == "/pp/my tool.F1" || path == "/pp/a";
-    };
-    struct {
-        const char* Line;
-        const char* Program;
-        const char* Rest;
-        std::vector<std::string> Arguments;
-    } const cases[] = {
+    const auto isProgram = [](const auto& path) { return path == "/pp/my tool.F1" || path == "/pp/a"; };
+    const std::tuple<const char*, const char*, const char*, std::vector<std::string>> cases[] = {
         {"/pp/a", "/pp/a", "", {}},
         {"/pp/a /my  parts/x.nc", "/pp/a", "/my  parts/x.nc", {"/my", "parts/x.nc"}},
         {"/pp/my tool.F1  x", "/pp/my tool.F1", " x", {"x"}},

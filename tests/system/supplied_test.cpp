@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <cstdlib>
 #include <filesystem>
 
 #include "basic/failure.h"
@@ -9,6 +8,7 @@
 #include "system/disk_files.h"
 #include "system/folder_watch.h"
 #include "system/pre_processor_copies.h"
+#include "system/temporary_folder.h"
 
 namespace kvt::test {
 
@@ -18,15 +18,7 @@ namespace fs = std::filesystem;
 
 class SuppliedTest : public ::testing::Test {
 protected:
-    SuppliedTest() {
-        std::string pattern = (fs::temp_directory_path() / "kvt-supplied-XXXXXX").string();
-        Folder = mkdtemp(pattern.data());
-        fs::create_directories(Path("installed"));
-    }
-    ~SuppliedTest() override {
-        std::error_code ignored;
-        fs::remove_all(Folder, ignored);
-    }
+    SuppliedTest() { fs::create_directories(Path("installed")); }
     std::string Path(const std::string& name) const { return Folder + "/" + name; }
     void Put(const std::string& name, const std::string& text) {
         fs::create_directories(fs::path(Path(name)).parent_path());
@@ -41,7 +33,8 @@ protected:
         record.Write();
     }
 
-    std::string Folder;
+    const TemporaryFolder temporary;
+    const std::string Folder = temporary.Path();
     std::string resetText = "first";
     DiskFiles Files;
 };

@@ -77,14 +77,6 @@ TEST_F(TransferTest, SaysWhatKeepsItFromSending) {
     EXPECT_EQ(Platform.System.Beeps, 1);
     Workbench->Port.ComEnabled = true;
 
-    // A scratch file that cannot be written: what an earlier one holds is not sent.
-    Platform.Files.WriteWhole(Path("Transmit.txt"), "%\r\nold\r\n");
-    Platform.Faults.Fail("file", 2);
-    EXPECT_EQ(Transmit(), "");
-    EXPECT_FALSE(Workbench->Store.TransmitActive);
-    EXPECT_EQ(LastBox(), "The file \"" + Path("Transmit.txt") + "\" could not be written. Nothing was sent.");
-    EXPECT_EQ(Workbench->Log.Records().back().Procedure, "mnuTX_Click");
-
     // The first line cannot be given: told once, and the others are not tried.
     Platform.Dialogs.Shown.clear();
     Platform.Faults.Fail("port", 1);
