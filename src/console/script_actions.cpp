@@ -311,7 +311,8 @@ void PrintMessages(Script& run, Args) {
     run.PrintedBoxes = shown.size();
 }
 
-void ExpectOne(Script& run, std::string_view line) {
+void Expect(Script& run, Args args) {
+    std::string_view line = args.Last();
     const std::string_view word = NextWord(line);
     if (const ScriptAction* expectation = FindAction(ScriptExpectations(), word)) {
         expectation->Do(run, Arguments(line, expectation->Arguments, run.Session.Variables()));
@@ -319,17 +320,6 @@ void ExpectOne(Script& run, std::string_view line) {
     }
     const Arguments text(line, {Arg::Text}, run.Session.Variables());
     run.Compare(text.Last(), run.ValueNamed(word));
-}
-
-// One expectation; or behind "all" what an action has brought about at once, of which a failure tells the part.
-void Expect(Script& run, Args args) {
-    std::string_view rest = args.Last();
-    if (NextWord(rest) != "all") return ExpectOne(run, args.Last());
-    for (const std::string_view one : Split(rest, " | ")) {
-        const int before = run.Failures();
-        ExpectOne(run, one);
-        if (run.Failures() > before) run.Note("of " + Quoted(one));
-    }
 }
 
 constexpr bool ofUser = true;

@@ -57,7 +57,6 @@ public:
     void Note(const std::string& text);
     // Counts a failure and tells it; both are told as they are.
     void Fail(const std::string& expected, const std::string& got);
-    int Failures() const { return failures_; }
     // Fails where two texts differ.
     void Compare(const std::string& expected, const std::string& got);
     // What NAME.PROPERTY or state.NAME holds, in UTF-8; an unknown one is a ScriptError.

@@ -38,12 +38,10 @@ TEST(NumberTest, WholeNumbersAndDivision) {
     }
     EXPECT_EQ(ToLong(2147483647.4), 2147483647);
     EXPECT_EQ(ToLong(-2147483648.5), std::numeric_limits<std::int32_t>::min());
-    for (const double value : {2147483647.5, -2147483649.0, 1e300}) {
+    for (const double value : {2147483647.5, -2147483649.0, 1e300})
         EXPECT_EQ(ErrorOf([&] { ToLong(value); }), fault::Overflow) << value;
-    }
-    for (const double value : {32767.5, -32769.0, 1e300}) {
+    for (const double value : {32767.5, -32769.0, 1e300})
         EXPECT_EQ(ErrorOf([&] { ToInteger(value); }), fault::Overflow) << value;
-    }
     EXPECT_EQ(WholePart(2.9), 2);
     EXPECT_EQ(WholePart(-2.9), -2);
 

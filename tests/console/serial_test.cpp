@@ -141,8 +141,7 @@ TEST(SerialTest, ADeviceThatTakesNothingEndsTheSending) {
     EXPECT_EQ(watch.Stalled(500, 10, 0), 0);
 }
 
-// A reception that the user's surroundings end is written as one that he ends; and where its file cannot be written
-// any more, what has come lies in the folder of data.
+// Also what the user's surroundings end; where its file cannot be written any more, it lies in the folder of data.
 TEST(SerialTest, WhatHasComeIsWrittenWhateverEndsTheReception) {
     const TemporaryFolder folder;
     setenv("XDG_DATA_HOME", (folder.Path() / "user").c_str(), 1);

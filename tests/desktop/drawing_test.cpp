@@ -75,8 +75,7 @@ TEST_F(DesktopDrawing, ASpeedHoldsItsPaceAndWaitsAreIdle) {
     EXPECT_LT(share, 0.05);
 }
 
-// The list has followed the drawing, away from the user's own row; the press may come before the window is active or
-// after it.
+// The list has followed the drawing, away from the user's row; the press may come before the window is active.
 TEST_F(DesktopDrawing, APressInTheListFindsTheRowThatIsSeen) {
     Open("mk4_roller.cnc");
     ListView& list = workbench.Store.lvCncProgram;

@@ -131,8 +131,7 @@ TEST_F(IsoTest, AFindingOfTheCheckBecomesTheErrorFile) {
     EXPECT_FALSE(fs::exists(Path("long.nc.~pp")));
 }
 
-// A file's name reaches the pre-processor, the labels and the next save whole: with several blanks, in the code page
-// and beyond it.
+// A name with several blanks, in the code page and beyond it, reaches pre-processor, labels and the next save whole.
 TEST_F(IsoTest, AnyNameComesThroughAnImport) {
     Workbench->Store.Machine = MachineModel::F1;
     PreProcessor& import = Workbench->Import;

@@ -9,8 +9,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A pre-processor that hangs is offered for ending after two seconds, again when the offer was closed, and leaves
-// nothing behind.
+// It is offered for ending after two seconds, again when the offer was closed, and leaves nothing behind.
 TEST_F(WorkbenchFixture, APreProcessorThatHangsCanBeEnded) {
     std::ofstream(Path("hang.MK4")) << "#!/bin/sh\necho x > \"$1.~ppERR\"\nsleep 300\n";
     fs::permissions(Path("hang.MK4"), fs::perms::owner_all);

@@ -54,8 +54,7 @@ TEST_F(StartTest, WithoutResetCopiesTheBuiltInValuesServe) {
     EXPECT_EQ(Workbench->Store.LimitValues(limit::N499), 499);
     EXPECT_EQ(Workbench->Platform.Focus.Focused(), &Workbench->Entry.txtGMcode);
     Workbench->Main.mnuExit.Click();
-    // Values in force at the first end are those of the reset copy, but for the place; a missing port is no choice of
-    // the user's.
+    // The values at the first end are those of the reset copy, but for the place; a missing port is nobody's choice.
     InstallResetCopies(Platform.Files, Folder);
     const std::string folder = "EMCO/KVT_100/Settings/";
     const std::string reset = FileContent(folder + "SettingsEditorReset.txt");

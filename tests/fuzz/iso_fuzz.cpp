@@ -1,5 +1,4 @@
-// Any bytes as ISO code, for each machine: a refusal that says why, or a program that its machine reads line for
-// line, in the columns of its file.
+// Any bytes as ISO code, for each machine: a refusal that says why, or a program that its machine reads line for line.
 
 #include <cmath>
 #include <cstdint>

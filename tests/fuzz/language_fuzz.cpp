@@ -1,5 +1,4 @@
-// Any bytes as language module: codes and columns stay what they are, and the module that the program writes then
-// brings it to the same texts again.
+// Any bytes as language module: codes and columns stay, and the module that is written then brings the same texts.
 
 #include <unistd.h>
 

@@ -1,5 +1,4 @@
-// Any bytes from the wire, in pieces of any size: the view shows them all but the zero bytes, and an import leaves
-// a program, or the text where it was.
+// Any bytes from the wire, in any pieces: the view shows all but zero bytes; an import leaves a program, or the text.
 
 #include <algorithm>
 #include <cstdint>

@@ -1,5 +1,4 @@
-// What the rules say about many short programs, kept as text and read in review. tools/make_golden.sh writes the
-// files anew; a difference fails here.
+// What the rules say about many short programs, kept as text for review. tools/make_golden.sh writes the files anew.
 
 #include <cstdlib>
 #include <fstream>

@@ -176,8 +176,7 @@ TEST_F(WorkbenchTest, AFailureWhileTheReporterRunsIsDropped) {
     EXPECT_EQ(workbench.Log.Records()[1].Procedure, "Second");
 }
 
-// A control that was made without a row would lie in the corner, outside the Tab order, and stay free while the window is
-// frozen.
+// Without one it would lie in the corner, outside the Tab order, and stay free while the window is frozen.
 TEST_F(WorkbenchTest, EveryControlHasARow) {
     std::set<std::string> rows;
     const auto add = [&rows](std::span<const ControlRow> table, const std::string& side) {

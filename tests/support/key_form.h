@@ -8,8 +8,7 @@
 
 namespace kvt::test {
 
-// A form with a control of each kind that takes keys and with handlers of each sort, for keys that are pressed in
-// either half of the platform.
+// A form with a control of each kind that takes keys and handlers of each sort, for both halves of the platform.
 struct KeyForm {
     explicit KeyForm(Services& platform);
     // Everything as it was at the beginning.

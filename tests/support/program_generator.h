@@ -35,8 +35,7 @@ std::vector<std::string> CodesOf(Workbench& workbench);
 // The machine, units and orientation of a setting, and an empty program.
 void Use(Workbench& workbench, const Setting& setting);
 
-// A program file of the setting: codes of the machine's lists with values that the entry takes, and comments with
-// and without commands. Its geometry is as it falls.
+// A program file: codes of the machine with values that the entry takes, and comments. Its geometry is as it falls.
 std::string GeneratedFile(Workbench& workbench, const Setting& setting, std::mt19937& random, int lines);
 
 }  // namespace kvt::test

@@ -60,25 +60,23 @@ TEST_F(DiskFilesTest, BytesComeBackAsTheyWere) {
 
 TEST_F(DiskFilesTest, NamesAreOfTheCodePageOrPlainBytes) {
     // As the system gives it, as the program holds it.
-    const struct {
-        const char *System, *Held;
-    } names[] = {
+    const std::pair<const char*, const char*> names[] = {
         {"Gr\xC3\xB6\xC3\237e \xE2\x82\xAC.cnc", "Gr\xF6\337e \x80.cnc"},
         {"\xC5\x82.cnc", "\xC5\x82.cnc"},                  // a letter that the code page lacks
         {"a\xCC\x88.cnc", "a\xCC\x88.cnc"},                // a combining mark
         {"lat\xE4.cnc", "lat\xE4.cnc"},                    // no UTF-8
         {"\xF0\x9F\x98\x80.cnc", "\xF0\x9F\x98\x80.cnc"},  // four bytes
     };
-    for (const auto& name : names) {
-        EXPECT_EQ(NameFromSystem(name.System), name.Held);
-        std::ofstream(Path(name.System)) << "text of " << name.System;
-        ASSERT_TRUE(Files.Exists(Path(name.Held))) << name.System;
-        EXPECT_EQ(Files.ReadWhole(Path(name.Held)), std::string("text of ") + name.System);
+    for (const auto& [system, held] : names) {
+        EXPECT_EQ(NameFromSystem(system), held);
+        std::ofstream(Path(system)) << "text of " << system;
+        ASSERT_TRUE(Files.Exists(Path(held))) << system;
+        EXPECT_EQ(Files.ReadWhole(Path(held)), std::string("text of ") + system);
     }
     const std::size_t before = Entries();
-    for (const auto& name : names) Files.WriteWhole(Path(name.Held), "new");
+    for (const auto& name : names) Files.WriteWhole(Path(name.second), "new");
     EXPECT_EQ(Entries(), before);
-    EXPECT_EQ(OnDisk(names[0].System), "new");
+    EXPECT_EQ(OnDisk(names[0].first), "new");
 }
 
 TEST_F(DiskFilesTest, BothSeparatorsLeadIntoFolders) {
@@ -106,12 +104,10 @@ TEST_F(DiskFilesTest, FailuresHaveTheirNumbers) {
     EXPECT_EQ(ErrorOf([&] { Files.Delete(Path("missing")); }), fault::FileNotFound);
     // What never ends, or never begins.
     for (const std::string& odd :
-         {Path("folder"), Path("pipe"), std::string("/dev/zero"), std::string("/dev/null")}) {
+         {Path("folder"), Path("pipe"), std::string("/dev/zero"), std::string("/dev/null")})
         EXPECT_EQ(ErrorOf([&] { Files.ReadWhole(odd); }), fault::PathFileAccess) << odd;
-    }
-    for (const std::string& odd : {Path("folder"), Path("pipe"), Path("none/x"), std::string("/dev/null")}) {
+    for (const std::string& odd : {Path("folder"), Path("pipe"), Path("none/x"), std::string("/dev/null")})
         EXPECT_EQ(ErrorOf([&] { Files.WriteWhole(odd, "x"); }), fault::PathFileAccess) << odd;
-    }
     EXPECT_EQ(ErrorOf([&] { Files.Append(Path("folder"), "x"); }), fault::PathFileAccess);
     std::ofstream(Path("folder/inside")) << "x";
     EXPECT_EQ(ErrorOf([&] { Files.Delete(Path("folder")); }), fault::PathFileAccess);
