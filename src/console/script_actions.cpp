@@ -142,7 +142,7 @@ void RightClickRow(Script& run, Args args) {
 
 // Headers count from 1; a wrong one is a ScriptError.
 int HeaderNumber(int header) {
-    if (header < 1 || header > SubItemCount) throw ScriptError{"column headers count from 1 to 19"};
+    if (header < 1 || header > column::Count) throw ScriptError{"column headers count from 1 to 19"};
     return header;
 }
 

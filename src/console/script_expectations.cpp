@@ -24,7 +24,7 @@ void ExpectCell(Script& run, Args args) {
     const ListView& list = run.Session.Program();
     const int row = args.Number(0);
     const int column = args.Number(1);
-    if (column < 0 || column >= SubItemCount) throw ScriptError{"columns count from 0 to 18"};
+    if (column < 0 || column >= column::Count) throw ScriptError{"columns count from 0 to 18"};
     if (row < 1 || row > list.Count()) return run.Fail(Quoted(args.Last()), "no such row");
     run.Compare(args.Last(), ToUtf8(list.Row(row)[column]));
 }
@@ -38,7 +38,7 @@ void ExpectRowColor(Script& run, Args args) {
 
 // Column headers count from 1; a wrong one is a ScriptError.
 const ColumnHeader& HeaderOf(Script& run, int header) {
-    if (header < 1 || header > SubItemCount) throw ScriptError{"column headers count from 1 to 19"};
+    if (header < 1 || header > column::Count) throw ScriptError{"column headers count from 1 to 19"};
     return run.Session.Program().Header(header);
 }
 

@@ -119,7 +119,7 @@ void WriteRows(StateWriter& out, const Workbench& workbench) {
     for (int i = 1; i <= list.Count(); ++i) {
         const ListRow& row = list.Row(i);
         json.StartArray();
-        for (int c = 0; c < SubItemCount; ++c) out.Text(row[c]);
+        for (int c = 0; c < column::Count; ++c) out.Text(row[c]);
         json.EndArray();
     }
     json.EndArray();
@@ -132,7 +132,7 @@ void WriteRows(StateWriter& out, const Workbench& workbench) {
     WriteScalars(out, listScalars, workbench);
     out.Key("columnWidths");
     json.StartArray();
-    for (int header = 1; header <= SubItemCount; ++header) json.Int(list.Header(header).Width);
+    for (int header = 1; header <= column::Count; ++header) json.Int(list.Header(header).Width);
     json.EndArray();
 }
 

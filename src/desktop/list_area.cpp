@@ -50,7 +50,7 @@ void ListArea::ChooseFont() {
 std::vector<ListArea::Column> ListArea::Columns() const {
     std::vector<Column> columns;
     int twips = 0;
-    for (int subItem = 0; subItem < SubItemCount; ++subItem) {
+    for (int subItem = 0; subItem < ListRow::Capacity; ++subItem) {
         const int width = list_.Header(subItem + 1).Width;
         if (width <= 0) continue;
         const int left = lengths_.Pixels(twips);
@@ -70,7 +70,8 @@ int ListArea::RowsInSight() const { return std::max(1, (viewport()->height() - h
 void ListArea::FollowRows() {
     const StackGuard guard(following_);
     int twips = 0;
-    for (int header = 1; header <= SubItemCount; ++header) twips += std::max(0, list_.Header(header).Width);
+    for (int header = 1; header <= ListRow::Capacity; ++header)
+        twips += std::max(0, list_.Header(header).Width);
     const int width = lengths_.Pixels(twips);
     horizontalScrollBar()->setPageStep(viewport()->width());
     horizontalScrollBar()->setRange(0, std::max(0, width - viewport()->width()));

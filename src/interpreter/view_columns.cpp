@@ -12,7 +12,7 @@ struct HeaderDefault {
 };
 
 // Texts and the widths that no rule changes; the others are made by the procedures below.
-constexpr HeaderDefault headerDefaults[SubItemCount] = {
+constexpr HeaderDefault headerDefaults[column::Count] = {
     {"X", 0},      {"N", 495},    {"G", 600},      {"X", 706},           {"Y", 0},
     {"Z", 811},    {"F", 600},    {"H", 495},      {"Error in line", 0}, {"Tool X", 0},
     {"Tool Y", 0}, {"Tool Z", 0}, {"Center X", 0}, {"Center Y", 0},      {"Center Z", 0},
@@ -38,7 +38,7 @@ ViewColumns::ViewColumns(Form& form, ProgramStore& store, ScreenService& screen)
       form_(form),
       store_(store),
       screen_(screen) {
-    for (int header = 1; header <= SubItemCount; ++header) {
+    for (int header = 1; header <= column::Count; ++header) {
         const HeaderDefault& one = headerDefaults[header - 1];
         store.lvCncProgram.SetHeaderText(header, one.Text);
         store.lvCncProgram.SetHeaderWidth(header, one.Width);

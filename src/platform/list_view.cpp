@@ -11,7 +11,7 @@ void ListRow::NoSuchColumn() { throw RunTimeError(fault::SubscriptOutOfRange); }
 void ListView::NoSuchRow() { throw RunTimeError(fault::SubscriptOutOfRange); }
 
 std::size_t ListView::CheckedHeader(int header) {
-    if (header < 1 || header > SubItemCount) throw RunTimeError(fault::SubscriptOutOfRange);
+    if (header < 1 || header > ListRow::Capacity) throw RunTimeError(fault::SubscriptOutOfRange);
     return static_cast<std::size_t>(header) - 1;
 }
 

@@ -9,12 +9,14 @@
 
 namespace kvt {
 
-inline constexpr int SubItemCount = 19;
-
-// One row of a list view: column 0 is the item text, columns 1 to 18 the sub-items.
+// One row of a list view: column 0 is the item text, the others are the sub-items. The cells have their place in the
+// row itself, so that a pass over thousands of rows asks for no memory.
 class ListRow {
 public:
-    // The cell of a column, 0 to 18; another column is error 9.
+    // As many columns as any list may have.
+    static constexpr int Capacity = 19;
+
+    // The cell of a column, below Capacity; another column is error 9.
     Cell& operator[](int column) { return cells_[Checked(column)]; }
     const Cell& operator[](int column) const { return cells_[Checked(column)]; }
 
@@ -23,11 +25,11 @@ public:
 
 private:
     static std::size_t Checked(int column) {
-        if (column < 0 || column >= SubItemCount) NoSuchColumn();
+        if (column < 0 || column >= Capacity) NoSuchColumn();
         return static_cast<std::size_t>(column);
     }
     [[noreturn]] static void NoSuchColumn();
-    std::array<Cell, SubItemCount> cells_;
+    std::array<Cell, Capacity> cells_;
 };
 
 struct ColumnHeader {
@@ -107,7 +109,7 @@ private:
     static std::size_t CheckedHeader(int header);
 
     std::vector<ListRow> rows_;
-    std::array<ColumnHeader, SubItemCount> headers_;
+    std::array<ColumnHeader, ListRow::Capacity> headers_;
     int selected_ = 0;
     int top_ = 1;
     int rowsInSight_ = 0;

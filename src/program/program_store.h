@@ -14,6 +14,8 @@ namespace column {
 inline constexpr int Number = 1, Code = 2, X = 3, Y = 4, Z = 5, F = 6, H = 7, Error = 8, ToolX = 9,
                      ToolY = 10, ToolZ = 11, CenterX = 12, CenterY = 13, CenterZ = 14, Radius = 15,
                      Angle = 16, Time = 17, Comment = 18;
+inline constexpr int Count = 19;
+static_assert(Count <= ListRow::Capacity);
 }  // namespace column
 
 inline constexpr int ErrorHeader = 9;

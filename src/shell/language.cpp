@@ -104,7 +104,7 @@ void ModuleLoader::KeepBuiltIn() {
         if (ListBox* const list = ListOf(*windows_.front(), one))
             builtIn_->Lists.emplace_back(list, list->Entries());
     }
-    for (int header = firstNamedHeader; header <= SubItemCount; ++header)
+    for (int header = firstNamedHeader; header <= column::Count; ++header)
         builtIn_->Headers.push_back(parts_.Store.lvCncProgram.Header(header).Text);
     builtIn_->Tabs = parts_.Main.tabSettings.Captions;
     builtIn_->EntryCaption = parts_.Language.EntryCaption;
@@ -281,7 +281,7 @@ std::string ModuleLoader::WriteModule() const {
         }
     }
     module.Section(language_section::Headers);
-    for (int header = firstNamedHeader; header <= SubItemCount; ++header) {
+    for (int header = firstNamedHeader; header <= column::Count; ++header) {
         numbered(header, header == ErrorHeader ? std::string_view(texts.ErrorHeaderText)
                                                : parts_.Store.lvCncProgram.Header(header).Text);
     }

@@ -98,7 +98,7 @@ private:
         std::string cut;
         const ListView& list = bench_->Store.lvCncProgram;
         const QWidget& widget = *View::Of(list)->Widget();
-        for (int header = 1; header <= SubItemCount; ++header) {
+        for (int header = 1; header <= ListRow::Capacity; ++header) {
             const ColumnHeader& one = list.Header(header);
             const int room = platform_.Desktop.Lengths.Pixels(one.Width - 75) - 2;
             if (one.Width > 0 && !FitsWidth(widget, ToQt(one.Text), room)) cut += "header " + one.Text + " ";

@@ -51,7 +51,7 @@ TEST_F(View, WindowFitsTheColumns) {
          {std::pair("MK2", 10288), std::pair("MK4", 9793), std::pair("F1", 9372)}) {
         SCOPED_TRACE(machine);
         Check(machine, Program("21"));
-        for (int header = 1; header <= SubItemCount; ++header)
+        for (int header = 1; header <= column::Count; ++header)
             Workbench->Store.lvCncProgram.SetHeaderWidth(header, header == 1 || header == 19 ? 5000 : 100);
         Form& form = Workbench->frmMain;
         form.Width = 7;

@@ -69,7 +69,7 @@ protected:
             const TextTable& table = section.Table(Workbench->Language);
             for (int i = 1; i <= table.Size(); ++i) all += std::string(Trim(table.At(i))) + "\n";
         }
-        for (int header = 1; header <= SubItemCount; ++header)
+        for (int header = 1; header <= column::Count; ++header)
             all += Workbench->Store.lvCncProgram.Header(header).Text + "\n";
         for (const std::string& tab : Workbench->Main.tabSettings.Captions) all += tab + "\n";
         return all + Workbench->Language.ErrorHeaderText + Workbench->Language.EntryCaption;
