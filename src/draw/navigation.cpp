@@ -23,12 +23,7 @@ bool Holds(const ScrollBar& bar, double value) { return value >= bar.Lowest() &&
 }  // namespace
 
 Navigation::Navigation(DrawParts& parts, Viewport& view, Measuring& measure, StrokeGuide& strokes)
-    : parts_(parts),
-      controls_(parts.Controls),
-      state_(parts.State),
-      view_(view),
-      measure_(measure),
-      strokes_(strokes) {
+    : controls_(parts.Controls), state_(parts.State), view_(view), measure_(measure), strokes_(strokes) {
     PictureBox& field = controls_.pbxDrawField;
     field.OnMouseMove = [this](int button, int, float x, float y) { pbxDrawField_MouseMove(button, x, y); };
     field.OnMouseDown = [this](int button, int shift, float x, float y) {

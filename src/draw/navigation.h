@@ -24,7 +24,6 @@ private:
     void Pan(double right, double down);
     void PutZero(double left, double top);
 
-    DrawParts& parts_;
     DrawControls& controls_;
     DrawState& state_;
     Viewport& view_;
