@@ -135,7 +135,14 @@ void BringPreProcessors(kvt::FileService& files, const std::string& dataFolder) 
 // What the command line asks for besides a file.
 void Begin(kvt::Workbench& workbench, const Options& options) {
     if (options.New && workbench.Main.mnuNew.Enabled) workbench.Main.mnuNew.Click();
-    if (options.Receive && workbench.Transfer.mnuRX.Enabled) workbench.Transfer.mnuRX.Click();
+    if (options.Receive) {
+        kvt::Menu& receive = workbench.Transfer.mnuRX;
+        if (receive.Enabled) {
+            receive.Click();
+        } else if (receive.OnRefused) {
+            receive.OnRefused();
+        }
+    }
 }
 
 int RunProgram(int argc, char** argv) {
