@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "basic/code_page.h"
+#include "basic/line_end.h"
 #include "basic/text.h"
 #include "console/help_markup.h"
 #include "headless/memory_platform.h"
@@ -181,7 +182,7 @@ std::string Findings(const Texts& texts) {
         page += "<h4><a name=\"" + FindingSection(number) + "\">" +
                 HtmlText(ToUtf8(Trim(FindingName(number, texts)))) + "</a></h4>\n<p>";
         const std::string text = HtmlText(ToUtf8(ExplanationOf(number, texts)));
-        page += Replace(text, "\r\n", "<br>\n") + "</p>\n";
+        page += Replace(text, LineEnd, "<br>\n") + "</p>\n";
     }
     return page;
 }

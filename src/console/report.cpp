@@ -6,6 +6,7 @@
 
 #include "basic/code_page.h"
 #include "basic/installation.h"
+#include "basic/line_end.h"
 #include "basic/number.h"
 #include "basic/text.h"
 #include "console/commands.h"
@@ -115,7 +116,7 @@ std::string RowOf(const Reported& one, std::size_t number) {
     row += Cell("<b>" + text(one.Verdict) + "</b>", PlainNumber(one.Status));
     // "No errors." stands before it.
     std::string finding = one.Finding == cleanSentence ? std::string() : text(one.Finding);
-    for (const std::string_view line : Split(one.Explanation, "\r\n"))
+    for (const std::string_view line : Split(one.Explanation, LineEnd))
         finding += "<p>" + text(std::string(line)) + "</p>";
     row += Cell(finding);
     row += Cell(text(one.Lines));

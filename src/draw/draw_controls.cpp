@@ -22,7 +22,6 @@ constexpr int barBreadth = 255;
 constexpr int fieldSize = 40000;
 constexpr int firstFieldWidth = 600;
 constexpr int distanceWidth = 860;
-constexpr int firstScale = 3;
 
 void Put(Control& container, std::initializer_list<Control*> inside) {
     for (Control* control : inside) control->Container = &container;
@@ -138,7 +137,7 @@ void DrawControls::MakeMenus() {
         auto& entry = mnuScale[static_cast<std::size_t>(i)];
         entry = std::make_unique<Menu>(frmDraw, "mnuScale", scaleCaptions[i], i);
         entry->Container = &mnuScaleMenu;
-        entry->Checked = i == firstScale;
+        entry->Checked = i == IndexOfScale1;
     }
     for (int i = 0; i < SimulationCount; ++i) {
         auto& entry = mnuSim[static_cast<std::size_t>(i)];
@@ -209,7 +208,7 @@ void DrawControls::PlaceFrames() {
         shown->ReadOnly = true;
     lblDiameter.ToolTip = "Diameter";
     UpDown.Max = ScaleCount - 1;
-    UpDown.SetValue(firstScale);
+    UpDown.SetValue(IndexOfScale1);
 
     Place(frStepControls, 0, 600, 2900, 480);
     Put(frStepControls, {&cmdStep, &cmdStop, &cmdRun});

@@ -13,6 +13,8 @@ inline constexpr int Run = 0, Step = 1, Speed1 = 2, Speed2 = 3, Speed3 = 4;
 }  // namespace simulation
 
 inline constexpr int ScaleCount = 11;
+// The entry of mnuScale for x 1; each is twice the one before.
+inline constexpr int IndexOfScale1 = 3;
 inline constexpr int SimulationCount = 5;
 
 // The drawing window: its menus, the field behind its view window, and the frames above the drawing.

@@ -29,7 +29,6 @@ constexpr int autoFitWidth = 840;
 constexpr int redrawWidth = 820;
 constexpr int twipsALetter = 110;
 constexpr int letterMargin = 60;
-constexpr int firstScale = 3;
 // How far a press of an arrow key moves the view, in twips.
 constexpr double arrowStep = 900;
 
@@ -251,7 +250,7 @@ void DrawWindow::Form_Load() {
     State.ZeroY = screen.Height() / 2.0;
     Controls.pbxDrawField.MoveTo(State.ZeroX, State.ZeroY);
     State.DrawScale = 1;
-    View.SetScaleIndex(firstScale);
+    View.SetScaleIndex(IndexOfScale1);
     Sim.SelectSim(simulation::Run);
     PositionControls();
     // The marks that the settings bring fill the boxes from the next choice of fill or grid on.

@@ -12,11 +12,10 @@ namespace {
 
 // How far a notch of a wheel that goes sideways moves the field, in twips.
 constexpr double twipsPerNotch = 900;
-constexpr int indexOfScale1 = 3;
 constexpr int twipsPerStep = 10;  // of a scroll bar
 
 // The entry of the scale menu that a scale is; below 0 for one that is smaller than all of them.
-int IndexOf(double scale) { return ToLong(std::log2(scale)) + indexOfScale1; }
+int IndexOf(double scale) { return ToLong(std::log2(scale)) + IndexOfScale1; }
 
 bool Holds(const ScrollBar& bar, double value) { return value >= bar.Lowest() && value <= bar.Highest(); }
 

@@ -57,7 +57,7 @@ void Viewport::ScaleFromIndex(int index) {
     // A scale that the user chooses stays.
     state_.FitNext = false;
     state_.OwnView = true;
-    state_.DrawScale = index >= 0 && index < ScaleCount ? std::ldexp(1.0F, index - 3) : 1;
+    state_.DrawScale = index >= 0 && index < ScaleCount ? std::ldexp(1.0F, index - IndexOfScale1) : 1;
 }
 
 void Viewport::SetScaleIndex(int index) {

@@ -63,11 +63,7 @@ void CodeChoice::lvCncProgram_Click() {
     if (place == 0) return;
     const ListRow row = store.lvCncProgram.Row(place);
     entry.Opened.Close();
-    CodeLists& lists = parts_.Lists;
-    for (ListBox* list : {&lists.lstMK2Gcodes, &lists.lstMK4Gcodes, &lists.lstMK4Mcodes, &lists.lstF1Gcodes,
-                          &lists.lstF1Mcodes}) {
-        list->ListIndex = -1;
-    }
+    parts_.Lists.Unselect();
     // The open line has no code: the fields go, with what stood in them, and a new code is awaited.
     if (Trim(row[column::Code]).empty()) {
         parts_.Layout.HideInputFields();

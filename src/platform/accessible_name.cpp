@@ -3,6 +3,8 @@
 #include <span>
 #include <string_view>
 
+#include "basic/line_end.h"
+
 namespace kvt {
 
 namespace {
@@ -11,7 +13,7 @@ constexpr std::size_t prefixLength = 3;  // "txt", "lbl"
 constexpr const char* naming[] = {"lbl", "cmd"};
 constexpr const char* named[] = {"txt", "cbo"};
 
-std::string_view FirstLine(std::string_view text) { return text.substr(0, text.find("\r\n")); }
+std::string_view FirstLine(std::string_view text) { return text.substr(0, text.find(LineEnd)); }
 
 template <class Kind, class... More>
 const TextProperty* CaptionAs(const Control& control) {

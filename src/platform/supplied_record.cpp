@@ -4,6 +4,7 @@
 #include <functional>
 #include <utility>
 
+#include "basic/line_end.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 
@@ -58,7 +59,8 @@ void SuppliedRecord::Note(std::string_view name, std::string_view content, std::
 void SuppliedRecord::Write() {
     if (!changed_) return;
     std::string text;
-    for (const auto& [name, entry] : entries_) text += name + "=" + entry.Digest + " " + entry.Stamp + "\r\n";
+    for (const auto& [name, entry] : entries_)
+        text += name + "=" + entry.Digest + " " + entry.Stamp + std::string(LineEnd);
     try {
         files_.WriteWhole(path_, text);
         changed_ = false;

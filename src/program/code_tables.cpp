@@ -145,6 +145,11 @@ CodeLists::CodeLists(Form& form)
     Fill(lstF1Mcodes, f1Mcodes);
 }
 
+void CodeLists::Unselect() {
+    for (ListBox* list : {&lstMK2Gcodes, &lstMK4Gcodes, &lstMK4Mcodes, &lstF1Gcodes, &lstF1Mcodes})
+        list->ListIndex = -1;
+}
+
 std::string EntryDescription(std::string_view entry) { return Replace(Trim(Mid(entry, 5)), "\t", ""); }
 
 }  // namespace kvt

@@ -25,6 +25,9 @@ struct CodeLists {
     explicit CodeLists(Form& form);
 
     ListBox lstMK2Gcodes, lstMK4Gcodes, lstMK4Mcodes, lstF1Gcodes, lstF1Mcodes;
+
+    // No entry of any is selected then.
+    void Unselect();
 };
 
 // The description of a list entry: from its fifth character on, trimmed, without tabs.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "basic/line_end.h"
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
@@ -98,7 +99,7 @@ void ModuleLoader::KeepBuiltIn() {
         TextProperty* const text =
             control && row.What != ShownText::Tab ? TextOf(*control, row.What) : nullptr;
         // What stands in a second line tells of the moment.
-        if (text) builtIn_->Labels.emplace_back(text, text->Get().substr(0, text->Get().find("\r\n")));
+        if (text) builtIn_->Labels.emplace_back(text, text->Get().substr(0, text->Get().find(LineEnd)));
     }
     for (const ListSection& one : ListSections()) {
         if (ListBox* const list = ListOf(*windows_.front(), one))

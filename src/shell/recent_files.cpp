@@ -23,13 +23,11 @@ std::string ShownFolder(std::string_view path) {
 
 }  // namespace
 
-RecentFiles::RecentFiles(const Parts& parts) : parts_(parts) {
-    for (std::size_t place = 0; place < Most; ++place) {
-        auto& entry = entries_[place];
-        entry = std::make_unique<Menu>(parts_.Main.Window, "mnuRecentFile", "", static_cast<int>(place));
-        entry->Container = &parts_.Main.mnuRecent;
-        entry->OnClick = [this, place] { mnuRecentFile_Click(place); };
-    }
+RecentFiles::RecentFiles(const Parts& parts)
+    : parts_(parts), entries_(parts_.Main.mnuRecent, "mnuRecentFile", [this](int index) {
+          mnuRecentFile_Click(static_cast<std::size_t>(index));
+      }) {
+    entries_.At(static_cast<int>(Most) - 1);
     Show();
 }
 
@@ -81,17 +79,16 @@ void RecentFiles::Show() {
     // What the settings left out is no gap.
     std::stable_partition(programs_.begin(), programs_.end(),
                           [](const Program& program) { return !program.Path.empty(); });
-    for (std::size_t place = 0; place < Most; ++place) {
-        const Program& program = programs_[place];
-        Menu& entry = *entries_[place];
-        entry.Visible = !program.Path.empty();
-        if (!entry.Visible) continue;
+    std::vector<std::string> captions;
+    for (const Program& program : programs_) {
+        if (program.Path.empty()) break;
         // The number chooses the entry.
-        entry.Caption = PlainNumber(static_cast<std::int64_t>(place + 1)) + "  " +
-                        std::string(ExtractFileName(program.Path)) + "  (" + program.Machine + ")  " +
-                        ShownFolder(program.Path);
+        captions.push_back(PlainNumber(static_cast<std::int64_t>(captions.size() + 1)) + "  " +
+                           std::string(ExtractFileName(program.Path)) + "  (" + program.Machine + ")  " +
+                           ShownFolder(program.Path));
     }
-    parts_.Main.mnuRecent.Enabled = !programs_.front().Path.empty();
+    entries_.Show(captions);
+    parts_.Main.mnuRecent.Enabled = !captions.empty();
 }
 
 }  // namespace kvt

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <array>
-#include <memory>
 
 #include "files/settings_file.h"
+#include "platform/menu_array.h"
 #include "platform/services.h"
 #include "program/program_store.h"
 #include "program/texts.h"
@@ -45,7 +45,7 @@ private:
     void Show();
 
     Parts parts_;
-    std::array<std::unique_ptr<Menu>, Most> entries_;
+    MenuArray entries_;
     std::array<Program, Most> programs_;  // those without a path are none
 };
 

@@ -109,10 +109,7 @@ void Undoing::Show(const ProgramHistory::Move& move) {
 
 // No line of another state stays open, and no edit of a field that belongs to one.
 void Undoing::EmptyEntryRow() {
-    CodeLists& lists = parts_.Lists;
-    for (ListBox* list : {&lists.lstMK2Gcodes, &lists.lstMK4Gcodes, &lists.lstMK4Mcodes, &lists.lstF1Gcodes,
-                          &lists.lstF1Mcodes})
-        list->ListIndex = -1;
+    parts_.Lists.Unselect();
     parts_.Layout.ClearEntryFields();
     parts_.Layout.UpdateFrameCaption();
     ForgetFieldEdits();
