@@ -16,6 +16,9 @@ endfunction()
 
 # kvt_for_node(TARGET) makes a program of the console run under node, on the files of this machine.
 function(kvt_for_node target)
-    target_link_options(${target} PRIVATE -sENVIRONMENT=node -sNODERAWFS=1 -sALLOW_MEMORY_GROWTH=1
+    target_link_options(${target} PRIVATE -sENVIRONMENT=node -sNODERAWFS=1 -sWASM_ASYNC_COMPILATION=0 -sALLOW_MEMORY_GROWTH=1
                         -sTOTAL_STACK=4MB -sEXIT_RUNTIME=1)
 endfunction()
+
+# Debian's emscripten needs modules of Debian's node, which a node from elsewhere does not look for.
+set_property(GLOBAL PROPERTY RULE_LAUNCH_LINK "${CMAKE_COMMAND} -E env NODE_PATH=/usr/share/nodejs")
