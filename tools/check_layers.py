@@ -21,13 +21,15 @@ MAY_INCLUDE["shell"] = {*CORE, "transfer", "draw"}
 MAY_INCLUDE["system"] = {"basic", "platform"}
 MAY_INCLUDE["headless"] = {"basic", "platform", "system"}
 MAY_INCLUDE["desktop"] = {"basic", "platform", "system"}
+MAY_INCLUDE["web"] = {"basic", "platform"}
 MAY_INCLUDE["console"] = {*MAY_INCLUDE["shell"], "shell", "headless", "system"}
-MAY_INCLUDE["app"] = {*MAY_INCLUDE["console"], "console", "desktop"}
+MAY_INCLUDE["app"] = {*MAY_INCLUDE["console"], "console", "desktop", "web"}
 
 # Headers from outside, by the beginning of their names -> the rooms that may include them.
 FOREIGN = (
     (re.compile(r"Q[A-Za-z]"), {"desktop", "app"}, "the windowing toolkit"),
-    (re.compile(r"(CLI|rapidjson)/"), {"console", "app"}, "the option and JSON libraries"),
+    (re.compile(r"CLI/"), {"console", "app"}, "the option library"),
+    (re.compile(r"rapidjson/"), {"console", "web", "app"}, "the JSON library"),
     (re.compile(r"png\.h"), {"platform"}, "the library of PNG files"),
 )
 

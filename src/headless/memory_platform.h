@@ -7,13 +7,13 @@
 #include <string>
 #include <vector>
 
-#include "headless/memory_focus.h"
 #include "headless/memory_port.h"
 #include "headless/memory_printer.h"
 #include "headless/memory_programs.h"
 #include "platform/keyboard.h"
 #include "platform/services.h"
 #include "platform/twips.h"
+#include "platform/window_focus.h"
 #include "system/disk_files.h"
 
 namespace kvt {
@@ -170,7 +170,7 @@ public:
     MemoryDialogs Dialogs;
     MemoryClipboard Clipboard;
     MemoryScreen Screen;
-    MemoryFocus Focus;
+    WindowFocus Focus;
     MemorySystem System{Focus, &Clipboard};
     MemoryPort Port{System.Clock};
     MemoryPrinter Printer;
@@ -182,7 +182,7 @@ public:
 
     // For a new run of the program: its windows have gone, with the focus; what lies outside it stays.
     void BeginRun() {
-        Focus = MemoryFocus();
+        Focus = WindowFocus();
         System.BeginRun();
         Port.Reset();
         Port.OnComm = nullptr;

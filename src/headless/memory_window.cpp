@@ -2,7 +2,7 @@
 
 namespace kvt {
 
-MemoryWindow::MemoryWindow(Form& form, ScreenService& screen, MemoryFocus& focus)
+MemoryWindow::MemoryWindow(Form& form, ScreenService& screen, WindowFocus& focus)
     : form_(form), screen_(screen), focus_(focus) {
     form_.View = this;
 }

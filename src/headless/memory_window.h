@@ -1,8 +1,8 @@
 #pragma once
 
-#include "headless/memory_focus.h"
 #include "platform/controls.h"
 #include "platform/services.h"
+#include "platform/window_focus.h"
 
 namespace kvt {
 
@@ -11,7 +11,7 @@ namespace kvt {
 // stays above the others anyway.
 class MemoryWindow : public ControlView {
 public:
-    MemoryWindow(Form& form, ScreenService& screen, MemoryFocus& focus);
+    MemoryWindow(Form& form, ScreenService& screen, WindowFocus& focus);
     ~MemoryWindow() override;
     MemoryWindow(const MemoryWindow&) = delete;
     MemoryWindow& operator=(const MemoryWindow&) = delete;
@@ -28,7 +28,7 @@ private:
 
     Form& form_;
     ScreenService& screen_;
-    MemoryFocus& focus_;
+    WindowFocus& focus_;
     bool placing_ = false;
 };
 
