@@ -12,6 +12,7 @@ export class Link {
     #due = Infinity;
     #sequence = 0;
     #held = new Map();
+    #turn = new MessageChannel();
 
     // stage(message) is told each message of the program, numbers(id, from, floats) the strokes of a drawing,
     // kept(id, canvas) the picture that they begin with.
@@ -20,6 +21,7 @@ export class Link {
         this.strokes = numbers;
         this.kept = kept;
         this.ended = false;
+        this.#turn.port1.onmessage = () => this.#tick();
         ticks(() => this.#tick());
     }
 
@@ -30,12 +32,14 @@ export class Link {
     // The program waits for an event: take() gets its JSON text, or "" when the time is over.
     wait(milliseconds, take) {
         this.#take = take;
-        const endless = !(milliseconds >= 0) || milliseconds === Infinity;
+        const endless = milliseconds < 0 || milliseconds === Infinity;
         this.#due = endless ? Infinity : performance.now() + milliseconds;
         if (this.#events.length > 0) {
             this.#give();
+        } else if (milliseconds === 0) {
+            // One turn of the browser's events; a timer would take some milliseconds more.
+            this.#turn.port2.postMessage(0);
         } else if (!endless) {
-            clearTimeout(this.#timer);
             this.#timer = setTimeout(() => this.#tick(), milliseconds);
         }
     }

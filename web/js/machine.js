@@ -1,27 +1,28 @@
-// The played machine: takes what is sent, and sends a program, with the workbench's own port in between.
+// The played machine: a port that goes nowhere. It keeps what comes, and gives it back at the pace of a line.
 
 import { make } from './views/view.js';
 
 const rates = [300, 600, 1200, 2400, 4800, 9600, 19200, 115200];
+const bitsACharacter = 10;
+const step = 50; // milliseconds
 
 export class MachinePanel {
     #panel = null;
     #text = '';
+    #sending = 0;
 
     constructor(stage) {
         this.stage = stage;
     }
 
     toggle() {
-        if (this.#panel) return this.#close();
-        this.#make();
-        this.stage.link.send({ on: 'machine', what: 'open' });
+        if (this.#panel) this.#close();
+        else this.#make();
     }
 
     #close() {
         this.#panel.remove();
         this.#panel = null;
-        this.stage.link.send({ on: 'machine', what: 'close' });
         this.stage.restoreFocus();
     }
 
@@ -43,9 +44,9 @@ export class MachinePanel {
         label.textContent = `${stage.text('speed')} `;
         const speed = make('select', '', label);
         for (const rate of rates) make('option', '', speed).textContent = String(rate);
-        speed.addEventListener('change', () => this.#tell('baud', { baud: Number(speed.value) }));
-        this.#button('send', row, () => this.#tell('send', { baud: Number(speed.value) }));
-        this.#button('clear', row, () => this.#tell('clear'));
+        this.speed = speed;
+        this.#button('send', row, () => this.#send());
+        this.#button('clear', row, () => this.#take(''));
         this.state = make('div', 'state', body);
         this.state.setAttribute('role', 'status');
         const came = make('pre', 'came', body);
@@ -63,19 +64,41 @@ export class MachinePanel {
         return button;
     }
 
-    #tell(what, more = {}) {
-        if (what === 'clear') this.take({ text: '' });
-        this.stage.link.send({ on: 'machine', what, ...more });
+    // The workbench sends: a machine that takes a program shows itself.
+    receive(data) {
+        if (!this.#panel) this.#make();
+        this.#take(this.#text + data);
     }
 
-    // What the machine has in its memory, and what it is doing.
-    take({ text, more, state }) {
-        if (text !== undefined) this.#text = text;
-        if (more !== undefined) this.#text += more;
+    #take(text) {
+        this.#text = text;
         if (!this.#panel) return;
-        this.came.textContent = this.#text.replace(/\r\n?/g, '\n');
+        this.came.textContent = text.replace(/\r\n?/g, '\n');
         this.came.scrollTop = this.came.scrollHeight;
-        if (state !== undefined) this.state.textContent = state;
+    }
+
+    // Gives back what it has, so many characters a step as the speed says.
+    #send() {
+        clearInterval(this.#sending);
+        if (!this.#text) return this.#tell('machineEmpty');
+        if (!this.line.holdsMachine) return this.#tell('machineNotChosen');
+        const { stage } = this;
+        const from = performance.now();
+        let sent = 0;
+        this.#sending = setInterval(() => {
+            const due = Math.floor(((performance.now() - from) * Number(this.speed.value)) / bitsACharacter / 1000);
+            const piece = this.#text.slice(sent, due);
+            sent += piece.length;
+            if (piece) this.line.fromMachine(piece);
+            const left = this.#text.length - sent;
+            this.#tell('', left > 0 ? `${stage.text('sending')} ${sent} / ${this.#text.length}` : stage.text('sent'));
+            if (left <= 0) clearInterval(this.#sending);
+        }, step);
+        return undefined;
+    }
+
+    #tell(name, text = this.stage.text(name)) {
+        if (this.#panel) this.state.textContent = text;
     }
 
     followLanguage() {

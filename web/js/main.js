@@ -78,7 +78,7 @@ function handlers(stage, { store, share, serial, panel }) {
 function pictureOf(share, path) {
     const content = share[path];
     if (!content) return '';
-    return path.endsWith('.svg') ? `data:image/svg+xml;charset=utf-8,${encodeURIComponent(content)}` : '';
+    return path.endsWith('.svg') ? `data:image/svg+xml;base64,${btoa(content)}` : '';
 }
 
 // Covers the page, with a way to start again.
@@ -113,8 +113,9 @@ async function hello(stage, { files, problem, share, serial }) {
 async function start() {
     followFont();
     const stage = new Stage();
-    const serial = new Serial(stage);
     const panel = new MachinePanel(stage);
+    const serial = new Serial(stage, panel);
+    panel.line = serial;
     const [share, { files, store, problem }] = await Promise.all([bundle(), openStorage()]);
     handlers(stage, { store, share, serial, panel });
     addTools(stage, { panel, serial });

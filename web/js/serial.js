@@ -24,15 +24,19 @@ function nameOf(port) {
 }
 
 export class Serial {
-    #ports = [];
-    #port = null;
+    #entries = []; // { name, port } granted, { name } still to be chosen, { name, machine }
+    #entry = null; // that is open
+    #port = null; // of the browser, once it is open
     #settings = '';
     #reader = null;
     #writer = null;
     #closing = false;
+    #waiting = []; // what was given before the port was there
 
-    constructor(stage) {
+    // machine takes what is sent to a machine that is played.
+    constructor(stage, machine) {
         this.stage = stage;
+        this.machine = machine;
         this.serial = navigator.serial ?? null;
         this.serial?.addEventListener('connect', () => this.tellNames());
         this.serial?.addEventListener('disconnect', (event) => {
@@ -41,22 +45,30 @@ export class Serial {
         });
     }
 
-    // The names of what can be opened: ports that were granted, then one that is still to be chosen.
+    // The names of what can be opened: ports that were granted, one that is still to be chosen, the played machine.
     async names() {
-        if (!this.serial) return [];
-        const granted = await this.serial.getPorts().catch(() => []);
-        this.#ports = granted.slice(0, offered);
-        const names = this.#ports.map(nameOf);
-        if (names.length < offered) names.push(this.stage.text('newPort'));
-        return names;
+        const granted = (await this.serial?.getPorts().catch(() => [])) ?? [];
+        this.#entries = granted.slice(0, offered - 1).map((port) => ({ name: nameOf(port), port }));
+        if (this.serial && this.#entries.length < offered - 1) this.#entries.push({ name: this.stage.text('newPort') });
+        this.#entries.push({ name: this.stage.text('machine'), machine: true });
+        return this.#entries.map((one) => one.name);
     }
     async tellNames() {
         this.stage.link.send({ on: 'ports', names: await this.names() });
     }
 
-    async #grant(number) {
-        const known = this.#ports[number - 1];
-        if (known) return known;
+    // The user chooses a port, in a click.
+    async grant() {
+        try {
+            await this.serial.requestPort();
+            await this.tellNames();
+        } catch {
+            // None was chosen.
+        }
+    }
+
+    async #chosen() {
+        if (this.#entry.port) return this.#entry.port;
         const request = () => this.serial.requestPort();
         if (navigator.userActivation?.isActive ?? true) return request();
         return ask(this.stage, {
@@ -72,18 +84,21 @@ export class Serial {
         });
     }
 
-    async open({ ask: number, number: port, settings }) {
-        try {
-            if (!this.serial) throw new Error('none');
-            this.#port = await this.#grant(port);
-            if (!this.#port) throw new Error('none');
-            await this.#start(settings);
-            this.stage.reply(number, { ok: true });
-            this.tellNames();
-        } catch (fault) {
-            this.#port = null;
-            this.stage.reply(number, { ok: false, error: String(fault.message ?? fault) });
+    // At its start the program tries all ports. One that is still to be chosen, or taken by another program by then,
+    // is asked for when something is to be sent.
+    async open({ ask: number, number: index, settings }) {
+        this.#entry = this.#entries[index - 1] ?? null;
+        this.#settings = settings;
+        this.#waiting = [];
+        let ok = this.#entry !== null;
+        if (this.#entry?.port) {
+            this.#port = this.#entry.port;
+            ok = await this.#start(settings).then(() => true, () => false);
+            if (!ok) this.#port = null;
+            if (!ok && document.body.classList.contains('starting')) ok = true;
         }
+        if (!ok) this.#entry = null;
+        this.stage.reply(number, { ok });
     }
 
     async #start(settings) {
@@ -123,14 +138,15 @@ export class Serial {
 
     async close({ ask: number }) {
         await this.#stop();
-        this.#port = null;
+        this.#port = this.#entry = null;
         this.stage.reply(number, { ok: true });
     }
 
     async change({ ask: number, settings }) {
+        if (!this.#entry) return this.stage.reply(number, {});
         const before = this.#settings;
-        const port = this.#port;
-        if (!port) return this.stage.reply(number, { ok: false });
+        this.#settings = settings;
+        if (!this.#port) return this.stage.reply(number, { ok: true });
         await this.#stop();
         try {
             await this.#start(settings);
@@ -138,19 +154,54 @@ export class Serial {
         } catch {
             // It goes on with what it had, where it is still there.
             const back = await this.#start(before).then(() => true, () => false);
-            this.stage.reply(number, back ? { ok: false, refused: true } : { ok: false });
+            if (!back) this.#port = this.#entry = null;
+            this.stage.reply(number, back ? { refused: true } : {});
         }
     }
 
     write({ data }) {
-        this.#writer?.write(bytesOf(data)).catch(() => this.#vanished());
+        if (this.#entry?.machine) return this.machine.receive(data);
+        if (this.#writer) {
+            this.#writer.write(bytesOf(data)).catch(() => this.#vanished());
+            return undefined;
+        }
+        this.#waiting.push(data);
+        if (this.#waiting.length === 1 && this.#entry) return this.#startWaiting();
+        return undefined;
+    }
+
+    // What waited goes out as soon as there is a port.
+    async #startWaiting() {
+        try {
+            this.#port = await this.#chosen();
+            if (!this.#port) throw new Error('none');
+            await this.#start(this.#settings);
+            this.#entry = { ...this.#entry, port: this.#port };
+            for (const data of this.#waiting.splice(0)) this.write({ data });
+        } catch {
+            this.#closing = false;
+            this.#port ??= {};
+            this.#vanished();
+        }
+    }
+
+    // From the played machine.
+    fromMachine(data) {
+        if (this.#entry?.machine) this.stage.link.send({ on: 'port', data });
+    }
+    get holdsMachine() {
+        return !!this.#entry?.machine;
+    }
+    get lineSettings() {
+        return this.#settings;
     }
 
     #vanished() {
         if (!this.#port || this.#closing) return;
         this.#closing = true;
-        this.#port = null;
+        this.#port = this.#entry = null;
         this.#writer = null;
+        this.#waiting = [];
         this.stage.link.send({ on: 'port', vanished: true });
     }
 }

@@ -83,7 +83,7 @@ export class Stage {
         const held = press.held;
         // What is pasted comes by itself.
         const pastes = (held === 2 && press.key === 86) || (held === 1 && press.key === 45);
-        if (pastes && event.target.matches?.('input, textarea')) return;
+        if (pastes && event.target.matches?.('.textbox')) return;
         const { key } = press;
         const message = { on: 'key', form: form.id, key, held, char: press.prints ? event.key : '' };
         const always = press.prints || key === 9 || this.#isShortcut(form, press);
@@ -99,7 +99,7 @@ export class Stage {
     }
 
     #paste(event) {
-        if (this.asking || !this.front || event.target.closest?.('.panel')) return;
+        if (this.asking || !this.front || !event.target.matches?.('.textbox')) return;
         event.preventDefault();
         const text = event.clipboardData?.getData('text/plain') ?? '';
         this.link.send({ on: 'paste', form: this.front.id, text });

@@ -8,7 +8,7 @@ const english = {
     noStorage: 'This browser keeps nothing for this page: settings and recovery end with it.',
     secondTab: 'The workbench is open in another tab too. This one keeps its settings to itself.',
     noSerial: 'This browser has no serial port. Chrome, Edge and Opera on a computer have one.',
-    newPort: 'Another port\u2026', machine: 'Played machine', copyLink: 'Copy link',
+    serialPort: 'Serial port', newPort: 'Port to choose', machine: 'Played machine', copyLink: 'Copy link',
     linkCopied: 'The link to this program is in the clipboard.',
     linkTooLong: 'The program is too long for a link: 8 kB is the most.', linkEmpty: 'There is no program to link to.',
     linkUnreadable: 'The link holds no program that can be read.', showLink: 'Copy this link:',
@@ -17,7 +17,9 @@ const english = {
     again: 'Start again', stopped: 'The workbench has stopped because of a fault. What was typed is kept; start again to go on.',
     grantPort: 'Choose the serial port of the machine', grantButton: 'Choose port\u2026',
     send: 'Send', receive: 'Receive', speed: 'Speed', machineHint: 'A machine without a machine: what TX sends arrives here, and RX takes from here.',
-    received: 'Received', clear: 'Clear', hidden: 'Hide', portChoice: 'Port',
+    received: 'Received', sending: 'Sending:', sent: 'All has been sent.',
+    machineEmpty: 'The machine has no program yet: transmit one to it first.',
+    machineNotChosen: 'Choose the played machine as the port: Settings, COM.', clear: 'Clear', hidden: 'Hide', portChoice: 'Port',
 };
 
 const german = {
@@ -29,7 +31,7 @@ const german = {
     noStorage: 'Dieser Browser bewahrt f\u00fcr diese Seite nichts auf: Einstellungen und Wiederherstellung enden mit ihr.',
     secondTab: 'Die Werkbank ist auch in einem anderen Tab offen. Dieser beh\u00e4lt seine Einstellungen f\u00fcr sich.',
     noSerial: 'Dieser Browser hat keine serielle Schnittstelle. Chrome, Edge und Opera auf einem Rechner haben eine.',
-    newPort: 'Anderer Anschluss\u2026', machine: 'Gespielte Maschine', copyLink: 'Link kopieren',
+    serialPort: 'Anschluss', newPort: 'Anschluss, noch zu w\u00e4hlen', machine: 'Gespielte Maschine', copyLink: 'Link kopieren',
     linkCopied: 'Der Link zu diesem Programm ist in der Zwischenablage.',
     linkTooLong: 'Das Programm ist zu lang f\u00fcr einen Link: h\u00f6chstens 8 kB.',
     linkEmpty: 'Es gibt kein Programm, auf das der Link zeigen k\u00f6nnte.',
@@ -40,7 +42,9 @@ const german = {
     grantPort: 'Seriellen Anschluss der Maschine w\u00e4hlen', grantButton: 'Anschluss w\u00e4hlen\u2026',
     send: 'Senden', receive: 'Empfangen', speed: 'Geschwindigkeit',
     machineHint: 'Eine Maschine ohne Maschine: was TX sendet, kommt hier an, und RX holt es von hier.',
-    received: 'Empfangen', clear: 'Leeren', hidden: 'Ausblenden', portChoice: 'Anschluss',
+    received: 'Empfangen', sending: 'Sendet:', sent: 'Alles ist gesendet.',
+    machineEmpty: 'Die Maschine hat noch kein Programm: erst eines an sie senden.',
+    machineNotChosen: 'Die gespielte Maschine als Anschluss w\u00e4hlen: Einstellungen, COM.', clear: 'Leeren', hidden: 'Ausblenden', portChoice: 'Anschluss',
 };
 
 export function words(language) {

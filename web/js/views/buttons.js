@@ -43,7 +43,7 @@ function pathOf(strokes) {
     return path.join('');
 }
 
-function pictureOf(strokes) {
+export function pictureOf(strokes) {
     const picture = document.createElementNS(svgSpace, 'svg');
     picture.setAttribute('viewBox', '0 0 24 24');
     picture.setAttribute('aria-hidden', 'true');

@@ -21,7 +21,7 @@ export class FormView extends View {
         this.makeTitle(bar);
         this.sight = make('div', 'sight', this.element);
         this.field = make('div', 'field', this.sight);
-        if (!isMain) this.makeGrip();
+        this.makeGrip();
         this.element.hidden = true;
         document.body.append(this.element);
         this.element.addEventListener('mousedown', () => this.stage.activate(this), true);
@@ -94,7 +94,7 @@ export class FormView extends View {
         const [edgeX, edgeY] = this.edges;
         const rest = this.element.offsetHeight - this.sight.offsetHeight;
         const least = [this.facts.smallestWidth || 2000, this.facts.smallestHeight || 1000];
-        const field = [twips(width - 2), twips(height - rest)];
+        const field = [twips(width), twips(height - rest)];
         this.showSize(Math.max(least[0], field[0] + edgeX), Math.max(least[1], field[1] + edgeY));
     }
 
@@ -139,9 +139,8 @@ export class FormView extends View {
     }
 
     showPlace() {
-        if (this.isMain) return;
         const { style } = this.element;
-        const fills = this.state === 'Maximised';
+        const fills = this.state === 'Maximised' || (this.isMain && this.state !== 'Normal');
         this.element.classList.toggle('filling', fills);
         if (fills) {
             style.left = style.top = '0';
@@ -151,8 +150,8 @@ export class FormView extends View {
         const { Left: left = 0, Top: top = 0, Width: width = 0, Height: height = 0 } = this.properties;
         this.showSize(width, height);
         const room = [Math.max(0, innerWidth - pixels(width)), Math.max(0, innerHeight - pixels(height + barHeight))];
-        style.left = `${Math.min(pixels(left), room[0])}px`;
-        style.top = `${Math.min(pixels(top), room[1])}px`;
+        style.left = `${Math.max(0, Math.min(pixels(left), room[0]))}px`;
+        style.top = `${Math.max(0, Math.min(pixels(top), room[1]))}px`;
     }
     showSize(width, height) {
         const [edgeX, edgeY] = this.edges;

@@ -2,6 +2,9 @@
 
 import { make, View } from './view.js';
 
+// Keys that a browser's tab keeps to itself; in a window of its own the page has them.
+const browsersOwn = new Set(['Ctrl+N', 'Ctrl+T', 'Ctrl+W', 'Ctrl+Shift+N', 'Ctrl+Shift+T', 'Ctrl+Shift+W']);
+
 export class MenuView extends View {
     constructor(stage, facts) {
         super(stage, facts, make('div'));
@@ -37,8 +40,10 @@ export class MenuView extends View {
         parent.children.push(this);
         (parent.kind === 'Form' ? parent.menuBar : parent.popup).append(this.element);
         if (parent.kind === 'Menu') parent.element.setAttribute('aria-haspopup', 'menu');
-        this.keys.textContent = this.facts.shownShortcut || this.facts.shortcut || '';
-        if (this.facts.shortcut) this.element.setAttribute('aria-keyshortcuts', this.facts.shortcut);
+        const key = this.facts.shownShortcut || this.facts.shortcut || '';
+        if (browsersOwn.has(key) && !window.matchMedia('(display-mode: standalone)').matches) return this.showPage();
+        this.keys.textContent = key;
+        if (key) this.element.setAttribute('aria-keyshortcuts', key.replace('Ctrl', 'Control'));
         this.showPage();
     }
 

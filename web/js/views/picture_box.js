@@ -78,7 +78,7 @@ export class PictureBoxView extends View {
     operations(from, numbers) {
         if (from < 0) {
             this.lit = numbers.slice();
-            return this.soon(() => this.paintOver());
+            return this.soon();
         }
         const size = (from * numbersAnOperation) + numbers.length;
         if (size > this.list.length) {
@@ -89,31 +89,31 @@ export class PictureBoxView extends View {
         this.list.set(numbers, from * numbersAnOperation);
         this.count = size / numbersAnOperation;
         if (from < this.painted) this.painted = 0;
-        this.soon(() => this.paint());
+        this.soon();
     }
 
     // The picture that the list begins with covers the whole field.
     keepPicture(image) {
         this.kept = image;
         this.painted = 0;
-        this.soon(() => this.paint());
+        this.soon();
     }
 
-    soon(paint) {
+    soon() {
         this.stage.later(this.canvas, () => {
-            paint();
+            this.paint();
             this.paintOver();
         });
     }
 
     setBackColor() {
-        this.soon(() => this.paint());
+        this.soon();
     }
     setCross() {
-        this.soon(() => this.paint());
+        this.soon();
     }
     setLitColor() {
-        this.soon(() => this.paint());
+        this.soon();
     }
     applied(changed) {
         const placed = ['Left', 'Top', 'Width', 'Height', 'Visible'].some((name) => name in changed);
@@ -121,7 +121,7 @@ export class PictureBoxView extends View {
     }
     // What lies in it comes into sight with it.
     followAll() {
-        this.soon(() => this.paint());
+        this.soon();
         for (const child of this.children) child.followAll?.();
     }
     recolor() {
@@ -129,7 +129,7 @@ export class PictureBoxView extends View {
     }
     repaint() {
         this.painted = 0;
-        this.soon(() => this.paint());
+        this.soon();
     }
 
     // What of the field is in sight, in pixels of the screen.
