@@ -211,8 +211,8 @@ void Workbench::Form_Activate() {
     Draw.Listing.Hide();
     Draw.Editor.RestoreSelection();
     Entry.RememberFeeds();
-    for (RichText* document : Main.Documents()) document->Visible = false;
-    Main.lstAbout.Visible = false;
+    // A document goes, and with it what it has frozen.
+    if (Help.Shown()) Modes.cmdReturn_Click();
     View.MakeLinePropertiesColumns();
     // The user may have put a module into its folder meanwhile.
     Languages.Refresh();
@@ -259,7 +259,8 @@ void Workbench::ShowPaths() {
 
 void Workbench::ChooseMachine(MachineModel machine) {
     const EditStep step(Calls, {StepKind::Machine});
-    if (!settings_.Busy) clearing_.mnuNew_Click();
+    // The machine in force is no reason to clear its program.
+    if (!settings_.Busy && machine != Store.Machine) clearing_.mnuNew_Click();
     // Still unsaved: the user kept the program, and the machine stays.
     if (!Store.Unsaved()) Store.Machine = machine;
     Display.ShowCodeLists();
