@@ -259,8 +259,7 @@ void Workbench::ShowPaths() {
 
 void Workbench::ChooseMachine(MachineModel machine) {
     const EditStep step(Calls, {StepKind::Machine});
-    // The machine in force is no reason to clear its program.
-    if (!settings_.Busy && machine != Store.Machine) clearing_.mnuNew_Click();
+    if (!settings_.Busy) clearing_.mnuNew_Click();
     // Still unsaved: the user kept the program, and the machine stays.
     if (!Store.Unsaved()) Store.Machine = machine;
     Display.ShowCodeLists();
