@@ -36,3 +36,10 @@ function(kvt_for_page target)
     endif()
     set_target_properties(${target} PROPERTIES OUTPUT_NAME ${name})
 endfunction()
+
+# What waits for users needs no inlining; the check pass and the drawing do.
+function(kvt_small)
+    foreach(room IN LISTS ARGN)
+        target_compile_options(kvt_${room} PRIVATE "SHELL:-mllvm -inline-threshold=20")
+    endforeach()
+endfunction()
