@@ -33,13 +33,10 @@ function(kvt_for_page target)
     else()
         target_link_options(${target} PRIVATE -sASYNCIFY=1 -sASYNCIFY_IMPORTS=[kvt_next] -sASYNCIFY_STACK_SIZE=65536)
         set(name kvt_web)
+        # Asyncify makes it larger. What waits for users needs no inlining; the check pass and the drawing do.
+        foreach(room web shell transfer editor files platform)
+            target_compile_options(kvt_${room} PRIVATE "SHELL:-mllvm -inline-threshold=20")
+        endforeach()
     endif()
     set_target_properties(${target} PROPERTIES OUTPUT_NAME ${name})
-endfunction()
-
-# What waits for users needs no inlining; the check pass and the drawing do.
-function(kvt_small)
-    foreach(room IN LISTS ARGN)
-        target_compile_options(kvt_${room} PRIVATE "SHELL:-mllvm -inline-threshold=20")
-    endforeach()
 endfunction()

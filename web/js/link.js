@@ -10,6 +10,7 @@ export class Link {
     #take = null;
     #timer = 0;
     #due = Infinity;
+    #waits = 0;
     #sequence = 0;
     #held = new Map();
     #turn = new MessageChannel();
@@ -21,7 +22,7 @@ export class Link {
         this.strokes = numbers;
         this.kept = kept;
         this.ended = false;
-        this.#turn.port1.onmessage = () => this.#tick();
+        this.#turn.port1.onmessage = ({ data }) => data === this.#waits && this.#take && this.#deliver('');
         ticks(() => this.#tick());
     }
 
@@ -32,15 +33,17 @@ export class Link {
     // The program waits for an event: take() gets its JSON text, or "" when the time is over.
     wait(milliseconds, take) {
         this.#take = take;
+        ++this.#waits;
         const endless = milliseconds < 0 || milliseconds === Infinity;
         this.#due = endless ? Infinity : performance.now() + milliseconds;
         if (this.#events.length > 0) {
             this.#give();
         } else if (milliseconds === 0) {
             // One turn of the browser's events; a timer would take some milliseconds more.
-            this.#turn.port2.postMessage(0);
+            this.#turn.port2.postMessage(this.#waits);
         } else if (!endless) {
-            this.#timer = setTimeout(() => this.#tick(), milliseconds);
+            // It may fire a little early; it is this wait's all the same.
+            this.#timer = setTimeout(() => this.#deliver(''), milliseconds);
         }
     }
 
@@ -97,7 +100,7 @@ export class Link {
     }
 
     #tick() {
-        if (this.#take && performance.now() >= this.#due - 0.5) this.#deliver('');
+        if (this.#take && performance.now() >= this.#due) this.#deliver('');
     }
 
     #give() {

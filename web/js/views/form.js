@@ -144,6 +144,7 @@ export class FormView extends View {
         this.element.classList.toggle('filling', fills);
         if (fills) {
             style.left = style.top = '0';
+            style.width = '';
             this.field.style.width = this.field.style.height = '';
             return;
         }
@@ -155,7 +156,7 @@ export class FormView extends View {
     }
     showSize(width, height) {
         const [edgeX, edgeY] = this.edges;
-        this.field.style.width = length(width - edgeX);
+        this.element.style.width = this.field.style.width = length(width - edgeX);
         this.field.style.height = length(height - edgeY);
     }
 

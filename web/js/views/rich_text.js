@@ -73,7 +73,9 @@ export class RichTextView extends View {
             make('pre', 'plain', this.page).textContent = text.replace(/\r\n?/g, '\n');
             return;
         }
-        const parsed = new DOMParser().parseFromString(text, 'text/html');
+        // Styles would be refused, and the refusal told.
+        const plain = text.replace(/<style\b[^]*?<\/style>/gi, '');
+        const parsed = new DOMParser().parseFromString(plain, 'text/html');
         copy(parsed.body, this.page, (name) => this.stage.pictureAddress(this.properties.Folder ?? '', name));
     }
 
