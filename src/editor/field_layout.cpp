@@ -130,7 +130,7 @@ const LayoutRow* RowOf(std::string_view code, unsigned machine) {
 // A range without what its column can't hold: numbers with more digits, and a sign that a letter takes the place of.
 ValueRange ColumnRange(const ValueRange& range, const ShownField& shown, bool mill) {
     const std::int32_t largest = FieldFormats[shown.Field].Largest(mill);
-    const std::int32_t least = HasSignPlace(shown.Label) ? -largest : 0;
+    const std::int32_t least = HasSignPlace(shown.Label[0]) ? -largest : 0;
     return {std::max(least, range.Low), std::min(largest, range.High)};
 }
 
@@ -197,6 +197,17 @@ void FieldLayout::NameFields() {
         field.Caption.Caption = label.size() > 1 ? texts_.DialogTexts(text::TargetLine) : label;
         SetRange(field.Box, ColumnRange(ranges.In(store_.Metric), shown, store_.IsF1()), texts_);
     }
+}
+
+char FieldLayout::LetterOf(std::size_t field) {
+    if (const LayoutRow* const row = RowOf(laidOutCode_, MachineBit())) {
+        for (const ShownField& shown : row->Fields) {
+            if (static_cast<std::size_t>(shown.Field) == field) return shown.Label[0];
+        }
+    }
+    // One that no code has laid out keeps the letter of the code before.
+    const std::string& caption = entry_.Fields()[field].Caption.Caption.Get();
+    return caption.empty() ? ' ' : caption[0];
 }
 
 void FieldLayout::RefreshTexts() {

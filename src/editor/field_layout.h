@@ -24,6 +24,8 @@ public:
     void HideInputFields();
     // Whether the fields are laid out for the code that stands in the row.
     bool IsLaidOutForCode() const;
+    // What a field's label stands for, whatever the language calls it: X, I, F and so on, L for the number of a line.
+    char LetterOf(std::size_t field);
     // Gives labels, tool tips and the frame their texts anew: the language has changed.
     void RefreshTexts();
     // The feed buttons are enabled where the code that stands in the row is marked for them.

@@ -22,10 +22,9 @@ constexpr const char* lineDeleteName = "LineDelete";
 // Places of the fourth and fifth field in the chain.
 constexpr std::size_t feedField = 3, hField = 4;
 
-std::string Prefix(std::string_view label, double value) {
-    if (HasSignPlace(label)) return std::round(value) < 0 ? "-" : " ";
-    if (label == "F") return " ";
-    return std::string(Left(label, 1));
+char Prefix(char letter, double value) {
+    if (HasSignPlace(letter)) return std::round(value) < 0 ? '-' : ' ';
+    return letter == 'F' ? ' ' : letter;
 }
 
 }  // namespace
@@ -208,10 +207,10 @@ void LineOperations::KeepOpenedCell(int column) {
 bool LineOperations::AllValuesFit() {
     const auto fields = entry_.Fields();
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        const auto& [label, box] = fields[i];
+        TextBox& box = fields[i].Box;
         if (!box.Visible || FieldUnchanged(entry_, i)) continue;
         const double value = std::round(Val(box.Text));
-        const bool signDrops = value < 0 && !HasSignPlace(label.Caption);
+        const bool signDrops = value < 0 && !HasSignPlace(layout_.LetterOf(i));
         if (!signDrops && std::abs(value) <= FieldFormats[i].Largest(store_.IsF1())) continue;
         if (!calculated_.EvalText(box)) return false;
     }
@@ -234,7 +233,7 @@ void LineOperations::FormatInputs() {
             std::string cell(digits + 1, ' ');
             if (field.Box.Visible) {
                 const double value = Val(field.Box.Text);
-                cell = Prefix(field.Caption.Caption, value) +
+                cell = Prefix(layout_.LetterOf(i), value) +
                        RightPad(Format(std::abs(value), format.Pattern), digits);
             }
             SelectedRow()[format.Column] = cell;
