@@ -8,6 +8,7 @@
 #include "basic/text.h"
 #include "editor/field_format.h"
 #include "program/edit_step.h"
+#include "program/line_text.h"
 #include "program/result_cells.h"
 #include "program/word.h"
 
@@ -60,16 +61,21 @@ void LineOperations::MovePointers(int bound, int step) {
     }
 }
 
+// The settings lie over the list: nothing happens to a line that cannot be seen.
+void LineOperations::ShowList() { Run(calls_.HideSettings); }
+
 void LineOperations::LineDelete() {
     ListView& list = store_.lvCncProgram;
     if (store_.LineCount() < 1) return;
     // The open line.
     if (SelectedRow()[column::Number].View().find_first_of("Nn") != std::string_view::npos) return;
+    ShowList();
     int selected = list.SelectedRow();
     if (entry_.chkSettingsDWC.Value == 0) {
-        const Answer answer = platform_.Dialogs.ShowMessage(
-            Question(texts_.ErrorTexts(text::DeleteLine), texts_.ErrorTexts(text::DeleteTitle)));
-        if (answer == Answer::No) return;
+        MessageBox box = Question(texts_.ErrorTexts(text::DeleteLine), texts_.ErrorTexts(text::DeleteTitle));
+        box.Details = Filled(texts_.EntryTexts(EntryText::Line), {LineNumber(selected)}) + ": " +
+                      LineText(SelectedRow());
+        if (platform_.Dialogs.ShowMessage(box) == Answer::No) return;
     }
     const EditStep step(calls_, {StepKind::LineDeleted, selected - 1});
     interpreter_.EndStepRun();
@@ -95,6 +101,7 @@ void LineOperations::LineDelete() {
 
 void LineOperations::LineInsert() {
     ListView& list = store_.lvCncProgram;
+    ShowList();
     if (store_.LineCount() >= store_.MaxLines() && !store_.DisableLimitsCheck) {
         platform_.Dialogs.ShowMessage(Notice(texts_.ErrorTexts(text::MaximumLines)));
         return;
