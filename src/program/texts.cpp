@@ -157,11 +157,17 @@ constexpr TextsOf<EntryText>::Default entryDefaults[] = {
     {EntryText::WithFieldsOfDeleted, "Line %1 from a deleted line"},
     {EntryText::Before, "Before:"},
     {EntryText::Replaces, "Replaces:"},
+    {EntryText::ReplacesLine, "Replaces line %1"},
+    {EntryText::CarriedOver, "%1 still holds the %2 of an earlier line: %3"},
+    {EntryText::Range, "%1: from %2 to %3"},
+    {EntryText::RangeIn, "%1: from %2 to %3, in %4"},
 };
 
 constexpr TextsOf<FoundText>::Default foundDefaults[] = {
     {FoundText::Program, "%1 (lines: %2), kept on %3 at %4"},
     {FoundText::WithoutFile, "A program without a file"},
+    {FoundText::CancelledSave,
+     "A save that you cancel loses nothing: the next start offers the program again."},
 };
 
 constexpr TextsOf<NoticeText>::Default noticeDefaults[] = {
@@ -226,8 +232,8 @@ Texts::Texts()
       DrawErrorTexts(20, drawErrorDefaults),
       DialogTexts(30, dialogDefaults),
       StepTexts(18, stepDefaults),
-      EntryTexts(6, entryDefaults),
-      FoundTexts(2, foundDefaults),
+      EntryTexts(10, entryDefaults),
+      FoundTexts(3, foundDefaults),
       NoticeTexts(30, noticeDefaults),
       ExplanationTexts(ExplanationPartCount * FindingCount, ExplanationDefaults()),
       DrawViewTexts(8, drawViewDefaults) {}
