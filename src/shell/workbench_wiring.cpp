@@ -211,8 +211,8 @@ void Workbench::Form_Activate() {
     Draw.Listing.Hide();
     Draw.Editor.RestoreSelection();
     Entry.RememberFeeds();
-    for (RichText* document : Main.Documents()) document->Visible = false;
-    Main.lstAbout.Visible = false;
+    // A document goes, and with it what it has frozen.
+    if (Help.Shown()) Modes.cmdReturn_Click();
     View.MakeLinePropertiesColumns();
     // The user may have put a module into its folder meanwhile.
     Languages.Refresh();

@@ -1,4 +1,4 @@
-#include "headless/memory_focus.h"
+#include "system/offscreen_focus.h"
 
 #include <utility>
 
@@ -7,12 +7,12 @@
 
 namespace kvt {
 
-void MemoryFocus::SetFocus(Control& control) {
+void OffscreenFocus::SetFocus(Control& control) {
     FocusKeeper::SetFocus(control);
     if (Focused()) BringToFront(Focused()->OwningForm());
 }
 
-void MemoryFocus::BringToFront(Form& form) {
+void OffscreenFocus::BringToFront(Form& form) {
     if (front_ == &form || !form.Visible) return;
     Form* const before = std::exchange(front_, &form);
     if (!std::exchange(begun_, true)) return;
@@ -30,10 +30,10 @@ void MemoryFocus::BringToFront(Form& form) {
     if (front_ == &form) giveFocus(FirstInTabOrder(form));
 }
 
-void MemoryFocus::WindowHidden(const Form& form) {
+void OffscreenFocus::WindowHidden(const Form& form) {
     if (front_ == &form) front_ = nullptr;
 }
 
-void MemoryFocus::ShowFocus(Control& control) { last_[&control.OwningForm()] = &control; }
+void OffscreenFocus::ShowFocus(Control& control) { last_[&control.OwningForm()] = &control; }
 
 }  // namespace kvt

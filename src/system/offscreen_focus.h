@@ -8,7 +8,7 @@ namespace kvt {
 
 // The focus without a display, and which window is in front with it: a window comes there when a control of it gets
 // the focus, and when it is shown or brought up. It hears of it, and so does the one that was there before.
-class MemoryFocus : public FocusKeeper {
+class OffscreenFocus : public FocusKeeper {
 public:
     void SetFocus(Control& control) override;
     // The keys go to the control that had them last there. The first window of all is brought up by the start of the
