@@ -10,10 +10,10 @@
 #include "basic/number.h"
 #include "basic/text.h"
 #include "files/iso/converter.h"
-#include "headless/memory_platform.h"
 #include "program/machine.h"
 #include "shell/program_usage.h"
 #include "shell/workbench.h"
+#include "system/offscreen_platform.h"
 
 // The pre-processor for ISO code: iso2emco.MK2, iso2emco.MK4 or iso2emco.F1 FILE. The machine is the one that its
 // own name ends in; as iso2emco it is told by --machine. It leaves FILE.~pp, the program, with FILE.~ppINFO where there is
@@ -32,7 +32,7 @@ std::optional<MachineModel> MachineOf(std::string_view name) {
 
 // What the check of the workbench finds in the program, as a refusal that names the line of the ISO program.
 void CheckAsTheMachine(const std::string& file, const iso::MachineProgram& program) {
-    MemoryPlatform platform;
+    OffscreenPlatform platform;
     Workbench workbench(platform.Services);
     std::string name = file;
     if (workbench.Reader.LoadFile(name) != LoadResult::Loaded)

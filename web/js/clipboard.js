@@ -4,23 +4,29 @@ import { bytesOf } from './files.js';
 import { make } from './views/view.js';
 
 let last = '';
+let refused = false; // the browser's clipboard has not taken the last text
 
 export async function read(stage, { ask }) {
     try {
+        if (refused) throw new Error('refused');
         stage.reply(ask, { text: await navigator.clipboard.readText() });
     } catch {
         stage.reply(ask, { text: last });
     }
 }
 
+// The program clears it first: of what comes at once the last is written, so that no two writes overtake each other.
 export async function write(text) {
     last = text;
+    await null;
+    if (last !== text) return true;
     try {
         await navigator.clipboard.writeText(text);
-        return true;
+        refused = false;
     } catch {
-        return copySelected(text);
+        refused = !copySelected(text);
     }
+    return !refused;
 }
 
 // The way of older browsers, and of pages that come from a disk.

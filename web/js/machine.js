@@ -1,4 +1,5 @@
-// The played machine: a port that goes nowhere. It keeps what comes, and gives it back at the pace of a line.
+// The played machine: while its panel is there, it is at the other end of the line. It keeps what comes, and gives it
+// back at the pace of a line.
 
 import { make } from './views/view.js';
 
@@ -15,12 +16,17 @@ export class MachinePanel {
         this.stage = stage;
     }
 
+    get isOpen() {
+        return this.#panel !== null;
+    }
+
     toggle() {
         if (this.#panel) this.#close();
         else this.#make();
     }
 
     #close() {
+        clearInterval(this.#sending);
         this.#panel.remove();
         this.#panel = null;
         this.stage.restoreFocus();
@@ -81,7 +87,6 @@ export class MachinePanel {
     #send() {
         clearInterval(this.#sending);
         if (!this.#text) return this.#tell('machineEmpty');
-        if (!this.line.holdsMachine) return this.#tell('machineNotChosen');
         const { stage } = this;
         const from = performance.now();
         let sent = 0;

@@ -44,7 +44,7 @@ export async function print(stage, { ask: number, preview, pages, title }) {
     if (preview) {
         let images = null;
         goes = await ask(stage, {
-            title: `${stage.text('preview')}: ${title}`,
+            title: title ? `${stage.text('preview')}: ${title}` : stage.text('preview'),
             className: 'preview',
             cancel: false,
             fill(content) {

@@ -24,7 +24,7 @@ function nameOf(port) {
 }
 
 export class Serial {
-    #entries = []; // { name, port } granted, { name } still to be chosen, { name, machine }
+    #entries = []; // { name, port } granted, { name } still to be chosen
     #entry = null; // that is open
     #port = null; // of the browser, once it is open
     #settings = '';
@@ -45,12 +45,13 @@ export class Serial {
         });
     }
 
-    // The names of what can be opened: ports that were granted, one that is still to be chosen, the played machine.
+    // The names of what can be opened: ports that were granted, then one that is still to be chosen. A browser without
+    // ports has the played machine.
     async names() {
         const granted = (await this.serial?.getPorts().catch(() => [])) ?? [];
-        this.#entries = granted.slice(0, offered - 1).map((port) => ({ name: nameOf(port), port }));
-        if (this.serial && this.#entries.length < offered - 1) this.#entries.push({ name: this.stage.text('newPort') });
-        this.#entries.push({ name: this.stage.text('machine'), machine: true });
+        this.#entries = granted.slice(0, offered).map((port) => ({ name: nameOf(port), port }));
+        if (!this.serial) this.#entries.push({ name: this.stage.text('machine') });
+        else if (this.#entries.length < offered) this.#entries.push({ name: this.stage.text('newPort') });
         return this.#entries.map((one) => one.name);
     }
     async tellNames() {
@@ -117,7 +118,7 @@ export class Serial {
                 for (;;) {
                     const { value, done } = await this.#reader.read();
                     if (done) break;
-                    if (value?.length > 0) this.stage.link.send({ on: 'port', data: textOf(value) });
+                    if (value?.length > 0 && !this.machine.isOpen) this.stage.link.send({ on: 'port', data: textOf(value) });
                 }
             } catch {
                 // The next stream goes on.
@@ -160,7 +161,7 @@ export class Serial {
     }
 
     write({ data }) {
-        if (this.#entry?.machine) return this.machine.receive(data);
+        if (this.machine.isOpen || !this.serial) return this.machine.receive(data);
         if (this.#writer) {
             this.#writer.write(bytesOf(data)).catch(() => this.#vanished());
             return undefined;
@@ -187,13 +188,7 @@ export class Serial {
 
     // From the played machine.
     fromMachine(data) {
-        if (this.#entry?.machine) this.stage.link.send({ on: 'port', data });
-    }
-    get holdsMachine() {
-        return !!this.#entry?.machine;
-    }
-    get lineSettings() {
-        return this.#settings;
+        this.stage.link.send({ on: 'port', data });
     }
 
     #vanished() {

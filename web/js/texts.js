@@ -16,10 +16,10 @@ const english = {
     failed: 'The workbench has not started.', ended: 'The workbench has ended. You can close this tab.',
     again: 'Start again', stopped: 'The workbench has stopped because of a fault. What was typed is kept; start again to go on.',
     grantPort: 'Choose the serial port of the machine', grantButton: 'Choose port\u2026',
-    send: 'Send', receive: 'Receive', speed: 'Speed', machineHint: 'A machine without a machine: what TX sends arrives here, and RX takes from here.',
+    send: 'Send', receive: 'Receive', speed: 'Speed', machineHint: 'While this is open it is the machine: TX sends to it, and what it sends comes to RX.',
     received: 'Received', sending: 'Sending:', sent: 'All has been sent.',
     machineEmpty: 'The machine has no program yet: transmit one to it first.',
-    machineNotChosen: 'Choose the played machine as the port: Settings, COM.', clear: 'Clear', hidden: 'Hide', portChoice: 'Port',
+    clear: 'Clear', hidden: 'Hide', portChoice: 'Port',
 };
 
 const german = {
@@ -41,10 +41,10 @@ const german = {
     again: 'Neu starten', stopped: 'Die Werkbank ist wegen eines Fehlers stehen geblieben. Was getippt wurde, ist aufbewahrt; neu starten.',
     grantPort: 'Seriellen Anschluss der Maschine w\u00e4hlen', grantButton: 'Anschluss w\u00e4hlen\u2026',
     send: 'Senden', receive: 'Empfangen', speed: 'Geschwindigkeit',
-    machineHint: 'Eine Maschine ohne Maschine: was TX sendet, kommt hier an, und RX holt es von hier.',
+    machineHint: 'Solange dies offen ist, ist es die Maschine: TX sendet an sie, und was sie sendet, kommt bei RX an.',
     received: 'Empfangen', sending: 'Sendet:', sent: 'Alles ist gesendet.',
     machineEmpty: 'Die Maschine hat noch kein Programm: erst eines an sie senden.',
-    machineNotChosen: 'Die gespielte Maschine als Anschluss w\u00e4hlen: Einstellungen, COM.', clear: 'Leeren', hidden: 'Ausblenden', portChoice: 'Anschluss',
+    clear: 'Leeren', hidden: 'Ausblenden', portChoice: 'Anschluss',
 };
 
 export function words(language) {
