@@ -13,7 +13,7 @@ namespace kvt {
 // they are.
 class WebFiles : public FileService {
 public:
-    WebFiles(WebPage& page, WebSystem& system) : page_(page), system_(system) {}
+    explicit WebFiles(WebSystem& system) : system_(system) {}
 
     bool Exists(std::string_view path) override;
     std::optional<std::tm> WrittenAt(std::string_view path) override;
@@ -39,7 +39,6 @@ private:
     };
     void Keep(const std::string& path, const std::string* content);
 
-    WebPage& page_;
     WebSystem& system_;
     std::map<std::string, File> files_;
     bool stores_ = true;

@@ -48,7 +48,7 @@ public:
     WebPage Page;
     WebSystem System{Page};
     WebFocus Focus{Page};
-    WebFiles Files{Page, System};
+    WebFiles Files{System};
     WebDialogs Dialogs{System, Files};
     WebClipboard Clipboard{Page, System};
     WebKeyboard Keys{Page, Focus, System, Clipboard};

@@ -27,6 +27,9 @@ public:
     void Say(const std::string& event) { events_.push_back(event); }
     void SayAt(double time, const std::string& event) { later_.emplace(time, event); }
 
+    // Whether it has nothing more to say now.
+    bool Silent() const { return events_.empty() && later_.empty(); }
+
     // What the page shows of a control by its name: its number, and its properties as JSON.
     int NumberOf(const std::string& name) const;
     std::string Shown(const std::string& name, const std::string& property) const;

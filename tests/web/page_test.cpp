@@ -29,7 +29,7 @@ TEST(WebPage, EveryControlIsMadeOnceBehindWhatItLiesIn) {
         EXPECT_NE(event.Raw("kind"), "") << message;
         EXPECT_GT(event.Number("id"), std::exchange(last, event.Number("id"))) << message;
     }
-    EXPECT_EQ(page.Shown("txtCode", "Visible"), "true");
+    EXPECT_EQ(page.Shown("txtGMcode", "Visible"), "true");
     // For who builds the page: what it will be told.
     if (const char* const file = std::getenv("KVT_MAKE_JSON")) {
         std::ofstream out(file);
