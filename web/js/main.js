@@ -35,16 +35,16 @@ function screenNow() {
     };
 }
 
-function follow(stage) {
+function follow(stage, share) {
     const tell = () => stage.link.sendLatest({ on: 'screen', ...screenNow() }, (one) => one.on === 'screen');
     window.addEventListener('resize', tell);
     onFont(tell);
     document.addEventListener('visibilitychange', () => stage.link.send({ on: 'hidden', hidden: document.hidden }));
     window.addEventListener('pagehide', () => stage.link.send({ on: 'unload' }));
     window.addEventListener('hashchange', async () => {
-        const brought = await broughtBy(location.hash);
+        const brought = await broughtBy(location.hash, share);
         if (brought === 'unreadable') return notice(stage, stage.text('linkUnreadable'));
-        if (brought) stage.link.send({ on: 'hash', ...brought });
+        if (brought) stage.link.send({ on: 'brought', ...brought });
     });
 }
 
@@ -101,12 +101,12 @@ function ended(stage) {
 async function hello(stage, { files, problem, share, serial }) {
     const stored = { ...files };
     for (const name of await rememberedNames()) stored[`/files/${name}`] = null;
-    const brought = await broughtBy(location.hash);
+    const brought = await broughtBy(location.hash, share);
     if (brought === 'unreadable') notice(stage, stage.text('linkUnreadable'));
     return {
         on: 'hello', ...screenNow(), language: navigator.language, dark: isDark(), share, stored,
         withoutStorage: problem !== '', names: await serial.names(),
-        ...(brought && brought !== 'unreadable' ? { brought } : {}),
+        ...(brought !== 'unreadable' ? brought : {}),
     };
 }
 
@@ -122,7 +122,7 @@ async function start() {
     followDrops(stage);
     followTips();
     stage.link.send(await hello(stage, { files, problem, share, serial }));
-    follow(stage);
+    follow(stage, share);
     if (problem) notice(stage, stage.text(problem), { stays: true });
     window.addEventListener('error', () => stopped(stage));
     window.addEventListener('unhandledrejection', () => stopped(stage));
