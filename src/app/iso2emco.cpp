@@ -5,6 +5,7 @@
 #include <string>
 
 #include "basic/code_page.h"
+#include "basic/failure.h"
 #include "basic/installation.h"
 #include "program/machine.h"
 #include "shell/iso_conversion.h"

@@ -35,7 +35,7 @@ int WebPrograms::Start(std::string_view commandLine, std::string_view file) {
     kvt::Services services = {*files_,     aside.Dialogs, aside.Clipboard, aside.Screen,  aside.System,
                               aside.Focus, aside.Port,    aside.Printer,   aside.Programs};
     ConvertIsoFile(
-        aside, std::string(file), *machine,
+        services, std::string(file), *machine,
         [this](const std::string& path, const std::string& content) { files_->PutAside(path, content); });
     return ++started_;
 }

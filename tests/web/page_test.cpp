@@ -5,6 +5,7 @@
 
 #include "platform/keys.h"
 #include "support/web_page.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
@@ -68,6 +69,7 @@ TEST(WebPage, WindowsComeToTheFrontAndGoBackWithTheKeys) {
     WebPageFixture page;
     page.Start();
     const auto front = [&] { return PageEvent(page.Page.SentOf("front").back()).Number("id"); };
+    page.Open("p.cnc", FileText("MK4", {{"92", "  2000", "", "   500"}, {"M30"}}));
     page.Press(key::F5);
     EXPECT_EQ(front(), page.Page.NumberOf("frmDraw"));
     EXPECT_EQ(page.Page.Shown("frmDraw", "Visible"), "true");
