@@ -39,6 +39,10 @@ function follow(stage, share) {
     const tell = () => stage.link.sendLatest({ on: 'screen', ...screenNow() }, (one) => one.on === 'screen');
     window.addEventListener('resize', tell);
     onFont(tell);
+    // The browser's own menu is for texts.
+    document.addEventListener('contextmenu', (event) => {
+        if (!event.target.closest?.('input, textarea, .richtext, .came, .words')) event.preventDefault();
+    });
     document.addEventListener('visibilitychange', () => stage.link.send({ on: 'hidden', hidden: document.hidden }));
     window.addEventListener('pagehide', () => stage.link.send({ on: 'unload' }));
     window.addEventListener('hashchange', async () => {
@@ -124,9 +128,14 @@ async function start() {
     stage.link.send(await hello(stage, { files, problem, share, serial }));
     follow(stage, share);
     if (problem) notice(stage, stage.text(problem), { stays: true });
-    window.addEventListener('error', () => stopped(stage));
-    window.addEventListener('unhandledrejection', () => stopped(stage));
+    window.addEventListener('error', (event) => isFatal(event.error) && stopped(stage));
+    window.addEventListener('unhandledrejection', (event) => isFatal(event.reason) && stopped(stage));
     await startProgram(stage.link);
+}
+
+// What the program itself has thrown; a number is one of its exceptions. The page's own faults leave it running.
+function isFatal(fault) {
+    return fault instanceof WebAssembly.RuntimeError || typeof fault === 'number' || fault?.name === 'CppException';
 }
 
 function stopped(stage) {
