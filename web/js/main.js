@@ -102,13 +102,13 @@ function ended(stage) {
     cover(stage, 'ended');
 }
 
-async function hello(stage, { files, problem, share, serial }) {
+async function hello(stage, { files, times, problem, share, serial }) {
     const stored = { ...files };
     for (const name of await rememberedNames()) stored[`/files/${name}`] = null;
     const brought = await broughtBy(location.hash, share);
     if (brought === 'unreadable') notice(stage, stage.text('linkUnreadable'));
     return {
-        on: 'hello', ...screenNow(), language: navigator.language, dark: isDark(), share, stored,
+        on: 'hello', ...screenNow(), language: navigator.language, dark: isDark(), share, stored, times,
         withoutStorage: problem !== '', names: await serial.names(),
         ...(brought !== 'unreadable' ? brought : {}),
     };
@@ -120,12 +120,12 @@ async function start() {
     const panel = new MachinePanel(stage);
     const serial = new Serial(stage, panel);
     panel.line = serial;
-    const [share, { files, store, problem }] = await Promise.all([bundle(), openStorage()]);
+    const [share, { files, times, store, problem }] = await Promise.all([bundle(), openStorage()]);
     handlers(stage, { store, share, serial, panel });
     addTools(stage, { panel, serial });
     followDrops(stage);
     followTips();
-    stage.link.send(await hello(stage, { files, problem, share, serial }));
+    stage.link.send(await hello(stage, { files, times, problem, share, serial }));
     follow(stage, share);
     if (problem) notice(stage, stage.text(problem), { stays: true });
     window.addEventListener('error', (event) => isFatal(event.error) && stopped(stage));
