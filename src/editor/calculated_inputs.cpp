@@ -1,7 +1,6 @@
 #include "editor/calculated_inputs.h"
 
 #include <array>
-#include <bit>
 #include <cmath>
 #include <limits>
 
@@ -19,7 +18,7 @@ constexpr const char* evalTextName = "EvalText";
 constexpr std::size_t maxOperands = 10;
 constexpr std::string_view operators = "+-*/";
 // In front of another operator pi is this 32-bit float; at the end it is the decimal number.
-constexpr std::uint32_t piBits = 0x40490FDB;
+constexpr float piSingle = 0x1.921FB6p+1F;
 constexpr std::string_view piDigits = "3.141592653";
 
 bool IsPi(std::string_view text) { return EqualIgnoringCase(text, "P"); }
@@ -70,8 +69,7 @@ std::string MathString(std::string& text) {
         if (m == length) break;
         // A leading minus gets an operand of 0 in front.
         const std::string operand = text.substr(0, m - 1);
-        Attempt(mathStringName,
-                [&] { operands[n] = IsPi(operand) ? std::bit_cast<float>(piBits) : Single(Val(operand)); });
+        Attempt(mathStringName, [&] { operands[n] = IsPi(operand) ? piSingle : Single(Val(operand)); });
         Attempt(mathStringName, [&] { operations[n] = text[m - 1]; });
         text.erase(0, m);
         ++n;

@@ -123,10 +123,12 @@ constexpr TextsOf<DrawErrorText>::Default drawErrorDefaults[] = {
     {text::MeasureEnd, "Measuring: click the second point. Esc ends."},
     {text::MeasureDone, "Measuring: change the fields, or click to end. Esc ends."},
     {text::MouseDoes, "Click: measure. Twice: fit. Wheel: zoom. Middle button: move."},
-    {text::WaitsForStep, "Step: press Enter or click Step for the next line. Esc ends."},
-    {text::WaitsForClick, "The program waits: click the drawing or press Enter to go on. Esc ends."},
-    {text::DrawsSlowly, "Drawing line by line: Run draws the rest at once. Esc ends."},
+    {text::WaitsForStep, "Step: Enter or Step draws the next line, Esc the rest."},
+    {text::WaitsForClick, "The program waits: a click or Enter goes on, Esc draws the rest."},
+    {text::DrawsSlowly, "Drawing line by line: Run or Esc draws the rest."},
     {text::Draws, "Drawing. Esc ends."},
+    {text::SimulationStays, "%1 stays chosen: R begins again, Run draws all at once."},
+    {text::ThinTool, "The thin tool is hidden by its white center: View, Tool Center."},
 };
 
 constexpr TextsOf<StepText>::Default stepDefaults[] = {
@@ -202,6 +204,7 @@ constexpr TextsOf<NoticeText>::Default noticeDefaults[] = {
     {text::DrawingName, "drawing"},
     {text::NoName, "a program without a name"},
     {text::PrintToPdf, "Print to PDF"},
+    {text::PaperUnits, "Units: %1"},
 };
 
 }  // namespace
@@ -230,12 +233,12 @@ Texts::Texts()
     : ProgramErrorTexts(22, programErrorDefaults),
       ErrorTexts(30, errorDefaults),
       MessageTexts(31, messageDefaults),
-      DrawErrorTexts(20, drawErrorDefaults),
+      DrawErrorTexts(22, drawErrorDefaults),
       DialogTexts(30, dialogDefaults),
       StepTexts(18, stepDefaults),
       EntryTexts(11, entryDefaults),
       FoundTexts(3, foundDefaults),
-      NoticeTexts(30, noticeDefaults),
+      NoticeTexts(31, noticeDefaults),
       ExplanationTexts(ExplanationPartCount * FindingCount, ExplanationDefaults()),
       DrawViewTexts(8, drawViewDefaults) {}
 

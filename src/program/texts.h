@@ -144,6 +144,8 @@ enum class DrawErrorText {
     WaitsForClick = 18,
     DrawsSlowly = 19,
     Draws = 20,
+    SimulationStays = 21,
+    ThinTool = 22,
 };
 
 // What belongs to windows and dialogs and is the caption of no control.
@@ -238,6 +240,7 @@ enum class NoticeText {
     DrawingName = 28,
     NoName = 29,
     PrintToPdf = 30,
+    PaperUnits = 31,
 };
 
 // The names of the entries: an entry can be looked up in its own table alone.

@@ -243,6 +243,7 @@ void Workbench::RefreshTitle() {
     if (!name.empty()) title += " - " + std::string(name);
     if (Store.Unsaved()) title += " *";
     frmMain.Caption = title;
+    Draw.Controls.frmDraw.Unsaved = Store.Unsaved();
 }
 
 void Workbench::OpenFile(std::string name) {
