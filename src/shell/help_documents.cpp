@@ -62,8 +62,7 @@ bool HelpDocuments::Show(RichText& document) {
     main.lstAbout.Visible = false;
     if (document.Visible) {
         Run(parts_.Calls.cmdReturn_Click);
-        FocusService& focus = parts_.Platform.Focus;
-        if (parts_.Entry.txtGMcode.EffectivelyVisible()) focus.SetFocus(parts_.Entry.txtGMcode);
+        parts_.Platform.Focus.SetFocus(parts_.Entry.txtGMcode);
         return false;
     }
     document.Visible = true;
