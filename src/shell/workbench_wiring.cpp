@@ -97,7 +97,9 @@ void Workbench::WireButtons() {
         Lines.LineDelete();
     };
     Entry.cmdReturn.OnClick = [this] {
+        const bool reads = Help.Shown() != nullptr;
         Run(Calls.cmdReturn_Click);
+        if (reads && Help.FocusBack()) return;
         // The button has gone; the next key is a code.
         if (Platform.Focus.Focused() == &Entry.cmdReturn) Platform.Focus.SetFocus(Entry.txtGMcode);
     };
@@ -139,8 +141,9 @@ void Workbench::WireKeys() {
             return;
         if (Transfer.frRXcode.Visible) Received.cmdReceiveExit_Click();
         Main.tabSettings.Visible = false;
+        const bool reads = Help.Shown() != nullptr;
         if (Entry.cmdReturn.Visible) Run(Calls.cmdReturn_Click);
-        Platform.Focus.SetFocus(Store.lvCncProgram);
+        if (!reads || !Help.FocusBack()) Platform.Focus.SetFocus(Store.lvCncProgram);
     };
 }
 
@@ -182,6 +185,7 @@ void Workbench::WireTransfer() {
     UnlessHeld(list.OnClick);
     UnlessHeld(list.OnRightClick);
     UnlessHeld(list.OnKeyDown);
+    UnlessHeld(list.OnKeyPress);
     UnlessHeld(frmMain.OnDropFile);
 }
 
@@ -225,6 +229,7 @@ void Workbench::tmr1sec_Timer() {
 void Workbench::Handled() {
     if (ended_) return;
     undoing_.Refresh();
+    FollowOpenedRow(Entry, Store.lvCncProgram, Store.IsF1());
     target_.Refresh(Draw.Editor.UsersRow());
 }
 
@@ -245,6 +250,7 @@ void Workbench::RefreshTitle() {
     if (!name.empty()) title += " - " + std::string(name);
     if (Store.Unsaved()) title += " *";
     frmMain.Caption = title;
+    Draw.Controls.frmDraw.Unsaved = Store.Unsaved();
 }
 
 void Workbench::OpenFile(std::string name) {

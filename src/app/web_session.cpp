@@ -1,0 +1,22 @@
+#include "app/web_session.h"
+
+#include "basic/run_time_error.h"
+
+namespace kvt {
+
+int NoPrograms::Start(std::string_view, std::string_view) { throw RunTimeError(fault::FileNotFound); }
+
+WebSession::WebSession(PageLink& link) : Platform(link, programs_), Workbench(Platform.Services) {}
+
+void WebSession::Start() {
+    InstallResetCopies(Platform.Files, Platform.System.LocalDataFolder());
+    Workbench.Help.StartFolder = "/share/";
+    Workbench.Form_Load({});
+    if (Platform.System.Ended()) return;
+    // The page is its window.
+    Workbench.frmMain.State = WindowState::Maximised;
+    for (Form* form : Workbench.Forms()) Platform.Show(*form);
+    Platform.Focus.TellAgain();
+}
+
+}  // namespace kvt
