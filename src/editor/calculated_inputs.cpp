@@ -69,8 +69,7 @@ std::string MathString(std::string& text) {
         if (m == length) break;
         // A leading minus gets an operand of 0 in front.
         const std::string operand = text.substr(0, m - 1);
-        Attempt(mathStringName,
-                [&] { operands[n] = IsPi(operand) ? piSingle : Single(Val(operand)); });
+        Attempt(mathStringName, [&] { operands[n] = IsPi(operand) ? piSingle : Single(Val(operand)); });
         Attempt(mathStringName, [&] { operations[n] = text[m - 1]; });
         text.erase(0, m);
         ++n;

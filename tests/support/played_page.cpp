@@ -29,8 +29,9 @@ constexpr std::pair<const char*, const char*> usualAnswers[] = {
 
 PlayedPage::PlayedPage() { SayHello("\"names\":[]"); }
 
+// Of members that are there twice the first counts.
 void PlayedPage::SayHello(const std::string& members) {
-    events_ = {R"({"on":"hello","width":19200,"height":12000,)" + members + "}"};
+    events_ = {R"({"on":"hello",)" + members + R"(,"width":19200,"height":12000})"};
 }
 
 void PlayedPage::Send(std::string_view message) {

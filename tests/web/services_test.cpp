@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "basic/run_time_error.h"
+#include "files/folders.h"
 #include "support/web_page.h"
 #include "support/workbench_fixture.h"
 
@@ -166,6 +167,26 @@ TEST(WebPrinter, ProgramAndDrawingAreA4Pages) {
     page.Do("menu", "frmDraw.mnuPrint");
     ASSERT_EQ(page.Page.SentOf("print").size(), 2U);
     EXPECT_NE(page.Page.SentOf("print")[1].find("viewBox"), std::string::npos);
+}
+
+TEST(WebPrograms, IsoCodeIsConvertedByACallAndLeavesNoFiles) {
+    WebPageFixture page;
+    page.Start();
+    const std::string folder = FoldersBelow("/data").PreProcessorFolder;
+    EXPECT_EQ(page.Session->Platform.Files.List(folder, "*.F1"), std::vector<std::string>{"iso2emco.F1"});
+    page.Do("menu", "mnuImport");
+    page.Page.Answers.emplace(
+        "open", R"("name":"my part.nc","content":"G21 G90\nG00 X20 Z5\nG01 X10 Z0 F50\nM30\n")");
+    page.Do("menu", "mnuPP(0)");
+    EXPECT_GT(page.Session->Workbench.Store.LineCount(), 2);
+    EXPECT_TRUE(page.Session->Workbench.Store.ProgramChanged);
+    EXPECT_EQ(page.Session->Platform.Files.List("/files", "*").size(), 1U);
+    EXPECT_TRUE(page.Page.SentOf("saveFile").empty());
+    // What it does not know it refuses, and tells where.
+    const int lines = page.Session->Workbench.Store.LineCount();
+    page.Page.Answers.emplace("open", R"("name":"bad.nc","content":"G21\nG06.2 X1\n")");
+    page.Do("menu", "mnuPP(0)");
+    EXPECT_EQ(page.Session->Workbench.Store.LineCount(), lines);
 }
 
 TEST(WebDialogs, BoxesTellWhatTheyAskAndNothingElseAnswersThem) {
