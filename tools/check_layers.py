@@ -22,14 +22,16 @@ MAY_INCLUDE["system"] = {"basic", "platform"}
 MAY_INCLUDE["headless"] = {"basic", "platform", "system"}
 MAY_INCLUDE["desktop"] = {"basic", "platform", "system"}
 MAY_INCLUDE["web"] = {"basic", "platform"}
-MAY_INCLUDE["console"] = {*MAY_INCLUDE["shell"], "shell", "headless", "system"}
-MAY_INCLUDE["app"] = {*MAY_INCLUDE["console"], "console", "desktop", "web"}
+MAY_INCLUDE["console"] = {*MAY_INCLUDE["shell"], "shell", "system", "scripts"}
+# The files of console/ that run scripts: no other command plays a user, or plans failures.
+MAY_INCLUDE["scripts"] = {*MAY_INCLUDE["console"], "console", "headless"}
+MAY_INCLUDE["app"] = {*MAY_INCLUDE["scripts"], "desktop", "web"} - {"headless"}
 
 # Headers from outside, by the beginning of their names -> the rooms that may include them.
 FOREIGN = (
     (re.compile(r"Q[A-Za-z]"), {"desktop", "app"}, "the windowing toolkit"),
-    (re.compile(r"CLI/"), {"console", "app"}, "the option library"),
-    (re.compile(r"rapidjson/"), {"console", "web", "app"}, "the JSON library"),
+    (re.compile(r"CLI/"), {"console", "scripts", "app"}, "the option library"),
+    (re.compile(r"rapidjson/"), {"console", "scripts", "web", "app"}, "the JSON library"),
     (re.compile(r"png\.h"), {"platform"}, "the library of PNG files"),
 )
 
@@ -39,7 +41,8 @@ INCLUDE = re.compile(r'\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)')
 def room_of(path: Path, src: Path) -> str | None:
     """The room that a file stands in, or None for one outside src/."""
     try:
-        return path.resolve().relative_to(src).parts[0]
+        parts = path.resolve().relative_to(src).parts
+        return "scripts" if parts[0] == "console" and parts[-1].startswith("script") else parts[0]
     except ValueError:
         return None
 

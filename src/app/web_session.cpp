@@ -1,7 +1,7 @@
 #include "app/web_session.h"
 
-#include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "files/folders.h"
 
 namespace kvt {
 
@@ -12,13 +12,14 @@ constexpr const char* linkFolder = "/link/";
 
 }  // namespace
 
-int NoPrograms::Start(std::string_view, std::string_view) { throw RunTimeError(fault::FileNotFound); }
-
-WebSession::WebSession(PageLink& link) : Platform(link, programs_), Workbench(Platform.Services) {}
+WebSession::WebSession(PageLink& link) : Platform(link, programs_), Workbench(Platform.Services) {
+    programs_.UseFiles(Platform.Files);
+}
 
 void WebSession::Start() {
     InstallResetCopies(Platform.Files, Platform.System.LocalDataFolder());
     Workbench.Help.StartFolder = "/share/";
+    programs_.Install(FoldersBelow(Platform.System.LocalDataFolder()).PreProcessorFolder);
     Workbench.Form_Load({});
     if (Platform.System.Ended()) return;
     // The page is its window.
@@ -37,7 +38,7 @@ void WebSession::TakeBrought(const PageEvent& event) {
     std::string path = event.Path("file");
     if (path.empty()) {
         path = linkFolder + name;
-        Platform.Files.Put(path, event.Bytes("content"));
+        Platform.Files.PutAside(path, event.Bytes("content"));
     }
     LoadAs as;
     as.Name = Platform.System.DocumentsFolder() + "/" + name;

@@ -75,7 +75,7 @@ int Check(const std::vector<std::string>& files, bool json, const ConsoleOptions
 
 int WriteLanguageModule(const std::string& out) {
     if (const std::string why = WhyNotWritten(out); !why.empty()) return Complain(out, why);
-    MemoryPlatform platform;
+    OffscreenPlatform platform;
     PrepareToWrite(platform.Files);
     const auto workbench = std::make_unique<Workbench>(platform.Services);
     try {

@@ -11,7 +11,7 @@
 #include "console/loaded_file.h"
 #include "console/output_file.h"
 #include "console/state.h"
-#include "headless/memory_window.h"
+#include "system/offscreen_window.h"
 
 namespace kvt {
 
@@ -95,7 +95,7 @@ public:
     }
 
 private:
-    MemoryWindow window_;
+    OffscreenWindow window_;
 };
 
 int DrawOneAsJson(const std::string& file, JsonSink& out) {

@@ -11,8 +11,8 @@
 #include "console/help_tables.h"
 #include "console/loaded_file.h"
 #include "draw/svg.h"
-#include "headless/memory_window.h"
 #include "platform/twips.h"
+#include "system/offscreen_window.h"
 
 namespace kvt {
 
@@ -182,9 +182,9 @@ private:
     }
 
     const HelpBlock& block_;
-    MemoryPlatform platform_;
+    OffscreenPlatform platform_;
     std::unique_ptr<Workbench> workbench_;
-    MemoryWindow window_;
+    OffscreenWindow window_;
     int line_ = 0;
     bool wantsError_ = false;
 };

@@ -10,9 +10,9 @@
 #include "basic/line_end.h"
 #include "basic/text.h"
 #include "console/help_markup.h"
-#include "headless/memory_platform.h"
 #include "program/explanations.h"
 #include "shell/workbench.h"
+#include "system/offscreen_platform.h"
 
 namespace kvt {
 
@@ -115,7 +115,7 @@ public:
     }
 
 private:
-    MemoryPlatform platform_;
+    OffscreenPlatform platform_;
     std::unique_ptr<Workbench> workbench_;
 };
 

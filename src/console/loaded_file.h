@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "headless/memory_platform.h"
 #include "shell/workbench.h"
+#include "system/offscreen_platform.h"
 
 namespace kvt {
 
@@ -17,7 +17,7 @@ class LoadedFile {
 public:
     explicit LoadedFile(const std::string& file);
 
-    MemoryPlatform Platform;
+    OffscreenPlatform Platform;
     std::unique_ptr<kvt::Workbench> Workbench;
 
     // Why there is no program; null where there is one.

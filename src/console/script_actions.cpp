@@ -299,7 +299,8 @@ void Show(Script& run, Args args) {
 
 void Dump(Script& run, Args) {
     JsonSink out(stdout);
-    WriteDump(out, run.Session.CommandLine(), run.Session.Workbench(), run.Session.Platform);
+    WriteDump(out, run.Session.CommandLine(), run.Session.Workbench(), run.Session.Platform.Dialogs,
+              run.Session.Platform.Focus);
     out.Put('\n');
 }
 

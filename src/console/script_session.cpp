@@ -74,7 +74,7 @@ void ScriptSession::NewWorkbench() {
     forms_ = workbench_->Forms();
     for (Form* form : forms_) {
         Platform.System.Watch(*form);
-        windows_.push_back(std::make_unique<MemoryWindow>(*form, Platform.Screen, Platform.Focus));
+        windows_.push_back(std::make_unique<OffscreenWindow>(*form, Platform.Screen, Platform.Focus));
     }
 }
 
@@ -100,7 +100,7 @@ Form& ScriptSession::FormNamed(std::string_view name) const {
     throw ScriptError{Quoted(name) + " is no window"};
 }
 
-MemoryWindow& ScriptSession::WindowOf(const Form& form) const {
+OffscreenWindow& ScriptSession::WindowOf(const Form& form) const {
     const auto found = std::find_if(windows_.begin(), windows_.end(),
                                     [&](const auto& window) { return &window->Shown() == &form; });
     return **found;

@@ -8,7 +8,7 @@
 #include "console/script_words.h"
 #include "headless/faulty_platform.h"
 #include "headless/guarded_files.h"
-#include "headless/memory_window.h"
+#include "system/offscreen_window.h"
 #include "system/temporary_folder.h"
 
 namespace kvt {
@@ -35,7 +35,7 @@ public:
     // An unknown name is a ScriptError.
     Control& Named(std::string_view name, int index = -1) const;
     Form& FormNamed(std::string_view name) const;
-    MemoryWindow& WindowOf(const Form& form) const;
+    OffscreenWindow& WindowOf(const Form& form) const;
 
     // Whether a user can act on a control now; otherwise why not.
     const char* WhyOutOfReach(const Control& control) const;
@@ -63,7 +63,7 @@ private:
     Arguments::Variables variables_;
     std::unique_ptr<kvt::Workbench> workbench_;
     std::vector<Form*> forms_;
-    std::vector<std::unique_ptr<MemoryWindow>> windows_;
+    std::vector<std::unique_ptr<OffscreenWindow>> windows_;
     std::string commandLine_;
     bool started_ = false;
 };

@@ -41,7 +41,7 @@ private:
 };
 
 // The boxes that nobody could see; true where one tells a failure. Refused settings are none.
-bool TellMessages(const std::string& name, const MemoryDialogs& dialogs) {
+bool TellMessages(const std::string& name, const OffscreenDialogs& dialogs) {
     bool failed = false;
     for (const MessageBox& box : dialogs.Shown) {
         Complain(name, Replace(box.Text, LineEnd, " "));
@@ -66,11 +66,16 @@ bool OpenPort(SerialWorkbench& serial, const std::string& name) {
 
 }  // namespace
 
+bool SerialDialogs::ShowSave(FileDialog& dialog) {
+    dialog.FileName = FileName;
+    return true;
+}
+
 SerialWorkbench::SerialWorkbench(const std::string& device, const std::string& settings, double speedUp)
     : Port({device}, speedUp),
-      System(Platform.Focus, Port),
-      Services{Platform.Files, Platform.Dialogs, Platform.Clipboard, Platform.Screen, System, Platform.Focus,
-               Port,           Platform.Printer, Platform.Programs},
+      System(Port),
+      Services{Platform.Files, Dialogs, Platform.Clipboard, Platform.Screen,  System,
+               Platform.Focus, Port,    Platform.Printer,   Platform.Programs},
       Workbench(std::make_unique<kvt::Workbench>(Services)) {
     for (std::string* folder : {&Workbench->Transmit.SettingsFolder, &Workbench->Received.SettingsFolder})
         *folder = NameFromSystem(scratch_.Path().string()) + "/";
@@ -85,7 +90,7 @@ int SendFile(const SerialOptions& options) {
     std::string name = NameFromSystem(options.File);
     if (serial.Workbench->Reader.LoadFile(name) != LoadResult::Loaded)
         return Complain(options.File, "cannot be read as a CNC program");
-    serial.Platform.Dialogs.Shown.clear();
+    serial.Dialogs.Shown.clear();
     serial.Workbench->Transfer.TX.chkFilter.Value = options.WithComments ? 0 : 1;
     // A stop from here on is obeyed when the first line has left.
     Interrupts interrupts;
@@ -104,7 +109,7 @@ int SendFile(const SerialOptions& options) {
         };
         serial.Workbench->Transmit.mnuTX_Click();
     }
-    if (TellMessages(options.Port, serial.Platform.Dialogs))
+    if (TellMessages(options.Port, serial.Dialogs))
         return serial.Workbench->Port.HasVanished ? status::Finding : status::Usage;
     // A stop behind the last line has cut nothing.
     const bool cut = serial.Workbench->Transmit.WasCut;
@@ -133,9 +138,9 @@ void Collect(SerialWorkbench& serial, double longestSilence, Interrupts& interru
 
 // As the button of the receive view does; false where the file could not be written.
 bool SaveReceived(SerialWorkbench& serial, const std::string& name) {
-    MemoryDialogs& dialogs = serial.Platform.Dialogs;
+    SerialDialogs& dialogs = serial.Dialogs;
     const std::size_t shown = dialogs.Shown.size();
-    dialogs.FileAnswers.push_back({false, name});
+    dialogs.FileName = name;
     serial.Workbench->Received.cmdReceiveSave_Click();
     const bool failed = dialogs.Shown.size() > shown;
     dialogs.Shown.resize(shown);
@@ -153,7 +158,7 @@ int ReceiveFile(const SerialOptions& options) {
     Collect(serial, options.Idle, interrupts);
 
     const bool gone = !serial.Port.IsOpen();
-    TellMessages(options.Port, serial.Platform.Dialogs);
+    TellMessages(options.Port, serial.Dialogs);
     const TransferControls& shown = serial.Workbench->Transfer;
     const std::string& text = shown.txtRX.Text.Get();
     if (Trim(text).empty()) {
@@ -181,7 +186,7 @@ const char* WordsOf(TransferEnd end) {
 
 // What the machine makes of a program that has come.
 int ReportReceived(const std::string& received, const std::string& machine) {
-    MemoryPlatform platform;
+    OffscreenPlatform platform;
     const TemporaryFolder folder;
     std::string name = NameFromSystem((folder.Path() / "received").string());
     const bool whole = received.find('%') != std::string::npos;

@@ -3,11 +3,20 @@
 #include <memory>
 #include <string>
 
-#include "headless/posix_system.h"
 #include "shell/workbench.h"
+#include "system/offscreen_platform.h"
+#include "system/posix_system.h"
 #include "system/temporary_folder.h"
 
 namespace kvt {
+
+// The command line has named the file that a dialog would ask for.
+class SerialDialogs : public OffscreenDialogs {
+public:
+    bool ShowSave(FileDialog& dialog) override;
+
+    std::string FileName;
+};
 
 // A workbench without a window on a real port.
 class SerialWorkbench {
@@ -17,7 +26,8 @@ public:
     SerialWorkbench(const SerialWorkbench&) = delete;
     SerialWorkbench& operator=(const SerialWorkbench&) = delete;
 
-    MemoryPlatform Platform;
+    OffscreenPlatform Platform;
+    SerialDialogs Dialogs;
     PosixPort Port;
     PosixSystem System;
     kvt::Services Services;

@@ -179,7 +179,7 @@ void WriteLog(StateWriter& out, const Workbench& workbench) {
 
 // The members that every state has.
 void WriteCommon(StateWriter& out, std::string_view file, const Workbench& workbench,
-                 const MemoryDialogs& dialogs) {
+                 const OffscreenDialogs& dialogs) {
     out.Key("file");
     out.Utf8(file);
     WriteScalars(out, programScalars, workbench);
@@ -214,19 +214,20 @@ std::optional<PlainValue> StateScalar(std::string_view name, const Workbench& wo
 }
 
 void WriteState(JsonSink& sink, std::string_view file, const Workbench& workbench,
-                const MemoryDialogs& dialogs) {
+                const OffscreenDialogs& dialogs) {
     StateWriter out(sink);
     out.Begin();
     WriteCommon(out, file, workbench, dialogs);
     out.End();
 }
 
-void WriteDump(JsonSink& sink, std::string_view file, Workbench& workbench, MemoryServices& platform) {
+void WriteDump(JsonSink& sink, std::string_view file, Workbench& workbench, const OffscreenDialogs& dialogs,
+               FocusService& focus) {
     const std::vector<Form*> forms = workbench.Forms();
     StateWriter out(sink);
     out.Begin();
-    WriteCommon(out, file, workbench, platform.Dialogs);
-    const Control* const focused = platform.Focus.Focused();
+    WriteCommon(out, file, workbench, dialogs);
+    const Control* const focused = focus.Focused();
     out.Member("focus", std::string_view(focused ? NameOf(forms, *focused) : std::string()));
     out.Key("controls");
     out.Begin();

@@ -7,17 +7,18 @@
 
 #include "console/json_output.h"
 #include "console/plain_value.h"
-#include "headless/memory_platform.h"
 #include "shell/workbench.h"
+#include "system/offscreen_platform.h"
 
 namespace kvt {
 
 // One JSON object with the state of a workbench, without a line end. file is the name as it was given.
 void WriteState(JsonSink& out, std::string_view file, const Workbench& workbench,
-                const MemoryDialogs& dialogs);
+                const OffscreenDialogs& dialogs);
 
 // The same, and at its end the name of the control with the focus and the properties of all controls.
-void WriteDump(JsonSink& out, std::string_view file, Workbench& workbench, MemoryServices& platform);
+void WriteDump(JsonSink& out, std::string_view file, Workbench& workbench, const OffscreenDialogs& dialogs,
+               FocusService& focus);
 
 // An array of message boxes as the state has them.
 void WriteMessages(JsonSink& out, std::span<const MessageBox> boxes);

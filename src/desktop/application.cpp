@@ -36,6 +36,7 @@ void UseDesktopPalette() {
     QApplication::setPalette(palette);
     if (IsDarkOrStrong(palette) && !dynamic_cast<EdgedStyle*>(QApplication::style()))
         QApplication::setStyle(new EdgedStyle(QApplication::style()->objectName()));
+    RefreshTextColors();
 }
 
 bool Application::event(QEvent* event) {

@@ -1,6 +1,8 @@
 #include "desktop/colors.h"
 
+#include <QApplication>
 #include <QPalette>
+#include <QVariant>
 #include <algorithm>
 #include <cmath>
 
@@ -12,6 +14,7 @@ constexpr double gridShare = 0.12;
 constexpr double focusedTint = 0.3;  // of the selected row
 constexpr double tint = 0.15;
 constexpr double strongContrast = 15;
+constexpr const char* ownColorKey = "ownColor";
 const QColor findingColor(0xC0, 0x00, 0x20);
 
 double Luminance(QColor color) {
@@ -120,6 +123,14 @@ void SetTextColor(QWidget& widget, Color color) {
         set(QPalette::Text, QPalette::Base);
     }
     widget.setPalette(palette);
+    widget.setProperty(ownColorKey, color);
+}
+
+void RefreshTextColors() {
+    for (QWidget* const widget : QApplication::allWidgets()) {
+        const QVariant own = widget->property(ownColorKey);
+        if (own.isValid()) SetTextColor(*widget, own.toUInt());
+    }
 }
 
 }  // namespace kvt

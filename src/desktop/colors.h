@@ -38,5 +38,7 @@ QColor Mixed(QColor color, QColor other, double share);
 
 // Sets a widget's text colour; black is what the desktop writes with.
 void SetTextColor(QWidget& widget, Color color);
+// Sets those of all widgets anew: the desktop's palette has changed, and with it their grounds.
+void RefreshTextColors();
 
 }  // namespace kvt

@@ -64,9 +64,10 @@ void DesktopFocus::Frame(const Control& control, QWidget* widget) {
     const bool bare = kind == ControlKind::ScrollBar || kind == ControlKind::UpDown ||
                       kind == ControlKind::Label || kind == ControlKind::PictureBox ||
                       qobject_cast<QAbstractScrollArea*>(widget);
-    if (bare && !frame_) {
-        frame_ = new QFocusFrame(widget);
-        QPalette palette = frame_->palette();
+    if (bare && !frame_) frame_ = new QFocusFrame(widget);
+    if (bare) {
+        // The desktop's palette may be another one since it was last seen.
+        QPalette palette = QApplication::palette();
         palette.setColor(QPalette::WindowText, SelectedEdge(palette));
         frame_->setPalette(palette);
     }

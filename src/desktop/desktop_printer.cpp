@@ -133,6 +133,10 @@ void DesktopPrinter::AskForFile() {
 }
 
 void DesktopPrinter::Print(std::string_view line, PrintedLine what) {
+    if (what == PrintedLine::Table && !job_.Table.empty()) {
+        for (const std::string& row : job_.Table) document_.Lines.push_back({row, what});
+        return;
+    }
     if (line.empty()) document_.Lines.push_back({{}, what});
     for (const std::string_view part : Split(line, LineEnd))
         document_.Lines.push_back({std::string(part), what});
@@ -158,8 +162,9 @@ void DesktopPrinter::EndDocument() {
     device.setDocName(job_.Path.empty() ? QCoreApplication::applicationName()
                                         : QFileInfo(PathToQt(job_.Path)).fileName());
     TurnSheet(document);
-    if (job_.Preview) return ShowPreview(document);
-    Paint(document, device);
+    job_.Preview ? ShowPreview(document) : Paint(document, device);
+    const bool isFile = device.outputFormat() == QPrinter::PdfFormat;
+    LastFile = isFile ? PathText(device.outputFileName()) : std::string();
 }
 
 void DesktopPrinter::TurnSheet(const Document& document) {

@@ -141,7 +141,9 @@ void FormView::Follow(PropertyId id) {
     if (noting_) return;
     const StackGuard guard(following_);
     switch (id) {
-        case PropertyId::Caption: window_->setWindowTitle(PlainTitle(form_.Caption)); break;
+        case PropertyId::Caption:
+            window_->setWindowTitle(PlainTitle(form_.Caption) + (form_.Unsaved ? " *" : ""));
+            break;
         case PropertyId::Width:
         case PropertyId::Height: ApplySize(); break;
         case PropertyId::Left:

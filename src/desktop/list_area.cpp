@@ -98,9 +98,16 @@ void ListArea::scrollContentsBy(int, int) {
     viewport()->update();
 }
 
-void ListArea::focusInEvent(QFocusEvent*) { viewport()->update(); }
+// Edge and rows show where the keys are.
+void ListArea::focusInEvent(QFocusEvent*) {
+    update();
+    viewport()->update();
+}
 
-void ListArea::focusOutEvent(QFocusEvent*) { viewport()->update(); }
+void ListArea::focusOutEvent(QFocusEvent*) {
+    update();
+    viewport()->update();
+}
 
 void ListArea::changeEvent(QEvent* event) {
     QAbstractScrollArea::changeEvent(event);

@@ -165,8 +165,9 @@ bool PictureBoxView::KeepAsPicture() {
     return true;
 }
 
+// Whole ones: what is read off a drawing is as round as its scale lets it be.
 float PictureBoxView::TwipsAt(double pixel) const {
-    return static_cast<float>(pixel / Desktop.Lengths.Exact(1));
+    return static_cast<float>(std::round(pixel / Desktop.Lengths.Exact(1)));
 }
 
 void PictureBoxView::Moved(const QMouseEvent& event) {

@@ -67,7 +67,6 @@ DrawBar::DrawBar(DrawParts& parts, Simulation& sim)
     };
     cmdBarStop.OnClick = [this] { sim_.EndWalk(); };
     cboBarSim.OnClick = [this] { sim_.SwitchTo(cboBarSim.ListIndex); };
-    parts.StateChanged = [this] { ShowState(); };
     parts.ShowLine = [this](int row) { ShowLine(row); };
     ShowCaptions();
 }
@@ -108,15 +107,25 @@ void DrawBar::ShowState() {
     cmdBarStop.Enabled = walks;
     cboBarSim.Enabled = free;
     cboBarSim.ListIndex = sim_.CheckedSim();
-    lblBarHint.Caption = parts_.Language.DrawErrorTexts(Hint());
+    lblBarHint.Caption = HintText();
     // A narrow window cuts it.
     lblBarHint.ToolTip = lblBarHint.Caption;
+}
+
+std::string DrawBar::HintText() const {
+    const auto sim = static_cast<std::size_t>(sim_.CheckedSim());
+    return Filled(parts_.Language.DrawErrorTexts(Hint()), {controls_.mnuSim[sim]->Caption.Get()});
+}
+
+DrawErrorText DrawBar::AtRest() const {
+    if (sim_.CheckedSim() != simulation::Run) return text::SimulationStays;
+    return state_.ThinToolHidden ? text::ThinTool : text::MouseDoes;
 }
 
 DrawErrorText DrawBar::Hint() const {
     if (state_.MeasureClicks == 1) return text::MeasureEnd;
     if (state_.MeasureClicks == 2) return text::MeasureDone;
-    if (!state_.Walking()) return text::MouseDoes;
+    if (!state_.Walking()) return AtRest();
     if (state_.Wait == UserWait::Step) return text::WaitsForStep;
     if (state_.WaitingForClick()) return text::WaitsForClick;
     return state_.Interval > 1 ? text::DrawsSlowly : text::Draws;

@@ -26,6 +26,8 @@ public:
 
 private:
     DrawErrorText Hint() const;
+    DrawErrorText AtRest() const;
+    std::string HintText() const;
 
     DrawParts& parts_;
     DrawControls& controls_;

@@ -26,8 +26,13 @@ Color DrawProgram::Overridden(Ink ink) const {
 }
 
 void DrawProgram::FeedPen(Ink ink) {
-    field_.DrawWidth = penMode_ == 1 ? 1 : ToLong(WholePart(state_.ToolWidth));
-    field_.ForeColor = Overridden(pass_ == 1 ? ink : Ink::ToolCentre);
+    const std::int32_t toolWidth = ToLong(WholePart(state_.ToolWidth));
+    field_.DrawWidth = penMode_ == 1 ? 1 : toolWidth;
+    // Over a tool as thin as the line of its centre nothing of the stroke would be left. The usual colours have it so.
+    const bool hides = pass_ != 1 && toolWidth == 1;
+    const bool keepsInk = hides && controls_.mnuDistinctColors.Checked;
+    if (hides && !keepsInk) state_.ThinToolHidden = true;
+    field_.ForeColor = Overridden(pass_ == 1 || keepsInk ? ink : Ink::ToolCentre);
 }
 
 void DrawProgram::Reference() {

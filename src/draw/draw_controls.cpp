@@ -191,7 +191,7 @@ void DrawControls::FillFrames(int fieldWidth) {
     FillFrame(frDelta, {{&lblDeltaX, &txtDeltaX, number},
                         {&lblDeltaZ, &txtDeltaZ, number},
                         {&lblDeltaXZ, &txtDeltaXZ, distance}});
-    FillFrame(frGrid, {{&lblGrid, &txtGrid, 1340}});
+    FillFrame(frGrid, {{&lblGrid, &txtGrid, 1480}});
 }
 
 void DrawControls::PlaceFrames() {

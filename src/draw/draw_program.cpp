@@ -111,6 +111,7 @@ void DrawProgram::Begin() {
     state_.StepPressed = false;
     state_.DrawRadius = mill_;
     if (full) {
+        state_.ThinToolHidden = false;
         parts_.View.MakeZeroPoint();
         parts_.Strokes.BeginDrawing();
         state_.FirstStroke = field_.OperationsBefore() + static_cast<long long>(field_.Operations().size());

@@ -100,6 +100,8 @@ struct WalkState {
     bool NoRadiusLine = false;
     bool ForceRadiusLine = false;
     float ToolWidth = 1;  // pixels, at least 1
+    // Feed moves of the last drawing are no wider than the line of the tool's centre, which is white over them.
+    bool ThinToolHidden = false;
     float PocketX1 = 0, PocketY1 = 0, PocketX2 = 0, PocketY2 = 0;
 };
 

@@ -21,10 +21,11 @@ constexpr int leastHeight = 3000;
 constexpr int propertiesHeight = 620;
 constexpr int buttonsTop = 100;
 constexpr int frameGap = 20;
-// Fields with room for decimals, where the row of frames still ends in front of the scroll bar.
-constexpr int roomyWidth = 11100;
-constexpr int wideField = 860;
+// Of the measure fields: each takes its share of what the row leaves in front of the scroll bar.
+constexpr int wideField = 1000;
 constexpr int narrowField = 600;
+constexpr int besideRow = 500;
+constexpr int fieldsOfMill = 7, fieldsOfLathe = 8;
 constexpr int autoFitWidth = 840;
 constexpr int redrawWidth = 820;
 constexpr int twipsALetter = 110;
@@ -87,6 +88,10 @@ DrawWindow::DrawWindow(const Parts& parts)
     parts_.Tell = [this](std::string_view what) {
         if (Tell) Tell(what);
     };
+    parts_.StateChanged = [this] {
+        Bar.ShowState();
+        Colors.chkLegendDistinct.Enabled = Controls.mnuView.Enabled.Get();
+    };
     Form& form = Controls.frmDraw;
     form.SmallestWidth = leastWidth;
     form.SmallestHeight = leastHeight;
@@ -112,9 +117,12 @@ void DrawWindow::WireMenus() {
         entry->OnClick = [this, entry] {
             entry->Checked = !entry->Checked;
             if (entry == &Controls.mnuFillCycles || entry == &Controls.mnuGrid) SetFillStyle(Controls);
+            Colors.Show(parts_.Store.IsF1());
             if (Controls.mnuAutoRedraw.Checked) Redraw();
         };
     }
+    Colors.chkLegendDistinct.OnClick = [this] { Controls.mnuDistinctColors.Click(); };
+    Colors.cmdLegendFold.OnClick = [this] { Colors.Unfold(parts_.Store.IsF1()); };
     Controls.mnuLegend.OnClick = [this] {
         Controls.mnuLegend.Checked = !Controls.mnuLegend.Checked;
         Colors.Show(parts_.Store.IsF1());
@@ -336,6 +344,20 @@ void DrawWindow::Form_LostFocus() {
     if (taker != &Controls.frmDraw && taker != &Listing.frmProgramWindow) Listing.Hide();
 }
 
+// As wide as the window has room for, beside what else stands in the row.
+void DrawWindow::FillMeasureFields() {
+    const bool mill = parts_.Store.IsF1();
+    Controls.FillFrames(narrowField);
+    int row = besideRow;
+    for (const Control* one : std::initializer_list<Control*>{
+             &Controls.frDiameter, &Controls.frX1Z1, &Controls.frX2Z2, &Controls.frDelta, &Controls.frGrid,
+             &Controls.cmdAutoFit, &Controls.cmdRedraw, &Controls.UpDown}) {
+        if (one->Visible) row += one->Width + frameGap;
+    }
+    const int share = (Controls.frmDraw.Width - row) / (mill ? fieldsOfMill : fieldsOfLathe);
+    Controls.FillFrames(std::clamp(narrowField + share, narrowField, wideField));
+}
+
 void DrawWindow::PlaceFramesInRow() {
     // A language may have longer words than English.
     int longer = 0;
@@ -345,8 +367,7 @@ void DrawWindow::PlaceFramesInRow() {
         button->Width = std::max(least, characters * twipsALetter + letterMargin);
         longer += button->Width - least;
     }
-    const bool roomy = Controls.frmDraw.Width >= roomyWidth + longer;
-    Controls.FillFrames(roomy ? wideField : narrowField);
+    FillMeasureFields();
     const Control* before = nullptr;
     for (Control* frame : std::initializer_list<Control*>{
              &Controls.frDiameter, &Controls.frX1Z1, &Controls.frX2Z2, &Controls.frDelta, &Controls.frGrid,
@@ -438,7 +459,7 @@ void DrawWindow::mnuEditor_Click() {
 // A measurement stands above a walk that was drawn before it.
 void DrawWindow::EndMode() {
     if (State.MeasureClicks != 0) return Measure.End();
-    if (State.Walking()) Sim.EndWalk();
+    if (State.Walking()) Sim.DrawRest();
 }
 
 void DrawWindow::Form_KeyDown(int pressed) {

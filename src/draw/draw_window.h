@@ -90,6 +90,7 @@ private:
     void WireMenus();
     void WireField();
     void RunPasses();
+    void FillMeasureFields();
     void PlaceFramesInRow();
     void ShowMenusOfMachine();
     void DrawWhatIsAsked();

@@ -16,6 +16,10 @@ constexpr int lineHeight = 240;
 constexpr int gap = 75;
 constexpr int betweenEntries = 195;
 constexpr int characterWidth = 115;
+constexpr int boxWidth = 300;  // of a check box without its text
+// Where it takes more, the view is small for it.
+constexpr int mostHeight = gap + 2 * (lineHeight + gap);
+constexpr int leastHeights = 8;  // of the view
 constexpr float edge = 30;
 constexpr float middle = lineHeight / 2.0F;
 
@@ -71,6 +75,8 @@ Ink InkOn(bool mill, Ink ink) {
     return ink;
 }
 
+int TextWidth(std::string_view text) { return characterWidth * static_cast<int>(text.size()); }
+
 // Lines through the places of a sample one after the other.
 void DrawThrough(PictureBox& box, std::initializer_list<std::pair<float, float>> places) {
     box.MoveTo(places.begin()->first, places.begin()->second);
@@ -120,7 +126,11 @@ void DrawSample(PictureBox& box, Sample sample, Color color, const DrawControls&
 
 }  // namespace
 
-Legend::Legend(DrawControls& controls) : frLegend(controls.frmDraw, "frLegend"), controls_(controls) {
+Legend::Legend(DrawControls& controls)
+    : frLegend(controls.frmDraw, "frLegend"),
+      cmdLegendFold(controls.frmDraw, "cmdLegendFold"),
+      chkLegendDistinct(controls.frmDraw, "chkLegendDistinct", "Clear colors"),
+      controls_(controls) {
     for (const LegendRow& row : legendRows) {
         Entry& entry = entries_.emplace_back();
         const std::string name = row.Name;
@@ -132,45 +142,97 @@ Legend::Legend(DrawControls& controls) : frLegend(controls.frmDraw, "frLegend"),
             control->Height = lineHeight;
         }
     }
+    for (Control* control : std::initializer_list<Control*>{&cmdLegendFold, &chkLegendDistinct}) {
+        control->Container = &frLegend;
+        control->Left = gap;
+        control->Top = gap;
+        control->Height = lineHeight;
+    }
+    // In front of the scroll bars.
+    int tab = controls.hsbViewWindow.TabIndex;
+    for (Control* stop : std::initializer_list<Control*>{&cmdLegendFold, &chkLegendDistinct,
+                                                         &controls.hsbViewWindow, &controls.vsbViewWindow})
+        stop->TabIndex = tab++;
     frLegend.Visible = false;
-}
-
-int Legend::WidthOf(const Entry& entry) {
-    return sampleWidth + gap + characterWidth * static_cast<int>(entry.Name->Caption.Get().size());
 }
 
 void Legend::Show(bool mill) {
     frLegend.Visible = controls_.mnuLegend.Checked.Get();
-    if (!frLegend.Visible) return;
+    if (!frLegend.Visible) {
+        unfolded_ = false;
+        return;
+    }
     const PictureBox& view = controls_.pbxViewWindow;
+    PlaceRows(mill, false);
+    const int height = frLegend.Height;
+    const bool small = height > mostHeight || height * leastHeights > view.Height;
+    if (!small) unfolded_ = false;
+    if (small) PlaceRows(mill, true);
+    ShowParts(mill, small && !unfolded_, small);
+    DrawSamples(mill);
+    // At the lower left of the view, where the fit leaves room beside the drawing.
+    frLegend.Left = view.Left;
+    frLegend.Top = view.Top + view.Height - frLegend.Height;
+}
+
+void Legend::PlaceRows(bool mill, bool withButton) {
+    const int most = controls_.pbxViewWindow.Width;
     int left = gap;
     int top = gap;
     int right = 0;
-    for (std::size_t i = 0; i < entries_.size(); ++i) {
-        const LegendRow& row = legendRows[i];
-        Entry& entry = entries_[i];
-        const bool shown = IsShown(row.When, mill, controls_);
-        entry.Sample->Visible = shown;
-        entry.Name->Visible = shown;
-        if (!shown) continue;
-        const int width = WidthOf(entry);
-        if (left > gap && left + width + gap > view.Width) {
+    const auto take = [&](int width) {
+        if (left > gap && left + width + gap > most) {
             left = gap;
             top += lineHeight + gap;
         }
-        entry.Sample->AccessibleName = entry.Name->Caption.Get();
-        Place(entry, left, top, width);
+        const int place = left;
         right = std::max(right, left + width + gap);
         left += width + betweenEntries;
+        return place;
+    };
+    if (withButton) {
+        cmdLegendFold.Caption = controls_.mnuLegend.Caption.Get();
+        cmdLegendFold.Width = TextWidth(cmdLegendFold.Caption) + 2 * gap;
+        cmdLegendFold.Left = take(cmdLegendFold.Width);
+    }
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+        Entry& entry = entries_[i];
+        if (!IsShown(legendRows[i].When, mill, controls_)) continue;
+        const int width = sampleWidth + gap + TextWidth(entry.Name->Caption);
+        const int place = take(width);
+        Place(entry, place, top, width);
+    }
+    chkLegendDistinct.Width = boxWidth + TextWidth(chkLegendDistinct.Caption);
+    chkLegendDistinct.Left = take(chkLegendDistinct.Width);
+    chkLegendDistinct.Top = top;
+    frLegend.Width = right;
+    frLegend.Height = top + lineHeight + gap;
+}
+
+void Legend::ShowParts(bool mill, bool folded, bool withButton) {
+    cmdLegendFold.Visible = withButton;
+    chkLegendDistinct.Visible = !folded;
+    chkLegendDistinct.Value = controls_.mnuDistinctColors.Checked ? 1 : 0;
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+        const bool shown = !folded && IsShown(legendRows[i].When, mill, controls_);
+        entries_[i].Sample->Visible = shown;
+        entries_[i].Name->Visible = shown;
+    }
+    if (!folded) return;
+    frLegend.Width = cmdLegendFold.Width + 2 * gap;
+    frLegend.Height = lineHeight + 2 * gap;
+}
+
+void Legend::DrawSamples(bool mill) {
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+        const LegendRow& row = legendRows[i];
+        Entry& entry = entries_[i];
+        if (!entry.Sample->Visible) continue;
+        entry.Sample->AccessibleName = entry.Name->Caption.Get();
         entry.Sample->BackColor = InkOf(Ink::Ground, controls_);
         entry.Sample->Cls();
         DrawSample(*entry.Sample, row.As, InkOf(InkOn(mill, row.Of), controls_), controls_);
     }
-    // At the lower left of the view, where the fit leaves room beside the drawing.
-    frLegend.Width = right;
-    frLegend.Height = top + lineHeight + gap;
-    frLegend.Left = view.Left;
-    frLegend.Top = view.Top + view.Height - frLegend.Height;
 }
 
 void Legend::Place(Entry& entry, int left, int top, int width) {

@@ -207,7 +207,7 @@ void DrawingOutput::PutOnPaper(bool preview) {
         printer.PrintDrawing({controls_.pbxDrawField, PrintedArea(), name,
                               controls_.lblGrid.Caption.Get() + " " + controls_.txtGrid.Text.Get()});
         printer.EndDocument();
-        parts_.Tell(PrintedNotice(texts, path));
+        parts_.Tell(PrintedNotice(texts, printer, path));
     } catch (const RunTimeError& error) {
         if (error.Number != fault::Cancelled) TellError(error, printName);
     }

@@ -105,6 +105,19 @@ void Simulation::EndWalk() {
     state_.WaitsToLeaveOut = std::numeric_limits<int>::max();
 }
 
+void Simulation::DrawRest() {
+    const bool waits = state_.InTimedWait || state_.Wait != UserWait::None;
+    if (!waits || state_.Phase != WalkPhase::Paced) return EndWalk();
+    SelectSim(simulation::Run);
+    state_.Release();
+    state_.StepMode = false;
+    state_.Interval = 0;
+    state_.PressStep();
+    state_.EndClickWait();
+    controls_.Timer1.Enabled = false;
+    state_.WaitsToLeaveOut = std::numeric_limits<int>::max();
+}
+
 void Simulation::cmdRun_Click() { mnuSim_Click(simulation::Run); }
 
 void Simulation::Timer1_Timer() {

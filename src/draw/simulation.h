@@ -26,6 +26,8 @@ public:
     void SwitchTo(int index);
     // Ends a walk with the wait that it stands in.
     void EndWalk();
+    // Lets a walk that stands in a wait go on to its end without one; ends one that is drawing already.
+    void DrawRest();
 
     // Waits for the next tick of the walk's interval; 0 and 1 are no wait.
     void WaitTimer();

@@ -90,10 +90,23 @@ void CncWriter::AppendLine(std::string& text, const ListRow& row) const {
     const std::string_view number = row[column::Number];
     if (!store.IsMK2() && number.find_first_of("Nn") != std::string_view::npos) return;
 
-    text += "   ";
+    text += WordsOf(row);
+    if (PrintMode) {
+        for (int c = column::Error; c <= column::Time; ++c) {
+            if (store.lvCncProgram.Header(c + 1).Width > 1) AppendColumn(text, row[c]);
+        }
+    }
+    text += ' ';
+    text += Trim(row[column::Comment]);
+    text += LineEnd;
+}
+
+std::string CncWriter::WordsOf(const ListRow& row) const {
+    const ProgramStore& store = parts_.Store;
+    std::string text = "   ";
     if (store.IsMK2()) {
         text += "N";
-        text += Right(FormatText(number, "00"), 2);
+        text += Right(FormatText(row[column::Number], "00"), 2);
         text += " G";
         text += Mid(row[column::Code], 2, 2);
         text += " X";
@@ -103,7 +116,7 @@ void CncWriter::AppendLine(std::string& text, const ListRow& row) const {
         text += " F";
         text += Right(" " + std::string(row[column::F].View()), 3);
     } else {
-        text += number;
+        text += row[column::Number].View();
         text += TrimRight(row[column::Code]);
         if (store.IsF1()) {
             text += row[column::X].View();
@@ -121,14 +134,7 @@ void CncWriter::AppendLine(std::string& text, const ListRow& row) const {
             text += ' ';
         }
     }
-    if (PrintMode) {
-        for (int c = column::Error; c <= column::Time; ++c) {
-            if (store.lvCncProgram.Header(c + 1).Width > 1) AppendColumn(text, row[c]);
-        }
-    }
-    text += ' ';
-    text += Trim(row[column::Comment]);
-    text += LineEnd;
+    return text;
 }
 
 void CncWriter::AppendUnits(std::string& text) const {

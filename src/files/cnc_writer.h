@@ -34,6 +34,8 @@ public:
 
     // The whole text, lines ended by CR LF; empty for a program without lines.
     std::string GenerateAll();
+    // The words of a line as they stand in every form, behind their first blanks.
+    std::string WordsOf(const ListRow& row) const;
     // Adds the code that ends a program, as if it were typed, where none is present.
     void AddEndCode();
     // mode is one of save::...; a save without a file name becomes a save as, in the caller's variable too.

@@ -5,7 +5,9 @@
 #include "basic/line_end.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
+#include "files/paper_table.h"
 #include "files/questions.h"
+#include "program/machine_controls.h"
 
 namespace kvt {
 
@@ -45,6 +47,9 @@ PrintJob ProgramPrint::Job(bool preview) const {
     job.PageText = parts_.Language.NoticeTexts(text::PageOf);
     job.FileTitle = parts_.Language.NoticeTexts(text::PrintToPdf);
     job.Preview = preview;
+    const std::string units =
+        Filled(parts_.Language.NoticeTexts(text::PaperUnits), {UnitsText(parts_.Store)});
+    job.Table = PaperTable(parts_.Store, parts_.Writer, units);
     return job;
 }
 
@@ -103,7 +108,8 @@ bool ProgramPrint::PrintDocument(std::string_view text) {
 }
 
 void ProgramPrint::TellPrinted() {
-    Run(parts_.Calls.Tell, PrintedNotice(parts_.Language, parts_.Controls.lblPath.Caption));
+    Run(parts_.Calls.Tell,
+        PrintedNotice(parts_.Language, parts_.Platform.Printer, parts_.Controls.lblPath.Caption));
 }
 
 void ProgramPrint::cmdPrinterDialog_Click() {

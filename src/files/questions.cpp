@@ -7,8 +7,9 @@
 namespace kvt {
 
 bool AskToSave(DialogService& dialogs, const Texts& texts) {
-    return dialogs.ShowMessage(Question(texts.MessageTexts(text::SaveNow),
-                                        texts.MessageTexts(text::ContinueTitle))) == Answer::Yes;
+    MessageBox box = Question(texts.MessageTexts(text::SaveNow), texts.MessageTexts(text::ContinueTitle));
+    box.Details = texts.FoundTexts(FoundText::CancelledSave);
+    return dialogs.ShowMessage(box) == Answer::Yes;
 }
 
 bool AskToClear(DialogService& dialogs, const Texts& texts) {
@@ -29,8 +30,8 @@ void TellSaved(const WorkbenchCalls& calls, const Texts& texts, std::string_view
     Run(calls.Tell, Filled(texts.NoticeTexts(text::Saved), {std::string(ExtractFileName(path))}));
 }
 
-std::string PrintedNotice(const Texts& texts, std::string_view path) {
-    const std::string_view name = ExtractFileName(path);
+std::string PrintedNotice(const Texts& texts, const PrinterService& printer, std::string_view path) {
+    const std::string_view name = ExtractFileName(printer.LastFile.empty() ? path : printer.LastFile);
     return Filled(texts.NoticeTexts(text::Printed),
                   {std::string(name.empty() ? texts.NoticeTexts(text::NoName) : name)});
 }

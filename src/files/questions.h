@@ -15,8 +15,9 @@ bool AskToSave(DialogService& dialogs, const Texts& texts);
 bool AskToClear(DialogService& dialogs, const Texts& texts);
 // Whether a file may be written under a name: Yes without a question where none has it.
 Answer AskToOverwrite(Services& platform, const Texts& texts, std::string_view name);
-// Tells in the quiet line that a file has been written, or that a program, with a path or without one, is printed.
+// Tells in the quiet line that a file has been written.
 void TellSaved(const WorkbenchCalls& calls, const Texts& texts, std::string_view path);
-std::string PrintedNotice(const Texts& texts, std::string_view path);
+// That a program, with a path or without one, is printed; it names the file of a PDF instead.
+std::string PrintedNotice(const Texts& texts, const PrinterService& printer, std::string_view path);
 
 }  // namespace kvt

@@ -1,15 +1,9 @@
 #include "headless/memory_platform.h"
 
-#include <algorithm>
-
-#include "basic/run_time_error.h"
-
 namespace kvt {
 
 Answer MemoryDialogs::ShowMessage(const MessageBox& box) {
-    Shown.push_back(box);
-    // Titles that nobody named are the program's.
-    if (box.Title.empty()) Shown.back().Title = "Kestrel Vise Toolkit";
+    const Answer byDefault = OffscreenDialogs::ShowMessage(box);
     const Answer asked = Answers.empty() ? Answer::Ok : Answers.front();
     const bool asks = box.Choice != Buttons::Ok;
     const bool fits =
@@ -17,17 +11,10 @@ Answer MemoryDialogs::ShowMessage(const MessageBox& box) {
     if (Answers.empty() || !fits) {
         if (!Answers.empty()) Answers.pop_front();
         if (OnUnanswered) OnUnanswered(box);
-        return asks ? Answer::Yes : Answer::Ok;
+        return byDefault;
     }
     Answers.pop_front();
     return asked;
-}
-
-WindowPlace MemoryScreen::OnScreen(const WindowPlace& place) {
-    const int width = std::min(place.Width, WidthTwips);
-    const int height = std::min(place.Height, HeightTwips);
-    return {height, std::clamp(place.Left, 0, WidthTwips - width),
-            std::clamp(place.Top, 0, HeightTwips - height), width};
 }
 
 bool MemoryDialogs::Choose(FileDialog& dialog) {
@@ -40,8 +27,7 @@ bool MemoryDialogs::Choose(FileDialog& dialog) {
         dialog.FileName = answer.Path;
         return true;
     }
-    if (dialog.CancelError) throw RunTimeError(fault::Cancelled);
-    return false;
+    return Cancel(dialog);
 }
 
 bool MemoryDialogs::ShowColor(Color& color) {

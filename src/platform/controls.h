@@ -128,6 +128,8 @@ public:
     explicit Form(std::string_view name);
 
     TextProperty Caption{*this, PropertyId::Caption};
+    // What the window shows is in no file: its title has a star behind the caption.
+    Property<bool> Unsaved{*this, PropertyId::Caption};
     Property<WindowState> State{*this, PropertyId::WindowState, WindowState::Normal};
 
     const std::vector<Control*>& Controls() const { return controls_; }

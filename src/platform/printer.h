@@ -20,6 +20,8 @@ struct PrintJob {
     std::string Part;
     std::string PageText = "Page %1 of %2";  // the number of a page, at the right of the head
     std::string FileTitle = "Print to PDF";  // of the dialog that asks for the file of a PDF
+    // The lines of the table as they stand on paper, heads first, where they are others than those of the text.
+    std::vector<std::string> Table;
     // Shows the pages instead; they can be printed from there.
     bool Preview = false;
 };
@@ -54,6 +56,8 @@ public:
     // Error 32755 where the user gives no name for a PDF, or leaves a preview without printing.
     virtual void EndDocument() = 0;
 
+    // The PDF file that the last document became; empty where it went to a printer.
+    std::string LastFile;
     // Font of what is printed from now on, and its largest size, in points.
     std::string FontName;
     double FontSize = 10;

@@ -35,9 +35,13 @@ void MachineControls::RefreshUnits() {
     optSettingsVmm.Value = !horizontal && metric;
     optSettingsVinch.Value = !horizontal && !metric;
 
-    std::string units = metric ? "1/100 mm" : "1/1000 \"";
-    if (store_.IsF1()) units.insert(0, horizontal ? "H " : "V ");
-    lblPPUnits.Caption = units;
+    lblPPUnits.Caption = UnitsText(store_);
+}
+
+std::string UnitsText(const ProgramStore& store) {
+    const std::string units = store.Metric ? "1/100 mm" : "1/1000 \"";
+    if (!store.IsF1()) return units;
+    return (store.Horizontal ? "H " : "V ") + units;
 }
 
 OptionButton& MachineControls::OptionOf(MachineModel model) {

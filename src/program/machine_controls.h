@@ -6,6 +6,9 @@
 
 namespace kvt {
 
+// What the program's units are called: "1/100 mm". On the mill its head's way, "V " or "H ", stands in front.
+std::string UnitsText(const ProgramStore& store);
+
 // The options and menu entries that choose the machine and the units, and the label that names the units.
 class MachineControls {
 public:

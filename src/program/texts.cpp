@@ -123,10 +123,12 @@ constexpr TextsOf<DrawErrorText>::Default drawErrorDefaults[] = {
     {text::MeasureEnd, "Measuring: click the second point. Esc ends."},
     {text::MeasureDone, "Measuring: change the fields, or click to end. Esc ends."},
     {text::MouseDoes, "Click: measure. Twice: fit. Wheel: zoom. Middle button: move."},
-    {text::WaitsForStep, "Step: press Enter or click Step for the next line. Esc ends."},
-    {text::WaitsForClick, "The program waits: click the drawing or press Enter to go on. Esc ends."},
-    {text::DrawsSlowly, "Drawing line by line: Run draws the rest at once. Esc ends."},
+    {text::WaitsForStep, "Step: Enter or Step draws the next line, Esc the rest."},
+    {text::WaitsForClick, "The program waits: a click or Enter goes on, Esc draws the rest."},
+    {text::DrawsSlowly, "Drawing line by line: Run or Esc draws the rest."},
     {text::Draws, "Drawing. Esc ends."},
+    {text::SimulationStays, "%1 stays chosen: R begins again, Run draws all at once."},
+    {text::ThinTool, "The thin tool is hidden by its white center: View, Tool Center."},
 };
 
 constexpr TextsOf<StepText>::Default stepDefaults[] = {
@@ -157,11 +159,17 @@ constexpr TextsOf<EntryText>::Default entryDefaults[] = {
     {EntryText::WithFieldsOfDeleted, "Line %1 from a deleted line"},
     {EntryText::Before, "Before:"},
     {EntryText::Replaces, "Replaces:"},
+    {EntryText::ReplacesLine, "Replaces line %1"},
+    {EntryText::CarriedOver, "%1 still holds the %2 of an earlier line: %3"},
+    {EntryText::Range, "%1: from %2 to %3"},
+    {EntryText::RangeIn, "%1: from %2 to %3, in %4"},
 };
 
 constexpr TextsOf<FoundText>::Default foundDefaults[] = {
     {FoundText::Program, "%1 (lines: %2), kept on %3 at %4"},
     {FoundText::WithoutFile, "A program without a file"},
+    {FoundText::CancelledSave,
+     "A save that you cancel loses nothing: the next start offers the program again."},
 };
 
 constexpr TextsOf<NoticeText>::Default noticeDefaults[] = {
@@ -195,6 +203,7 @@ constexpr TextsOf<NoticeText>::Default noticeDefaults[] = {
     {text::DrawingName, "drawing"},
     {text::NoName, "a program without a name"},
     {text::PrintToPdf, "Print to PDF"},
+    {text::PaperUnits, "Units: %1"},
 };
 
 }  // namespace
@@ -223,12 +232,12 @@ Texts::Texts()
     : ProgramErrorTexts(22, programErrorDefaults),
       ErrorTexts(30, errorDefaults),
       MessageTexts(31, messageDefaults),
-      DrawErrorTexts(20, drawErrorDefaults),
+      DrawErrorTexts(22, drawErrorDefaults),
       DialogTexts(30, dialogDefaults),
       StepTexts(18, stepDefaults),
-      EntryTexts(6, entryDefaults),
-      FoundTexts(2, foundDefaults),
-      NoticeTexts(30, noticeDefaults),
+      EntryTexts(10, entryDefaults),
+      FoundTexts(3, foundDefaults),
+      NoticeTexts(31, noticeDefaults),
       ExplanationTexts(ExplanationPartCount * FindingCount, ExplanationDefaults()),
       DrawViewTexts(8, drawViewDefaults) {}
 

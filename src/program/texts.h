@@ -144,6 +144,8 @@ enum class DrawErrorText {
     WaitsForClick = 18,
     DrawsSlowly = 19,
     Draws = 20,
+    SimulationStays = 21,
+    ThinTool = 22,
 };
 
 // What belongs to windows and dialogs and is the caption of no control.
@@ -184,7 +186,7 @@ enum class StepText {
     Clipboard = 18,
 };
 
-// Which line the entry row is, and what becomes of it.
+// Which line the entry row is, what becomes of it, and what its fields hold.
 enum class EntryText {
     Line = 1,
     NewLine = 2,
@@ -192,12 +194,17 @@ enum class EntryText {
     WithFieldsOfDeleted = 4,
     Before = 5,
     Replaces = 6,
+    ReplacesLine = 7,
+    CarriedOver = 8,
+    Range = 9,
+    RangeIn = 10,
 };
 
-// What the question about an unsaved program that was found tells of it.
+// What the questions about an unsaved program tell of it.
 enum class FoundText {
     Program = 1,
     WithoutFile = 2,
+    CancelledSave = 3,
 };
 
 // What the quiet line tells, and the words around explanations and printed pages.
@@ -232,6 +239,7 @@ enum class NoticeText {
     DrawingName = 28,
     NoName = 29,
     PrintToPdf = 30,
+    PaperUnits = 31,
 };
 
 // The names of the entries: an entry can be looked up in its own table alone.

@@ -19,6 +19,7 @@ Beside::OwnPlace PlaceNow(const Form& window) { return {window.RestoredPlace(), 
 Beside::Beside(const Parts& parts)
     : mnuBeside(parts.Drawing.frmDraw, "mnuBeside", "Beside the program"), parts_(parts) {
     mnuBeside.Container = &parts.Drawing.mnuView;
+    mnuBeside.Shortcut = "Ctrl+B";
     mnuBeside.OnClick = [this] { mnuBeside_Click(); };
 }
 

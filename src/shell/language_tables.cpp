@@ -222,6 +222,7 @@ constexpr LabelRow labelRows[] = {
     {"DRAW Colors", "Plunge", "frmDraw.lblLegendPlunge"},
     {"DRAW Colors", "Zero point", "frmDraw.lblLegendAxis"},
     {"DRAW Colors", "Selected line", "frmDraw.lblLegendLit"},
+    {"DRAW Colors", "Clear colors", "frmDraw.chkLegendDistinct"},
 
     {"DRAW Menu Settings", "Settings", "frmDraw.mnuSettings"},
     {"DRAW Menu Settings", "Scale", "frmDraw.mnuScaleMenu"},

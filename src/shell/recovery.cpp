@@ -12,7 +12,8 @@ namespace {
 
 constexpr const char* recoveryName = "Recovery";
 constexpr const char* recoveryFile = "Recovery.txt";
-constexpr const char* setAsideFile = "Recovery.old.txt";
+// In front of a number, from the second one on: programs that were not wanted back.
+constexpr std::string_view declinedName = "Recovery.old";
 // In front of a number: programs that were given up while another one took their place.
 constexpr std::string_view asideName = "Recovery.kept.";
 constexpr std::string_view extension = ".txt";
@@ -187,7 +188,10 @@ void Recovery::Load(const std::string& file, const std::string& text) {
 
 void Recovery::SetAside(const std::string& file, const std::string& text) {
     FileService& files = parts_.Platform.Files.InBackground();
-    const std::string aside = parts_.Data.Folders.DataFolder + setAsideFile;
+    const std::string name = parts_.Data.Folders.DataFolder + std::string(declinedName);
+    std::string aside = name + std::string(extension);
+    for (int number = 2; files.Exists(aside); ++number)
+        aside = name + "." + PlainNumber(number) + std::string(extension);
     if (!Attempt(recoveryName, [&] { files.WriteWhole(aside, text); })) return;
     if (files.Exists(file)) Attempt(recoveryName, [&] { files.Delete(file); });
 }

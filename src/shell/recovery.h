@@ -30,7 +30,8 @@ public:
     Timer tmrRecovery;
 
     // At the start: asks about what a crash or a program given up has left, the latest first, until one is wanted; it
-    // is loaded as a changed program under its old name. One that is not is kept once, as "Recovery.old.txt".
+    // is loaded as a changed program under its old name. One that is not is kept as "Recovery.old.txt", the
+    // next one as "Recovery.old.2.txt".
     void Restore();
     // Puts a copy of the unsaved program beside the file, under a name that no other one has, for the next start.
     // False where it could not be written.

@@ -104,7 +104,8 @@ void EditorSettings::ApplyFile() {
     // The limits follow a key of the file.
     parts_.Store.LimitValues.Fill(parts_.Store.DisableLimitsCheck);
     parts_.Display.ShowCodeLists();
-    LoadModule();
+    // A reset keeps the language.
+    if (!resetting_) LoadModule();
     LoadLastFile();
 }
 

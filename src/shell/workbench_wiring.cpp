@@ -97,7 +97,9 @@ void Workbench::WireButtons() {
         Lines.LineDelete();
     };
     Entry.cmdReturn.OnClick = [this] {
+        const bool reads = Help.Shown() != nullptr;
         Run(Calls.cmdReturn_Click);
+        if (reads && Help.FocusBack()) return;
         // The button has gone; the next key is a code.
         if (Platform.Focus.Focused() == &Entry.cmdReturn) Platform.Focus.SetFocus(Entry.txtGMcode);
     };
@@ -139,8 +141,9 @@ void Workbench::WireKeys() {
             return;
         if (Transfer.frRXcode.Visible) Received.cmdReceiveExit_Click();
         Main.tabSettings.Visible = false;
+        const bool reads = Help.Shown() != nullptr;
         if (Entry.cmdReturn.Visible) Run(Calls.cmdReturn_Click);
-        Platform.Focus.SetFocus(Store.lvCncProgram);
+        if (!reads || !Help.FocusBack()) Platform.Focus.SetFocus(Store.lvCncProgram);
     };
 }
 
@@ -182,6 +185,7 @@ void Workbench::WireTransfer() {
     UnlessHeld(list.OnClick);
     UnlessHeld(list.OnRightClick);
     UnlessHeld(list.OnKeyDown);
+    UnlessHeld(list.OnKeyPress);
     UnlessHeld(frmMain.OnDropFile);
 }
 
@@ -211,8 +215,8 @@ void Workbench::Form_Activate() {
     Draw.Listing.Hide();
     Draw.Editor.RestoreSelection();
     Entry.RememberFeeds();
-    for (RichText* document : Main.Documents()) document->Visible = false;
-    Main.lstAbout.Visible = false;
+    // A document goes, and with it what it has frozen.
+    if (Help.Shown()) Modes.cmdReturn_Click();
     View.MakeLinePropertiesColumns();
     // The user may have put a module into its folder meanwhile.
     Languages.Refresh();
@@ -229,6 +233,7 @@ void Workbench::tmr1sec_Timer() {
 void Workbench::Handled() {
     if (ended_) return;
     undoing_.Refresh();
+    FollowOpenedRow(Entry, Store.lvCncProgram, Store.IsF1());
     target_.Refresh(Draw.Editor.UsersRow());
 }
 
@@ -238,6 +243,7 @@ void Workbench::RefreshTitle() {
     if (!name.empty()) title += " - " + std::string(name);
     if (Store.Unsaved()) title += " *";
     frmMain.Caption = title;
+    Draw.Controls.frmDraw.Unsaved = Store.Unsaved();
 }
 
 void Workbench::OpenFile(std::string name) {

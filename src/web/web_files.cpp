@@ -46,6 +46,10 @@ void WebFiles::SetWritten(std::string_view path, std::string_view seconds) {
     if (localtime_r(&time, &local)) found->second.Written = local;
 }
 
+void WebFiles::PutAside(std::string_view path, std::string_view content) {
+    files_[Normal(path)] = {std::string(content), system_.Now(), true};
+}
+
 // A folder is there with what is in it.
 bool WebFiles::Exists(std::string_view path) {
     const std::string normal = Normal(path);
@@ -109,7 +113,7 @@ bool WebFiles::CanWrite(std::string_view folder) {
 void WebFiles::Delete(std::string_view path) {
     const auto found = files_.find(Normal(path));
     if (found == files_.end()) throw RunTimeError(fault::FileNotFound);
-    Keep(found->first, nullptr);
+    if (!found->second.Aside) Keep(found->first, nullptr);
     files_.erase(found);
 }
 

@@ -129,7 +129,7 @@ TEST(SerialTest, ADeviceThatTakesNothingEndsTheSending) {
     workbench.Port.Output(std::string(1'000'000, 'x'));
     EXPECT_TRUE(workbench.System.WaitUntil([&] { return workbench.Port.MillisecondsLeft(); }));
     EXPECT_FALSE(workbench.Port.IsOpen());
-    EXPECT_EQ(workbench.Platform.Dialogs.Shown.size(), 1u);
+    EXPECT_EQ(workbench.Dialogs.Shown.size(), 1u);
 
     LineWatch watch;
     watch.Add(10);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <algorithm>
@@ -88,6 +89,20 @@ TEST(DesktopColors, FieldsAndBoxesHaveAnEdgeOnBlack) {
             contrast = std::max(contrast, Contrast(image.pixelColor(x, 12), Qt::black));
         EXPECT_GE(contrast, LeastContrast);
     }
+}
+
+TEST(DesktopColors, TextsOfAnOwnColorFollowAnotherPalette) {
+    const QPalette before = QApplication::palette();
+    QLineEdit field;
+    SetTextColor(field, 0xFF0000);
+    EXPECT_EQ(field.palette().color(QPalette::Text), QColor(Qt::blue));
+    for (const Desktop& desktop : desktops) {
+        QApplication::setPalette(ReadablePalette(PaletteOf(desktop)));
+        RefreshTextColors();
+        ExpectReadable(field.palette().color(QPalette::Text), field.palette().color(QPalette::Base),
+                       desktop.Name);
+    }
+    QApplication::setPalette(before);
 }
 
 TEST(DesktopColors, LightPaperIsLeftAsItIs) {

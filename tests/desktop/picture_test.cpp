@@ -124,6 +124,18 @@ TEST_F(PictureTest, TheMouseTellsPlacesOnTheField) {
     EXPECT_EQ(widget->cursor().shape(), Qt::CrossCursor);
 }
 
+TEST_F(PictureTest, PlacesAreWholeTwipsAtAnySizeOfAPixel) {
+    DesktopPlatform larger(files, programs, 1.1);
+    FormView view(larger.Desktop, form);
+    std::vector<float> places;
+    pbxField.OnMouseDown = [&](int, int, float x, float y) { places.insert(places.end(), {x, y}); };
+    for (int pixel = 60; pixel < 71; ++pixel)
+        QTest::mouseClick(WidgetOf(pbxField), Qt::LeftButton, Qt::NoModifier, {pixel, pixel});
+    ASSERT_EQ(places.size(), 22U);
+    for (const float place : places) EXPECT_EQ(place, std::round(place));
+    EXPECT_NEAR(places[0], 60 * 15 / 1.1, 0.51);
+}
+
 // Long work lets keys through; the list becomes a picture when it is full, and goes on.
 TEST_F(PictureTest, WorkThatGoesOnIsNotDeaf) {
     Open();

@@ -28,6 +28,7 @@ TEST_F(WindowTest, PrintedTextBecomesAPdfWhosePagesBreak) {
         const QByteArray content = pdf.readAll();
         EXPECT_TRUE(content.startsWith("%PDF"));
         const auto pages = content.count("/Type /Page\n");
+        EXPECT_EQ(printer.LastFile, file.toStdString());
         EXPECT_GE(pages, least);
         EXPECT_LE(pages, most);
     }

@@ -15,6 +15,7 @@
 #include <QToolTip>
 #include <set>
 
+#include "desktop/application.h"
 #include "test_window.h"
 
 namespace kvt::test {
@@ -103,6 +104,10 @@ TEST_F(DesktopWindow, SizeStateAndCloseGoBothWays) {
     form.OnQueryUnload = [&] { ++asked; };
     Open();
     QWidget& frame = window->Window();
+    EXPECT_EQ(frame.windowTitle(), u"Gr\u00F6\u00DFe"_s);
+    form.Unsaved = true;
+    EXPECT_EQ(frame.windowTitle(), u"Gr\u00F6\u00DFe *"_s);
+    form.Unsaved = false;
     EXPECT_EQ(frame.windowTitle(), u"Gr\u00F6\u00DFe"_s);
     EXPECT_EQ(window->Inside()->size(), QSize(600, 400));
     EXPECT_EQ(WidgetOf(chkBox)->mapTo(window->Inside(), QPoint()), QPoint(240, 25));

@@ -62,6 +62,24 @@ TEST_F(DrawTest, KeysAndMenusZoomWithinTheMenu) {
     EXPECT_EQ(State().DrawScale, 1);
 }
 
+TEST_F(DrawTest, TheMeasureFieldsTakeTheRoomOfTheirRow) {
+    int before = 0;
+    for (const int width : {5700, 7100, 9100, 10500, 12000, 20000}) {
+        SCOPED_TRACE(width);
+        for (const char* machine : {"F1", "MK4"}) {
+            Put(machine, "M30");
+            Controls().frmDraw.ApplySize(width, 9000);
+            Draw().PositionControls();
+            Draw().Form_Activate();
+            EXPECT_LE(Controls().frProperties.Width, width);
+            EXPECT_EQ(Controls().frX2Z2.Left, Controls().frX1Z1.Left + Controls().frX1Z1.Width + 20);
+        }
+        EXPECT_GE(Controls().txtX1.Width, before);
+        before = width < 9000 ? 600 : Controls().txtX1.Width.Get();
+    }
+    EXPECT_EQ(before, 1000);
+}
+
 TEST_F(DrawTest, AbortEndsAnEndlessWalk) {
     Platform.System.GiveUpAfter = 1000;
     // Also one that draws nothing, and a pocket whose tool has no diameter.

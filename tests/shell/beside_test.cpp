@@ -1,5 +1,5 @@
-#include "headless/memory_window.h"
 #include "support/workbench_fixture.h"
+#include "system/offscreen_window.h"
 
 namespace kvt::test {
 namespace {
@@ -14,9 +14,9 @@ TEST_F(WorkbenchFixture, SideBySideOnAnyScreenNothingIsOutside) {
     for (const Case& one : cases) {
         Platform.Screen.WidthTwips = one.Screen;
         kvt::Workbench workbench(Platform.Services);
-        std::vector<std::unique_ptr<MemoryWindow>> windows;
+        std::vector<std::unique_ptr<OffscreenWindow>> windows;
         for (Form* form : workbench.Forms())
-            windows.push_back(std::make_unique<MemoryWindow>(*form, Platform.Screen, Platform.Focus));
+            windows.push_back(std::make_unique<OffscreenWindow>(*form, Platform.Screen, Platform.Focus));
         const Form& drawing = workbench.Draw.Controls.frmDraw;
         workbench.Draw.Show();
         drawing.FindControl("mnuBeside")->Click();

@@ -5,10 +5,10 @@
 
 #include "basic/number.h"
 #include "basic/text.h"
-#include "headless/memory_window.h"
 #include "platform/clicks.h"
 #include "platform/keys.h"
 #include "support/workbench_fixture.h"
+#include "system/offscreen_window.h"
 
 namespace kvt::test {
 
@@ -51,7 +51,7 @@ private:
         workbench_ = std::make_unique<Workbench>(platform_.Services);
         for (Form* form : workbench_->Forms()) {
             platform_.System.Watch(*form);
-            windows_.push_back(std::make_unique<MemoryWindow>(*form, platform_.Screen, platform_.Focus));
+            windows_.push_back(std::make_unique<OffscreenWindow>(*form, platform_.Screen, platform_.Focus));
         }
         platform_.Port.Ports = 1;
         platform_.System.GiveUpAfter = 500;
@@ -360,7 +360,7 @@ private:
     FaultyPlatform& platform_;
     std::string folder_;
     std::mt19937 random_;
-    std::vector<std::unique_ptr<MemoryWindow>> windows_;
+    std::vector<std::unique_ptr<OffscreenWindow>> windows_;
     std::unique_ptr<Workbench> workbench_;
     std::deque<std::function<void()>> plan_;
     int left_ = 0;

@@ -130,8 +130,8 @@ export class Serial {
 
     async #stop() {
         this.#closing = true;
-        await this.#writer?.ready.catch(() => {});
-        this.#writer?.releaseLock();
+        // Ends when all has left.
+        await this.#writer?.close().catch(() => {});
         await this.#reader?.cancel().catch(() => {});
         await this.#port?.close().catch(() => {});
         this.#writer = this.#reader = null;

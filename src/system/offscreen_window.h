@@ -9,12 +9,12 @@ namespace kvt {
 // A window without a display: a maximised form has the work area, a restored one the place that it had before,
 // and a form hears of every new size, by hand or by code. One that is shown or brought up comes to the front, unless it
 // stays above the others anyway.
-class MemoryWindow : public ControlView {
+class OffscreenWindow : public ControlView {
 public:
-    MemoryWindow(Form& form, ScreenService& screen, WindowFocus& focus);
-    ~MemoryWindow() override;
-    MemoryWindow(const MemoryWindow&) = delete;
-    MemoryWindow& operator=(const MemoryWindow&) = delete;
+    OffscreenWindow(Form& form, ScreenService& screen, WindowFocus& focus);
+    ~OffscreenWindow() override;
+    OffscreenWindow(const OffscreenWindow&) = delete;
+    OffscreenWindow& operator=(const OffscreenWindow&) = delete;
 
     const Form& Shown() const { return form_; }
     // Draws the window to a size in twips, which it hears of once.

@@ -1,20 +1,20 @@
-#include "headless/memory_window.h"
+#include "system/offscreen_window.h"
 
 namespace kvt {
 
-MemoryWindow::MemoryWindow(Form& form, ScreenService& screen, WindowFocus& focus)
+OffscreenWindow::OffscreenWindow(Form& form, ScreenService& screen, WindowFocus& focus)
     : form_(form), screen_(screen), focus_(focus) {
     form_.View = this;
 }
 
-MemoryWindow::~MemoryWindow() { form_.View = nullptr; }
+OffscreenWindow::~OffscreenWindow() { form_.View = nullptr; }
 
-void MemoryWindow::Resize(int width, int height) {
+void OffscreenWindow::Resize(int width, int height) {
     Put({height, form_.Left, form_.Top, width});
     TellResize();
 }
 
-void MemoryWindow::PropertyChanged(Control&, PropertyId id) {
+void OffscreenWindow::PropertyChanged(Control&, PropertyId id) {
     if (placing_) return;
     if (id == PropertyId::Visible && !form_.Visible) return focus_.WindowHidden(form_);
     const bool comesToFront = id == PropertyId::Front || (id == PropertyId::Visible && !form_.ComesBehind());
@@ -25,7 +25,7 @@ void MemoryWindow::PropertyChanged(Control&, PropertyId id) {
     TellResize();
 }
 
-void MemoryWindow::Put(const WindowPlace& place) {
+void OffscreenWindow::Put(const WindowPlace& place) {
     placing_ = true;
     form_.Left = place.Left;
     form_.Top = place.Top;
@@ -33,7 +33,7 @@ void MemoryWindow::Put(const WindowPlace& place) {
     placing_ = false;
 }
 
-void MemoryWindow::TellResize() const {
+void OffscreenWindow::TellResize() const {
     if (form_.OnResize) form_.OnResize();
 }
 

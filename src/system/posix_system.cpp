@@ -1,4 +1,4 @@
-#include "headless/posix_system.h"
+#include "system/posix_system.h"
 
 #include <algorithm>
 

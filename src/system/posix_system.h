@@ -2,15 +2,15 @@
 
 #include <functional>
 
-#include "headless/memory_platform.h"
+#include "system/offscreen_system.h"
 #include "system/posix_port.h"
 
 namespace kvt {
 
 // The system of a console that works with real ports: its clock is that of the wall.
-class PosixSystem : public MemorySystem {
+class PosixSystem : public OffscreenSystem {
 public:
-    PosixSystem(FocusKeeper& focus, PosixPort& port) : MemorySystem(focus), port_(port) {}
+    explicit PosixSystem(PosixPort& port) : port_(port) {}
 
     bool WaitUntil(const std::function<double()>& left) override;
 
