@@ -3,7 +3,7 @@
 // Keeps what the program tells the page, so that a test can read what is shown: window.told.
 export function recordMessages() {
     const controls = new Map();
-    const told = { controls, focus: 0, beeps: 0, ended: false };
+    const told = { controls, focus: 0, beeps: 0, ended: false, at: 0 };
     const take = (message) => {
         const control = controls.get(message.id);
         if (message.do === 'make') controls.set(message.id, { ...message, p: { ...message.p } });
@@ -16,7 +16,9 @@ export function recordMessages() {
     const parse = JSON.parse;
     JSON.parse = (text, ...rest) => {
         const value = parse(text, ...rest);
-        if (Array.isArray(value) && value[0]?.do) value.forEach(take);
+        if (!Array.isArray(value) || !value[0]?.do) return value;
+        value.forEach(take);
+        told.at = performance.now();
         return value;
     };
     // By name, index behind it in parentheses, form in front of it where two have one: "frmDraw.mnuGrid", "mnuPP(1)".

@@ -35,31 +35,36 @@ export async function launch(...more) {
 export const sample = (name) => fs.readFileSync(path.join(root, 'samples', name), 'latin1');
 
 export class Workbench {
-    // play: names of functions of inside.mjs; the recording is always there.
-    static async open(context, address, { play = ['playFilePickers'], size, waits = true } = {}) {
-        const page = await context.newPage();
-        const bench = new Workbench(page);
+    // A page of its own, in a context of the browser that has kept nothing yet where none is given. play: names of
+    // functions of inside.mjs; the recording is always there. at: what follows the address.
+    static async open({ browser, site }, { play = [], at = '', size, context, address = site.address, waits = true } = {}) {
+        const own = context ?? (await browser.createBrowserContext());
+        const bench = new Workbench(await own.newPage(), own);
+        const { page } = bench;
         if (size) await page.setViewport(size);
-        for (const name of ['recordMessages', ...play]) await page.evaluateOnNewDocument(inside[name]);
+        for (const name of ['recordMessages', 'playFilePickers', ...play]) await page.evaluateOnNewDocument(inside[name]);
         page.on('request', (request) => bench.requests.push(request.url()));
         page.on('pageerror', (fault) => bench.faults.push(String(fault)));
         page.on('console', (line) => line.type() === 'error' && bench.faults.push(line.text()));
-        await page.goto(address);
+        await page.goto(address + at);
         if (waits) await bench.started();
         return bench;
     }
 
-    constructor(page) {
+    constructor(page, context) {
         this.page = page;
+        this.context = context;
         this.requests = [];
         this.faults = [];
     }
 
     async started() {
         await this.until(() => !document.body.classList.contains('starting') || document.querySelector('dialog[open]'));
+        await this.settled();
     }
+    // Ends the page and all others of its context; nothing may have gone wrong in it.
     async close() {
-        await this.page.close();
+        await this.context.close();
         assert.deepEqual(this.faults, []);
     }
 
@@ -73,6 +78,12 @@ export class Workbench {
         return new Promise((then) => setTimeout(then, milliseconds));
     }
 
+    // The program tells nothing new for a while.
+    async settled(quiet = 80) {
+        const now = await this.evaluate(() => performance.now());
+        await this.until((time, from) => performance.now() - Math.max(window.told.at, from) > time, quiet, now);
+    }
+
     // A property of a control as the program has told it, such as ("lblPPLines", "Caption").
     get(name, property) {
         return this.evaluate((n, p) => window.told.named(n)?.p[p], name, property);
@@ -83,9 +94,14 @@ export class Workbench {
         } catch {
             assert.equal(await this.get(name, property), wanted, `${name}.${property}`);
         }
+        await this.settled();
     }
     focus() {
         return this.evaluate(() => window.told.controls.get(window.told.focus)?.name);
+    }
+    // Menus and buttons follow the state of the work twice a second.
+    untilEnabled(name) {
+        return this.until((n) => window.told.named(n)?.p.Enabled, name);
     }
     // The rows of a list that the page has been told, cells without their blanks.
     rows(name = 'lvCncProgram') {
@@ -98,6 +114,7 @@ export class Workbench {
         return this.page.$(`[data-control="${id}"]`);
     }
     async click(name, options) {
+        await this.untilEnabled(name);
         await (await this.element(name)).click(options);
     }
     // Opens the menus that an entry lies in, by the mouse, and chooses it.
@@ -108,11 +125,13 @@ export class Workbench {
             return ids;
         }, name);
         assert.ok(way.length > 0, `there is a menu entry ${name}`);
+        await this.untilEnabled(name);
         for (const id of way) {
             const entry = await this.page.$(`[data-control="${id}"]`);
             await entry.hover();
             await entry.click();
         }
+        await this.settled();
     }
     async clickRow(number, options) {
         const list = await this.element('lvCncProgram');
@@ -159,6 +178,7 @@ export class Workbench {
         const dialog = await this.page.$('dialog[open]');
         await (await dialog.$$('.buttons button'))[place].click();
         await this.until((one) => !one.isConnected, dialog);
+        await this.settled();
         return box;
     }
 
@@ -177,5 +197,6 @@ export class Workbench {
         await this.picks(name);
         await this.press('Ctrl+O');
         await this.until((n) => window.told.named('lblPath')?.p.Caption?.endsWith(n), name);
+        await this.settled();
     }
 }
