@@ -29,6 +29,7 @@ export class Serial {
     #port = null; // of the browser, once it is open
     #settings = '';
     #reader = null;
+    #reading = null;
     #writer = null;
     #closing = false;
     #waiting = []; // what was given before the port was there
@@ -107,7 +108,7 @@ export class Serial {
         this.#settings = settings;
         this.#closing = false;
         this.#writer = this.#port.writable.getWriter();
-        this.#read(this.#port);
+        this.#reading = this.#read(this.#port);
     }
 
     // Faults of the line, such as a wrong stop bit, end a stream and not the port.
@@ -132,7 +133,9 @@ export class Serial {
         this.#closing = true;
         // Ends when all has left.
         await this.#writer?.close().catch(() => {});
+        this.#writer?.releaseLock();
         await this.#reader?.cancel().catch(() => {});
+        await this.#reading;
         await this.#port?.close().catch(() => {});
         this.#writer = this.#reader = null;
     }
