@@ -70,6 +70,7 @@ TEST(WebPage, WindowsComeToTheFrontAndGoBackWithTheKeys) {
     page.Start();
     const auto front = [&] { return PageEvent(page.Page.SentOf("front").back()).Number("id"); };
     page.Open("p.cnc", FileText("MK4", {{"92", "  2000", "", "   500"}, {"M30"}}));
+    page.Advance(1000);
     page.Press(key::F5);
     EXPECT_EQ(front(), page.Page.NumberOf("frmDraw"));
     EXPECT_EQ(page.Page.Shown("frmDraw", "Visible"), "true");
