@@ -2,20 +2,20 @@
 # Builds the browser page and tests it: what it makes of programs against this machine's kvtc, then the page itself in
 # Chromium.
 #
-# Usage: tools/test_web.sh [--yes] [NATIVE_BIN] [-- TEST...]
-#   --yes       missing packages are installed with sudo without a question
-#   NATIVE_BIN  the programs' folder of a build with tests; build/dev/bin where none is named
-#   TEST        files of tests/web that are run instead of all
+# Usage: tools/test_web.sh [--yes] [KVTC] [-- TEST...]
+#   --yes  missing packages are installed with sudo without a question
+#   KVTC   the program of this machine; that of build/release, which is built, where none is named
+#   TEST   files of tests/web that are run instead of all
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
 sure=()
-native=build/dev/bin
+kvtc=
 while [ $# -gt 0 ] && [ "$1" != -- ]; do
     case $1 in
         --yes) sure=(--yes) ;;
-        *) native=$1 ;;
+        *) kvtc=$1 ;;
     esac
     shift
 done
@@ -24,8 +24,13 @@ tests=("$@")
 [ ${#tests[@]} -gt 0 ] || tests=(tests/web/*.test.mjs)
 
 tools/web.sh "${sure[@]}" --build
-cmake --build "$(dirname "$native")" --target kvtc generate_programs
-tests/web/compare.sh "$native" build/web/bin build/web-fast/bin
+cmake --build build/web --target generate_programs
+if [ -z "$kvtc" ]; then
+    kvtc=build/release/bin/kvtc
+    cmake --preset release -DKVT_CCACHE=ON --log-level=WARNING > /dev/null
+    cmake --build build/release --target kvtc
+fi
+tests/web/compare.sh "$kvtc" build/web/bin build/web-fast/bin
 
 # The driver of the browser, as the lock file has it.
 modules=build/web/node

@@ -44,7 +44,7 @@ void WebSession::TakeBrought(const PageEvent& event) {
     std::string path = event.Path("file");
     if (path.empty()) {
         path = linkFolder + name;
-        Platform.Files.Put(path, event.Bytes("content"));
+        Platform.Files.PutAside(path, event.Bytes("content"));
     }
     LoadAs as;
     as.Name = Platform.System.DocumentsFolder() + "/" + name;

@@ -14,7 +14,7 @@ import { Serial } from './serial.js';
 import { Stage } from './stage.js';
 import { keep, openStorage } from './storage.js';
 import { followTips } from './tip.js';
-import { addTools } from './tools.js';
+import { addTools, tellSerial } from './tools.js';
 import { make } from './views/view.js';
 
 const barHeight = 360; // twips of menus and title
@@ -127,6 +127,7 @@ async function start() {
     followTips();
     stage.link.send(await hello(stage, { files, times, problem, share, serial }));
     follow(stage, share);
+    tellSerial(stage);
     if (problem) notice(stage, stage.text(problem), { stays: true });
     window.addEventListener('error', (event) => isFatal(event.error) && stopped(stage));
     window.addEventListener('unhandledrejection', (event) => isFatal(event.reason) && stopped(stage));
