@@ -35,6 +35,10 @@ void WebFiles::Put(std::string_view path, std::optional<std::string> content) {
     files_[Normal(path)] = {std::move(content), std::nullopt};
 }
 
+void WebFiles::PutAside(std::string_view path, std::string_view content) {
+    files_[Normal(path)] = {std::string(content), system_.Now(), true};
+}
+
 void WebFiles::SetWritten(std::string_view path, std::string_view seconds) {
     const auto found = files_.find(Normal(path));
     long long count = 0;
@@ -44,10 +48,6 @@ void WebFiles::SetWritten(std::string_view path, std::string_view seconds) {
     const auto time = static_cast<std::time_t>(count);
     std::tm local = {};
     if (localtime_r(&time, &local)) found->second.Written = local;
-}
-
-void WebFiles::PutAside(std::string_view path, std::string_view content) {
-    files_[Normal(path)] = {std::string(content), system_.Now(), true};
 }
 
 // A folder is there with what is in it.

@@ -104,6 +104,49 @@ TEST(WebPage, WhatComesForAControlThatIsGoneOrNotToBeUsedChangesNothing) {
     EXPECT_EQ(page.Session->Workbench.Store.LineCount(), 0);
 }
 
+TEST(WebPage, AnEditIsThereAgainWhenThePageComesBackASecondLater) {
+    std::string stored;
+    {
+        WebPageFixture page;
+        page.Start();
+        page.Type("G00\r1900\r100\rUp\r");
+        page.Advance(1000);
+        for (const auto& [path, content] : page.Page.Stored)
+            stored += (stored.empty() ? "" : ",") + JsonOf(path) + ":" + JsonOf(content);
+    }
+    WebPageFixture again;
+    again.Page.SayHello("\"stored\":{" + stored + "}");
+    again.Start();
+    EXPECT_EQ(again.Session->Workbench.Store.LineCount(), 1);
+    EXPECT_TRUE(again.Session->Workbench.Store.Unsaved());
+}
+
+TEST(WebPage, AProgramThatAnAddressBringsOverwritesNothingUnasked) {
+    const std::string content = JsonOf(FileText("F1", {{"92", "  2000", "", "   500", "", "<b>x"}, {"M30"}}));
+    WebPageFixture page;
+    page.Page.SayHello(R"("name":"../a<b>.cnc","content":)" + content);
+    page.Start();
+    const ProgramStore& store = page.Session->Workbench.Store;
+    EXPECT_EQ(store.LineCount(), 2);
+    EXPECT_EQ(page.Page.Shown("frmMain", "Caption"), "Kestrel Vise Toolkit - a<b>.cnc");
+    EXPECT_TRUE(page.Page.Stored.count("/files/a<b>.cnc") == 0);
+    page.Advance(1000);
+    page.Do("menu", "mnuSaveAs");
+    EXPECT_EQ(page.Page.SentOf("save").size(), 1U) << page.Page.Shown("mnuSave", "Enabled");
+    EXPECT_TRUE(page.Page.SentOf("saveFile").empty());
+    // Unsaved work is asked about.
+    page.Do("edit", "txtFileNotes", R"("text":"Mine")");
+    page.Page.Answers.emplace("message", R"("value":"Cancel")");
+    page.Page.Say(R"({"on":"brought","name":"b.cnc","content":"%\r\n    N G\r\n   M\r\n"})");
+    page.Serve();
+    EXPECT_EQ(page.Page.SentOf("message").size(), 1U);
+    EXPECT_EQ(page.Control("txtFileNotes"), "Mine");
+    page.Page.Say(R"({"on":"link"})");
+    page.Serve();
+    EXPECT_NE(PageEvent(page.Page.SentOf("link").back()).Bytes("content").find("Mine\r\n%"),
+              std::string::npos);
+}
+
 }  // namespace
 
 }  // namespace kvt::test

@@ -18,6 +18,8 @@ const quiet = [
     '--disable-component-update', '--disable-sync',
 ];
 const patience = 15_000; // milliseconds
+// For trying all tests on a browser that lacks something.
+const always = process.env.KVT_WEB_PLAY?.split(',') ?? [];
 
 export async function launch(...more) {
     const data = fs.mkdtempSync(path.join(os.tmpdir(), 'kvt-web-'));
@@ -42,7 +44,7 @@ export class Workbench {
         const bench = new Workbench(await own.newPage(), own);
         const { page } = bench;
         if (size) await page.setViewport(size);
-        for (const name of ['recordMessages', 'playFilePickers', ...play]) await page.evaluateOnNewDocument(inside[name]);
+        for (const name of ['recordMessages', 'playFilePickers', ...always, ...play]) await page.evaluateOnNewDocument(inside[name]);
         page.on('request', (request) => bench.requests.push(request.url()));
         page.on('pageerror', (fault) => bench.faults.push(String(fault)));
         page.on('console', (line) => line.type() === 'error' && bench.faults.push(line.text()));
