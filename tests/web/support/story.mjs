@@ -14,7 +14,9 @@ const noWay = (why) => {
 const escapes = { r: '\r', n: '\n', t: '\t', 0: '\0', '\\': '\\' };
 function textOf(argument) {
     const text = argument.trimEnd().replace(/^"(.*)"$/s, '$1');
-    return text.replace(/\\([rnt0\\])/g, (_, one) => escapes[one]).replaceAll('${TMP}', '/files');
+    return text.replace(/\\([rnt0\\])/g, (_, one) => escapes[one])
+        .replaceAll('${TMP}', '/files').replaceAll('${SETTINGS}', '/data/EMCO/KVT_100/Settings')
+        .replaceAll('${DATA}', '/data/EMCO/KVT_100');
 }
 // Where the files of the user lie, by the name that the browser knows them by.
 export const nameOf = (argument) => textOf(argument).replace(/^\/files\//, '');
@@ -31,6 +33,10 @@ export class Story {
         this.play = play;
         this.answers = [];
         this.boxes = [];
+        this.colors = [];
+        this.queued = [];
+        this.files = [];
+        this.kept = [];
         this.sent = 0;
     }
 
@@ -40,6 +46,8 @@ export class Story {
         try {
             for (const [at, line] of this.lines.entries()) {
                 const [, word, rest] = /^(\w*)\s?(.*)$/s.exec(line);
+                const surroundings = /^# options: .*(--no-printer|--screen|--ports [2-4])/.exec(line);
+                if (surroundings) return { line: at + 1, why: surroundings[1] };
                 if (!word) continue;
                 this.at = at + 1;
                 try {
@@ -71,7 +79,8 @@ export class Story {
     async answerBoxes() {
         await this.bench.settled();
         for (let box = await this.bench.box(); box; box = await this.bench.box()) {
-            if (box.text === '' && box.buttons.length < 2) noWay('a dialog of the page');
+            if (await this.answerColor()) continue;
+            if (box.text === '') noWay('a dialog of the page');
             this.boxes.push(box);
             const wanted = this.answers.shift();
             const names = { yes: 'Yes', no: 'No', cancel: 'Cancel', ok: 'OK' };
@@ -79,17 +88,48 @@ export class Story {
         }
     }
 
+    async answerColor() {
+        const input = await this.bench.page.$('dialog[open] input[type=color]');
+        if (!input) return false;
+        const wanted = this.colors.shift() ?? 'cancel';
+        if (wanted === 'cancel') {
+            await this.bench.answer(1);
+            return true;
+        }
+        const number = Number(wanted.replace('&H', '0x'));
+        const hex = [0, 8, 16].map((shift) => ((number >> shift) & 255).toString(16).padStart(2, '0')).join('');
+        await input.evaluate((one, value) => {
+            one.value = value;
+            one.dispatchEvent(new Event('input'));
+        }, `#${hex}`);
+        await this.bench.answer(0);
+        return true;
+    }
+
+    // As a file that is opened from the folder of the desktop.
+    async openFirst(name) {
+        if (name.startsWith('samples/')) await this.bench.open(name.slice(8));
+        else if (/[/$]/.test(name)) noWay('a folder of the user');
+        else {
+            await this.bench.picks(name);
+            await this.bench.press('Ctrl+O');
+        }
+        await this.bench.settled(200);
+    }
+
     steps = {
         async start(rest) {
-            if (rest.trim()) noWay('start with a file of the command line');
             await this.bench?.page.close();
             const { context, play } = this;
-            this.bench = await Workbench.open(this.here, { context, play, size: { width: 1500, height: 900 } });
+            // What the program would find in its folders.
+            const kept = this.kept.splice(0);
+            this.bench = await Workbench.open(this.here, { context, play, kept, size: { width: 1500, height: 900 } });
             const origin = new URL(this.here.site.address).origin;
             await context.overridePermissions(origin, ['clipboard-read', 'clipboard-write']);
-            for (const [name, text] of this.files ?? []) await this.bench.put(name, text);
-            await this.bench.picks(...(this.queued ?? []));
-            this.queued = this.files = null;
+            for (const [name, text] of this.files.splice(0)) await this.bench.put(name, text);
+            const file = nameOf(rest);
+            if (file) await this.openFirst(file);
+            await this.bench.picks(...this.queued.splice(0));
         },
         async type(rest) {
             await this.bench.type(textOf(rest));
@@ -97,11 +137,11 @@ export class Story {
         async press(rest) {
             await this.bench.press(rest.trim());
         },
+        // By the Tab key, which selects what stands in a field.
         async focus(rest) {
-            const one = await this.control(rest.trim());
-            if (!['TextBox', 'ListView', 'ListBox'].includes(one.kind)) noWay(`focus of a ${one.kind}, which a click would press`);
-            if (one.kind === 'ListView') noWay('focus of the list without a row');
-            await this.clickControl(rest.trim(), one);
+            const name = rest.trim();
+            for (let i = 0; i < 60 && (await this.bench.focus()) !== name; ++i) await this.bench.press('Tab');
+            if ((await this.bench.focus()) !== name) noWay(`the Tab key does not lead to ${name}`);
         },
         async click(rest) {
             const [name, index] = wordsOf(rest);
@@ -136,15 +176,24 @@ export class Story {
             const name = rest.trim() === 'cancel' ? null : nameOf(rest);
             if (/[/$]/.test(name ?? '')) noWay('a folder of the user');
             if (this.bench) await this.bench.picks(name);
-            else (this.queued ??= []).push(name);
+            else this.queued.push(name);
         },
         async write(rest) {
             const [name] = wordsOf(rest);
-            const plain = nameOf(name);
-            if (/[/$]/.test(plain)) noWay('a file in a folder of the program');
             const text = textOf(rest.trimStart().slice(name.length + 1));
-            if (this.bench) await this.bench.put(plain, text);
-            else (this.files ??= []).push([plain, text]);
+            const path = textOf(name);
+            if (path.startsWith('/data/')) {
+                this.kept.push([`kvt:${path}`, text]);
+            } else if (/[/$]/.test(nameOf(name))) {
+                noWay('a folder of the user');
+            } else if (this.bench) {
+                await this.bench.put(nameOf(name), text);
+            } else {
+                this.files.push([nameOf(name), text]);
+            }
+        },
+        async colour(rest) {
+            this.colors.push(rest.trim());
         },
         async clipboard(rest) {
             await this.bench.evaluate((text) => navigator.clipboard.writeText(text), textOf(rest));
@@ -247,8 +296,8 @@ export class Story {
         } else if (what === 'message') {
             this.box = this.boxes.shift();
             assert.equal(this.box?.text.replaceAll('\n', '\r'), textOf(text).replaceAll('\r\n', '\r'));
-        } else if (what === 'title') {
-            assert.equal(this.box?.title, textOf(text));
+        } else if (what === 'title' || what === 'details') {
+            assert.equal(this.box?.[what]?.replaceAll('\n', '\r'), textOf(text).replaceAll('\r\n', '\r'));
         } else {
             const read = await shownOf(this, what, text, textOf);
             if (!read) return this.leaveOut(what.replace(/^\w+(\(\d+\))?\.(left|top|width|height|tag)$/, '.$2'));

@@ -38,13 +38,14 @@ export const sample = (name) => fs.readFileSync(path.join(root, 'samples', name)
 
 export class Workbench {
     // A page of its own, in a context of the browser that has kept nothing yet where none is given. play: names of
-    // functions of inside.mjs; the recording is always there. at: what follows the address.
-    static async open({ browser, site }, { play = [], at = '', size, context, address = site.address, waits = true } = {}) {
+    // functions of inside.mjs; the recording is always there. kept: what the storage has. at: what follows the address.
+    static async open({ browser, site }, { play = [], kept = [], at = '', size, context, address = site.address, waits = true } = {}) {
         const own = context ?? (await browser.createBrowserContext());
         const bench = new Workbench(await own.newPage(), own);
         const { page } = bench;
         if (size) await page.setViewport(size);
         for (const name of ['recordMessages', 'playFilePickers', ...always, ...play]) await page.evaluateOnNewDocument(inside[name]);
+        await page.evaluateOnNewDocument((list) => list.forEach(([key, text]) => localStorage.setItem(key, text)), kept);
         page.on('request', (request) => bench.requests.push(request.url()));
         page.on('pageerror', (fault) => bench.faults.push(String(fault)));
         page.on('console', (line) => line.type() === 'error' && bench.faults.push(line.text()));
@@ -165,7 +166,7 @@ export class Workbench {
             const box = document.querySelector('dialog[open]');
             if (!box) return null;
             const texts = (which) => [...box.querySelectorAll(which)].map((one) => one.textContent);
-            return { title: texts('.heading')[0], text: texts('.words > div')[0] ?? '', buttons: texts('.buttons button') };
+            return { title: texts('.heading')[0], text: texts('.words > div')[0] ?? '', details: texts('.details')[0] ?? '', buttons: texts('.buttons button') };
         });
     }
     async untilBox() {
