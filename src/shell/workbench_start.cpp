@@ -75,6 +75,12 @@ void Workbench::EndWithoutPrinter() {
     mnuExit_Click();
 }
 
+void Workbench::KeepSettings() {
+    if (ended_) return;
+    settings_.SaveSettings();
+    if (Draw.Controls.frmDraw.Visible) drawSettings_.SaveSettings();
+}
+
 void Workbench::mnuExit_Click() {
     if (ended_) return;
     ended_ = true;

@@ -58,6 +58,7 @@ TEST(WebPage, TheMainWindowFillsThePageAndIsNeverTooSmallForItsControls) {
               "15000 9000 Maximised 0");
     EXPECT_EQ(StartOn(20490, 11520, R"({"on":"resize","id":1,"width":20000,"height":11000})"),
               "20000 11000 Maximised 0");
+    EXPECT_EQ(StartOn(20490, 11520, R"({"on":"state","id":1,"state":"Normal"})"), "20490 11520 Maximised 0");
     // A phone.
     EXPECT_EQ(StartOn(5850, 12600), "11800 12600 Maximised 0");
     EXPECT_EQ(StartOn(12600, 5850), "12600 6000 Maximised 0");
@@ -119,6 +120,26 @@ TEST(WebPage, AnEditIsThereAgainWhenThePageComesBackASecondLater) {
     again.Start();
     EXPECT_EQ(again.Session->Workbench.Store.LineCount(), 1);
     EXPECT_TRUE(again.Session->Workbench.Store.Unsaved());
+}
+
+TEST(WebPage, APageThatGoesHasItsSettingsAndTheFileOfLastTime) {
+    WebPageFixture page;
+    page.Start();
+    page.Open("last.cnc", FileText("F1", {{"92", "  2000", "", "   500", "", "Last"}, {"M30"}}));
+    page.Page.Say(R"({"on":"unload"})");
+    page.Serve();
+    std::string stored = "\"/files/last.cnc\":null";
+    for (const auto& [path, content] : page.Page.Stored) stored += "," + JsonOf(path) + ":" + JsonOf(content);
+    for (const bool granted : {true, false}) {
+        WebPageFixture again;
+        again.Page.SayHello("\"stored\":{" + stored + "}");
+        const std::string content =
+            JsonOf(FileText("F1", {{"92", "  2000", "", "   500", "", "Last"}, {"M30"}}));
+        again.Page.Answers.emplace("read", granted ? "\"content\":" + content : "\"missing\":true");
+        again.Start();
+        EXPECT_EQ(again.Session->Workbench.Store.LineCount(), granted ? 2 : 0);
+        EXPECT_TRUE(again.Page.SentOf("message").empty());
+    }
 }
 
 TEST(WebPage, AProgramThatAnAddressBringsOverwritesNothingUnasked) {

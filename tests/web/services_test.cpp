@@ -89,7 +89,9 @@ TEST(WebFiles, WhatThePageHasKeptIsThereAgainAndReadWhenItIsNeeded) {
     EXPECT_FALSE(files.WrittenAt("/share/c") || files.WrittenAt("/data/other"));
     EXPECT_EQ(files.ReadWhole("/data/a"), "\xE9");
     EXPECT_EQ(files.ReadWhole("/share/c"), "C");
-    EXPECT_TRUE(files.Exists("/files/b.cnc"));
+    // What its user does not agree to now may be had later.
+    page.Page.Answers.emplace("read", R"("missing":true)");
+    EXPECT_FALSE(files.Exists("/files/b.cnc"));
     page.Page.Answers.emplace("read", R"("missing":true)");
     EXPECT_EQ(ErrorOf([&] { files.ReadWhole("/files/b.cnc"); }), fault::FileNotFound);
     page.Page.Answers.emplace("read", R"("content":"B")");
