@@ -1,6 +1,6 @@
 # What `cmake --install` puts where, in two components: console has what runs in the terminal, desktop the window.
 
-set(KVT_HOMEPAGE "https://kvt.example" CACHE STRING "Where the project is at home; its pictures are below it")
+set(KVT_HOMEPAGE "" CACHE STRING "Where the project is at home, with its pictures below it; none if empty")
 set(KVT_MAINTAINER "Kestrel Vise Toolkit authors <packages@kvt.example>" CACHE STRING "Who makes the packages")
 set(KVT_COMPONENT_ID "io.github.kestrel_vise_toolkit.kvt")
 set(KVT_MIME_TYPE "text/x-emco-cnc")
@@ -50,6 +50,12 @@ if(TARGET kvt)
             DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT desktop)
     configure_file(packaging/kvt.desktop.in ${KVT_PACKAGE_FILES}/kvt.desktop @ONLY)
     configure_file(packaging/kvt.mime.xml.in ${KVT_PACKAGE_FILES}/kvt.xml @ONLY)
+    # Links to the home page and the pictures below it, where there is one.
+    set(KVT_METAINFO_LINKS "")
+    if(KVT_HOMEPAGE)
+        file(READ packaging/kvt.metainfo.links.xml.in links)
+        string(CONFIGURE "${links}" KVT_METAINFO_LINKS @ONLY)
+    endif()
     configure_file(packaging/kvt.metainfo.xml.in ${KVT_PACKAGE_FILES}/${KVT_COMPONENT_ID}.metainfo.xml @ONLY)
     install(FILES ${KVT_PACKAGE_FILES}/kvt.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications
             COMPONENT desktop)

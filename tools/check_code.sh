@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs the checks of .clang-tidy over the sources that need no toolkit.
+# Runs the checks of .clang-tidy over the sources; those of the window where Qt is installed.
 # Usage: tools/check_code.sh [FILE...]
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -7,14 +7,23 @@ if ! command -v clang-tidy > /dev/null; then
     echo "check_code: clang-tidy is not installed, so its checks were not made."
     exit 0
 fi
+# What the build defines for single files.
+flags=(-std=c++20 -Isrc -DKVT_VERSION='""' -DKVT_SHARED_FOLDER='""' -DKVT_PREPROCESSOR_FOLDER='""' -DKVT_SOURCE_DIR='""')
+needs_qt='^src/(desktop/|app/(kvt|pictures)\.cpp)'
+left_out=$needs_qt
+if qt=$(pkg-config --cflags Qt6Widgets Qt6PrintSupport Qt6Test 2> /dev/null); then
+    # As headers of the system, which are not looked at.
+    read -ra qt <<< "${qt//-I/-isystem}"
+    flags+=(-DQT_NO_KEYWORDS "${qt[@]}")
+    left_out='^$'
+else
+    echo "check_code: Qt was not found by pkg-config, so the sources of the window were left out."
+fi
 if [ $# -eq 0 ]; then
-    mapfile -t sources < <(git ls-files --cached --others --exclude-standard -- 'src/*.cpp' |
-        grep -vE '^src/(desktop/|app/(kvt|pictures)\.cpp)')
+    mapfile -t sources < <(git ls-files --cached --others --exclude-standard -- 'src/*.cpp' | grep -vE "$left_out")
     set -- "${sources[@]}"
 fi
-# What the build defines for one file.
-defined=(-DKVT_VERSION='""' -DKVT_SHARED_FOLDER='""' -DKVT_PREPROCESSOR_FOLDER='""')
 # Its standard error counts the warnings in headers of others.
 printf '%s\0' "$@" | xargs -0 -P "$(nproc)" -n 4 bash -c \
-    'clang-tidy --quiet "$@" -- -std=c++20 -Isrc '"${defined[*]@Q}"' 2> /dev/null' _
+    'clang-tidy --quiet "$@" -- '"${flags[*]@Q}"' 2> /dev/null' _
 echo "check_code: $# files"

@@ -21,15 +21,17 @@ MAY_INCLUDE["shell"] = {*CORE, "transfer", "draw"}
 MAY_INCLUDE["system"] = {"basic", "platform"}
 MAY_INCLUDE["headless"] = {"basic", "platform", "system"}
 MAY_INCLUDE["desktop"] = {"basic", "platform", "system"}
+MAY_INCLUDE["web"] = {"basic", "platform"}
 MAY_INCLUDE["console"] = {*MAY_INCLUDE["shell"], "shell", "system", "scripts"}
 # The files of console/ that run scripts: no other command plays a user, or plans failures.
 MAY_INCLUDE["scripts"] = {*MAY_INCLUDE["console"], "console", "headless"}
-MAY_INCLUDE["app"] = {*MAY_INCLUDE["scripts"], "desktop"} - {"headless"}
+MAY_INCLUDE["app"] = {*MAY_INCLUDE["scripts"], "desktop", "web"} - {"headless"}
 
 # Headers from outside, by the beginning of their names -> the rooms that may include them.
 FOREIGN = (
     (re.compile(r"Q[A-Za-z]"), {"desktop", "app"}, "the windowing toolkit"),
-    (re.compile(r"(CLI|rapidjson)/"), {"console", "scripts", "app"}, "the option and JSON libraries"),
+    (re.compile(r"CLI/"), {"console", "scripts", "app"}, "the option library"),
+    (re.compile(r"rapidjson/"), {"console", "scripts", "web", "app"}, "the JSON library"),
     (re.compile(r"png\.h"), {"platform"}, "the library of PNG files"),
 )
 

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <limits>
 
+#include "basic/float_text.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 
@@ -36,6 +37,11 @@ double ValOfLongText(std::string_view text) {
             break;
         }
     }
+#ifndef __cpp_lib_to_chars
+    const double nearest = NearestDouble(compact);
+    if (std::isinf(nearest)) throw RunTimeError(fault::Overflow);
+    return nearest;
+#else
     const char* first = compact.data() + (compact[0] == '+' ? 1 : 0);
     double value = 0;
     const auto result =
@@ -50,6 +56,7 @@ double ValOfLongText(std::string_view text) {
             throw RunTimeError(fault::Overflow);
     }
     return value;
+#endif
 }
 
 }  // namespace
@@ -208,7 +215,11 @@ std::string_view Magnitude(float value, char (&buffer)[128]) {
             *end++ = '5';
         }
     } else {
+#ifdef __cpp_lib_to_chars
         end = std::to_chars(buffer, buffer + sizeof buffer, magnitude, std::chars_format::fixed).ptr;
+#else
+        end = WriteShortest(buffer, buffer + sizeof buffer, magnitude);
+#endif
     }
     return {buffer, static_cast<std::size_t>(end - buffer)};
 }

@@ -1,10 +1,8 @@
 #include "desktop/application.h"
 
 #include <QFile>
-#include <exception>
-#include <new>
 
-#include "basic/run_time_error.h"
+#include "basic/caught_failure.h"
 #include "basic/stack_guard.h"
 #include "desktop/colors.h"
 #include "desktop/edged_style.h"
@@ -13,34 +11,9 @@ namespace kvt {
 
 namespace {
 
-constexpr int outOfMemory = 7;
-constexpr int internalError = 51;
 constexpr int iconSizes[] = {16, 22, 24, 32, 48, 64, 128, 256};
 
-// What a failure of any kind is in the log.
-RunTimeError CaughtNow() {
-    try {
-        throw;
-    } catch (const RunTimeError& error) {
-        return error;
-    } catch (const std::bad_alloc&) {
-        return {outOfMemory, "Out of memory"};
-    } catch (const std::exception& error) {
-        return {internalError, error.what()};
-    } catch (...) {
-        return {internalError, "Internal error"};
-    }
-}
-
 }  // namespace
-
-void TellFailure(const char* procedure) noexcept {
-    try {
-        TellError(CaughtNow(), procedure);
-    } catch (...) {
-        // Not even memory for the description: nothing is left to tell.
-    }
-}
 
 QIcon ProgramIcon() {
     QIcon icon;

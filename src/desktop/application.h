@@ -5,9 +5,6 @@
 
 namespace kvt {
 
-// Tells the log of the exception that is being handled, whatever it is, under the name of a procedure.
-void TellFailure(const char* procedure) noexcept;
-
 // The icon of all windows, from 16 to 256 pixels.
 QIcon ProgramIcon();
 

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "desktop/application.h"
+#include "basic/caught_failure.h"
 #include "desktop/desktop_focus.h"
 #include "platform/services.h"
 
@@ -69,7 +69,7 @@ private:
     struct DeferredCall {
         std::function<void()> Call;
         const Form* Asker;
-        std::size_t Depth;  // of the handler that has deferredit
+        std::size_t Depth;  // of the handler that has deferred it
     };
     void SendKeysSoon();
     void RunDeferredSoon();

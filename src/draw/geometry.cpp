@@ -14,9 +14,4 @@ double Atan2(double x, double y) {
     return y > 0 ? Pi - angle : angle + Pi;
 }
 
-double SweepOf(float start, float end) {
-    const double sweep = std::fmod(double{end} - start, 2 * Pi);
-    return sweep <= 1e-6 ? sweep + 2 * Pi : sweep;
-}
-
 }  // namespace kvt

@@ -8,7 +8,4 @@ namespace kvt {
 // The angle of a direction, from 0 up to two pi, counter-clockwise with Y up. Both 0 give pi.
 double Atan2(double x, double y);
 
-// How far an arc goes counter-clockwise from its start to its end, above 0 up to two pi.
-double SweepOf(float start, float end);
-
 }  // namespace kvt

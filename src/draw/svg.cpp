@@ -7,6 +7,7 @@
 #include "basic/number.h"
 #include "draw/geometry.h"
 #include "platform/operations.h"
+#include "platform/svg_strokes.h"
 
 namespace kvt {
 
@@ -15,35 +16,6 @@ namespace {
 using Kind = DrawOperation::Kind;
 
 constexpr double margin = 300;  // twips
-
-std::string Number(double value) { return PlainNumber(static_cast<float>(std::round(value * 10) / 10)); }
-
-std::string Attribute(const char* name, const std::string& value) {
-    return std::string(" ") + name + "=\"" + value + '"';
-}
-
-std::string ColorText(Color color) {
-    char text[8];
-    std::snprintf(text, sizeof text, "#%02x%02x%02x", static_cast<unsigned>(color & 0xFF),
-                  static_cast<unsigned>(color >> 8 & 0xFF), static_cast<unsigned>(color >> 16 & 0xFF));
-    return text;
-}
-
-std::string Escaped(const std::string& utf8) {
-    std::string text;
-    for (const char c : utf8) {
-        switch (c) {
-            case '&': text += "&amp;"; break;
-            case '<': text += "&lt;"; break;
-            case '>': text += "&gt;"; break;
-            case '"': text += "&quot;"; break;
-            default:
-                // Other control characters have no place in a document.
-                if (static_cast<unsigned char>(c) >= 0x20) text += c;
-        }
-    }
-    return text;
-}
 
 bool SpansField(const DrawOperation& line, int width, int height) {
     if (line.What != Kind::Line) return false;
@@ -70,121 +42,22 @@ Extent ArcExtent(const DrawOperation& arc) {
     return extent;
 }
 
-class SvgWriter {
-public:
-    SvgWriter(const FieldArea& area, const SvgHead& head) : area_(area), head_(head) {}
-
-    std::string Write(const std::vector<DrawOperation>& operations, Color background) {
-        Begin(background);
-        for (const DrawOperation& one : operations) {
-            const bool stroke = one.What == Kind::Line || (one.What == Kind::Circle && !one.IsFullCircle());
-            if (!stroke || !SameStroke(one)) EndPath();
-            if (stroke) {
-                AddToPath(one);
-            } else if (one.What == Kind::Box) {
-                AddBox(one);
-            } else {
-                AddCircle(one);
-            }
-        }
-        EndPath();
-        return out_ + "</g>\n</svg>\n";
-    }
-
-private:
-    void Begin(Color background) {
-        const std::string title = Escaped(ToUtf8(head_.Title));
-        const std::string scale = PlainNumber(head_.DrawScale);
-        out_ = "<svg xmlns=\"http://www.w3.org/2000/svg\"" +
-               Attribute("width", Number(area_.Width / TwipsPerPixel)) +
-               Attribute("height", Number(area_.Height / TwipsPerPixel)) +
-               Attribute("viewBox", Number(area_.Left) + " " + Number(area_.Top) + " " + Number(area_.Width) +
-                                        " " + Number(area_.Height)) +
-               Attribute("data-twips-a-unit", scale) + Attribute("data-unit", head_.Unit) + ">\n<title>" +
-               title + "</title>\n<desc>Tool path at scale " + scale + ": " + scale +
-               " twips for each unit of " + head_.Unit + "; 15 twips are one pixel.</desc>\n" +
-               "<defs><pattern id=\"hatch\" width=\"120\" height=\"120\" patternUnits=\"userSpaceOnUse\">" +
-               "<path d=\"M0 0L120 120\" stroke=\"#000000\" stroke-width=\"15\"/></pattern></defs>\n<rect" +
-               Attribute("x", Number(area_.Left)) + Attribute("y", Number(area_.Top)) +
-               Attribute("width", Number(area_.Width)) + Attribute("height", Number(area_.Height)) +
-               Attribute("fill", ColorText(background)) +
-               "/>\n<g fill=\"none\" stroke-linecap=\"round\" stroke-linejoin=\"round\">\n";
-    }
-
-    static std::string StrokeOf(const DrawOperation& one) {
-        // Whatever the pen's colour, an inversion takes the difference to white.
-        const bool inverts = one.Mode == draw_mode::Invert;
-        std::string text = Attribute("stroke", ColorText(inverts ? 0xFFFFFF : one.Ink)) +
-                           Attribute("stroke-width", PlainNumber(one.Width * TwipsPerPixel));
-        if (one.Style != draw_style::Solid && one.Width == 1) text += Attribute("stroke-dasharray", "30 30");
-        if (inverts) text += Attribute("style", "mix-blend-mode:difference");
-        return text;
-    }
-
-    static std::string FillOf(const DrawOperation& one) {
-        if (one.Fill == fill_style::Solid) return Attribute("fill", ColorText(one.FillInk));
-        return one.Fill == fill_style::Transparent ? std::string() : Attribute("fill", "url(#hatch)");
-    }
-
-    bool SameStroke(const DrawOperation& one) const {
-        return path_.empty() || (one.Ink == pen_.Ink && one.Width == pen_.Width && one.Style == pen_.Style &&
-                                 one.Mode == pen_.Mode && one.Mode == draw_mode::Copy);
-    }
-
-    void AddToPath(const DrawOperation& one) {
-        pen_ = one;
-        const auto point = [](double x, double y) { return Number(x) + " " + Number(y); };
-        if (one.What == Kind::Line) {
-            const std::string from = point(one.X1, one.Y1);
-            if (from != end_ || path_.empty()) path_ += "M" + from;
-            end_ = point(one.X2, one.Y2);
-            path_ += "L" + end_;
-            return;
-        }
-        const double sweep = SweepOf(one.Start, one.End);
-        const double r = one.Radius();
-        const auto at = [&](double angle) {
-            return point(one.X1 + r * std::cos(angle), one.Y1 - r * std::sin(angle));
-        };
-        // In two pieces, so that no piece ends where it begins.
-        const std::string piece = "A" + Number(r) + " " + Number(r) + " 0 0 0 ";
-        end_ = at(one.Start + sweep);
-        path_ += "M" + at(one.Start) + piece + at(one.Start + sweep / 2) + piece + end_;
-    }
-
-    void EndPath() {
-        if (!path_.empty()) out_ += "<path" + Attribute("d", path_) + StrokeOf(pen_) + "/>\n";
-        path_.clear();
-        end_.clear();
-    }
-
-    void AddBox(const DrawOperation& box) {
-        out_ += "<rect" + Attribute("x", Number(std::min(box.X1, box.X2))) +
-                Attribute("y", Number(std::min(box.Y1, box.Y2))) +
-                Attribute("width", Number(std::abs(double{box.X2} - box.X1))) +
-                Attribute("height", Number(std::abs(double{box.Y2} - box.Y1))) + FillOf(box) + StrokeOf(box) +
-                "/>\n";
-        // A box without width or height is a line, which a rectangle does not show.
-        if (box.X1 == box.X2 || box.Y1 == box.Y2) {
-            DrawOperation line = box;
-            line.What = Kind::Line;
-            AddToPath(line);
-            EndPath();
-        }
-    }
-
-    void AddCircle(const DrawOperation& circle) {
-        out_ += "<circle" + Attribute("cx", Number(circle.X1)) + Attribute("cy", Number(circle.Y1)) +
-                Attribute("r", Number(std::abs(circle.Radius()))) + FillOf(circle) + StrokeOf(circle) +
-                "/>\n";
-    }
-
-    const FieldArea& area_;
-    const SvgHead& head_;
-    std::string out_;
-    std::string path_, end_;
-    DrawOperation pen_;
-};
+// What stands in front of the strokes.
+std::string BeginOf(const FieldArea& area, const SvgHead& head, Color background) {
+    const std::string title = SvgText(ToUtf8(head.Title));
+    const std::string scale = PlainNumber(head.DrawScale);
+    return "<svg xmlns=\"http://www.w3.org/2000/svg\"" +
+           SvgAttribute("width", SvgNumber(area.Width / TwipsPerPixel)) +
+           SvgAttribute("height", SvgNumber(area.Height / TwipsPerPixel)) +
+           SvgAttribute("viewBox", SvgNumber(area.Left) + " " + SvgNumber(area.Top) + " " +
+                                       SvgNumber(area.Width) + " " + SvgNumber(area.Height)) +
+           SvgAttribute("data-twips-a-unit", scale) + SvgAttribute("data-unit", head.Unit) + ">\n<title>" +
+           title + "</title>\n<desc>Tool path at scale " + scale + ": " + scale + " twips for each unit of " +
+           head.Unit + "; 15 twips are one pixel.</desc>\n" + SvgHatch() + "\n<rect" +
+           SvgAttribute("x", SvgNumber(area.Left)) + SvgAttribute("y", SvgNumber(area.Top)) +
+           SvgAttribute("width", SvgNumber(area.Width)) + SvgAttribute("height", SvgNumber(area.Height)) +
+           SvgAttribute("fill", SvgColor(background)) + "/>\n";
+}
 
 }  // namespace
 
@@ -213,7 +86,8 @@ Color BackgroundOf(std::span<const DrawOperation> operations) {
 
 std::string SvgOf(std::span<const DrawOperation> operations, const SvgHead& head) {
     const FieldArea area = AreaOf(operations, head.FieldWidth, head.FieldHeight);
-    return SvgWriter(area, head).Write(SeenIn(operations, area), BackgroundOf(operations));
+    return BeginOf(area, head, BackgroundOf(operations)) + SvgStrokesOf(SeenIn(operations, area)) +
+           "</svg>\n";
 }
 
 }  // namespace kvt

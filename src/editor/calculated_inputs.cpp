@@ -1,7 +1,6 @@
 #include "editor/calculated_inputs.h"
 
 #include <array>
-#include <bit>
 #include <cmath>
 #include <limits>
 
@@ -19,7 +18,7 @@ constexpr const char* evalTextName = "EvalText";
 constexpr std::size_t maxOperands = 10;
 constexpr std::string_view operators = "+-*/";
 // In front of another operator pi is this 32-bit float; at the end it is the decimal number.
-constexpr std::uint32_t piBits = 0x40490FDB;
+constexpr float piSingle = 0x1.921FB6p+1F;
 constexpr std::string_view piDigits = "3.141592653";
 
 bool IsPi(std::string_view text) { return EqualIgnoringCase(text, "P"); }
@@ -70,8 +69,7 @@ std::string MathString(std::string& text) {
         if (m == length) break;
         // A leading minus gets an operand of 0 in front.
         const std::string operand = text.substr(0, m - 1);
-        Attempt(mathStringName,
-                [&] { operands[n] = IsPi(operand) ? std::bit_cast<float>(piBits) : Single(Val(operand)); });
+        Attempt(mathStringName, [&] { operands[n] = IsPi(operand) ? piSingle : Single(Val(operand)); });
         Attempt(mathStringName, [&] { operations[n] = text[m - 1]; });
         text.erase(0, m);
         ++n;
@@ -86,9 +84,9 @@ std::string MathString(std::string& text) {
     return Format(result, "00");
 }
 
-CalculatedInputs::CalculatedInputs(const ProgramStore& store, const Texts& texts, DialogService& dialogs,
-                                   FocusService& focus)
-    : store_(store), texts_(texts), dialogs_(dialogs), focus_(focus) {}
+CalculatedInputs::CalculatedInputs(FieldLayout& layout, const ProgramStore& store, const Texts& texts,
+                                   DialogService& dialogs, FocusService& focus)
+    : layout_(layout), store_(store), texts_(texts), dialogs_(dialogs), focus_(focus) {}
 
 bool CalculatedInputs::EvalText(TextBox& field, bool keepText) {
     // Told, and no more: the leading digits are checked all the same.
@@ -103,23 +101,22 @@ bool CalculatedInputs::EvalText(TextBox& field, bool keepText) {
     const std::string limits = field.Tag.Get();
     const std::vector<std::string_view> parts = Split(limits, "TO");
     if (parts.size() != 2) return true;
-    std::int32_t low = ToLong(Val(parts[0]));
-    std::int32_t high = ToLong(Val(parts[1]));
-    if (store_.DisableLimitsCheck) {
-        low = NoLimit(low);
-        high = NoLimit(high);
-    }
-    // Only the message of the lower bound has an icon.
-    if (value < low) Refuse(field, text::LowestValue, low, Icon::Information, keepText);
-    if (value > high) Refuse(field, text::HighestValue, high, Icon::None, keepText);
-    return value >= low && value <= high;
+    ValueRange range{ToLong(Val(parts[0])), ToLong(Val(parts[1]))};
+    if (store_.DisableLimitsCheck) range = {NoLimit(range.Low), NoLimit(range.High)};
+    if (value < range.Low) Refuse(field, text::LowestValue, range, keepText);
+    if (value > range.High) Refuse(field, text::HighestValue, range, keepText);
+    return value >= range.Low && value <= range.High;
 }
 
-void CalculatedInputs::Refuse(TextBox& field, MessageText message, std::int32_t bound, Icon icon,
-                              bool keepText) {
+void CalculatedInputs::Refuse(TextBox& field, MessageText message, const ValueRange& range, bool keepText) {
+    const bool tooLow = message == text::LowestValue;
     std::string refusal(texts_.MessageTexts(message));
-    refusal += " " + PlainNumber(bound);
-    dialogs_.ShowMessage(Notice(refusal, texts_.DialogTexts(text::ValueCheck), icon));
+    refusal += " " + PlainNumber(tooLow ? range.Low : range.High);
+    // Only the message of the lower bound has an icon.
+    MessageBox box =
+        Notice(refusal, texts_.DialogTexts(text::ValueCheck), tooLow ? Icon::Information : Icon::None);
+    box.Details = layout_.Described(field, range);
+    dialogs_.ShowMessage(box);
     if (!keepText) field.Text = "";
     if (field.Visible) focus_.SetFocus(field);
 }

@@ -2,10 +2,8 @@
 
 #include <string>
 
-#include "platform/controls.h"
-#include "platform/services.h"
-#include "program/program_store.h"
-#include "program/texts.h"
+#include "editor/field_layout.h"
+#include "editor/value_range.h"
 
 namespace kvt {
 
@@ -17,8 +15,8 @@ std::string MathString(std::string& text);
 // Checks entry fields when they are left.
 class CalculatedInputs {
 public:
-    CalculatedInputs(const ProgramStore& store, const Texts& texts, DialogService& dialogs,
-                     FocusService& focus);
+    CalculatedInputs(FieldLayout& layout, const ProgramStore& store, const Texts& texts,
+                     DialogService& dialogs, FocusService& focus);
 
     // Checks the text of a field against the range in its Tag. A value outside is told, the field is emptied
     // (unless its text stays) and gets the focus back. A text that is no number is told, and no more.
@@ -29,8 +27,9 @@ public:
     void EvaluateField(TextBox& field, bool keepEmpty);
 
 private:
-    void Refuse(TextBox& field, MessageText message, std::int32_t bound, Icon icon, bool keepText);
+    void Refuse(TextBox& field, MessageText message, const ValueRange& range, bool keepText);
 
+    FieldLayout& layout_;
     const ProgramStore& store_;
     const Texts& texts_;
     DialogService& dialogs_;

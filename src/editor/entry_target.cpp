@@ -1,10 +1,9 @@
 #include "editor/entry_target.h"
 
 #include <algorithm>
-#include <utility>
 
-#include "basic/number.h"
 #include "basic/text.h"
+#include "program/line_text.h"
 
 namespace kvt {
 
@@ -13,26 +12,9 @@ namespace {
 constexpr const char* nothing = "\x96";  // a dash
 constexpr std::string_view emptyLine = " 21 ";
 
-std::string LineNumber(int row) { return Format(row - 1, "00"); }
-
-// What stands in a line, as one reads it: "G01 X1000 Z-500 F100 rough".
-std::string LineText(const ListRow& row) {
-    constexpr std::pair<int, char> parameters[] = {
-        {column::X, 'X'}, {column::Y, 'Y'}, {column::Z, 'Z'}, {column::F, 'F'}, {column::H, 'H'}};
-    const std::string_view code = Trim(row[column::Code]);
-    std::string text = code.empty() || UpperChar(code[0]) == 'M' ? "" : "G";
-    text += code;
-    for (const auto& [column, letter] : parameters) {
-        const std::string_view cell = Trim(row[column]);
-        if (cell.empty()) continue;
-        const bool hasLetter = UpperChar(cell[0]) >= 'A' && UpperChar(cell[0]) <= 'Z';
-        text += ' ';
-        if (!hasLetter) text += letter;
-        text += cell;
-    }
-    const std::string_view comment = Trim(row[column::Comment]);
-    if (!comment.empty()) text += " " + std::string(comment);
-    return text;
+// An empty line has nothing to lose.
+bool IsEmpty(const ListRow& line) {
+    return line[column::Code] == emptyLine && Trim(line[column::Comment]).empty();
 }
 
 }  // namespace
@@ -54,8 +36,14 @@ std::string EntryTarget::Lead(int row) const {
         return Filled(language_.EntryTexts(EntryText::WithFieldsOfDeleted), {number});
     if (opened.IsOpen && opened.Place != row)
         return Filled(language_.EntryTexts(EntryText::WithFieldsOf), {number, LineNumber(opened.Place)});
-    const bool adds = row == store_.lvCncProgram.Count();
-    return Filled(language_.EntryTexts(adds ? EntryText::NewLine : EntryText::Line), {number});
+    const ListView& list = store_.lvCncProgram;
+    const bool adds = row == list.Count();
+    // What is typed now takes the place of a line that nobody has opened.
+    const bool replaces = !opened.IsOpen && !adds && row > 0 && !IsEmpty(list.Row(row));
+    return Filled(language_.EntryTexts(adds       ? EntryText::NewLine
+                                       : replaces ? EntryText::ReplacesLine
+                                                  : EntryText::Line),
+                  {number});
 }
 
 // The open line has nothing that could be lost, and neither has an empty one.
@@ -65,8 +53,7 @@ std::string EntryTarget::Before(int row) {
     const bool itself = entry_.Opened.IsOpen && entry_.Opened.Place == row;
     if (itself && CodeUnchanged(entry_)) return ChangedFields();
     const ListRow& line = list.Row(row);
-    const bool empty = line[column::Code] == emptyLine && Trim(line[column::Comment]).empty();
-    if (empty) return {};
+    if (IsEmpty(line)) return {};
     const EntryText word = itself ? EntryText::Before : EntryText::Replaces;
     return std::string(language_.EntryTexts(word)) + " " + LineText(line);
 }

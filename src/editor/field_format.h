@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string_view>
 
 #include "program/program_store.h"
 
@@ -31,7 +30,8 @@ inline constexpr FieldFormat FieldFormats[] = {{column::X, "##00", 4, 5},
                                                {column::F, "#00", 3, 3},
                                                {column::H, "#00", 3, 4}};
 
-// Whether a cell keeps the sign of a field with this label. A letter in its place drops it, and feeds have none.
-inline bool HasSignPlace(std::string_view label) { return label == "X" || label == "Y" || label == "Z"; }
+// Whether a cell keeps the sign of a field that this letter stands for. A letter in its place drops it, and feeds have
+// none.
+constexpr bool HasSignPlace(char letter) { return letter == 'X' || letter == 'Y' || letter == 'Z'; }
 
 }  // namespace kvt

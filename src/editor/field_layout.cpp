@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <limits>
 
+#include "basic/number.h"
 #include "basic/text.h"
 #include "editor/field_format.h"
 #include "editor/value_range.h"
@@ -130,7 +131,7 @@ const LayoutRow* RowOf(std::string_view code, unsigned machine) {
 // A range without what its column can't hold: numbers with more digits, and a sign that a letter takes the place of.
 ValueRange ColumnRange(const ValueRange& range, const ShownField& shown, bool mill) {
     const std::int32_t largest = FieldFormats[shown.Field].Largest(mill);
-    const std::int32_t least = HasSignPlace(shown.Label) ? -largest : 0;
+    const std::int32_t least = HasSignPlace(shown.Label[0]) ? -largest : 0;
     return {std::max(least, range.Low), std::min(largest, range.High)};
 }
 
@@ -173,6 +174,7 @@ void FieldLayout::InputFields(std::string& code) {
             const EntryRow::Field& field = fields[shown.Field];
             field.Caption.Visible = true;
             field.Box.Visible = true;
+            NoteLetter(shown.Field, shown.Label[0]);
         }
         entry_.cmdFeedA.Enabled = row->FeedButtons;
         entry_.cmdFeedB.Enabled = row->FeedButtons;
@@ -197,6 +199,53 @@ void FieldLayout::NameFields() {
         field.Caption.Caption = label.size() > 1 ? texts_.DialogTexts(text::TargetLine) : label;
         SetRange(field.Box, ColumnRange(ranges.In(store_.Metric), shown, store_.IsF1()), texts_);
     }
+}
+
+char FieldLayout::LetterOf(std::size_t field) {
+    if (const LayoutRow* const row = RowOf(laidOutCode_, MachineBit())) {
+        for (const ShownField& shown : row->Fields) {
+            if (static_cast<std::size_t>(shown.Field) == field) return shown.Label[0];
+        }
+    }
+    // One that no code has laid out keeps the letter of the code before.
+    const std::string& caption = entry_.Fields()[field].Caption.Caption.Get();
+    return caption.empty() ? ' ' : caption[0];
+}
+
+void FieldLayout::NoteLetter(std::size_t field, char letter) {
+    Held& held = held_[field];
+    const std::string& text = entry_.Fields()[field].Box.Text.Get();
+    if (text != held.Text) held.From = 0;
+    // A line without a feed fills its field too: one that was never shown has the letter of its label.
+    if (held.Letter == 0) held.Letter = LetterOf(field);
+    const char from = held.From ? held.From : held.Letter;
+    held = {letter, from == letter ? '\0' : from, text};
+}
+
+char FieldLayout::CarriedFrom(std::size_t field) {
+    const Held& held = held_[field];
+    const bool says = held.Text == entry_.Fields()[field].Box.Text.Get() && Val(held.Text) != 0;
+    return says && !FieldUnchanged(entry_, field) ? held.From : '\0';
+}
+
+// A dwell is a time; the outputs and the play of the axes are numbers of the control. Feeds go by minutes.
+const char* FieldLayout::UnitOf(std::size_t field) {
+    if (Contains({"G04 "}, laidOutCode_)) return "1/100 s";
+    const bool isLength = std::string_view("XYZIJKDR").find(LetterOf(field)) != std::string_view::npos;
+    if (!isLength || Contains({"G23 ", "M98 "}, laidOutCode_)) return "";
+    return store_.Metric ? "1/100 mm" : "1/1000 \"";
+}
+
+std::string FieldLayout::Described(const TextBox& box, const ValueRange& range) {
+    const auto fields = entry_.Fields();
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (&fields[i].Box != &box) continue;
+        const std::string unit = UnitOf(i);
+        return Filled(
+            texts_.EntryTexts(unit.empty() ? EntryText::Range : EntryText::RangeIn),
+            {fields[i].Caption.Caption.Get(), PlainNumber(range.Low), PlainNumber(range.High), unit});
+    }
+    return {};
 }
 
 void FieldLayout::RefreshTexts() {
@@ -266,8 +315,14 @@ void FieldLayout::ClearEntryFields() {
     HideInputFields();
     entry_.Opened.Close();
     for (const EntryRow::Field& field : entry_.Fields()) field.Box.Text = "";
+    held_ = {};
     entry_.txtGMcode.Text = "";
     entry_.txtComment.Text = "";
+}
+
+void FieldLayout::EmptyEntryRow() {
+    ClearEntryFields();
+    UpdateFrameCaption();
 }
 
 }  // namespace kvt

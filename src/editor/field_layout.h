@@ -1,9 +1,11 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
 #include "editor/entry_row.h"
+#include "editor/value_range.h"
 #include "platform/services.h"
 #include "program/code_tables.h"
 #include "program/program_store.h"
@@ -24,6 +26,13 @@ public:
     void HideInputFields();
     // Whether the fields are laid out for the code that stands in the row.
     bool IsLaidOutForCode() const;
+    // What a field's label stands for, whatever the language calls it: X, I, F and so on, L for the number of a line.
+    char LetterOf(std::size_t field);
+    // A field with a range, and the unit where that is a length or a time: "X (1/100 mm): -5999 to 5999".
+    std::string Described(const TextBox& field, const ValueRange& range);
+    // The letter that a field's text was entered for, where the code in force has another one: a feed in the field that
+    // has become that of the tool. 0 where the text is its own, and where it says nothing.
+    char CarriedFrom(std::size_t field);
     // Gives labels, tool tips and the frame their texts anew: the language has changed.
     void RefreshTexts();
     // The feed buttons are enabled where the code that stands in the row is marked for them.
@@ -40,11 +49,18 @@ public:
     void CodeDescription();
     // No fields, and every text of the row empty.
     void ClearEntryFields();
+    // The same, with a frame that names no code.
+    void EmptyEntryRow();
+    // Gives the code field the focus.
+    void FocusCode() { focus_.SetFocus(entry_.txtGMcode); }
 
 private:
     unsigned MachineBit() const;
     // Gives the fields that are laid out their labels and ranges.
     void NameFields();
+    // What a field's text was entered for, before the code in force takes the field.
+    void NoteLetter(std::size_t field, char letter);
+    const char* UnitOf(std::size_t field);
     // The four-character form of the code that stands in the row.
     std::string CodeInRow() const;
     // The entry of the machine's list for the code that stands in the row; null where there is none.
@@ -57,6 +73,13 @@ private:
     FocusService& focus_;
     // The four-character form of the code that the fields are laid out for.
     std::string laidOutCode_;
+    // Of each field the letter that it has or had last; and that of its text where this was another one.
+    struct Held {
+        char Letter = 0;
+        char From = 0;
+        std::string Text;
+    };
+    std::array<Held, 5> held_;
 };
 
 }  // namespace kvt

@@ -7,7 +7,9 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "editor/feed_presets.h"
+#include "platform/clicks.h"
 #include "platform/keys.h"
+#include "platform/text_editing.h"
 #include "program/code_key.h"
 
 namespace kvt {
@@ -41,7 +43,7 @@ KeyboardEntry::KeyboardEntry(Parts parts) : parts_(parts) {
     chain_ = {&entry.txtGMcode, &entry.txtXI, &entry.txtYJ,     &entry.txtZK,
               &entry.txtFKTL,   &entry.txtH,  &entry.txtComment};
     for (std::size_t place = 0; place < chain_.size(); ++place) {
-        chain_[place]->OnKeyDown = [this, place](int key, int) { Chain_KeyDown(place, key); };
+        chain_[place]->OnKeyDown = [this, place](int key, int held) { Chain_KeyDown(place, key, held); };
     }
     entry.txtGMcode.OnKeyPress = [this](int& character) { txtGMcode_KeyPress(character); };
     entry.txtGMcode.OnGotFocus = [this, &entry] {
@@ -64,7 +66,9 @@ KeyboardEntry::KeyboardEntry(Parts parts) : parts_(parts) {
     for (TextBox* preset : {&entry.txtFeedA, &entry.txtFeedB}) {
         preset->OnGotFocus = [preset] { preset->SelectAll(); };
     }
-    parts_.Store.lvCncProgram.OnKeyDown = [this](int key, int) { lvCncProgram_KeyDown(key); };
+    ListView& list = parts_.Store.lvCncProgram;
+    list.OnKeyDown = [this](int key, int) { lvCncProgram_KeyDown(key); };
+    list.OnKeyPress = [this](int& character) { lvCncProgram_KeyPress(character); };
 }
 
 void KeyboardEntry::SetMode(const char* mode) {
@@ -155,12 +159,25 @@ void KeyboardEntry::Parameter_GotFocus(std::size_t field) {
     if (box.Text.Empty()) box.Text = "00";
     if (keeps) entry.Opened.Shown[field] = box.Text.Get();
     box.SelectAll();
+    TellCarried(field);
+}
+
+// The fields keep their texts from line to line, so that Enter takes them again; what a text meant may have changed.
+void KeyboardEntry::TellCarried(std::size_t field) {
+    const char from = parts_.Layout.CarriedFrom(field);
+    if (from == 0) return;
+    const EntryRow::Field& one = parts_.Entry.Fields()[field];
+    toldOfField_ = true;
+    Run(parts_.Calls.Tell,
+        Filled(parts_.Language.EntryTexts(EntryText::CarriedOver),
+               {one.Caption.Caption.Get(), std::string(1, from), std::string(Trim(one.Box.Text))}));
 }
 
 // The value of an opened line stays while nobody changes it, also one that the entry would refuse.
 void KeyboardEntry::Parameter_LostFocus(std::size_t field) {
     EntryRow& entry = parts_.Entry;
     TextBox& box = entry.Fields()[field].Box;
+    if (std::exchange(toldOfField_, false)) Run(parts_.Calls.Tell, "");
     // A field that the next code does not have went away with its text.
     if (!box.Visible) return;
     if (!FieldUnchanged(entry, field)) {
@@ -187,8 +204,8 @@ void KeyboardEntry::txtComment_KeyPress(int& character) {
     if (!passes) character = 0;
 }
 
-// Moves between the fields with the arrow keys; Insert, and up and down to the list.
-void KeyboardEntry::Chain_KeyDown(std::size_t place, int pressed) {
+// Moves between the fields with the arrow keys; Insert, up and down to the list, and to its end.
+void KeyboardEntry::Chain_KeyDown(std::size_t place, int pressed, int held) {
     FocusService& focus = parts_.Platform.Focus;
     TextBox& field = *chain_[place];
     const TextSelection selection = field.Selection;
@@ -198,6 +215,9 @@ void KeyboardEntry::Chain_KeyDown(std::size_t place, int pressed) {
     };
     switch (pressed) {
         case key::Insert: return parts_.Lines.LineInsert();
+        case key::End:
+            if (held == key::CtrlHeld) OpenLastRow();
+            return;
         case key::Up:
         case key::Down: return focus.SetFocus(parts_.Store.lvCncProgram);
         case key::Left:
@@ -227,6 +247,27 @@ void KeyboardEntry::lvCncProgram_KeyDown(int pressed) {
         case key::F2: return parts_.Platform.System.PressKey(key::Enter);
         default: return;
     }
+}
+
+// Codes are typed with the keys of the list too: the field takes them.
+void KeyboardEntry::lvCncProgram_KeyPress(int& character) {
+    constexpr std::string_view first = "0123456789-GgMm";
+    const bool begins = character > 0 && character < 128 &&
+                        first.find(static_cast<char>(character)) != std::string_view::npos;
+    TextBox& code = parts_.Entry.txtGMcode;
+    if (!begins || parts_.Store.EditorRunMode || !FocusByHand(code, parts_.Platform.Focus)) return;
+    int typed = std::exchange(character, 0);
+    txtGMcode_KeyPress(typed);
+    if (typed != 0) EditText(code, {TextAction::Insert, false, typed}, nullptr);
+}
+
+void KeyboardEntry::OpenLastRow() {
+    ListView& list = parts_.Store.lvCncProgram;
+    // The field that is left has its value checked, and may keep the focus.
+    if (list.Count() == 0 || !FocusByHand(list, parts_.Platform.Focus)) return;
+    list.Select(list.Count());
+    list.EnsureVisible(list.Count());
+    parts_.Codes.lvCncProgram_Click();
 }
 
 bool KeyboardEntry::InChain(const Control* control) const {
@@ -321,6 +362,7 @@ void KeyboardEntry::txtFKTL_GotFocus() {
         if (Contains(feedBCodes, code)) entry.txtFKTL.Text = PresetText(entry.txtFeedB);
     }
     entry.txtFKTL.SelectAll();
+    TellCarried(feedField);
 }
 
 }  // namespace kvt

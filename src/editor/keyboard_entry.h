@@ -35,8 +35,12 @@ private:
     void Parameter_GotFocus(std::size_t field);
     void Parameter_LostFocus(std::size_t field);
     void txtComment_KeyPress(int& character);
-    void Chain_KeyDown(std::size_t place, int key);
+    void Chain_KeyDown(std::size_t place, int key, int held);
     void lvCncProgram_KeyDown(int key);
+    void lvCncProgram_KeyPress(int& character);
+    // Opens the line that waits at the end of the list.
+    void OpenLastRow();
+    void TellCarried(std::size_t field);
     void txtZK_GotFocus();
     void txtFKTL_GotFocus();
 
@@ -52,6 +56,8 @@ private:
     bool modeKeyUsed_ = false;
     // A terminator key has ended the code field.
     bool codeFieldEnded_ = false;
+    // The quiet line tells of the field that has the focus.
+    bool toldOfField_ = false;
 };
 
 }  // namespace kvt

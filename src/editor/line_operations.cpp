@@ -8,6 +8,7 @@
 #include "basic/text.h"
 #include "editor/field_format.h"
 #include "program/edit_step.h"
+#include "program/line_text.h"
 #include "program/result_cells.h"
 #include "program/word.h"
 
@@ -22,10 +23,9 @@ constexpr const char* lineDeleteName = "LineDelete";
 // Places of the fourth and fifth field in the chain.
 constexpr std::size_t feedField = 3, hField = 4;
 
-std::string Prefix(std::string_view label, double value) {
-    if (HasSignPlace(label)) return std::round(value) < 0 ? "-" : " ";
-    if (label == "F") return " ";
-    return std::string(Left(label, 1));
+char Prefix(char letter, double value) {
+    if (HasSignPlace(letter)) return std::round(value) < 0 ? '-' : ' ';
+    return letter == 'F' ? ' ' : letter;
 }
 
 }  // namespace
@@ -61,16 +61,21 @@ void LineOperations::MovePointers(int bound, int step) {
     }
 }
 
+// The settings lie over the list: nothing happens to a line that cannot be seen.
+void LineOperations::ShowList() { Run(calls_.HideSettings); }
+
 void LineOperations::LineDelete() {
     ListView& list = store_.lvCncProgram;
     if (store_.LineCount() < 1) return;
     // The open line.
     if (SelectedRow()[column::Number].View().find_first_of("Nn") != std::string_view::npos) return;
+    ShowList();
     int selected = list.SelectedRow();
     if (entry_.chkSettingsDWC.Value == 0) {
-        const Answer answer = platform_.Dialogs.ShowMessage(
-            Question(texts_.ErrorTexts(text::DeleteLine), texts_.ErrorTexts(text::DeleteTitle)));
-        if (answer == Answer::No) return;
+        MessageBox box = Question(texts_.ErrorTexts(text::DeleteLine), texts_.ErrorTexts(text::DeleteTitle));
+        box.Details = Filled(texts_.EntryTexts(EntryText::Line), {LineNumber(selected)}) + ": " +
+                      LineText(SelectedRow());
+        if (platform_.Dialogs.ShowMessage(box) == Answer::No) return;
     }
     const EditStep step(calls_, {StepKind::LineDeleted, selected - 1});
     interpreter_.EndStepRun();
@@ -96,6 +101,7 @@ void LineOperations::LineDelete() {
 
 void LineOperations::LineInsert() {
     ListView& list = store_.lvCncProgram;
+    ShowList();
     if (store_.LineCount() >= store_.MaxLines() && !store_.DisableLimitsCheck) {
         platform_.Dialogs.ShowMessage(Notice(texts_.ErrorTexts(text::MaximumLines)));
         return;
@@ -208,10 +214,10 @@ void LineOperations::KeepOpenedCell(int column) {
 bool LineOperations::AllValuesFit() {
     const auto fields = entry_.Fields();
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        const auto& [label, box] = fields[i];
+        TextBox& box = fields[i].Box;
         if (!box.Visible || FieldUnchanged(entry_, i)) continue;
         const double value = std::round(Val(box.Text));
-        const bool signDrops = value < 0 && !HasSignPlace(label.Caption);
+        const bool signDrops = value < 0 && !HasSignPlace(layout_.LetterOf(i));
         if (!signDrops && std::abs(value) <= FieldFormats[i].Largest(store_.IsF1())) continue;
         if (!calculated_.EvalText(box)) return false;
     }
@@ -234,7 +240,7 @@ void LineOperations::FormatInputs() {
             std::string cell(digits + 1, ' ');
             if (field.Box.Visible) {
                 const double value = Val(field.Box.Text);
-                cell = Prefix(field.Caption.Caption, value) +
+                cell = Prefix(layout_.LetterOf(i), value) +
                        RightPad(Format(std::abs(value), format.Pattern), digits);
             }
             SelectedRow()[format.Column] = cell;

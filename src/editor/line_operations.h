@@ -35,6 +35,7 @@ public:
 
 private:
     ListRow& SelectedRow();
+    void ShowList();
     // Gives a column of the selected row the cell of the line that was opened.
     void KeepOpenedCell(int column);
     // Refuses the first value that its cell can't hold. False where there is one; the line is not written then.

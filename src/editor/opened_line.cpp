@@ -1,5 +1,7 @@
 #include "editor/opened_line.h"
 
+#include <algorithm>
+
 #include "basic/text.h"
 #include "editor/entry_row.h"
 #include "program/program_store.h"
@@ -8,12 +10,24 @@ namespace kvt {
 
 namespace {
 
+// The columns of the five fields in their order, then that of the comment.
+constexpr int shownColumns[] = {column::X, column::Y, column::Z, column::F, column::H, column::Comment};
+
 std::string Without(std::string_view cell, std::string_view letters) {
     std::string text;
     for (const char c : cell) {
         if (letters.find(UpperChar(c)) == std::string_view::npos) text += c;
     }
     return std::string(Trim(text));
+}
+
+// What a field shows of a row. On the mill H stands in the column of F.
+std::string FieldText(const EntryRow& entry, std::size_t field, const ListRow& row, bool mill) {
+    constexpr std::string_view letters[] = {"DIR", "JS", "K", "KTL", ""};
+    const bool isH = shownColumns[field] == column::H;
+    const bool inColumnOfF = isH && mill && entry.txtH.Visible;
+    const std::size_t shown = inColumnOfF ? field - 1 : field;
+    return Without(row[shownColumns[shown]], letters[shown]);
 }
 
 }  // namespace
@@ -25,13 +39,29 @@ std::string CodeCell(const EntryRow& entry) {
 }
 
 void FillFields(EntryRow& entry, const ListRow& row, bool mill) {
-    entry.txtXI.Text = Without(row[column::X], "DIR");
-    entry.txtYJ.Text = Without(row[column::Y], "JS");
-    entry.txtZK.Text = Without(row[column::Z], "K");
-    entry.txtFKTL.Text = Without(row[column::F], "KTL");
-    entry.txtH.Text =
-        mill && entry.txtH.Visible ? Without(row[column::F], "KTL") : Without(row[column::H], "");
+    const auto fields = entry.Fields();
+    for (std::size_t i = 0; i < fields.size(); ++i) fields[i].Box.Text = FieldText(entry, i, row, mill);
     entry.txtComment.Text = row[column::Comment];
+}
+
+void FollowOpenedRow(EntryRow& entry, const ListView& list, bool mill) {
+    OpenedLine& line = entry.Opened;
+    if (!line.IsOpen || line.Place < 1 || line.Place > list.Count()) return;
+    const ListRow& row = list.Row(line.Place);
+    const auto changed = [&](int column) { return !(row[column] == line.Row[column].View()); };
+    if (std::none_of(std::begin(shownColumns), std::end(shownColumns), changed)) return;
+    const auto fields = entry.Fields();
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const std::string text = FieldText(entry, i, row, mill);
+        if (text == FieldText(entry, i, line.Row, mill) || !FieldUnchanged(entry, i)) continue;
+        fields[i].Box.Text = text;
+        line.Shown[i] = text;
+    }
+    if (changed(column::Comment) && CommentUnchanged(entry)) {
+        entry.txtComment.Text = row[column::Comment];
+        line.Comment = entry.txtComment.Text.Get();
+    }
+    line.Row = row;
 }
 
 void RememberOpenedLine(EntryRow& entry, const ListRow& row, int place) {

@@ -35,6 +35,9 @@ std::string CodeCell(const EntryRow& entry);
 void FillFields(EntryRow& entry, const ListRow& row, bool mill);
 // From here on the entry row counts as the line of that row.
 void RememberOpenedLine(EntryRow& entry, const ListRow& row, int place);
+// Where the row of the opened line holds others by now, through a replaced feed or a pointer that has moved, fields and
+// comment that nobody has changed show them.
+void FollowOpenedRow(EntryRow& entry, const ListView& list, bool mill);
 // Whether the code in the entry row is still that of the line that was opened.
 bool CodeUnchanged(const EntryRow& entry);
 // The same for one of the five fields (by its place in EntryRow::Fields) and for the comment.

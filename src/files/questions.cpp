@@ -7,8 +7,9 @@
 namespace kvt {
 
 bool AskToSave(DialogService& dialogs, const Texts& texts) {
-    return dialogs.ShowMessage(Question(texts.MessageTexts(text::SaveNow),
-                                        texts.MessageTexts(text::ContinueTitle))) == Answer::Yes;
+    MessageBox box = Question(texts.MessageTexts(text::SaveNow), texts.MessageTexts(text::ContinueTitle));
+    box.Details = texts.FoundTexts(FoundText::CancelledSave);
+    return dialogs.ShowMessage(box) == Answer::Yes;
 }
 
 bool AskToClear(DialogService& dialogs, const Texts& texts) {

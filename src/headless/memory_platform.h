@@ -115,7 +115,7 @@ public:
     MemoryDialogs Dialogs;
     MemoryClipboard Clipboard;
     OffscreenScreen Screen;
-    OffscreenFocus Focus;
+    WindowFocus Focus;
     MemorySystem System{Focus, &Clipboard};
     MemoryPort Port{System.Clock};
     MemoryPrinter Printer;
@@ -127,7 +127,7 @@ public:
 
     // For a new run of the program: its windows have gone, with the focus; what lies outside it stays.
     void BeginRun() {
-        Focus = OffscreenFocus();
+        Focus = WindowFocus();
         System.BeginRun();
         Port.Reset();
         Port.OnComm = nullptr;

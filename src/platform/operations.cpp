@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <numbers>
 #include <unordered_set>
 
 namespace kvt {
@@ -44,6 +45,12 @@ Extent ExtentOf(const DrawOperation& one) {
     const auto [left, right] = std::minmax(one.X1, one.X2);
     const auto [top, bottom] = std::minmax(one.Y1, one.Y2);
     return {left - half, top - half, right + half, bottom + half};
+}
+
+double SweepOf(float start, float end) {
+    constexpr double circle = 2 * std::numbers::pi;
+    const double sweep = std::fmod(double{end} - start, circle);
+    return sweep <= 1e-6 ? sweep + circle : sweep;
 }
 
 std::optional<LinePart> PartInside(double x1, double y1, double x2, double y2, const Extent& inside) {

@@ -16,6 +16,9 @@ struct Extent {
 // The rectangle around a line, a box or a whole circle, with the width of the pen.
 Extent ExtentOf(const DrawOperation& operation);
 
+// How far an arc goes counter-clockwise from its start to its end, above 0 up to two pi.
+double SweepOf(float start, float end);
+
 // A part of a line, in shares of its length from its start.
 struct LinePart {
     double From = 0, To = 1;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/clicks.h"
+
 namespace kvt {
 
 namespace {
@@ -22,6 +24,15 @@ const Control& ScopeOf(const Form& form) {
     return form;
 }
 
+// Whether another option beside one is chosen, and can have the keys.
+bool AnotherIsChosen(const OptionButton& option) {
+    if (option.Value) return false;
+    const std::vector<OptionButton*> options = OptionsBeside(option);
+    return std::any_of(options.begin(), options.end(), [](const OptionButton* one) {
+        return one->Value && one->TabIndex >= 0 && one->EffectivelyVisible() && one->EffectivelyEnabled();
+    });
+}
+
 }  // namespace
 
 bool AcceptsKeys(ControlKind kind) {
@@ -39,6 +50,8 @@ bool AcceptsKeys(ControlKind kind) {
 }
 
 bool AcceptsTab(const Control& control) {
+    const auto* const option = dynamic_cast<const OptionButton*>(&control);
+    if (option && AnotherIsChosen(*option)) return false;
     // A scroll bar that the mouse moves leaves the keys where they are; Tab alone goes there.
     const bool scrolls = control.Kind() == ControlKind::ScrollBar || control.Kind() == ControlKind::UpDown;
     const bool words =

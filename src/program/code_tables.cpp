@@ -145,6 +145,13 @@ CodeLists::CodeLists(Form& form)
     Fill(lstF1Mcodes, f1Mcodes);
 }
 
+const ListBox* CodeLists::Find(const Control* control) const {
+    for (const ListBox* list : {&lstMK2Gcodes, &lstMK4Gcodes, &lstMK4Mcodes, &lstF1Gcodes, &lstF1Mcodes}) {
+        if (list == control) return list;
+    }
+    return nullptr;
+}
+
 void CodeLists::Unselect() {
     for (ListBox* list : {&lstMK2Gcodes, &lstMK4Gcodes, &lstMK4Mcodes, &lstF1Gcodes, &lstF1Mcodes})
         list->ListIndex = -1;

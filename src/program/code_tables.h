@@ -26,6 +26,8 @@ struct CodeLists {
 
     ListBox lstMK2Gcodes, lstMK4Gcodes, lstMK4Mcodes, lstF1Gcodes, lstF1Mcodes;
 
+    // The one that a control is; null for another control.
+    const ListBox* Find(const Control* control) const;
     // No entry of any is selected then.
     void Unselect();
 };

@@ -159,11 +159,18 @@ constexpr TextsOf<EntryText>::Default entryDefaults[] = {
     {EntryText::WithFieldsOfDeleted, "Line %1 from a deleted line"},
     {EntryText::Before, "Before:"},
     {EntryText::Replaces, "Replaces:"},
+    {EntryText::ReplacesLine, "Replaces line %1"},
+    {EntryText::CarriedOver, "%1 still holds the %2 of an earlier line: %3"},
+    {EntryText::Range, "%1: %2 to %3"},
+    {EntryText::RangeIn, "%1 (%4): %2 to %3"},
+    {EntryText::CodeHelp, "Shift+F1 explains %1"},
 };
 
 constexpr TextsOf<FoundText>::Default foundDefaults[] = {
     {FoundText::Program, "%1 (lines: %2), kept on %3 at %4"},
     {FoundText::WithoutFile, "A program without a file"},
+    {FoundText::CancelledSave,
+     "A save that you cancel loses nothing: the next start offers the program again."},
 };
 
 constexpr TextsOf<NoticeText>::Default noticeDefaults[] = {
@@ -229,8 +236,8 @@ Texts::Texts()
       DrawErrorTexts(22, drawErrorDefaults),
       DialogTexts(30, dialogDefaults),
       StepTexts(18, stepDefaults),
-      EntryTexts(6, entryDefaults),
-      FoundTexts(2, foundDefaults),
+      EntryTexts(11, entryDefaults),
+      FoundTexts(3, foundDefaults),
       NoticeTexts(31, noticeDefaults),
       ExplanationTexts(ExplanationPartCount * FindingCount, ExplanationDefaults()),
       DrawViewTexts(8, drawViewDefaults) {}

@@ -186,7 +186,7 @@ enum class StepText {
     Clipboard = 18,
 };
 
-// Which line the entry row is, and what becomes of it.
+// Which line the entry row is, what becomes of it, and what its fields hold.
 enum class EntryText {
     Line = 1,
     NewLine = 2,
@@ -194,12 +194,18 @@ enum class EntryText {
     WithFieldsOfDeleted = 4,
     Before = 5,
     Replaces = 6,
+    ReplacesLine = 7,
+    CarriedOver = 8,
+    Range = 9,
+    RangeIn = 10,
+    CodeHelp = 11,
 };
 
-// What the question about an unsaved program that was found tells of it.
+// What the questions about an unsaved program tell of it.
 enum class FoundText {
     Program = 1,
     WithoutFile = 2,
+    CancelledSave = 3,
 };
 
 // What the quiet line tells, and the words around explanations and printed pages.

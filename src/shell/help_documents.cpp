@@ -50,6 +50,7 @@ RichText* HelpDocuments::Shown() const {
 
 bool HelpDocuments::Show(RichText& document) {
     MainControls& main = parts_.Main;
+    if (!Shown()) cameFrom_ = parts_.Platform.Focus.Focused();
     Run(parts_.Calls.ControlsEnable, ControlsMode::Frozen);
     main.mnuHelp.Enabled = false;
     main.tabSettings.Visible = false;
@@ -62,12 +63,18 @@ bool HelpDocuments::Show(RichText& document) {
     main.lstAbout.Visible = false;
     if (document.Visible) {
         Run(parts_.Calls.cmdReturn_Click);
-        FocusService& focus = parts_.Platform.Focus;
-        if (parts_.Entry.txtGMcode.EffectivelyVisible()) focus.SetFocus(parts_.Entry.txtGMcode);
+        if (!FocusBack()) parts_.Platform.Focus.SetFocus(parts_.Entry.txtGMcode);
         return false;
     }
     document.Visible = true;
     parts_.Platform.Focus.SetFocus(document);
+    return true;
+}
+
+bool HelpDocuments::FocusBack() {
+    const Control* const to = cameFrom_;
+    if (!to || !to->EffectivelyVisible() || !to->EffectivelyEnabled()) return false;
+    parts_.Platform.Focus.SetFocus(*cameFrom_);
     return true;
 }
 
@@ -172,20 +179,43 @@ void HelpDocuments::ShowSearch() {
     parts_.Platform.Focus.SetFocus(txtSearch);
 }
 
-// With a code in its field, that code's section; on a line with a finding, what explains that.
-void HelpDocuments::ShowHelpFor(int held) {
+std::string HelpDocuments::CodeAtFocus() const {
     const EntryRow& entry = parts_.Entry;
-    const std::string code(Trim(entry.txtGMcode.Text));
     const Control* const focused = parts_.Platform.Focus.Focused();
-    if (focused != &entry.txtGMcode || code.size() < 2) {
-        if (held == key::ShiftHeld) return mnuGhelp_Click();
-        const bool inLine =
-            focused == &parts_.Store.lvCncProgram || (focused && focused->Container == &entry.frEntry);
-        return ShowFinding(inLine ? FindingOfLine() : 0);
+    if (focused == &entry.txtGMcode) {
+        const std::string code(Trim(entry.txtGMcode.Text));
+        return code.size() < 2 ? std::string() : entry.lblGMcode.Caption.Get() + code;
     }
+    const ListBox* const list = parts_.Lists.Find(focused);
+    return list && list->ListIndex >= 0 ? std::string(Trim(Left(list->Entry(list->ListIndex), 4)))
+                                        : std::string();
+}
+
+std::string HelpDocuments::CodeOfFields() const {
+    const EntryRow& entry = parts_.Entry;
+    const Control* const focused = parts_.Platform.Focus.Focused();
+    const bool inFields = focused && focused->Container == &entry.frEntry;
+    const std::string code(Trim(entry.txtGMcode.Text));
+    return inFields && code.size() >= 2 ? entry.lblGMcode.Caption.Get() + code : std::string();
+}
+
+void HelpDocuments::ShowCode(const std::string& code) {
     mnuGhelp_Click();
     RichText* const shown = Shown();
-    if (shown) shown->ShowSection(AnchorOf(parts_.Store.Machine, entry.lblGMcode.Caption.Get() + code));
+    if (shown && !code.empty()) shown->ShowSection(AnchorOf(parts_.Store.Machine, code));
+}
+
+// At a code, that code's section; on a line with a finding, what explains that.
+void HelpDocuments::ShowHelpFor(int held) {
+    const std::string ofFields = CodeOfFields();
+    if (const std::string code = CodeAtFocus(); !code.empty()) return ShowCode(code);
+    if (held == key::ShiftHeld) return ShowCode(ofFields);
+    const Control* const focused = parts_.Platform.Focus.Focused();
+    const bool inLine =
+        focused == &parts_.Store.lvCncProgram || (focused && focused->Container == &parts_.Entry.frEntry);
+    ShowFinding(inLine ? FindingOfLine() : 0);
+    if (Shown() && !ofFields.empty())
+        Run(parts_.Calls.Tell, Filled(parts_.Language.EntryTexts(EntryText::CodeHelp), {ofFields}));
 }
 
 int HelpDocuments::FindingOfLine() const {

@@ -5,6 +5,7 @@
 
 #include "editor/entry_row.h"
 #include "platform/services.h"
+#include "program/code_tables.h"
 #include "program/program_store.h"
 #include "program/texts.h"
 #include "program/workbench_calls.h"
@@ -18,6 +19,7 @@ class HelpDocuments {
 public:
     struct Parts {
         const ProgramStore& Store;
+        const CodeLists& Lists;
         const TransferControls& Transfer;
         EntryRow& Entry;
         MainControls& Main;
@@ -46,6 +48,8 @@ public:
     bool HandleKey(int pressed, int held);
     // The document that is shown; null where none is.
     RichText* Shown() const;
+    // Gives the focus back to where it was before the first document came up. False where that cannot have it.
+    bool FocusBack();
     // Leaves the search; the document stays.
     void HideSearch();
 
@@ -66,6 +70,12 @@ private:
     void Search();
     void ShowSearch();
     void ShowHelpFor(int held);
+    // The code that the keys are at, with its letter: in its field, or chosen in a list of codes. Empty elsewhere.
+    std::string CodeAtFocus() const;
+    // The code of the entry row, where the keys are in one of its fields.
+    std::string CodeOfFields() const;
+    // Shows the help for the codes, or leaves it; at one of them, or at the beginning where that is empty.
+    void ShowCode(const std::string& code);
     // The number of the selected line's finding, 0 for none; and the help at its explanation, or at the beginning.
     int FindingOfLine() const;
     void ShowFinding(int number);
@@ -73,6 +83,7 @@ private:
     Parts parts_;
     std::string folder_ = "en/";            // of the language, below that of the help documents
     std::string helpPage_ = "editor.html";  // of rtfHelp, in that folder
+    Control* cameFrom_ = nullptr;
 };
 
 }  // namespace kvt

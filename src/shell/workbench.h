@@ -17,7 +17,9 @@
 #include "interpreter/view_options.h"
 #include "program/machine_controls.h"
 #include "shell/beside.h"
+#include "shell/built_in_values.h"
 #include "shell/draw_settings.h"
+#include "shell/edit_lock.h"
 #include "shell/error_log.h"
 #include "shell/finding_guide.h"
 #include "shell/grey_reasons.h"
@@ -34,9 +36,11 @@
 #include "shell/program_clearing.h"
 #include "shell/recent_files.h"
 #include "shell/recovery.h"
+#include "shell/restored_program.h"
 #include "shell/sample_menu.h"
 #include "shell/settings.h"
 #include "shell/settings_keys.h"
+#include "shell/settings_reset.h"
 #include "shell/undoing.h"
 #include "shell/user_data.h"
 #include "shell/window_modes.h"
@@ -133,6 +137,8 @@ private:
     EntryTarget target_;
     MenuStates states_;
     Overlays overlays_;
+    EditLock lock_;
+    RestoredProgram restored_;
     Undoing undoing_;
     ProgramClearing clearing_;
 
@@ -141,7 +147,9 @@ public:
 
 private:
     Beside beside_;
+    BuiltInValues builtIn_;
     EditorSettings settings_;
+    SettingsReset reset_;
     DrawSettings drawSettings_;
     Recovery recovery_;
     RecentFiles recent_;
@@ -175,12 +183,13 @@ private:
     // Has a handler of a hand on the program do nothing while the program is held.
     template <class... Arguments>
     void UnlessHeld(std::function<void(Arguments...)>& handler);
-    bool IsHeld() const;
 
     void Form_Activate();
     void tmr1sec_Timer();
     // Behind every handler: what shows the state that handlers change.
     void Handled();
+    // The texts of the windows are those of another language.
+    void ShowTexts();
     // The title: the file's name, and a mark while the program has changed.
     void RefreshTitle();
     void OpenFile(std::string name);
@@ -199,7 +208,6 @@ private:
     void ShowEditor();
     // Opens a row of the list from another window, as a click on it does; nothing where that could not be clicked.
     void OpenRow(int row);
-    void FocusCode();
 
     void FindFolders();
     // Reads the fonts of the printer. A machine without one ends the program; false then.

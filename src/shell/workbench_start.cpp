@@ -52,7 +52,7 @@ void Workbench::Form_Load(std::string_view commandLine) {
     tmr1sec_Timer();
     Handled();
     RefreshTitle();
-    FocusCode();
+    Layout.FocusCode();
     lastFile_.TellMissing();
     // Told now, while the user can still do something about it.
     const bool writable = files.CanWrite(folders.DataFolder) && files.CanWrite(folders.SettingsFolder);

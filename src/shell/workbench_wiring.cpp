@@ -97,7 +97,9 @@ void Workbench::WireButtons() {
         Lines.LineDelete();
     };
     Entry.cmdReturn.OnClick = [this] {
+        const bool reads = Help.Shown() != nullptr;
         Run(Calls.cmdReturn_Click);
+        if (reads && Help.FocusBack()) return;
         // The button has gone; the next key is a code.
         if (Platform.Focus.Focused() == &Entry.cmdReturn) Platform.Focus.SetFocus(Entry.txtGMcode);
     };
@@ -126,8 +128,8 @@ void Workbench::WireOptions() {
 }
 
 void Workbench::WireReset() {
-    Main.cmdResetAll.OnClick = [this] { settings_.mnuReset_Click(); };
-    Main.mnuReset.OnClick = [this] { settings_.mnuReset_Click(); };
+    Main.cmdResetAll.OnClick = [this] { reset_.mnuReset_Click(); };
+    Main.mnuReset.OnClick = [this] { reset_.mnuReset_Click(); };
 }
 
 void Workbench::WireKeys() {
@@ -139,8 +141,9 @@ void Workbench::WireKeys() {
             return;
         if (Transfer.frRXcode.Visible) Received.cmdReceiveExit_Click();
         Main.tabSettings.Visible = false;
+        const bool reads = Help.Shown() != nullptr;
         if (Entry.cmdReturn.Visible) Run(Calls.cmdReturn_Click);
-        Platform.Focus.SetFocus(Store.lvCncProgram);
+        if (!reads || !Help.FocusBack()) Platform.Focus.SetFocus(Store.lvCncProgram);
     };
 }
 
@@ -160,7 +163,7 @@ void Workbench::WireDrawing() {
     };
     Draw.ShowEditor = [this] { ShowEditor(); };
     Draw.Strokes.OpenRow = [this](int row) { OpenRow(row); };
-    Draw.RestoreFocus = [this] { FocusCode(); };
+    Draw.RestoreFocus = [this] { Layout.FocusCode(); };
 }
 
 void Workbench::WireTransfer() {
@@ -175,13 +178,14 @@ void Workbench::WireTransfer() {
         button->OnClick = [this, leave = std::move(button->OnClick)] {
             leave();
             const Control* const focused = Platform.Focus.Focused();
-            if (!Transfer.frRXcode.Visible && focused && !focused->EffectivelyVisible()) FocusCode();
+            if (!Transfer.frRXcode.Visible && focused && !focused->EffectivelyVisible()) Layout.FocusCode();
         };
     }
     ListView& list = Store.lvCncProgram;
     UnlessHeld(list.OnClick);
     UnlessHeld(list.OnRightClick);
     UnlessHeld(list.OnKeyDown);
+    UnlessHeld(list.OnKeyPress);
     UnlessHeld(frmMain.OnDropFile);
 }
 
@@ -196,14 +200,10 @@ void Workbench::WireNotices() {
     greys_.Wire();
 }
 
-// The program stays as it is while it is being sent, to the last character of one that is stopped, and while the
-// receive view lies over it.
-bool Workbench::IsHeld() const { return Port.IsSending || Transfer.frRXcode.Visible; }
-
 template <class... Arguments>
 void Workbench::UnlessHeld(std::function<void(Arguments...)>& handler) {
     handler = [this, before = std::move(handler)](Arguments... arguments) {
-        if (before && !IsHeld()) before(arguments...);
+        if (before && !lock_.ByTransfer()) before(arguments...);
     };
 }
 
@@ -229,7 +229,19 @@ void Workbench::tmr1sec_Timer() {
 void Workbench::Handled() {
     if (ended_) return;
     undoing_.Refresh();
+    FollowOpenedRow(Entry, Store.lvCncProgram, Store.IsF1());
     target_.Refresh(Draw.Editor.UsersRow());
+}
+
+void Workbench::ShowTexts() {
+    Display.ShowMachineName();
+    Layout.RefreshTexts();
+    Options.RenewComments();
+    Form_Activate();
+    Draw.Bar.ShowCaptions();
+    if (Draw.Controls.frmDraw.Visible) Draw.PositionControls();
+    Handled();
+    Interpreter.Interpreter();
 }
 
 void Workbench::RefreshTitle() {
@@ -319,22 +331,18 @@ void Workbench::mnuDraw_Click() {
     Draw.DrawForUser();
 }
 
-void Workbench::FocusCode() {
-    if (Entry.txtGMcode.EffectivelyVisible()) Platform.Focus.SetFocus(Entry.txtGMcode);
-}
-
 void Workbench::ShowEditor() {
     Draw.Editor.RestoreSelection();
     Draw.Editor.RestoreScroll();
     frmMain.Visible = true;
     // First, so that the field that had the keys last is not passed through on the way.
-    FocusCode();
+    Layout.FocusCode();
     frmMain.BringToFront();
 }
 
 void Workbench::OpenRow(int row) {
     ListView& list = Store.lvCncProgram;
-    if (!Modes.ControlsOn() || IsHeld() || Store.EditorRunMode || !list.EffectivelyVisible()) return;
+    if (lock_.ForLines() || !list.EffectivelyVisible()) return;
     frmMain.BringToFront();
     if (!FocusByHand(list, Platform.Focus) || row > list.Count()) return;
     list.Select(row);

@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "platform/twips.h"
+#include "platform/window_focus.h"
 #include "system/disk_files.h"
-#include "system/offscreen_focus.h"
 #include "system/offscreen_system.h"
 
 namespace kvt {
@@ -71,7 +71,7 @@ public:
     void EndDocument() override;
 };
 
-class NoPrograms : public ProgramService {
+class OffscreenPrograms : public ProgramService {
 public:
     int Start(std::string_view commandLine, std::string_view file) override;
     bool HasEnded(int) override { return true; }
@@ -88,11 +88,11 @@ public:
     OffscreenDialogs Dialogs;
     NoClipboard Clipboard;
     OffscreenScreen Screen;
-    OffscreenFocus Focus;
+    WindowFocus Focus;
     OffscreenSystem System;
     NoPort Port;
     NoPrinter Printer;
-    NoPrograms Programs;
+    OffscreenPrograms Programs;
     kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port, Printer, Programs};
 };
 

@@ -2,7 +2,7 @@
 
 namespace kvt {
 
-OffscreenWindow::OffscreenWindow(Form& form, ScreenService& screen, OffscreenFocus& focus)
+OffscreenWindow::OffscreenWindow(Form& form, ScreenService& screen, WindowFocus& focus)
     : form_(form), screen_(screen), focus_(focus) {
     form_.View = this;
 }

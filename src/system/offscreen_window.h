@@ -2,7 +2,7 @@
 
 #include "platform/controls.h"
 #include "platform/services.h"
-#include "system/offscreen_focus.h"
+#include "platform/window_focus.h"
 
 namespace kvt {
 
@@ -11,7 +11,7 @@ namespace kvt {
 // stays above the others anyway.
 class OffscreenWindow : public ControlView {
 public:
-    OffscreenWindow(Form& form, ScreenService& screen, OffscreenFocus& focus);
+    OffscreenWindow(Form& form, ScreenService& screen, WindowFocus& focus);
     ~OffscreenWindow() override;
     OffscreenWindow(const OffscreenWindow&) = delete;
     OffscreenWindow& operator=(const OffscreenWindow&) = delete;
@@ -28,7 +28,7 @@ private:
 
     Form& form_;
     ScreenService& screen_;
-    OffscreenFocus& focus_;
+    WindowFocus& focus_;
     bool placing_ = false;
 };
 

@@ -15,6 +15,7 @@
 #include <QToolTip>
 #include <set>
 
+#include "desktop/application.h"
 #include "test_window.h"
 
 namespace kvt::test {

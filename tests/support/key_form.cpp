@@ -251,7 +251,9 @@ const std::vector<KeyCase>& KeyCases() {
         {">chkBox Space Enter Space Space +", "chkBox 1 box1 box0 box1 "},
         {">lblWord Enter a Space Down Tab", "lstPick -1 word word "},
         {">optOne Down Down Right Left Up", "optTwo + two+ three+ one+ three+ two+ "},
-        {">optTwo Enter Space Tab", "optThree - two+ "},
+        // Tab comes to the chosen option alone.
+        {">optTwo Enter Space Tab", "lstCodes -1 two+ "},
+        {">optTwo Space Tab Shift+Tab Shift+Tab Tab", "optTwo + two+ "},
         // Lists.
         {">lstCodes Down Down Enter Space Home Up", "lstCodes 0 code0 code1 code1 code1 code0 "},
         {">lstCodes End Home Up Down", "lstCodes 1 code25 code0 code1 "},

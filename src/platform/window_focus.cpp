@@ -1,4 +1,4 @@
-#include "system/offscreen_focus.h"
+#include "platform/window_focus.h"
 
 #include <utility>
 
@@ -7,14 +7,15 @@
 
 namespace kvt {
 
-void OffscreenFocus::SetFocus(Control& control) {
+void WindowFocus::SetFocus(Control& control) {
     FocusKeeper::SetFocus(control);
     if (Focused()) BringToFront(Focused()->OwningForm());
 }
 
-void OffscreenFocus::BringToFront(Form& form) {
+void WindowFocus::BringToFront(Form& form) {
     if (front_ == &form || !form.Visible) return;
     Form* const before = std::exchange(front_, &form);
+    ShowFront(form);
     if (!std::exchange(begun_, true)) return;
     const auto giveFocus = [this, &form](Control* control) {
         const bool hasThem = Focused() && &Focused()->OwningForm() == &form;
@@ -30,10 +31,10 @@ void OffscreenFocus::BringToFront(Form& form) {
     if (front_ == &form) giveFocus(FirstInTabOrder(form));
 }
 
-void OffscreenFocus::WindowHidden(const Form& form) {
+void WindowFocus::WindowHidden(const Form& form) {
     if (front_ == &form) front_ = nullptr;
 }
 
-void OffscreenFocus::ShowFocus(Control& control) { last_[&control.OwningForm()] = &control; }
+void WindowFocus::ShowFocus(Control& control) { last_[&control.OwningForm()] = &control; }
 
 }  // namespace kvt

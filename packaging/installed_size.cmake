@@ -1,0 +1,26 @@
+# Run by CPack behind the making of packages: tells in each how much it takes when it is installed, as dpkg counts that. CPack
+# counts a link as large as the program that it points at.
+foreach(package IN LISTS CPACK_PACKAGE_FILES)
+    if(NOT package MATCHES "\\.deb$")
+        continue()
+    endif()
+    set(unpacked ${package}.unpacked)
+    file(REMOVE_RECURSE ${unpacked})
+    execute_process(COMMAND dpkg-deb --raw-extract ${package} ${unpacked} COMMAND_ERROR_IS_FATAL ANY)
+    # In KiB, of which each file fills whole ones; what is no plain file counts as one.
+    set(size 0)
+    file(GLOB_RECURSE entries LIST_DIRECTORIES true ${unpacked}/usr/*)
+    foreach(entry IN LISTS entries)
+        set(bytes 1)
+        if(NOT IS_SYMLINK ${entry} AND NOT IS_DIRECTORY ${entry})
+            file(SIZE ${entry} bytes)
+        endif()
+        math(EXPR size "${size} + (${bytes} + 1023) / 1024")
+    endforeach()
+    file(READ ${unpacked}/DEBIAN/control control)
+    string(REGEX REPLACE "Installed-Size: [0-9]+" "Installed-Size: ${size}" control "${control}")
+    file(WRITE ${unpacked}/DEBIAN/control "${control}")
+    execute_process(COMMAND dpkg-deb -Zxz --root-owner-group --build ${unpacked} ${package}
+                    OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+    file(REMOVE_RECURSE ${unpacked})
+endforeach()

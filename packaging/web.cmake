@@ -1,0 +1,42 @@
+# What the build for the browser and for node needs besides; the presets web and web-fast use it.
+
+option(KVT_STACK_SWITCHING "The browser switches stacks itself: no Asyncify" OFF)
+
+# kvt_headers_alone(VARIABLE FOLDER...) sets a variable to a folder that has these header folders of this machine alone:
+# what lies beside them is of another platform.
+function(kvt_headers_alone variable)
+    set(headers ${CMAKE_BINARY_DIR}/headers)
+    file(MAKE_DIRECTORY ${headers})
+    foreach(folder IN LISTS ARGN)
+        get_filename_component(name ${folder} NAME)
+        file(CREATE_LINK ${folder} ${headers}/${name} SYMBOLIC)
+    endforeach()
+    set(${variable} ${headers} PARENT_SCOPE)
+endfunction()
+
+# kvt_for_node(TARGET) makes a program of the console run under node, on the files of this machine.
+function(kvt_for_node target)
+    target_link_options(${target} PRIVATE -sENVIRONMENT=node -sNODERAWFS=1 -sWASM_ASYNC_COMPILATION=0 -sALLOW_MEMORY_GROWTH=1
+                        -sTOTAL_STACK=4MB -sEXIT_RUNTIME=1)
+endfunction()
+
+# Debian's emscripten needs modules of Debian's node, which a node from elsewhere does not look for.
+set_property(GLOBAL PROPERTY RULE_LAUNCH_LINK "${CMAKE_COMMAND} -E env NODE_PATH=/usr/share/nodejs")
+
+# kvt_for_page(TARGET) makes a program run in a browser page, as web/js/program.js loads it.
+function(kvt_for_page target)
+    target_link_options(${target} PRIVATE -sENVIRONMENT=web -sFILESYSTEM=0 -sALLOW_MEMORY_GROWTH=1 -sTOTAL_STACK=1MB
+                        -sMODULARIZE=1 -sEXPORT_ES6=1 -sUSE_ES6_IMPORT_META=0 -sEXPORT_NAME=createProgram
+                        -sINVOKE_RUN=0 -sDYNAMIC_EXECUTION=0 -sEXPORTED_FUNCTIONS=_main,_malloc)
+    if(KVT_STACK_SWITCHING)
+        set(name kvt_web_fast)
+    else()
+        target_link_options(${target} PRIVATE -sASYNCIFY=1 -sASYNCIFY_IMPORTS=[kvt_next] -sASYNCIFY_STACK_SIZE=65536)
+        set(name kvt_web)
+        # Asyncify makes it larger. What waits for users needs no inlining; the check pass and the drawing do.
+        foreach(room web shell transfer editor files platform)
+            target_compile_options(kvt_${room} PRIVATE "SHELL:-mllvm -inline-threshold=20")
+        endforeach()
+    endif()
+    set_target_properties(${target} PROPERTIES OUTPUT_NAME ${name})
+endfunction()

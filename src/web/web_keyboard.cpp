@@ -1,0 +1,125 @@
+#include "web/web_keyboard.h"
+
+#include <algorithm>
+
+#include "basic/code_page.h"
+#include "platform/keys.h"
+#include "platform/list_view.h"
+#include "web/web_view.h"
+
+namespace kvt {
+
+namespace {
+
+// Numbers by which keyboards tell their signs apart, by the place of the key; here a sign has the number of its own.
+constexpr int firstSignByPlace = 186;
+
+// The characters of a text; those that the code page lacks are left out.
+std::string CharactersOf(std::string_view utf8) {
+    std::string characters = FromUtf8(utf8);
+    if (utf8.find('?') == std::string_view::npos) std::erase(characters, '?');
+    std::erase_if(characters, [](char one) { return static_cast<unsigned char>(one) < key::Space; });
+    return characters;
+}
+
+std::vector<KeyPress> WithText(KeyStroke stroke, const std::string& characters) {
+    std::vector<KeyPress> presses;
+    for (const char one : characters)
+        presses.push_back({presses.empty() ? stroke : KeyStroke{}, static_cast<unsigned char>(one)});
+    return presses;
+}
+
+}  // namespace
+
+std::vector<KeyPress> PressesOf(const PageEvent& event) {
+    KeyStroke stroke{event.Number("key"), event.Number("held")};
+    const std::string text = CharactersOf(event.Raw("char"));
+    if (text.size() == 1 && stroke.Key >= firstSignByPlace) stroke.Key = KeyOfCharacter(text[0]);
+    const bool ctrl = (stroke.Held & key::CtrlHeld) != 0;
+    std::vector<KeyPress> presses;
+    // Alt with Ctrl is how some keyboards write their third character.
+    if ((stroke.Held & key::AltHeld) != 0) {
+        if (ctrl && !text.empty()) {
+            presses = WithText({}, text);
+        } else if (stroke.Key != 0) {
+            presses = {KeyPress{stroke}};
+        }
+    } else {
+        const KeyPress press = PressOf(stroke);
+        if (press.Character == 0 && !text.empty() && !ctrl) {
+            presses = WithText(stroke, text);
+        } else if (stroke.Key != 0) {
+            presses = {press};
+        }
+    }
+    for (KeyPress& press : presses) {
+        press.Repeats = event.Flag("repeat");
+        press.Time = static_cast<long long>(event.Real("time"));
+    }
+    return presses;
+}
+
+WebKeyboard::WebKeyboard(WebPage& page, WebFocus& focus, WebSystem& system, WebClipboard& clipboard)
+    : page_(page),
+      focus_(focus),
+      system_(system),
+      clipboard_(clipboard),
+      keyboard_(focus, &clipboard, *this) {}
+
+bool WebKeyboard::Press(Form& form, const KeyPress& press) {
+    const bool used = keyboard_.Press(form, press);
+    system_.SendKeys();
+    // A key that moves in a list runs no handler.
+    system_.TellHandled();
+    return used;
+}
+
+void WebKeyboard::TakeKey(Form& form, const PageEvent& event) {
+    bool used = false;
+    const std::vector<KeyPress> presses = PressesOf(event);
+    for (const KeyPress& press : presses) used |= Press(form, press);
+    page_.Send(Message("used").Add("seq", event.Number("seq")).Add("used", used));
+}
+
+void WebKeyboard::TakeText(Form& form, const PageEvent& event) {
+    Type(form, CharactersOf(event.Raw("text")));
+}
+
+// To the control that has the focus by then; each may move it on.
+void WebKeyboard::Type(Form& form, std::string_view text) {
+    for (const char one : text) {
+        const Control* const focused = focus_.Focused();
+        Press(focused ? focused->OwningForm() : form, KeyPress{{}, static_cast<unsigned char>(one)});
+    }
+}
+
+void WebKeyboard::TakePaste(Form& form, const PageEvent& event) {
+    clipboard_.Hold(event.Code("text"));
+    Press(form, PressOf(KeyStroke{'V', key::CtrlHeld}));
+    clipboard_.LetGo();
+}
+
+void WebKeyboard::PressByCode(int key) {
+    const Control* const focused = focus_.Focused();
+    if (focused) Press(focused->OwningForm(), PressOf(KeyStroke{key, 0}));
+}
+
+void WebKeyboard::Run(const Control& control, const char* event, const std::function<void()>& act) {
+    system_.Run(control, event, act);
+}
+
+void WebKeyboard::OpenList(ComboBox& box) {
+    if (const WebView* const view = WebView::Of(box))
+        page_.Send(Message("openList").Add("id", view->Number()));
+}
+
+// A page of a box of several lines is what its height shows.
+bool WebKeyboard::EditInWidget(TextBox& box, const TextEdit& edit) {
+    if (edit.Action != TextAction::PageUp && edit.Action != TextAction::PageDown) return false;
+    const TextAction action = edit.Action == TextAction::PageUp ? TextAction::Up : TextAction::Down;
+    const int lines = std::max(1, box.Height / ListBox::EntryHeight - 1);
+    for (int i = 0; i < lines; ++i) EditText(box, {action, edit.Extends}, nullptr);
+    return true;
+}
+
+}  // namespace kvt

@@ -1,0 +1,133 @@
+#include "web/web_port.h"
+
+#include <utility>
+
+#include "basic/code_page.h"
+#include "basic/run_time_error.h"
+
+namespace kvt {
+
+namespace {
+
+// Milliseconds: what a message takes to the driver, with some time to spare.
+constexpr double leadTime = 20;
+
+}  // namespace
+
+WebPort::WebPort(WebPage& page, WebSystem& system) : page_(page), system_(system) { system_.Watch(*this); }
+
+WebPort::~WebPort() { system_.Forget(*this); }
+
+void WebPort::Open() {
+    const auto ports = static_cast<int>(names_.size());
+    if (open_ || CommPort() > ports) throw RunTimeError(fault::PortAlreadyOpen);
+    // One that is still to be let go goes on as it is.
+    if (deviceNumber_ != CommPort() || deviceSettings_ != Settings()) {
+        Let();
+        Message message("portOpen");
+        message.Add("number", CommPort()).Text("settings", Settings());
+        if (!system_.Ask(message, WebSystem::Meanwhile::Nothing).Flag("ok"))
+            throw RunTimeError(fault::PortAlreadyOpen);
+        deviceNumber_ = CommPort();
+        deviceSettings_ = Settings();
+        pace_.Reset();
+    }
+    open_ = true;
+    changes_ = false;
+    received_.clear();
+}
+
+// The device is let go when what was given has left.
+void WebPort::Close() {
+    if (!std::exchange(open_, false)) return;
+    changes_ = false;
+    if (pace_.Left(system_.Milliseconds()) <= 0) Let();
+}
+
+void WebPort::Let() {
+    if (std::exchange(deviceNumber_, 0) == 0) return;
+    deviceSettings_.clear();
+    sending_ = false;
+    system_.Ask(Message("portClose"), WebSystem::Meanwhile::Nothing);
+}
+
+void WebPort::Output(std::string_view text) {
+    if (!open_) throw RunTimeError(fault::PortNotOpen);
+    pace_.Add(system_.Milliseconds(), text.size(), Line());
+    sending_ = true;
+    page_.Send(Message("portWrite").Bytes("data", text));
+}
+
+double WebPort::MillisecondsLeft() const { return open_ ? pace_.Left(system_.Milliseconds()) : 0; }
+
+double WebPort::LeadTime() const { return leadTime; }
+
+std::string WebPort::Input() {
+    if (!open_) throw RunTimeError(fault::PortNotOpen);
+    return std::exchange(received_, {});
+}
+
+std::string WebPort::DeviceName(int number) const {
+    const auto index = static_cast<std::size_t>(number) - 1;
+    return index < names_.size() ? names_[index] : std::string();
+}
+
+// A browser takes other settings only by closing the port and opening it again, so never with something under way.
+void WebPort::SettingsChanged() { changes_ = Settings() != deviceSettings_; }
+
+bool WebPort::Change() {
+    changes_ = false;
+    Message message("portSettings");
+    message.Add("number", deviceNumber_).Text("settings", Settings());
+    deviceSettings_ = Settings();
+    const PageEvent answer = system_.Ask(message, WebSystem::Meanwhile::Nothing);
+    if (answer.Flag("ok")) return true;
+    if (answer.Flag("refused")) {
+        Tell(CommEvent::Refused);
+    } else {
+        deviceNumber_ = 0;
+        open_ = false;
+        Tell(CommEvent::Vanished);
+    }
+    return true;
+}
+
+double WebPort::Due() const {
+    const bool waits = sending_ || changes_ || (deviceNumber_ != 0 && !open_);
+    if (!waits) return Never;
+    const double now = system_.Milliseconds();
+    return now + pace_.Left(now);
+}
+
+bool WebPort::Serve(double now) {
+    if (now < Due() || pace_.Left(now) > 0) return false;
+    const bool sent = std::exchange(sending_, false);
+    if (deviceNumber_ != 0 && !open_) return Let(), true;
+    if (changes_) Change();
+    if (sent && open_) system_.Run("Comm", [this] { Tell(CommEvent::Send); });
+    return true;
+}
+
+void WebPort::TakeNames(const PageEvent& event) {
+    names_.clear();
+    event.EachText("names", [this](std::string_view name) {
+        if (names_.size() < PortCount) names_.push_back(NameFromSystem(name));
+    });
+}
+
+void WebPort::Take(const PageEvent& event) {
+    if (event.Has("data") && open_) {
+        received_ += event.Bytes("data");
+        system_.Run("Comm", [this] { Tell(CommEvent::Receive); });
+    } else if (event.Flag("vanished") && deviceNumber_ != 0) {
+        deviceNumber_ = 0;
+        deviceSettings_.clear();
+        sending_ = false;
+        pace_.Reset();
+        if (std::exchange(open_, false)) system_.Run("Comm", [this] { Tell(CommEvent::Vanished); });
+    } else if (event.Flag("refused") && open_) {
+        system_.Run("Comm", [this] { Tell(CommEvent::Refused); });
+    }
+}
+
+}  // namespace kvt

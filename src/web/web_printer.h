@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/page_layout.h"
+#include "web/web_system.h"
+
+namespace kvt {
+
+// Prints by the browser, whose dialog knows the printers and the number of copies: the page is given A4 sheets, each a
+// picture of strokes and letters (SVG).
+class WebPrinter : public PrinterService {
+public:
+    explicit WebPrinter(WebSystem& system);
+
+    std::vector<std::string> Fonts() override;
+    void BeginJob(const PrintJob& job) override;
+    void ShowPrinter(PrinterDialog& dialog) override { dialog.Copies = 1; }
+    void Print(std::string_view line, PrintedLine what) override;
+    void PrintDrawing(const PrintedDrawing& drawing) override;
+    void EndDocument() override;
+
+private:
+    std::vector<std::string> TextPages() const;
+    std::string PageOf(const PageLayout& layout, const std::vector<PageLine>& lines) const;
+    std::string Face(double points) const;
+
+    WebSystem& system_;
+    PrintJob job_;
+    std::vector<PageLine> lines_;
+    std::string drawing_;
+};
+
+}  // namespace kvt

@@ -1,0 +1,202 @@
+// The user's files: by the browser's file access where it has it, so that saving goes back into the opened file;
+// otherwise by choosing and downloading. Contents are bytes, as texts of the characters 0 to 255.
+
+import { ask } from './boxes.js';
+import { handles } from './storage.js';
+import { make } from './views/view.js';
+
+const folder = '/files/';
+const chunk = 0x8000;
+const largest = 64 * 1024 * 1024;
+const open = new Map(); // handles by name
+
+export function textOf(bytes) {
+    const parts = [];
+    for (let at = 0; at < bytes.length; at += chunk)
+        parts.push(String.fromCharCode(...bytes.subarray(at, at + chunk)));
+    return parts.join('');
+}
+export function bytesOf(text) {
+    const bytes = new Uint8Array(text.length);
+    for (let i = 0; i < text.length; ++i) bytes[i] = text.charCodeAt(i);
+    return bytes;
+}
+
+async function contentOf(file) {
+    if (file.size > largest) throw new Error('too large');
+    return textOf(new Uint8Array(await file.arrayBuffer()));
+}
+
+// "name|*.a;*.b|..." as the file access has it; "*.*" is any file.
+function typesOf(filter) {
+    const parts = (filter ?? '').split('|');
+    const types = [];
+    for (let i = 0; i + 1 < parts.length; i += 2) {
+        const endings = parts[i + 1].split(';').map((one) => one.trim().replace(/^\*/, ''))
+            .filter((one) => /^\.[A-Za-z0-9]{1,12}$/.test(one));
+        if (endings.length > 0)
+            types.push({ description: parts[i].split('(')[0].trim(), accept: { 'text/plain': endings } });
+    }
+    return types;
+}
+
+async function remember(handle) {
+    open.set(handle.name, handle);
+    await handles.put(handle.name, handle);
+}
+
+// The names of the files that can be opened again.
+export const rememberedNames = () => handles.names();
+
+async function allowed(handle, mode) {
+    if ((await handle.queryPermission?.({ mode })) === 'granted') return true;
+    return (await handle.requestPermission?.({ mode })) === 'granted';
+}
+
+function fromInput(filter) {
+    return new Promise((resolve) => {
+        const input = make('input');
+        input.type = 'file';
+        input.accept = typesOf(filter).flatMap((type) => type.accept['text/plain']).join(',');
+        input.addEventListener('change', () => resolve(input.files[0] ?? null));
+        input.addEventListener('cancel', () => resolve(null));
+        input.click();
+    });
+}
+
+async function choose(filter) {
+    if (!window.showOpenFilePicker) return fromInput(filter);
+    const types = typesOf(filter);
+    const [handle] = await window.showOpenFilePicker(types.length > 0 ? { types } : {});
+    await remember(handle);
+    return handle.getFile();
+}
+
+// A browser lets a page ask for files only in a click of its user: where there was none, a button asks for it.
+async function inClick(stage, title, act) {
+    if (navigator.userActivation?.isActive ?? true) return act();
+    return ask(stage, {
+        title,
+        cancel: null,
+        fill: (content, close) => {
+            const button = make('button', '', content);
+            button.type = 'button';
+            button.textContent = stage.text('chooseButton');
+            button.addEventListener('click', () => act().then(close, () => close(null)));
+            return [['cancel', null]];
+        },
+    });
+}
+
+export async function openFile(stage, { ask: number, filter }) {
+    let answer = { cancelled: true };
+    try {
+        const file = await inClick(stage, stage.text('chooseFile'), () => choose(filter));
+        if (file) answer = { name: file.name, content: await contentOf(file) };
+    } catch (fault) {
+        if (fault.name !== 'AbortError') answer = { cancelled: true };
+    }
+    stage.reply(number, answer);
+}
+
+export async function saveFileAs(stage, { ask: number, filter, name }) {
+    let chosen = null;
+    try {
+        if (window.showSaveFilePicker) {
+            const types = typesOf(filter);
+            const options = { suggestedName: name || undefined, ...(types.length > 0 ? { types } : {}) };
+            const handle = await inClick(stage, stage.text('save'), () => window.showSaveFilePicker(options));
+            if (handle) await remember(handle);
+            chosen = handle?.name ?? null;
+        } else {
+            chosen = await askName(stage, filter, name);
+        }
+    } catch {
+        chosen = null;
+    }
+    stage.reply(number, chosen ? { name: chosen } : { cancelled: true });
+}
+
+function askName(stage, filter, name) {
+    return ask(stage, {
+        title: stage.text('save'),
+        cancel: null,
+        fill(content, close) {
+            const side = make('div', '', content);
+            const label = make('label', '', side);
+            label.textContent = stage.text('fileName');
+            const field = make('input', '', label);
+            field.type = 'text';
+            field.value = name || `program${typesOf(filter)[0]?.accept['text/plain'][0] ?? '.cnc'}`;
+            field.autofocus = true;
+            make('div', '', side).textContent = stage.text('saveHint');
+            const value = () => field.value.replace(/[\\/:*?"<>|]/g, '').trim() || null;
+            field.addEventListener('keydown', (event) => event.key === 'Enter' && close(value()));
+            return [['save', value], ['cancel', null]];
+        },
+    });
+}
+
+function download(name, content) {
+    const link = make('a');
+    link.href = URL.createObjectURL(new Blob([bytesOf(content)], { type: 'text/plain' }));
+    link.download = name;
+    link.click();
+    setTimeout(() => URL.revokeObjectURL(link.href), 10_000);
+}
+
+// Writes into the file that was opened under that name; one without a handle is downloaded.
+export async function writeFile(stage, { ask: number, path, content }) {
+    const name = path.slice(folder.length);
+    let ok = true;
+    try {
+        const handle = open.get(name) ?? (await handles.get(name));
+        if (content === null) {
+            open.delete(name);
+            await handles.remove(name);
+        } else if (handle?.createWritable) {
+            if (!(await allowed(handle, 'readwrite'))) throw new Error('refused');
+            const stream = await handle.createWritable();
+            await stream.write(bytesOf(content));
+            await stream.close();
+            open.set(name, handle);
+        } else {
+            download(name, content);
+        }
+    } catch {
+        ok = false;
+    }
+    stage.reply(number, { ok });
+}
+
+// A file of an earlier visit.
+export async function readFile(stage, { ask: number, path }) {
+    try {
+        const handle = open.get(path.slice(folder.length)) ?? (await handles.get(path.slice(folder.length)));
+        if (!handle || !(await allowed(handle, 'read'))) throw new Error('refused');
+        open.set(handle.name, handle);
+        stage.reply(number, { content: await contentOf(await handle.getFile()) });
+    } catch {
+        stage.reply(number, {});
+    }
+}
+
+// Files that are dropped on the page.
+export function followDrops(stage) {
+    document.addEventListener('dragover', (event) => {
+        if (event.dataTransfer.types.includes('Files')) event.preventDefault();
+    });
+    document.addEventListener('drop', async (event) => {
+        if (!event.dataTransfer.types.includes('Files')) return;
+        event.preventDefault();
+        if (stage.asking) return;
+        const form = stage.viewOf(event.target)?.form ?? stage.front;
+        const [item] = [...event.dataTransfer.items].filter((one) => one.kind === 'file');
+        const file = item?.getAsFile();
+        const handle = await item?.getAsFileSystemHandle?.().catch(() => null);
+        if (!file || !form || handle?.kind === 'directory') return;
+        if (handle) await remember(handle);
+        const content = await contentOf(file).catch(() => null);
+        if (content !== null) stage.link.send({ on: 'drop', form: form.id, name: file.name, content });
+    });
+}

@@ -1,0 +1,153 @@
+// Starts the page: what it keeps, what it brings along, then the program.
+
+import { broughtBy, copyLink } from './address.js';
+import { color, message } from './boxes.js';
+import { read, write, writePicture } from './clipboard.js';
+import { isDark } from './colors.js';
+import { followDrops, openFile, readFile, rememberedNames, saveFileAs, writeFile } from './files.js';
+import { MachinePanel } from './machine.js';
+import { notice } from './notices.js';
+import { print } from './print.js';
+import { startProgram } from './program.js';
+import { followFont, onFont, pixels, twips } from './scale.js';
+import { Serial } from './serial.js';
+import { Stage } from './stage.js';
+import { keep, openStorage } from './storage.js';
+import { followTips } from './tip.js';
+import { addTools } from './tools.js';
+import { make } from './views/view.js';
+
+const barHeight = 360; // twips of menus and title
+const bundleName = '../bundle.json';
+
+// Languages, help and samples, by their paths: a file beside the page, or within a page that is a single file.
+async function bundle() {
+    const within = document.querySelector('#bundle');
+    if (within) return JSON.parse(within.textContent);
+    const response = await fetch(new URL(bundleName, import.meta.url));
+    return response.ok ? response.json() : {};
+}
+
+function screenNow() {
+    return {
+        width: Math.floor(twips(innerWidth)), height: Math.floor(twips(innerHeight)), edgeWidth: 0,
+        edgeHeight: barHeight, pointsPerTwip: pixels(1) * devicePixelRatio,
+    };
+}
+
+function follow(stage, share) {
+    const tell = () => stage.link.sendLatest({ on: 'screen', ...screenNow() }, (one) => one.on === 'screen');
+    window.addEventListener('resize', tell);
+    onFont(tell);
+    // The browser's own menu is for texts.
+    document.addEventListener('contextmenu', (event) => {
+        if (!event.target.closest?.('input, textarea, .richtext, .came, .words')) event.preventDefault();
+    });
+    document.addEventListener('visibilitychange', () => stage.link.send({ on: 'hidden', hidden: document.hidden }));
+    window.addEventListener('pagehide', () => stage.link.send({ on: 'unload' }));
+    window.addEventListener('hashchange', async () => {
+        const brought = await broughtBy(location.hash, share);
+        if (brought === 'unreadable') return notice(stage, stage.text('linkUnreadable'));
+        if (brought) stage.link.send({ on: 'brought', ...brought });
+    });
+}
+
+function handlers(stage, { store, share, serial, panel }) {
+    stage.handle({
+        message: (task) => message(stage, task),
+        color: (task) => color(stage, task),
+        open: (task) => openFile(stage, task),
+        save: (task) => saveFileAs(stage, task),
+        read: (task) => readFile(stage, task),
+        saveFile: (task) => writeFile(stage, task),
+        store: (task) => stage.reply(task.ask, { ok: keep(store, task.path, task.content) }),
+        clipboardRead: (task) => read(stage, task),
+        clipboardWrite: (task) => write(task.text),
+        clipboardPicture: (task) => writePicture(task),
+        print: (task) => print(stage, task),
+        portOpen: (task) => serial.open(task),
+        portClose: (task) => serial.close(task),
+        portSettings: (task) => serial.change(task),
+        portWrite: (task) => serial.write(task),
+        machine: (task) => panel.take(task),
+        link: (task) => copyLink(stage, task),
+        notice: (task) => notice(stage, task.text),
+        picture: (folder, name) => pictureOf(share, folder + name),
+        beep: () => {},
+        end: () => ended(stage),
+    });
+}
+
+// A picture of a document, out of the bundle.
+function pictureOf(share, path) {
+    const content = share[path];
+    if (!content) return '';
+    return path.endsWith('.svg') ? `data:image/svg+xml;base64,${btoa(content)}` : '';
+}
+
+// Covers the page, with a way to start again.
+function cover(stage, text) {
+    const face = make('div', 'cover', document.body);
+    face.setAttribute('role', 'alert');
+    make('div', '', face).textContent = stage.text(text);
+    const button = make('button', '', face);
+    button.type = 'button';
+    button.textContent = stage.text('again');
+    button.addEventListener('click', () => location.reload());
+    button.focus();
+}
+
+function ended(stage) {
+    stage.link.ended = true;
+    cover(stage, 'ended');
+}
+
+async function hello(stage, { files, times, problem, share, serial }) {
+    const stored = { ...files };
+    for (const name of await rememberedNames()) stored[`/files/${name}`] = null;
+    const brought = await broughtBy(location.hash, share);
+    if (brought === 'unreadable') notice(stage, stage.text('linkUnreadable'));
+    return {
+        on: 'hello', ...screenNow(), language: navigator.language, dark: isDark(), share, stored, times,
+        withoutStorage: problem !== '', names: await serial.names(),
+        ...(brought !== 'unreadable' ? brought : {}),
+    };
+}
+
+async function start() {
+    followFont();
+    const stage = new Stage();
+    const panel = new MachinePanel(stage);
+    const serial = new Serial(stage, panel);
+    panel.line = serial;
+    const [share, { files, times, store, problem }] = await Promise.all([bundle(), openStorage()]);
+    handlers(stage, { store, share, serial, panel });
+    addTools(stage, { panel, serial });
+    followDrops(stage);
+    followTips();
+    stage.link.send(await hello(stage, { files, times, problem, share, serial }));
+    follow(stage, share);
+    if (problem) notice(stage, stage.text(problem), { stays: true });
+    window.addEventListener('error', (event) => isFatal(event.error) && stopped(stage));
+    window.addEventListener('unhandledrejection', (event) => isFatal(event.reason) && stopped(stage));
+    await startProgram(stage.link);
+}
+
+// What the program itself has thrown; a number is one of its exceptions. The page's own faults leave it running.
+function isFatal(fault) {
+    return fault instanceof WebAssembly.RuntimeError || typeof fault === 'number' || fault?.name === 'CppException';
+}
+
+function stopped(stage) {
+    if (stage.link.ended) return;
+    stage.link.ended = true;
+    cover(stage, 'stopped');
+}
+
+start().catch((fault) => {
+    console.error(fault);
+    document.querySelector('.cover.start span').textContent = `KVT: ${fault.message ?? fault}`;
+});
+
+if ('serviceWorker' in navigator && location.protocol.startsWith('http'))
+    navigator.serviceWorker.register('sw.js').catch(() => {});

@@ -1,0 +1,142 @@
+// Fields. A field of one line is edited by the program, which is told each key and each composed text; one of several
+// lines has the browser's editor, whose edits are told.
+
+import { textColor } from '../colors.js';
+import { pressKey, sendText } from '../keys.js';
+import { make, View } from './view.js';
+
+// What the browser would do by itself, as the keys that do it.
+const edits = {
+    deleteContentBackward: [8, 0],
+    deleteContentForward: [46, 0],
+    deleteWordBackward: [8, 2],
+    deleteWordForward: [46, 2],
+    deleteByCut: [46, 0],
+    deleteByDrag: [46, 0],
+    historyUndo: [90, 2],
+    historyRedo: [90, 3],
+};
+const longestNotes = 1_000_000;
+
+class FieldView extends View {
+    constructor(stage, facts, element) {
+        super(stage, facts, element);
+        this.focusable = true;
+        element.spellcheck = false;
+        element.autocomplete = 'off';
+        element.setAttribute('autocapitalize', 'off');
+        if (facts.fixedPitch) element.classList.add('fixed');
+        if (facts.readOnly) element.classList.add('shown');
+        element.readOnly = !!facts.readOnly;
+        this.pressesFocus(element, true);
+        this.composing = false;
+        element.addEventListener('compositionstart', () => (this.composing = true));
+        document.addEventListener('selectionchange', () => this.caretMoved());
+    }
+
+    showEnabled(enabled) {
+        this.element.readOnly = !enabled || !!this.facts.readOnly;
+    }
+
+    setForeColor() {
+        this.recolor();
+    }
+    recolor() {
+        this.element.style.color = textColor(this.properties.ForeColor, this.facts.readOnly ? 'window' : 'base');
+    }
+
+    setText(value) {
+        this.show(value);
+    }
+    setSelection(selection) {
+        this.selection = selection;
+        if (document.activeElement === this.element) this.showSelection();
+    }
+    focused() {
+        this.showSelection();
+    }
+
+    show(text) {
+        if (this.composing || this.element.value === text) return;
+        this.element.value = text;
+        if (document.activeElement === this.element) this.showSelection();
+    }
+
+    showSelection() {
+        if (!this.selection || this.composing) return;
+        const [start, count, caretFirst] = this.selection;
+        const { selectionStart, selectionEnd } = this.element;
+        if (selectionStart === start && selectionEnd === start + count) return;
+        this.element.setSelectionRange(start, start + count, caretFirst ? 'backward' : 'forward');
+        this.scrollToCaret?.();
+    }
+
+    // The hands have moved the caret or selected something.
+    caretMoved() {
+        if (document.activeElement !== this.element || this.composing || this.stage.focus !== this) return;
+        const { selectionStart: start, selectionEnd, selectionDirection } = this.element;
+        const count = selectionEnd - start;
+        const [knownStart, knownCount] = this.selection ?? [];
+        if (knownStart === start && knownCount === count) return;
+        this.selection = [start, count, selectionDirection === 'backward'];
+        this.send({ on: 'caret', start, length: count, caretFirst: this.selection[2] });
+    }
+}
+
+export class LineView extends FieldView {
+    constructor(stage, facts) {
+        super(stage, facts, make('input'));
+        this.element.type = 'text';
+        this.element.addEventListener('beforeinput', (event) => this.beforeInput(event));
+        this.element.addEventListener('compositionend', (event) => this.composed(event));
+        // What was composed has gone into the element; the program says what stands there.
+        this.element.addEventListener('input', () => {
+            if (!this.composing) this.show(this.properties.Text ?? '');
+        });
+    }
+
+    beforeInput(event) {
+        if (event.inputType === 'insertCompositionText' || event.isComposing) return;
+        event.preventDefault();
+        if (!this.effectivelyEnabled) return;
+        const keys = edits[event.inputType];
+        if (keys) pressKey(this.stage, this.form, ...keys);
+        else if (event.inputType === 'insertLineBreak') pressKey(this.stage, this.form, 13, 0);
+        else sendText(this.stage, this.form, event.data ?? event.dataTransfer?.getData('text/plain') ?? '');
+    }
+
+    composed(event) {
+        this.composing = false;
+        if (event.data) sendText(this.stage, this.form, event.data.normalize('NFC'));
+        this.show(this.properties.Text ?? '');
+        this.showSelection();
+    }
+}
+
+export class NotesView extends FieldView {
+    constructor(stage, facts) {
+        super(stage, facts, make('textarea'));
+        this.element.maxLength = longestNotes;
+        this.element.addEventListener('compositionend', () => {
+            this.composing = false;
+            this.edited();
+        });
+        this.element.addEventListener('input', () => {
+            if (!this.composing) this.edited();
+        });
+    }
+
+    edited() {
+        const { value: text, selectionStart: start, selectionEnd: end, selectionDirection } = this.element;
+        this.properties.Text = text;
+        this.selection = [start, end - start, selectionDirection === 'backward'];
+        this.send({ on: 'edit', text, start, length: end - start, caretFirst: this.selection[2] });
+    }
+
+    append(text) {
+        this.properties.Text = (this.properties.Text ?? '') + text;
+        const end = this.element.value.length;
+        this.element.setRangeText(text, end, end, 'end');
+        this.element.scrollTop = this.element.scrollHeight;
+    }
+}

@@ -1,0 +1,30 @@
+// Keeps the page for work without a network. The maker of the site puts in the version and the list of its files; a
+// new version is another text of this file, and takes over when no tab has the old one any more.
+
+const version = '@VERSION@';
+const files = JSON.parse('@FILES@');
+const cacheName = `kvt-${version}`;
+
+self.addEventListener('install', (event) => {
+    event.waitUntil(
+        caches.open(cacheName).then((cache) => cache.addAll(files.map((file) => new Request(file, { cache: 'reload' })))),
+    );
+});
+
+self.addEventListener('activate', (event) => {
+    const drop = async () => {
+        for (const name of await caches.keys()) if (name.startsWith('kvt-') && name !== cacheName) await caches.delete(name);
+        await self.clients.claim();
+    };
+    event.waitUntil(drop());
+});
+
+self.addEventListener('fetch', (event) => {
+    const { request } = event;
+    if (request.method !== 'GET' || new URL(request.url).origin !== location.origin) return;
+    const answer = async () => {
+        const cache = await caches.open(cacheName);
+        return (await cache.match(request, { ignoreSearch: true })) ?? fetch(request);
+    };
+    event.respondWith(answer());
+});
