@@ -1,10 +1,6 @@
 #include "app/web_session.h"
 
-#include "basic/run_time_error.h"
-
 namespace kvt {
-
-int NoPrograms::Start(std::string_view, std::string_view) { throw RunTimeError(fault::FileNotFound); }
 
 WebSession::WebSession(PageLink& link) : Platform(link, programs_), Workbench(Platform.Services) {}
 

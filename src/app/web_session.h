@@ -1,19 +1,10 @@
 #pragma once
 
+#include "platform/no_programs.h"
 #include "shell/workbench.h"
 #include "web/web_platform.h"
 
 namespace kvt {
-
-// No other programs can be started from a page.
-class NoPrograms : public ProgramService {
-public:
-    int Start(std::string_view commandLine, std::string_view file) override;
-    bool HasEnded(int) override { return true; }
-    bool WasCutOff(int) override { return false; }
-    void End(int) override {}
-    bool Launch(std::string_view) override { return false; }
-};
 
 // The workbench in a page: the rooms on the half of the platform that talks with it.
 class WebSession {

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "platform/no_programs.h"
 #include "platform/twips.h"
 #include "platform/window_focus.h"
 #include "system/disk_files.h"
@@ -71,15 +72,6 @@ public:
     void EndDocument() override;
 };
 
-class OffscreenPrograms : public ProgramService {
-public:
-    int Start(std::string_view commandLine, std::string_view file) override;
-    bool HasEnded(int) override { return true; }
-    bool WasCutOff(int) override { return false; }
-    void End(int) override {}
-    bool Launch(std::string_view) override { return false; }
-};
-
 // What a command runs the workbench on, with nobody to answer: the files of the disk, a screen that nobody sees, and
 // nothing besides.
 class OffscreenPlatform {
@@ -92,7 +84,7 @@ public:
     OffscreenSystem System;
     NoPort Port;
     NoPrinter Printer;
-    OffscreenPrograms Programs;
+    NoPrograms Programs;
     kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port, Printer, Programs};
 };
 
