@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/no_programs.h"
+#include "app/web_programs.h"
 #include "shell/workbench.h"
 #include "web/web_platform.h"
 
@@ -18,7 +18,12 @@ public:
     void Run() { Platform.Run(); }
 
 private:
-    NoPrograms programs_;
+    // A program that the page's address has brought, a sample or its text: asks before it takes an unsaved one's place.
+    void TakeBrought(const PageEvent& event);
+    // The program's text, for the page to make an address of.
+    void GiveProgram();
+
+    WebPrograms programs_;
 
 public:
     WebPlatform Platform;

@@ -216,6 +216,8 @@ void FieldLayout::NoteLetter(std::size_t field, char letter) {
     Held& held = held_[field];
     const std::string& text = entry_.Fields()[field].Box.Text.Get();
     if (text != held.Text) held.From = 0;
+    // A line without a feed fills its field too: one that was never shown has the letter of its label.
+    if (held.Letter == 0) held.Letter = LetterOf(field);
     const char from = held.From ? held.From : held.Letter;
     held = {letter, from == letter ? '\0' : from, text};
 }

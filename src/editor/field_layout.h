@@ -28,7 +28,7 @@ public:
     bool IsLaidOutForCode() const;
     // What a field's label stands for, whatever the language calls it: X, I, F and so on, L for the number of a line.
     char LetterOf(std::size_t field);
-    // A field with a range, and the unit where that is a length or a time: "X: from -5999 to 5999, in 1/100 mm".
+    // A field with a range, and the unit where that is a length or a time: "X (1/100 mm): -5999 to 5999".
     std::string Described(const TextBox& field, const ValueRange& range);
     // The letter that a field's text was entered for, where the code in force has another one: a feed in the field that
     // has become that of the tool. 0 where the text is its own, and where it says nothing.

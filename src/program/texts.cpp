@@ -161,8 +161,9 @@ constexpr TextsOf<EntryText>::Default entryDefaults[] = {
     {EntryText::Replaces, "Replaces:"},
     {EntryText::ReplacesLine, "Replaces line %1"},
     {EntryText::CarriedOver, "%1 still holds the %2 of an earlier line: %3"},
-    {EntryText::Range, "%1: from %2 to %3"},
-    {EntryText::RangeIn, "%1: from %2 to %3, in %4"},
+    {EntryText::Range, "%1: %2 to %3"},
+    {EntryText::RangeIn, "%1 (%4): %2 to %3"},
+    {EntryText::CodeHelp, "Shift+F1 explains %1"},
 };
 
 constexpr TextsOf<FoundText>::Default foundDefaults[] = {
@@ -235,7 +236,7 @@ Texts::Texts()
       DrawErrorTexts(22, drawErrorDefaults),
       DialogTexts(30, dialogDefaults),
       StepTexts(18, stepDefaults),
-      EntryTexts(10, entryDefaults),
+      EntryTexts(11, entryDefaults),
       FoundTexts(3, foundDefaults),
       NoticeTexts(31, noticeDefaults),
       ExplanationTexts(ExplanationPartCount * FindingCount, ExplanationDefaults()),

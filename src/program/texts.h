@@ -198,6 +198,7 @@ enum class EntryText {
     CarriedOver = 8,
     Range = 9,
     RangeIn = 10,
+    CodeHelp = 11,
 };
 
 // What the questions about an unsaved program tell of it.

@@ -191,19 +191,31 @@ std::string HelpDocuments::CodeAtFocus() const {
                                         : std::string();
 }
 
-// At a code, that code's section; on a line with a finding, what explains that.
-void HelpDocuments::ShowHelpFor(int held) {
-    const std::string code = CodeAtFocus();
-    if (code.empty()) {
-        if (held == key::ShiftHeld) return mnuGhelp_Click();
-        const Control* const focused = parts_.Platform.Focus.Focused();
-        const bool inLine =
-            focused == &parts_.Store.lvCncProgram || (focused && focused->Container == &parts_.Entry.frEntry);
-        return ShowFinding(inLine ? FindingOfLine() : 0);
-    }
+std::string HelpDocuments::CodeOfFields() const {
+    const EntryRow& entry = parts_.Entry;
+    const Control* const focused = parts_.Platform.Focus.Focused();
+    const bool inFields = focused && focused->Container == &entry.frEntry;
+    const std::string code(Trim(entry.txtGMcode.Text));
+    return inFields && code.size() >= 2 ? entry.lblGMcode.Caption.Get() + code : std::string();
+}
+
+void HelpDocuments::ShowCode(const std::string& code) {
     mnuGhelp_Click();
     RichText* const shown = Shown();
-    if (shown) shown->ShowSection(AnchorOf(parts_.Store.Machine, code));
+    if (shown && !code.empty()) shown->ShowSection(AnchorOf(parts_.Store.Machine, code));
+}
+
+// At a code, that code's section; on a line with a finding, what explains that.
+void HelpDocuments::ShowHelpFor(int held) {
+    const std::string ofFields = CodeOfFields();
+    if (const std::string code = CodeAtFocus(); !code.empty()) return ShowCode(code);
+    if (held == key::ShiftHeld) return ShowCode(ofFields);
+    const Control* const focused = parts_.Platform.Focus.Focused();
+    const bool inLine =
+        focused == &parts_.Store.lvCncProgram || (focused && focused->Container == &parts_.Entry.frEntry);
+    ShowFinding(inLine ? FindingOfLine() : 0);
+    if (Shown() && !ofFields.empty())
+        Run(parts_.Calls.Tell, Filled(parts_.Language.EntryTexts(EntryText::CodeHelp), {ofFields}));
 }
 
 int HelpDocuments::FindingOfLine() const {

@@ -72,6 +72,10 @@ private:
     void ShowHelpFor(int held);
     // The code that the keys are at, with its letter: in its field, or chosen in a list of codes. Empty elsewhere.
     std::string CodeAtFocus() const;
+    // The code of the entry row, where the keys are in one of its fields.
+    std::string CodeOfFields() const;
+    // Shows the help for the codes, or leaves it; at one of them, or at the beginning where that is empty.
+    void ShowCode(const std::string& code);
     // The number of the selected line's finding, 0 for none; and the help at its explanation, or at the beginning.
     int FindingOfLine() const;
     void ShowFinding(int number);

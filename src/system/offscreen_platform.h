@@ -2,7 +2,6 @@
 
 #include <vector>
 
-#include "platform/no_programs.h"
 #include "platform/twips.h"
 #include "platform/window_focus.h"
 #include "system/disk_files.h"
@@ -70,6 +69,15 @@ public:
     void Print(std::string_view line, PrintedLine what) override;
     void PrintDrawing(const PrintedDrawing& drawing) override;
     void EndDocument() override;
+};
+
+class NoPrograms : public ProgramService {
+public:
+    int Start(std::string_view commandLine, std::string_view file) override;
+    bool HasEnded(int) override { return true; }
+    bool WasCutOff(int) override { return false; }
+    void End(int) override {}
+    bool Launch(std::string_view) override { return false; }
 };
 
 // What a command runs the workbench on, with nobody to answer: the files of the disk, a screen that nobody sees, and

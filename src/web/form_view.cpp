@@ -96,9 +96,8 @@ void WebFormView::Put(const WindowPlace& place) {
 }
 
 void WebFormView::FollowScreen() {
-    if (form_.State != WindowState::Maximised) return;
-    Put({screen_.Height() - edges_.Height + form_.EdgeHeight, 0, 0,
-         screen_.Width() - edges_.Width + form_.EdgeWidth});
+    if (form_.State == WindowState::Maximised)
+        TakeField(screen_.Width() - edges_.Width, screen_.Height() - edges_.Height, {});
 }
 
 void WebFormView::TellResize() {
@@ -109,13 +108,12 @@ void WebFormView::Drop(const std::string& path) {
     if (Usable() && form_.OnDropFile) Web.System.Run(form_, "OLEDragDrop", [&] { form_.OnDropFile(path); });
 }
 
-// The size of the field; it is never smaller than its controls need.
-void WebFormView::TakeSize(const PageEvent& event) {
-    const int least = form_.LeastHeight > 0 ? form_.LeastHeight : form_.SmallestHeight;
-    const int width = event.Number("width") + form_.EdgeWidth;
-    const int height = event.Number("height") + form_.EdgeHeight;
+// The field is never smaller than its controls need; the page scrolls to the rest.
+void WebFormView::TakeField(int width, int height, const WindowPlace& corner) {
     if (width <= 0 || height <= 0) return;
-    Put({std::max(height, least), form_.Left, form_.Top, std::max(width, form_.SmallestWidth)});
+    const int least = form_.LeastHeight > 0 ? form_.LeastHeight : form_.SmallestHeight;
+    Put({std::max(height + form_.EdgeHeight, least), corner.Left, corner.Top,
+         std::max(width + form_.EdgeWidth, form_.SmallestWidth)});
 }
 
 void WebFormView::TakeState(const PageEvent& event) {
@@ -127,7 +125,7 @@ void WebFormView::TakeState(const PageEvent& event) {
 void WebFormView::Take(const PageEvent& event) {
     if (!form_.Visible) return;
     if (event.Is("resize")) {
-        TakeSize(event);
+        TakeField(event.Number("width"), event.Number("height"), {0, form_.Left, form_.Top, 0});
     } else if (event.Is("place")) {
         form_.Left = event.Number("left");
         form_.Top = event.Number("top");

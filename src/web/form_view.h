@@ -32,7 +32,7 @@ private:
     ControlView* MakeView(Control& control);
     void Put(const WindowPlace& place);
     void TellResize();
-    void TakeSize(const PageEvent& event);
+    void TakeField(int width, int height, const WindowPlace& corner);
     void TakeState(const PageEvent& event);
     void Show();
     void FillArea();

@@ -1,6 +1,8 @@
 #include "web/web_files.h"
 
 #include <algorithm>
+#include <charconv>
+#include <ctime>
 
 #include "basic/run_time_error.h"
 #include "basic/text.h"
@@ -31,6 +33,21 @@ std::string WebFiles::PathOf(std::string_view name) {
 
 void WebFiles::Put(std::string_view path, std::optional<std::string> content) {
     files_[Normal(path)] = {std::move(content), std::nullopt};
+}
+
+void WebFiles::PutAside(std::string_view path, std::string_view content) {
+    files_[Normal(path)] = {std::string(content), system_.Now(), true};
+}
+
+void WebFiles::SetWritten(std::string_view path, std::string_view seconds) {
+    const auto found = files_.find(Normal(path));
+    long long count = 0;
+    const char* const end = seconds.data() + seconds.size();
+    const auto read = std::from_chars(seconds.data(), end, count);
+    if (found == files_.end() || read.ec != std::errc() || read.ptr != end) return;
+    const auto time = static_cast<std::time_t>(count);
+    std::tm local = {};
+    if (localtime_r(&time, &local)) found->second.Written = local;
 }
 
 // A folder is there with what is in it.
@@ -96,7 +113,7 @@ bool WebFiles::CanWrite(std::string_view folder) {
 void WebFiles::Delete(std::string_view path) {
     const auto found = files_.find(Normal(path));
     if (found == files_.end()) throw RunTimeError(fault::FileNotFound);
-    Keep(found->first, nullptr);
+    if (!found->second.Aside) Keep(found->first, nullptr);
     files_.erase(found);
 }
 

@@ -26,6 +26,9 @@ WebPlatform::WebPlatform(PageLink& link, ProgramService& programs)
             Files.Put(path, content ? std::optional(*content) : std::nullopt);
         });
     }
+    hello_.EachFile("times", [this](const std::string& path, const std::string* seconds) {
+        if (seconds) Files.SetWritten(path, *seconds);
+    });
     System.OnEvent = [this](const PageEvent& event) { Take(event); };
     System.OnKey = [this](int key) { Keys.PressByCode(key); };
 }

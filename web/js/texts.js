@@ -2,7 +2,7 @@
 
 const english = {
     ok: 'OK', yes: 'Yes', no: 'No', cancel: 'Cancel', close: 'Close', maximise: 'Maximise', restore: 'Restore',
-    open: 'Open', save: 'Save', chooseFile: 'Choose a file', chooseButton: 'Choose\u2026', fileName: 'File name',
+    menu: 'Menu', open: 'Open', save: 'Save', chooseFile: 'Choose a file', chooseButton: 'Choose\u2026', fileName: 'File name',
     saveHint: 'This browser saves files as downloads.', openedHere: 'Opened here before', color: 'Choose a colour',
     print: 'Print', preview: 'Print preview', page: 'Page',
     noStorage: 'This browser keeps nothing for this page: settings and recovery end with it.',
@@ -24,7 +24,7 @@ const english = {
 
 const german = {
     ok: 'OK', yes: 'Ja', no: 'Nein', cancel: 'Abbrechen', close: 'Schlie\u00dfen', maximise: 'Maximieren',
-    restore: 'Wiederherstellen', open: '\u00d6ffnen', save: 'Speichern', chooseFile: 'Datei w\u00e4hlen',
+    menu: 'Men\u00fc', restore: 'Wiederherstellen', open: '\u00d6ffnen', save: 'Speichern', chooseFile: 'Datei w\u00e4hlen',
     chooseButton: 'W\u00e4hlen\u2026', fileName: 'Dateiname',
     saveHint: 'Dieser Browser speichert Dateien als Downloads.', openedHere: 'Hier schon ge\u00f6ffnet',
     color: 'Farbe w\u00e4hlen', print: 'Drucken', preview: 'Druckvorschau', page: 'Seite',
