@@ -17,6 +17,7 @@
 #include <utility>
 #include <vector>
 
+#include "basic/line_end.h"
 #include "console/played_machine.h"
 #include "desktop/desktop_platform.h"
 #include "desktop/form_view.h"
@@ -183,8 +184,9 @@ private:
     void TakeTransfer() {
         Open("mk4_bolt");
         const std::string program = workbench_->Writer.GenerateAll();
-        const std::size_t begins = program.find("%\r\n") + 3;
-        const std::string part = program.substr(begins, program.find("\r\n", begins + 800) + 2 - begins);
+        const std::size_t begins = program.find("%" + std::string(kvt::LineEnd)) + 3;
+        const std::string part =
+            program.substr(begins, program.find(kvt::LineEnd, begins + 800) + kvt::LineEnd.size() - begins);
         if (write(line_.Handle(), part.data(), part.size()) != static_cast<ssize_t>(part.size()))
             failed_ = true;
         QTest::qWait(500);
