@@ -16,7 +16,7 @@ WAITS = "kvt_next"
 TRUSTED = re.compile(r"::~|^(void )?std::__2::(vector|basic_string|__tree|__split_buffer|deque|enable_if|__hash_table)|rapidjson::")
 
 FUNCTION = re.compile(r"^ \(func \$(\S+)", re.M)
-CALL = re.compile(r"\(call \$(\S+?)\)?\s*\n?\s*(?:\(i32\.const (\d+)\))?")
+CALL = re.compile(r"\(call \$([^\s)]+)(?:\s*\(i32\.const (\d+)\))?")
 
 
 def plain(name: str) -> str:
@@ -27,7 +27,7 @@ def plain(name: str) -> str:
 def table(text: str) -> dict[int, str]:
     """The functions that pointers stand for."""
     slots = {}
-    for first, names in re.findall(r"^ \(elem \$\S+ \(i32\.const (\d+)\) (?:func )?([^)]*)\)", text, re.M):
+    for first, names in re.findall(r"^ \(elem (?:\$\S+ )?\(i32\.const (\d+)\) (?:func )?([^)]*)\)", text, re.M):
         for i, name in enumerate(names.split()):
             slots[int(first) + i] = name.lstrip("$")
     return slots
@@ -37,6 +37,7 @@ def main() -> None:
     with open(sys.argv[1], encoding="utf-8") as file:
         text = file.read()
     slots = table(text)
+    imports = {own: name for name, own in re.findall(r'\(import "env" "([^"]+)" \(func \$(\S+)', text)}
     starts = [(m.start(), m[1]) for m in FUNCTION.finditer(text)]
     ends = [start for start, _ in starts[1:]] + [len(text)]
     callers: dict[str, set[str]] = {}
@@ -45,6 +46,7 @@ def main() -> None:
         body = text[start:end]
         unknown = "(call_indirect" in body
         for callee, pointer in CALL.findall(body):
+            callee = imports.get(callee, callee)
             if "invoke_" in callee:
                 if pointer and int(pointer) in slots:
                     callee = slots[int(pointer)]
