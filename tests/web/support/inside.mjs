@@ -8,6 +8,7 @@ export function recordMessages() {
         const control = controls.get(message.id);
         if (message.do === 'make') controls.set(message.id, { ...message, p: { ...message.p } });
         else if (message.do === 'set' && control) Object.assign(control.p, message.p);
+        else if (message.do === 'append' && control) control.p.Text = (control.p.Text ?? '') + message.text;
         else if (message.do === 'rows' && control) control.rows = { ...control.rows, ...message };
         else if (message.do === 'focus') told.focus = message.id;
         else if (message.do === 'beep') ++told.beeps;
@@ -118,4 +119,14 @@ export function playSerial() {
     serial.getPorts = async () => (window.port.gone ? [] : [window.port]);
     serial.requestPort = async () => window.port;
     Object.defineProperty(navigator, 'serial', { value: serial });
+}
+
+// When the window has been painted for the first time: window.startedAt.
+export function watchStart() {
+    const look = () => {
+        if (document.body && !document.body.classList.contains('starting'))
+            requestAnimationFrame(() => (window.startedAt = performance.now()));
+        else requestAnimationFrame(look);
+    };
+    look();
 }

@@ -2,7 +2,7 @@
 
 const properties = {
     caption: (p) => p.Caption, text: (p, one) => (one.kind.startsWith('Lis') || one.kind === 'ComboBox' ? (p.Entries?.[p.ListIndex] ?? '') : p.Text),
-    visible: (p) => p.Visible, enabled: (p) => p.Enabled, value: (p) => p.Value, checked: (p) => p.Checked, tooltip: (p) => p.ToolTip,
+    visible: (p) => p.Visible, enabled: (p) => p.Enabled, value: (p, one) => (one.kind === 'CheckBox' ? Number(p.Value) : p.Value), checked: (p) => p.Checked, tooltip: (p) => p.ToolTip,
     listindex: (p) => p.ListIndex, selstart: (p) => p.Selection?.[0], sellength: (p) => p.Selection?.[1], lead: (p) => p.Lead,
 };
 
@@ -51,7 +51,7 @@ export async function shownOf(story, what, text, textOf) {
     if (what === 'cell') return cell(story, text, textOf);
     if (what === 'header') {
         const list = await control(story, 'lvCncProgram');
-        return { got: plain(list.rows.headers[Number(words[0])]?.[0]), wanted: textOf(text.trimStart().slice(words[0].length + 1)) };
+        return { got: plain(list.rows.headers[Number(words[0]) - 1]?.[0]), wanted: textOf(text.trimStart().slice(words[0].length + 1)) };
     }
     if (what === 'nolog') {
         const kept = await bench.evaluate(() => Object.keys(localStorage).filter((key) => key.endsWith('Errors.log')).length);
@@ -82,6 +82,8 @@ async function ofControl(story, what, wanted) {
         const [shows, of] = ofState[property] ?? [];
         return of ? { got: plain(of(await control(story, shows))), wanted } : null;
     }
+    // The scale follows the size of the window.
+    if (name === 'frmDraw.UpDown') return null;
     const read = properties[property.toLowerCase()];
     const one = read && (await control(story, name));
     if (!one) return null;

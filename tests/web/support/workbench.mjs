@@ -17,6 +17,7 @@ const quiet = [
     '--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking',
     '--disable-component-update', '--disable-sync',
 ];
+const named = { '\r': 'Enter', '\b': 'Backspace', '\t': 'Tab' };
 const patience = 15_000; // milliseconds
 // For trying all tests on a browser that lacks something.
 const always = process.env.KVT_WEB_PLAY?.split(',') ?? [];
@@ -144,7 +145,7 @@ export class Workbench {
     // Every character as a key; "\r" is Enter.
     async type(text) {
         for (const one of text) {
-            if (one === '\r') await this.page.keyboard.press('Enter');
+            if (named[one]) await this.page.keyboard.press(named[one]);
             else if (one >= ' ' && one <= '~') await this.page.keyboard.press(one);
             else await this.page.keyboard.sendCharacter(one);
         }
