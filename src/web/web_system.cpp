@@ -17,7 +17,7 @@ constexpr double longestTurn = 30;
 constexpr int mostAtOnce = 100;
 
 // What goes on below a question to the user; what else comes was meant for nobody.
-constexpr std::string_view goingOn[] = {"port", "ports", "screen", "resize", "sight", "hidden"};
+constexpr std::string_view goingOn[] = {"port", "ports", "screen", "resize", "sight", "hidden", "unload"};
 
 bool GoesOn(const PageEvent& event) {
     return std::find(std::begin(goingOn), std::end(goingOn), event.Name()) != std::end(goingOn);
