@@ -45,6 +45,12 @@ async function remember(handle) {
     await handles.put(handle.name, handle);
 }
 
+// One that came without a handle: another file of its name must not be written in its place.
+async function forget(name) {
+    open.delete(name);
+    await handles.remove(name);
+}
+
 // The names of the files that can be opened again.
 export const rememberedNames = () => handles.names();
 
@@ -92,6 +98,7 @@ export async function openFile(stage, { ask: number, filter }) {
     let answer = { cancelled: true };
     try {
         const file = await inClick(stage, stage.text('chooseFile'), () => choose(filter));
+        if (file && !window.showOpenFilePicker) await forget(file.name);
         if (file) answer = { name: file.name, content: await contentOf(file) };
     } catch (fault) {
         if (fault.name !== 'AbortError') answer = { cancelled: true };
@@ -181,7 +188,7 @@ export async function readFile(stage, { ask: number, path }) {
     }
 }
 
-// Files that are dropped on the page.
+// Files that are dropped on the page, and those that the system opens with it where it is installed.
 export function followDrops(stage) {
     document.addEventListener('dragover', (event) => {
         if (event.dataTransfer.types.includes('Files')) event.preventDefault();
@@ -194,9 +201,16 @@ export function followDrops(stage) {
         const [item] = [...event.dataTransfer.items].filter((one) => one.kind === 'file');
         const file = item?.getAsFile();
         const handle = await item?.getAsFileSystemHandle?.().catch(() => null);
-        if (!file || !form || handle?.kind === 'directory') return;
-        if (handle) await remember(handle);
-        const content = await contentOf(file).catch(() => null);
-        if (content !== null) stage.link.send({ on: 'drop', form: form.id, name: file.name, content });
+        if (file && form && handle?.kind !== 'directory') await bring(stage, file, handle, form.id);
     });
+    window.launchQueue?.setConsumer(async ({ files: [handle] = [] }) => {
+        if (handle) await bring(stage, await handle.getFile(), handle, 0);
+    });
+}
+
+async function bring(stage, file, handle, form) {
+    if (handle) await remember(handle);
+    else await forget(file.name);
+    const content = await contentOf(file).catch(() => null);
+    if (content !== null) stage.link.send({ on: 'drop', form, name: file.name, content });
 }

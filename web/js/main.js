@@ -123,10 +123,10 @@ async function start() {
     const [share, { files, times, store, problem }] = await Promise.all([bundle(), openStorage()]);
     handlers(stage, { store, share, serial, panel });
     addTools(stage, { panel, serial });
-    followDrops(stage);
     followTips();
     stage.link.send(await hello(stage, { files, times, problem, share, serial }));
     follow(stage, share);
+    followDrops(stage);
     tellSerial(stage);
     if (problem) notice(stage, stage.text(problem), { stays: true });
     window.addEventListener('error', (event) => isFatal(event.error) && stopped(stage));
