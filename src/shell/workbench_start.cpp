@@ -46,7 +46,7 @@ void Workbench::Form_Load(std::string_view commandLine) {
     Form_Activate();
     Port.StartPort();
     recovery_.Restore();
-    // Without a program the open line awaits the first code; menus and buttons stand as after a tick.
+    // Without a program the open line awaits the first code; menus and buttons are enabled as after a tick.
     if (Store.lvCncProgram.Count() == 0) clearing_.mnuNew_Click();
     History.Start();
     tmr1sec_Timer();
