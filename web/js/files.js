@@ -2,6 +2,7 @@
 // otherwise by choosing and downloading. Contents are bytes, as texts of the characters 0 to 255.
 
 import { ask } from './boxes.js';
+import { notice } from './notices.js';
 import { handles } from './storage.js';
 import { make } from './views/view.js';
 
@@ -101,7 +102,7 @@ export async function openFile(stage, { ask: number, filter }) {
         if (file && !window.showOpenFilePicker) await forget(file.name);
         if (file) answer = { name: file.name, content: await contentOf(file) };
     } catch (fault) {
-        if (fault.name !== 'AbortError') answer = { cancelled: true };
+        if (fault.name !== 'AbortError') notice(stage, stage.text('unreadable'));
     }
     stage.reply(number, answer);
 }
@@ -212,5 +213,6 @@ async function bring(stage, file, handle, form) {
     if (handle) await remember(handle);
     else await forget(file.name);
     const content = await contentOf(file).catch(() => null);
-    if (content !== null) stage.link.send({ on: 'drop', form, name: file.name, content });
+    if (content === null) notice(stage, stage.text('unreadable'));
+    else stage.link.send({ on: 'drop', form, name: file.name, content });
 }
