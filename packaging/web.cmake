@@ -23,20 +23,38 @@ endfunction()
 # Debian's emscripten needs modules of Debian's node, which a node from elsewhere does not look for.
 set_property(GLOBAL PROPERTY RULE_LAUNCH_LINK "${CMAKE_COMMAND} -E env NODE_PATH=/usr/share/nodejs")
 
-# kvt_for_page(TARGET) makes a program run in a browser page, as web/js/program.js loads it.
+# kvt_for_page(TARGET SOURCE...) makes a program that runs in a browser page, as web/js/program.js loads it.
+set(page_options -sENVIRONMENT=web -sFILESYSTEM=0 -sALLOW_MEMORY_GROWTH=1 -sTOTAL_STACK=1MB -sMODULARIZE=1 -sEXPORT_ES6=1
+                 -sUSE_ES6_IMPORT_META=0 -sEXPORT_NAME=createProgram -sINVOKE_RUN=0 -sDYNAMIC_EXECUTION=0
+                 -sEXPORTED_FUNCTIONS=_main,_malloc)
 function(kvt_for_page target)
-    target_link_options(${target} PRIVATE -sENVIRONMENT=web -sFILESYSTEM=0 -sALLOW_MEMORY_GROWTH=1 -sTOTAL_STACK=1MB
-                        -sMODULARIZE=1 -sEXPORT_ES6=1 -sUSE_ES6_IMPORT_META=0 -sEXPORT_NAME=createProgram
-                        -sINVOKE_RUN=0 -sDYNAMIC_EXECUTION=0 -sEXPORTED_FUNCTIONS=_main,_malloc)
+    set(rooms web shell system transfer draw ${KVT_FILES_AND_BELOW})
+    add_executable(${target} ${ARGN})
+    kvt_link(${target} ${rooms})
+    target_link_options(${target} PRIVATE ${page_options})
     if(KVT_STACK_SWITCHING)
-        set(name kvt_web_fast)
-    else()
-        target_link_options(${target} PRIVATE -sASYNCIFY=1 -sASYNCIFY_IMPORTS=[kvt_next] -sASYNCIFY_STACK_SIZE=65536)
-        set(name kvt_web)
-        # Asyncify makes it larger. What waits for users needs no inlining; the check pass and the drawing do.
-        foreach(room web shell transfer editor files platform)
-            target_compile_options(kvt_${room} PRIVATE "SHELL:-mllvm -inline-threshold=20")
-        endforeach()
+        set_target_properties(${target} PROPERTIES OUTPUT_NAME kvt_web_fast)
+        return()
     endif()
-    set_target_properties(${target} PROPERTIES OUTPUT_NAME ${name})
+    set_target_properties(${target} PROPERTIES OUTPUT_NAME kvt_web)
+    # Asyncify makes it larger. What waits for users needs no inlining; the check pass and the drawing do.
+    foreach(room web shell transfer editor files platform)
+        target_compile_options(kvt_${room} PRIVATE "SHELL:-mllvm -inline-threshold=20")
+    endforeach()
+    # Linked once without Asyncify, to read off which functions never wait.
+    add_executable(${target}_names ${ARGN})
+    kvt_link(${target}_names ${rooms})
+    target_link_options(${target}_names PRIVATE ${page_options} --profiling-funcs)
+    set(list ${CMAKE_BINARY_DIR}/never_waits.txt)
+    set(names $<TARGET_FILE_DIR:${target}_names>/${target}_names)
+    add_custom_command(
+        OUTPUT ${list}
+        COMMAND wasm-dis ${names}.wasm -o ${names}.wat
+        COMMAND python3 ${CMAKE_SOURCE_DIR}/tools/never_waits.py ${names}.wat > ${list}
+        DEPENDS ${target}_names ${CMAKE_SOURCE_DIR}/tools/never_waits.py)
+    add_custom_target(${target}_list DEPENDS ${list})
+    add_dependencies(${target} ${target}_list)
+    set_target_properties(${target} PROPERTIES LINK_DEPENDS ${list})
+    target_link_options(${target} PRIVATE -Oz -sASYNCIFY=1 -sASYNCIFY_IMPORTS=[kvt_next] -sASYNCIFY_STACK_SIZE=65536
+                        -sASYNCIFY_REMOVE=@${list})
 endfunction()

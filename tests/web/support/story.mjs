@@ -117,6 +117,8 @@ export class Story {
         // Menus and buttons follow the state of the work twice a second.
         await this.bench.pause(700);
         await this.bench.settled();
+        // The axes of another machine lie over the list at first.
+        if ((await this.control('cmdReturn')).shown) await this.bench.click('cmdReturn');
     }
 
     steps = {
@@ -238,7 +240,9 @@ export class Story {
         }, name);
         if (popup) return this.chooseAtPointer(name);
         await this.uncover(name);
-        return this.bench.choose(name);
+        // A grey entry is chosen too: the program says why it is grey.
+        await this.bench.pause(600);
+        return this.bench.choose(name, { enabled: false });
     }
     async chooseAtPointer(name) {
         const entry = await this.bench.element(name);

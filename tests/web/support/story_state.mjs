@@ -31,7 +31,7 @@ export async function shownOf(story, what, text, textOf) {
     const { bench } = story;
     const wanted = textOf(text);
     const words = text.trim().split(/\s+/);
-    if (what === 'focus') return { got: plain(await bench.focus()), wanted: words[0] };
+    if (what === 'focus') return { got: plain(await bench.focus()), wanted: words[0].split('.').at(-1) };
     if (what === 'running') return { got: (await bench.evaluate(() => window.told.ended)) ? 'no' : 'yes', wanted };
     if (what === 'beeps') return null;
     if (what === 'clipboard') return { got: await bench.evaluate(() => navigator.clipboard.readText()), wanted };
@@ -81,11 +81,12 @@ async function ofControl(story, what, wanted) {
         const [shows, of] = ofState[property] ?? [];
         return of ? { got: plain(of(await control(story, shows))), wanted } : null;
     }
-    // The scale follows the size of the window.
-    if (name === 'frmDraw.UpDown') return null;
+    // They follow the size of the window.
+    if (/UpDown$|sbViewWindow$/.test(name)) return null;
     const read = properties[property.toLowerCase()];
     const one = read && (await control(story, name));
     if (!one) return null;
     const got = read(one.p, one);
-    return got === undefined ? null : { got: plain(got), wanted };
+    const lines = (text) => text.replaceAll('\r\n', '\n');
+    return got === undefined ? null : { got: lines(plain(got)), wanted: lines(wanted) };
 }

@@ -11,31 +11,31 @@ export function stateOf(file) {
     return JSON.parse(execFileSync('node', [`${bin}/kvtc.js`, 'check', '--json', file], { encoding: 'utf8' }));
 }
 
-// What is typed for a cell: without blanks and the letter in front. A cycle makes its comment by itself.
-function typed(row, field) {
+// What is typed for a cell: without blanks and the letter in front. A cycle of the lathe makes its comment by itself.
+function typed(row, field, machine) {
     const cell = row[columns[field]].trim() || (field === 'txtH' ? row[columns.txtFKTL].trim() : '');
-    if (field === 'txtComment') return cell.startsWith('@') ? '' : cell;
+    if (field === 'txtComment') return cell.startsWith('@') && machine !== 'F1' ? '' : cell;
     return cell.replace(/^[A-Z]/, '').replaceAll(' ', '');
 }
 
-export async function typeRow(bench, row) {
+export async function typeRow(bench, row, machine = 'MK4') {
     const code = row[2].trim();
     await bench.type(`${code.startsWith('M') ? code : `G${code}`}\r`);
     for (;;) {
         const field = await bench.focus();
         if (!columns[field]) return;
-        const text = typed(row, field);
+        const text = typed(row, field, machine);
         // What a field offers stands selected.
         if (text === '') await bench.press('Backspace');
         await bench.type(`${text}\r`);
     }
 }
 
-export async function typeProgram(bench, { rows, notes }) {
+export async function typeProgram(bench, { rows, notes, machine }) {
     if (notes) {
         await bench.click('txtFileNotes');
         await bench.type(notes.replaceAll('\r\n', '\r').replace(/\r$/, ''));
         await bench.click('txtGMcode');
     }
-    for (const row of rows) if (row[1].trim() !== 'NN') await typeRow(bench, row);
+    for (const row of rows) if (row[1].trim() !== 'NN') await typeRow(bench, row, machine);
 }

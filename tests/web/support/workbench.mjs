@@ -122,14 +122,14 @@ export class Workbench {
         await (await this.element(name)).click(options);
     }
     // Opens the menus that an entry lies in, by the mouse, and chooses it.
-    async choose(name) {
+    async choose(name, { enabled = true } = {}) {
         const way = await this.evaluate((n) => {
             const ids = [];
             for (let one = window.told.named(n); one?.kind === 'Menu'; one = window.told.controls.get(one.parent)) ids.unshift(one.id);
             return ids;
         }, name);
         assert.ok(way.length > 0, `there is a menu entry ${name}`);
-        await this.untilEnabled(name);
+        if (enabled) await this.untilEnabled(name);
         for (const id of way) {
             const entry = await this.page.$(`[data-control="${id}"]`);
             await entry.hover();
