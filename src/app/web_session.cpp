@@ -25,9 +25,15 @@ void WebSession::Start() {
     // The page is its window.
     Workbench.frmMain.State = WindowState::Maximised;
     for (Form* form : Workbench.Forms()) Platform.Show(*form);
+    Platform.FillPage(Workbench.frmMain);
     Platform.Focus.TellAgain();
     Platform.OnOther["brought"] = [this](const PageEvent& event) { TakeBrought(event); };
     Platform.OnOther["link"] = [this](const PageEvent&) { GiveProgram(); };
+    // A page goes without a word, or is hidden and then forgotten.
+    Platform.OnOther["unload"] = [this](const PageEvent&) { Workbench.KeepSettings(); };
+    Platform.OnOther["hidden"] = [this](const PageEvent& event) {
+        if (event.Flag("hidden")) Workbench.KeepSettings();
+    };
     if (Platform.Hello().Has("name")) TakeBrought(Platform.Hello());
 }
 

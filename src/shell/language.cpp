@@ -99,7 +99,7 @@ void ModuleLoader::KeepBuiltIn() {
         Control* const control = ControlOf(windows_, row);
         TextProperty* const text =
             control && row.What != ShownText::Tab ? TextOf(*control, row.What) : nullptr;
-        // What stands in a second line tells of the moment.
+        // A second line tells only how things are now.
         if (text) builtIn_->Labels.emplace_back(text, text->Get().substr(0, text->Get().find(LineEnd)));
     }
     for (const ListSection& one : ListSections()) {

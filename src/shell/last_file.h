@@ -31,7 +31,7 @@ public:
     void TellMissing();
 
 private:
-    // What stands between the outer double quotes of the command line, if it has any.
+    // The text between the outer double quotes of the command line, if it has any.
     std::string NameInCommandLine() const;
 
     FileControls& file_;

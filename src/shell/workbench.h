@@ -51,7 +51,7 @@
 namespace kvt {
 
 // Puts the rooms together on one half of the platform: gives each of them what it needs, leads menus, buttons and keys
-// to what they do, and is the start and the one way out. What stands on it from outside reaches the rooms here.
+// to what they do, and is the start and the one way out. Console and tests get at the rooms here.
 class Workbench {
 public:
     explicit Workbench(Services& services);
@@ -166,7 +166,9 @@ public:
     // Starts the workbench with the text of the command line: folders, settings, the file that is named there,
     // layout, and the focus on the code field.
     void Form_Load(std::string_view commandLine);
-    // Whether the way out has been taken; a question about unsaved changes may still stand.
+    // Writes the settings as the way out does, where the program may go without taking it.
+    void KeepSettings();
+    // Whether the way out has been taken; a question about unsaved changes may still be open.
     bool Ending() const { return ended_; }
 
 private:
@@ -180,7 +182,7 @@ private:
     void WireDrawing();
     void WireTransfer();
     void WireNotices();
-    // Has a handler of a hand on the program do nothing while the program is held.
+    // Makes a handler of a user's edit do nothing while a transfer locks the program.
     template <class... Arguments>
     void UnlessHeld(std::function<void(Arguments...)>& handler);
 
@@ -193,7 +195,7 @@ private:
     // The title: the file's name, and a mark while the program has changed.
     void RefreshTitle();
     void OpenFile(std::string name);
-    // Prints when a walk that stands has ended; without the dialog if it is to be direct.
+    // Prints when a drawing that is under way has ended; without the dialog if it is to be direct.
     void PrintAfterWalk(bool direct);
     // Brings the paths on the info page up to date.
     void ShowPaths();

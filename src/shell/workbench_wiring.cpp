@@ -32,7 +32,7 @@ void Workbench::WireWindow() {
     };
     // Before a press on a row selects it: also on the row that the drawing has selected.
     list.OnGotFocus = [this] { Draw.Editor.RestoreSelection(); };
-    // The path and the file's name stand in one place; a click changes between them.
+    // The path and the file's name share one place; a click changes between them.
     File.lblPath.OnClick = [this] {
         File.lblFileName.Caption = ExtractFileName(File.lblPath.Caption);
         File.lblFileName.Visible = true;
@@ -149,7 +149,7 @@ void Workbench::WireKeys() {
 
 void Workbench::WireDrawing() {
     // From below the drawing is repainted where it is, not brought up: another program has come into the editor, and
-    // that of a walk that stands has gone.
+    // that of a drawing under way has gone.
     Calls.mnuDraw_Click = [this] {
         if (Draw.State.Walking()) Draw.State.StopRequested = true;
         if (Draw.Controls.frmDraw.Visible) Draw.State.FitNext = true;

@@ -71,6 +71,7 @@ void WebFormView::PropertyChanged(Control& control, PropertyId id) {
         case PropertyId::Area: return FillArea();
         case PropertyId::WindowState:
             if (form_.State == WindowState::Maximised) FollowScreen();
+            if (form_.State == WindowState::Normal) FillPageSoon();
             return TellResize();
         default: break;
     }
@@ -85,6 +86,21 @@ void WebFormView::FillArea() {
     place.Width -= edges_.Width - form_.EdgeWidth;
     place.Height -= edges_.Height - form_.EdgeHeight;
     form_.SetRestoredPlace(place);
+    hasPart_ = true;
+}
+
+void WebFormView::FillPage() {
+    fillsPage_ = true;
+    form_.State = WindowState::Maximised;
+}
+
+// What has restored it may give it a part of the page next.
+void WebFormView::FillPageSoon() {
+    hasPart_ = false;
+    if (!fillsPage_) return;
+    Web.System.Later([this] {
+        if (!hasPart_ && form_.State == WindowState::Normal) form_.State = WindowState::Maximised;
+    });
 }
 
 void WebFormView::Put(const WindowPlace& place) {

@@ -50,10 +50,11 @@ void WebFiles::SetWritten(std::string_view path, std::string_view seconds) {
     if (localtime_r(&time, &local)) found->second.Written = local;
 }
 
-// A folder is there with what is in it.
+// A folder is there with what is in it, a file that the page keeps back when it gives it: its user may have to agree.
 bool WebFiles::Exists(std::string_view path) {
     const std::string normal = Normal(path);
-    if (files_.count(normal) > 0) return true;
+    if (const auto found = files_.find(normal); found != files_.end())
+        return Fetch(found->first, found->second);
     const std::string folder = normal.ends_with('/') ? normal : normal + "/";
     const auto first = files_.lower_bound(folder);
     return !normal.empty() && first != files_.end() && first->first.starts_with(folder);
@@ -64,15 +65,17 @@ std::optional<std::tm> WebFiles::WrittenAt(std::string_view path) {
     return found == files_.end() ? std::nullopt : found->second.Written;
 }
 
+// Asks the page for a content that it has kept back; false where it has none to give now.
+bool WebFiles::Fetch(const std::string& path, File& file) {
+    if (file.Content) return true;
+    const PageEvent answer = system_.Ask(Message("read").Shown("path", path), WebSystem::Meanwhile::Nothing);
+    if (answer.Has("content")) file.Content = answer.Bytes("content");
+    return file.Content.has_value();
+}
+
 std::string WebFiles::ReadWhole(std::string_view path) {
     const auto found = files_.find(Normal(path));
-    if (found == files_.end()) throw RunTimeError(fault::FileNotFound);
-    if (!found->second.Content) {
-        const PageEvent answer =
-            system_.Ask(Message("read").Shown("path", found->first), WebSystem::Meanwhile::Nothing);
-        if (!answer.Has("content")) throw RunTimeError(fault::FileNotFound);
-        found->second.Content = answer.Bytes("content");
-    }
+    if (found == files_.end() || !Fetch(found->first, found->second)) throw RunTimeError(fault::FileNotFound);
     if (found->second.Content->size() > LargestText) throw RunTimeError(fault::PathFileAccess);
     return *found->second.Content;
 }

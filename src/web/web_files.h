@@ -42,6 +42,7 @@ private:
         std::optional<std::tm> Written;
         bool Aside = false;
     };
+    bool Fetch(const std::string& path, File& file);
     void Keep(const std::string& path, const std::string* content);
 
     WebSystem& system_;

@@ -37,6 +37,12 @@ void WebPlatform::Show(Form& form) {
     windows_.push_back(std::make_unique<WebFormView>(context_, form, Screen, Screen.Edges()));
 }
 
+void WebPlatform::FillPage(const Form& form) {
+    for (const auto& window : windows_) {
+        if (&window->Window() == &form) window->FillPage();
+    }
+}
+
 void WebPlatform::Run() {
     while (!System.Ended()) System.Turn(untilAnything);
     Page.TellChanges();

@@ -58,6 +58,7 @@ TEST(WebPage, TheMainWindowFillsThePageAndIsNeverTooSmallForItsControls) {
               "15000 9000 Maximised 0");
     EXPECT_EQ(StartOn(20490, 11520, R"({"on":"resize","id":1,"width":20000,"height":11000})"),
               "20000 11000 Maximised 0");
+    EXPECT_EQ(StartOn(20490, 11520, R"({"on":"state","id":1,"state":"Normal"})"), "20490 11520 Maximised 0");
     // A phone.
     EXPECT_EQ(StartOn(5850, 12600), "11800 12600 Maximised 0");
     EXPECT_EQ(StartOn(12600, 5850), "12600 6000 Maximised 0");
@@ -121,30 +122,41 @@ TEST(WebPage, AnEditIsThereAgainWhenThePageComesBackASecondLater) {
     EXPECT_TRUE(again.Session->Workbench.Store.Unsaved());
 }
 
-TEST(WebPage, AProgramThatAnAddressBringsOverwritesNothingUnasked) {
-    const std::string content = JsonOf(FileText("F1", {{"92", "  2000", "", "   500", "", "<b>x"}, {"M30"}}));
+TEST(WebPage, APageThatGoesHasItsSettingsAndTheFileOfLastTime) {
     WebPageFixture page;
-    page.Page.SayHello(R"("name":"../a<b>.cnc","content":)" + content);
     page.Start();
-    const ProgramStore& store = page.Session->Workbench.Store;
-    EXPECT_EQ(store.LineCount(), 2);
-    EXPECT_EQ(page.Page.Shown("frmMain", "Caption"), "Kestrel Vise Toolkit - a<b>.cnc");
-    EXPECT_TRUE(page.Page.Stored.count("/files/a<b>.cnc") == 0);
-    page.Advance(1000);
-    page.Do("menu", "mnuSaveAs");
-    EXPECT_EQ(page.Page.SentOf("save").size(), 1U) << page.Page.Shown("mnuSave", "Enabled");
-    EXPECT_TRUE(page.Page.SentOf("saveFile").empty());
-    // Unsaved work is asked about.
-    page.Do("edit", "txtFileNotes", R"("text":"Mine")");
+    page.Open("last.cnc", FileText("F1", {{"92", "  2000", "", "   500", "", "Last"}, {"M30"}}));
+    page.Page.Say(R"({"on":"unload"})");
+    page.Serve();
+    std::string stored = "\"/files/last.cnc\":null";
+    for (const auto& [path, content] : page.Page.Stored) stored += "," + JsonOf(path) + ":" + JsonOf(content);
+    for (const bool granted : {true, false}) {
+        WebPageFixture again;
+        again.Page.SayHello("\"stored\":{" + stored + "}");
+        const std::string content =
+            JsonOf(FileText("F1", {{"92", "  2000", "", "   500", "", "Last"}, {"M30"}}));
+        again.Page.Answers.emplace("read", granted ? "\"content\":" + content : "\"missing\":true");
+        again.Start();
+        EXPECT_EQ(again.Session->Workbench.Store.LineCount(), granted ? 2 : 0);
+        EXPECT_TRUE(again.Page.SentOf("message").empty());
+    }
+}
+
+TEST(WebPage, WhatAnAddressBringsLeavesUnsavedWorkAndNamesNoPath) {
+    WebPageFixture page;
+    page.Start();
+    page.Type("G00\r1900\r100\rUp\r");
+    const std::string brought =
+        R"({"on":"brought","name":"../a<b>.cnc","content":)" + JsonOf(FileText("F1", {{"M30"}})) + "}";
     page.Page.Answers.emplace("message", R"("value":"Cancel")");
-    page.Page.Say(R"({"on":"brought","name":"b.cnc","content":"%\r\n    N G\r\n   M\r\n"})");
+    page.Page.Say(brought);
     page.Serve();
     EXPECT_EQ(page.Page.SentOf("message").size(), 1U);
-    EXPECT_EQ(page.Control("txtFileNotes"), "Mine");
-    page.Page.Say(R"({"on":"link"})");
+    EXPECT_EQ(std::string(page.Session->Workbench.Store.lvCncProgram.Row(1)[column::Comment]), "Up");
+    page.Page.Answers.emplace("message", R"("value":"No")");
+    page.Page.Say(brought);
     page.Serve();
-    EXPECT_NE(PageEvent(page.Page.SentOf("link").back()).Bytes("content").find("Mine\r\n%"),
-              std::string::npos);
+    EXPECT_EQ(page.Page.Shown("frmMain", "Caption"), "Kestrel Vise Toolkit - a<b>.cnc");
 }
 
 }  // namespace

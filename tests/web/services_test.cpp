@@ -81,16 +81,50 @@ TEST(WebFiles, AProgramIsOpenedChangedAndSavedBack) {
 
 TEST(WebFiles, WhatThePageHasKeptIsThereAgainAndReadWhenItIsNeeded) {
     WebPageFixture page;
-    page.Page.SayHello(R"("stored":{"/data/a":"é","/files/b.cnc":null},"share":{"/share/c":"C"})");
+    page.Page.SayHello(R"("stored":{"/data/a":"é","/files/b.cnc":null},"share":{"/share/c":"C"},
+        "times":{"/data/a":"86400","/share/c":"1x","/data/other":"1"})");
     page.Start();
     WebFiles& files = page.Session->Platform.Files;
+    EXPECT_EQ(files.WrittenAt("/data/a").value_or(std::tm{}).tm_year, 70);
+    EXPECT_FALSE(files.WrittenAt("/share/c") || files.WrittenAt("/data/other"));
     EXPECT_EQ(files.ReadWhole("/data/a"), "\xE9");
     EXPECT_EQ(files.ReadWhole("/share/c"), "C");
-    EXPECT_TRUE(files.Exists("/files/b.cnc"));
+    // What its user does not agree to now may be had later.
+    page.Page.Answers.emplace("read", R"("missing":true)");
+    EXPECT_FALSE(files.Exists("/files/b.cnc"));
     page.Page.Answers.emplace("read", R"("missing":true)");
     EXPECT_EQ(ErrorOf([&] { files.ReadWhole("/files/b.cnc"); }), fault::FileNotFound);
     page.Page.Answers.emplace("read", R"("content":"B")");
     EXPECT_EQ(files.ReadWhole("/files/b.cnc"), "B");
+}
+
+// What an address of the page brings has a name and no file, so that no save goes over one; another's unsaved program is
+// given up by its user alone.
+TEST(WebFiles, AnAddressBringsAProgramAndTakesOne) {
+    const std::string program = FileText("MK4", {{"92", "  2000", "", "   500"}, {"M30"}});
+    WebPageFixture page;
+    page.Page.SayHello(R"("name":"a.cnc","content":)" + JsonOf(program) +
+                       R"(,"share":{"/share/samples/b.cnc":)" + JsonOf(program) + "}");
+    page.Start();
+    EXPECT_EQ(page.Page.Shown("lblPath", "Caption"), "/files/a.cnc");
+    page.Page.Say(R"({"on":"link"})");
+    page.Serve();
+    const PageEvent link(page.Page.SentOf("link").at(0));
+    EXPECT_EQ(link.Raw("name"), "a.cnc");
+    EXPECT_EQ(link.Bytes("content"), program);
+    page.Do("edit", "txtFileNotes", R"("text":"Note")");
+    page.Advance(1000);
+    page.Page.Answers.emplace("message", R"("value":"No")");
+    page.Page.Sent.clear();
+    page.Page.Say(R"({"on":"brought","name":"b.cnc","file":"/share/samples/b.cnc"})");
+    page.Serve();
+    EXPECT_EQ(page.Page.SentOf("message").size(), 1U);
+    EXPECT_EQ(page.Page.Shown("lblPath", "Caption"), "/files/b.cnc");
+    page.Do("edit", "txtFileNotes", R"("text":"Note")");
+    page.Advance(1000);
+    page.Do("menu", "mnuSave");
+    EXPECT_EQ(page.Page.SentOf("save").size(), 1U);
+    EXPECT_TRUE(page.Page.SentOf("saveFile").empty());
 }
 
 TEST(WebPort, LinesLeaveAtTheirPaceAndSettingsWaitForThem) {
@@ -119,8 +153,14 @@ TEST(WebPort, LinesLeaveAtTheirPaceAndSettingsWaitForThem) {
     page.Page.Say(R"({"on":"port","data":"aÿ"})");
     page.Serve();
     EXPECT_EQ(port.Input(), "a\xFF");
-    // Unplugged in mid-line.
+    // Nothing is under way: what comes next goes with the settings chosen for it.
+    port.SetSettings("300,N,8,1");
+    page.Page.Sent.clear();
     port.Output("N00");
+    ASSERT_EQ(page.Page.Sent.size(), 2U);
+    EXPECT_EQ(PageEvent(page.Page.Sent[0]).Raw("do"), "portSettings");
+    EXPECT_EQ(PageEvent(page.Page.Sent[1]).Raw("do"), "portWrite");
+    // Unplugged in mid-line.
     page.Page.Say(R"({"on":"port","vanished":true})");
     page.Serve();
     EXPECT_EQ(events, "123");
