@@ -24,7 +24,10 @@ self.addEventListener('fetch', (event) => {
     if (request.method !== 'GET' || new URL(request.url).origin !== location.origin) return;
     const answer = async () => {
         const cache = await caches.open(cacheName);
-        return (await cache.match(request, { ignoreSearch: true })) ?? fetch(request);
+        const kept = await cache.match(request, { ignoreSearch: true });
+        if (kept) return kept;
+        // The page under another of its names.
+        return fetch(request).catch(async () => (request.mode === 'navigate' ? cache.match('./') : Response.error()));
     };
     event.respondWith(answer());
 });

@@ -142,20 +142,17 @@ TEST(WebPage, APageThatGoesHasItsSettingsAndTheFileOfLastTime) {
     }
 }
 
-TEST(WebPage, WhatAnAddressBringsLeavesUnsavedWorkAndNamesNoPath) {
+TEST(WebPage, WhatAnAddressBringsAsksForUnsavedWorkAndNamesNoPath) {
     WebPageFixture page;
     page.Start();
     page.Type("G00\r1900\r100\rUp\r");
-    const std::string brought =
-        R"({"on":"brought","name":"../a<b>.cnc","content":)" + JsonOf(FileText("F1", {{"M30"}})) + "}";
-    page.Page.Answers.emplace("message", R"("value":"Cancel")");
-    page.Page.Say(brought);
+    page.Page.Answers.emplace("message", R"("value":"Yes")");
+    page.Page.Answers.emplace("save", R"("name":"mine.cnc")");
+    page.Page.Say(R"({"on":"brought","name":"../a<b>.cnc","content":)" + JsonOf(FileText("F1", {{"M30"}})) +
+                  "}");
     page.Serve();
     EXPECT_EQ(page.Page.SentOf("message").size(), 1U);
-    EXPECT_EQ(std::string(page.Session->Workbench.Store.lvCncProgram.Row(1)[column::Comment]), "Up");
-    page.Page.Answers.emplace("message", R"("value":"No")");
-    page.Page.Say(brought);
-    page.Serve();
+    EXPECT_NE(page.Page.Stored["/files/mine.cnc"].find("Up"), std::string::npos);
     EXPECT_EQ(page.Page.Shown("frmMain", "Caption"), "Kestrel Vise Toolkit - a<b>.cnc");
 }
 

@@ -2,6 +2,7 @@
 // otherwise by choosing and downloading. Contents are bytes, as texts of the characters 0 to 255.
 
 import { ask } from './boxes.js';
+import { notice } from './notices.js';
 import { handles } from './storage.js';
 import { make } from './views/view.js';
 
@@ -43,6 +44,12 @@ function typesOf(filter) {
 async function remember(handle) {
     open.set(handle.name, handle);
     await handles.put(handle.name, handle);
+}
+
+// One that came without a handle: another file of its name must not be written in its place.
+async function forget(name) {
+    open.delete(name);
+    await handles.remove(name);
 }
 
 // The names of the files that can be opened again.
@@ -92,9 +99,10 @@ export async function openFile(stage, { ask: number, filter }) {
     let answer = { cancelled: true };
     try {
         const file = await inClick(stage, stage.text('chooseFile'), () => choose(filter));
+        if (file && !window.showOpenFilePicker) await forget(file.name);
         if (file) answer = { name: file.name, content: await contentOf(file) };
     } catch (fault) {
-        if (fault.name !== 'AbortError') answer = { cancelled: true };
+        if (fault.name !== 'AbortError') notice(stage, stage.text('unreadable'));
     }
     stage.reply(number, answer);
 }
@@ -181,7 +189,7 @@ export async function readFile(stage, { ask: number, path }) {
     }
 }
 
-// Files that are dropped on the page.
+// Files that are dropped on the page, and those that the system opens with it where it is installed.
 export function followDrops(stage) {
     document.addEventListener('dragover', (event) => {
         if (event.dataTransfer.types.includes('Files')) event.preventDefault();
@@ -194,9 +202,17 @@ export function followDrops(stage) {
         const [item] = [...event.dataTransfer.items].filter((one) => one.kind === 'file');
         const file = item?.getAsFile();
         const handle = await item?.getAsFileSystemHandle?.().catch(() => null);
-        if (!file || !form || handle?.kind === 'directory') return;
-        if (handle) await remember(handle);
-        const content = await contentOf(file).catch(() => null);
-        if (content !== null) stage.link.send({ on: 'drop', form: form.id, name: file.name, content });
+        if (file && form && handle?.kind !== 'directory') await bring(stage, file, handle, form.id);
     });
+    window.launchQueue?.setConsumer(async ({ files: [handle] = [] }) => {
+        if (handle) await bring(stage, await handle.getFile(), handle, 0);
+    });
+}
+
+async function bring(stage, file, handle, form) {
+    if (handle) await remember(handle);
+    else await forget(file.name);
+    const content = await contentOf(file).catch(() => null);
+    if (content === null) notice(stage, stage.text('unreadable'));
+    else stage.link.send({ on: 'drop', form, name: file.name, content });
 }

@@ -52,7 +52,7 @@ function follow(stage, share) {
     });
 }
 
-function handlers(stage, { store, share, serial, panel }) {
+function handlers(stage, { store, share, serial }) {
     stage.handle({
         message: (task) => message(stage, task),
         color: (task) => color(stage, task),
@@ -69,9 +69,7 @@ function handlers(stage, { store, share, serial, panel }) {
         portClose: (task) => serial.close(task),
         portSettings: (task) => serial.change(task),
         portWrite: (task) => serial.write(task),
-        machine: (task) => panel.take(task),
         link: (task) => copyLink(stage, task),
-        notice: (task) => notice(stage, task.text),
         picture: (folder, name) => pictureOf(share, folder + name),
         beep: () => {},
         end: () => ended(stage),
@@ -121,12 +119,12 @@ async function start() {
     const serial = new Serial(stage, panel);
     panel.line = serial;
     const [share, { files, times, store, problem }] = await Promise.all([bundle(), openStorage()]);
-    handlers(stage, { store, share, serial, panel });
+    handlers(stage, { store, share, serial });
     addTools(stage, { panel, serial });
-    followDrops(stage);
     followTips();
     stage.link.send(await hello(stage, { files, times, problem, share, serial }));
     follow(stage, share);
+    followDrops(stage);
     tellSerial(stage);
     if (problem) notice(stage, stage.text(problem), { stays: true });
     window.addEventListener('error', (event) => isFatal(event.error) && stopped(stage));

@@ -87,7 +87,7 @@ export class FrameView extends View {
     fit() {
         const { Lead: lead = '', Caption: caption = '', Width: width = 0 } = this.properties;
         const text = lead && caption ? `${lead} \u00B7 ${caption}` : lead + caption;
-        this.caption.textContent = fitted(text, pixels(width) - leastEdge - pixels(120));
+        this.caption.textContent = fitted(text, pixels(width) - leastEdge);
         this.element.classList.toggle('captioned', text !== '');
     }
 }
