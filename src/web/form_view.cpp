@@ -85,8 +85,21 @@ void WebFormView::FillArea() {
     WindowPlace place = *form_.AreaToFill();
     place.Width -= edges_.Width - form_.EdgeWidth;
     place.Height -= edges_.Height - form_.EdgeHeight;
+    part_ = *form_.AreaToFill();
     form_.SetRestoredPlace(place);
     hasPart_ = true;
+    partOf_ = {screen_.Height(), 0, 0, screen_.Width()};
+}
+
+void WebFormView::TakePart() {
+    const auto share = [](int place, int of, int now) {
+        return of > 0 ? static_cast<int>(1LL * place * now / of) : place;
+    };
+    const int left = share(part_.Left, partOf_.Width, screen_.Width());
+    const int right = share(part_.Left + part_.Width, partOf_.Width, screen_.Width());
+    const int top = share(part_.Top, partOf_.Height, screen_.Height());
+    const int bottom = share(part_.Top + part_.Height, partOf_.Height, screen_.Height());
+    TakeField(right - left - edges_.Width, bottom - top - edges_.Height, {0, left, top, 0});
 }
 
 void WebFormView::FillPage() {
@@ -114,6 +127,7 @@ void WebFormView::Put(const WindowPlace& place) {
 void WebFormView::FollowScreen() {
     if (form_.State == WindowState::Maximised)
         TakeField(screen_.Width() - edges_.Width, screen_.Height() - edges_.Height, {});
+    if (form_.State == WindowState::Normal && hasPart_) TakePart();
 }
 
 void WebFormView::TellResize() {
@@ -143,6 +157,7 @@ void WebFormView::Take(const PageEvent& event) {
     if (event.Is("resize")) {
         TakeField(event.Number("width"), event.Number("height"), {0, form_.Left, form_.Top, 0});
     } else if (event.Is("place")) {
+        hasPart_ = false;
         form_.Left = event.Number("left");
         form_.Top = event.Number("top");
     } else if (event.Is("state")) {

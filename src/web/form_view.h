@@ -20,7 +20,7 @@ public:
     Form& Window() const { return form_; }
     // It fills the page from now on, unless it is given a part of it.
     void FillPage();
-    // A maximised window takes the size of a page that has another one.
+    // A maximised window takes the size of a page that has another one, and one that has a part of the page its share.
     void FollowScreen();
     // A file was dropped on it.
     void Drop(const std::string& path);
@@ -38,6 +38,7 @@ private:
     void TakeState(const PageEvent& event);
     void Show();
     void FillArea();
+    void TakePart();
     void FillPageSoon();
 
     Form& form_;
@@ -47,6 +48,7 @@ private:
     bool putting_ = false;
     bool fillsPage_ = false;
     bool hasPart_ = false;
+    WindowPlace part_ = {}, partOf_ = {};  // the part that it was given, and the page then
 };
 
 }  // namespace kvt

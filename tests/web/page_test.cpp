@@ -66,6 +66,35 @@ TEST(WebPage, TheMainWindowFillsThePageAndIsNeverTooSmallForItsControls) {
               "12600 6000 Maximised 0");
 }
 
+TEST(WebPage, WindowsBesideEachOtherShareAPageThatGetsAnotherSize) {
+    WebPageFixture page;
+    page.Page.SayHello(R"("width":36000,"height":15000)");
+    page.Start();
+    page.Open("a.cnc", FileText("MK4", {{"92", "  2000", "", "   500"}, {"M30"}}));
+    page.Advance(1000);
+    page.Do("menu", "mnuDraw");
+    page.Do("menu", "mnuBeside");
+    const auto shown = [&](const char* form, const char* what) {
+        return std::stoi(page.Page.Shown(form, what));
+    };
+    const int edge = 180;  // what the drawing reckons for edges that its window in the page does not have
+    const int middle = shown("frmDraw", "Left");
+    EXPECT_GT(middle, 0);
+    EXPECT_EQ(shown("frmMain", "Width"), middle);
+    EXPECT_EQ(middle + shown("frmDraw", "Width") - edge, 36000);
+    page.Page.Say(R"({"on":"screen","width":24000,"height":12000})");
+    page.Serve();
+    EXPECT_EQ(shown("frmDraw", "Left"), middle * 2 / 3);
+    EXPECT_EQ(shown("frmDraw", "Left") + shown("frmDraw", "Width") - edge, 24000);
+    EXPECT_EQ(shown("frmMain", "Height"), 12000);
+    // One that its user has put elsewhere stays there.
+    page.Page.Say(R"({"on":"place","form":)" + std::to_string(page.Page.NumberOf("frmDraw")) +
+                  R"(,"left":500,"top":500})");
+    page.Page.Say(R"({"on":"screen","width":30000,"height":12000})");
+    page.Serve();
+    EXPECT_EQ(shown("frmDraw", "Left"), 500);
+}
+
 TEST(WebPage, WindowsComeToTheFrontAndGoBackWithTheKeys) {
     WebPageFixture page;
     page.Start();
