@@ -4,7 +4,7 @@ import assert from 'node:assert/strict';
 import * as fs from 'node:fs';
 
 import { shownOf } from './story_state.mjs';
-import { Workbench } from './workbench.mjs';
+import { sample, Workbench } from './workbench.mjs';
 
 export class NoWay extends Error {}
 const noWay = (why) => {
@@ -106,6 +106,12 @@ export class Story {
         return true;
     }
 
+    // A file of the user, in the folder of the played dialogs.
+    async putFile(name, text) {
+        if (this.bench) await this.bench.put(name, text);
+        else this.files.push([name, text]);
+    }
+
     // As a file that is opened from the folder of the desktop.
     async openFirst(name) {
         if (name.startsWith('samples/')) await this.bench.open(name.slice(8));
@@ -180,6 +186,8 @@ export class Story {
         async file(rest) {
             const name = rest.trim() === 'cancel' ? null : nameOf(rest);
             if (/[/$]/.test(name ?? '')) noWay('a folder of the user');
+            const from = /samples\/(\w+\.cnc)/.exec(rest);
+            if (from) await this.putFile(from[1], sample(from[1]));
             if (this.bench) await this.bench.picks(name);
             else this.queued.push(name);
         },
@@ -191,10 +199,8 @@ export class Story {
                 this.kept.push([`kvt:${path}`, text]);
             } else if (/[/$]/.test(nameOf(name))) {
                 noWay('a folder of the user');
-            } else if (this.bench) {
-                await this.bench.put(nameOf(name), text);
             } else {
-                this.files.push([nameOf(name), text]);
+                await this.putFile(nameOf(name), text);
             }
         },
         async colour(rest) {
