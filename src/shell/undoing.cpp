@@ -111,6 +111,7 @@ void Undoing::Show(const ProgramHistory::Move& move) {
 void Undoing::EmptyEntryRow() {
     parts_.Lists.Unselect();
     parts_.Layout.ClearEntryFields();
+    parts_.Entry.lblGMcode.Caption = "G";
     parts_.Layout.UpdateFrameCaption();
     ForgetFieldEdits();
 }
