@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Installs those packages of tools/packages.txt that this machine lacks.
 #
-# Usage: tools/install_packages.sh [--yes] [build|check]
+# Usage: tools/install_packages.sh [--yes] [build|check|web]
 #   build   only the packages that building and running need; without it those of the tests too
 #   check   those of the further checks of .ci/run besides, which do without what is not there
+#   web     those of the browser page, its building and its tests, and what building needs
 #   --yes   uses sudo, where it needs it, without asking
 # Whoever is not root is asked before sudo is used; where nobody can answer, it tells what is missing and ends.
 set -euo pipefail
@@ -13,9 +14,9 @@ group=test
 sure=no
 for word; do
     case $word in
-        build | check) group=$word ;;
+        build | check | web) group=$word ;;
         --yes) sure=yes ;;
-        *) echo "usage: tools/install_packages.sh [--yes] [build|check]" >&2; exit 2 ;;
+        *) echo "usage: tools/install_packages.sh [--yes] [build|check|web]" >&2; exit 2 ;;
     esac
 done
 
@@ -24,7 +25,8 @@ names() {
     case $group in
         build) sed '/^# \[test\]/,$d' "$here/packages.txt" ;;
         test) sed '/^# \[check\]/,$d' "$here/packages.txt" ;;
-        check) cat "$here/packages.txt" ;;
+        check) sed '/^# \[web\]/,$d' "$here/packages.txt" ;;
+        web) sed '/^# \[test\]/,/^# \[web\]/d' "$here/packages.txt" ;;
     esac | sed -e 's/#.*//' -e 's/[[:space:]]//g' -e '/^$/d'
 }
 mapfile -t wanted < <(names)
@@ -39,6 +41,8 @@ installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' "${wanted[@]}" 2
     true
 missing=()
 for name in "${wanted[@]}"; do
+    # npm may have come with a node from elsewhere, and Debian's does not go with that.
+    [ "$name" != npm ] || ! command -v npm > /dev/null || continue
     grep -qxF -- "$name" <<<"$installed" || missing+=("$name")
 done
 [ ${#missing[@]} -gt 0 ] || exit 0

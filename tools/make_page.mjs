@@ -41,11 +41,18 @@ function bundle() {
     return JSON.stringify(share);
 }
 
+// A script or style without what only its readers need: indentation, and comments that have lines of their own.
+function lean(content) {
+    const lines = content.toString().replace(/^\s*\/\*[^]*?\*\/\s*$/gm, '').split('\n').map((line) => line.trim());
+    return Buffer.from(lines.filter((line) => line && !line.startsWith('//')).join('\n'));
+}
+
 function pageFiles() {
     const files = new Map();
     const web = path.join(root, 'web');
     for (const file of filesBelow(web)) {
-        files.set(file, fs.readFileSync(path.join(web, file)));
+        const content = fs.readFileSync(path.join(web, file));
+        files.set(file, /\.(js|css)$/.test(file) ? lean(content) : content);
     }
     for (const folder of [webBin, fastBin ?? webBin]) {
         for (const file of fs.readdirSync(folder)) {

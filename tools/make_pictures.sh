@@ -39,5 +39,24 @@ take 1366x768 1366x768 1 drawing
 take 1920x1080 150_percent 1.5 drawing
 take 1366x768 1366x768 1 help
 take 1366x768 1366x768 1 german
+
+# As a desktop with another font shows the windows, and one that is dark as well: the toolkit reads both from this file.
+desk() { # prefix
+    XDG_CURRENT_DESKTOP=KDE KDE_SESSION_VERSION=5 XDG_CONFIG_HOME="$desktop" take 1366x768 "$1" 0 desk
+}
+group() { # name, background, text
+    printf '[Colors:%s]\nBackgroundNormal=%s\nBackgroundAlternate=%s\nForegroundNormal=%s\n' "$1" "$2" "$2" "$3"
+}
+desktop=$(mktemp -d)
+trap 'rm -rf "$desktop"' EXIT
+printf '[General]\nfont=Cantarell,11,-1,5,50,0,0,0,0,0\n' > "$desktop/kdeglobals"
+desk 1366x768_cantarell
+{
+    for name in Button Window Tooltip; do group $name 49,54,59 239,240,241; done
+    group View 35,38,41 239,240,241
+    group Selection 61,174,233 239,240,241
+} >> "$desktop/kdeglobals"
+desk 1366x768_dark_cantarell
+
 rm -f docs/pictures/film/*.png
 take 1100x760 mk2_knob 1 film film

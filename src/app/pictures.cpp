@@ -1,6 +1,7 @@
 // Takes pictures of the windows for the documents: kvt_pictures FOLDER PREFIX [SCALE [WHAT]], on a display of its own.
-// WHAT is "editor", "drawing" for the drawing of each machine on black and on white, "help", "german", or "film" for the pictures of a
-// drawing that grows step by step.
+// WHAT is "editor", "drawing" for the drawing of each machine on black and on white, "help", "german", "desk" for one picture
+// of each view as another desktop shows it, or "film" for the pictures of a drawing that grows step by step. SCALE 0 is
+// that of the desktop's font on the screen.
 
 #include <unistd.h>
 
@@ -16,6 +17,7 @@
 #include <utility>
 #include <vector>
 
+#include "basic/line_end.h"
 #include "console/played_machine.h"
 #include "desktop/desktop_platform.h"
 #include "desktop/form_view.h"
@@ -28,7 +30,9 @@ namespace {
 class Photographer {
 public:
     Photographer(QString folder, QString prefix, double scale)
-        : folder_(std::move(folder)), prefix_(std::move(prefix)), platform_(files_, programs_, scale) {
+        : folder_(std::move(folder)),
+          prefix_(std::move(prefix)),
+          platform_(files_, programs_, FontFor(scale)) {
         qputenv("XDG_DATA_HOME", data_.path().toLocal8Bit());
         workbench_ = std::make_unique<kvt::Workbench>(platform_.Services);
         workbench_->Help.StartFolder = QCoreApplication::applicationDirPath().toStdString() + "/";
@@ -120,6 +124,22 @@ public:
         Save("german_draw");
     }
 
+    // One picture of each view.
+    void TakeDesk() {
+        Open("mk4_fault_quadrant");
+        Save("editor");
+        workbench_->Main.mnuGeneral.Click();
+        Save("settings");
+        workbench_->Modes.cmdReturn_Click();
+        workbench_->Help.mnuHelpText_Click();
+        Save("help");
+        workbench_->Modes.cmdReturn_Click();
+        ShowDrawing("f1_lid");
+        Save("draw");
+        workbench_->Draw.Controls.mnuDistinctColors.Click();
+        Save("draw_clear_colors");
+    }
+
     // A picture for each step that has drawn something.
     void TakeFilm() {
         kvt::DrawWindow& draw = workbench_->Draw;
@@ -150,6 +170,10 @@ private:
     static constexpr int menuBar = 330;  // twips
     static constexpr int stepsAFrame = 4;
 
+    static kvt::FormFont FontFor(double scale) {
+        return scale > 0 ? kvt::FontForFactor(QApplication::font(), scale)
+                         : kvt::DesktopPlatform::FontOfScreen({kvt::SmallestWidth, kvt::LeastHeight});
+    }
     void Open(const char* name) {
         workbench_->Store.ProgramChanged = false;
         std::string file = std::string(KVT_SOURCE_DIR "/samples/") + name + ".cnc";
@@ -160,8 +184,9 @@ private:
     void TakeTransfer() {
         Open("mk4_bolt");
         const std::string program = workbench_->Writer.GenerateAll();
-        const std::size_t begins = program.find("%\r\n") + 3;
-        const std::string part = program.substr(begins, program.find("\r\n", begins + 800) + 2 - begins);
+        const std::size_t begins = program.find("%" + std::string(kvt::LineEnd)) + 3;
+        const std::string part =
+            program.substr(begins, program.find(kvt::LineEnd, begins + 800) + kvt::LineEnd.size() - begins);
         if (write(line_.Handle(), part.data(), part.size()) != static_cast<ssize_t>(part.size()))
             failed_ = true;
         QTest::qWait(500);
@@ -228,7 +253,8 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() < 3) {
-        std::fputs("usage: kvt_pictures FOLDER PREFIX [SCALE [editor|drawing|help|german|film]]\n", stderr);
+        std::fputs("usage: kvt_pictures FOLDER PREFIX [SCALE [editor|drawing|help|german|desk|film]]\n",
+                   stderr);
         return 2;
     }
     Photographer photographer(arguments[1], arguments[2], arguments.value(3, QStringLiteral("1")).toDouble());
@@ -237,6 +263,7 @@ int main(int argc, char** argv) {
     if (what == QLatin1String("drawing")) photographer.TakeDrawings();
     if (what == QLatin1String("help")) photographer.TakeHelp();
     if (what == QLatin1String("german")) photographer.TakeGerman();
+    if (what == QLatin1String("desk")) photographer.TakeDesk();
     if (what == QLatin1String("film")) photographer.TakeFilm();
     return photographer.Failed() ? 1 : 0;
 }

@@ -1,22 +1,63 @@
 #include "app/web_session.h"
 
-#include "basic/run_time_error.h"
+#include "basic/text.h"
+#include "files/folders.h"
 
 namespace kvt {
 
-int NoPrograms::Start(std::string_view, std::string_view) { throw RunTimeError(fault::FileNotFound); }
+namespace {
 
-WebSession::WebSession(PageLink& link) : Platform(link, programs_), Workbench(Platform.Services) {}
+// Where what an address of the page has brought stands; nothing is ever saved there.
+constexpr const char* linkFolder = "/link/";
+
+}  // namespace
+
+WebSession::WebSession(PageLink& link) : Platform(link, programs_), Workbench(Platform.Services) {
+    programs_.UseFiles(Platform.Files);
+}
 
 void WebSession::Start() {
     InstallResetCopies(Platform.Files, Platform.System.LocalDataFolder());
     Workbench.Help.StartFolder = "/share/";
+    programs_.Install(FoldersBelow(Platform.System.LocalDataFolder()).PreProcessorFolder);
     Workbench.Form_Load({});
     if (Platform.System.Ended()) return;
     // The page is its window.
     Workbench.frmMain.State = WindowState::Maximised;
     for (Form* form : Workbench.Forms()) Platform.Show(*form);
+    Platform.FillPage(Workbench.frmMain);
     Platform.Focus.TellAgain();
+    Platform.OnOther["brought"] = [this](const PageEvent& event) { TakeBrought(event); };
+    Platform.OnOther["link"] = [this](const PageEvent&) { GiveProgram(); };
+    // A page goes without a word, or is hidden and then forgotten.
+    Platform.OnOther["unload"] = [this](const PageEvent&) { Workbench.KeepSettings(); };
+    Platform.OnOther["hidden"] = [this](const PageEvent& event) {
+        if (event.Flag("hidden")) Workbench.KeepSettings();
+    };
+    if (Platform.Hello().Has("name")) TakeBrought(Platform.Hello());
+}
+
+// It comes as a sample does: with a name, and no file that a save could write over. Not while the program must stay.
+void WebSession::TakeBrought(const PageEvent& event) {
+    if (Workbench.Port.IsSending || Workbench.Transfer.frRXcode.Visible) return;
+    const std::string name(ExtractFileName(event.Path("name")));
+    std::string path = event.Path("file");
+    if (path.empty()) {
+        path = linkFolder + name;
+        Platform.Files.PutAside(path, event.Bytes("content"));
+    }
+    LoadAs as;
+    as.Name = Platform.System.DocumentsFolder() + "/" + name;
+    as.FromSource = true;
+    Workbench.Reader.LoadFile(path, as);
+    kvt::Run(Workbench.Calls.RefreshTitle);
+}
+
+void WebSession::GiveProgram() {
+    Message message("link");
+    message.Shown("name", ExtractFileName(Workbench.File.lblPath.Caption));
+    message.Bytes("content", Workbench.Writer.GenerateAll());
+    Platform.Page.Send(message);
 }
 
 }  // namespace kvt

@@ -1,19 +1,10 @@
 #pragma once
 
+#include "app/web_programs.h"
 #include "shell/workbench.h"
 #include "web/web_platform.h"
 
 namespace kvt {
-
-// No other programs can be started from a page.
-class NoPrograms : public ProgramService {
-public:
-    int Start(std::string_view commandLine, std::string_view file) override;
-    bool HasEnded(int) override { return true; }
-    bool WasCutOff(int) override { return false; }
-    void End(int) override {}
-    bool Launch(std::string_view) override { return false; }
-};
 
 // The workbench in a page: the rooms on the half of the platform that talks with it.
 class WebSession {
@@ -27,7 +18,12 @@ public:
     void Run() { Platform.Run(); }
 
 private:
-    NoPrograms programs_;
+    // A program that the page's address has brought, a sample or its text: asks before it takes an unsaved one's place.
+    void TakeBrought(const PageEvent& event);
+    // The program's text, for the page to make an address of.
+    void GiveProgram();
+
+    WebPrograms programs_;
 
 public:
     WebPlatform Platform;

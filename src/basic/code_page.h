@@ -10,7 +10,7 @@ namespace kvt {
 std::string ToUtf8(std::string_view text);
 void AppendUtf8(std::string_view text, std::string& out);
 
-// The same for a caption or a message, in which file names may stand: the bytes of a name that the code page does not
+// The same for a caption or a message, which may contain file names: the bytes of a name that the code page does not
 // hold are UTF-8 already, and stay.
 std::string ShownToUtf8(std::string_view text);
 

@@ -10,7 +10,7 @@ namespace kvt {
 // To the digits that the arcs and times of the machines are worked out with.
 inline constexpr double Pi = 3.14159265358979;
 
-// The longest numeric beginning: blanks, tabs and line ends are skipped wherever they stand, then an optional
+// The longest numeric beginning: blanks, tabs and line ends are skipped wherever they are, then an optional
 // sign, digits, at most one point. 0 for nothing numeric; a number beyond every float is error 6.
 double Val(std::string_view text);
 

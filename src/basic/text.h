@@ -42,7 +42,7 @@ std::vector<std::string_view> Split(std::string_view text, std::string_view deli
 std::string Replace(std::string_view text, std::string_view find, std::string_view replacement,
                     std::ptrdiff_t start = 1, int count = -1, Compare compare = Compare::Exact);
 
-// What stands after the last folder separator ("\" and "/" both separate).
+// What follows the last folder separator ("\" and "/" both separate).
 std::string_view ExtractFileName(std::string_view path);
 // The name without the part after its last point, and without the point.
 std::string_view RemoveExtension(std::string_view name);

@@ -184,7 +184,7 @@ UsageOption OptionAsUsage(const CLI::Option& option) {
     return usage;
 }
 
-// Options of an app, and the words that stand without one.
+// Options of an app, and the words without one.
 std::vector<UsageOption> OptionsOf(const CLI::App& app, std::string& words) {
     std::vector<UsageOption> options;
     for (const CLI::Option* option : app.get_options()) {

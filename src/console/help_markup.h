@@ -16,7 +16,7 @@ struct HelpFault : Failure {
     int Line;
 };
 
-// What stands between the marks of a block, and what the block's first line says behind its mark.
+// The text between the marks of a block, and what the block's first line says behind its mark.
 struct HelpBlock {
     std::string Head;
     std::vector<std::string> Lines;
@@ -36,7 +36,7 @@ struct HelpInserts {
 // `code` and [links](#name). Throws HelpFault.
 std::string HelpPage(std::string_view text, const HelpInserts& inserts);
 
-// A text (UTF-8) as it stands in HTML: marks and everything above ASCII as references.
+// A text (UTF-8) as HTML has it: marks and everything above ASCII as references.
 std::string HtmlText(std::string_view utf8);
 
 // A table of HTML from texts that are HTML; the first row has the heads.

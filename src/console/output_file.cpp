@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "basic/code_page.h"
+#include "basic/local_time.h"
 #include "basic/number.h"
 #include "console/loaded_file.h"
 #include "files/folders.h"
@@ -36,9 +37,7 @@ std::string WhyNoNewFile(const fs::path& path) {
 
 // "Received 2024-05-01 12.30.05.cnc", where nothing has that name yet.
 std::string NewName(DiskFiles& files, const std::string& folder) {
-    const std::time_t now = std::time(nullptr);
-    std::tm local = {};
-    localtime_r(&now, &local);
+    const std::tm local = LocalNow();
     std::array<char, 64> stamp = {};
     std::strftime(stamp.data(), stamp.size(), "Received %Y-%m-%d %H.%M.%S", &local);
     std::string name = folder + stamp.data();

@@ -7,6 +7,7 @@
 #include "basic/code_page.h"
 #include "basic/installation.h"
 #include "basic/line_end.h"
+#include "basic/local_time.h"
 #include "basic/number.h"
 #include "basic/text.h"
 #include "console/commands.h"
@@ -86,9 +87,7 @@ Reported TooLarge(const std::string& file) {
 }
 
 std::string Now() {
-    const std::time_t now = std::time(nullptr);
-    std::tm local = {};
-    localtime_r(&now, &local);
+    const std::tm local = LocalNow();
     char text[32];
     return {text, std::strftime(text, sizeof text, "%Y-%m-%d %H:%M", &local)};
 }

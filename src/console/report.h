@@ -9,7 +9,7 @@ namespace kvt {
 // the check gives it.
 int Report(const std::vector<std::string>& files, const std::string& out);
 
-// A text as it stands in HTML, whatever it holds; in UTF-8.
+// A text as HTML has it, whatever it holds; in UTF-8.
 std::string EscapedForHtml(std::string_view text);
 
 }  // namespace kvt

@@ -11,7 +11,7 @@ namespace kvt {
 
 // What surrounds a script. What was not given is empty.
 struct ScriptOptions {
-    std::string Data;         // stands for the user's local application data; a folder of the run without it
+    std::string Data;         // in place of the user's local application data; a folder of the run without it
     std::vector<int> Screen;  // width and height in twips
     std::vector<int> WorkArea;  // height in twips
     std::vector<int> Ports;     // how many serial ports open
@@ -23,7 +23,7 @@ struct ScriptOptions {
     void Declare(CLI::App& app);
 };
 
-// Runs a script of user actions, "-" for standard input. Options that stand in the script itself are used where
+// Runs a script of user actions, "-" for standard input. Options in the script itself are used where
 // the call has none. Gives the exit status.
 int RunScript(const std::string& file, const ScriptOptions& options);
 

@@ -12,7 +12,7 @@ namespace kvt {
 
 class ScriptRun;
 
-// One action of the language: its word, how its arguments stand, what it does. A user's action is one that the
+// One action of the language: its word, the form of its arguments, what it does. A user's action is one that the
 // workbench may answer; inside a wait the workbench gets control back after each of them.
 struct ScriptAction {
     std::string_view Word;
@@ -21,7 +21,7 @@ struct ScriptAction {
     bool OfUser = false;
 };
 
-// The actions, and what can stand behind `expect`.
+// The actions, and what can follow `expect`.
 std::span<const ScriptAction> ScriptActions();
 std::span<const ScriptAction> ScriptExpectations();
 // The action of a word; null for an unknown one.

@@ -21,7 +21,7 @@ struct Escape {
 
 constexpr Escape escapes[] = {{'r', '\r'}, {'n', '\n'}, {'t', '\t'}, {'0', '\0'}, {'\\', '\\'}};
 
-// Puts in what escapes and variables stand for. A variable's text is taken as it is.
+// Replaces escapes and variables. A variable's text is taken as it is.
 std::string Expanded(std::string_view text, const Arguments::Variables& variables) {
     std::string result;
     for (std::size_t at = 0; at < text.size();) {
@@ -58,7 +58,7 @@ int WholeNumber(std::string_view word) {
     return number;
 }
 
-// A word that may stand in double quotes, without them.
+// A word, without the double quotes that it may have.
 std::string_view TakeQuotedWord(std::string_view& line) {
     line = WithoutBlanks(line);
     const std::size_t end = line.substr(0, 1) == "\"" ? line.find('"', 1) : std::string_view::npos;

@@ -23,17 +23,17 @@ enum class Arg : std::uint8_t {
     Number,       // a whole number
     MaybeNumber,  // the same, may be missing
     Text,         // all that is left, without the blanks around it; in double quotes with them
-    Line,         // all that is left, as it stands
+    Line,         // all that is left, as it is
 };
 using Shape = std::array<Arg, 4>;
 
 // The arguments of one line, in the order of its shape. Texts are UTF-8.
 class Arguments {
 public:
-    // Names with their texts; "${NAME}" in an argument stands for the text.
+    // Names with their texts; "${NAME}" in an argument is replaced by the text.
     using Variables = std::vector<std::pair<std::string, std::string>>;
 
-    // Reads what stands behind the action; a missing, superfluous or wrong argument is a ScriptError. In words
+    // Reads what follows the action; a missing, superfluous or wrong argument is a ScriptError. In words
     // and texts \r, \n, \t, \0 and \\ are escapes; another backslash stays one.
     Arguments(std::string_view line, const Shape& shape, const Variables& variables);
 

@@ -22,7 +22,7 @@ namespace kvt {
 
 namespace {
 
-// One line of a terminal that is written over and over; nothing where no terminal stands behind it.
+// One line of a terminal that is written over and over; nothing where there is no terminal.
 class ProgressLine {
 public:
     void Show(const std::string& text) {

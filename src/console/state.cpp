@@ -36,7 +36,7 @@ public:
             String(ToUtf8(text));
         }
     }
-    // One in which file names may stand.
+    // One that may contain file names.
     void Shown(std::string_view text) { String(ShownToUtf8(text)); }
     // A file's name, which is UTF-8 as a rule but may be any bytes.
     void Utf8(std::string_view text) { IsUtf8(text) ? String(text) : Text(text); }
@@ -78,7 +78,7 @@ struct Scalar {
 
 using Source = const Workbench&;
 
-// In the order of the object: what stands in front of the rows, and what stands behind them.
+// In the order of the object: what comes before the rows, and what comes after them.
 constexpr Scalar programScalars[] = {
     {"machine", [](Source w) -> PlainValue { return std::string(NameOf(w.Store.Machine)); }},
     {"metric", [](Source w) -> PlainValue { return w.Store.Metric; }},

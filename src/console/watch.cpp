@@ -8,6 +8,7 @@
 
 #include "basic/code_page.h"
 #include "basic/failure.h"
+#include "basic/local_time.h"
 #include "basic/number.h"
 #include "console/listing.h"
 #include "console/loaded_file.h"
@@ -23,9 +24,7 @@ constexpr const char* red = "\x1b[31m";
 constexpr const char* plain = "\x1b[0m";
 
 std::string TimeOfDay() {
-    const std::time_t now = std::time(nullptr);
-    std::tm local = {};
-    localtime_r(&now, &local);
+    const std::tm local = LocalNow();
     char text[16];
     return {text, std::strftime(text, sizeof text, "%H:%M:%S", &local)};
 }

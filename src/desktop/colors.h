@@ -8,7 +8,7 @@
 
 namespace kvt {
 
-// How far two colours stand apart, from 1 for the same one to 21 for black and white. A text needs 4.5 to be read.
+// The contrast of two colours, from 1 for the same one to 21 for black and white. A text needs 4.5 to be read.
 inline constexpr double LeastContrast = 4.5;
 double Contrast(QColor a, QColor b);
 

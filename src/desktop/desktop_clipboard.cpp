@@ -10,9 +10,7 @@ namespace kvt {
 
 // Line ends are CR LF here, whatever those of the program that the text comes from.
 std::string DesktopClipboard::GetText() {
-    QString text = QGuiApplication::clipboard()->text();
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
-    return FromQt(text.replace(u'\n', QStringLiteral("\r\n")));
+    return FromQt(WithProgramLineEnds(WithToolkitLineEnds(QGuiApplication::clipboard()->text())));
 }
 
 void DesktopClipboard::Clear() { QGuiApplication::clipboard()->clear(); }

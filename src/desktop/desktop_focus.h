@@ -19,7 +19,7 @@ public:
     bool RestoreFocus(Form& form);
     // A window that has come to the front must have the focus somewhere.
     void TakeFirst(Form& form);
-    // Lets the toolkit's focus follow again, once the events that have come up are through; it strays when a
+    // Lets the toolkit's focus follow again, once the pending events have been handled; it strays when a
     // control is hidden or disabled. The window itself takes the keys of such a control.
     void RestoreSoon();
 

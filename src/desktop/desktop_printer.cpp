@@ -142,7 +142,7 @@ void DesktopPrinter::Print(std::string_view line, PrintedLine what) {
         document_.Lines.push_back({std::string(part), what});
 }
 
-// As it stands now: it may be drawn anew, on another ground, before the page is painted.
+// As it is now: it may be drawn anew, on another ground, before the page is painted.
 void DesktopPrinter::PrintDrawing(const PrintedDrawing& drawing) {
     FieldArea area = drawing.Area;
     area.Width = std::max(area.Width, 1.0);

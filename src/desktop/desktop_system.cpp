@@ -63,13 +63,6 @@ bool DesktopSystem::WaitUntil(const std::function<double()>& left) {
     return !ended_;
 }
 
-std::tm DesktopSystem::Now() {
-    const std::time_t now = std::time(nullptr);
-    std::tm local = {};
-    localtime_r(&now, &local);
-    return local;
-}
-
 std::string DesktopSystem::LocalDataFolder() {
     return PathText(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
 }
@@ -104,7 +97,7 @@ void DesktopSystem::SendKeys() {
 }
 
 void DesktopSystem::Later(std::function<void()> call) {
-    deferred_.push_back({std::move(call), Running(), std::max<std::size_t>(running_.size(), 1)});
+    deferred_.Add(std::move(call), running_.size(), Running());
     if (running_.empty()) RunDeferredSoon();
 }
 
@@ -113,18 +106,13 @@ void DesktopSystem::RunDeferredSoon() {
         &later_, [this] { RunDeferred(); }, Qt::QueuedConnection);
 }
 
-// One that stands below on the stack, in a wait, is not through yet: what it has deferred stays for its own end.
 void DesktopSystem::RunDeferred() {
-    const auto due = [this] {
-        return std::find_if(deferred_.begin(), deferred_.end(),
-                            [this](const DeferredCall& one) { return one.Depth > running_.size(); });
-    };
-    for (auto next = due(); next != deferred_.end() && !ended_; next = due()) {
-        const DeferredCall one = std::move(*next);
-        deferred_.erase(next);
-        running_.push_back(one.Asker);
+    while (!ended_) {
+        const std::optional<DeferredCalls::Deferred> one = deferred_.TakeDue(running_.size());
+        if (!one) return;
+        running_.push_back(one->Asker);
         try {
-            one.Call();
+            one->Call();
         } catch (...) {
             TellFailure("Later");
         }

@@ -9,7 +9,9 @@
 #include <vector>
 
 #include "basic/caught_failure.h"
+#include "basic/local_time.h"
 #include "desktop/desktop_focus.h"
+#include "platform/deferred_calls.h"
 #include "platform/services.h"
 
 namespace kvt {
@@ -23,7 +25,7 @@ public:
     bool DoEvents() override;
     bool ServeEvents(long long turn) override;
     bool WaitUntil(const std::function<double()>& left) override;
-    std::tm Now() override;
+    std::tm Now() override { return LocalNow(); }
     std::string LocalDataFolder() override;
     std::string DocumentsFolder() override;
     void PressKey(int key) override;
@@ -47,7 +49,7 @@ public:
         }
         running_.pop_back();
         if (!keys_.empty()) SendKeysSoon();
-        if (!deferred_.empty()) RunDeferredSoon();
+        if (!deferred_.IsEmpty()) RunDeferredSoon();
         TellHandled();
     }
     // What a handler may have changed is shown.
@@ -66,11 +68,6 @@ private:
         int Key;
         std::size_t Depth;  // of the handler that pressed it
     };
-    struct DeferredCall {
-        std::function<void()> Call;
-        const Form* Asker;
-        std::size_t Depth;  // of the handler that has deferred it
-    };
     void SendKeysSoon();
     void RunDeferredSoon();
     void RunDeferred();
@@ -82,7 +79,7 @@ private:
     QElapsedTimer sinceTurn_;
     std::deque<PressedKey> keys_;
     std::vector<const Form*> running_;
-    std::deque<DeferredCall> deferred_;
+    DeferredCalls deferred_;
     bool ended_ = false;
 };
 

@@ -7,7 +7,7 @@
 
 namespace kvt {
 
-// Brings the signals that ask the program to end (SIGTERM, SIGINT) into the event loop. One at a time may stand.
+// Brings the signals that ask the program to end (SIGTERM, SIGINT) into the event loop. Only one may exist at a time.
 class EndSignals {
 public:
     explicit EndSignals(std::function<void()> onSignal);

@@ -33,6 +33,9 @@ constexpr int lastingTime = 300;  // milliseconds
 // How long what a frame takes is waited for; there are systems without frames.
 constexpr int frameInterval = 40;
 constexpr int mostAsked = 25;
+// A busy system may put it around the window later all the same.
+constexpr int lateInterval = 250;
+constexpr int mostAskedLate = 60;
 
 // What lies over what: documents, pictures and lists of codes over the list, frames and tabs over these, the rest on
 // top.
@@ -218,6 +221,16 @@ void FormView::FillArea() {
     const int menus = SizeOf(lengths.Twips(field.width()) + form_.EdgeWidth, form_.EdgeHeight).height();
     form_.SetRestoredPlace({lengths.Twips(field.height() - menus) + form_.EdgeHeight, area.Left, area.Top,
                             lengths.Twips(field.width()) + form_.EdgeWidth});
+    if (frame.isNull()) AwaitFrame(area, form_.RestoredPlace(), mostAskedLate);
+}
+
+// Fills the area again when the frame has come, if the window still stands where it was put without one.
+void FormView::AwaitFrame(const WindowPlace& area, const WindowPlace& given, int asks) {
+    if (asks == 0) return;
+    QTimer::singleShot(lateInterval, this, [this, area, given, asks] {
+        if (form_.AreaToFill() || form_.FillsScreen() || form_.RestoredPlace().Width != given.Width) return;
+        FrameMargins().isNull() ? AwaitFrame(area, given, asks - 1) : form_.FillArea(area);
+    });
 }
 
 // The window manager holds it to that, except on a screen that is smaller still.

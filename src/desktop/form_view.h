@@ -44,6 +44,7 @@ private:
     QSize SizeOf(int width, int height) const;
     QMargins FrameMargins() const;
     void FillArea();
+    void AwaitFrame(const WindowPlace& area, const WindowPlace& given, int asks);
     void FillSight();
     void BringIntoSight(const QWidget& widget);
     // True where the form has got another size.

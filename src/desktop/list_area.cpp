@@ -194,7 +194,7 @@ bool ListArea::viewportEvent(QEvent* event) {
         const QString more = list_.CellToolTip ? ToQt(list_.CellToolTip(row, column.SubItem)) : QString();
         if (more.isEmpty() && Cut(cell, column.Place.width()) == cell) break;
         QString shown = "<b>" + cell.trimmed().toHtmlEscaped() + "</b>";
-        for (const QString& line : more.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts))
+        for (const QString& line : WithToolkitLineEnds(more).split(u'\n', Qt::SkipEmptyParts))
             shown += "<br>" + line.toHtmlEscaped();
         if (more.isEmpty()) shown = cell.trimmed().toHtmlEscaped();
         QToolTip::showText(help.globalPos(), "<qt>" + shown + "</qt>", viewport());

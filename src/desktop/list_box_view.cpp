@@ -37,7 +37,7 @@ private:
 constexpr int entrySpace = 3;  // pixels between the lines of two entries
 constexpr int twipsAFixedCharacter = 105;
 
-// Heads above a list of fixed pitch stand at the places of its characters.
+// Heads above a list of fixed pitch are at the places of its characters.
 QFont FontOfHeads(const Scale& lengths) {
     QFont font = FixedPitchFont();
     const double wanted = lengths.Exact(twipsAFixedCharacter);

@@ -6,7 +6,7 @@
 
 namespace kvt {
 
-// The entries of a list box; what stands behind a tab stands in a second column.
+// The entries of a list box; what follows a tab is shown in a second column.
 class ListBoxView : public View {
 public:
     ListBoxView(DesktopContext& desktop, ListBox& control, QWidget* parent);

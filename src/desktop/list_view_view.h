@@ -15,7 +15,7 @@ protected:
     bool Scrolls() const override { return true; }
 
 private:
-    // For screen readers: the row with the keys, another number of rows or columns, and a finding that has come up.
+    // For screen readers: the row with the keys, another number of rows or columns, and a new finding.
     void TellRow();
     void TellRows();
     void TellFindingSoon();

@@ -10,13 +10,13 @@ namespace kvt {
 // An entry of a menu, or a menu with entries of its own. Its shortcut acts in the whole window.
 class MenuView : public QObject, public ControlView {
 public:
-    // parent is the menu bar or the menu that it stands in.
+    // parent is the menu bar or the menu that it belongs to.
     MenuView(DesktopContext& desktop, Menu& control, QWidget* parent, bool hasEntries);
     ~MenuView() override { menu_.View = nullptr; }
 
     void PropertyChanged(Control&, PropertyId id) override;
 
-    // Where its entries stand; null for an entry.
+    // The widget of its entries; null for an entry.
     QMenu* Entries() const { return entries_; }
     // Shows the entries at a point of the screen until one is chosen or none.
     void PopUp(QPoint at);

@@ -3,6 +3,7 @@
 #include <QFile>
 
 #include "basic/code_page.h"
+#include "basic/line_end.h"
 
 namespace kvt {
 
@@ -22,6 +23,12 @@ QChar CharacterOf(int number) {
     const char byte = static_cast<char>(number);
     return ToQt(std::string_view(&byte, 1)).at(0);
 }
+
+QString WithToolkitLineEnds(QString text) {
+    return text.replace(ToQt(LineEnd), QStringLiteral("\n")).replace(u'\r', u'\n');
+}
+
+QString WithProgramLineEnds(QString text) { return text.replace(u'\n', ToQt(LineEnd)); }
 
 QString Cleaned(const QString& text, bool keepLineEnds) {
     QString cleaned;

@@ -8,7 +8,7 @@
 namespace kvt {
 
 QString ToQt(std::string_view text);
-// The same for a caption or a message, in which file names may stand.
+// The same for a caption or a message, which may contain file names.
 QString ShownToQt(std::string_view text);
 // A character that the code page lacks becomes "?".
 std::string FromQt(const QString& text);
@@ -16,6 +16,10 @@ std::string FromQt(const QString& text);
 // The number of a character in the code page, 0 where it has none.
 int CharacterNumber(QChar character);
 QChar CharacterOf(int number);
+
+// Line ends are CR LF in the program and LF alone in the toolkit.
+QString WithToolkitLineEnds(QString text);
+QString WithProgramLineEnds(QString text);
 
 // What of a text may enter a field: characters of the code page; line ends only where they are kept.
 QString Cleaned(const QString& text, bool keepLineEnds);

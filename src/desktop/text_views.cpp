@@ -22,11 +22,8 @@ namespace {
 constexpr int longestNotes = 1'000'000;
 constexpr int showInterval = 50;  // milliseconds
 
-// Line ends as the widget has them.
-QString WithPlainLineEnds(std::string_view text) {
-    QString plain = Cleaned(ToQt(text), true).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    return plain.replace(u'\r', u'\n');
-}
+// As the widget has it.
+QString Plain(std::string_view text) { return WithToolkitLineEnds(Cleaned(ToQt(text), true)); }
 
 constexpr int longestLine = static_cast<int>(LongestLine);
 
@@ -122,7 +119,7 @@ void TextBoxView::ShowMenu(QPoint at) {
 void TextBoxView::Edited() {
     if (Following) return;
     Desktop.System.Run(Box, "Change", [this] {
-        TakeEdit(Box, FromQt(Shown().replace(u'\n', QStringLiteral("\r\n"))) + NotShown(), ShownSelection());
+        TakeEdit(Box, FromQt(WithProgramLineEnds(Shown())) + NotShown(), ShownSelection());
     });
 }
 
@@ -236,7 +233,7 @@ void NotesView::ShowMore() {
     if (line > longestLine && more.find_first_of("\r\n") == std::string_view::npos) return;
     QTextCursor cursor(edit_->document());
     cursor.movePosition(QTextCursor::End);
-    cursor.insertText(WithPlainLineEnds(more));
+    cursor.insertText(Plain(more));
     edit_->setTextCursor(cursor);
     shown_ = end;
 }
@@ -255,7 +252,7 @@ TextSelection NotesView::ShownSelection() const {
 }
 
 void NotesView::SetShownSelection(TextSelection selection) {
-    const QString text = Shown().replace(u'\n', QStringLiteral("\r\n"));
+    const QString text = WithProgramLineEnds(Shown());
     const int size = static_cast<int>(text.size());
     const auto position = [&](int at) {
         at = std::clamp(at, 0, size);
@@ -269,7 +266,7 @@ void NotesView::SetShownSelection(TextSelection selection) {
     edit_->setTextCursor(cursor);
 }
 
-QString NotesView::Wanted() const { return WithPlainLineEnds(Box.Text); }
+QString NotesView::Wanted() const { return Plain(Box.Text); }
 
 void NotesView::Paste(const QString& text) {
     incoming_ = text;
@@ -292,7 +289,7 @@ bool NotesView::EditInWidget(const TextEdit& edit) {
         case TextAction::Cut: edit_->cut(); break;
         case TextAction::Paste: {
             const QString text = incoming_.isNull() ? QGuiApplication::clipboard()->text() : incoming_;
-            edit_->insertPlainText(WithPlainLineEnds(FromQt(Cleaned(text.left(longestNotes), true))));
+            edit_->insertPlainText(Plain(FromQt(Cleaned(text.left(longestNotes), true))));
             break;
         }
         default:

@@ -319,7 +319,16 @@ void DrawWindow::UpdateForProgram() {
             menu->Caption = parts_.Language.DrawViewTexts(entry++);
         }
     }
-    // The names of the axes.
+    PlaceFramesInRow();
+    Controls.frProperties.Height = propertiesHeight;
+    Controls.frStepControls.Top = Controls.frProperties.Top + Controls.frProperties.Height - frameGap;
+    for (Control* button : {&Controls.cmdStep, &Controls.cmdStop, &Controls.cmdRun}) button->Top = buttonsTop;
+    Controls.lblDiameter.Caption = "\xD8";
+    Bar.ShowCaptions();
+}
+
+// Also where the drawing stands beside the editor, in which another machine is chosen.
+void DrawWindow::NameAxes() {
     const bool mill = parts_.Store.IsF1();
     Controls.lblZ1.Caption = mill ? "Y1" : "Z1";
     Controls.lblZ2.Caption = mill ? "Y2" : "Z2";
@@ -330,12 +339,6 @@ void DrawWindow::UpdateForProgram() {
         control->Visible = !mill;
         control->Enabled = !mill;
     }
-    PlaceFramesInRow();
-    Controls.frProperties.Height = propertiesHeight;
-    Controls.frStepControls.Top = Controls.frProperties.Top + Controls.frProperties.Height - frameGap;
-    for (Control* button : {&Controls.cmdStep, &Controls.cmdStop, &Controls.cmdRun}) button->Top = buttonsTop;
-    Controls.lblDiameter.Caption = "\xD8";
-    Bar.ShowCaptions();
 }
 
 void DrawWindow::Form_LostFocus() {
@@ -359,6 +362,7 @@ void DrawWindow::FillMeasureFields() {
 }
 
 void DrawWindow::PlaceFramesInRow() {
+    NameAxes();
     // A language may have longer words than English.
     int longer = 0;
     for (CommandButton* button : {&Controls.cmdAutoFit, &Controls.cmdRedraw}) {

@@ -90,6 +90,7 @@ private:
     void WireMenus();
     void WireField();
     void RunPasses();
+    void NameAxes();
     void FillMeasureFields();
     void PlaceFramesInRow();
     void ShowMenusOfMachine();

@@ -57,4 +57,10 @@ void EntryRow::RememberFeeds() {
     OldFeedB = " " + std::string(Trim(txtFeedB.Text));
 }
 
+void EntryRow::ForgetEdits() {
+    txtGMcode.Edits = {};
+    txtComment.Edits = {};
+    for (const Field& field : Fields()) field.Box.Edits = {};
+}
+
 }  // namespace kvt

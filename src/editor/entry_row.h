@@ -37,6 +37,8 @@ struct EntryRow {
     std::array<Field, 5> Fields();
     // Notes the feed presets as OldFeedA and OldFeedB.
     void RememberFeeds();
+    // What was typed into code, fields and comment cannot be taken back in them any more.
+    void ForgetEdits();
 };
 
 }  // namespace kvt

@@ -320,4 +320,9 @@ void FieldLayout::ClearEntryFields() {
     entry_.txtComment.Text = "";
 }
 
+void FieldLayout::EmptyEntryRow() {
+    ClearEntryFields();
+    UpdateFrameCaption();
+}
+
 }  // namespace kvt

@@ -49,6 +49,10 @@ public:
     void CodeDescription();
     // No fields, and every text of the row empty.
     void ClearEntryFields();
+    // The same, with a frame that names no code.
+    void EmptyEntryRow();
+    // Gives the code field the focus.
+    void FocusCode() { focus_.SetFocus(entry_.txtGMcode); }
 
 private:
     unsigned MachineBit() const;

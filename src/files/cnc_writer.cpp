@@ -62,7 +62,7 @@ std::string CncWriter::GenerateAll() {
 void CncWriter::AppendNotes(std::string& text) const {
     const std::string& notes = parts_.Controls.txtFileNotes.Text.Get();
     if (notes.empty()) return;
-    // On paper every sentence stands on a line of its own.
+    // On paper every sentence has a line of its own.
     text += PrintMode ? Replace(notes, ". ", "." + std::string(LineEnd)) : notes;
     text += LineEnd;
 }

@@ -17,6 +17,14 @@ struct FileControls {
         txtFileNotes.MultiLine = true;
     }
 
+    // No file, and no notes.
+    void Clear() {
+        lblPath.Caption = "";
+        lblFileName.Caption = "";
+        txtFileNotes.Text = "";
+        NamesSource = false;
+    }
+
     Label lblPath;      // the whole path
     Label lblFileName;  // the name without its folder
     TextBox txtFileNotes;

@@ -11,7 +11,7 @@ namespace kvt {
 
 // External programs that turn a foreign file "name" into a program file. They leave "name.~pp", the result,
 // "name.~ppERR", why there is none, and "name.~ppINFO"; each is deleted after use. Those of the machine in force
-// stand in a menu.
+// are in a menu.
 class PreProcessor {
 public:
     struct Parts {

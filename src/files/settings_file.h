@@ -11,7 +11,7 @@
 
 namespace kvt {
 
-// A key of a settings file: the comment line of the section that it stands under, its name as it is written, and
+// A key of a settings file: the comment line of the section that it belongs to, its name as it is written, and
 // its value in the reset copy.
 struct SettingKey {
     const char* Section;
@@ -73,7 +73,7 @@ Color ColorOf(std::string_view text);
 std::string WindowText(const WindowPlace& place);
 // The four numbers at the beginning of a list; numbers no screen could have are error 6.
 WindowPlace WindowPlaceOf(std::string_view text);
-// What may stand behind the four numbers: Maximised or Normal. Nothing where neither does.
+// What may follow the four numbers: Maximised or Normal. Nothing where neither does.
 std::string WindowStateText(bool maximised);
 std::optional<WindowState> WindowStateOf(std::string_view text);
 

@@ -13,7 +13,7 @@ namespace kvt {
 class OwnFolders {
 public:
     void Add(const std::filesystem::path& folder);
-    // Whether a path, with the links on its way followed, stands in one of them.
+    // Whether a path, with the links on its way followed, lies in one of them.
     bool Hold(const std::filesystem::path& path) const;
     const std::vector<std::filesystem::path>& All() const { return folders_; }
 

@@ -62,7 +62,7 @@ public:
     void UseClipboard(ClipboardService& clipboard) { keyboard_.UseClipboard(clipboard); }
 
     bool DoEvents() override;
-    // Takes one thing that has come up first.
+    // Serves one pending event first.
     bool WaitUntil(const std::function<double()>& left) override;
     std::string LocalDataFolder() override { return DataFolder; }
     std::string DocumentsFolder() override { return Documents; }

@@ -47,6 +47,15 @@ void ViewOptions::chkViewGcode_Click() {
     Run(calls_.FirstFieldFocus, "");
 }
 
+void ViewOptions::RenewComments() {
+    CheckBox& box = view_.chkViewGcode;
+    if (box.Value == 0) return;
+    for (const int value : {0, 1}) {
+        box.Value = value;
+        box.Click();
+    }
+}
+
 void ViewOptions::AddComments() {
     ListView& list = store_.lvCncProgram;
     const ListBox& gCodes = store_.IsMK2()   ? lists_.lstMK2Gcodes

@@ -15,6 +15,8 @@ public:
     void chkViewMachineTime_Click();
     // Fills empty comments with the descriptions of the codes, or takes such comments out again.
     void chkViewGcode_Click();
+    // Makes automatic comments anew, where they are in sight: the descriptions have changed.
+    void RenewComments();
 
 private:
     void ShowColumns(void (ViewColumns::*make)());

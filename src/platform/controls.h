@@ -201,7 +201,7 @@ public:
         : Control(form, ControlKind::Label, name), Caption(*this, PropertyId::Caption, caption) {}
     TextProperty Caption;
     Property<Color> ForeColor{*this, PropertyId::ForeColor};
-    // Numbers below one another stand at the right edge. Set before it is shown.
+    // Numbers below one another are aligned at the right edge. Set before it is shown.
     bool AtRight = false;
     // A screen reader tells each new text of it. Set before it is shown.
     bool Announced = false;
@@ -211,7 +211,7 @@ public:
 struct TextSelection {
     int Start = 0;
     int Length = 0;
-    // The caret, where the next move begins, stands in front of the selection and not behind it.
+    // The caret, where the next move begins, is in front of the selection and not behind it.
     bool CaretFirst = false;
     bool operator==(const TextSelection&) const = default;
 };
@@ -298,7 +298,7 @@ public:
     Frame(Form& form, std::string_view name, std::string_view caption = {})
         : Control(form, ControlKind::Frame, name), Caption(*this, PropertyId::Caption, caption) {}
     TextProperty Caption;
-    // What stands out in front of the caption; empty for none.
+    // Highlighted in front of the caption; empty for none.
     TextProperty Lead{*this, PropertyId::Lead};
 };
 

@@ -32,7 +32,7 @@ struct Command {
 };
 
 // Splits a command line. Nothing in it is quoted: the program is the shortest beginning up to a blank that names
-// one, and the rest is what stands behind that blank. Without a program its name is empty.
+// one, and the rest is what follows that blank. Without a program its name is empty.
 Command SplitCommand(std::string_view commandLine,
                      const std::function<bool(const std::string& path)>& isProgram);
 

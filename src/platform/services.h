@@ -112,10 +112,10 @@ public:
 class SystemService {
 public:
     virtual ~SystemService() = default;
-    // One turn of a wait for what the user does: lets the system deliver what has come up. False when nothing can
+    // One turn of a wait for what the user does: lets the system deliver pending events. False when nothing can
     // come any more: the wait then ends.
     virtual bool DoEvents() = 0;
-    // Work that goes on, no wait, calls this often, with the number of its turn from 1: what has come up is
+    // Work that goes on, no wait, calls this often, with the number of its turn from 1: pending events are
     // delivered every now and then, at least every 50 ms. False when the work is to end: the program has, or
     // nothing can end endless work any more.
     virtual bool ServeEvents(long long turn) = 0;
@@ -130,7 +130,7 @@ public:
     // Puts a key press (a number of keys.h) into the input, as if the user had pressed it. It arrives when the
     // handler that is running has ended.
     virtual void PressKey(int key) = 0;
-    // Puts off a call until the handler that is running is through with all that it has to do; asked for outside of
+    // Puts off a call until the handler that is running has ended with all that it does; asked for outside of
     // every handler, until events are served next.
     virtual void Later(std::function<void()> call) = 0;
     virtual void Beep() = 0;

@@ -16,7 +16,7 @@ constexpr MachineFacts machines[] = {
 
 std::span<const MachineFacts> Machines() { return machines; }
 
-// The rows stand in the order of the models.
+// The rows are in the order of the models.
 const MachineFacts& FactsOf(MachineModel model) { return machines[static_cast<std::size_t>(model)]; }
 
 std::optional<MachineModel> MachineNamed(std::string_view name) {

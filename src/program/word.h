@@ -10,7 +10,7 @@ namespace kvt {
 
 // A parameter cell, read both ways that the control's rules ask for.
 struct Word {
-    char Letter = 0;         // the prefix letter as it stands, 0 for none
+    char Letter = 0;         // the prefix letter as it is, 0 for none
     std::int32_t Value = 0;  // the whole number behind the letter, or of the whole cell
     double Number = 0;       // the whole cell as a number; 0 behind a letter
 };

@@ -22,7 +22,7 @@ public:
     // Checked while it is in force.
     Menu mnuBeside;
 
-    // Where a window stands by itself, and whether it fills the screen there.
+    // A window's own place, and whether it fills the screen there.
     struct OwnPlace {
         WindowPlace Place;
         bool FillsScreen;

@@ -20,7 +20,7 @@ constexpr int millMTop = 4000;
 constexpr int smallestNotes = 1000;
 constexpr int gap = 60;
 
-// Inside frames: the first line stands below the frame's title.
+// Inside frames: the first line lies below the frame's title.
 constexpr int firstLine = 300;
 constexpr int fieldHeight = 360;
 constexpr int lineHeight = 285;
@@ -194,7 +194,7 @@ constexpr ControlRow controlRows[] = {
 
     {"lvCncProgram", "", OverList(), stop},
 
-    // cmdStop stands over frCmdEditor3, not in it: a frozen window keeps it.
+    // cmdStop lies over frCmdEditor3, not in it: a frozen window keeps it.
     {"frCmdEditor1", "", InBand(AfterEntry(4920), 1020), frozen},
     {"frCmdEditor2", "", At(AfterEntry(4920), bandTop, 0, 0), frozen},
     {"frCmdEditor3", "", InBand(AfterEntry(5970), 1020)},
@@ -336,7 +336,7 @@ constexpr ControlRow portSideRows[] = {
 };
 
 // The view of what is received lies over the list, its buttons and the progress of a transmission over the band. The
-// third line of frCmdRX is left free: a transmission can be under way, and cmdStop stands there.
+// third line of frCmdRX is left free: a transmission can be under way, and cmdStop is there.
 constexpr ControlRow transferRows[] = {
     {"frRXcode", "", OverList()},
     {"txtRX", "frRXcode", At(90, 270, Wide(-sideWidth - 180), High(-3370 - 690)), stop},

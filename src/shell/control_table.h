@@ -43,14 +43,14 @@ struct Grid {
 };
 
 // What is told of a control of the main window, besides its kind, name and caption (where it is declared) and its
-// keys in the language tables. The rows stand in the order of the Tab key. "#" in a name stands for TX and RX.
+// keys in the language tables. The rows are in the order of the Tab key. "#" in a name is TX and RX.
 struct ControlRow {
     enum Trait : unsigned {
         TabStop = 1,  // the Tab key stops at it
         Frozen = 2,   // disabled while the window is frozen
         Overlay = 4,  // lies over the editor; Return takes it away
         Hidden = 16,  // until it is asked for
-        AtRight = 8,  // a label whose text stands at the right edge
+        AtRight = 8,  // a label whose text is aligned at the right edge
     };
 
     const char* Name;            // of a control, or of all elements of an array

@@ -71,7 +71,7 @@ void DrawSettings::BindShown(SettingsFile& editorKeys) {
     editorKeys.Bind(
         "DrawWindow Active",
         [this](const std::string& value) {
-            // A drawing may wait: the editor stands before it.
+            // A drawing may wait for the user: the editor is shown first.
             if (TrueOrFalse(value)) platform_.System.Later([this] { draw_.ShowBehindEditor(); });
         },
         [&drawing] { return TrueOrFalse(drawing.Visible.Get()); });

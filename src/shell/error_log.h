@@ -9,7 +9,7 @@
 namespace kvt {
 
 // The common error reporter. Keeps what this run has reported, and writes "Errors.log" once it has a folder.
-// While one stands it takes all failures that procedures swallow.
+// While one exists it records all failures that procedures survive.
 class ErrorLog {
 public:
     explicit ErrorLog(Services& services);

@@ -7,6 +7,7 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "files/settings_file.h"
+#include "program/code_tables.h"
 
 namespace kvt {
 
@@ -98,7 +99,7 @@ void ModuleLoader::KeepBuiltIn() {
         Control* const control = ControlOf(windows_, row);
         TextProperty* const text =
             control && row.What != ShownText::Tab ? TextOf(*control, row.What) : nullptr;
-        // What stands in a second line tells of the moment.
+        // A second line tells only how things are now.
         if (text) builtIn_->Labels.emplace_back(text, text->Get().substr(0, text->Get().find(LineEnd)));
     }
     for (const ListSection& one : ListSections()) {
@@ -106,7 +107,7 @@ void ModuleLoader::KeepBuiltIn() {
             builtIn_->Lists.emplace_back(list, list->Entries());
     }
     for (int header = firstNamedHeader; header <= column::Count; ++header)
-        builtIn_->Headers.push_back(parts_.Store.lvCncProgram.Header(header).Text);
+        builtIn_->Headers.push_back(parts_.List.Header(header).Text);
     builtIn_->Tabs = parts_.Main.tabSettings.Captions;
     builtIn_->EntryCaption = parts_.Language.EntryCaption;
     builtIn_->ErrorHeaderText = parts_.Language.ErrorHeaderText;
@@ -124,7 +125,7 @@ void ModuleLoader::UseEnglish() {
         for (int i = 0; i < list->Count(); ++i) list->SetEntry(i, entries[static_cast<std::size_t>(i)]);
     }
     int header = firstNamedHeader;
-    for (const std::string& text : builtIn_->Headers) parts_.Store.lvCncProgram.SetHeaderText(header++, text);
+    for (const std::string& text : builtIn_->Headers) parts_.List.SetHeaderText(header++, text);
     int page = 0;
     for (const std::string& tab : builtIn_->Tabs) parts_.Main.tabSettings.SetCaption(page++, tab);
     for (const TableSection& one : TableSections()) one.Table(texts).Clear();
@@ -137,19 +138,7 @@ void ModuleLoader::UseEnglish() {
 
 void ModuleLoader::ShowTexts() {
     parts_.Platform.System.UseLanguage(parts_.Language.LanguageCode);
-    parts_.Display.ShowMachineName();
-    parts_.Layout.RefreshTexts();
-    // Automatic comments appear in the new language.
-    CheckBox& gcode = parts_.View.chkViewGcode;
-    if (gcode.Value != 0) {
-        gcode.Value = 0;
-        gcode.Click();
-        gcode.Value = 1;
-        gcode.Click();
-    }
-    Run(windows_.front()->OnActivate);
     Run(OnTexts);
-    parts_.Interpreter.Interpreter();
 }
 
 void ModuleLoader::ApplySection(const LanguageSection& section) {
@@ -181,7 +170,7 @@ void ModuleLoader::SetLabel(Control& control, const LabelRow& row, const std::st
         return;
     }
     if (TextProperty* text = TextOf(control, row.What)) *text = value;
-    if (&control == &parts_.Entry.frEntry) parts_.Language.EntryCaption = value;
+    if (&control == &parts_.EntryFrame) parts_.Language.EntryCaption = value;
 }
 
 void ModuleLoader::ApplyOrderedLines(const LanguageSection& section) {
@@ -224,7 +213,7 @@ void ModuleLoader::ApplyToolbar(bool english) {
 }
 
 void ModuleLoader::ApplyHeader(int header, const std::string& text) {
-    ListView& list = parts_.Store.lvCncProgram;
+    ListView& list = parts_.List;
     // A header past the last one is error 9 also where it would be left.
     list.SetHeaderText(header, text.empty() ? list.Header(header).Text : text);
     if (header == ErrorHeader && !text.empty()) parts_.Language.ErrorHeaderText = text;
@@ -243,7 +232,7 @@ void ModuleLoader::WriteLabels(LanguageModuleText& module) const {
         key = row.Key;
         Control* const control = ControlOf(windows_, row);
         const TextProperty* text = control ? TextOf(*control, row.What) : nullptr;
-        const bool isEntry = control == &parts_.Entry.frEntry;  // it shows the code that is entered
+        const bool isEntry = control == &parts_.EntryFrame;  // it shows the code that is entered
         // The tool tip of the arrows tells the scale in force, not what they do.
         if (control && control->Kind() == ControlKind::UpDown) text = nullptr;
         const std::string shown = isEntry ? parts_.Language.EntryCaption : text ? text->Get() : std::string();
@@ -284,7 +273,7 @@ std::string ModuleLoader::WriteModule() const {
     module.Section(language_section::Headers);
     for (int header = firstNamedHeader; header <= column::Count; ++header) {
         numbered(header, header == ErrorHeader ? std::string_view(texts.ErrorHeaderText)
-                                               : parts_.Store.lvCncProgram.Header(header).Text);
+                                               : parts_.List.Header(header).Text);
     }
     return module.Text();
 }

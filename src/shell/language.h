@@ -6,12 +6,9 @@
 #include <utility>
 #include <vector>
 
-#include "editor/field_layout.h"
 #include "files/language_module.h"
-#include "interpreter/interpreter.h"
 #include "shell/help_documents.h"
 #include "shell/language_tables.h"
-#include "shell/machine_display.h"
 
 namespace kvt {
 
@@ -21,14 +18,10 @@ class ModuleLoader {
 public:
     struct Parts {
         MainControls& Main;
-        EntryRow& Entry;
-        ProgramStore& Store;
-        ViewColumns& View;
-        MachineDisplay& Display;
+        const Frame& EntryFrame;
+        ListView& List;
         HelpDocuments& Help;
-        ControlInterpreter& Interpreter;
         Texts& Language;
-        FieldLayout& Layout;
         Services& Platform;
     };
     // All windows, the main one first.
@@ -41,7 +34,7 @@ public:
     // A module with the texts in force, ready to be translated: each line tells its English.
     std::string WriteModule() const;
 
-    // Runs when the texts of the windows are those of another language: for captions that say how things are.
+    // Runs when the texts are those of another language: what shows them, or says how things are, follows.
     std::function<void()> OnTexts;
 
 private:

@@ -5,6 +5,7 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "files/cnc_format.h"
+#include "program/edit_step.h"
 
 namespace kvt {
 
@@ -13,6 +14,7 @@ namespace {
 constexpr const char* menuName = "mnuLanguage";
 constexpr const char* english = "English";
 constexpr std::string_view moduleEnding = "*.txt";
+constexpr std::string_view defaultModule = "Language.txt";
 
 // What a file calls its language; empty where it is no module.
 std::string NameIn(const std::string& file, FileService& files) {
@@ -27,13 +29,32 @@ std::string NameIn(const std::string& file, FileService& files) {
 
 }  // namespace
 
-LanguageMenu::LanguageMenu(Form& window, ModuleLoader& modules, const Texts& texts, FileService& files)
+LanguageMenu::LanguageMenu(Form& window, ModuleLoader& modules, const Texts& texts, FileService& files,
+                           WorkbenchCalls& calls)
     : mnuLanguage(window, menuName, "Language"),
       modules_(modules),
       texts_(texts),
       files_(files),
+      calls_(calls),
       mnuLanguages_(mnuLanguage, "mnuLanguages", [this](int index) { Choose(index); }) {
     mnuLanguages_.At(0);
+}
+
+void LanguageMenu::BindKey(SettingsFile& keys) {
+    keys.Bind(
+        "LanguageFileName", [this](const std::string& value) { remembered_ = value; },
+        [this] { return texts_.ModuleFile; });
+}
+
+void LanguageMenu::LoadRemembered(const std::string& folder) {
+    const std::string first = folder + std::string(defaultModule);
+    if (files_.Exists(first)) return Run(calls_.LoadLanguageModule, first);
+    // One of that name is never loaded from elsewhere.
+    const std::string_view end = Right(remembered_, static_cast<std::ptrdiff_t>(defaultModule.size()));
+    if (remembered_.empty() || EqualIgnoringCase(end, defaultModule)) return;
+    // The program, with the modules that it brings, may have moved.
+    const bool there = files_.Exists(remembered_);
+    Run(calls_.LoadLanguageModule, there ? remembered_ : Find(ExtractFileName(remembered_)));
 }
 
 void LanguageMenu::Refresh() {
@@ -77,6 +98,8 @@ void LanguageMenu::Add(const std::string& file) {
 void LanguageMenu::Choose(int index) {
     if (index < 0 || index >= static_cast<int>(languages_.size())) return;
     const std::string file = languages_[static_cast<std::size_t>(index)].File;
+    // The comments of the codes change their language, in one step.
+    const EditStep step(calls_, {StepKind::CodeComments});
     // What a module lacks is English then, and not left from the one before.
     modules_.UseEnglish();
     modules_.LoadLanguageModule(file);

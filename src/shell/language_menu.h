@@ -4,7 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "files/settings_file.h"
 #include "platform/menu_array.h"
+#include "program/workbench_calls.h"
 #include "shell/language.h"
 
 namespace kvt {
@@ -13,7 +15,13 @@ namespace kvt {
 // mark, wherever its module lies.
 class LanguageMenu {
 public:
-    LanguageMenu(Form& window, ModuleLoader& modules, const Texts& texts, FileService& files);
+    LanguageMenu(Form& window, ModuleLoader& modules, const Texts& texts, FileService& files,
+                 WorkbenchCalls& calls);
+
+    // Takes charge of the key that remembers the module in use.
+    void BindKey(SettingsFile& keys);
+    // Loads that module, or "Language.txt" of a folder, which goes before it.
+    void LoadRemembered(const std::string& folder);
 
     // Where modules lie, each with a separator at its end; what lies in an earlier one goes before its like.
     std::vector<std::string> Folders;
@@ -21,8 +29,6 @@ public:
 
     // Looks what there is now.
     void Refresh();
-    // The module of a name in the first folder that has it; empty where none has.
-    std::string Find(std::string_view fileName) const;
 
 private:
     struct Language {
@@ -32,10 +38,14 @@ private:
     void AddModules(const std::string& folder);
     void Add(const std::string& file);
     void Choose(int index);
+    // The module of a name in the first folder that has it; empty where none has.
+    std::string Find(std::string_view fileName) const;
 
     ModuleLoader& modules_;
     const Texts& texts_;
     FileService& files_;
+    WorkbenchCalls& calls_;
+    std::string remembered_;
     std::vector<Language> languages_;
     std::map<std::string, std::string> names_;  // of the modules that have been read
     MenuArray mnuLanguages_;

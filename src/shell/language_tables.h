@@ -11,7 +11,7 @@ namespace kvt {
 enum class ShownText { Caption, ToolTip, Tab, Name };
 
 // A key of a label section and a control that shows its text; a key with several controls has several rows in a
-// row. The control is that of the main window, or stands behind the name of its window and a point. What no window
+// row. The control is that of the main window, or follows the name of its window and a point. What no window
 // has is passed over.
 struct LabelRow {
     const char* Section;

@@ -27,6 +27,12 @@ void LastFile::Choose(const std::string& last) {
     missing_ = !platform_.Files.Exists(name_);
 }
 
+void LastFile::Open() {
+    if (!Exists()) return;
+    std::string name = name_;
+    reader_.LoadFile(name);
+}
+
 std::string LastFile::ForNextStart() const {
     const std::string& path = file_.lblPath.Caption.Get();
     // A mistyped name on the command line changes nothing, and a source is no program.

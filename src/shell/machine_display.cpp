@@ -26,6 +26,18 @@ void MachineDisplay::RefreshMachine() {
     }
 }
 
+void MachineDisplay::ShowOtherMachine() {
+    RefreshMachine();
+    parts_.Machine.SetUnits(UnitsOf(parts_.Store.Metric));
+    ShowCodeLists();
+}
+
+void MachineDisplay::ShowColumns() {
+    parts_.View.MakeToolpositionColums();
+    parts_.View.MakeLinePropertiesColumns();
+    parts_.View.MakeMachineTimeColumn();
+}
+
 void MachineDisplay::ShowCodeLists() {
     const ProgramStore& store = parts_.Store;
     CodeLists& lists = parts_.Lists;

@@ -27,6 +27,10 @@ public:
 
     // Applies the machine and its units to the window.
     void RefreshMachine();
+    // The same with units and code lists, where another program has brought its own.
+    void ShowOtherMachine();
+    // The columns of the rows, as their boxes say.
+    void ShowColumns();
     // The code lists of the machine, and no others.
     void ShowCodeLists();
     // The name of the machine, as its option has it.

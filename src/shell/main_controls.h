@@ -80,7 +80,7 @@ struct MainControls {
     Frame frCmdEditor2{Window, "frCmdEditor2"};
     Frame frCmdEditor3{Window, "frCmdEditor3"};
 
-    // The MK2 has no M codes: a picture stands in the place of their list.
+    // The MK2 has no M codes: a picture takes the place of their list.
     PictureBox lstMK2Mcodes{Window, "lstMK2Mcodes"};
 
     CommandButton cmdInsert{Window, "cmdInsert", "Insert"};

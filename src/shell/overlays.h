@@ -25,7 +25,7 @@ public:
     void ShowSettings(int page);
     // Shows a picture of the axes, or leaves it.
     void ShowAxes(PictureBox& picture);
-    // Called where the settings come up.
+    // Called when the settings are shown.
     std::function<void()> OnSettings;
 
 private:

@@ -49,6 +49,15 @@ void PrinterPage::FillFonts() {
     SetFontSize(printer_.FontSize);
 }
 
+void PrinterPage::ChooseBuiltInFont() {
+    const char* wanted = "Courier";
+    for (const std::string& font : printer_.Fonts()) {
+        if (!EqualIgnoringCase(font, wanted)) continue;
+        SetFontName(font);
+        wanted = "Courier New";
+    }
+}
+
 void PrinterPage::SetFontName(std::string_view name) {
     if (Trim(name).empty()) return;
     Show(cboFontName, Trim(name));

@@ -8,7 +8,7 @@ namespace kvt {
 bool ProgramClearing::MayClear() {
     ProgramStore& store = parts_.Store;
     if (!store.HasUnsavedLines()) return true;
-    if (!AskToClear(parts_.Platform.Dialogs, parts_.Language)) return false;
+    if (!AskToClear(parts_.Dialogs, parts_.Language)) return false;
     // The user has tried to save it, in vain: the next start offers it.
     if (store.SaveFailed) parts_.Calls.KeepRecoveryCopy();
     return true;
@@ -17,16 +17,10 @@ bool ProgramClearing::MayClear() {
 void ProgramClearing::Empty() {
     ProgramStore& store = parts_.Store;
     store.lvCncProgram.Clear();
-    parts_.Entry.txtGMcode.Text = "";
-    parts_.Entry.txtComment.Text = "";
+    parts_.Layout.EmptyEntryRow();
     parts_.Lists.lstMK4Gcodes.ListIndex = -1;
     parts_.Lists.lstMK4Mcodes.ListIndex = -1;
-    FileControls& file = parts_.File;
-    file.lblPath.Caption = "";
-    file.lblFileName.Caption = "";
-    file.txtFileNotes.Text = "";
-    file.NamesSource = false;
-    parts_.Entry.frEntry.Caption = parts_.Language.EntryCaption;
+    parts_.File.Clear();
     store.ProgramChanged = false;
     store.EndCodePresent = false;
     store.SaveFailed = false;
@@ -39,13 +33,11 @@ void ProgramClearing::ClearProgram_Click() {
     parts_.DrawnLine.RestoreSelection();
     Empty();
     parts_.Interpreter.ClearAxesProperties();
-    parts_.Layout.ClearEntryFields();
     parts_.Interpreter.RefreshLineCount();
-    parts_.View.MakeLinePropertiesColumns();
     parts_.Display.RefreshMachine();
     parts_.Interpreter.Interpreter();
     parts_.Display.ShowCodeLists();
-    if (parts_.Entry.txtGMcode.EffectivelyVisible()) parts_.Platform.Focus.SetFocus(parts_.Entry.txtGMcode);
+    parts_.Layout.FocusCode();
     // Last: a drawing that waits then finds all of it gone.
     Run(parts_.Calls.mnuDraw_Click);
 }

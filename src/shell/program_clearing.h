@@ -13,16 +13,14 @@ class ProgramClearing {
 public:
     struct Parts {
         ProgramStore& Store;
-        EntryRow& Entry;
         FieldLayout& Layout;
         FileControls& File;
         CodeLists& Lists;
-        ViewColumns& View;
         ControlInterpreter& Interpreter;
         EditorLine& DrawnLine;
         MachineDisplay& Display;
         const Texts& Language;
-        Services& Platform;
+        DialogService& Dialogs;
         WorkbenchCalls& Calls;
     };
     explicit ProgramClearing(const Parts& parts) : parts_(parts) {}

@@ -17,7 +17,7 @@ struct UsageOption {
 
 struct UsageCommand {
     std::string Name;
-    std::string Words;  // what stands behind it, "FILE..."
+    std::string Words;  // what follows it, "FILE..."
     std::string Text;
     std::vector<UsageOption> Options;
 };

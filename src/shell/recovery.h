@@ -11,7 +11,7 @@
 namespace kvt {
 
 // Keeps an unsaved program in "Recovery.txt", for the start after a crash. The file has the form of a program
-// file; behind its units line, where no reader looks, stands the name that the program had.
+// file; the name that the program had follows its units line, where no reader looks.
 class Recovery {
 public:
     struct Parts {

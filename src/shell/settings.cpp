@@ -1,12 +1,6 @@
 #include "shell/settings.h"
 
-#include <algorithm>
-
-#include "basic/number.h"
 #include "basic/run_time_error.h"
-#include "basic/text.h"
-#include "program/edit_step.h"
-#include "shell/settings_keys.h"
 
 namespace kvt {
 
@@ -19,7 +13,6 @@ constexpr const char* editorFile = "SettingsEditor.txt";
 constexpr const char* editorResetFile = "SettingsEditorReset.txt";
 constexpr const char* drawFile = "SettingsDraw.txt";
 constexpr const char* drawResetFile = "SettingsDrawReset.txt";
-constexpr const char* defaultModule = "Language.txt";
 
 void Copy(FileService& files, const std::string& from, const std::string& to, const char* procedure) {
     if (files.Exists(from)) Attempt(procedure, [&] { files.WriteWhole(to, files.ReadWhole(from)); });
@@ -32,9 +25,7 @@ EditorSettings::EditorSettings(const Parts& parts) : Keys("EDITOR", EditorSettin
 }
 
 void EditorSettings::BindKeys() {
-    Keys.Bind(
-        "LanguageFileName", [this](const std::string& value) { languageFile_ = value; },
-        [this] { return parts_.Language.ModuleFile; });
+    parts_.Languages.BindKey(Keys);
     Keys.Bind(
         "LastFileUsed", [this](const std::string& value) { ChooseFile(value); },
         [this] { return parts_.Last.ForNextStart(); });
@@ -47,8 +38,8 @@ void EditorSettings::BindKeys() {
 }
 
 void EditorSettings::LoadSettings() {
-    FileService& files = parts_.Platform.Files;
-    parts_.Language.ErrorHeaderText = "Error in line";
+    FileService& files = parts_.Files;
+    parts_.Last.Forget();
     if (!files.Exists(InFolder(editorFile)))
         Copy(files, InFolder(editorResetFile), InFolder(editorFile), loadSettingsName);
     if (files.Exists(InFolder(editorFile))) {
@@ -58,77 +49,33 @@ void EditorSettings::LoadSettings() {
     }
     if (Ending()) return;
     loaded_ = true;
-    parts_.Main.Window.Visible = true;
-}
-
-// The first font named "Courier"; a "Courier New" behind it takes its place.
-void EditorSettings::ChooseBuiltInFont() {
-    const char* wanted = "Courier";
-    for (const std::string& font : parts_.Platform.Printer.Fonts()) {
-        if (!EqualIgnoringCase(font, wanted)) continue;
-        parts_.Paper.SetFontName(font);
-        wanted = "Courier New";
-    }
+    parts_.Window.Visible = true;
 }
 
 void EditorSettings::ApplyBuiltInValues() {
-    for (PortSide* side : {&parts_.Port.TX(), &parts_.Port.RX()}) parts_.Port.cmdEmco_Click(*side);
-    parts_.Store.Machine = MachineModel::MK4;
-    parts_.Display.RefreshMachine();
-    Centre(parts_.Main.Window, parts_.Platform.Screen);
-    try {
-        ChooseBuiltInFont();
-    } catch (const RunTimeError& error) {
-        if (error.Number == fault::PrinterError) return EndWithoutPrinter();
-        TellError(error, loadSettingsName);
-    }
+    parts_.BuiltIn.Apply(loadSettingsName);
+    if (Ending()) return;
     parts_.Store.LimitValues.Fill(parts_.Store.DisableLimitsCheck);
     parts_.Display.ShowCodeLists();
     // Also where the folder cannot be written, so that there never is a file.
     ChooseFile("");
-    if (parts_.Last.Exists()) LoadLastFile();
+    if (!parts_.Last.Exists()) return;
+    parts_.Last.Open();
+    parts_.Feeds.SetFeedLimits();
 }
 
 void EditorSettings::ApplyFile() {
-    FileService& files = parts_.Platform.Files;
-    languageFile_.clear();
-    parts_.Last.Forget();
     std::string text;
-    Attempt(loadSettingsName, [&] { text = WithoutUtf8Mark(files.ReadWhole(InFolder(editorFile))); });
+    Attempt(loadSettingsName, [&] { text = WithoutUtf8Mark(parts_.Files.ReadWhole(InFolder(editorFile))); });
     Busy = true;
     Keys.Read(text, loadSettingsName);
     Busy = false;
-    parts_.View.MakeToolpositionColums();
-    parts_.View.MakeLinePropertiesColumns();
-    parts_.View.MakeMachineTimeColumn();
+    parts_.Display.ShowColumns();
     // The limits follow a key of the file.
     parts_.Store.LimitValues.Fill(parts_.Store.DisableLimitsCheck);
     parts_.Display.ShowCodeLists();
-    // A reset keeps the language.
-    if (!resetting_) LoadModule();
-    LoadLastFile();
-}
-
-void EditorSettings::LoadModule() {
-    FileService& files = parts_.Platform.Files;
-    const std::string standing = InFolder(defaultModule);
-    if (files.Exists(standing)) {
-        Run(parts_.Calls.LoadLanguageModule, standing);
-        return;
-    }
-    constexpr std::size_t nameLength = 12;
-    const bool isDefault = EqualIgnoringCase(Right(languageFile_, nameLength), defaultModule);
-    if (isDefault || languageFile_.empty()) return;
-    // The program, with the modules that it brings, may have moved.
-    const bool there = files.Exists(languageFile_);
-    Run(parts_.Calls.LoadLanguageModule, there ? languageFile_ : FindModule(ExtractFileName(languageFile_)));
-}
-
-void EditorSettings::LoadLastFile() {
-    if (parts_.Last.Exists()) {
-        std::string name = parts_.Last.Name();
-        parts_.Reader.LoadFile(name);
-    }
+    if (!resetting_) parts_.Languages.LoadRemembered(parts_.Data.Folders.SettingsFolder);
+    parts_.Last.Open();
     // A file without a line of units leaves those of the settings.
     parts_.Feeds.SetFeedLimits();
 }
@@ -137,41 +84,23 @@ void EditorSettings::SaveSettings() {
     // A start that has ended early knows nothing that is worth keeping.
     if (!loaded_) return;
     parts_.Feeds.SetFeedLimits();
-    const bool written = Attempt(
-        saveSettingsName, [&] { parts_.Platform.Files.WriteWhole(InFolder(editorFile), Keys.Text()); });
+    const bool written =
+        Attempt(saveSettingsName, [&] { parts_.Files.WriteWhole(InFolder(editorFile), Keys.Text()); });
     if (!written) parts_.Data.TellNotWritable();
 }
 
-void EditorSettings::mnuReset_Click() {
-    FileService& files = parts_.Platform.Files;
-    const EditStep step(parts_.Calls, {StepKind::CodeComments});
-    // Its windows write their settings as they close, so first of all.
-    Run(parts_.Calls.UnloadDraw);
+void EditorSettings::Reset() {
+    FileService& files = parts_.Files;
     const auto putBack = [&](const char* name, const char* resetCopy) {
         if (files.Exists(InFolder(name))) Attempt(resetName, [&] { files.Delete(InFolder(name)); });
         Copy(files, InFolder(resetCopy), InFolder(name), resetName);
     };
     putBack(editorFile, editorResetFile);
     putBack(drawFile, drawResetFile);
-    ProgramStore& store = parts_.Store;
-    const std::string module = parts_.Language.ModuleFile;
-    const MachineModel machine = store.Machine;
-    const bool metric = store.Metric;
-    const bool horizontal = store.Horizontal;
-    parts_.Main.Window.State = WindowState::Normal;
+    parts_.Window.State = WindowState::Normal;
     resetting_ = true;
     LoadSettings();
     resetting_ = false;
-    if (Ending()) return;
-    // The program is what it was, and is checked when everything stands.
-    store.Machine = machine;
-    store.Horizontal = horizontal;
-    parts_.Machine.SetUnits(UnitsOf(metric));
-    parts_.Feeds.SetFeedLimits();
-    Run(parts_.Calls.LoadLanguageModule, module);
-    parts_.Display.RefreshMachine();
-    parts_.Display.ShowCodeLists();
-    parts_.Interpreter.Interpreter();
 }
 
 // Read only where no file decides the machine.
@@ -183,8 +112,7 @@ void EditorSettings::ChooseMachine(const std::string& machine) {
 }
 
 void EditorSettings::ChooseFile(const std::string& last) {
-    if (resetting_) return parts_.Last.Forget();
-    parts_.Last.Choose(last);
+    if (!resetting_) parts_.Last.Choose(last);
 }
 
 std::string EditorSettings::InFolder(const char* name) const {

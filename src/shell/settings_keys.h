@@ -19,7 +19,7 @@ void BindView(SettingsFile& keys, ViewColumns& view);
 void BindPort(SettingsFile& keys, PortControl& port);
 void BindPrinter(SettingsFile& keys, PrinterPage& page);
 // The window's place. A height or width that is not above 0 gives the smallest or the usual one, a left or top edge
-// the middle of the screen. What is kept is where the window stands by itself.
+// the middle of the screen. What is kept is the window's own place.
 void BindWindow(SettingsFile& keys, Form& window, Beside& beside, ScreenService& screen);
 // Puts a window into the middle of the screen.
 void Centre(Form& window, ScreenService& screen);

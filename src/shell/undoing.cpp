@@ -41,12 +41,8 @@ StepText TextOf(StepKind kind) {
 
 }  // namespace
 
-bool Undoing::IsHeld() const {
-    const ProgramStore& store = parts_.Store;
-    return store.EditorRunMode || store.TransmitActive || parts_.Port.IsSending ||
-           parts_.Transfer.frRXcode.Visible || parts_.Draw.State.Walking() || !parts_.Modes.ControlsOn() ||
-           parts_.History.IsOpen();
-}
+// While the step is still being made nothing is taken back either.
+bool Undoing::IsHeld() const { return parts_.Lock.ForProgram() || parts_.History.IsOpen(); }
 
 void Undoing::ShowEntry(Menu& entry, StepText word, const StepName* step) {
     const Texts& texts = parts_.Language;
@@ -70,70 +66,20 @@ bool Undoing::HandleKey(int pressed, int held) {
     const bool undo = held == key::CtrlHeld, redo = held == (key::CtrlHeld | key::ShiftHeld);
     if (pressed != 'Z' || (!undo && !redo)) return false;
     const bool refuses = (undo ? parts_.History.ToUndo() : parts_.History.ToRedo()) && IsHeld();
-    if (refuses) parts_.Platform.System.Beep();
+    if (refuses) parts_.System.Beep();
     return true;
 }
 
 void Undoing::Go(bool back) {
-    if (IsHeld()) return parts_.Platform.System.Beep();
-    parts_.Draw.Editor.RestoreSelection();
+    if (IsHeld()) return parts_.System.Beep();
+    parts_.DrawnLine.RestoreSelection();
     Refresh();
     const std::string what = (back ? parts_.Main.mnuUndo : parts_.Main.mnuRedo).Caption.Get();
     const std::optional<ProgramHistory::Move> move = back ? parts_.History.Undo() : parts_.History.Redo();
     if (!move) return;
-    Show(*move);
+    parts_.Restored.Show(*move);
     // The check takes away what was told before, so this comes behind it.
     Run(parts_.Calls.Tell, what);
-}
-
-void Undoing::Show(const ProgramHistory::Move& move) {
-    const Control* const focused = parts_.Platform.Focus.Focused();
-    const bool stays = focused && focused->Container != &parts_.Entry.frEntry;
-    EmptyEntryRow();
-    if (move.OtherMachine) {
-        parts_.Display.RefreshMachine();
-        parts_.Machine.SetUnits(UnitsOf(parts_.Store.Metric));
-        parts_.Display.ShowCodeLists();
-    }
-    Run(parts_.Calls.HideSettings);
-    Run(parts_.Calls.cmdReturn_Click);
-    ShowRows(move.Where);
-    parts_.History.StandAsThen();
-    Run(parts_.Calls.RefreshTitle);
-    parts_.States.Refresh();
-    if (!stays || !focused->EffectivelyVisible() || !focused->EffectivelyEnabled())
-        parts_.Platform.Focus.SetFocus(parts_.Entry.txtGMcode);
-    // Last: a drawing that waits then finds all of it there.
-    Run(move.OtherProgram ? parts_.Calls.mnuDraw_Click : parts_.Calls.RedrawAfterEdit);
-}
-
-// No line of another state stays open, and no edit of a field that belongs to one.
-void Undoing::EmptyEntryRow() {
-    parts_.Lists.Unselect();
-    parts_.Layout.ClearEntryFields();
-    parts_.Entry.lblGMcode.Caption = "G";
-    parts_.Layout.UpdateFrameCaption();
-    ForgetFieldEdits();
-}
-
-void Undoing::ForgetFieldEdits() {
-    EntryRow& entry = parts_.Entry;
-    entry.txtGMcode.Edits = {};
-    entry.txtComment.Edits = {};
-    for (const EntryRow::Field& field : entry.Fields()) field.Box.Edits = {};
-}
-
-// The pass runs where it has run then.
-void Undoing::ShowRows(const ProgramHistory::Place& place) {
-    ListView& list = parts_.Store.lvCncProgram;
-    const auto within = [&list](int row) { return std::clamp(row, 1, std::max(1, list.Count())); };
-    parts_.Store.PutBack(place.Pass);
-    parts_.Interpreter.Recheck();
-    list.RowsChanged();
-    if (list.Count() == 0) return;
-    list.Select(within(place.Selected));
-    list.ScrollTo(within(place.Top));
-    list.EnsureVisible(list.SelectedRow());
 }
 
 }  // namespace kvt

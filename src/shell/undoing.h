@@ -1,35 +1,25 @@
 #pragma once
 
-#include "draw/draw_window.h"
-#include "editor/field_layout.h"
+#include "draw/editor_line.h"
 #include "files/program_history.h"
-#include "shell/machine_display.h"
-#include "shell/menu_states.h"
-#include "shell/window_modes.h"
+#include "shell/edit_lock.h"
+#include "shell/main_controls.h"
+#include "shell/restored_program.h"
 
 namespace kvt {
 
-// Taking back what was done to the program, and doing it again: the two menu entries, which tell what that would be,
-// and how the window shows a program that has come back.
+// Taking back what was done to the program, and doing it again: the two menu entries, which tell what that would be.
 class Undoing {
 public:
     struct Parts {
         ProgramStore& Store;
         ProgramHistory& History;
-        EntryRow& Entry;
-        FieldLayout& Layout;
-        CodeLists& Lists;
-        ControlInterpreter& Interpreter;
-        MachineControls& Machine;
+        RestoredProgram& Restored;
+        const EditLock& Lock;
+        EditorLine& DrawnLine;
         MainControls& Main;
-        MachineDisplay& Display;
-        MenuStates& States;
-        const WindowModes& Modes;
-        const TransferControls& Transfer;
-        const PortControl& Port;
-        DrawWindow& Draw;
         const Texts& Language;
-        Services& Platform;
+        SystemService& System;
         WorkbenchCalls& Calls;
     };
     explicit Undoing(const Parts& parts) : parts_(parts) {}
@@ -41,16 +31,11 @@ public:
     void Refresh();
     // A key that no entry has taken; true where it was one of these two.
     bool HandleKey(int key, int held);
-    // What was typed into the entry row belongs to the step that has ended.
-    void ForgetFieldEdits();
 
 private:
     void Go(bool back);
     bool IsHeld() const;
     void ShowEntry(Menu& entry, StepText word, const StepName* step);
-    void Show(const ProgramHistory::Move& move);
-    void ShowRows(const ProgramHistory::Place& place);
-    void EmptyEntryRow();
 
     Parts parts_;
 };

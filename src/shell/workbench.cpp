@@ -52,13 +52,13 @@ Workbench::Workbench(Services& services)
                 Calls}),
       Draw({Store, Machine, Results, File, Language, services}),
       data_(services, Language),
-      lastFile_(File, Language, services),
+      lastFile_(File, Reader, Language, services),
       paper_(frmMain, services.Printer),
       info_(frmMain),
       Help({Store, Lists, Transfer, Entry, Main, Language, services, Calls}),
       print_({Store, File, Writer, Language, services, Calls}),
       Import({Store, File, Reader, Main.mnuImport, services, Language}),
-      Languages(frmMain, Modules, Language, services.Files),
+      Languages(frmMain, Modules, Language, services.Files, Calls),
       table_(frmMain),
       positions_({table_, Main, Store, Entry, File, View, Results, services.Screen}),
       Display({Store, Machine, Lists, View, Entry, Main, Import, Calls}),
@@ -67,14 +67,17 @@ Workbench::Workbench(Services& services)
       target_(Entry, Store, Language),
       states_({Main, Store, Results, Transfer, Port, Draw.State}),
       overlays_({Main, Entry, Store.lvCncProgram, services.Focus, Calls}),
-      undoing_({Store, History, Entry, Layout, Lists, Interpreter, Machine, Main, Display, states_, Modes,
-                Transfer, Port, Draw, Language, services, Calls}),
-      clearing_({Store, Entry, Layout, File, Lists, View, Interpreter, Draw.Editor, Display, Language,
-                 services, Calls}),
-      Modules(Forms(), {Main, Entry, Store, View, Display, Help, Interpreter, Language, Layout, services}),
+      lock_({Store, Transfer, Port, Modes, Draw.State}),
+      restored_({Store, History, Entry, Layout, Lists, Interpreter, Display, states_, services.Focus, Calls}),
+      undoing_({Store, History, restored_, lock_, Draw.Editor, Main, Language, services.System, Calls}),
+      clearing_(
+          {Store, Layout, File, Lists, Interpreter, Draw.Editor, Display, Language, services.Dialogs, Calls}),
+      Modules(Forms(), {Main, Entry.frEntry, Store.lvCncProgram, Help, Language, services}),
       beside_({frmMain, Draw.Controls, View, services.Screen}),
-      settings_({Main, Store, Machine, View, paper_, Port, feeds_, Reader, Interpreter, Display, Language,
-                 data_, lastFile_, services, Calls}),
+      builtIn_({frmMain, Store, Port, paper_, Display, services.Screen}),
+      settings_(
+          {frmMain, Store, Machine, builtIn_, feeds_, Display, Languages, lastFile_, data_, services.Files}),
+      reset_({settings_, Store, Language, Display, Interpreter, Calls}),
       drawSettings_(Draw, beside_, data_, services),
       recovery_(frmMain, {Store, File, Reader, Writer, Language, data_, services, Calls}),
       recent_({Main, Store, Language, services, Calls}),
@@ -123,11 +126,7 @@ void Workbench::FillCalls() {
     Calls.KeepRecoveryCopy = [this] { return recovery_.KeepRecoveryCopy(); };
     Calls.RefreshMachine = [this] { Display.RefreshMachine(); };
     Calls.RefreshTitle = [this] { RefreshTitle(); };
-    Modules.OnTexts = [this] {
-        Draw.Bar.ShowCaptions();
-        if (Draw.Controls.frmDraw.Visible) Draw.PositionControls();
-        Handled();
-    };
+    Modules.OnTexts = [this] { ShowTexts(); };
     Calls.ControlsPositioning = [this] { positions_.ControlsPositioning(); };
     Calls.ControlsEnable = [this](ControlsMode mode) { Modes.ControlsEnable(mode); };
     Calls.LoadClipboardModule = [this] { Received.LoadClipboardModule(); };
@@ -139,7 +138,7 @@ void Workbench::FillCalls() {
     Calls.BeginStep = [this](const StepName& name) { History.Begin(name); };
     Calls.EndStep = [this] {
         History.End();
-        if (!History.IsOpen()) undoing_.ForgetFieldEdits();
+        if (!History.IsOpen()) Entry.ForgetEdits();
     };
     Calls.ProgramSaved = [this] { History.Saved(); };
     Calls.Tell = [this](std::string_view what) {
@@ -154,8 +153,7 @@ void Workbench::FillCalls() {
     Machine.OnUnits = [this] { feeds_.SetFeedLimits(); };
     overlays_.OnSettings = [this] { ShowPaths(); };
     settings_.Ending = [this] { return ended_; };
-    settings_.FindModule = [this](std::string_view name) { return Languages.Find(name); };
-    settings_.EndWithoutPrinter = [this] { EndWithoutPrinter(); };
+    builtIn_.EndWithoutPrinter = [this] { EndWithoutPrinter(); };
 }
 
 }  // namespace kvt

@@ -17,7 +17,9 @@
 #include "interpreter/view_options.h"
 #include "program/machine_controls.h"
 #include "shell/beside.h"
+#include "shell/built_in_values.h"
 #include "shell/draw_settings.h"
+#include "shell/edit_lock.h"
 #include "shell/error_log.h"
 #include "shell/finding_guide.h"
 #include "shell/grey_reasons.h"
@@ -34,9 +36,11 @@
 #include "shell/program_clearing.h"
 #include "shell/recent_files.h"
 #include "shell/recovery.h"
+#include "shell/restored_program.h"
 #include "shell/sample_menu.h"
 #include "shell/settings.h"
 #include "shell/settings_keys.h"
+#include "shell/settings_reset.h"
 #include "shell/undoing.h"
 #include "shell/user_data.h"
 #include "shell/window_modes.h"
@@ -47,7 +51,7 @@
 namespace kvt {
 
 // Puts the rooms together on one half of the platform: gives each of them what it needs, leads menus, buttons and keys
-// to what they do, and is the start and the one way out. What stands on it from outside reaches the rooms here.
+// to what they do, and is the start and the one way out. Console and tests get at the rooms here.
 class Workbench {
 public:
     explicit Workbench(Services& services);
@@ -133,6 +137,8 @@ private:
     EntryTarget target_;
     MenuStates states_;
     Overlays overlays_;
+    EditLock lock_;
+    RestoredProgram restored_;
     Undoing undoing_;
     ProgramClearing clearing_;
 
@@ -141,7 +147,9 @@ public:
 
 private:
     Beside beside_;
+    BuiltInValues builtIn_;
     EditorSettings settings_;
+    SettingsReset reset_;
     DrawSettings drawSettings_;
     Recovery recovery_;
     RecentFiles recent_;
@@ -158,7 +166,9 @@ public:
     // Starts the workbench with the text of the command line: folders, settings, the file that is named there,
     // layout, and the focus on the code field.
     void Form_Load(std::string_view commandLine);
-    // Whether the way out has been taken; a question about unsaved changes may still stand.
+    // Writes the settings as the way out does, where the program may go without taking it.
+    void KeepSettings();
+    // Whether the way out has been taken; a question about unsaved changes may still be open.
     bool Ending() const { return ended_; }
 
 private:
@@ -172,19 +182,20 @@ private:
     void WireDrawing();
     void WireTransfer();
     void WireNotices();
-    // Has a handler of a hand on the program do nothing while the program is held.
+    // Makes a handler of a user's edit do nothing while a transfer locks the program.
     template <class... Arguments>
     void UnlessHeld(std::function<void(Arguments...)>& handler);
-    bool IsHeld() const;
 
     void Form_Activate();
     void tmr1sec_Timer();
     // Behind every handler: what shows the state that handlers change.
     void Handled();
+    // The texts of the windows are those of another language.
+    void ShowTexts();
     // The title: the file's name, and a mark while the program has changed.
     void RefreshTitle();
     void OpenFile(std::string name);
-    // Prints when a walk that stands has ended; without the dialog if it is to be direct.
+    // Prints when a drawing that is under way has ended; without the dialog if it is to be direct.
     void PrintAfterWalk(bool direct);
     // Brings the paths on the info page up to date.
     void ShowPaths();
@@ -199,7 +210,6 @@ private:
     void ShowEditor();
     // Opens a row of the list from another window, as a click on it does; nothing where that could not be clicked.
     void OpenRow(int row);
-    void FocusCode();
 
     void FindFolders();
     // Reads the fonts of the printer. A machine without one ends the program; false then.

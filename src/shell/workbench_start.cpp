@@ -46,13 +46,13 @@ void Workbench::Form_Load(std::string_view commandLine) {
     Form_Activate();
     Port.StartPort();
     recovery_.Restore();
-    // Without a program the open line awaits the first code; menus and buttons stand as after a tick.
+    // Without a program the open line awaits the first code; menus and buttons are enabled as after a tick.
     if (Store.lvCncProgram.Count() == 0) clearing_.mnuNew_Click();
     History.Start();
     tmr1sec_Timer();
     Handled();
     RefreshTitle();
-    FocusCode();
+    Layout.FocusCode();
     lastFile_.TellMissing();
     // Told now, while the user can still do something about it.
     const bool writable = files.CanWrite(folders.DataFolder) && files.CanWrite(folders.SettingsFolder);
@@ -73,6 +73,12 @@ bool Workbench::FindPrinter() {
 void Workbench::EndWithoutPrinter() {
     Platform.Dialogs.ShowMessage(Notice(Language.ErrorTexts(text::NoPrinter)));
     mnuExit_Click();
+}
+
+void Workbench::KeepSettings() {
+    if (ended_) return;
+    settings_.SaveSettings();
+    if (Draw.Controls.frmDraw.Visible) drawSettings_.SaveSettings();
 }
 
 void Workbench::mnuExit_Click() {

@@ -32,7 +32,7 @@ void Workbench::WireWindow() {
     };
     // Before a press on a row selects it: also on the row that the drawing has selected.
     list.OnGotFocus = [this] { Draw.Editor.RestoreSelection(); };
-    // The path and the file's name stand in one place; a click changes between them.
+    // The path and the file's name share one place; a click changes between them.
     File.lblPath.OnClick = [this] {
         File.lblFileName.Caption = ExtractFileName(File.lblPath.Caption);
         File.lblFileName.Visible = true;
@@ -128,8 +128,8 @@ void Workbench::WireOptions() {
 }
 
 void Workbench::WireReset() {
-    Main.cmdResetAll.OnClick = [this] { settings_.mnuReset_Click(); };
-    Main.mnuReset.OnClick = [this] { settings_.mnuReset_Click(); };
+    Main.cmdResetAll.OnClick = [this] { reset_.mnuReset_Click(); };
+    Main.mnuReset.OnClick = [this] { reset_.mnuReset_Click(); };
 }
 
 void Workbench::WireKeys() {
@@ -149,7 +149,7 @@ void Workbench::WireKeys() {
 
 void Workbench::WireDrawing() {
     // From below the drawing is repainted where it is, not brought up: another program has come into the editor, and
-    // that of a walk that stands has gone.
+    // that of a drawing under way has gone.
     Calls.mnuDraw_Click = [this] {
         if (Draw.State.Walking()) Draw.State.StopRequested = true;
         if (Draw.Controls.frmDraw.Visible) Draw.State.FitNext = true;
@@ -163,7 +163,7 @@ void Workbench::WireDrawing() {
     };
     Draw.ShowEditor = [this] { ShowEditor(); };
     Draw.Strokes.OpenRow = [this](int row) { OpenRow(row); };
-    Draw.RestoreFocus = [this] { FocusCode(); };
+    Draw.RestoreFocus = [this] { Layout.FocusCode(); };
 }
 
 void Workbench::WireTransfer() {
@@ -178,7 +178,7 @@ void Workbench::WireTransfer() {
         button->OnClick = [this, leave = std::move(button->OnClick)] {
             leave();
             const Control* const focused = Platform.Focus.Focused();
-            if (!Transfer.frRXcode.Visible && focused && !focused->EffectivelyVisible()) FocusCode();
+            if (!Transfer.frRXcode.Visible && focused && !focused->EffectivelyVisible()) Layout.FocusCode();
         };
     }
     ListView& list = Store.lvCncProgram;
@@ -200,14 +200,10 @@ void Workbench::WireNotices() {
     greys_.Wire();
 }
 
-// The program stays as it is while it is being sent, to the last character of one that is stopped, and while the
-// receive view lies over it.
-bool Workbench::IsHeld() const { return Port.IsSending || Transfer.frRXcode.Visible; }
-
 template <class... Arguments>
 void Workbench::UnlessHeld(std::function<void(Arguments...)>& handler) {
     handler = [this, before = std::move(handler)](Arguments... arguments) {
-        if (before && !IsHeld()) before(arguments...);
+        if (before && !lock_.ByTransfer()) before(arguments...);
     };
 }
 
@@ -237,6 +233,17 @@ void Workbench::Handled() {
     Layout.UpdateFrameCaption();
     FollowOpenedRow(Entry, Store.lvCncProgram, Store.IsF1());
     target_.Refresh(Draw.Editor.UsersRow());
+}
+
+void Workbench::ShowTexts() {
+    Display.ShowMachineName();
+    Layout.RefreshTexts();
+    Options.RenewComments();
+    Form_Activate();
+    Draw.Bar.ShowCaptions();
+    if (Draw.Controls.frmDraw.Visible) Draw.PositionControls();
+    Handled();
+    Interpreter.Interpreter();
 }
 
 void Workbench::RefreshTitle() {
@@ -326,22 +333,18 @@ void Workbench::mnuDraw_Click() {
     Draw.DrawForUser();
 }
 
-void Workbench::FocusCode() {
-    if (Entry.txtGMcode.EffectivelyVisible()) Platform.Focus.SetFocus(Entry.txtGMcode);
-}
-
 void Workbench::ShowEditor() {
     Draw.Editor.RestoreSelection();
     Draw.Editor.RestoreScroll();
     frmMain.Visible = true;
     // First, so that the field that had the keys last is not passed through on the way.
-    FocusCode();
+    Layout.FocusCode();
     frmMain.BringToFront();
 }
 
 void Workbench::OpenRow(int row) {
     ListView& list = Store.lvCncProgram;
-    if (!Modes.ControlsOn() || IsHeld() || Store.EditorRunMode || !list.EffectivelyVisible()) return;
+    if (lock_.ForLines() || !list.EffectivelyVisible()) return;
     frmMain.BringToFront();
     if (!FocusByHand(list, Platform.Focus) || row > list.Count()) return;
     list.Select(row);

@@ -17,7 +17,7 @@ public:
     std::optional<std::tm> WrittenAt(std::string_view path) override;
     std::string ReadWhole(std::string_view path) override;
     void WriteWhole(std::string_view path, std::string_view content) override;
-    // Writes a file that is new under its name: what stands there gives way, a link itself and not what it points
+    // Writes a file that is new under its name: what is there gives way, a link itself and not what it points
     // at. Error 75.
     void WriteNew(std::string_view path, std::string_view content);
     bool CanWrite(std::string_view folder) override;

@@ -17,10 +17,10 @@ std::string NameForSystem(std::string_view name);
 // there yet stays as it is named. Links that lead in a circle are error 75.
 std::filesystem::path ResolvedPath(const std::filesystem::path& path);
 
-// The number of this program's own open file that a path stands for, as /dev/stdout does; -1 for none.
+// The number of this program's own open file that a path refers to, as /dev/stdout does; -1 for none.
 int OwnOpenFile(std::filesystem::path path);
 
-// Whether a path stands in a folder or is that folder; both resolved.
+// Whether a path lies in a folder or is that folder; both resolved.
 bool IsWithin(const std::filesystem::path& path, const std::filesystem::path& folder);
 
 }  // namespace kvt

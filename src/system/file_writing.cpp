@@ -69,7 +69,7 @@ bool CopyOwnerAndMode(int handle, const struct stat& old) {
 
 enum class Outcome { Written, Failed, NotThisWay };
 
-// The folder, or what stands under the name, does not let a new file take the place.
+// The folder, or what has the name already, does not let a new file take the place.
 Outcome OutcomeOfError() {
     const bool refused = errno == EACCES || errno == EPERM || errno == EROFS || errno == EBUSY;
     return refused ? Outcome::NotThisWay : Outcome::Failed;

@@ -19,7 +19,7 @@ public:
     // lies in the folder of data. False leaves the old file as it was.
     bool Write(const std::filesystem::path& target, std::string_view content) const;
 
-    // Writes a file that is new under its name: what stands there gives way, a link itself and not what it points at.
+    // Writes a file that is new under its name: what is there gives way, a link itself and not what it points at.
     bool WriteNew(const std::filesystem::path& target, std::string_view content) const;
 
     // Removes the unfinished files of runs that were ended in the middle of a write.

@@ -5,7 +5,7 @@
 
 namespace kvt {
 
-// While one stands, Ctrl+C, a request to end, a hang-up of the terminal and the limit of file size are noted and do
+// While one exists, Ctrl+C, a request to end, a hang-up of the terminal and the limit of file size are noted and do
 // nothing by themselves. A hang-up that was to be ignored from the beginning (nohup) is none.
 class Interrupts {
 public:

@@ -11,13 +11,13 @@ namespace {
 // Counts a handler for as long as it runs.
 class Deeper {
 public:
-    explicit Deeper(int& depth) : depth_(depth) { ++depth_; }
+    explicit Deeper(std::size_t& depth) : depth_(depth) { ++depth_; }
     ~Deeper() { --depth_; }
     Deeper(const Deeper&) = delete;
     Deeper& operator=(const Deeper&) = delete;
 
 private:
-    int& depth_;
+    std::size_t& depth_;
 };
 
 }  // namespace
@@ -43,39 +43,25 @@ bool OffscreenSystem::WaitUntil(const std::function<double()>& left) {
     return !Ended;
 }
 
-std::tm OffscreenSystem::Now() {
-    const std::time_t now = std::time(nullptr);
-    std::tm local = {};
-    localtime_r(&now, &local);
-    return local;
-}
+void OffscreenSystem::Later(std::function<void()> call) { deferred_.Add(std::move(call), depth_); }
 
-void OffscreenSystem::Later(std::function<void()> call) {
-    deferred_.push_back({std::move(call), std::max(depth_, 1)});
-}
-
-// One that stands below on the stack is not through yet: what it has deferred stays for its own end.
 void OffscreenSystem::Run(const std::function<void()>& handler) {
     {
         const Deeper deeper(depth_);
         handler();
     }
-    const auto due = [this] {
-        return std::find_if(deferred_.begin(), deferred_.end(),
-                            [this](const DeferredCall& one) { return one.Depth > depth_; });
-    };
-    for (auto next = due(); next != deferred_.end() && !Ended; next = due()) {
-        const std::function<void()> call = std::move(next->Call);
-        deferred_.erase(next);
+    while (!Ended) {
+        const std::optional<DeferredCalls::Deferred> due = deferred_.TakeDue(depth_);
+        if (!due) break;
         const Deeper deeper(depth_);
-        call();
+        due->Call();
     }
     if (OnHandled && !Ended) OnHandled();
 }
 
 void OffscreenSystem::BeginRun() {
     timers_.clear();
-    deferred_.clear();
+    deferred_ = {};
     Ended = false;
 }
 

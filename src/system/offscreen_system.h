@@ -1,10 +1,11 @@
 #pragma once
 
-#include <deque>
 #include <functional>
 #include <memory>
 #include <vector>
 
+#include "basic/local_time.h"
+#include "platform/deferred_calls.h"
 #include "platform/services.h"
 
 namespace kvt {
@@ -17,7 +18,7 @@ public:
     bool ServeEvents(long long turn) override;
     // Lets the clock run on, from tick to tick.
     bool WaitUntil(const std::function<double()>& left) override;
-    std::tm Now() override;
+    std::tm Now() override { return LocalNow(); }
     std::string LocalDataFolder() override { return {}; }
     std::string DocumentsFolder() override { return {}; }
     void PressKey(int) override {}
@@ -34,7 +35,7 @@ public:
     // Runs whenever the clock has moved on.
     std::function<void()> OnClock;
 
-    // Runs what stands for a handler of a user's action, then what it has deferred.
+    // Runs a function as the handler of a user's action, then what it has deferred.
     void Run(const std::function<void()>& handler);
     // Lets the virtual clock run on, with the timers of the forms that are given to it.
     void Advance(int milliseconds);
@@ -54,10 +55,6 @@ protected:
     virtual void ServeTimedWait() {}
 
 private:
-    struct DeferredCall {
-        std::function<void()> Call;
-        int Depth;  // of the handler that has deferred it
-    };
     // A timer of a form, and when it was set going: it ticks from there on.
     class TimerPhase : public ControlView {
     public:
@@ -75,8 +72,8 @@ private:
     long long NextTick(long long end) const;
 
     std::vector<std::unique_ptr<TimerPhase>> timers_;
-    std::deque<DeferredCall> deferred_;
-    int depth_ = 0;  // of handlers
+    DeferredCalls deferred_;
+    std::size_t depth_ = 0;  // of handlers
 };
 
 }  // namespace kvt

@@ -10,7 +10,7 @@
 
 namespace kvt {
 
-// A row of options of which one holds; a control array, each with a text that it stands for.
+// A row of options of which one holds; a control array, each with the text of its value.
 class OptionGroup {
 public:
     OptionGroup(Form& form, std::string_view name, std::initializer_list<const char*> texts);

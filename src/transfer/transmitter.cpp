@@ -156,7 +156,7 @@ double Transmitter::LeftOfStep() const {
 }
 
 void Transmitter::RunStep() {
-    // A message may stand in the one before.
+    // A message of the one before may still be open.
     const StackGuard guard(stepping_);
     if (!guard.Entered()) return;
     ++steps_;

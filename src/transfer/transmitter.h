@@ -15,7 +15,7 @@ namespace kvt {
 
 // Sends the program to the machine, line by line at the machine's pace: it has no handshake and acknowledges
 // nothing. Each line is given as a whole and waited for, so that the selected row is the one on the wire. While
-// something else stands in a wait above the transmission's own, a timer gives the lines, and ends it.
+// something else waits above the transmission's own, a timer gives the lines, and ends it.
 class Transmitter {
 public:
     struct Parts {
@@ -23,7 +23,7 @@ public:
         TransferControls& Controls;
         PortControl& Port;
         CncWriter& Writer;
-        // The pulse of the window, which stands still meanwhile; the button that stops, and the one that hides
+        // The pulse of the window, which is off meanwhile; the button that stops, and the one that hides
         // while a step run needs it too.
         Timer& tmr1sec;
         CommandButton& cmdStop;
@@ -43,7 +43,7 @@ public:
     // The last transmission was cut short by a stop, and the units mark has ended it.
     bool WasCut = false;
 
-    // Called while one stands already it does nothing. Where nothing can be sent that is told.
+    // While one is under way it does nothing. Where nothing can be sent that is told.
     void mnuTX_Click();
     // What a click on cmdStop adds: the line on the wire is the last one, and the units mark ends the reception.
     void Stop() { parts_.Store.TransmitActive = false; }

@@ -71,6 +71,7 @@ void WebFormView::PropertyChanged(Control& control, PropertyId id) {
         case PropertyId::Area: return FillArea();
         case PropertyId::WindowState:
             if (form_.State == WindowState::Maximised) FollowScreen();
+            if (form_.State == WindowState::Normal) FillPageSoon();
             return TellResize();
         default: break;
     }
@@ -85,6 +86,21 @@ void WebFormView::FillArea() {
     place.Width -= edges_.Width - form_.EdgeWidth;
     place.Height -= edges_.Height - form_.EdgeHeight;
     form_.SetRestoredPlace(place);
+    hasPart_ = true;
+}
+
+void WebFormView::FillPage() {
+    fillsPage_ = true;
+    form_.State = WindowState::Maximised;
+}
+
+// What has restored it may give it a part of the page next.
+void WebFormView::FillPageSoon() {
+    hasPart_ = false;
+    if (!fillsPage_) return;
+    Web.System.Later([this] {
+        if (!hasPart_ && form_.State == WindowState::Normal) form_.State = WindowState::Maximised;
+    });
 }
 
 void WebFormView::Put(const WindowPlace& place) {
@@ -96,9 +112,8 @@ void WebFormView::Put(const WindowPlace& place) {
 }
 
 void WebFormView::FollowScreen() {
-    if (form_.State != WindowState::Maximised) return;
-    Put({screen_.Height() - edges_.Height + form_.EdgeHeight, 0, 0,
-         screen_.Width() - edges_.Width + form_.EdgeWidth});
+    if (form_.State == WindowState::Maximised)
+        TakeField(screen_.Width() - edges_.Width, screen_.Height() - edges_.Height, {});
 }
 
 void WebFormView::TellResize() {
@@ -109,13 +124,12 @@ void WebFormView::Drop(const std::string& path) {
     if (Usable() && form_.OnDropFile) Web.System.Run(form_, "OLEDragDrop", [&] { form_.OnDropFile(path); });
 }
 
-// The size of the field; it is never smaller than its controls need.
-void WebFormView::TakeSize(const PageEvent& event) {
-    const int least = form_.LeastHeight > 0 ? form_.LeastHeight : form_.SmallestHeight;
-    const int width = event.Number("width") + form_.EdgeWidth;
-    const int height = event.Number("height") + form_.EdgeHeight;
+// The field is never smaller than its controls need; the page scrolls to the rest.
+void WebFormView::TakeField(int width, int height, const WindowPlace& corner) {
     if (width <= 0 || height <= 0) return;
-    Put({std::max(height, least), form_.Left, form_.Top, std::max(width, form_.SmallestWidth)});
+    const int least = form_.LeastHeight > 0 ? form_.LeastHeight : form_.SmallestHeight;
+    Put({std::max(height + form_.EdgeHeight, least), corner.Left, corner.Top,
+         std::max(width + form_.EdgeWidth, form_.SmallestWidth)});
 }
 
 void WebFormView::TakeState(const PageEvent& event) {
@@ -127,7 +141,7 @@ void WebFormView::TakeState(const PageEvent& event) {
 void WebFormView::Take(const PageEvent& event) {
     if (!form_.Visible) return;
     if (event.Is("resize")) {
-        TakeSize(event);
+        TakeField(event.Number("width"), event.Number("height"), {0, form_.Left, form_.Top, 0});
     } else if (event.Is("place")) {
         form_.Left = event.Number("left");
         form_.Top = event.Number("top");

@@ -18,6 +18,8 @@ public:
     // A window whose field is frozen can be moved and closed all the same.
     void Take(const PageEvent& event) override;
     Form& Window() const { return form_; }
+    // It fills the page from now on, unless it is given a part of it.
+    void FillPage();
     // A maximised window takes the size of a page that has another one.
     void FollowScreen();
     // A file was dropped on it.
@@ -32,16 +34,19 @@ private:
     ControlView* MakeView(Control& control);
     void Put(const WindowPlace& place);
     void TellResize();
-    void TakeSize(const PageEvent& event);
+    void TakeField(int width, int height, const WindowPlace& corner);
     void TakeState(const PageEvent& event);
     void Show();
     void FillArea();
+    void FillPageSoon();
 
     Form& form_;
     ScreenService& screen_;
     const WindowPlace& edges_;
     std::vector<std::unique_ptr<ControlView>> views_;
     bool putting_ = false;
+    bool fillsPage_ = false;
+    bool hasPart_ = false;
 };
 
 }  // namespace kvt

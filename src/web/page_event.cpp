@@ -1,13 +1,16 @@
 #include "web/page_event.h"
 
+#include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "basic/code_page.h"
 
 namespace kvt {
 
 namespace {
+
+// Whole numbers are held to it, so that they can be added.
+constexpr double largest = 1'000'000'000;
 
 std::string_view TextOf(const rapidjson::Value& value) {
     return {value.GetString(), value.GetStringLength()};
@@ -50,8 +53,7 @@ double PageEvent::Real(std::string_view member) const {
 }
 
 int PageEvent::Number(std::string_view member) const {
-    constexpr double most = std::numeric_limits<int>::max();
-    return static_cast<int>(std::round(std::min(std::max(Real(member), -most), most)));
+    return static_cast<int>(std::round(std::clamp(Real(member), -largest, largest)));
 }
 
 bool PageEvent::Flag(std::string_view member) const {

@@ -1,6 +1,8 @@
 #include "web/web_files.h"
 
 #include <algorithm>
+#include <charconv>
+#include <ctime>
 
 #include "basic/run_time_error.h"
 #include "basic/text.h"
@@ -33,10 +35,26 @@ void WebFiles::Put(std::string_view path, std::optional<std::string> content) {
     files_[Normal(path)] = {std::move(content), std::nullopt};
 }
 
-// A folder is there with what is in it.
+void WebFiles::PutAside(std::string_view path, std::string_view content) {
+    files_[Normal(path)] = {std::string(content), system_.Now(), true};
+}
+
+void WebFiles::SetWritten(std::string_view path, std::string_view seconds) {
+    const auto found = files_.find(Normal(path));
+    long long count = 0;
+    const char* const end = seconds.data() + seconds.size();
+    const auto read = std::from_chars(seconds.data(), end, count);
+    if (found == files_.end() || read.ec != std::errc() || read.ptr != end) return;
+    const auto time = static_cast<std::time_t>(count);
+    std::tm local = {};
+    if (localtime_r(&time, &local)) found->second.Written = local;
+}
+
+// A folder is there with what is in it, a file that the page keeps back when it gives it: its user may have to agree.
 bool WebFiles::Exists(std::string_view path) {
     const std::string normal = Normal(path);
-    if (files_.count(normal) > 0) return true;
+    if (const auto found = files_.find(normal); found != files_.end())
+        return Fetch(found->first, found->second);
     const std::string folder = normal.ends_with('/') ? normal : normal + "/";
     const auto first = files_.lower_bound(folder);
     return !normal.empty() && first != files_.end() && first->first.starts_with(folder);
@@ -47,15 +65,17 @@ std::optional<std::tm> WebFiles::WrittenAt(std::string_view path) {
     return found == files_.end() ? std::nullopt : found->second.Written;
 }
 
+// Asks the page for a content that it has kept back; false where it has none to give now.
+bool WebFiles::Fetch(const std::string& path, File& file) {
+    if (file.Content) return true;
+    const PageEvent answer = system_.Ask(Message("read").Shown("path", path), WebSystem::Meanwhile::Nothing);
+    if (answer.Has("content")) file.Content = answer.Bytes("content");
+    return file.Content.has_value();
+}
+
 std::string WebFiles::ReadWhole(std::string_view path) {
     const auto found = files_.find(Normal(path));
-    if (found == files_.end()) throw RunTimeError(fault::FileNotFound);
-    if (!found->second.Content) {
-        const PageEvent answer =
-            system_.Ask(Message("read").Shown("path", found->first), WebSystem::Meanwhile::Nothing);
-        if (!answer.Has("content")) throw RunTimeError(fault::FileNotFound);
-        found->second.Content = answer.Bytes("content");
-    }
+    if (found == files_.end() || !Fetch(found->first, found->second)) throw RunTimeError(fault::FileNotFound);
     if (found->second.Content->size() > LargestText) throw RunTimeError(fault::PathFileAccess);
     return *found->second.Content;
 }
@@ -96,7 +116,7 @@ bool WebFiles::CanWrite(std::string_view folder) {
 void WebFiles::Delete(std::string_view path) {
     const auto found = files_.find(Normal(path));
     if (found == files_.end()) throw RunTimeError(fault::FileNotFound);
-    Keep(found->first, nullptr);
+    if (!found->second.Aside) Keep(found->first, nullptr);
     files_.erase(found);
 }
 

@@ -25,8 +25,12 @@ public:
     void MakeFolder(std::string_view path) override;
     std::vector<std::string> List(std::string_view folder, std::string_view pattern) override;
 
-    // A file that is there, and tells the page nothing; without a content the page is asked for it when it is read.
+    // A file that the page has; without a content it is asked for it when it is read.
     void Put(std::string_view path, std::optional<std::string> content);
+    // One that the page never hears of: it goes with the program.
+    void PutAside(std::string_view path, std::string_view content);
+    // When a file that is there was written, in seconds since 1970 as digits; another text tells nothing.
+    void SetWritten(std::string_view path, std::string_view seconds);
     // Whether the browser's storage takes what is written; it is kept here all the same.
     void SetStorage(bool stores) { stores_ = stores; }
     // Where a file of the user's stands, by the name that he knows it by.
@@ -36,7 +40,9 @@ private:
     struct File {
         std::optional<std::string> Content;
         std::optional<std::tm> Written;
+        bool Aside = false;
     };
+    bool Fetch(const std::string& path, File& file);
     void Keep(const std::string& path, const std::string* content);
 
     WebSystem& system_;

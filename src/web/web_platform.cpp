@@ -26,12 +26,21 @@ WebPlatform::WebPlatform(PageLink& link, ProgramService& programs)
             Files.Put(path, content ? std::optional(*content) : std::nullopt);
         });
     }
+    hello_.EachFile("times", [this](const std::string& path, const std::string* seconds) {
+        if (seconds) Files.SetWritten(path, *seconds);
+    });
     System.OnEvent = [this](const PageEvent& event) { Take(event); };
     System.OnKey = [this](int key) { Keys.PressByCode(key); };
 }
 
 void WebPlatform::Show(Form& form) {
     windows_.push_back(std::make_unique<WebFormView>(context_, form, Screen, Screen.Edges()));
+}
+
+void WebPlatform::FillPage(const Form& form) {
+    for (const auto& window : windows_) {
+        if (&window->Window() == &form) window->FillPage();
+    }
 }
 
 void WebPlatform::Run() {

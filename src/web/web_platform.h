@@ -25,6 +25,8 @@ public:
 
     // Shows a form. The form must outlive the platform.
     void Show(Form& form);
+    // The window of a form fills the page, unless it was given a part of it.
+    void FillPage(const Form& form);
     // Serves the page until the program ends.
     void Run();
 

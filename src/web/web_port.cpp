@@ -52,6 +52,8 @@ void WebPort::Let() {
 }
 
 void WebPort::Output(std::string_view text) {
+    // New settings are for what is given from now on, where nothing is under way.
+    if (open_ && changes_ && pace_.Left(system_.Milliseconds()) <= 0) Change();
     if (!open_) throw RunTimeError(fault::PortNotOpen);
     pace_.Add(system_.Milliseconds(), text.size(), Line());
     sending_ = true;

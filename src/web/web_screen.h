@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+
 #include "platform/services.h"
 #include "web/page_event.h"
 
@@ -13,6 +15,9 @@ public:
     int WorkAreaHeight() override { return height_; }
     WindowPlace OnScreen(const WindowPlace& place) override;
     WindowPlace WorkArea(const WindowPlace&) override { return {height_, 0, 0, width_}; }
+    // A window that is larger scrolls.
+    int WidthFor(int wanted) override { return std::min(wanted, width_); }
+    int HeightFor(int wanted) override { return std::min(wanted, height_); }
     double PointsPerTwip() override { return pointsPerTwip_; }
 
     // Takes over how large the page is, how fine, and what title, edges and menus of a window take there.

@@ -1,7 +1,6 @@
 #include "web/web_system.h"
 
 #include <algorithm>
-#include <ctime>
 
 #include "web/web_view.h"
 
@@ -17,7 +16,7 @@ constexpr double longestTurn = 30;
 constexpr int mostAtOnce = 100;
 
 // What goes on below a question to the user; what else comes was meant for nobody.
-constexpr std::string_view goingOn[] = {"port", "ports", "screen", "resize", "sight", "hidden"};
+constexpr std::string_view goingOn[] = {"port", "ports", "screen", "resize", "sight", "hidden", "unload"};
 
 bool GoesOn(const PageEvent& event) {
     return std::find(std::begin(goingOn), std::end(goingOn), event.Name()) != std::end(goingOn);
@@ -49,13 +48,6 @@ bool WebSystem::WaitUntil(const std::function<double()>& left) {
     return !ended_;
 }
 
-std::tm WebSystem::Now() {
-    const std::time_t now = std::time(nullptr);
-    std::tm local = {};
-    localtime_r(&now, &local);
-    return local;
-}
-
 void WebSystem::PressKey(int key) { keys_.push_back({key, std::max<std::size_t>(running_.size(), 1)}); }
 
 void WebSystem::SendKeys() {
@@ -67,19 +59,14 @@ void WebSystem::SendKeys() {
 }
 
 void WebSystem::Later(std::function<void()> call) {
-    deferred_.push_back({std::move(call), Running(), std::max<std::size_t>(running_.size(), 1)});
+    deferred_.Add(std::move(call), running_.size(), Running());
 }
 
-// One that stands below on the stack, in a wait, is not through yet: what it has deferred stays for its own end.
 void WebSystem::RunDeferred() {
-    const auto due = [this] {
-        return std::find_if(deferred_.begin(), deferred_.end(),
-                            [this](const DeferredCall& one) { return one.Depth > running_.size(); });
-    };
-    for (auto next = due(); next != deferred_.end() && !ended_; next = due()) {
-        const DeferredCall one = std::move(*next);
-        deferred_.erase(next);
-        RunGuarded("Later", one.Asker, one.Call);
+    while (!ended_) {
+        const std::optional<DeferredCalls::Deferred> one = deferred_.TakeDue(running_.size());
+        if (!one) return;
+        RunGuarded("Later", one->Asker, one->Call);
     }
 }
 

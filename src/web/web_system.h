@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "basic/caught_failure.h"
+#include "basic/local_time.h"
+#include "platform/deferred_calls.h"
 #include "platform/services.h"
 #include "web/page_event.h"
 #include "web/web_page.h"
@@ -24,7 +26,7 @@ public:
     bool DoEvents() override;
     bool ServeEvents(long long turn) override;
     bool WaitUntil(const std::function<double()>& left) override;
-    std::tm Now() override;
+    std::tm Now() override { return LocalNow(); }
     std::string LocalDataFolder() override { return "/data"; }
     std::string DocumentsFolder() override { return "/files"; }
     void PressKey(int key) override;
@@ -81,11 +83,6 @@ private:
         int Key;
         std::size_t Depth;  // of the handler that pressed it
     };
-    struct DeferredCall {
-        std::function<void()> Call;
-        const Form* Asker;
-        std::size_t Depth;  // of the handler that has deferred it
-    };
 
     template <class Handler>
     void RunGuarded(const char* name, const Form* form, Handler&& handler) {
@@ -113,7 +110,7 @@ private:
     std::vector<WebClock*> clocks_;
     std::deque<PressedKey> keys_;
     std::vector<const Form*> running_;
-    std::deque<DeferredCall> deferred_;
+    DeferredCalls deferred_;
     double eventsAt_ = 0;
     double turnAt_ = 0;
     int asked_ = 0;

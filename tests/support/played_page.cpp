@@ -27,8 +27,11 @@ constexpr std::pair<const char*, const char*> usualAnswers[] = {
 
 }  // namespace
 
-PlayedPage::PlayedPage() {
-    Say(R"({"on":"hello","width":19200,"height":12000,"share":{},"stored":{},"names":[]})");
+PlayedPage::PlayedPage() { SayHello("\"names\":[]"); }
+
+// Of members that are there twice the first counts.
+void PlayedPage::SayHello(const std::string& members) {
+    events_ = {R"({"on":"hello",)" + members + R"(,"width":19200,"height":12000})"};
 }
 
 void PlayedPage::Send(std::string_view message) {
@@ -41,7 +44,7 @@ void PlayedPage::Note(const std::string& message) {
     document.Parse(message.data(), message.size());
     if (document.HasParseError() || !document.IsObject()) throw std::runtime_error("no JSON: " + message);
     const std::string task = document["do"].GetString();
-    if (task == "make") numbers_[document["name"].GetString()] = document["id"].GetInt();
+    if (task == "make") NoteName(document);
     if (document.HasMember("p")) {
         auto& shown = shown_[document["id"].GetInt()];
         for (const auto& property : document["p"].GetObject())
@@ -50,8 +53,23 @@ void PlayedPage::Note(const std::string& message) {
     if (!document.HasMember("ask")) return;
     if (OnAsked) OnAsked(task, PageEvent(message));
     // What is asked is answered before anything else that was to come.
-    events_.push_front("{\"on\":\"reply\",\"ask\":" + std::to_string(document["ask"].GetInt()) + "," +
-                       AnswerTo(task, message) + "}");
+    const std::string answer = "{\"on\":\"reply\",\"ask\":" + std::to_string(document["ask"].GetInt()) + "," +
+                               AnswerTo(task, message) + "}";
+    const auto late = Late.find(task);
+    if (late == Late.end()) return events_.push_front(answer);
+    SayAt(Clock + late->second, answer);
+    Late.erase(late);
+}
+
+// By the name alone, and with its form in front and its index behind: "frmDraw.mnuSim(2)".
+void PlayedPage::NoteName(const rapidjson::Value& made) {
+    const std::string name = made["name"].GetString();
+    const int number = made["id"].GetInt();
+    if (std::string(made["kind"].GetString()) == "Form") forms_[number] = name;
+    const std::string form = forms_[made["form"].GetInt()] + ".";
+    const std::string index =
+        made.HasMember("index") ? "(" + std::to_string(made["index"].GetInt()) + ")" : std::string();
+    for (const std::string& known : {name + index, form + name + index}) numbers_.emplace(known, number);
 }
 
 std::string PlayedPage::AnswerTo(const std::string& task, const std::string& message) {

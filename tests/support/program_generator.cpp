@@ -5,8 +5,8 @@
 
 #include "basic/number.h"
 #include "basic/text.h"
+#include "support/program_text.h"
 #include "support/table.h"
-#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 

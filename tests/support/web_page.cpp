@@ -42,12 +42,27 @@ void WebPageFixture::Type(const std::string& text) {
     }
 }
 
-void WebPageFixture::Do(const std::string& what, const std::string& control, const std::string& more) {
+std::string WebPageFixture::EventOf(const std::string& what, const std::string& control,
+                                    const std::string& more) const {
     const int number = Page.NumberOf(control);
     if (number == 0) ADD_FAILURE() << control << " is not in the page";
-    Page.Say("{\"on\":\"" + what + "\",\"id\":" + std::to_string(number) + (more.empty() ? "" : "," + more) +
-             "}");
+    return "{\"on\":\"" + what + "\",\"id\":" + std::to_string(number) + (more.empty() ? "" : "," + more) +
+           "}";
+}
+
+void WebPageFixture::Do(const std::string& what, const std::string& control, const std::string& more) {
+    Page.Say(EventOf(what, control, more));
     Serve();
+}
+
+void WebPageFixture::In(double milliseconds, const std::string& what, const std::string& control,
+                        const std::string& more) {
+    Page.SayAt(Page.Clock + milliseconds, EventOf(what, control, more));
+}
+
+void WebPageFixture::Open(const std::string& name, const std::string& content) {
+    Page.Answers.emplace("open", "\"name\":\"" + name + "\",\"content\":" + JsonOf(content));
+    Do("menu", "mnuOpen");
 }
 
 void WebPageFixture::Click(const std::string& control) {

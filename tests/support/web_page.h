@@ -25,8 +25,16 @@ public:
     // What is done with a control: "press", "click", "menu", with members besides.
     void Do(const std::string& what, const std::string& control, const std::string& more = {});
     void Click(const std::string& control);
+    // The same so many milliseconds from now, in whatever wait that is.
+    void In(double milliseconds, const std::string& what, const std::string& control,
+            const std::string& more = {});
+    // Opens a program by the menu, as the dialog of the page gives it.
+    void Open(const std::string& name, const std::string& content);
     // The text of a field.
     std::string Control(const std::string& name) const;
+
+private:
+    std::string EventOf(const std::string& what, const std::string& control, const std::string& more) const;
 };
 
 // A text of the program as a JSON text.

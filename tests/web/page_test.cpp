@@ -3,8 +3,9 @@
 #include <cstdlib>
 #include <fstream>
 
-#include "app/web_session.h"
-#include "support/played_page.h"
+#include "platform/keys.h"
+#include "support/web_page.h"
+#include "support/workbench_fixture.h"
 
 namespace kvt::test {
 
@@ -37,6 +38,125 @@ TEST(WebPage, EveryControlIsMadeOnceBehindWhatItLiesIn) {
         for (std::size_t i = 0; i < page.Sent.size(); ++i) out << (i > 0 ? ",\n" : "\n") << page.Sent[i];
         out << "\n]\n";
     }
+}
+
+// The width of the main window, and whether the user was asked or told anything.
+std::string StartOn(int width, int height, const std::string& later = {}) {
+    WebPageFixture page;
+    page.Page.SayHello("\"width\":" + std::to_string(width) + ",\"height\":" + std::to_string(height));
+    page.Start();
+    if (!later.empty()) page.Page.Say(later);
+    page.Serve();
+    return page.Page.Shown("frmMain", "Width") + " " + page.Page.Shown("frmMain", "Height") + " " +
+           page.Page.Shown("frmMain", "WindowState") + " " +
+           std::to_string(page.Page.SentOf("message").size());
+}
+
+TEST(WebPage, TheMainWindowFillsThePageAndIsNeverTooSmallForItsControls) {
+    EXPECT_EQ(StartOn(20490, 11520), "20490 11520 Maximised 0");
+    EXPECT_EQ(StartOn(20490, 11520, R"({"on":"screen","width":15000,"height":9000})"),
+              "15000 9000 Maximised 0");
+    EXPECT_EQ(StartOn(20490, 11520, R"({"on":"resize","id":1,"width":20000,"height":11000})"),
+              "20000 11000 Maximised 0");
+    EXPECT_EQ(StartOn(20490, 11520, R"({"on":"state","id":1,"state":"Normal"})"), "20490 11520 Maximised 0");
+    // A phone.
+    EXPECT_EQ(StartOn(5850, 12600), "11800 12600 Maximised 0");
+    EXPECT_EQ(StartOn(12600, 5850), "12600 6000 Maximised 0");
+    EXPECT_EQ(StartOn(12600, 5850, R"({"on":"resize","id":1,"width":-1,"height":1e300})"),
+              "12600 6000 Maximised 0");
+}
+
+TEST(WebPage, WindowsComeToTheFrontAndGoBackWithTheKeys) {
+    WebPageFixture page;
+    page.Start();
+    const auto front = [&] { return PageEvent(page.Page.SentOf("front").back()).Number("id"); };
+    page.Open("p.cnc", FileText("MK4", {{"92", "  2000", "", "   500"}, {"M30"}}));
+    page.Advance(1000);
+    page.Press(key::F5);
+    EXPECT_EQ(front(), page.Page.NumberOf("frmDraw"));
+    EXPECT_EQ(page.Page.Shown("frmDraw", "Visible"), "true");
+    page.Do("activate", "frmMain");
+    EXPECT_EQ(front(), page.Page.NumberOf("frmMain"));
+    EXPECT_EQ(PageEvent(page.Page.SentOf("focus").back()).Number("id"), page.Page.NumberOf("txtGMcode"));
+    page.Do("activate", "frmDraw");
+    page.Do("close", "frmDraw");
+    EXPECT_EQ(page.Page.Shown("frmDraw", "Visible"), "false");
+    EXPECT_EQ(front(), page.Page.NumberOf("frmMain"));
+    // The way out ends the program, and its waits.
+    page.Do("close", "frmMain");
+    EXPECT_TRUE(page.Session->Platform.System.Ended());
+    EXPECT_EQ(page.Page.SentOf("end").size(), 1U);
+}
+
+TEST(WebPage, WhatComesForAControlThatIsGoneOrNotToBeUsedChangesNothing) {
+    WebPageFixture page;
+    page.Start();
+    for (const char* event :
+         {R"({"on":"click","id":9999})", R"({"on":"click","id":"x"})", R"({"on":"key"})", "[]", "null", "{",
+          "", R"({"on":"row","id":86,"row":99})", R"({"on":"entry","id":44,"index":-5})",
+          R"({"on":"tab","id":36,"page":77})", R"({"on":"reply","ask":12345,"value":"Yes"})",
+          R"({"on":"mouse","id":5,"what":"down","x":"1"})", R"({"on":"sight","id":86,"top":-9,"rows":-3})"})
+        page.Page.Say(event);
+    page.Serve();
+    page.Do("menu", "mnuSave");
+    EXPECT_TRUE(page.Page.SentOf("save").empty());
+    EXPECT_TRUE(page.Page.SentOf("message").empty());
+    EXPECT_TRUE(page.Session->Workbench.Log.Records().empty());
+    EXPECT_EQ(page.Session->Workbench.Store.LineCount(), 0);
+}
+
+TEST(WebPage, AnEditIsThereAgainWhenThePageComesBackASecondLater) {
+    std::string stored;
+    {
+        WebPageFixture page;
+        page.Start();
+        page.Type("G00\r1900\r100\rUp\r");
+        page.Advance(1000);
+        for (const auto& [path, content] : page.Page.Stored)
+            stored += (stored.empty() ? "" : ",") + JsonOf(path) + ":" + JsonOf(content);
+    }
+    WebPageFixture again;
+    again.Page.SayHello("\"stored\":{" + stored + "}");
+    again.Start();
+    EXPECT_EQ(again.Session->Workbench.Store.LineCount(), 1);
+    EXPECT_TRUE(again.Session->Workbench.Store.Unsaved());
+}
+
+TEST(WebPage, APageThatGoesHasItsSettingsAndTheFileOfLastTime) {
+    WebPageFixture page;
+    page.Start();
+    page.Open("last.cnc", FileText("F1", {{"92", "  2000", "", "   500", "", "Last"}, {"M30"}}));
+    page.Page.Say(R"({"on":"unload"})");
+    page.Serve();
+    std::string stored = "\"/files/last.cnc\":null";
+    for (const auto& [path, content] : page.Page.Stored) stored += "," + JsonOf(path) + ":" + JsonOf(content);
+    for (const bool granted : {true, false}) {
+        WebPageFixture again;
+        again.Page.SayHello("\"stored\":{" + stored + "}");
+        const std::string content =
+            JsonOf(FileText("F1", {{"92", "  2000", "", "   500", "", "Last"}, {"M30"}}));
+        again.Page.Answers.emplace("read", granted ? "\"content\":" + content : "\"missing\":true");
+        again.Start();
+        EXPECT_EQ(again.Session->Workbench.Store.LineCount(), granted ? 2 : 0);
+        EXPECT_TRUE(again.Page.SentOf("message").empty());
+    }
+}
+
+TEST(WebPage, WhatAnAddressBringsLeavesUnsavedWorkAndNamesNoPath) {
+    WebPageFixture page;
+    page.Start();
+    page.Type("G00\r1900\r100\rUp\r");
+    const std::string brought =
+        R"({"on":"brought","name":"../a<b>.cnc","content":)" + JsonOf(FileText("F1", {{"M30"}})) + "}";
+    page.Page.Answers.emplace("message", R"("value":"Cancel")");
+    page.Page.Say(brought);
+    page.Serve();
+    EXPECT_EQ(page.Page.SentOf("message").size(), 1U);
+    EXPECT_EQ(std::string(page.Session->Workbench.Store.lvCncProgram.Row(1)[column::Comment]), "Up");
+    page.Page.Answers.emplace("message", R"("value":"No")");
+    page.Page.Say(brought);
+    page.Serve();
+    EXPECT_EQ(page.Page.Shown("frmMain", "Caption"), "Kestrel Vise Toolkit - a<b>.cnc");
 }
 
 }  // namespace

@@ -23,11 +23,14 @@ export async function linkTo(name, content) {
     return `${page}#program=${base64(packed)}&name=${encodeURIComponent(name)}`;
 }
 
-// What an address brings: { file } or { name, content }; null where it brings nothing, 'unreadable' for a program that
-// cannot be read.
-export async function broughtBy(hash) {
+// What an address brings: { name, file } or { name, content }; null where it brings nothing, 'unreadable' for what
+// cannot be read. share has the files of the page.
+export async function broughtBy(hash, share) {
     const parts = new URLSearchParams(hash.replace(/^#/, '').replace(/\+/g, '%2B'));
-    if (parts.get('file')) return { file: parts.get('file') };
+    if (parts.get('file')) {
+        const file = `/share/${parts.get('file')}`;
+        return /^\/share\/samples\/[^/]+$/.test(file) && share[file] ? { name: file.split('/').pop(), file } : 'unreadable';
+    }
     const packed = parts.get('program');
     if (!packed) return null;
     const name = (parts.get('name') ?? '').replace(/[\\/:*?"<>|\u0000-\u001f]/g, '').slice(0, 80) || 'link.cnc';

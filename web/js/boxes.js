@@ -13,6 +13,7 @@ const usualColors = [
 // A modal box with a heading. fill(content, close) puts in what it is about and gives the buttons: [name, value,
 // {usual}]. Resolves to the value of the button; to `cancel` when the box is left, if that is given.
 export function ask(stage, { title, className = '', cancel, fill }) {
+    stage.link.useHeld();
     return new Promise((resolve) => {
         const box = make('dialog', `dialog ${className}`, document.body);
         const heading = make('h2', 'heading', box);

@@ -94,6 +94,11 @@ export class Link {
         this.send({ ...event, seq });
     }
 
+    // A key that has brought up a box is no key of the box: Enter would press its button.
+    useHeld() {
+        for (const dom of this.#held.values()) dom.preventDefault();
+    }
+
     #answer({ seq, used }) {
         if (used) this.#held.get(seq)?.preventDefault();
         this.#held.delete(seq);

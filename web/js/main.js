@@ -14,7 +14,7 @@ import { Serial } from './serial.js';
 import { Stage } from './stage.js';
 import { keep, openStorage } from './storage.js';
 import { followTips } from './tip.js';
-import { addTools } from './tools.js';
+import { addTools, tellSerial } from './tools.js';
 import { make } from './views/view.js';
 
 const barHeight = 360; // twips of menus and title
@@ -35,16 +35,20 @@ function screenNow() {
     };
 }
 
-function follow(stage) {
+function follow(stage, share) {
     const tell = () => stage.link.sendLatest({ on: 'screen', ...screenNow() }, (one) => one.on === 'screen');
     window.addEventListener('resize', tell);
     onFont(tell);
+    // The browser's own menu is for texts.
+    document.addEventListener('contextmenu', (event) => {
+        if (!event.target.closest?.('input, textarea, .richtext, .came, .words')) event.preventDefault();
+    });
     document.addEventListener('visibilitychange', () => stage.link.send({ on: 'hidden', hidden: document.hidden }));
     window.addEventListener('pagehide', () => stage.link.send({ on: 'unload' }));
     window.addEventListener('hashchange', async () => {
-        const brought = await broughtBy(location.hash);
+        const brought = await broughtBy(location.hash, share);
         if (brought === 'unreadable') return notice(stage, stage.text('linkUnreadable'));
-        if (brought) stage.link.send({ on: 'hash', ...brought });
+        if (brought) stage.link.send({ on: 'brought', ...brought });
     });
 }
 
@@ -98,15 +102,15 @@ function ended(stage) {
     cover(stage, 'ended');
 }
 
-async function hello(stage, { files, problem, share, serial }) {
+async function hello(stage, { files, times, problem, share, serial }) {
     const stored = { ...files };
     for (const name of await rememberedNames()) stored[`/files/${name}`] = null;
-    const brought = await broughtBy(location.hash);
+    const brought = await broughtBy(location.hash, share);
     if (brought === 'unreadable') notice(stage, stage.text('linkUnreadable'));
     return {
-        on: 'hello', ...screenNow(), language: navigator.language, dark: isDark(), share, stored,
+        on: 'hello', ...screenNow(), language: navigator.language, dark: isDark(), share, stored, times,
         withoutStorage: problem !== '', names: await serial.names(),
-        ...(brought && brought !== 'unreadable' ? { brought } : {}),
+        ...(brought !== 'unreadable' ? brought : {}),
     };
 }
 
@@ -116,17 +120,23 @@ async function start() {
     const panel = new MachinePanel(stage);
     const serial = new Serial(stage, panel);
     panel.line = serial;
-    const [share, { files, store, problem }] = await Promise.all([bundle(), openStorage()]);
+    const [share, { files, times, store, problem }] = await Promise.all([bundle(), openStorage()]);
     handlers(stage, { store, share, serial, panel });
     addTools(stage, { panel, serial });
     followDrops(stage);
     followTips();
-    stage.link.send(await hello(stage, { files, problem, share, serial }));
-    follow(stage);
+    stage.link.send(await hello(stage, { files, times, problem, share, serial }));
+    follow(stage, share);
+    tellSerial(stage);
     if (problem) notice(stage, stage.text(problem), { stays: true });
-    window.addEventListener('error', () => stopped(stage));
-    window.addEventListener('unhandledrejection', () => stopped(stage));
+    window.addEventListener('error', (event) => isFatal(event.error) && stopped(stage));
+    window.addEventListener('unhandledrejection', (event) => isFatal(event.reason) && stopped(stage));
     await startProgram(stage.link);
+}
+
+// What the program itself has thrown; a number is one of its exceptions. The page's own faults leave it running.
+function isFatal(fault) {
+    return fault instanceof WebAssembly.RuntimeError || typeof fault === 'number' || fault?.name === 'CppException';
 }
 
 function stopped(stage) {

@@ -29,6 +29,7 @@ export class Serial {
     #port = null; // of the browser, once it is open
     #settings = '';
     #reader = null;
+    #reading = null;
     #writer = null;
     #closing = false;
     #waiting = []; // what was given before the port was there
@@ -107,7 +108,7 @@ export class Serial {
         this.#settings = settings;
         this.#closing = false;
         this.#writer = this.#port.writable.getWriter();
-        this.#read(this.#port);
+        this.#reading = this.#read(this.#port);
     }
 
     // Faults of the line, such as a wrong stop bit, end a stream and not the port.
@@ -130,9 +131,11 @@ export class Serial {
 
     async #stop() {
         this.#closing = true;
-        await this.#writer?.ready.catch(() => {});
+        // Ends when all has left.
+        await this.#writer?.close().catch(() => {});
         this.#writer?.releaseLock();
         await this.#reader?.cancel().catch(() => {});
+        await this.#reading;
         await this.#port?.close().catch(() => {});
         this.#writer = this.#reader = null;
     }

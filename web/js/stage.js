@@ -79,6 +79,8 @@ export class Stage {
         if (this.menus.keyOpens(form, event)) return event.preventDefault();
         if (this.focus?.keepsKey?.(event)) return;
         const press = pressOf(event);
+        // With Alt an arrow would leave the page.
+        if (!press && event.altKey && event.key.startsWith('Arrow')) event.preventDefault();
         if (!press) return;
         const held = press.held;
         // What is pasted comes by itself.

@@ -1,6 +1,8 @@
 // What outlives the page: the program's own files in the browser's storage, and the handles of the user's files.
 
 const prefix = 'kvt:';
+const timePrefix = 'kvt-at:'; // when a file was written, in seconds
+const sharedFolder = '/Settings/'; // what a second tab may read: the rest is at work in the first one
 const lockName = 'kvt';
 const beatKey = 'kvt-beat';
 const beatEvery = 1000; // milliseconds
@@ -33,24 +35,34 @@ async function taken(store) {
     return false;
 }
 
-// What is kept, and how it goes on: { files, problem } with problem 'noStorage' or 'secondTab' where nothing is.
+// What is kept, when it was written, and how it goes on: problem is 'noStorage' or 'secondTab' where nothing more is
+// kept.
 export async function openStorage() {
     const store = storage();
     const files = {};
-    if (!store) return { files, store: null, problem: 'noStorage' };
+    const times = {};
+    if (!store) return { files, times, store: null, problem: 'noStorage' };
+    const second = await taken(store);
     for (const key of Object.keys(store)) {
-        if (key.startsWith(prefix)) files[key.slice(prefix.length)] = store.getItem(key);
+        const path = key.slice(prefix.length);
+        if (!key.startsWith(prefix) || (second && !path.includes(sharedFolder))) continue;
+        files[path] = store.getItem(key);
+        times[path] = store.getItem(timePrefix + path) ?? '';
     }
-    if (await taken(store)) return { files, store: null, problem: 'secondTab' };
-    return { files, store, problem: '' };
+    return second ? { files, times, store: null, problem: 'secondTab' } : { files, times, store, problem: '' };
 }
 
 // Writes a file through, or forgets it: false where the storage is full.
 export function keep(store, path, content) {
     if (!store) return true;
     try {
-        if (content === null || content === undefined) store.removeItem(prefix + path);
-        else store.setItem(prefix + path, content);
+        if (content === null || content === undefined) {
+            store.removeItem(prefix + path);
+            store.removeItem(timePrefix + path);
+        } else {
+            store.setItem(prefix + path, content);
+            store.setItem(timePrefix + path, String(Math.floor(Date.now() / 1000)));
+        }
         return true;
     } catch {
         return false;

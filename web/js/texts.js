@@ -2,12 +2,12 @@
 
 const english = {
     ok: 'OK', yes: 'Yes', no: 'No', cancel: 'Cancel', close: 'Close', maximise: 'Maximise', restore: 'Restore',
-    open: 'Open', save: 'Save', chooseFile: 'Choose a file', chooseButton: 'Choose\u2026', fileName: 'File name',
+    menu: 'Menu', open: 'Open', save: 'Save', chooseFile: 'Choose a file', chooseButton: 'Choose\u2026', fileName: 'File name',
     saveHint: 'This browser saves files as downloads.', openedHere: 'Opened here before', color: 'Choose a colour',
     print: 'Print', preview: 'Print preview', page: 'Page',
     noStorage: 'This browser keeps nothing for this page: settings and recovery end with it.',
     secondTab: 'The workbench is open in another tab too. This one keeps its settings to itself.',
-    noSerial: 'This browser has no serial port. Chrome, Edge and Opera on a computer have one.',
+    noSerial: 'This browser has no serial port; Chrome, Edge and Opera on a computer have one. TX and RX work with the played machine.',
     serialPort: 'Serial port', newPort: 'Port to choose', machine: 'Played machine', copyLink: 'Copy link',
     linkCopied: 'The link to this program is in the clipboard.',
     linkTooLong: 'The program is too long for a link: 8 kB is the most.', linkEmpty: 'There is no program to link to.',
@@ -24,13 +24,13 @@ const english = {
 
 const german = {
     ok: 'OK', yes: 'Ja', no: 'Nein', cancel: 'Abbrechen', close: 'Schlie\u00dfen', maximise: 'Maximieren',
-    restore: 'Wiederherstellen', open: '\u00d6ffnen', save: 'Speichern', chooseFile: 'Datei w\u00e4hlen',
+    menu: 'Men\u00fc', restore: 'Wiederherstellen', open: '\u00d6ffnen', save: 'Speichern', chooseFile: 'Datei w\u00e4hlen',
     chooseButton: 'W\u00e4hlen\u2026', fileName: 'Dateiname',
     saveHint: 'Dieser Browser speichert Dateien als Downloads.', openedHere: 'Hier schon ge\u00f6ffnet',
     color: 'Farbe w\u00e4hlen', print: 'Drucken', preview: 'Druckvorschau', page: 'Seite',
     noStorage: 'Dieser Browser bewahrt f\u00fcr diese Seite nichts auf: Einstellungen und Wiederherstellung enden mit ihr.',
     secondTab: 'Die Werkbank ist auch in einem anderen Tab offen. Dieser beh\u00e4lt seine Einstellungen f\u00fcr sich.',
-    noSerial: 'Dieser Browser hat keine serielle Schnittstelle. Chrome, Edge und Opera auf einem Rechner haben eine.',
+    noSerial: 'Dieser Browser hat keinen seriellen Anschluss; Chrome, Edge und Opera auf einem Rechner haben einen. TX und RX arbeiten mit der gespielten Maschine.',
     serialPort: 'Anschluss', newPort: 'Anschluss, noch zu w\u00e4hlen', machine: 'Gespielte Maschine', copyLink: 'Link kopieren',
     linkCopied: 'Der Link zu diesem Programm ist in der Zwischenablage.',
     linkTooLong: 'Das Programm ist zu lang f\u00fcr einen Link: h\u00f6chstens 8 kB.',

@@ -1,6 +1,7 @@
 // What the page offers besides the program, at the right end of the bar of the main window.
 
 import { pictureOf } from './views/buttons.js';
+import { notice } from './notices.js';
 import { make } from './views/view.js';
 
 const pictures = {
@@ -37,4 +38,18 @@ export function addTools(stage, { panel, serial }) {
     };
     name();
     stage.handle({ languageChanged: follow, mainShown: (form) => form.element.querySelector('.bar').append(tools) });
+}
+
+const toldKey = 'kvt-told-serial';
+
+// Tells once which browsers have a serial port, where this one has none.
+export function tellSerial(stage) {
+    if (navigator.serial) return;
+    try {
+        if (localStorage.getItem(toldKey)) return;
+        localStorage.setItem(toldKey, '1');
+    } catch {
+        // It is told again, then.
+    }
+    notice(stage, stage.text('noSerial'));
 }

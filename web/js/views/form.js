@@ -18,6 +18,7 @@ export class FormView extends View {
         const bar = make('div', 'bar', this.element);
         this.menuBar = make('div', 'menubar', bar);
         this.menuBar.setAttribute('role', 'menubar');
+        this.menuBar.setAttribute('aria-label', stage.text('menu'));
         this.makeTitle(bar);
         this.sight = make('div', 'sight', this.element);
         this.field = make('div', 'field', this.sight);

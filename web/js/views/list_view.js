@@ -42,7 +42,7 @@ export class ListViewView extends View {
         });
         this.body.addEventListener('mousedown', (event) => event.button === 2 && this.rowEvent(event));
         this.body.addEventListener('click', (event) => this.rowEvent(event));
-        element.addEventListener('contextmenu', (event) => event.preventDefault());
+        element.addEventListener('contextmenu', (event) => this.menuKey(event));
         element.addEventListener('mousemove', (event) => this.hover(event));
         element.addEventListener('mouseleave', () => this.leave());
     }
@@ -53,6 +53,16 @@ export class ListViewView extends View {
         this.leave();
         const column = Number(event.target.closest('.cell')?.dataset.column ?? 0);
         this.send({ on: 'row', row, column, clicks: event.detail, button: event.button === 2 ? 2 : 1 });
+    }
+
+    // The mouse has its own way; this is for the key.
+    menuKey(event) {
+        event.preventDefault();
+        const row = this.body.querySelector(`[data-row="${this.state.selected}"]`);
+        if (event.button === 2 || !row) return;
+        const box = row.getBoundingClientRect();
+        this.stage.pointer = { x: box.left + pixels(rowHeight), y: box.bottom };
+        this.send({ on: 'row', row: this.state.selected, column: 0, clicks: 1, button: 2 });
     }
 
     // A message "rows": what is not in it stays.

@@ -4,6 +4,7 @@
 import { cssOf } from '../colors.js';
 import { onFont, pixels, twips } from '../scale.js';
 import { Painter, numbersAnOperation } from './painter.js';
+import { followFingers } from './touch.js';
 import { make, View } from './view.js';
 
 const twipsPerPixel = 15;
@@ -47,7 +48,7 @@ export class PictureBoxView extends View {
         });
         element.addEventListener('click', (event) => own(event) && this.send({ on: 'click' }));
         element.addEventListener('mousemove', (event) => own(event) && this.mouse(event, 'move'));
-        element.addEventListener('contextmenu', (event) => event.preventDefault());
+        followFingers(element, (place, what, more) => this.mouse(place, what, more));
         element.addEventListener(
             'wheel',
             (event) => {

@@ -5,11 +5,16 @@ import { textColor } from '../colors.js';
 import { pressKey, sendText } from '../keys.js';
 import { make, View } from './view.js';
 
-const deletions = {
+// What the browser would do by itself, as the keys that do it.
+const edits = {
     deleteContentBackward: [8, 0],
     deleteContentForward: [46, 0],
     deleteWordBackward: [8, 2],
     deleteWordForward: [46, 2],
+    deleteByCut: [46, 0],
+    deleteByDrag: [46, 0],
+    historyUndo: [90, 2],
+    historyRedo: [90, 3],
 };
 const longestNotes = 1_000_000;
 
@@ -94,8 +99,8 @@ export class LineView extends FieldView {
         if (event.inputType === 'insertCompositionText' || event.isComposing) return;
         event.preventDefault();
         if (!this.effectivelyEnabled) return;
-        const deletion = deletions[event.inputType];
-        if (deletion) pressKey(this.stage, this.form, ...deletion);
+        const keys = edits[event.inputType];
+        if (keys) pressKey(this.stage, this.form, ...keys);
         else if (event.inputType === 'insertLineBreak') pressKey(this.stage, this.form, 13, 0);
         else sendText(this.stage, this.form, event.data ?? event.dataTransfer?.getData('text/plain') ?? '');
     }

@@ -1,0 +1,43 @@
+#include "app/web_programs.h"
+
+#include "basic/run_time_error.h"
+#include "shell/iso_conversion.h"
+
+namespace kvt {
+
+namespace {
+
+// What a workbench that nobody sees stands on, but for files.
+struct Aside {
+    OffscreenDialogs Dialogs;
+    NoClipboard Clipboard;
+    OffscreenScreen Screen;
+    WindowFocus Focus;
+    OffscreenSystem System;
+    NoPort Port;
+    NoPrinter Printer;
+    OffscreenPrograms Programs;
+};
+
+}  // namespace
+
+void WebPrograms::Install(const std::string& folder) {
+    for (const MachineFacts& machine : Machines())
+        files_->PutAside(folder + "iso2emco." + std::string(machine.Name), "");
+}
+
+int WebPrograms::Start(std::string_view commandLine, std::string_view file) {
+    const Command command =
+        SplitCommand(commandLine, [this](const std::string& path) { return files_->Exists(path); });
+    const std::optional<MachineModel> machine = MachineOfPreProcessor(command.Program);
+    if (!machine) throw RunTimeError(fault::FileNotFound);
+    Aside aside;
+    kvt::Services services = {*files_,     aside.Dialogs, aside.Clipboard, aside.Screen,  aside.System,
+                              aside.Focus, aside.Port,    aside.Printer,   aside.Programs};
+    ConvertIsoFile(
+        services, std::string(file), *machine,
+        [this](const std::string& path, const std::string& content) { files_->PutAside(path, content); });
+    return ++started_;
+}
+
+}  // namespace kvt

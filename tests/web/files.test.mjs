@@ -1,0 +1,92 @@
+// Files and boxes: by the browser's file access and without it.
+import assert from 'node:assert/strict';
+import * as fs from 'node:fs';
+import * as os from 'node:os';
+import * as path from 'node:path';
+import { test } from 'node:test';
+
+import { setting } from './support/setting.mjs';
+import { root, sample, Workbench } from './support/workbench.mjs';
+
+const here = setting();
+
+test('saving goes back into the opened file, and New asks for unsaved work', async () => {
+    const bench = await Workbench.open(here);
+    await bench.open('mk4_bolt.cnc');
+    await bench.clickRow(1);
+    await bench.click('cmdDelete');
+    await bench.answer('Yes');
+    await bench.untilIs('lblPPLines', 'Caption', '44');
+    await bench.choose('mnuNew');
+    assert.deepEqual((await bench.untilBox()).buttons, ['Yes', 'No']);
+    // Neither Escape nor a key of the program behind it answers a box.
+    await bench.press('Esc');
+    await bench.press('F5');
+    assert.equal(await bench.get('frmDraw', 'Visible'), false);
+    await bench.answer('No');
+    await bench.untilEnabled('mnuSave');
+    await bench.press('Ctrl+S');
+    await bench.until(() => !window.told.named('mnuSave').p.Enabled);
+    const saved = await bench.read('mk4_bolt.cnc');
+    assert.ok(saved.includes('00M06') && !saved.includes('10 mm off the face'), saved);
+    await bench.close();
+});
+
+test('a browser without file access opens by choosing and saves by downloading', async () => {
+    const downloads = fs.mkdtempSync(path.join(os.tmpdir(), 'kvt-downloads-'));
+    const bench = await Workbench.open(here, { play: ['withoutFileAccess'] });
+    const session = await bench.page.createCDPSession();
+    await session.send('Browser.setDownloadBehavior', {
+        behavior: 'allow', downloadPath: downloads, browserContextId: bench.context.id,
+    });
+    const [chooser] = await Promise.all([bench.page.waitForFileChooser(), bench.press('Ctrl+O')]);
+    await chooser.accept([path.join(root, 'samples/f1_lid.cnc')]);
+    await bench.untilIs('lblPPLines', 'Caption', String(sample('f1_lid.cnc').trimEnd().split('\r\n').length - 10));
+    await bench.untilEnabled('mnuSaveAs');
+    await bench.press('Ctrl+Shift+S');
+    await bench.until(() => document.querySelector('dialog[open] input'));
+    await bench.page.click('dialog[open] input', { count: 3 });
+    await bench.type('lid.cnc\r');
+    const target = path.join(downloads, 'lid.cnc');
+    for (let i = 0; i < 200 && !fs.existsSync(target); ++i) await bench.pause(50);
+    // Notes that were loaded gain a line end.
+    assert.equal(fs.readFileSync(target, 'latin1'), sample('f1_lid.cnc').replace('\r\n%\r\n', '\r\n\r\n%\r\n'));
+    fs.rmSync(downloads, { recursive: true });
+    await bench.close();
+});
+
+test('files that are dropped, refused and damaged', async () => {
+    const bench = await Workbench.open(here);
+    const drop = (name, text) => bench.evaluate((n, t) => {
+        const data = new DataTransfer();
+        data.items.add(new File([Uint8Array.from(t, (one) => one.charCodeAt(0))], n));
+        document.body.dispatchEvent(new DragEvent('drop', { dataTransfer: data, bubbles: true, cancelable: true }));
+    }, name, text);
+    await drop('<b>knob.cnc', sample('mk2_knob.cnc'));
+    await bench.until(() => window.told.named('lblPath').p.Caption.includes('knob'));
+    await bench.settled();
+    // A name is text, never markup.
+    assert.equal(await bench.evaluate(() => document.querySelectorAll('b').length), 0);
+    for (const text of ['', '\0\0\0', 'x'.repeat(100_000), '%\r\n'.repeat(1000)]) {
+        await drop('damaged.cnc', text);
+        await bench.settled();
+        while (await bench.box()) await bench.answer(0);
+    }
+    // The browser refuses the writing.
+    await bench.open('mk4_bolt.cnc');
+    await bench.evaluate(() => {
+        FileSystemFileHandle.prototype.createWritable = async () => {
+            throw new DOMException('refused', 'NotAllowedError');
+        };
+    });
+    await bench.clickRow(2);
+    await bench.click('cmdDelete');
+    await bench.answer('Yes');
+    await bench.untilEnabled('mnuSave');
+    await bench.press('Ctrl+S');
+    const told = await bench.untilBox();
+    assert.ok(told.text.length > 10, JSON.stringify(told));
+    await bench.answer(0);
+    assert.equal(await bench.get('mnuSave', 'Enabled'), true);
+    await bench.close();
+});

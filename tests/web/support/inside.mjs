@@ -1,0 +1,132 @@
+// What is put into the page before its own script: each function stands alone.
+
+// Keeps what the program tells the page, so that a test can read what is shown: window.told.
+export function recordMessages() {
+    const controls = new Map();
+    const told = { controls, focus: 0, beeps: 0, ended: false, at: 0 };
+    const take = (message) => {
+        const control = controls.get(message.id);
+        if (message.do === 'make') controls.set(message.id, { ...message, p: { ...message.p } });
+        else if (message.do === 'set' && control) Object.assign(control.p, message.p);
+        else if (message.do === 'append' && control) control.p.Text = (control.p.Text ?? '') + message.text;
+        else if (message.do === 'rows' && control) control.rows = { ...control.rows, ...message };
+        else if (message.do === 'focus') told.focus = message.id;
+        else if (message.do === 'beep') ++told.beeps;
+        else if (message.do === 'end') told.ended = true;
+    };
+    const parse = JSON.parse;
+    JSON.parse = (text, ...rest) => {
+        const value = parse(text, ...rest);
+        if (!Array.isArray(value) || !value[0]?.do) return value;
+        value.forEach(take);
+        told.at = performance.now();
+        return value;
+    };
+    // By name, index behind it in parentheses, form in front of it where two have one: "frmDraw.mnuGrid", "mnuPP(1)".
+    told.named = (name) => {
+        const [, form, plain, index] = /^(?:(\w+)\.)?(\w+)(?:\((\d+)\))?$/.exec(name) ?? [];
+        const ofForm = (one) => !form || controls.get(one.form)?.name === form;
+        const ofIndex = (one) => index === undefined || one.index === Number(index);
+        return [...controls.values()].find((one) => one.name === plain && ofForm(one) && ofIndex(one));
+    };
+    window.told = told;
+}
+
+export function withoutStackSwitching() {
+    delete WebAssembly.Suspending;
+    delete WebAssembly.promising;
+}
+
+export function withoutFileAccess() {
+    delete window.showOpenFilePicker;
+    delete window.showSaveFilePicker;
+}
+
+export function withoutSerial() {
+    Object.defineProperty(navigator, 'serial', { value: undefined });
+}
+
+export function withoutStorage() {
+    Object.defineProperty(window, 'localStorage', {
+        get() {
+            throw new DOMException('forbidden', 'SecurityError');
+        },
+    });
+}
+
+// The dialogs of the file access answer by window.picks, names in the browser's own folder for the page; null cancels.
+export function playFilePickers() {
+    window.picks = [];
+    const pick = async (create) => {
+        const name = window.picks.shift();
+        if (name === undefined || name === null) throw new DOMException('cancelled', 'AbortError');
+        return (await navigator.storage.getDirectory()).getFileHandle(name, { create });
+    };
+    window.showOpenFilePicker = async () => [await pick(false)];
+    window.showSaveFilePicker = () => pick(true);
+    window.writePlayed = async (name, text) => {
+        const handle = await (await navigator.storage.getDirectory()).getFileHandle(name, { create: true });
+        const stream = await handle.createWritable();
+        await stream.write(Uint8Array.from(text, (one) => one.charCodeAt(0)));
+        await stream.close();
+    };
+    window.readPlayed = async (name) => {
+        const file = await (await (await navigator.storage.getDirectory()).getFileHandle(name)).getFile();
+        return [...new Uint8Array(await file.arrayBuffer())].map((one) => String.fromCharCode(one)).join('');
+    };
+}
+
+// One granted port that plays the line: window.port tells how it was opened and what was written when, and takes what
+// arrives.
+export function playSerial() {
+    class PlayedPort extends EventTarget {
+        opens = [];
+        closes = 0;
+        written = [];
+        getInfo() {
+            return { usbVendorId: 0x0403, usbProductId: 0x6001 };
+        }
+        async open(options) {
+            if (this.refuses || this.isOpen) throw new DOMException('taken', 'NetworkError');
+            this.isOpen = true;
+            this.opens.push(options);
+            this.readable = new ReadableStream({ start: (into) => (this.into = into) });
+            this.writable = new WritableStream({
+                write: (bytes) => {
+                    if (this.gone) throw new DOMException('gone', 'NetworkError');
+                    this.written.push({ at: performance.now(), text: String.fromCharCode(...bytes) });
+                },
+            });
+        }
+        async close() {
+            if (this.readable.locked || this.writable.locked) throw new TypeError('a stream is locked');
+            this.isOpen = false;
+            ++this.closes;
+        }
+        arrives(text) {
+            this.into.enqueue(Uint8Array.from(text, (one) => one.charCodeAt(0)));
+        }
+        unplug() {
+            this.gone = true;
+            this.into?.error(new DOMException('gone', 'NetworkError'));
+            const event = new Event('disconnect');
+            Object.defineProperty(event, 'target', { value: this });
+            serial.dispatchEvent(event);
+        }
+    }
+    const serial = new EventTarget();
+    window.port = new PlayedPort();
+    serial.getPorts = async () => (window.port.gone ? [] : [window.port]);
+    serial.requestPort = async () => window.port;
+    Object.defineProperty(navigator, 'serial', { value: serial });
+}
+
+// When the window has been painted for the first time: window.startedAt.
+export function watchStart() {
+    const look = () => {
+        if (document.body && !document.body.classList.contains('starting'))
+            requestAnimationFrame(() => (window.startedAt = performance.now()));
+        else requestAnimationFrame(look);
+    };
+    look();
+}

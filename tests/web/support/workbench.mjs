@@ -1,0 +1,206 @@
+// The page in a browser, worked by real keys and clicks.
+import assert from 'node:assert/strict';
+import * as fs from 'node:fs';
+import * as os from 'node:os';
+import * as path from 'node:path';
+import { createRequire } from 'node:module';
+import { fileURLToPath } from 'node:url';
+
+import * as inside from './inside.mjs';
+
+export const root = path.resolve(path.dirname(fileURLToPath(import.meta.url)), '../../..');
+// The driver is installed in the build tree, not beside the tests.
+const modules = process.env.KVT_WEB_MODULES ?? path.join(root, 'build/web/node');
+const puppeteer = createRequire(path.join(modules, 'package.json'))('puppeteer-core');
+
+const quiet = [
+    '--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking',
+    '--disable-component-update', '--disable-sync',
+];
+const named = { '\r': 'Enter', '\b': 'Backspace', '\t': 'Tab' };
+const patience = 15_000; // milliseconds
+// For trying all tests on a browser that lacks something.
+const always = process.env.KVT_WEB_PLAY?.split(',') ?? [];
+
+export async function launch(...more) {
+    const data = fs.mkdtempSync(path.join(os.tmpdir(), 'kvt-web-'));
+    const browser = await puppeteer.launch({
+        executablePath: process.env.KVT_CHROMIUM ?? '/usr/bin/chromium', headless: true, userDataDir: data,
+        args: [...quiet, ...more], defaultViewport: { width: 1366, height: 768 }, protocolTimeout: 60_000,
+    });
+    const end = async () => {
+        await browser.close();
+        fs.rmSync(data, { recursive: true, force: true });
+    };
+    return { browser, end };
+}
+
+export const sample = (name) => fs.readFileSync(path.join(root, 'samples', name), 'latin1');
+
+export class Workbench {
+    // A page of its own, in a context of the browser that has kept nothing yet where none is given. play: names of
+    // functions of inside.mjs; the recording is always there. kept: what the storage has. at: what follows the address.
+    static async open({ browser, site }, { play = [], kept = [], at = '', size, context, address = site.address, waits = true } = {}) {
+        const own = context ?? (await browser.createBrowserContext());
+        const bench = new Workbench(await own.newPage(), own);
+        const { page } = bench;
+        if (size) await page.setViewport(size);
+        for (const name of ['recordMessages', 'playFilePickers', ...always, ...play]) await page.evaluateOnNewDocument(inside[name]);
+        await page.evaluateOnNewDocument((list) => list.forEach(([key, text]) => localStorage.setItem(key, text)), kept);
+        page.on('request', (request) => bench.requests.push(request.url()));
+        page.on('pageerror', (fault) => bench.faults.push(String(fault)));
+        page.on('console', (line) => line.type() === 'error' && bench.faults.push(line.text()));
+        await page.goto(address + at);
+        if (waits) await bench.started();
+        return bench;
+    }
+
+    constructor(page, context) {
+        this.page = page;
+        this.context = context;
+        this.requests = [];
+        this.faults = [];
+    }
+
+    async started() {
+        await this.until(() => !document.body.classList.contains('starting') || document.querySelector('dialog[open]'));
+        await this.settled();
+    }
+    // Ends the page and all others of its context; nothing may have gone wrong in it.
+    async close() {
+        await this.context.close();
+        assert.deepEqual(this.faults, []);
+    }
+
+    evaluate(...call) {
+        return this.page.evaluate(...call);
+    }
+    async until(condition, ...values) {
+        return this.page.waitForFunction(condition, { timeout: patience, polling: 20 }, ...values);
+    }
+    pause(milliseconds) {
+        return new Promise((then) => setTimeout(then, milliseconds));
+    }
+
+    // The program tells nothing new for a while.
+    async settled(quiet = 80) {
+        const now = await this.evaluate(() => performance.now());
+        await this.until((time, from) => performance.now() - Math.max(window.told.at, from) > time, quiet, now);
+    }
+
+    // A property of a control as the program has told it, such as ("lblPPLines", "Caption").
+    get(name, property) {
+        return this.evaluate((n, p) => window.told.named(n)?.p[p], name, property);
+    }
+    async untilIs(name, property, wanted) {
+        try {
+            await this.until((n, p, w) => window.told.named(n)?.p[p] === w, name, property, wanted);
+        } catch {
+            assert.equal(await this.get(name, property), wanted, `${name}.${property}`);
+        }
+        await this.settled();
+    }
+    focus() {
+        return this.evaluate(() => window.told.controls.get(window.told.focus)?.name);
+    }
+    // Menus and buttons follow the state of the work twice a second.
+    untilEnabled(name) {
+        return this.until((n) => window.told.named(n)?.p.Enabled, name);
+    }
+    // The rows of a list that the page has been told, cells without their blanks.
+    rows(name = 'lvCncProgram') {
+        return this.evaluate((n) => window.told.named(n).rows.rows.map((row) => row.map((cell) => cell.trim())), name);
+    }
+
+    async element(name) {
+        const id = await this.evaluate((n) => window.told.named(n)?.id, name);
+        assert.ok(id, `there is a control ${name}`);
+        return this.page.$(`[data-control="${id}"]`);
+    }
+    async click(name, options) {
+        await this.untilEnabled(name);
+        await (await this.element(name)).click(options);
+    }
+    // Opens the menus that an entry lies in, by the mouse, and chooses it.
+    async choose(name) {
+        const way = await this.evaluate((n) => {
+            const ids = [];
+            for (let one = window.told.named(n); one?.kind === 'Menu'; one = window.told.controls.get(one.parent)) ids.unshift(one.id);
+            return ids;
+        }, name);
+        assert.ok(way.length > 0, `there is a menu entry ${name}`);
+        await this.untilEnabled(name);
+        for (const id of way) {
+            const entry = await this.page.$(`[data-control="${id}"]`);
+            await entry.hover();
+            await entry.click();
+        }
+        await this.settled();
+    }
+    async clickRow(number, options) {
+        const list = await this.element('lvCncProgram');
+        await (await list.$(`[data-row="${number}"] .cell`)).click(options);
+    }
+
+    // Every character as a key; "\r" is Enter.
+    async type(text) {
+        for (const one of text) {
+            if (named[one]) await this.page.keyboard.press(named[one]);
+            else if (one >= ' ' && one <= '~') await this.page.keyboard.press(one);
+            else await this.page.keyboard.sendCharacter(one);
+        }
+    }
+    // A key by name, with what is held: "Ctrl+Shift+Z".
+    async press(name) {
+        const held = name.split('+');
+        const key = held.pop();
+        const names = { Ctrl: 'Control', Esc: 'Escape', Up: 'ArrowUp', Down: 'ArrowDown', Left: 'ArrowLeft', Right: 'ArrowRight' };
+        const keys = held.map((one) => names[one] ?? one);
+        for (const one of keys) await this.page.keyboard.down(one);
+        await this.page.keyboard.press(names[key] ?? (/^[A-Z]$/.test(key) ? key.toLowerCase() : key));
+        for (const one of keys.reverse()) await this.page.keyboard.up(one);
+    }
+
+    // The box that is up; null where there is none.
+    box() {
+        return this.evaluate(() => {
+            const box = document.querySelector('dialog[open]');
+            if (!box) return null;
+            const texts = (which) => [...box.querySelectorAll(which)].map((one) => one.textContent);
+            return { title: texts('.heading')[0], text: texts('.words > div')[0] ?? '', details: texts('.details')[0] ?? '', buttons: texts('.buttons button') };
+        });
+    }
+    async untilBox() {
+        await this.until(() => document.querySelector('dialog[open]'));
+        return this.box();
+    }
+    // Presses a button of the box by its place, or by its name.
+    async answer(which) {
+        const box = await this.untilBox();
+        const place = typeof which === 'number' ? which : box.buttons.indexOf(which);
+        assert.ok(place >= 0, `${which} is one of ${box.buttons}`);
+        const dialog = await this.page.$('dialog[open]');
+        await (await dialog.$$('.buttons button'))[place].click();
+        await this.until((one) => !one.isConnected, dialog);
+        await this.settled();
+        return box;
+    }
+
+    // The next dialogs of the file access are answered so.
+    picks(...names) {
+        return this.evaluate((list) => window.picks.push(...list), names);
+    }
+    put(name, text) {
+        return this.evaluate((n, t) => window.writePlayed(n, t), name, text);
+    }
+    read(name) {
+        return this.evaluate((n) => window.readPlayed(n), name);
+    }
+    async open(name, text = sample(name)) {
+        await this.put(name, text);
+        await this.picks(name);
+        await this.press('Ctrl+O');
+        await this.until((n) => window.told.named('lblPath')?.p.Caption?.endsWith(n), name);
+        await this.settled();
+    }
+}
