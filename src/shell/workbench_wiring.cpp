@@ -227,6 +227,8 @@ void Workbench::tmr1sec_Timer() {
 void Workbench::Handled() {
     if (ended_) return;
     undoing_.Refresh();
+    // Of the code as it is being typed.
+    Layout.UpdateFrameCaption();
     FollowOpenedRow(Entry, Store.lvCncProgram, Store.IsF1());
     target_.Refresh(Draw.Editor.UsersRow());
 }
