@@ -54,9 +54,7 @@ void WebPrinter::BeginJob(const PrintJob& job) {
     drawing_.clear();
 }
 
-void WebPrinter::Print(std::string_view line, PrintedLine what) {
-    AppendPrinted(lines_, job_, line, what);
-}
+void WebPrinter::Print(std::string_view line, PrintedLine what) { AppendPrinted(lines_, job_, line, what); }
 
 std::string WebPrinter::Face(double points) const {
     return " font-family=\"'" + SvgText(ToUtf8(FontName)) + "', monospace\" font-size=\"" + Number(points) +
