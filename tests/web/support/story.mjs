@@ -40,8 +40,8 @@ export class Story {
         this.sent = 0;
     }
 
-    // Gives the place and the reason where it ends before its end.
-    async run() {
+    // Gives the place and the reason where it ends before its end, at the latest at one that is given.
+    async run(last) {
         this.context = await this.here.browser.createBrowserContext();
         try {
             for (const [at, line] of this.lines.entries()) {
@@ -50,6 +50,7 @@ export class Story {
                 if (surroundings) return { line: at + 1, why: surroundings[1] };
                 if (!word) continue;
                 this.at = at + 1;
+                if (this.at === last?.line) return last;
                 try {
                     await this.step(word, rest);
                 } catch (fault) {
