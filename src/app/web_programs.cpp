@@ -16,7 +16,7 @@ struct Aside {
     OffscreenSystem System;
     NoPort Port;
     NoPrinter Printer;
-    NoPrograms Programs;
+    OffscreenPrograms Programs;
 };
 
 }  // namespace

@@ -7,7 +7,7 @@ namespace kvt {
 
 // The pre-processors of the page, which can start no program: their work is done at once, by a call. They stand among the
 // files under the names of the programs that other halves start.
-class WebPrograms : public NoPrograms {
+class WebPrograms : public OffscreenPrograms {
 public:
     void UseFiles(WebFiles& files) { files_ = &files; }
     // Puts one for each machine into a folder.

@@ -14,7 +14,6 @@
 #include <cmath>
 #include <utility>
 
-#include "basic/line_end.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "desktop/desktop_dialogs.h"
@@ -133,13 +132,7 @@ void DesktopPrinter::AskForFile() {
 }
 
 void DesktopPrinter::Print(std::string_view line, PrintedLine what) {
-    if (what == PrintedLine::Table && !job_.Table.empty()) {
-        for (const std::string& row : job_.Table) document_.Lines.push_back({row, what});
-        return;
-    }
-    if (line.empty()) document_.Lines.push_back({{}, what});
-    for (const std::string_view part : Split(line, LineEnd))
-        document_.Lines.push_back({std::string(part), what});
+    AppendPrinted(document_.Lines, job_, line, what);
 }
 
 // As it is now: it may be drawn anew, on another ground, before the page is painted.

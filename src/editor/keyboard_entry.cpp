@@ -281,6 +281,8 @@ void KeyboardEntry::txtGMcode_LostFocus() {
     // A place outside the chain keeps the focus that it was given; along the chain the code decides.
     parts_.Layout.KeepFocus = !InChain(parts_.Platform.Focus.Focused());
     Attempt(codeCheckName, [&] { CheckCode(); });
+    // The next code begins anew, also where this one was empty or unknown.
+    modeKeyUsed_ = false;
     parts_.Layout.KeepFocus = false;
     // A feed button that the new code does not have.
     const Control* const focused = parts_.Platform.Focus.Focused();
@@ -317,7 +319,6 @@ void KeyboardEntry::CheckCode() {
         const ListView& list = store.lvCncProgram;
         const std::string_view digits = Trim(Mid(list.Row(list.SelectedRow())[column::Code], 2, 2));
         if (digits != text || modeKeyUsed_ || !parts_.Layout.IsLaidOutForCode()) {
-            modeKeyUsed_ = false;
             parts_.Layout.InputFields(text);
             // The line in its own row keeps its comment.
             const bool itself = CommentUnchanged(entry) && entry.Opened.Place == list.SelectedRow();

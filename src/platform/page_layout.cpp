@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "basic/line_end.h"
 #include "basic/number.h"
 #include "basic/text.h"
 
@@ -143,6 +144,16 @@ PageLayout Filled(const std::vector<PageLine>& lines, const Sheet& sheet, double
 }
 
 }  // namespace
+
+void AppendPrinted(std::vector<PageLine>& lines, const PrintJob& job, std::string_view text,
+                   PrintedLine what) {
+    if (what == PrintedLine::Table && !job.Table.empty()) {
+        for (const std::string& row : job.Table) lines.push_back({row, what});
+        return;
+    }
+    if (text.empty()) lines.push_back({{}, what});
+    for (const std::string_view part : Split(text, LineEnd)) lines.push_back({std::string(part), what});
+}
 
 PageLayout LayOutPages(const std::vector<PageLine>& lines, const Sheet& sheet, double largestFont,
                        std::string_view pageText) {

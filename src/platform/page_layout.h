@@ -17,6 +17,10 @@ struct PageLine {
     PrintedLine What = PrintedLine::Text;
 };
 
+// Adds what is printed to the lines of a document; the table as it is to stand on paper.
+void AppendPrinted(std::vector<PageLine>& lines, const PrintJob& job, std::string_view text,
+                   PrintedLine what);
+
 // The room inside the margins of a sheet that stands upright, in points, and the characters of a face of one pitch: a
 // character's width and a line's height at 1 point.
 struct Sheet {

@@ -10,6 +10,8 @@ void GreyReasons::Wire() {
             control->Kind() == ControlKind::CommandButton || control->Kind() == ControlKind::Menu;
         if (!canTell || control->OnRefused) continue;
         control->OnRefused = [this, control] {
+            Run(BringUpToDate);
+            if (control->EffectivelyEnabled()) return control->Click();
             const std::string why = Why(*control);
             if (!why.empty()) Run(parts_.Calls.Tell, why);
         };

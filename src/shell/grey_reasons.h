@@ -27,6 +27,8 @@ public:
 
     // All buttons and entries of the window have been made.
     void Wire();
+    // Buttons and entries follow what they can do once a second only. One that is grey no more is clicked.
+    std::function<void()> BringUpToDate;
     // Empty where there is nothing to tell.
     std::string Why(const Control& control) const;
 

@@ -29,10 +29,9 @@ void MenuStates::Refresh() {
 void MenuStates::RefreshFile(bool hasLines) {
     MainControls& main = parts_.Main;
     Enable(parts_.Store.HasUnsavedLines(), {&main.mnuSave, &main.Button(TopButton::Save)});
-    Enable(hasLines, {&main.mnuSaveAs, &main.mnuNew, &main.mnuPrint, &main.mnuPrintPreview, &main.RCmnuDelete,
-                      &main.RCmnuInsert, &main.cmdDelete, &main.Button(TopButton::New),
-                      &main.Button(TopButton::Print), &parts_.Results.cmdRun});
-    main.mnuGoToError.Enabled = hasLines && parts_.Store.ErrorFlagged;
+    Enable(hasLines, {&main.mnuSaveAs, &main.mnuNew, &main.mnuPrint, &main.mnuPrintPreview,
+                      &main.mnuGoToError, &main.RCmnuDelete, &main.RCmnuInsert, &main.cmdDelete,
+                      &main.Button(TopButton::New), &main.Button(TopButton::Print), &parts_.Results.cmdRun});
     // The first line of a program can be inserted.
     if (hasLines) main.cmdInsert.Enabled = true;
 }

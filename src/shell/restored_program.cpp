@@ -10,6 +10,7 @@ void RestoredProgram::Show(const ProgramHistory::Move& move) {
     // No line of another state stays open, and no edit of a field that belongs to one.
     parts_.Lists.Unselect();
     parts_.Layout.EmptyEntryRow();
+    parts_.Entry.lblGMcode.Caption = "G";
     parts_.Entry.ForgetEdits();
     if (move.OtherMachine) parts_.Display.ShowOtherMachine();
     Run(parts_.Calls.HideSettings);

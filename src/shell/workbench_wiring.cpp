@@ -192,10 +192,8 @@ void Workbench::WireTransfer() {
 void Workbench::WireNotices() {
     Draw.Tell = [this](std::string_view what) { Run(Calls.Tell, what); };
     recent_.Open = [this](const std::string& path) { OpenFile(path); };
-    // It may be grey only because the last check was less than a second ago; it tells where there is none.
-    Main.mnuGoToError.OnRefused = [this] {
-        if (Modes.ControlsOn()) return findings_.GoToError();
-        Run(Calls.Tell, greys_.Why(Main.mnuGoToError));
+    greys_.BringUpToDate = [this] {
+        if (Modes.ControlsOn()) states_.Refresh();
     };
     greys_.Wire();
 }
@@ -229,6 +227,8 @@ void Workbench::tmr1sec_Timer() {
 void Workbench::Handled() {
     if (ended_) return;
     undoing_.Refresh();
+    // Of the code as it is being typed.
+    Layout.UpdateFrameCaption();
     FollowOpenedRow(Entry, Store.lvCncProgram, Store.IsF1());
     target_.Refresh(Draw.Editor.UsersRow());
 }

@@ -35,6 +35,6 @@ void NoPrinter::Print(std::string_view, PrintedLine) { throw RunTimeError(fault:
 void NoPrinter::PrintDrawing(const PrintedDrawing&) { throw RunTimeError(fault::PrinterError); }
 void NoPrinter::EndDocument() { throw RunTimeError(fault::PrinterError); }
 
-int NoPrograms::Start(std::string_view, std::string_view) { throw RunTimeError(fault::FileNotFound); }
+int OffscreenPrograms::Start(std::string_view, std::string_view) { throw RunTimeError(fault::FileNotFound); }
 
 }  // namespace kvt

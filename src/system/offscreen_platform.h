@@ -71,7 +71,7 @@ public:
     void EndDocument() override;
 };
 
-class NoPrograms : public ProgramService {
+class OffscreenPrograms : public ProgramService {
 public:
     int Start(std::string_view commandLine, std::string_view file) override;
     bool HasEnded(int) override { return true; }
@@ -92,7 +92,7 @@ public:
     OffscreenSystem System;
     NoPort Port;
     NoPrinter Printer;
-    NoPrograms Programs;
+    OffscreenPrograms Programs;
     kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port, Printer, Programs};
 };
 

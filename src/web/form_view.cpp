@@ -55,7 +55,9 @@ ControlView* WebFormView::MakeView(Control& control) {
 
 bool WebFormView::Write(Message& message, PropertyId id) const {
     switch (id) {
-        case PropertyId::Caption: message.Shown("Caption", form_.Caption); return true;
+        case PropertyId::Caption:
+            message.Shown("Caption", form_.Caption.Get() + (form_.Unsaved ? " *" : ""));
+            return true;
         case PropertyId::WindowState: message.Add("WindowState", NameOf(form_.State)); return true;
         default: return WebView::Write(message, id);
     }

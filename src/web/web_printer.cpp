@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "basic/code_page.h"
-#include "basic/line_end.h"
 #include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
@@ -55,10 +54,7 @@ void WebPrinter::BeginJob(const PrintJob& job) {
     drawing_.clear();
 }
 
-void WebPrinter::Print(std::string_view line, PrintedLine what) {
-    if (line.empty()) lines_.push_back({{}, what});
-    for (const std::string_view part : Split(line, LineEnd)) lines_.push_back({std::string(part), what});
-}
+void WebPrinter::Print(std::string_view line, PrintedLine what) { AppendPrinted(lines_, job_, line, what); }
 
 std::string WebPrinter::Face(double points) const {
     return " font-family=\"'" + SvgText(ToUtf8(FontName)) + "', monospace\" font-size=\"" + Number(points) +

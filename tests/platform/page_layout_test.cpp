@@ -80,4 +80,16 @@ TEST(PageLayout, WhatStaysTogetherAndWhatBreaks) {
     EXPECT_EQ(LayOutPages({}, a4, 10, "").Pages.size(), 1u);
 }
 
+TEST(PageLayout, TheTableOfAJobStandsOnPaperInPlaceOfThatOfItsText) {
+    PrintJob job;
+    std::vector<PageLine> lines;
+    AppendPrinted(lines, job, "a\r\nb", PrintedLine::Table);
+    job.Table = {"head", "line"};
+    AppendPrinted(lines, job, "", PrintedLine::Text);
+    AppendPrinted(lines, job, "a\r\nb", PrintedLine::Table);
+    std::string all;
+    for (const PageLine& line : lines) all += line.Text + "|";
+    EXPECT_EQ(all, "a|b||head|line|");
+}
+
 }  // namespace kvt::test

@@ -32,7 +32,7 @@ public:
     void SayAt(double time, const std::string& event) { later_.emplace(time, event); }
 
     // Whether it has nothing more to say now.
-    bool Silent() const { return events_.empty() && later_.empty(); }
+    bool Silent() const { return events_.empty() && (later_.empty() || later_.begin()->first > Clock); }
 
     // What the page shows of a control by its name: its number, and its properties, a text bare and others as JSON.
     int NumberOf(const std::string& name) const;

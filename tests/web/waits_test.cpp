@@ -24,13 +24,13 @@ TEST(WebWaits, AQuestionInsideADrawingInsideAStepRunEndsAsEverywhere) {
     page.Advance(1000);
     ASSERT_EQ(page.Page.Shown("cmdRun", "Enabled"), "true");
     // While the step waits: the drawing, which waits for a step of its own; there a line is deleted after a question,
-    // a step is made and the drawing is left; then the run goes on, and is stopped.
+    // a step is made and the rest is drawn; then the run goes on, and is stopped.
     page.Page.SayAt(page.Page.Clock + 100, R"({"on":"key","key":116})");
     page.In(200, "menu", "frmDraw.mnuSim(1)");
     page.In(400, "row", "lvCncProgram", R"("row":2,"button":1)");
     page.In(500, "click", "cmdDelete");
     page.In(600, "click", "frmDraw.cmdStep");
-    page.In(700, "click", "frmDraw.cmdStop");
+    page.In(700, "click", "frmDraw.cmdRun");
     bool askedInside = false;
     page.Page.OnAsked = [&](const std::string& task, const PageEvent&) {
         askedInside |= task == "message" && page.Session->Workbench.Draw.Controls.frmDraw.Visible;
@@ -50,6 +50,7 @@ TEST(WebWaits, TimersGoOnBelowAQuestionAndKeysDoNot) {
     page.Open("p.cnc", program);
     page.Click("lvCncProgram");
     page.Do("row", "lvCncProgram", R"("row":2,"button":1)");
+    ASSERT_NE(page.Page.Shown("mnuSaveAs", "Enabled"), "true");
     // The answer takes its time; what is typed meanwhile is nobody's.
     page.Page.Late.emplace("message", 1500);
     page.Page.SayAt(page.Page.Clock + 100, R"({"on":"key","key":71,"char":"G"})");
@@ -57,8 +58,8 @@ TEST(WebWaits, TimersGoOnBelowAQuestionAndKeysDoNot) {
     page.Click("cmdDelete");
     EXPECT_EQ(page.Page.SentOf("message").size(), 1U);
     EXPECT_EQ(page.Session->Workbench.Store.LineCount(), 4);
-    EXPECT_EQ(page.Page.Shown("mnuSave", "Enabled"), "true");
-    EXPECT_EQ(page.Control("txtGMcode"), "");
+    EXPECT_EQ(page.Page.Shown("mnuSaveAs", "Enabled"), "true");
+    EXPECT_EQ(page.Control("txtGMcode"), "00");
 }
 
 TEST(WebWaits, WhatAHandlerDefersAndPressesComesWhenItHasEnded) {

@@ -11,7 +11,6 @@ const ofState = {
     lineCount: ['lblPPLines', (one) => one.p.Caption],
     machine: ['lblMachineType', (one) => one.p.Caption.split(' ').find((word) => /^(MK2|MK4|F1)$/.test(word))],
     programChanged: ['frmMain', (one) => one.p.Caption.endsWith(' *')],
-    errorFlagged: ['mnuGoToError', (one) => one.p.Enabled],
     selectedRow: ['lvCncProgram', (one) => one.rows.selected],
     metric: ['lblPPUnits', (one) => one.p.Caption.endsWith('mm')],
     notes: ['txtFileNotes', (one) => one.p.Text],
