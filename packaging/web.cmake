@@ -41,20 +41,5 @@ function(kvt_for_page target)
     foreach(room web shell transfer editor files platform)
         target_compile_options(kvt_${room} PRIVATE "SHELL:-mllvm -inline-threshold=20")
     endforeach()
-    # Linked once without Asyncify, to read off which functions never wait.
-    add_executable(${target}_names ${ARGN})
-    kvt_link(${target}_names ${rooms})
-    target_link_options(${target}_names PRIVATE ${page_options} --profiling-funcs)
-    set(list ${CMAKE_BINARY_DIR}/never_waits.txt)
-    set(names $<TARGET_FILE_DIR:${target}_names>/${target}_names)
-    add_custom_command(
-        OUTPUT ${list}
-        COMMAND wasm-dis ${names}.wasm -o ${names}.wat
-        COMMAND python3 ${CMAKE_SOURCE_DIR}/tools/never_waits.py ${names}.wat > ${list}
-        DEPENDS ${target}_names ${CMAKE_SOURCE_DIR}/tools/never_waits.py)
-    add_custom_target(${target}_list DEPENDS ${list})
-    add_dependencies(${target} ${target}_list)
-    set_target_properties(${target} PROPERTIES LINK_DEPENDS ${list})
-    target_link_options(${target} PRIVATE -Oz -sASYNCIFY=1 -sASYNCIFY_IMPORTS=[kvt_next] -sASYNCIFY_STACK_SIZE=65536
-                        -sASYNCIFY_REMOVE=@${list})
+    target_link_options(${target} PRIVATE -sASYNCIFY=1 -sASYNCIFY_IMPORTS=[kvt_next] -sASYNCIFY_STACK_SIZE=65536)
 endfunction()
