@@ -64,7 +64,10 @@ void DesktopFocus::Frame(const Control& control, QWidget* widget) {
     const bool bare = kind == ControlKind::ScrollBar || kind == ControlKind::UpDown ||
                       kind == ControlKind::Label || kind == ControlKind::PictureBox ||
                       qobject_cast<QAbstractScrollArea*>(widget);
-    if (bare && !frame_) frame_ = new QFocusFrame(widget);
+    if (bare && !frame_) {
+        frame_ = new QFocusFrame(widget);
+        frame_->setStyle(&frameStyle_);
+    }
     if (bare) {
         // The desktop's palette may be another one since it was last seen.
         QPalette palette = QApplication::palette();

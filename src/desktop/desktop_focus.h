@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <map>
 
+#include "desktop/inner_frame_style.h"
 #include "platform/focus_keeper.h"
 
 namespace kvt {
@@ -35,6 +36,7 @@ private:
     bool restoring_ = false;
     // The control of each form that had the focus last.
     std::map<const Form*, Control*> last_;
+    InnerFrameStyle frameStyle_;
     QPointer<QFocusFrame> frame_;
 };
 
