@@ -166,7 +166,7 @@ void KeyboardEntry::Parameter_GotFocus(std::size_t field) {
 void KeyboardEntry::TellCarried(std::size_t field) {
     const char from = parts_.Layout.CarriedFrom(field);
     if (from == 0) return;
-    const EntryRow::Field& one = parts_.Entry.Fields()[field];
+    const EntryRow::Field one = parts_.Entry.Fields()[field];
     toldOfField_ = true;
     Run(parts_.Calls.Tell,
         Filled(parts_.Language.EntryTexts(EntryText::CarriedOver),
