@@ -11,6 +11,10 @@ class WebSession {
 public:
     // Waits for the page's first event.
     explicit WebSession(PageLink& link);
+    // What shows the rooms goes before them.
+    ~WebSession() { Platform.TakeDownWindows(); }
+    WebSession(const WebSession&) = delete;
+    WebSession& operator=(const WebSession&) = delete;
 
     // Starts the workbench and shows its windows.
     void Start();

@@ -23,8 +23,9 @@ public:
     // Waits for the page's first event, which tells what it is and what it has kept.
     WebPlatform(PageLink& link, ProgramService& programs);
 
-    // Shows a form. The form must outlive the platform.
+    // Shows a form. The form must outlive the platform, or all windows be taken down before.
     void Show(Form& form);
+    void TakeDownWindows() { windows_.clear(); }
     // The window of a form fills the page, unless it was given a part of it.
     void FillPage(const Form& form);
     // Serves the page until the program ends.
