@@ -43,8 +43,9 @@ PageEvent::PageEvent(std::string_view json) : document_(std::make_shared<rapidjs
 
 const rapidjson::Value* PageEvent::Find(std::string_view member) const {
     const rapidjson::Value name(rapidjson::StringRef(member.data(), member.size()));
-    const auto found = document_->FindMember(name);
-    return found == document_->MemberEnd() || found->value.IsNull() ? nullptr : &found->value;
+    if (!document_->HasMember(name)) return nullptr;
+    const rapidjson::Value& found = (*document_)[name];
+    return found.IsNull() ? nullptr : &found;
 }
 
 double PageEvent::Real(std::string_view member) const {
