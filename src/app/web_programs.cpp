@@ -5,22 +5,6 @@
 
 namespace kvt {
 
-namespace {
-
-// What a workbench that nobody sees stands on, but for files.
-struct Aside {
-    OffscreenDialogs Dialogs;
-    NoClipboard Clipboard;
-    OffscreenScreen Screen;
-    WindowFocus Focus;
-    OffscreenSystem System;
-    NoPort Port;
-    NoPrinter Printer;
-    OffscreenPrograms Programs;
-};
-
-}  // namespace
-
 void WebPrograms::Install(const std::string& folder) {
     for (const MachineFacts& machine : Machines())
         files_->PutAside(folder + "iso2emco." + std::string(machine.Name), "");
@@ -31,9 +15,8 @@ int WebPrograms::Start(std::string_view commandLine, std::string_view file) {
         SplitCommand(commandLine, [this](const std::string& path) { return files_->Exists(path); });
     const std::optional<MachineModel> machine = MachineOfPreProcessor(command.Program);
     if (!machine) throw RunTimeError(fault::FileNotFound);
-    Aside aside;
-    kvt::Services services = {*files_,     aside.Dialogs, aside.Clipboard, aside.Screen,  aside.System,
-                              aside.Focus, aside.Port,    aside.Printer,   aside.Programs};
+    OffscreenServices aside;
+    kvt::Services services = aside.On(*files_);
     ConvertIsoFile(
         services, std::string(file), *machine,
         [this](const std::string& path, const std::string& content) { files_->PutAside(path, content); });

@@ -137,10 +137,7 @@ void DesktopPrinter::Print(std::string_view line, PrintedLine what) {
 
 // As it is now: it may be drawn anew, on another ground, before the page is painted.
 void DesktopPrinter::PrintDrawing(const PrintedDrawing& drawing) {
-    FieldArea area = drawing.Area;
-    area.Width = std::max(area.Width, 1.0);
-    area.Height = std::max(area.Height, 1.0);
-    document_.Drawing = TakenFrom(drawing.Field, area);
+    document_.Drawing = TakenFrom(drawing.Field, AreaOnPaper(drawing));
     document_.Title = ShownToQt(drawing.Title);
     document_.Notes = ToQt(drawing.Notes);
 }

@@ -98,6 +98,10 @@ void Simulation::SwitchTo(int index) {
 
 void Simulation::EndWalk() {
     cmdStop_Click();
+    LeaveWaits();
+}
+
+void Simulation::LeaveWaits() {
     state_.PressStep();
     state_.EndClickWait();
     controls_.Timer1.Enabled = false;
@@ -112,10 +116,7 @@ void Simulation::DrawRest() {
     state_.Release();
     state_.StepMode = false;
     state_.Interval = 0;
-    state_.PressStep();
-    state_.EndClickWait();
-    controls_.Timer1.Enabled = false;
-    state_.WaitsToLeaveOut = std::numeric_limits<int>::max();
+    LeaveWaits();
 }
 
 void Simulation::cmdRun_Click() { mnuSim_Click(simulation::Run); }

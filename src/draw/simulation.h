@@ -39,6 +39,8 @@ public:
 
 private:
     void MarkTool();
+    // Ends the wait that a walk stands in, and those that would follow.
+    void LeaveWaits();
 
     DrawParts& parts_;
     DrawControls& controls_;

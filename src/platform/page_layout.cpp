@@ -172,4 +172,11 @@ PageLayout LayOutPages(const std::vector<PageLine>& lines, const Sheet& sheet, d
     return Filled(lines, sheet, size > 0 ? size : least, landscape, pageText);
 }
 
+FieldArea AreaOnPaper(const PrintedDrawing& drawing) {
+    FieldArea area = drawing.Area;
+    area.Width = std::max(area.Width, 1.0);
+    area.Height = std::max(area.Height, 1.0);
+    return area;
+}
+
 }  // namespace kvt

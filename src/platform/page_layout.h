@@ -21,6 +21,9 @@ struct PageLine {
 void AppendPrinted(std::vector<PageLine>& lines, const PrintJob& job, std::string_view text,
                    PrintedLine what);
 
+// The part of a drawing's field that fills a page, which is never without a width or a height.
+FieldArea AreaOnPaper(const PrintedDrawing& drawing);
+
 // The room inside the margins of a sheet that stands upright, in points, and the characters of a face of one pitch: a
 // character's width and a line's height at 1 point.
 struct Sheet {

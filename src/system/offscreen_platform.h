@@ -80,11 +80,13 @@ public:
     bool Launch(std::string_view) override { return false; }
 };
 
-// What a command runs the workbench on, with nobody to answer: the files of the disk, a screen that nobody sees, and
-// nothing besides.
-class OffscreenPlatform {
+// What the workbench needs besides files where nobody is there to answer: a screen that nobody sees, and nothing else.
+class OffscreenServices {
 public:
-    DiskFiles Files;
+    kvt::Services On(FileService& files) {
+        return {files, Dialogs, Clipboard, Screen, System, Focus, Port, Printer, Programs};
+    }
+
     OffscreenDialogs Dialogs;
     NoClipboard Clipboard;
     OffscreenScreen Screen;
@@ -93,7 +95,13 @@ public:
     NoPort Port;
     NoPrinter Printer;
     OffscreenPrograms Programs;
-    kvt::Services Services{Files, Dialogs, Clipboard, Screen, System, Focus, Port, Printer, Programs};
+};
+
+// What a command runs the workbench on: these and the files of the disk.
+class OffscreenPlatform : public OffscreenServices {
+public:
+    DiskFiles Files;
+    kvt::Services Services = On(Files);
 };
 
 }  // namespace kvt

@@ -78,8 +78,6 @@ bool WebPlatform::TakeForService(const PageEvent& event) {
     } else if (event.Is("screen")) {
         Screen.Follow(event);
         for (const auto& window : windows_) window->FollowScreen();
-    } else if (event.Is("hash")) {
-        if (OnAddress) System.Run("Address", [&] { OnAddress(event.Raw("text")); });
     } else if (const auto other = OnOther.find(event.Name()); other != OnOther.end()) {
         System.Run(other->first.c_str(), [&] { other->second(event); });
     } else {

@@ -33,8 +33,6 @@ public:
 
     // The page's first event.
     const PageEvent& Hello() const { return hello_; }
-    // What follows the "#" of the page's address has changed; UTF-8.
-    std::function<void(std::string_view text)> OnAddress;
     // Events that are none of the controls' or the services', by their names.
     std::map<std::string, std::function<void(const PageEvent& event)>, std::less<>> OnOther;
 

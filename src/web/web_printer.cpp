@@ -85,9 +85,7 @@ std::string WebPrinter::PageOf(const PageLayout& layout, const std::vector<PageL
 
 // As it stands now: it may be drawn anew, on another ground, before the page is shown.
 void WebPrinter::PrintDrawing(const PrintedDrawing& drawing) {
-    FieldArea area = drawing.Area;
-    area.Width = std::max(area.Width, 1.0);
-    area.Height = std::max(area.Height, 1.0);
+    const FieldArea area = AreaOnPaper(drawing);
     const bool landscape = area.Width > area.Height;
     const double width = (landscape ? paperHeight : paperWidth) - 2 * margin;
     const double height = (landscape ? paperWidth : paperHeight) - 2 * margin;
