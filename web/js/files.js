@@ -6,10 +6,10 @@ import { notice } from './notices.js';
 import { handles } from './storage.js';
 import { make } from './views/view.js';
 
-const folder = '/files/';
 const chunk = 0x8000;
 const largest = 64 * 1024 * 1024;
 const open = new Map(); // handles by name
+let withdrawOffer = () => {};
 
 export function textOf(bytes) {
     const parts = [];
@@ -42,12 +42,14 @@ function typesOf(filter) {
 }
 
 async function remember(handle) {
+    withdrawOffer();
     open.set(handle.name, handle);
     await handles.put(handle.name, handle);
 }
 
 // One that came without a handle: another file of its name must not be written in its place.
 async function forget(name) {
+    withdrawOffer();
     open.delete(name);
     await handles.remove(name);
 }
@@ -55,8 +57,10 @@ async function forget(name) {
 // The names of the files that can be opened again.
 export const rememberedNames = () => handles.names();
 
+const isGranted = async (handle, mode) => ((await handle.queryPermission?.({ mode })) ?? 'granted') === 'granted';
+
 async function allowed(handle, mode) {
-    if ((await handle.queryPermission?.({ mode })) === 'granted') return true;
+    if (await isGranted(handle, mode)) return true;
     return (await handle.requestPermission?.({ mode })) === 'granted';
 }
 
@@ -102,7 +106,7 @@ export async function openFile(stage, { ask: number, filter }) {
         if (file && !window.showOpenFilePicker) await forget(file.name);
         if (file) answer = { name: file.name, content: await contentOf(file) };
     } catch (fault) {
-        if (fault.name !== 'AbortError') notice(stage, stage.text('unreadable'));
+        if (fault.name !== 'AbortError') notice(stage, 'unreadable');
     }
     stage.reply(number, answer);
 }
@@ -155,10 +159,10 @@ function download(name, content) {
 
 // Writes into the file that was opened under that name; one without a handle is downloaded.
 export async function writeFile(stage, { ask: number, path, content }) {
-    const name = path.slice(folder.length);
+    const name = path;
     let ok = true;
     try {
-        const handle = open.get(name) ?? (await handles.get(name));
+        const handle = await handleOf(name);
         if (content === null) {
             open.delete(name);
             await handles.remove(name);
@@ -177,16 +181,33 @@ export async function writeFile(stage, { ask: number, path, content }) {
     stage.reply(number, { ok });
 }
 
-// A file of an earlier visit.
+const handleOf = async (name) => open.get(name) ?? (await handles.get(name));
+
+// A file of an earlier visit. A browser asks its user for it in a click only; the start makes an offer of it instead.
 export async function readFile(stage, { ask: number, path }) {
+    const starting = document.body.classList.contains('starting');
+    let handle = null;
     try {
-        const handle = open.get(path.slice(folder.length)) ?? (await handles.get(path.slice(folder.length)));
-        if (!handle || !(await allowed(handle, 'read'))) throw new Error('refused');
+        handle = await handleOf(path);
+        if (!handle) throw new Error('unknown');
+        if (starting && !(await isGranted(handle, 'read'))) throw new DOMException('later', 'NotAllowedError');
+        if (!(await allowed(handle, 'read'))) throw new Error('refused');
         open.set(handle.name, handle);
         stage.reply(number, { content: await contentOf(await handle.getFile()) });
-    } catch {
+    } catch (fault) {
+        if (starting && fault.name === 'NotAllowedError') offer(stage, handle);
         stage.reply(number, {});
     }
+}
+
+function offer(stage, handle) {
+    const act = async () => {
+        const file = (await allowed(handle, 'read').catch(() => false)) && (await handle.getFile().catch(() => null));
+        if (file) await bring(stage, file, handle, stage.front?.id ?? 0);
+        else notice(stage, 'unreadable');
+    };
+    withdrawOffer();
+    withdrawOffer = notice(stage, 'openAgain', { value: handle.name, stays: true, action: { name: 'open', act } });
 }
 
 // Files that are dropped on the page, and those that the system opens with it where it is installed.
@@ -213,6 +234,6 @@ async function bring(stage, file, handle, form) {
     if (handle) await remember(handle);
     else await forget(file.name);
     const content = await contentOf(file).catch(() => null);
-    if (content === null) notice(stage, stage.text('unreadable'));
+    if (content === null) notice(stage, 'unreadable');
     else stage.link.send({ on: 'drop', form, name: file.name, content });
 }

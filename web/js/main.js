@@ -47,7 +47,7 @@ function follow(stage, share) {
     window.addEventListener('pagehide', () => stage.link.send({ on: 'unload' }));
     window.addEventListener('hashchange', async () => {
         const brought = await broughtBy(location.hash, share);
-        if (brought === 'unreadable') return notice(stage, stage.text('linkUnreadable'));
+        if (brought === 'unreadable') return notice(stage, 'linkUnreadable');
         if (brought) stage.link.send({ on: 'brought', ...brought });
     });
 }
@@ -102,9 +102,9 @@ function ended(stage) {
 
 async function hello(stage, { files, times, problem, share, serial }) {
     const stored = { ...files };
-    for (const name of await rememberedNames()) stored[`/files/${name}`] = null;
+    for (const name of await rememberedNames()) stored[name] = null;
     const brought = await broughtBy(location.hash, share);
-    if (brought === 'unreadable') notice(stage, stage.text('linkUnreadable'));
+    if (brought === 'unreadable') notice(stage, 'linkUnreadable');
     return {
         on: 'hello', ...screenNow(), language: navigator.language, dark: isDark(), share, stored, times,
         withoutStorage: problem !== '', names: await serial.names(),
@@ -126,7 +126,7 @@ async function start() {
     follow(stage, share);
     followDrops(stage);
     tellSerial(stage);
-    if (problem) notice(stage, stage.text(problem), { stays: true });
+    if (problem) notice(stage, problem, { stays: true });
     window.addEventListener('error', (event) => isFatal(event.error) && stopped(stage));
     window.addEventListener('unhandledrejection', (event) => isFatal(event.reason) && stopped(stage));
     await startProgram(stage.link);

@@ -18,7 +18,6 @@ export class FormView extends View {
         const bar = make('div', 'bar', this.element);
         this.menuBar = make('div', 'menubar', bar);
         this.menuBar.setAttribute('role', 'menubar');
-        this.menuBar.setAttribute('aria-label', stage.text('menu'));
         this.makeTitle(bar);
         this.sight = make('div', 'sight', this.element);
         this.field = make('div', 'field', this.sight);
@@ -41,6 +40,7 @@ export class FormView extends View {
     // One bar has it all: menus, title, and what else the page offers.
     makeTitle(bar) {
         this.title = make('div', 'title', bar);
+        this.nameButtons();
         if (this.isMain) return;
         this.title.id = `title${this.id}`;
         this.element.setAttribute('aria-labelledby', this.title.id);
@@ -62,6 +62,7 @@ export class FormView extends View {
     }
 
     nameButtons() {
+        this.menuBar.setAttribute('aria-label', this.stage.text('menu'));
         this.larger?.setAttribute('aria-label', this.stage.text(this.state === 'Maximised' ? 'restore' : 'maximise'));
         this.closing?.setAttribute('aria-label', this.stage.text('close'));
     }
