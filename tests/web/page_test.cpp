@@ -168,7 +168,15 @@ TEST(WebPage, APageThatGoesHasItsSettingsAndTheFileOfLastTime) {
         again.Start();
         EXPECT_EQ(again.Session->Workbench.Store.LineCount(), granted ? 2 : 0);
         EXPECT_TRUE(again.Page.SentOf("message").empty());
+        EXPECT_EQ(again.Page.Shown("mnuRecentFile(0)", "Caption"), "1  last.cnc  (F1)");
     }
+    // A browser that keeps no files.
+    stored.replace(0, stored.find(',') + 1, "");
+    WebPageFixture without;
+    without.Page.SayHello("\"stored\":{" + stored + "}");
+    without.Start();
+    EXPECT_EQ(without.Page.Shown("mnuRecent", "Enabled"), "false");
+    EXPECT_TRUE(without.Page.SentOf("message").empty());
 }
 
 TEST(WebPage, WhatAnAddressBringsAsksForUnsavedWorkAndNamesNoPath) {

@@ -2,6 +2,7 @@
 
 #include "basic/run_time_error.h"
 #include "files/folders.h"
+#include "program/page_texts.h"
 #include "support/web_page.h"
 #include "support/workbench_fixture.h"
 
@@ -207,6 +208,28 @@ TEST(WebPrinter, ProgramAndDrawingAreA4Pages) {
     page.Do("menu", "frmDraw.mnuPrint");
     ASSERT_EQ(page.Page.SentOf("print").size(), 2U);
     EXPECT_NE(page.Page.SentOf("print")[1].find("viewBox"), std::string::npos);
+}
+
+// In whatever language, from the start on and without what a language lacks.
+TEST(WebLanguages, ThePageIsToldItsOwnTexts) {
+    WebPageFixture page;
+    page.Page.SayHello(
+        R"("share":{"/share/languages/Mine.txt":"[Kestrel Vise Toolkit, Language Resource]\r\n)"
+        R"([System Variables]\r\nLanguage Name=Mine\r\nLanguage Code=pt_BR\r\n)"
+        R"([Browser Page]\r\n1=Ol\u00e1\r\n2=\r\n"})");
+    page.Start();
+    const auto told = [&page] {
+        const PageEvent event(page.Page.SentOf("language").back());
+        std::map<std::string, std::string> texts;
+        event.EachFile("texts", [&texts](const std::string& name, const std::string* text) {
+            texts[name] = text ? *text : "";
+        });
+        EXPECT_EQ(texts.size(), PageTextNames().size());
+        return std::string(event.Raw("code")) + " " + texts["ok"] + " " + texts["yes"];
+    };
+    EXPECT_EQ(told(), " OK Yes");
+    page.Do("menu", "mnuLanguages(1)");
+    EXPECT_EQ(told(), "pt_BR Ol\xE1 Yes");
 }
 
 TEST(WebPrograms, IsoCodeIsConvertedByACallAndLeavesNoFiles) {

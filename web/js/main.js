@@ -9,15 +9,15 @@ import { MachinePanel } from './machine.js';
 import { notice } from './notices.js';
 import { print } from './print.js';
 import { startProgram } from './program.js';
-import { followFont, onFont, pixels, twips } from './scale.js';
+import { barHeight, followFont, onFont, pixels, twips } from './scale.js';
 import { Serial } from './serial.js';
 import { Stage } from './stage.js';
 import { keep, openStorage } from './storage.js';
 import { followTips } from './tip.js';
 import { addTools, tellSerial } from './tools.js';
+import { addTouchKeys } from './touch_keys.js';
 import { make } from './views/view.js';
 
-const barHeight = 360; // twips of menus and title
 const bundleName = '../bundle.json';
 
 // Languages, help and samples, by their paths: a file beside the page, or within a page that is a single file.
@@ -28,10 +28,12 @@ async function bundle() {
     return response.ok ? response.json() : {};
 }
 
+const keysHeight = () => document.querySelector('.touch-keys')?.offsetHeight ?? 0;
+
 function screenNow() {
     return {
-        width: Math.floor(twips(innerWidth)), height: Math.floor(twips(innerHeight)), edgeWidth: 0,
-        edgeHeight: barHeight, pointsPerTwip: pixels(1) * devicePixelRatio,
+        width: Math.floor(twips(innerWidth)), height: Math.floor(twips(innerHeight - keysHeight())), edgeWidth: 0,
+        edgeHeight: barHeight(), pointsPerTwip: pixels(1) * devicePixelRatio,
     };
 }
 
@@ -122,6 +124,7 @@ async function start() {
     handlers(stage, { store, share, serial });
     addTools(stage, { panel, serial });
     followTips();
+    addTouchKeys(stage);
     stage.link.send(await hello(stage, { files, times, problem, share, serial }));
     follow(stage, share);
     followDrops(stage);

@@ -65,6 +65,8 @@ export class Stage {
         document.addEventListener('keydown', (event) => this.#key(event), true);
         document.addEventListener('paste', (event) => this.#paste(event), true);
         document.addEventListener('focusin', (event) => this.#focused(event));
+        // A keyboard on the screen has taken a part of the page.
+        window.addEventListener('resize', () => this.later('sight', () => this.focus?.form.bringIntoSight(this.focus.element)));
         document.addEventListener('mousemove', (event) => (this.pointer = { x: event.clientX, y: event.clientY }), true);
         document.addEventListener('mousedown', (event) => (this.pointer = { x: event.clientX, y: event.clientY }), true);
     }

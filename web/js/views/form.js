@@ -1,9 +1,8 @@
 // The main form is the page; every other one a window over it, with title and close.
 
-import { length, onFont, pixels, twips } from '../scale.js';
+import { barHeight, length, onFont, pixels, twips } from '../scale.js';
 import { make, View } from './view.js';
 
-const barHeight = 360; // twips
 const leastShown = 40; // pixels of a window that stay within the page
 
 export class FormView extends View {
@@ -152,7 +151,7 @@ export class FormView extends View {
         }
         const { Left: left = 0, Top: top = 0, Width: width = 0, Height: height = 0 } = this.properties;
         this.showSize(width, height);
-        const room = [Math.max(0, innerWidth - pixels(width)), Math.max(0, innerHeight - pixels(height + barHeight))];
+        const room = [Math.max(0, innerWidth - pixels(width)), Math.max(0, innerHeight - pixels(height + barHeight()))];
         style.left = `${Math.max(0, Math.min(pixels(left), room[0]))}px`;
         style.top = `${Math.max(0, Math.min(pixels(top), room[1]))}px`;
     }

@@ -87,6 +87,9 @@ export class LineView extends FieldView {
     constructor(stage, facts) {
         super(stage, facts, make('input'));
         this.element.type = 'text';
+        // What a keyboard on the screen shows.
+        if (facts.numeric) this.element.inputMode = 'decimal';
+        this.element.enterKeyHint = 'next';
         this.element.addEventListener('beforeinput', (event) => this.beforeInput(event));
         this.element.addEventListener('compositionend', (event) => this.composed(event));
         // What was composed has gone into the element; the program says what stands there.
