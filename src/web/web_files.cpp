@@ -4,6 +4,7 @@
 #include <charconv>
 #include <ctime>
 
+#include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 
@@ -27,8 +28,10 @@ bool LiesIn(std::string_view path, std::string_view folder) {
 
 }  // namespace
 
-std::string WebFiles::PathOf(std::string_view name) {
-    return std::string(userFolder) + "/" + std::string(ExtractFileName(Normal(name)));
+std::string WebFiles::PathOf(const PageEvent& event) {
+    const int folder = event.Number("folder");
+    return std::string(userFolder) + (folder > 1 ? "/" + PlainNumber(folder) : std::string()) + "/" +
+           std::string(ExtractFileName(Normal(event.Path("name"))));
 }
 
 void WebFiles::Put(std::string_view path, std::optional<std::string> content) {

@@ -33,8 +33,9 @@ public:
     void SetWritten(std::string_view path, std::string_view seconds);
     // Whether the browser's storage takes what is written; it is kept here all the same.
     void SetStorage(bool stores) { stores_ = stores; }
-    // Where a file of the user's stands, by the name that he knows it by.
-    static std::string PathOf(std::string_view name);
+    // Where a file of the user's stands, as an event tells it: by its name, in a folder of its own where the page knows
+    // another file of that name.
+    static std::string PathOf(const PageEvent& event);
 
 private:
     struct File {
