@@ -4,6 +4,7 @@
 
 #include "basic/line_end.h"
 #include "platform/text_editing.h"
+#include "web/web_clipboard.h"
 #include "web/web_page.h"
 #include "web/web_system.h"
 
@@ -117,7 +118,7 @@ void WebTextBoxView::Act(const PageEvent& event) {
 }
 
 void WebTextBoxView::TakeText(const PageEvent& event) {
-    std::string text = event.Code("text");
+    std::string text = KnownCharactersOf(event.Raw("text"));
     if (text.size() > LargestText) return Mark(PropertyId::Text);
     if (box_.MultiLine) {
         text = WithOwnLineEnds(text);

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <ctime>
 
+#include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 
@@ -19,8 +20,8 @@ std::string Normal(std::string_view path) {
     return normal;
 }
 
-// The user's files lie nowhere: a browser tells no folder.
-bool IsUsers(std::string_view path) { return path.find('/') == std::string_view::npos; }
+// The user's files have no folder that a browser tells.
+bool IsUsers(std::string_view path) { return !path.starts_with('/'); }
 
 bool LiesIn(std::string_view path, std::string_view folder) {
     return path.substr(0, folder.size()) == folder &&
@@ -29,7 +30,11 @@ bool LiesIn(std::string_view path, std::string_view folder) {
 
 }  // namespace
 
-std::string WebFiles::PathOf(std::string_view name) { return std::string(ExtractFileName(Normal(name))); }
+std::string WebFiles::PathOf(const PageEvent& event) {
+    const int folder = event.Number("folder");
+    return PathIn(folder > 1 ? PlainNumber(folder) : std::string(),
+                  ExtractFileName(Normal(event.Path("name"))));
+}
 
 void WebFiles::Put(std::string_view path, std::optional<std::string> content) {
     files_[Normal(path)] = {std::move(content), std::nullopt};

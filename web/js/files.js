@@ -8,7 +8,7 @@ import { make } from './views/view.js';
 
 const chunk = 0x8000;
 const largest = 64 * 1024 * 1024;
-const open = new Map(); // handles by name
+const open = new Map(); // handles by key, which is the path
 let withdrawOffer = () => {};
 
 export function textOf(bytes) {
@@ -41,20 +41,33 @@ function typesOf(filter) {
     return types;
 }
 
+// What the program knows a file by: its name, in a folder with a number where another file of the name is there already,
+// which must not be written in its place. fits(handle) tells whether the one with a key will do; null for none.
+async function placeOf(name, fits) {
+    for (let place = 1; ; ++place) {
+        const known = await handleOf(keyOf(name, place));
+        if (!known || (await fits(known))) return place;
+    }
+}
+const keyOf = (name, place) => (place > 1 ? `${place}/${name}` : name);
+const handleOf = async (key) => open.get(key) ?? handles.get(key);
+const placed = (name, place) => (place > 1 ? { name, folder: place } : { name });
+
+// Gives what names the file to the program.
 async function remember(handle) {
     withdrawOffer();
-    open.set(handle.name, handle);
-    await handles.put(handle.name, handle);
+    const { name } = handle;
+    const place = await placeOf(name, (known) => known.isSameEntry(handle).catch(() => false));
+    open.set(keyOf(name, place), handle);
+    await handles.put(keyOf(name, place), handle);
+    return placed(name, place);
 }
-
-// One that came without a handle: another file of its name must not be written in its place.
-async function forget(name) {
+async function withoutHandle({ name }) {
     withdrawOffer();
-    open.delete(name);
-    await handles.remove(name);
+    return placed(name, await placeOf(name, () => false));
 }
 
-// The names of the files that can be opened again.
+// The keys of the files that can be opened again.
 export const rememberedNames = () => handles.names();
 
 const isGranted = async (handle, mode) => ((await handle.queryPermission?.({ mode })) ?? 'granted') === 'granted';
@@ -75,12 +88,16 @@ function fromInput(filter) {
     });
 }
 
+// Gives the file and what names it.
 async function choose(filter) {
-    if (!window.showOpenFilePicker) return fromInput(filter);
+    if (!window.showOpenFilePicker) {
+        const file = await fromInput(filter);
+        return file && { file, named: await withoutHandle(file) };
+    }
     const types = typesOf(filter);
     const [handle] = await window.showOpenFilePicker(types.length > 0 ? { types } : {});
-    await remember(handle);
-    return handle.getFile();
+    const file = await handle.getFile();
+    return { file, named: await remember(handle) };
 }
 
 // A browser lets a page ask for files only in a click of its user: where there was none, a button asks for it.
@@ -102,9 +119,8 @@ async function inClick(stage, title, act) {
 export async function openFile(stage, { ask: number, filter }) {
     let answer = { cancelled: true };
     try {
-        const file = await inClick(stage, stage.text('chooseFile'), () => choose(filter));
-        if (file && !window.showOpenFilePicker) await forget(file.name);
-        if (file) answer = { name: file.name, content: await contentOf(file) };
+        const chosen = await inClick(stage, stage.text('chooseFile'), () => choose(filter));
+        if (chosen) answer = { ...chosen.named, content: await contentOf(chosen.file) };
     } catch (fault) {
         if (fault.name !== 'AbortError') notice(stage, 'unreadable');
     }
@@ -118,15 +134,15 @@ export async function saveFileAs(stage, { ask: number, filter, name }) {
             const types = typesOf(filter);
             const options = { suggestedName: name || undefined, ...(types.length > 0 ? { types } : {}) };
             const handle = await inClick(stage, stage.text('save'), () => window.showSaveFilePicker(options));
-            if (handle) await remember(handle);
-            chosen = handle?.name ?? null;
+            chosen = handle && (await remember(handle));
         } else {
-            chosen = await askName(stage, filter, name);
+            const asked = await askName(stage, filter, name);
+            chosen = asked && { name: asked };
         }
     } catch {
         chosen = null;
     }
-    stage.reply(number, chosen ? { name: chosen } : { cancelled: true });
+    stage.reply(number, chosen ?? { cancelled: true });
 }
 
 function askName(stage, filter, name) {
@@ -159,29 +175,26 @@ function download(name, content) {
 
 // Writes into the file that was opened under that name; one without a handle is downloaded.
 export async function writeFile(stage, { ask: number, path, content }) {
-    const name = path;
     let ok = true;
     try {
-        const handle = await handleOf(name);
+        const handle = await handleOf(path);
         if (content === null) {
-            open.delete(name);
-            await handles.remove(name);
+            open.delete(path);
+            await handles.remove(path);
         } else if (handle?.createWritable) {
             if (!(await allowed(handle, 'readwrite'))) throw new Error('refused');
             const stream = await handle.createWritable();
             await stream.write(bytesOf(content));
             await stream.close();
-            open.set(name, handle);
+            open.set(path, handle);
         } else {
-            download(name, content);
+            download(path.split('/').pop(), content);
         }
     } catch {
         ok = false;
     }
     stage.reply(number, { ok });
 }
-
-const handleOf = async (name) => open.get(name) ?? (await handles.get(name));
 
 // A file of an earlier visit. A browser asks its user for it in a click only; the start makes an offer of it instead.
 export async function readFile(stage, { ask: number, path }) {
@@ -192,7 +205,7 @@ export async function readFile(stage, { ask: number, path }) {
         if (!handle) throw new Error('unknown');
         if (starting && !(await isGranted(handle, 'read'))) throw new DOMException('later', 'NotAllowedError');
         if (!(await allowed(handle, 'read'))) throw new Error('refused');
-        open.set(handle.name, handle);
+        open.set(path, handle);
         stage.reply(number, { content: await contentOf(await handle.getFile()) });
     } catch (fault) {
         if (starting && fault.name === 'NotAllowedError') offer(stage, handle);
@@ -231,9 +244,8 @@ export function followDrops(stage) {
 }
 
 async function bring(stage, file, handle, form) {
-    if (handle) await remember(handle);
-    else await forget(file.name);
+    const named = await (handle ? remember(handle) : withoutHandle(file));
     const content = await contentOf(file).catch(() => null);
     if (content === null) notice(stage, 'unreadable');
-    else stage.link.send({ on: 'drop', form, name: file.name, content });
+    else stage.link.send({ on: 'drop', form, ...named, content });
 }

@@ -1,7 +1,7 @@
 // The controls of the program on the page: makes their views, leads messages to them and what the hands do back.
 
 import { onScheme } from './colors.js';
-import { pressOf } from './keys.js';
+import { isBrowsers, isEditing, pressOf } from './keys.js';
 import { Link } from './link.js';
 import { Menus } from './menus.js';
 import { before } from './texts.js';
@@ -30,6 +30,7 @@ export class Stage {
     #texts = before;
     #handlers = {};
     #quiet = false;
+    #shortcuts = new Set();
 
     constructor() {
         this.link = new Link(
@@ -76,32 +77,36 @@ export class Stage {
     }
 
     #key(event) {
-        if (this.asking || event.target.closest?.('.panel')) return;
-        if (this.menus.isOpen) return this.menus.key(event);
+        const elsewhere = this.asking || event.target.closest?.('.panel');
+        if (!elsewhere && this.menus.isOpen) return this.menus.key(event);
         const form = this.front;
+        const press = pressOf(event);
+        const shortcut = this.#isShortcut(press);
+        // A box has them not, but the page is not to be loaded anew, saved or printed instead.
+        if (elsewhere) return shortcut && !isEditing(press) && event.preventDefault();
         if (!form) return;
         if (this.menus.keyOpens(form, event)) return event.preventDefault();
-        if (this.focus?.keepsKey?.(event)) return;
-        const press = pressOf(event);
+        if (!shortcut && this.focus?.keepsKey?.(event)) return;
         // With Alt an arrow would leave the page.
         if (!press && event.altKey && event.key.startsWith('Arrow')) event.preventDefault();
-        if (!press) return;
+        if (!press || (!shortcut && isBrowsers(press))) return;
         const held = press.held;
         // What is pasted comes by itself.
         const pastes = (held === 2 && press.key === 86) || (held === 1 && press.key === 45);
         if (pastes && event.target.matches?.('.textbox')) return;
         const { key } = press;
         const message = { on: 'key', form: form.id, key, held, char: press.prints ? event.key : '' };
-        const always = press.prints || key === 9 || this.#isShortcut(form, press);
+        const always = press.prints || key === 9 || shortcut;
         this.link.sendKey({ ...message, repeat: event.repeat, time: event.timeStamp }, event, always);
     }
 
-    // A function key and a key of a menu are the program's, whatever the browser would do with them.
-    #isShortcut(form, { key, held }) {
+    // A function key and a key of a menu are the program's, whatever the browser would do with them and whatever window
+    // is in front.
+    #isShortcut(press) {
+        const { key, held } = press ?? {};
         if (key >= 112 && key <= 121) return true;
-        const parts = (held & 2 ? 'Ctrl+' : '') + (held & 1 ? 'Shift+' : '');
-        const name = parts + String.fromCharCode(key);
-        return (held & 2) !== 0 && [...this.#views.values()].some((one) => one.form === form && one.facts.shortcut === name);
+        const name = (held & 2 ? 'Ctrl+' : '') + (held & 1 ? 'Shift+' : '') + String.fromCharCode(key);
+        return (held & 2) !== 0 && this.#shortcuts.has(name);
     }
 
     #paste(event) {
@@ -178,6 +183,7 @@ export class Stage {
     }
 
     formShown(form) {
+        if (document.body.classList.contains('starting')) this.#handlers.started?.();
         document.body.classList.remove('starting');
         this.tellShown();
         if (this.front === form && !form.visible) this.front = this.#forms.findLast((one) => one.visible) ?? null;
@@ -221,6 +227,7 @@ export class Stage {
             return;
         }
         this.#views.set(message.id, view);
+        if (message.shortcut) this.#shortcuts.add(message.shortcut);
         if (kind !== 'Form') view.attach(this.#views.get(message.parent ?? message.form));
         view.apply(message.p ?? {});
         if (kind === 'Menu') view.form.followMenus();

@@ -80,7 +80,7 @@ export class FormView extends View {
         const from = this.element.getBoundingClientRect();
         const moved = (one) => act(one.clientX - event.clientX, one.clientY - event.clientY, from);
         handle.addEventListener('pointermove', moved);
-        handle.addEventListener('pointerup', () => handle.removeEventListener('pointermove', moved), { once: true });
+        handle.addEventListener('lostpointercapture', () => handle.removeEventListener('pointermove', moved), { once: true });
     }
 
     moveTo(left, top) {
