@@ -41,7 +41,7 @@ export async function shownOf(story, what, text, textOf) {
         return { got: plain(one?.p.Entries?.[Number(words[1])]), wanted: textOf(text.trim().split(/\s+/).slice(2).join(' ')) };
     }
     if (what === 'file' || what === 'filehas') {
-        const name = textOf(words[0]).replace(/^\/files\//, '');
+        const name = textOf(words[0]);
         if (/[/$]/.test(name)) return null;
         const content = textOf(text.trimStart().slice(words[0].length + 1));
         const got = await bench.read(name);
