@@ -3,7 +3,9 @@
 
 const version = '@VERSION@';
 const files = JSON.parse('@FILES@');
-const cacheName = `kvt-${version}`;
+// Another copy of the page at the same address keeps its own.
+const ownCaches = `kvt ${self.registration.scope} `;
+const cacheName = ownCaches + version;
 
 self.addEventListener('install', (event) => {
     event.waitUntil(
@@ -13,7 +15,7 @@ self.addEventListener('install', (event) => {
 
 self.addEventListener('activate', (event) => {
     const drop = async () => {
-        for (const name of await caches.keys()) if (name.startsWith('kvt-') && name !== cacheName) await caches.delete(name);
+        for (const name of await caches.keys()) if (name.startsWith(ownCaches) && name !== cacheName) await caches.delete(name);
         await self.clients.claim();
     };
     event.waitUntil(drop());
