@@ -2,7 +2,7 @@
 // new version is another text of this file, and takes over when no tab has the old one any more.
 
 const version = '@VERSION@';
-const files = JSON.parse('@FILES@');
+const files = '@FILES@';
 // Another copy of the page at the same address keeps its own.
 const ownCaches = `kvt ${self.registration.scope} `;
 const cacheName = ownCaches + version;

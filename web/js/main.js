@@ -18,7 +18,9 @@ import { addTools, tellSerial } from './tools.js';
 import { make } from './views/view.js';
 
 const barHeight = 360; // twips of menus and title
+const calm = 500; // milliseconds
 const bundleName = '../bundle.json';
+const lateFolder = '/share/Help/'; // what the program asks for when it needs it
 
 // Languages, help and samples, by their paths: a file beside the page, or within a page that is a single file.
 async function bundle() {
@@ -58,7 +60,7 @@ function handlers(stage, { store, share, serial }) {
         color: (task) => color(stage, task),
         open: (task) => openFile(stage, task),
         save: (task) => saveFileAs(stage, task),
-        read: (task) => readFile(stage, task),
+        read: (task) => (task.path in share ? stage.reply(task.ask, { content: share[task.path] }) : readFile(stage, task)),
         saveFile: (task) => writeFile(stage, task),
         store: (task) => stage.reply(task.ask, { ok: keep(store, task.path, task.content) }),
         clipboardRead: (task) => read(stage, task),
@@ -72,6 +74,7 @@ function handlers(stage, { store, share, serial }) {
         link: (task) => copyLink(stage, task),
         picture: (folder, name) => pictureOf(share, folder + name),
         beep: () => {},
+        started: workWithoutNetwork,
         end: () => ended(stage),
     });
 }
@@ -95,9 +98,20 @@ function cover(stage, text) {
     button.focus();
 }
 
+// What keeps the page asks for all its files: it does so when the program stands.
+function workWithoutNetwork() {
+    if (!('serviceWorker' in navigator) || !location.protocol.startsWith('http')) return;
+    setTimeout(() => navigator.serviceWorker.register('sw.js').catch(() => {}), calm);
+}
+
 function ended(stage) {
     stage.link.ended = true;
     cover(stage, 'ended');
+}
+
+// The documents of the help stay here until they are read.
+function sharedAtOnce(share) {
+    return Object.fromEntries(Object.entries(share).map(([path, content]) => [path, path.startsWith(lateFolder) ? null : content]));
 }
 
 async function hello(stage, { files, times, problem, share, serial }) {
@@ -106,7 +120,8 @@ async function hello(stage, { files, times, problem, share, serial }) {
     const brought = await broughtBy(location.hash, share);
     if (brought === 'unreadable') notice(stage, stage.text('linkUnreadable'));
     return {
-        on: 'hello', ...screenNow(), language: navigator.language, dark: isDark(), share, stored, times,
+        on: 'hello', ...screenNow(), language: navigator.language, dark: isDark(), share: sharedAtOnce(share),
+        stored, times,
         withoutStorage: problem !== '', names: await serial.names(),
         ...(brought !== 'unreadable' ? brought : {}),
     };
@@ -147,6 +162,3 @@ start().catch((fault) => {
     console.error(fault);
     document.querySelector('.cover.start span').textContent = `KVT: ${fault.message ?? fault}`;
 });
-
-if ('serviceWorker' in navigator && location.protocol.startsWith('http'))
-    navigator.serviceWorker.register('sw.js').catch(() => {});

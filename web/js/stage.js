@@ -191,6 +191,7 @@ export class Stage {
     }
 
     formShown(form) {
+        if (document.body.classList.contains('starting')) this.#handlers.started?.();
         document.body.classList.remove('starting');
         if (this.front === form && !form.visible) this.front = this.#forms.findLast((one) => one.visible) ?? null;
         this.front ??= form.visible ? form : null;
