@@ -26,7 +26,9 @@ self.addEventListener('fetch', (event) => {
     if (request.method !== 'GET' || new URL(request.url).origin !== location.origin) return;
     const answer = async () => {
         const cache = await caches.open(cacheName);
-        const kept = await cache.match(request, { ignoreSearch: true });
+        // By either name it is the page of this version.
+        const isPage = request.url.replace(/[?#].*/, '') === `${self.registration.scope}index.html`;
+        const kept = await cache.match(isPage ? './' : request, { ignoreSearch: true });
         if (kept) return kept;
         // The page under another of its names.
         return fetch(request).catch(async () => (request.mode === 'navigate' ? cache.match('./') : Response.error()));
