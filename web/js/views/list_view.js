@@ -55,14 +55,15 @@ export class ListViewView extends View {
         this.send({ on: 'row', row, column, clicks: event.detail, button: event.button === 2 ? 2 : 1 });
     }
 
-    // The mouse has its own way; this is for the key.
+    // The mouse has its own way; this is for the key, and for a finger that stays on a row.
     menuKey(event) {
         event.preventDefault();
-        const row = this.body.querySelector(`[data-row="${this.state.selected}"]`);
-        if (event.button === 2 || !row) return;
+        const touched = event.pointerType === 'touch' ? event.target.closest('.row') : null;
+        const row = touched ?? this.body.querySelector(`[data-row="${this.state.selected}"]`);
+        if ((event.button === 2 && !touched) || !row) return;
         const box = row.getBoundingClientRect();
-        this.stage.pointer = { x: box.left + pixels(rowHeight), y: box.bottom };
-        this.send({ on: 'row', row: this.state.selected, column: 0, clicks: 1, button: 2 });
+        this.stage.pointer = { x: touched ? event.clientX : box.left + pixels(rowHeight), y: box.bottom };
+        this.send({ on: 'row', row: Number(row.dataset.row), column: 0, clicks: 1, button: 2 });
     }
 
     // A message "rows": what is not in it stays.
