@@ -4,24 +4,27 @@ export function playClock() {
     const later = window.setTimeout.bind(window);
     const forget = window.clearTimeout.bind(window);
     const firstNumber = 1e9;
-    const creep = 0.001; // what a look at it takes, so that work without end comes to an end
-    const little = 0.5; // as far as looks may have set a timer off
+    const creep = 1000; // readings that take a millisecond, so that work without end comes to an end
     const longestSleep = 20; // milliseconds; a wait inside a handler is no longer
     const timers = new Map();
     let number = firstNumber;
-    let looks = 0;
+    let readings = 0;
     let activity = 0;
     const clock = { now: 0, waits: 0 };
     window.clock = clock;
 
-    // From where in the program it waits: the main loop, a wait of its own, or its first look at what has come.
+    // From where in the program it waits: its main loop, a wait that ends by itself (which looks at first, from a place of
+    // its own in the same function, for what has come) or one for its user.
     Error.stackTraceLimit = 100;
     const site = () => new Error().stack.split('\n').filter((line) => line.includes('wasm')).join('\n');
+    const chain = (whole) => whole.replace(/:0x[0-9a-f]+/g, '');
     let mainLoop = '';
     const sleeping = new Set();
+    const looks = new Set();
+    const isTimed = (whole) => [...looks].some((one) => !sleeping.has(one) && chain(one) === chain(whole));
     let begun = false;
 
-    performance.now = () => clock.now + creep * looks++;
+    performance.now = () => clock.now + Math.floor(readings++ / creep);
     Object.defineProperty(Event.prototype, 'timeStamp', { get: () => clock.now });
     window.setTimeout = (act, milliseconds = 0, ...more) => {
         ++activity;
@@ -38,7 +41,7 @@ export function playClock() {
     MessagePort.prototype.postMessage = function (...message) {
         ++activity;
         const from = site();
-        if (from && !sleeping.has(from)) begun = true;
+        if (from && !sleeping.has(from)) begun = !!looks.add(from);
         return post.apply(this, message);
     };
 
@@ -53,24 +56,19 @@ export function playClock() {
             await turn();
             same = last === activity ? same + 1 : 0;
         }
-        looks = 0;
+        readings = 0;
     }
     const framed = () => new Promise((then) => requestAnimationFrame(() => later(then, 0)));
     const boxIsUp = () => document.querySelector('dialog[open]') !== null;
 
     // What the program waits for: its user, a time that it has set itself, or, where it is through, any event.
     clock.state = () => {
-        const is = (name, property) => window.told.named(name)?.p[property];
-        const inSight = (name) => document.querySelector(`[data-control="${window.told.named(name)?.id}"]`)?.checkVisibility();
-        const steps = ['cmdStep', 'frmDraw.cmdStep'].some((name) => is(name, 'Enabled') && inSight(name));
-        const click = is('frmDraw', 'Visible') && is('frmDraw.cboBarSim', 'Enabled') && is('frmDraw.cmdBarStop', 'Enabled') &&
-            !is('frmDraw.cmdBarStep', 'Enabled');
         const wait = [...timers.values()].find((one) => one.program);
         if (window.told.ended) return 'ended';
         if (boxIsUp()) return 'box';
         if (window.told.asks.size > 0) return 'asks';
         if (!wait || wait.program === mainLoop) return 'idle';
-        return steps || click ? 'user' : 'timed';
+        return isTimed(wait.program) ? 'timed' : 'user';
     };
 
     // Lets all come to rest that needs no time. Views follow before the next frame.
@@ -86,7 +84,7 @@ export function playClock() {
     };
     function next(end) {
         let first = null;
-        for (const [key, one] of timers) if (one.at <= end + little && !(one.at >= timers.get(first)?.at)) first = key;
+        for (const [key, one] of timers) if (one.at <= end && !(one.at >= timers.get(first)?.at)) first = key;
         return first;
     }
     // Goes on by so many milliseconds, timer by timer. Gives what is left of them where a box has come up.

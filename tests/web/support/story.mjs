@@ -27,8 +27,10 @@ export const wordsOf = (text) => text.trim().split(/\s+/);
 // The rest of a line behind its first word, which may stand in quotes.
 export const behind = (text) => text.trimStart().replace(/^("[^"]*"|\S+)\s?/, '');
 
-// A screen as the console has it, and what lies above its work area.
-const screen = [28800, 15600];
+// The work area of a screen as the console has it.
+const screen = [28800, 15600]; // twips
+const edges = 180; // of a window there, beside its field; the page's have none
+const bar = 15; // that the bar of the page is higher than title and menus there
 const twipsPerPixel = 15;
 
 export class Story {
@@ -36,7 +38,7 @@ export class Story {
     checked = 0; // expectations
     leftOut = new Map(); // expectations that no page shows, by what they ask for
 
-    // without: [{ at, lines, why }], the lines that are passed over, by how the first of them begins.
+    // without: [{ at, lines, instead, why }], the lines that are passed over, by how the first of them begins.
     constructor(here, file, without = []) {
         const name = /(\w+)\.kvts$/.exec(file)[1];
         Object.assign(this, {
@@ -50,7 +52,7 @@ export class Story {
         const [, width, height] = /--screen (\d+) (\d+)/.exec(options) ?? [];
         const [, area] = /--workarea (\d+)/.exec(options) ?? [];
         const size = [width ?? screen[0], area ?? height ?? screen[1]];
-        this.size = { width: Math.ceil(size[0] / twipsPerPixel), height: Math.ceil(size[1] / twipsPerPixel) };
+        this.size = { width: Math.ceil((size[0] - edges) / twipsPerPixel), height: Math.ceil((size[1] + bar) / twipsPerPixel) };
     }
 
     async run() {
@@ -58,15 +60,15 @@ export class Story {
         try {
             for (let at = 0; at < this.lines.length; ++at) {
                 const line = this.lines[at];
-                const [, word, rest] = /^(\w*)\s?(.*)$/s.exec(line);
-                if (!word) continue;
-                if (this.without[0] && line.startsWith(this.without[0].at)) {
-                    at += this.without.shift().lines - 1;
-                    continue;
-                }
+                if (!/^\w/.test(line)) continue;
                 try {
-                    if (word === 'during') this.waiting.push({ wait: Number(wordsOf(rest)[0]), line: behind(rest) });
-                    else await this.line(word, rest);
+                    if (this.without[0] && line.startsWith(this.without[0].at)) {
+                        const { lines = 1, instead = [] } = this.without.shift();
+                        at += lines - 1;
+                        for (const one of instead) await this.runLine(one);
+                    } else {
+                        await this.runLine(line);
+                    }
                 } catch (fault) {
                     await this.bench?.page.screenshot({ path: `${process.env.KVT_FAULTS ?? '/tmp'}/story_${this.name}.png` }).catch(() => {});
                     fault.message = `line ${at + 1}: ${line.slice(0, 100)}: ${fault.message}`;
@@ -78,6 +80,12 @@ export class Story {
         } finally {
             await this.context.close();
         }
+    }
+
+    runLine(line) {
+        const [, word, rest] = /^(\w*)\s?(.*)$/s.exec(line);
+        if (word === 'during') return this.waiting.push({ wait: Number(wordsOf(rest)[0]), line: behind(rest) });
+        return this.line(word, rest);
     }
 
     async line(word, rest) {
@@ -100,6 +108,7 @@ export class Story {
     // wait is done in it. Ends where the program waits for its user or is through.
     async settle() {
         const { bench } = this;
+        if (this.inWait) return bench.evaluate(() => window.clock.rest());
         for (;;) {
             await bench.evaluate(() => window.clock.rest());
             const next = Math.min(...this.waiting.map((one) => one.wait));
@@ -111,11 +120,11 @@ export class Story {
                 await this.doWaiting(next);
             } else if (state === 'user' && this.waiting.length > 0) {
                 ++this.users;
-                if (!(await this.doWaiting((await this.waits()) - this.from))) return;
+                if (!(await this.doWaiting((await this.waits()) - this.from))) return undefined;
             } else {
                 assert.deepEqual(this.waiting, [], 'all waits have come');
                 if (state !== 'user') this.from = null;
-                return;
+                return undefined;
             }
         }
     }
@@ -132,9 +141,11 @@ export class Story {
                 continue;
             }
             acted = true;
+            this.inWait = true;
             await steps[word].call(this, rest);
+            await this.settle();
+            this.inWait = false;
             ++this.done;
-            await this.bench.evaluate(() => window.clock.rest());
         }
         return acted;
     }
@@ -199,8 +210,8 @@ export class Story {
         let read = boxWants(this, what, text) ?? (await compare(this, what, text));
         // The title follows the state of the work twice a second.
         if (what === 'state.programChanged' && read.got !== read.wanted) {
-            await this.bench.evaluate(() => window.clock.advance(500));
-            this.clock -= 500;
+            await this.bench.evaluate(() => window.clock.advance(1000));
+            this.clock -= 1000;
             read = await compare(this, what, text);
         }
         if (!read) return this.leaveOut(what.replace(/^\w+(\(\d+\))?\.(\w+)$/, '.$2'));

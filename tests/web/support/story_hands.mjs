@@ -81,7 +81,7 @@ async function chooseAtPointer(story, name) {
         await story.settle();
     }
     const shown = await bench.element(name);
-    if (await shown.isVisible()) await shown.click();
+    if (await shown?.isVisible()) await shown.click();
 }
 
 // What cannot be seen is not clicked.
@@ -98,20 +98,21 @@ export async function clickControl(story, name, one) {
     return element.click();
 }
 
-// A window that lies over what is to be clicked is drawn aside by its title, or goes back from filling the page.
-export async function uncover(story, name) {
+// A window that lies over what is to be clicked, or over a part of that, is drawn aside by its title; one that fills the
+// page gives way to the editor by a key.
+export async function uncover(story, name, part = '') {
     const { bench } = story;
-    const bar = await bench.evaluate((n) => {
+    const bar = await bench.evaluate((n, within) => {
         let one = window.told.named(n);
         while (window.told.controls.get(one.parent)?.kind === 'Menu') one = window.told.controls.get(one.parent);
         const own = document.querySelector(`[data-control="${one.form ?? one.id}"]`);
-        const box = document.querySelector(`[data-control="${one.id}"]`).getBoundingClientRect();
+        const box = document.querySelector(`[data-control="${one.id}"] ${within}`).getBoundingClientRect();
         const over = document.elementFromPoint(box.left + box.width / 2, box.top + box.height / 2)?.closest('.form');
         if (!over || over === own) return null;
         if (over.classList.contains('main')) return { behind: true };
         const title = over.querySelector('.title').getBoundingClientRect();
         return { x: title.left + 40, y: title.top + title.height / 2, filling: over.classList.contains('filling'), main: own?.classList.contains('main') };
-    }, name);
+    }, name, part);
     if (!bar) return;
     if (bar.behind) {
         // A drawing that fills the page lies behind the editor.
@@ -138,6 +139,7 @@ export async function uncover(story, name) {
 export async function rowInSight(story, number) {
     const { bench } = story;
     const list = await bench.element('lvCncProgram');
+    await uncover(story, 'frmMain.lvCncProgram');
     for (let i = 0; i < 100; ++i) {
         const off = await list.evaluate((element, n) => {
             const row = element.querySelector(`[data-row="${n}"]`);
@@ -146,12 +148,12 @@ export async function rowInSight(story, number) {
             const box = row.getBoundingClientRect();
             return box.top < seen.top + 20 ? box.top - seen.top - 40 : box.bottom > seen.bottom - 17 ? box.bottom - seen.bottom + 20 : 0;
         }, number);
-        if (off === 0) return;
+        if (off === 0) return uncover(story, 'frmMain.lvCncProgram', `[data-row="${number}"] .cell`);
         const box = await list.boundingBox();
         await bench.page.mouse.move(box.x + box.width / 2, box.y + box.height / 2);
         await bench.page.mouse.wheel({ deltaY: off });
         await bench.pause(30);
         await bench.evaluate(() => window.clock.rest());
     }
-    noWay(`row ${number} does not come into sight`);
+    return noWay(`row ${number} does not come into sight`);
 }

@@ -12,7 +12,10 @@ async function pointOf(story, x, y) {
         const element = document.querySelector(`[data-control="${window.told.named(n).id}"]`);
         const box = element.getBoundingClientRect();
         const twip = parseFloat(getComputedStyle(document.documentElement).fontSize) / 16 / 15;
-        const at = { x: box.left + left * twip, y: box.top + top * twip };
+        const view = element.parentElement.closest('.control').getBoundingClientRect();
+        // The corner of the field stands for any place.
+        const any = left <= 1 && top <= 1;
+        const at = any ? { x: view.left + view.width / 2, y: view.top + view.height / 2 } : { x: box.left + left * twip, y: box.top + top * twip };
         return { ...at, inSight: element.contains(document.elementFromPoint(at.x, at.y)) };
     }, field, Number(x), Number(y));
     if (!point.inSight) noWay(`${x} ${y} lies out of sight`);

@@ -129,16 +129,22 @@ const readers = {
     picture: async (story, text) => ({ got: await picture(story, textOf(text)), wanted: true }),
 };
 
+// What a place of the mouse on the drawing tells, and how far apart two of them are at the usual scales.
+const pointed = /^frmDraw\.txt(X|Y|Z|Delta|Diameter|Distance|Grid)\w*$/;
+const pixel = 2.5;
+
 // { got, wanted } of what the page shows; null for what no page shows.
 export async function compare(story, what, text) {
     if (readers[what]) return readers[what](story, text.trim());
     const dot = what.lastIndexOf('.');
     const name = what.slice(0, dot);
     const property = what.slice(dot + 1);
-    // The main window is as large as the page.
-    if (dot < 0 || (name === 'frmMain' && /left|top|width|height|windowState/i.test(property))) return null;
+    // The main window is as large as the page, and windows have no edges beside their fields.
+    if (dot < 0 || (/^frm(Main|Draw)$/.test(name) && /left|top|width|height|windowState/i.test(property))) return null;
     const got = await story.bench.evaluate((n, p) => window.shown.property(n, p), name, property);
     if (got === undefined) return null;
+    // The mouse points at whole pixels.
+    if (pointed.test(name) && Math.abs(Number(got) - Number(text)) < pixel && text.trim() !== '') return { got: text, wanted: text };
     // The page shows the name of a user's file alone.
     const bare = (one) => lines(one).replaceAll('/files/', '');
     return { got: bare(got), wanted: bare(textOf(text)) };
