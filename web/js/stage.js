@@ -260,9 +260,19 @@ export class Stage {
         if (!form) return;
         this.front = form;
         this.#forms = [...this.#forms.filter((one) => one !== form), form];
-        this.#forms.forEach((one, i) => (one.element.style.zIndex = (one.facts.topMost ? 1000 : 10) + (one.isMain ? -10 : i)));
+        this.restack();
         if (this.focus?.form !== form) this.focus = null;
         this.restoreFocus();
+    }
+
+    // Windows lie over the main one, but one that fills the page goes behind it when that comes to the front.
+    restack() {
+        const main = this.#forms.findIndex((one) => one.isMain);
+        this.#forms.forEach((one, i) => {
+            const behind = one.fills && i < main;
+            const layer = one.facts.topMost ? 1000 : one.isMain || behind ? 0 : 100;
+            one.element.style.zIndex = layer + i;
+        });
     }
 
     #takeLanguage({ code, texts }) {

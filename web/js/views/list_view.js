@@ -38,7 +38,7 @@ export class ListViewView extends View {
         new ResizeObserver(() => this.tellSight()).observe(element);
         this.heads.addEventListener('click', (event) => {
             const head = event.target.closest('.head');
-            if (head) this.send({ on: 'header', column: Number(head.dataset.column) + 1 });
+            if (head) this.send({ on: 'header', column: Number(head.dataset.column) });
         });
         this.body.addEventListener('mousedown', (event) => event.button === 2 && this.rowEvent(event));
         this.body.addEventListener('click', (event) => this.rowEvent(event));
