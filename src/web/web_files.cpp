@@ -4,7 +4,6 @@
 #include <charconv>
 #include <ctime>
 
-#include "basic/number.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 
@@ -30,11 +29,7 @@ bool LiesIn(std::string_view path, std::string_view folder) {
 
 }  // namespace
 
-std::string WebFiles::PathOf(const PageEvent& event) {
-    const int folder = event.Number("folder");
-    return PathIn(folder > 1 ? PlainNumber(folder) : std::string(),
-                  ExtractFileName(Normal(event.Path("name"))));
-}
+std::string WebFiles::PathOf(std::string_view name) { return std::string(ExtractFileName(Normal(name))); }
 
 void WebFiles::Put(std::string_view path, std::optional<std::string> content) {
     files_[Normal(path)] = {std::move(content), std::nullopt};

@@ -35,9 +35,8 @@ public:
     void SetWritten(std::string_view path, std::string_view seconds);
     // Whether the browser's storage takes what is written; it is kept here all the same.
     void SetStorage(bool stores) { stores_ = stores; }
-    // The path of a file of the user's, as an event tells it: its name alone, with a folder where the page knows another
-    // file of that name.
-    static std::string PathOf(const PageEvent& event);
+    // The path of a file of the user's: the name that he knows it by, wherever it says it lies.
+    static std::string PathOf(std::string_view name);
 
 private:
     struct File {

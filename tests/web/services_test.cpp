@@ -80,14 +80,6 @@ TEST(WebFiles, AProgramIsOpenedChangedAndSavedBack) {
     page.Serve();
     EXPECT_EQ(page.Page.Shown("frmMain", "Caption"), "Kestrel Vise Toolkit - x.cnc");
     EXPECT_EQ(page.Session->Platform.Files.ReadWhole("x.cnc"), program);
-    // Another one of its name.
-    page.Page.Answers.emplace("open", R"("folder":2,"name":"x.cnc","content":)" + JsonOf(program));
-    page.Do("menu", "mnuOpen");
-    page.Do("edit", "txtFileNotes", R"("text":"Other")");
-    page.Advance(1000);
-    page.Do("menu", "mnuSave");
-    EXPECT_EQ(page.Page.Stored["2/x.cnc"], "Other\r\n" + program);
-    EXPECT_EQ(page.Session->Platform.Files.ReadWhole("x.cnc"), program);
 }
 
 TEST(WebFiles, WhatThePageHasKeptIsThereAgainAndReadWhenItIsNeeded) {

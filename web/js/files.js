@@ -8,7 +8,7 @@ import { make } from './views/view.js';
 
 const chunk = 0x8000;
 const largest = 64 * 1024 * 1024;
-const open = new Map(); // handles by key, which is the path
+const open = new Map(); // handles by name
 let withdrawOffer = () => {};
 
 export function textOf(bytes) {
@@ -41,33 +41,33 @@ function typesOf(filter) {
     return types;
 }
 
-// What the program knows a file by: its name, in a folder with a number where another file of the name is there already,
-// which must not be written in its place. fits(handle) tells whether the one with a key will do; null for none.
-async function placeOf(name, fits) {
-    for (let place = 1; ; ++place) {
-        const known = await handleOf(keyOf(name, place));
-        if (!known || (await fits(known))) return place;
+const handleOf = async (name) => open.get(name) ?? handles.get(name);
+
+// What the program knows a file by: its name, with a number where another file of the name is there already, which must
+// not be written in its place. fits(handle) tells whether the one that has a name will do.
+async function nameFor(name, fits) {
+    const point = name.lastIndexOf('.') > 0 ? name.lastIndexOf('.') : name.length;
+    for (let count = 1; ; ++count) {
+        const one = count > 1 ? `${name.slice(0, point)} (${count})${name.slice(point)}` : name;
+        const known = await handleOf(one);
+        if (!known || (await fits(known))) return one;
     }
 }
-const keyOf = (name, place) => (place > 1 ? `${place}/${name}` : name);
-const handleOf = async (key) => open.get(key) ?? handles.get(key);
-const placed = (name, place) => (place > 1 ? { name, folder: place } : { name });
 
-// Gives what names the file to the program.
+// Gives the file's name for the program.
 async function remember(handle) {
     withdrawOffer();
-    const { name } = handle;
-    const place = await placeOf(name, (known) => known.isSameEntry(handle).catch(() => false));
-    open.set(keyOf(name, place), handle);
-    await handles.put(keyOf(name, place), handle);
-    return placed(name, place);
+    const name = await nameFor(handle.name, (known) => known.isSameEntry(handle).catch(() => false));
+    open.set(name, handle);
+    await handles.put(name, handle);
+    return name;
 }
-async function withoutHandle({ name }) {
+function withoutHandle({ name }) {
     withdrawOffer();
-    return placed(name, await placeOf(name, () => false));
+    return nameFor(name, () => false);
 }
 
-// The keys of the files that can be opened again.
+// The names of the files that can be opened again.
 export const rememberedNames = () => handles.names();
 
 const isGranted = async (handle, mode) => ((await handle.queryPermission?.({ mode })) ?? 'granted') === 'granted';
@@ -88,16 +88,16 @@ function fromInput(filter) {
     });
 }
 
-// Gives the file and what names it.
+// Gives the file and its name for the program.
 async function choose(filter) {
     if (!window.showOpenFilePicker) {
         const file = await fromInput(filter);
-        return file && { file, named: await withoutHandle(file) };
+        return file && { file, name: await withoutHandle(file) };
     }
     const types = typesOf(filter);
     const [handle] = await window.showOpenFilePicker(types.length > 0 ? { types } : {});
     const file = await handle.getFile();
-    return { file, named: await remember(handle) };
+    return { file, name: await remember(handle) };
 }
 
 // A browser lets a page ask for files only in a click of its user: where there was none, a button asks for it.
@@ -120,7 +120,7 @@ export async function openFile(stage, { ask: number, filter }) {
     let answer = { cancelled: true };
     try {
         const chosen = await inClick(stage, stage.text('chooseFile'), () => choose(filter));
-        if (chosen) answer = { ...chosen.named, content: await contentOf(chosen.file) };
+        if (chosen) answer = { name: chosen.name, content: await contentOf(chosen.file) };
     } catch (fault) {
         if (fault.name !== 'AbortError') notice(stage, 'unreadable');
     }
@@ -134,7 +134,7 @@ export async function saveFileAs(stage, { ask: number, filter, name }) {
             const types = typesOf(filter);
             const options = { suggestedName: name || undefined, ...(types.length > 0 ? { types } : {}) };
             const handle = await inClick(stage, stage.text('save'), () => window.showSaveFilePicker(options));
-            chosen = handle && (await remember(handle));
+            chosen = handle && { name: await remember(handle) };
         } else {
             const asked = await askName(stage, filter, name);
             chosen = asked && { name: asked };
@@ -159,7 +159,7 @@ function askName(stage, filter, name) {
             field.autofocus = true;
             make('div', '', side).textContent = stage.text('saveHint');
             const value = () => field.value.replace(/[\\/:*?"<>|]/g, '').trim() || null;
-            field.addEventListener('keydown', (event) => event.key === 'Enter' && close(value()));
+            field.addEventListener('keydown', (event) => event.key === 'Enter' && !event.isComposing && close(value()));
             return [['save', value], ['cancel', null]];
         },
     });
@@ -167,7 +167,7 @@ function askName(stage, filter, name) {
 
 function download(name, content) {
     const link = make('a');
-    link.href = URL.createObjectURL(new Blob([bytesOf(content)], { type: 'text/plain' }));
+    link.href = URL.createObjectURL(new Blob([bytesOf(content)], { type: 'application/octet-stream' }));
     link.download = name;
     link.click();
     setTimeout(() => URL.revokeObjectURL(link.href), 10_000);
@@ -175,20 +175,21 @@ function download(name, content) {
 
 // Writes into the file that was opened under that name; one without a handle is downloaded.
 export async function writeFile(stage, { ask: number, path, content }) {
+    const name = path;
     let ok = true;
     try {
-        const handle = await handleOf(path);
+        const handle = await handleOf(name);
         if (content === null) {
-            open.delete(path);
-            await handles.remove(path);
+            open.delete(name);
+            await handles.remove(name);
         } else if (handle?.createWritable) {
             if (!(await allowed(handle, 'readwrite'))) throw new Error('refused');
             const stream = await handle.createWritable();
             await stream.write(bytesOf(content));
             await stream.close();
-            open.set(path, handle);
+            open.set(name, handle);
         } else {
-            download(path.split('/').pop(), content);
+            download(name, content);
         }
     } catch {
         ok = false;
@@ -244,8 +245,8 @@ export function followDrops(stage) {
 }
 
 async function bring(stage, file, handle, form) {
-    const named = await (handle ? remember(handle) : withoutHandle(file));
+    const name = await (handle ? remember(handle) : withoutHandle(file));
     const content = await contentOf(file).catch(() => null);
     if (content === null) notice(stage, 'unreadable');
-    else stage.link.send({ on: 'drop', form, ...named, content });
+    else stage.link.send({ on: 'drop', form, name, content });
 }

@@ -141,9 +141,10 @@ export class FormView extends View {
 
     showPlace() {
         const { style } = this.element;
-        const fills = this.state === 'Maximised' || (this.isMain && this.state !== 'Normal');
-        this.element.classList.toggle('filling', fills);
-        if (fills) {
+        this.fills = this.state === 'Maximised' || (this.isMain && this.state !== 'Normal');
+        this.element.classList.toggle('filling', this.fills);
+        this.stage.restack();
+        if (this.fills) {
             style.left = style.top = '0';
             style.width = '';
             this.field.style.width = this.field.style.height = '';

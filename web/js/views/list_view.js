@@ -39,7 +39,7 @@ export class ListViewView extends View {
         new ResizeObserver(() => this.tellSight()).observe(element);
         this.heads.addEventListener('click', (event) => {
             const head = event.target.closest('.head');
-            if (head) this.send({ on: 'header', column: Number(head.dataset.column) + 1 });
+            if (head) this.send({ on: 'header', column: Number(head.dataset.column) });
         });
         this.body.addEventListener('mousedown', (event) => event.button === 2 && this.rowEvent(event));
         this.body.addEventListener('click', (event) => this.rowEvent(event));
@@ -70,8 +70,8 @@ export class ListViewView extends View {
         const row = this.body.querySelector(`[data-row="${this.state.selected}"]`);
         if (event.button === 2 || !row) return;
         const box = row.getBoundingClientRect();
-        this.stage.pointer = { x: box.left + pixels(rowHeight), y: box.bottom };
-        this.send({ on: 'row', row: this.state.selected, column: 0, clicks: 1, button: 2 });
+        this.stage.pointer = { x: touched ? event.clientX : box.left + pixels(rowHeight), y: box.bottom };
+        this.send({ on: 'row', row: Number(row.dataset.row), column: 0, clicks: 1, button: 2 });
     }
 
     // A message "rows": what is not in it stays.
