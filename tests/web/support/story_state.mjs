@@ -145,7 +145,5 @@ export async function compare(story, what, text) {
     if (got === undefined) return null;
     // The mouse points at whole pixels.
     if (pointed.test(name) && Math.abs(Number(got) - Number(text)) < pixel && text.trim() !== '') return { got: text, wanted: text };
-    // The page shows the name of a user's file alone.
-    const bare = (one) => lines(one).replaceAll('/files/', '');
-    return { got: bare(got), wanted: bare(textOf(text)) };
+    return { got: lines(got), wanted: lines(textOf(text)) };
 }
