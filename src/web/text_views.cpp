@@ -42,6 +42,7 @@ void WebTextBoxView::Describe(Message& message) const {
     message.Add("multiLine", box_.MultiLine)
         .Add("fixedPitch", box_.FixedPitch)
         .Add("readOnly", box_.ReadOnly)
+        .Add("numeric", box_.Numeric)
         .Add("longest", box_.MultiLine ? 0 : static_cast<int>(LongestLine));
 }
 

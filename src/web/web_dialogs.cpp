@@ -61,7 +61,7 @@ PageEvent WebDialogs::AskForFile(const char* task, FileDialog& dialog) {
 bool WebDialogs::ShowOpen(FileDialog& dialog) {
     const PageEvent answer = AskForFile("open", dialog);
     if (answer.Raw("name").empty()) return false;
-    dialog.FileName = WebFiles::PathOf(answer);
+    dialog.FileName = WebFiles::PathOf(answer.Path("name"));
     files_.Put(dialog.FileName, answer.Bytes("content"));
     return true;
 }
@@ -69,7 +69,7 @@ bool WebDialogs::ShowOpen(FileDialog& dialog) {
 bool WebDialogs::ShowSave(FileDialog& dialog) {
     const PageEvent answer = AskForFile("save", dialog);
     if (answer.Raw("name").empty()) return false;
-    dialog.FileName = WebFiles::PathOf(answer);
+    dialog.FileName = WebFiles::PathOf(answer.Path("name"));
     return true;
 }
 

@@ -99,7 +99,7 @@ WebFormView* WebPlatform::ViewOf(const PageEvent& event) const {
 void WebPlatform::TakeDrop(const PageEvent& event) {
     WebFormView* const window = ViewOf(event);
     if (!window || event.Raw("name").empty()) return;
-    const std::string path = WebFiles::PathOf(event);
+    const std::string path = WebFiles::PathOf(event.Path("name"));
     Files.Put(path, event.Bytes("content"));
     window->Drop(path);
 }

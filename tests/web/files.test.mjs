@@ -57,7 +57,7 @@ test('two files of one name stay two', async () => {
     // The first is saved where it came from, though the second has been chosen.
     await bench.press('Ctrl+O');
     await bench.answer('Yes');
-    await bench.until(() => window.told.named('lblPath').p.Caption.endsWith('2/part.cnc'));
+    await bench.until(() => window.told.named('lblPath').p.Caption.endsWith('part (2).cnc'));
     await bench.settled();
     const kept = (place) => bench.evaluate(async (name) => (await (await window.fileIn(name)).getFile()).text(), place);
     assert.equal(await kept('other'), other);

@@ -44,7 +44,7 @@ TEST(WebKeys, AWholeProgramIsTypedAndSavedAsTheSamplesBytes) {
     EXPECT_EQ(page.Page.Shown("mnuSave", "Enabled"), "true");
     page.Page.Answers.emplace("save", R"("name":"bolt.cnc")");
     page.Press('S', key::CtrlHeld);
-    EXPECT_EQ(page.Page.Stored["/files/bolt.cnc"], sample);
+    EXPECT_EQ(page.Page.Stored["bolt.cnc"], sample);
     EXPECT_FALSE(page.Session->Workbench.Store.ProgramChanged);
 }
 

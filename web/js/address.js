@@ -58,10 +58,10 @@ export async function broughtBy(hash, share) {
 
 // The program has given its text: the link to it goes into the clipboard.
 export async function copyLink(stage, { name, content }) {
-    if (!content) return notice(stage, stage.text('linkEmpty'));
+    if (!content) return notice(stage, 'linkEmpty');
     const link = content.length <= longestProgram ? await linkTo(name || 'program.cnc', content) : '';
-    if (link === '' || link.length > longest) return notice(stage, stage.text('linkTooLong'));
-    if (await write(link)) return notice(stage, stage.text('linkCopied'));
+    if (link === '' || link.length > longest) return notice(stage, 'linkTooLong');
+    if (await write(link)) return notice(stage, 'linkCopied');
     return ask(stage, {
         title: stage.text('copyLink'),
         cancel: null,

@@ -6,10 +6,10 @@ import { notice } from './notices.js';
 import { handles } from './storage.js';
 import { make } from './views/view.js';
 
-const folder = '/files/';
 const chunk = 0x8000;
 const largest = 64 * 1024 * 1024;
-const open = new Map(); // handles by key
+const open = new Map(); // handles by name
+let withdrawOffer = () => {};
 
 export function textOf(bytes) {
     const parts = [];
@@ -41,33 +41,39 @@ function typesOf(filter) {
     return types;
 }
 
-// What the program knows a file by: its name, in a folder with a number where another file of the name is there already,
-// which must not be written in its place. fits(handle) tells whether the one with a key will do; null for none.
-async function placeOf(name, fits) {
-    for (let place = 1; ; ++place) {
-        const known = await handleOf(keyOf(name, place));
-        if (!known || (await fits(known))) return place;
+const handleOf = async (name) => open.get(name) ?? handles.get(name);
+
+// What the program knows a file by: its name, with a number where another file of the name is there already, which must
+// not be written in its place. fits(handle) tells whether the one that has a name will do.
+async function nameFor(name, fits) {
+    const point = name.lastIndexOf('.') > 0 ? name.lastIndexOf('.') : name.length;
+    for (let count = 1; ; ++count) {
+        const one = count > 1 ? `${name.slice(0, point)} (${count})${name.slice(point)}` : name;
+        const known = await handleOf(one);
+        if (!known || (await fits(known))) return one;
     }
 }
-const keyOf = (name, place) => (place > 1 ? `${place}/${name}` : name);
-const handleOf = async (key) => open.get(key) ?? handles.get(key);
-const placed = (name, place) => (place > 1 ? { name, folder: place } : { name });
 
-// Gives what names the file to the program.
+// Gives the file's name for the program.
 async function remember(handle) {
-    const { name } = handle;
-    const place = await placeOf(name, (known) => known.isSameEntry(handle).catch(() => false));
-    open.set(keyOf(name, place), handle);
-    await handles.put(keyOf(name, place), handle);
-    return placed(name, place);
+    withdrawOffer();
+    const name = await nameFor(handle.name, (known) => known.isSameEntry(handle).catch(() => false));
+    open.set(name, handle);
+    await handles.put(name, handle);
+    return name;
 }
-const withoutHandle = async ({ name }) => placed(name, await placeOf(name, () => false));
+function withoutHandle({ name }) {
+    withdrawOffer();
+    return nameFor(name, () => false);
+}
 
-// The keys of the files that can be opened again.
+// The names of the files that can be opened again.
 export const rememberedNames = () => handles.names();
 
+const isGranted = async (handle, mode) => ((await handle.queryPermission?.({ mode })) ?? 'granted') === 'granted';
+
 async function allowed(handle, mode) {
-    if ((await handle.queryPermission?.({ mode })) === 'granted') return true;
+    if (await isGranted(handle, mode)) return true;
     return (await handle.requestPermission?.({ mode })) === 'granted';
 }
 
@@ -82,16 +88,16 @@ function fromInput(filter) {
     });
 }
 
-// Gives the file and what names it.
+// Gives the file and its name for the program.
 async function choose(filter) {
     if (!window.showOpenFilePicker) {
         const file = await fromInput(filter);
-        return file && { file, named: await withoutHandle(file) };
+        return file && { file, name: await withoutHandle(file) };
     }
     const types = typesOf(filter);
     const [handle] = await window.showOpenFilePicker(types.length > 0 ? { types } : {});
     const file = await handle.getFile();
-    return { file, named: await remember(handle) };
+    return { file, name: await remember(handle) };
 }
 
 // A browser lets a page ask for files only in a click of its user: where there was none, a button asks for it.
@@ -114,9 +120,9 @@ export async function openFile(stage, { ask: number, filter }) {
     let answer = { cancelled: true };
     try {
         const chosen = await inClick(stage, stage.text('chooseFile'), () => choose(filter));
-        if (chosen) answer = { ...chosen.named, content: await contentOf(chosen.file) };
+        if (chosen) answer = { name: chosen.name, content: await contentOf(chosen.file) };
     } catch (fault) {
-        if (fault.name !== 'AbortError') notice(stage, stage.text('unreadable'));
+        if (fault.name !== 'AbortError') notice(stage, 'unreadable');
     }
     stage.reply(number, answer);
 }
@@ -128,7 +134,7 @@ export async function saveFileAs(stage, { ask: number, filter, name }) {
             const types = typesOf(filter);
             const options = { suggestedName: name || undefined, ...(types.length > 0 ? { types } : {}) };
             const handle = await inClick(stage, stage.text('save'), () => window.showSaveFilePicker(options));
-            chosen = handle && (await remember(handle));
+            chosen = handle && { name: await remember(handle) };
         } else {
             const asked = await askName(stage, filter, name);
             chosen = asked && { name: asked };
@@ -169,21 +175,21 @@ function download(name, content) {
 
 // Writes into the file that was opened under that name; one without a handle is downloaded.
 export async function writeFile(stage, { ask: number, path, content }) {
-    const key = path.slice(folder.length);
+    const name = path;
     let ok = true;
     try {
-        const handle = await handleOf(key);
+        const handle = await handleOf(name);
         if (content === null) {
-            open.delete(key);
-            await handles.remove(key);
+            open.delete(name);
+            await handles.remove(name);
         } else if (handle?.createWritable) {
             if (!(await allowed(handle, 'readwrite'))) throw new Error('refused');
             const stream = await handle.createWritable();
             await stream.write(bytesOf(content));
             await stream.close();
-            open.set(key, handle);
+            open.set(name, handle);
         } else {
-            download(key.split('/').pop(), content);
+            download(name, content);
         }
     } catch {
         ok = false;
@@ -191,17 +197,31 @@ export async function writeFile(stage, { ask: number, path, content }) {
     stage.reply(number, { ok });
 }
 
-// A file of an earlier visit.
+// A file of an earlier visit. A browser asks its user for it in a click only; the start makes an offer of it instead.
 export async function readFile(stage, { ask: number, path }) {
-    const key = path.slice(folder.length);
+    const starting = document.body.classList.contains('starting');
+    let handle = null;
     try {
-        const handle = await handleOf(key);
-        if (!handle || !(await allowed(handle, 'read'))) throw new Error('refused');
-        open.set(key, handle);
+        handle = await handleOf(path);
+        if (!handle) throw new Error('unknown');
+        if (starting && !(await isGranted(handle, 'read'))) throw new DOMException('later', 'NotAllowedError');
+        if (!(await allowed(handle, 'read'))) throw new Error('refused');
+        open.set(path, handle);
         stage.reply(number, { content: await contentOf(await handle.getFile()) });
-    } catch {
+    } catch (fault) {
+        if (starting && fault.name === 'NotAllowedError') offer(stage, handle);
         stage.reply(number, {});
     }
+}
+
+function offer(stage, handle) {
+    const act = async () => {
+        const file = (await allowed(handle, 'read').catch(() => false)) && (await handle.getFile().catch(() => null));
+        if (file) await bring(stage, file, handle, stage.front?.id ?? 0);
+        else notice(stage, 'unreadable');
+    };
+    withdrawOffer();
+    withdrawOffer = notice(stage, 'openAgain', { value: handle.name, stays: true, action: { name: 'open', act } });
 }
 
 // Files that are dropped on the page, and those that the system opens with it where it is installed.
@@ -225,8 +245,8 @@ export function followDrops(stage) {
 }
 
 async function bring(stage, file, handle, form) {
-    const named = await (handle ? remember(handle) : withoutHandle(file));
+    const name = await (handle ? remember(handle) : withoutHandle(file));
     const content = await contentOf(file).catch(() => null);
-    if (content === null) notice(stage, stage.text('unreadable'));
-    else stage.link.send({ on: 'drop', form, ...named, content });
+    if (content === null) notice(stage, 'unreadable');
+    else stage.link.send({ on: 'drop', form, name, content });
 }

@@ -39,6 +39,8 @@ export class Link {
 
     // The program waits for an event: take() gets its JSON text, or "" when the time is over.
     wait(milliseconds, take) {
+        // A key without an answer is one whose handler waits itself: it has a use for it.
+        this.useHeld();
         this.#take = take;
         ++this.#waits;
         const endless = milliseconds < 0 || milliseconds === Infinity;

@@ -9,15 +9,15 @@ import { MachinePanel } from './machine.js';
 import { notice } from './notices.js';
 import { print } from './print.js';
 import { startProgram } from './program.js';
-import { followFont, onFont, pixels, twips } from './scale.js';
+import { barHeight, followFont, onFont, pixels, twips } from './scale.js';
 import { Serial } from './serial.js';
 import { Stage } from './stage.js';
 import { keep, openStorage } from './storage.js';
 import { followTips } from './tip.js';
 import { addTools, tellSerial } from './tools.js';
+import { addTouchKeys } from './touch_keys.js';
 import { make } from './views/view.js';
 
-const barHeight = 360; // twips of menus and title
 const calm = 500; // milliseconds
 const bundleName = '../bundle.json';
 const lateFolder = '/share/Help/'; // what the program asks for when it needs it
@@ -30,10 +30,12 @@ async function bundle() {
     return response.ok ? response.json() : {};
 }
 
+const keysHeight = () => document.querySelector('.touch-keys')?.offsetHeight ?? 0;
+
 function screenNow() {
     return {
-        width: Math.floor(twips(innerWidth)), height: Math.floor(twips(innerHeight)), edgeWidth: 0,
-        edgeHeight: barHeight, pointsPerTwip: pixels(1) * devicePixelRatio,
+        width: Math.floor(twips(innerWidth)), height: Math.floor(twips(innerHeight - keysHeight())), edgeWidth: 0,
+        edgeHeight: barHeight(), pointsPerTwip: pixels(1) * devicePixelRatio,
     };
 }
 
@@ -49,7 +51,7 @@ function follow(stage, share) {
     window.addEventListener('pagehide', () => stage.link.send({ on: 'unload' }));
     window.addEventListener('hashchange', async () => {
         const brought = await broughtBy(location.hash, share);
-        if (brought === 'unreadable') return notice(stage, stage.text('linkUnreadable'));
+        if (brought === 'unreadable') return notice(stage, 'linkUnreadable');
         if (brought) stage.link.send({ on: 'brought', ...brought });
     });
 }
@@ -117,9 +119,9 @@ function sharedAtOnce(share) {
 
 async function hello(stage, { files, times, problem, share, serial }) {
     const stored = { ...files };
-    for (const name of await rememberedNames()) stored[`/files/${name}`] = null;
+    for (const name of await rememberedNames()) stored[name] = null;
     const brought = await broughtBy(location.hash, share);
-    if (brought === 'unreadable') notice(stage, stage.text('linkUnreadable'));
+    if (brought === 'unreadable') notice(stage, 'linkUnreadable');
     return {
         on: 'hello', ...screenNow(), language: navigator.language, dark: isDark(), share: sharedAtOnce(share),
         stored, times,
@@ -138,11 +140,12 @@ async function start() {
     handlers(stage, { store, share, serial });
     addTools(stage, { panel, serial });
     followTips();
+    addTouchKeys(stage);
     stage.link.send(await hello(stage, { files, times, problem, share, serial }));
     follow(stage, share);
     followDrops(stage);
     tellSerial(stage);
-    if (problem) notice(stage, stage.text(problem), { stays: true });
+    if (problem) notice(stage, problem, { stays: true });
     window.addEventListener('error', (event) => isFatal(event.error) && stopped(stage));
     window.addEventListener('unhandledrejection', (event) => isFatal(event.reason) && stopped(stage));
     const { end } = await startProgram(stage.link);

@@ -4,7 +4,7 @@ import { onScheme } from './colors.js';
 import { isBrowsers, isEditing, pressOf } from './keys.js';
 import { Link } from './link.js';
 import { Menus } from './menus.js';
-import { words } from './texts.js';
+import { before } from './texts.js';
 import { CheckBoxView, CommandButtonView, OptionButtonView } from './views/buttons.js';
 import { FormView } from './views/form.js';
 import { ListViewView } from './views/list_view.js';
@@ -33,7 +33,7 @@ export class Stage {
     #views = new Map();
     #forms = [];
     #later = new Map();
-    #language = 'en';
+    #texts = before;
     #handlers = {};
     #quiet = false;
     #shortcuts = new Set();
@@ -47,6 +47,8 @@ export class Stage {
         this.menus = new Menus(this);
         this.focus = null;
         this.front = null;
+        // When the first window is there.
+        this.shown = new Promise((resolve) => (this.tellShown = resolve));
         this.pointer = { x: 0, y: 0 };
         this.speaker = document.querySelector('#speaker');
         this.#listen();
@@ -61,9 +63,9 @@ export class Stage {
         this.link.send({ on: 'reply', ask, ...answer });
     }
 
-    // A text of the page's own, in the language of the program.
+    // A text of the page's own, in the language of the program, which tells it.
     text(name) {
-        return words(this.#language)[name];
+        return this.#texts[name] ?? '';
     }
 
     #listen() {
@@ -74,6 +76,8 @@ export class Stage {
         for (const name of ['mousedown', 'mouseup']) document.addEventListener(name, (event) => withoutWay(event), true);
         document.addEventListener('paste', (event) => this.#paste(event), true);
         document.addEventListener('focusin', (event) => this.#focused(event));
+        // A keyboard on the screen has taken a part of the page.
+        window.addEventListener('resize', () => this.later('sight', () => this.focus?.form.bringIntoSight(this.focus.element)));
         document.addEventListener('mousemove', (event) => (this.pointer = { x: event.clientX, y: event.clientY }), true);
         document.addEventListener('mousedown', (event) => (this.pointer = { x: event.clientX, y: event.clientY }), true);
     }
@@ -193,6 +197,7 @@ export class Stage {
     formShown(form) {
         if (document.body.classList.contains('starting')) this.#handlers.started?.();
         document.body.classList.remove('starting');
+        this.tellShown();
         if (this.front === form && !form.visible) this.front = this.#forms.findLast((one) => one.visible) ?? null;
         this.front ??= form.visible ? form : null;
     }
@@ -212,7 +217,7 @@ export class Stage {
             case 'focus': return this.#takeFocus(view);
             case 'front': return this.#takeFront(view);
             case 'say': return this.announce(message.text);
-            case 'language': return this.#takeLanguage(message.code);
+            case 'language': return this.#takeLanguage(message);
             default: return this.#handlers[message.do]?.(message);
         }
     }
@@ -255,14 +260,24 @@ export class Stage {
         if (!form) return;
         this.front = form;
         this.#forms = [...this.#forms.filter((one) => one !== form), form];
-        this.#forms.forEach((one, i) => (one.element.style.zIndex = (one.facts.topMost ? 1000 : 10) + (one.isMain ? -10 : i)));
+        this.restack();
         if (this.focus?.form !== form) this.focus = null;
         this.restoreFocus();
     }
 
-    #takeLanguage(code) {
-        this.#language = code?.slice(0, 2) || 'en';
-        document.documentElement.lang = this.#language;
+    // Windows lie over the main one, but one that fills the page goes behind it when that comes to the front.
+    restack() {
+        const main = this.#forms.findIndex((one) => one.isMain);
+        this.#forms.forEach((one, i) => {
+            const behind = one.fills && i < main;
+            const layer = one.facts.topMost ? 1000 : one.isMain || behind ? 0 : 100;
+            one.element.style.zIndex = layer + i;
+        });
+    }
+
+    #takeLanguage({ code, texts }) {
+        this.#texts = texts;
+        document.documentElement.lang = code.replace('_', '-') || 'en';
         for (const form of this.#forms) form.nameButtons();
         this.#handlers.languageChanged?.();
     }

@@ -118,6 +118,9 @@ export class LineView extends FieldView {
     constructor(stage, facts) {
         super(stage, facts, make('input'));
         this.element.type = 'text';
+        // What a keyboard on the screen shows.
+        if (facts.numeric) this.element.inputMode = 'decimal';
+        this.element.enterKeyHint = 'next';
         this.element.addEventListener('input', () => {
             if (!this.composing) this.show(this.properties.Text ?? '');
         });
