@@ -67,6 +67,7 @@ constexpr Row rows[] = {
     {"sending", "Sending:"},
     {"sent", "All has been sent."},
     {"machineEmpty", "The machine has no program yet: transmit one to it first."},
+    {"printers", "Printers and copies are in the dialog of the browser, when you print."},
 };
 
 template <class Part>

@@ -70,6 +70,7 @@ function handlers(stage, { store, share, serial }) {
         clipboardWrite: (task) => write(task.text),
         clipboardPicture: (task) => writePicture(task),
         print: (task) => print(stage, task),
+        printers: () => notice(stage, stage.text('printers')),
         portOpen: (task) => serial.open(task),
         portClose: (task) => serial.close(task),
         portSettings: (task) => serial.change(task),
