@@ -1,6 +1,7 @@
 // Starts the page: what it keeps, what it brings along, then the program.
 
 import { broughtBy, copyLink } from './address.js';
+import { beep } from './beep.js';
 import { color, message } from './boxes.js';
 import { read, write, writePicture } from './clipboard.js';
 import { isDark } from './colors.js';
@@ -52,7 +53,7 @@ function follow(stage, share) {
     });
 }
 
-function handlers(stage, { store, share, serial }) {
+function handlers(stage, { store, share, serial, panel }) {
     stage.handle({
         message: (task) => message(stage, task),
         color: (task) => color(stage, task),
@@ -66,12 +67,14 @@ function handlers(stage, { store, share, serial }) {
         clipboardPicture: (task) => writePicture(task),
         print: (task) => print(stage, task),
         portOpen: (task) => serial.open(task),
+        portChoose: (task) => serial.choose(task),
         portClose: (task) => serial.close(task),
         portSettings: (task) => serial.change(task),
         portWrite: (task) => serial.write(task),
+        machine: (task) => panel.take(task),
         link: (task) => copyLink(stage, task),
         picture: (folder, name) => pictureOf(share, folder + name),
-        beep: () => {},
+        beep,
         end: () => ended(stage),
     });
 }
@@ -107,7 +110,7 @@ async function hello(stage, { files, times, problem, share, serial }) {
     if (brought === 'unreadable') notice(stage, stage.text('linkUnreadable'));
     return {
         on: 'hello', ...screenNow(), language: navigator.language, dark: isDark(), share, stored, times,
-        withoutStorage: problem !== '', names: await serial.names(),
+        withoutStorage: problem !== '', names: await serial.names(), withoutSerial: !serial.serial,
         ...(brought !== 'unreadable' ? brought : {}),
     };
 }
@@ -116,10 +119,9 @@ async function start() {
     followFont();
     const stage = new Stage();
     const panel = new MachinePanel(stage);
-    const serial = new Serial(stage, panel);
-    panel.line = serial;
+    const serial = new Serial(stage);
     const [share, { files, times, store, problem }] = await Promise.all([bundle(), openStorage()]);
-    handlers(stage, { store, share, serial });
+    handlers(stage, { store, share, serial, panel });
     addTools(stage, { panel, serial });
     followTips();
     stage.link.send(await hello(stage, { files, times, problem, share, serial }));

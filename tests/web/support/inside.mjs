@@ -77,17 +77,20 @@ export function playFilePickers() {
 }
 
 // One granted port that plays the line: window.port tells how it was opened and what was written when, and takes what
-// arrives.
+// arrives. Its user can be asked for it too (asked), and say no (refuses).
 export function playSerial() {
     class PlayedPort extends EventTarget {
         opens = [];
         closes = 0;
+        asked = 0;
+        granted = true;
         written = [];
         getInfo() {
             return { usbVendorId: 0x0403, usbProductId: 0x6001 };
         }
         async open(options) {
-            if (this.refuses || this.isOpen) throw new DOMException('taken', 'NetworkError');
+            if (this.taken || this.gone || this.isOpen) throw new DOMException('taken', 'NetworkError');
+            if (this.without?.(options)) throw new DOMException('cannot', 'NetworkError');
             this.isOpen = true;
             this.opens.push(options);
             this.readable = new ReadableStream({ start: (into) => (this.into = into) });
@@ -108,17 +111,37 @@ export function playSerial() {
         }
         unplug() {
             this.gone = true;
+            this.isOpen = false;
             this.into?.error(new DOMException('gone', 'NetworkError'));
-            const event = new Event('disconnect');
+            this.#tell('disconnect');
+        }
+        plug() {
+            this.gone = false;
+            this.#tell('connect');
+        }
+        #tell(what) {
+            const event = new Event(what);
             Object.defineProperty(event, 'target', { value: this });
             serial.dispatchEvent(event);
         }
     }
     const serial = new EventTarget();
     window.port = new PlayedPort();
-    serial.getPorts = async () => (window.port.gone ? [] : [window.port]);
-    serial.requestPort = async () => window.port;
+    const known = () => window.port.granted && !window.port.gone;
+    serial.getPorts = async () => (known() ? [window.port] : []);
+    serial.requestPort = async () => {
+        ++window.port.asked;
+        if (!navigator.userActivation.isActive) throw new DOMException('no click', 'SecurityError');
+        if (window.port.refuses) throw new DOMException('none chosen', 'NotFoundError');
+        window.port.granted = true;
+        return window.port;
+    };
     Object.defineProperty(navigator, 'serial', { value: serial });
+}
+
+// The same, behind it: the port is still to be chosen.
+export function withoutGrant() {
+    window.port.granted = false;
 }
 
 // When the window has been painted for the first time: window.startedAt.
