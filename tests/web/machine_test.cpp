@@ -147,7 +147,7 @@ TEST(WebMachine, TheLineIsNotTakenFromUnderATransmission) {
 
 TEST(WebMachine, ABrowserWithoutPortsHasItAlone) {
     MachinePage page(R"("names":["Played machine"],"withoutSerial":true)");
-    EXPECT_EQ(page.Page.Shown("chkEnableCom", "Value"), "1");
+    EXPECT_EQ(page.Page.Shown("chkEnableCom", "Value"), "true");
     page.Do("menu", "mnuTX");
     EXPECT_TRUE(page.Shown().Flag("shown"));
     EXPECT_EQ(page.Memory(), page.OnTheWire());

@@ -16,7 +16,8 @@ function wire(text) {
     const lines = text.slice(text.indexOf('%')).split('\r\n').slice(0, -1);
     return lines.map((line) => `${line.slice(0, 30)}\r\n`).join('');
 }
-const short = '%\r\n    N` G`   X `    Z `  F`  H \r\n    00 92   2000    500         \r\n    01M30                      \r\n   M\r\n';
+const shortLines = ['%', '    N` G`   X `    Z `  F`  H ', '    00 92  2000    500'.padEnd(30), '    01M30'.padEnd(30), '   M'];
+const short = shortLines.map((line) => `${line}\r\n`).join('');
 
 async function answerAll(bench) {
     const texts = [];
@@ -55,7 +56,6 @@ test('a program is sent at the pace of the line, with its settings', async () =>
 test('every setting of the page COM reaches the port, and only one that is another opens it anew', async () => {
     const bench = await open('playSerial');
     await bench.open('short.cnc', short);
-    await bench.choose('mnuCOM');
     const closes = await port(bench, 'closes');
     const choices = [
         ['optBaudTX(6)', 'baudRate', 9600], ['optParityTX(1)', 'parity', 'even'], ['optParityTX(2)', 'parity', 'odd'],
@@ -123,7 +123,7 @@ test('the line unplugged in mid-line is told, and the work goes on', async () =>
     assert.equal(told.length, 1);
     assert.ok(told[0].includes('has gone') && told[0].trimEnd().endsWith(last.trimEnd()), told[0]);
     assert.equal(await bench.get('lblPPLines', 'Caption'), '23');
-    assert.equal(await bench.get('chkEnableCom', 'Value'), 0);
+    assert.equal(await bench.get('chkEnableCom', 'Value'), false);
     assert.equal(await bench.get('frTransmit', 'Visible'), false);
     assert.equal(await bench.evaluate(() => window.told.named('lvCncProgram').rows.selected), 2);
     // Connected again it works again.
@@ -186,7 +186,7 @@ test('a port is chosen by its button, and one that is taken is told', async () =
     await bench.evaluate(() => (window.port.taken = true));
     await bench.choose('mnuTX');
     assert.match((await bench.answer(0)).text, /^8005 {2}/);
-    assert.equal(await bench.get('chkEnableCom', 'Value'), 0);
+    assert.equal(await bench.get('chkEnableCom', 'Value'), false);
     await bench.evaluate(() => (window.port.taken = false));
     await bench.choose('mnuCOM');
     await bench.click('chkEnableCom');
