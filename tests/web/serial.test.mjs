@@ -155,7 +155,7 @@ test('a port that is still to be chosen is asked for in the click that needs it'
     const bench = await open('playSerial', 'withoutGrant');
     await bench.open('short.cnc', short);
     assert.equal(await port(bench, 'asked'), 0);
-    await bench.evaluate(() => (window.port.refuses = true));
+    await bench.evaluate(() => (window.port.noneChosen = true));
     for (const [at, entry] of ['mnuRX', 'mnuTX'].entries()) {
         await bench.choose(entry);
         assert.match((await bench.answer(0)).text, /No serial port was chosen/);
@@ -163,7 +163,7 @@ test('a port that is still to be chosen is asked for in the click that needs it'
         assert.equal(await bench.get('lblPPLines', 'Caption'), '2');
         assert.notEqual(await bench.get('frRXcode', 'Visible'), true);
     }
-    await bench.evaluate(() => (window.port.refuses = false));
+    await bench.evaluate(() => (window.port.noneChosen = false));
     await bench.choose('mnuRX');
     await bench.untilIs('frRXcode', 'Visible', true);
     await bench.evaluate(() => window.port.arrives('N'));

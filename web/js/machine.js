@@ -5,6 +5,19 @@ import { make } from './views/view.js';
 
 const rates = [300, 600, 1200, 2400, 4800, 9600];
 
+// What is said of a state: a text, and what of the machine stands in it.
+const sentences = {
+    listening: ['machineListening'],
+    receiving: ['machineReceiving', 'characters'],
+    received: ['machineReceived', 'lines', 'type'],
+    noProgram: ['machineNoProgram', 'characters'],
+    sending: ['machineSending', 'sent', 'of', 'seconds'],
+    sent: ['machineSent', 'of'],
+    stopped: ['machineStopped', 'sent', 'of'],
+    nothing: ['machineNothing'],
+    portClosed: ['machinePortClosed'],
+};
+
 function time(seconds) {
     return `${Math.floor(seconds / 60)}:${String(seconds % 60).padStart(2, '0')}`;
 }
@@ -93,11 +106,13 @@ export class MachinePanel {
 
     #sentence() {
         const told = this.#told;
-        const of = (name) => this.stage.text(name).replace(/\{(\w+)\}/g, (_, one) => (one === 'time' ? time(told.seconds) : told[one]));
-        if (told.waits) return of('machineWaits');
+        if (told.waits) return this.stage.text('machineWaits');
         const state = told.state === 'sent' && told.sent < told.of ? 'stopped' : told.state;
-        const lost = told.lost > 0 ? ` ${of('machineLost')}` : '';
-        return of(`machine_${state}`) + lost;
+        return [this.#filled(...sentences[state]), told.lost > 0 && this.#filled('machineLost', 'lost')].filter(Boolean).join(' ');
+    }
+    #filled(name, ...members) {
+        const value = (member) => (member === 'seconds' ? time(this.#told.seconds) : this.#told[member]);
+        return this.stage.text(name).replace(/%(\d)/g, (_, place) => value(members[place - 1]));
     }
 
     followLanguage() {
