@@ -230,3 +230,26 @@ for (const play of ['playSerial', 'withoutSerial']) {
         await bench.close();
     });
 }
+
+test('in a hidden tab a line keeps its pace, to the played machine too', async () => {
+    const bench = await open('playSerial');
+    await machineButton(bench);
+    await bench.open('mk4_bolt.cnc');
+    await bench.choose('mnuTX');
+    const other = await bench.context.newPage();
+    await other.bringToFront();
+    const now = () => bench.evaluate(() => [document.visibilityState, document.querySelector('.came').textContent.replaceAll('\n', '\r\n').length, performance.now()]);
+    const [hidden, before, from] = await now();
+    await bench.pause(5000);
+    const [, after, to] = await now();
+    assert.equal(hidden, 'hidden');
+    const rate = (after - before) / (to - from) * 1000;
+    assert.ok(rate > 26 && rate < 34, `${rate} characters a second`);
+    await other.close();
+    await bench.page.bringToFront();
+    await bench.click('cmdStop');
+    // The units mark ends the reception at the control.
+    await bench.until(() => /lines for MK4/.test(document.querySelector('.panel .state').textContent));
+    assert.match(await bench.evaluate(() => document.querySelector('.came').textContent), /\nM\n$/);
+    await bench.close();
+});

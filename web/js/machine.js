@@ -29,6 +29,14 @@ export class MachinePanel {
 
     constructor(stage) {
         this.stage = stage;
+        document.addEventListener('mousedown', (event) => !event.target.closest?.('.panel') && this.#leave(), true);
+    }
+
+    // The keyboard goes back to the program.
+    #leave() {
+        if (!this.#panel?.contains(document.activeElement)) return;
+        document.activeElement.blur();
+        this.stage.restoreFocus();
     }
 
     toggle() {
@@ -59,19 +67,25 @@ export class MachinePanel {
         const panel = make('section', 'panel', document.body);
         this.#panel = panel;
         panel.setAttribute('aria-labelledby', 'machine-heading');
+        panel.addEventListener('keydown', (event) => event.key === 'Escape' && this.#leave());
         const heading = make('div', 'heading', panel);
         const title = make('span', '', heading);
         title.id = 'machine-heading';
         title.textContent = stage.text('machine');
         this.#button('hidden', heading, () => this.#say('close')).className = 'hide';
         const body = make('div', 'body', panel);
-        make('div', 'hint', body).textContent = stage.text('machineHint');
+        for (const hint of navigator.serial ? ['machineHint'] : ['noSerial', 'machineHint'])
+            make('div', 'hint', body).textContent = stage.text(hint);
         const row = make('div', 'row', body);
         const label = make('label', '', row);
         label.textContent = `${stage.text('speed')} `;
         this.speed = make('select', '', label);
         for (const rate of rates) make('option', '', this.speed).textContent = String(rate);
         this.speed.addEventListener('change', () => this.#say('baud', { baud: Number(this.speed.value) }));
+        let byMouse = false;
+        this.speed.addEventListener('mousedown', () => (byMouse = true));
+        this.speed.addEventListener('keydown', () => (byMouse = false));
+        this.speed.addEventListener('change', () => byMouse && this.#leave());
         this.send = this.#button('send', row, () => this.#say(this.#told.state === 'sending' ? 'stop' : 'send'));
         this.#button('clear', row, () => this.#say('clear'));
         this.state = make('div', 'state', body);
@@ -85,6 +99,8 @@ export class MachinePanel {
         const button = make('button', '', parent);
         button.type = 'button';
         button.textContent = this.stage.text(name);
+        // By the mouse it is pressed and no more: the keyboard stays with the program.
+        button.addEventListener('mousedown', (event) => event.preventDefault());
         button.addEventListener('click', act);
         return button;
     }
@@ -94,6 +110,8 @@ export class MachinePanel {
         this.speed.value = String(told.baud);
         this.send.textContent = this.stage.text(told.state === 'sending' ? 'stopSending' : 'send');
         this.send.disabled = told.waits || told.state === 'receiving';
+        // A screen reader tells what has come of it, not each step.
+        this.state.setAttribute('aria-live', told.state === 'receiving' || told.state === 'sending' ? 'off' : 'polite');
         this.#write(this.state, this.#sentence());
         const memory = this.#memory.replace(/\r\n?/g, '\n');
         if (this.came.textContent === memory) return;
