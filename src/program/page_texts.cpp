@@ -78,6 +78,7 @@ constexpr Row rows[] = {
     {"machineStopped", "Stopped after %1 of %2 characters."},
     {"machinePortClosed", "The workbench does not listen: enable communication in Settings, COM."},
     {"machineLost", "What came while it did not listen is lost: %1 characters."},
+    {"printers", "Printers and copies are in the dialog of the browser, when you print."},
 };
 
 template <class Part>

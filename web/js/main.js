@@ -14,6 +14,7 @@ import { barHeight, followFont, onFont, pixels, twips } from './scale.js';
 import { Serial } from './serial.js';
 import { Stage } from './stage.js';
 import { keep, openStorage } from './storage.js';
+import { before } from './texts.js';
 import { followTips } from './tip.js';
 import { addTools, tellSerial } from './tools.js';
 import { addTouchKeys } from './touch_keys.js';
@@ -70,6 +71,7 @@ function handlers(stage, { store, share, serial, panel }) {
         clipboardWrite: (task) => write(task.text),
         clipboardPicture: (task) => writePicture(task),
         print: (task) => print(stage, task),
+        printers: () => notice(stage, stage.text('printers')),
         portOpen: (task) => serial.open(task),
         portChoose: (task) => serial.choose(task),
         portClose: (task) => serial.close(task),
@@ -96,9 +98,13 @@ function cover(stage, text) {
     const face = make('div', 'cover', document.body);
     face.setAttribute('role', 'alert');
     make('div', '', face).textContent = stage.text(text);
+    addStartAgain(face, stage.text('again'));
+}
+
+function addStartAgain(face, caption) {
     const button = make('button', '', face);
     button.type = 'button';
-    button.textContent = stage.text('again');
+    button.textContent = caption;
     button.addEventListener('click', () => location.reload());
     button.focus();
 }
@@ -167,5 +173,9 @@ function stopped(stage) {
 
 start().catch((fault) => {
     console.error(fault);
-    document.querySelector('.cover.start span').textContent = `KVT: ${fault.message ?? fault}`;
+    const face = document.querySelector('.cover.start');
+    face.classList.add('failed');
+    face.querySelector('span').textContent = typeof WebAssembly === 'object' ? before.stopped : before.tooOld;
+    make('small', '', face).textContent = fault.message ?? fault;
+    addStartAgain(face, before.again);
 });

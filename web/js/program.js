@@ -1,6 +1,8 @@
 // Loads the program into the page: the build that the browser is fastest with.
 
-const switchesStacks = 'Suspending' in WebAssembly && 'promising' in WebAssembly;
+// One that has none of it at all says so at the start.
+const { Suspending, promising } = globalThis.WebAssembly ?? {};
+const switchesStacks = Boolean(Suspending && promising);
 const name = switchesStacks ? 'kvt_web_fast' : 'kvt_web';
 
 async function compiled(address) {
@@ -19,9 +21,9 @@ for (const part of [wasm, script]) part.catch(() => {}); // told when it is wait
 
 // Where the browser switches stacks itself, the one function that waits may give a promise, and main is one too.
 async function withStackSwitching(imports, receive) {
-    const env = { ...imports.env, kvt_next: new WebAssembly.Suspending(imports.env.kvt_next) };
+    const env = { ...imports.env, kvt_next: new Suspending(imports.env.kvt_next) };
     const instance = await WebAssembly.instantiate(await wasm, { ...imports, env });
-    const main = WebAssembly.promising(instance.exports.main);
+    const main = promising(instance.exports.main);
     receive({ exports: { ...instance.exports, main } });
 }
 

@@ -18,11 +18,11 @@ const escapes = { r: '\r', n: '\n', t: '\t', 0: '\0', '\\': '\\' };
 export function textOf(argument) {
     const text = argument.trimEnd().replace(/^"(.*)"$/s, '$1');
     return text.replace(/\\([rnt0\\])/g, (_, one) => escapes[one])
-        .replaceAll('${TMP}', '/files').replace(/\bsamples\/(\w+\.cnc)/g, '/files/$1').replaceAll('${SETTINGS}', '/data/EMCO/KVT_100/Settings')
+        .replaceAll('${TMP}/', '').replace(/\bsamples\/(\w+\.cnc)/g, '$1').replaceAll('${SETTINGS}', '/data/EMCO/KVT_100/Settings')
         .replaceAll('${PP}', '/data/EMCO/KVT_100/Pre_Processor').replaceAll('${DATA}', '/data/EMCO/KVT_100');
 }
-// Where the files of the user lie, by the name that the browser knows them by.
-export const nameOf = (argument) => textOf(argument).replace(/^\/files\//, '');
+// A file of the user's, by the name that the browser knows it by.
+export const nameOf = (argument) => textOf(argument);
 export const wordsOf = (text) => text.trim().split(/\s+/);
 // The rest of a line behind its first word, which may stand in quotes.
 export const behind = (text) => text.trimStart().replace(/^("[^"]*"|\S+)\s?/, '');

@@ -21,7 +21,7 @@ export function boxWants({ boxes, box }, what, text) {
 // A file of the user's, or one that the page keeps by itself; null where there is none.
 async function contentOf({ bench }, path) {
     if (path.startsWith('/data/')) return bench.evaluate((key) => localStorage.getItem(key), `kvt:${path}`);
-    return bench.read(path.replace(/^\/files\//, '')).catch(() => null);
+    return bench.read(path).catch(() => null);
 }
 
 const logPath = '/data/EMCO/KVT_100/Errors.log';
