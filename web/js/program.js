@@ -1,5 +1,7 @@
 // Loads the program into the page: the build that the browser is fastest with.
 
+import { Rewinding } from './rewinding.js';
+
 const switchesStacks = 'Suspending' in WebAssembly && 'promising' in WebAssembly;
 const name = switchesStacks ? 'kvt_web_fast' : 'kvt_web';
 
@@ -18,26 +20,30 @@ const script = import(`../program/${name}.js`);
 for (const part of [wasm, script]) part.catch(() => {}); // told when it is waited for
 
 // Where the browser switches stacks itself, the one function that waits may give a promise, and main is one too.
-async function withStackSwitching(imports, receive) {
-    const env = { ...imports.env, kvt_next: new WebAssembly.Suspending(imports.env.kvt_next) };
-    const instance = await WebAssembly.instantiate(await wasm, { ...imports, env });
-    const main = WebAssembly.promising(instance.exports.main);
-    receive({ exports: { ...instance.exports, main } });
-}
-
-async function plain(imports, receive) {
-    receive(await WebAssembly.instantiate(await wasm, imports));
-}
+const switching = {
+    pause: (waits) => new Promise(waits),
+    imports: (imports) => ({ ...imports, env: { ...imports.env, kvt_next: new WebAssembly.Suspending(imports.env.kvt_next) } }),
+    use(exports) {
+        this.main = WebAssembly.promising(exports.main);
+    },
+    run() {
+        return this.main(0, 0);
+    },
+};
 
 // Starts the program on a link; gives back what it is run by, once it runs. It ends by ending its waits.
 export async function startProgram(link) {
     await wasm;
     const { default: createProgram } = await script;
-    const start = switchesStacks ? withStackSwitching : plain;
+    const way = switchesStacks ? switching : new Rewinding();
     const instantiateWasm = (imports, receive) => {
-        start(imports, receive);
+        (async () => {
+            const instance = await WebAssembly.instantiate(await wasm, way.imports?.(imports) ?? imports);
+            way.use(instance.exports);
+            receive(instance);
+        })();
         return {};
     };
-    const program = await createProgram({ link, instantiateWasm });
-    return program._main(0, 0);
+    await createProgram({ link, pause: (waits) => way.pause(waits), instantiateWasm });
+    return way.run();
 }

@@ -62,6 +62,7 @@ export class Stage {
     #listen() {
         document.addEventListener('keydown', (event) => this.#key(event), true);
         document.addEventListener('paste', (event) => this.#paste(event), true);
+        document.addEventListener('selectionchange', () => this.focus?.caretMoved?.());
         document.addEventListener('focusin', (event) => this.#focused(event));
         document.addEventListener('mousemove', (event) => (this.pointer = { x: event.clientX, y: event.clientY }), true);
         document.addEventListener('mousedown', (event) => (this.pointer = { x: event.clientX, y: event.clientY }), true);

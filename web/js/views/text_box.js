@@ -31,7 +31,6 @@ class FieldView extends View {
         this.pressesFocus(element, true);
         this.composing = false;
         element.addEventListener('compositionstart', () => (this.composing = true));
-        document.addEventListener('selectionchange', () => this.caretMoved());
     }
 
     showEnabled(enabled) {
@@ -50,15 +49,21 @@ class FieldView extends View {
     }
     setSelection(selection) {
         this.selection = selection;
-        if (document.activeElement === this.element) this.showSelection();
+    }
+    // The caret is placed once, in the text that it belongs to.
+    applied(properties) {
+        const places = 'Text' in properties || 'Selection' in properties;
+        if (places && document.activeElement === this.element) this.showSelection();
     }
     focused() {
         this.showSelection();
     }
 
     show(text) {
-        if (this.composing || this.element.value === text) return;
-        this.element.value = text;
+        if (!this.composing && this.element.value !== text) this.element.value = text;
+    }
+    showAgain() {
+        this.show(this.properties.Text ?? '');
         if (document.activeElement === this.element) this.showSelection();
     }
 
@@ -91,7 +96,7 @@ export class LineView extends FieldView {
         this.element.addEventListener('compositionend', (event) => this.composed(event));
         // What was composed has gone into the element; the program says what stands there.
         this.element.addEventListener('input', () => {
-            if (!this.composing) this.show(this.properties.Text ?? '');
+            if (!this.composing) this.showAgain();
         });
     }
 
@@ -108,8 +113,7 @@ export class LineView extends FieldView {
     composed(event) {
         this.composing = false;
         if (event.data) sendText(this.stage, this.form, event.data.normalize('NFC'));
-        this.show(this.properties.Text ?? '');
-        this.showSelection();
+        this.showAgain();
     }
 }
 
