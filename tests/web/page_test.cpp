@@ -111,6 +111,13 @@ TEST(WebPage, WindowsComeToTheFrontAndGoBackWithTheKeys) {
     page.Do("close", "frmDraw");
     EXPECT_EQ(page.Page.Shown("frmDraw", "Visible"), "false");
     EXPECT_EQ(front(), page.Page.NumberOf("frmMain"));
+    // Keys that have been on their way to a window that has gone go to the one in front.
+    page.Press('F', key::CtrlHeld);
+    const std::string inFind = R"({"on":"key","form":)" + std::to_string(page.Page.NumberOf("frmFind"));
+    page.Page.Say(inFind + R"(,"key":27})");
+    page.Page.Say(inFind + R"(,"key":77,"char":"m"})");
+    page.Serve();
+    EXPECT_EQ(page.Page.Shown("lblGMcode", "Caption"), "M");
     // The way out ends the program, and its waits.
     page.Do("close", "frmMain");
     EXPECT_TRUE(page.Session->Platform.System.Ended());
@@ -157,7 +164,7 @@ TEST(WebPage, APageThatGoesHasItsSettingsAndTheFileOfLastTime) {
     page.Open("last.cnc", FileText("F1", {{"92", "  2000", "", "   500", "", "Last"}, {"M30"}}));
     page.Page.Say(R"({"on":"unload"})");
     page.Serve();
-    std::string stored = "\"/files/last.cnc\":null";
+    std::string stored = "\"last.cnc\":null";
     for (const auto& [path, content] : page.Page.Stored) stored += "," + JsonOf(path) + ":" + JsonOf(content);
     for (const bool granted : {true, false}) {
         WebPageFixture again;
@@ -168,7 +175,15 @@ TEST(WebPage, APageThatGoesHasItsSettingsAndTheFileOfLastTime) {
         again.Start();
         EXPECT_EQ(again.Session->Workbench.Store.LineCount(), granted ? 2 : 0);
         EXPECT_TRUE(again.Page.SentOf("message").empty());
+        EXPECT_EQ(again.Page.Shown("mnuRecentFile(0)", "Caption"), "1  last.cnc  (F1)");
     }
+    // A browser that keeps no files.
+    stored.replace(0, stored.find(',') + 1, "");
+    WebPageFixture without;
+    without.Page.SayHello("\"stored\":{" + stored + "}");
+    without.Start();
+    EXPECT_EQ(without.Page.Shown("mnuRecent", "Enabled"), "false");
+    EXPECT_TRUE(without.Page.SentOf("message").empty());
 }
 
 TEST(WebPage, WhatAnAddressBringsAsksForUnsavedWorkAndNamesNoPath) {
@@ -181,7 +196,7 @@ TEST(WebPage, WhatAnAddressBringsAsksForUnsavedWorkAndNamesNoPath) {
                   "}");
     page.Serve();
     EXPECT_EQ(page.Page.SentOf("message").size(), 1U);
-    EXPECT_NE(page.Page.Stored["/files/mine.cnc"].find("Up"), std::string::npos);
+    EXPECT_NE(page.Page.Stored["mine.cnc"].find("Up"), std::string::npos);
     EXPECT_EQ(page.Page.Shown("frmMain", "Caption"), "Kestrel Vise Toolkit - a<b>.cnc");
 }
 

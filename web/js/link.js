@@ -5,6 +5,13 @@ import { ticks } from './clock.js';
 
 const mostHeld = 64; // keys that wait for their answer
 
+// As JSON. Half of a character, as a shortened text can end with, would make all of it unreadable.
+function jsonOf(event) {
+    const json = JSON.stringify(event);
+    if (!json.includes('\\ud')) return json;
+    return json.replace(/\\(?:ud[89a-f]..|.)/g, (escaped) => (escaped.length > 2 ? '\\ufffd' : escaped));
+}
+
 export class Link {
     #events = [];
     #take = null;
@@ -33,6 +40,8 @@ export class Link {
 
     // The program waits for an event: take() gets its JSON text, or "" when the time is over.
     wait(milliseconds, take) {
+        // A key without an answer is one whose handler waits itself: it has a use for it.
+        this.useHeld();
         this.#take = take;
         ++this.#waits;
         const endless = milliseconds < 0 || milliseconds === Infinity;
@@ -67,8 +76,21 @@ export class Link {
             if (message.do === 'used') {
                 this.#answer(message);
             } else {
-                this.stage(message);
+                this.#show(message);
             }
+        }
+    }
+
+    // A fault of the page's own must not go through the program, nor take the rest along; a question is answered.
+    #show(message) {
+        const failed = (fault) => {
+            console.error(fault);
+            if (message.ask) this.send({ on: 'reply', ask: message.ask });
+        };
+        try {
+            this.stage(message)?.catch?.(failed);
+        } catch (fault) {
+            failed(fault);
         }
     }
 
@@ -124,7 +146,7 @@ export class Link {
     }
 
     #give() {
-        if (this.#take && this.#events.length > 0) this.#deliver(JSON.stringify(this.#events.shift()));
+        if (this.#take && this.#events.length > 0) this.#deliver(jsonOf(this.#events.shift()));
     }
 
     #deliver(text) {

@@ -9,15 +9,16 @@ import { MachinePanel } from './machine.js';
 import { notice } from './notices.js';
 import { print } from './print.js';
 import { startProgram } from './program.js';
-import { followFont, onFont, pixels, twips } from './scale.js';
+import { barHeight, followFont, onFont, pixels, twips } from './scale.js';
 import { Serial } from './serial.js';
 import { Stage } from './stage.js';
 import { keep, openStorage } from './storage.js';
+import { before } from './texts.js';
 import { followTips } from './tip.js';
 import { addTools, tellSerial } from './tools.js';
+import { addTouchKeys } from './touch_keys.js';
 import { make } from './views/view.js';
 
-const barHeight = 360; // twips of menus and title
 const calm = 500; // milliseconds
 const bundleName = '../bundle.json';
 const lateFolder = '/share/Help/'; // what the program asks for when it needs it
@@ -30,10 +31,12 @@ async function bundle() {
     return response.ok ? response.json() : {};
 }
 
+const keysHeight = () => document.querySelector('.touch-keys')?.offsetHeight ?? 0;
+
 function screenNow() {
     return {
-        width: Math.floor(twips(innerWidth)), height: Math.floor(twips(innerHeight)), edgeWidth: 0,
-        edgeHeight: barHeight, pointsPerTwip: pixels(1) * devicePixelRatio,
+        width: Math.floor(twips(innerWidth)), height: Math.floor(twips(innerHeight - keysHeight())), edgeWidth: 0,
+        edgeHeight: barHeight(), pointsPerTwip: pixels(1) * devicePixelRatio,
     };
 }
 
@@ -49,7 +52,7 @@ function follow(stage, share) {
     window.addEventListener('pagehide', () => stage.link.send({ on: 'unload' }));
     window.addEventListener('hashchange', async () => {
         const brought = await broughtBy(location.hash, share);
-        if (brought === 'unreadable') return notice(stage, stage.text('linkUnreadable'));
+        if (brought === 'unreadable') return notice(stage, 'linkUnreadable');
         if (brought) stage.link.send({ on: 'brought', ...brought });
     });
 }
@@ -67,6 +70,7 @@ function handlers(stage, { store, share, serial }) {
         clipboardWrite: (task) => write(task.text),
         clipboardPicture: (task) => writePicture(task),
         print: (task) => print(stage, task),
+        printers: () => notice(stage, stage.text('printers')),
         portOpen: (task) => serial.open(task),
         portClose: (task) => serial.close(task),
         portSettings: (task) => serial.change(task),
@@ -91,9 +95,13 @@ function cover(stage, text) {
     const face = make('div', 'cover', document.body);
     face.setAttribute('role', 'alert');
     make('div', '', face).textContent = stage.text(text);
+    addStartAgain(face, stage.text('again'));
+}
+
+function addStartAgain(face, caption) {
     const button = make('button', '', face);
     button.type = 'button';
-    button.textContent = stage.text('again');
+    button.textContent = caption;
     button.addEventListener('click', () => location.reload());
     button.focus();
 }
@@ -116,9 +124,9 @@ function sharedAtOnce(share) {
 
 async function hello(stage, { files, times, problem, share, serial }) {
     const stored = { ...files };
-    for (const name of await rememberedNames()) stored[`/files/${name}`] = null;
+    for (const name of await rememberedNames()) stored[name] = null;
     const brought = await broughtBy(location.hash, share);
-    if (brought === 'unreadable') notice(stage, stage.text('linkUnreadable'));
+    if (brought === 'unreadable') notice(stage, 'linkUnreadable');
     return {
         on: 'hello', ...screenNow(), language: navigator.language, dark: isDark(), share: sharedAtOnce(share),
         stored, times,
@@ -137,14 +145,17 @@ async function start() {
     handlers(stage, { store, share, serial });
     addTools(stage, { panel, serial });
     followTips();
+    addTouchKeys(stage);
     stage.link.send(await hello(stage, { files, times, problem, share, serial }));
     follow(stage, share);
     followDrops(stage);
     tellSerial(stage);
-    if (problem) notice(stage, stage.text(problem), { stays: true });
+    if (problem) notice(stage, problem, { stays: true });
     window.addEventListener('error', (event) => isFatal(event.error) && stopped(stage));
     window.addEventListener('unhandledrejection', (event) => isFatal(event.reason) && stopped(stage));
-    await startProgram(stage.link);
+    const { end } = await startProgram(stage.link);
+    await end.catch((fault) => console.error(fault));
+    stopped(stage);
 }
 
 // What the program itself has thrown; a number is one of its exceptions. The page's own faults leave it running.
@@ -160,5 +171,9 @@ function stopped(stage) {
 
 start().catch((fault) => {
     console.error(fault);
-    document.querySelector('.cover.start span').textContent = `KVT: ${fault.message ?? fault}`;
+    const face = document.querySelector('.cover.start');
+    face.classList.add('failed');
+    face.querySelector('span').textContent = typeof WebAssembly === 'object' ? before.stopped : before.tooOld;
+    make('small', '', face).textContent = fault.message ?? fault;
+    addStartAgain(face, before.again);
 });

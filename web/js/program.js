@@ -2,7 +2,9 @@
 
 import { Rewinding } from './rewinding.js';
 
-const switchesStacks = 'Suspending' in WebAssembly && 'promising' in WebAssembly;
+// One that has none of it at all says so at the start.
+const { Suspending, promising } = globalThis.WebAssembly ?? {};
+const switchesStacks = Boolean(Suspending && promising);
 const name = switchesStacks ? 'kvt_web_fast' : 'kvt_web';
 
 async function compiled(address) {
@@ -22,16 +24,17 @@ for (const part of [wasm, script]) part.catch(() => {}); // told when it is wait
 // Where the browser switches stacks itself, the one function that waits may give a promise, and main is one too.
 const switching = {
     pause: (waits) => new Promise(waits),
-    imports: (imports) => ({ ...imports, env: { ...imports.env, kvt_next: new WebAssembly.Suspending(imports.env.kvt_next) } }),
+    imports: (imports) => ({ ...imports, env: { ...imports.env, kvt_next: new Suspending(imports.env.kvt_next) } }),
     use(exports) {
-        this.main = WebAssembly.promising(exports.main);
+        this.main = promising(exports.main);
     },
     run() {
-        return this.main(0, 0);
+        return { end: this.main(0, 0) };
     },
 };
 
-// Starts the program on a link; gives back what it is run by, once it runs. It ends by ending its waits.
+// Starts the program on a link. Gives { end }, a promise that is kept when the program has ended, by itself or by a fault:
+// without a switch of stacks nobody tells that.
 export async function startProgram(link) {
     await wasm;
     const { default: createProgram } = await script;

@@ -1,11 +1,15 @@
 // Tool tips: plain text, whatever mark-up it looks like.
 
+import { followRest } from './views/touch.js';
 import { make } from './views/view.js';
 
 const dwell = 600; // milliseconds
 const below = 20; // pixels below the pointer
+const aboveFinger = 56; // pixels above a finger
+const read = 4000; // milliseconds that a tip stays behind the finger
 let face = null;
 let waiting = 0;
+let leaving = 0;
 let over = null;
 let place = { x: 0, y: 0 };
 
@@ -42,6 +46,7 @@ export function followTips() {
     });
     for (const name of ['mousedown', 'keydown', 'wheel'])
         document.addEventListener(name, () => (clearTimeout(waiting), hideTip()), { capture: true, passive: true });
+    followFingers();
     new MutationObserver((changes) => {
         if (!changes.some((one) => one.target === over)) return;
         if (face && !face.hidden) showOver();
@@ -50,6 +55,23 @@ export function followTips() {
             waiting = setTimeout(() => showOver(), dwell);
         }
     }).observe(document.body, { subtree: true, attributeFilter: ['data-tip'] });
+}
+
+// A finger that rests on something has its tip instead of its click.
+function followFingers() {
+    document.addEventListener('pointerdown', () => clearTimeout(leaving), true);
+    followRest(document, {
+        act({ target, clientX, clientY }) {
+            const element = target.closest?.('[data-tip]');
+            if (!element?.dataset.tip) return false;
+            clearTimeout(waiting);
+            over = element;
+            place = { x: clientX, y: Math.max(0, clientY - aboveFinger - below) };
+            showOver();
+            return true;
+        },
+        end: () => (leaving = setTimeout(hideTip, read)),
+    });
 }
 
 function showOver() {

@@ -3,8 +3,14 @@
 // Keeps what the program tells the page, so that a test can read what is shown: window.told.
 export function recordMessages() {
     const controls = new Map();
-    const told = { controls, focus: 0, beeps: 0, ended: false, at: 0 };
+    // asks: the questions that the page has not answered yet.
+    const told = { controls, focus: 0, beeps: 0, ended: false, at: 0, asks: new Set(), printed: [] };
     const take = (message) => {
+        if (message.ask) told.asks.add(message.ask);
+        if (message.do === 'print') {
+            told.printed.push(message);
+            if (message.preview) window.previewed?.push(...message.pages);
+        }
         const control = controls.get(message.id);
         if (message.do === 'make') controls.set(message.id, { ...message, p: { ...message.p } });
         else if (message.do === 'set' && control) Object.assign(control.p, message.p);
@@ -21,6 +27,11 @@ export function recordMessages() {
         value.forEach(take);
         told.at = performance.now();
         return value;
+    };
+    const stringify = JSON.stringify;
+    JSON.stringify = (value, ...rest) => {
+        if (value?.on === 'reply') told.asks.delete(value.ask);
+        return stringify(value, ...rest);
     };
     // By name, index behind it in parentheses, form in front of it where two have one: "frmDraw.mnuGrid", "mnuPP(1)".
     told.named = (name) => {
@@ -76,9 +87,10 @@ export function playFilePickers() {
     };
 }
 
-// One granted port that plays the line: window.port tells how it was opened and what was written when, and takes what
-// arrives.
+// Granted ports that play the line, as many as window.portCount says: window.ports, the first of them window.port. They
+// tell how they were opened and what was written when, and take what arrives.
 export function playSerial() {
+    window.written = [];
     class PlayedPort extends EventTarget {
         opens = [];
         closes = 0;
@@ -87,14 +99,19 @@ export function playSerial() {
             return { usbVendorId: 0x0403, usbProductId: 0x6001 };
         }
         async open(options) {
-            if (this.refuses || this.isOpen) throw new DOMException('taken', 'NetworkError');
+            if (this.refuses || this.isOpen) {
+                this.refuses = false;
+                throw new DOMException('taken', 'NetworkError');
+            }
             this.isOpen = true;
             this.opens.push(options);
             this.readable = new ReadableStream({ start: (into) => (this.into = into) });
             this.writable = new WritableStream({
                 write: (bytes) => {
                     if (this.gone) throw new DOMException('gone', 'NetworkError');
-                    this.written.push({ at: performance.now(), text: String.fromCharCode(...bytes) });
+                    const text = String.fromCharCode(...bytes);
+                    this.written.push({ at: performance.now(), text });
+                    window.written.push(text);
                 },
             });
         }
@@ -115,10 +132,23 @@ export function playSerial() {
         }
     }
     const serial = new EventTarget();
-    window.port = new PlayedPort();
-    serial.getPorts = async () => (window.port.gone ? [] : [window.port]);
+    window.ports = Array.from({ length: window.portCount ?? 1 }, () => new PlayedPort());
+    window.port = window.ports[0];
+    serial.getPorts = async () => window.ports.filter((one) => !one.gone);
     serial.requestPort = async () => window.port;
     Object.defineProperty(navigator, 'serial', { value: serial });
+}
+
+// A printer: the pages that have come to it, and those that were shown before. No dialog of the system comes up.
+export function playPrinter() {
+    window.printed = [];
+    window.previewed = [];
+    window.print = () => {
+        const { pages } = window.told.printed.at(-1);
+        const sheets = document.querySelectorAll('.sheets img').length;
+        if (sheets !== pages.length) throw new Error(`${sheets} of ${pages.length} pages`);
+        window.printed.push(...pages);
+    };
 }
 
 // When the window has been painted for the first time: window.startedAt.

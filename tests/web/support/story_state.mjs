@@ -1,92 +1,151 @@
-// What a story expects, read off what the page shows.
-
-const properties = {
-    caption: (p) => p.Caption, text: (p, one) => (one.kind.startsWith('Lis') || one.kind === 'ComboBox' ? (p.Entries?.[p.ListIndex] ?? '') : p.Text),
-    visible: (p) => p.Visible, enabled: (p) => p.Enabled, value: (p, one) => (one.kind === 'CheckBox' ? Number(p.Value) : p.Value), checked: (p) => p.Checked, tooltip: (p) => p.ToolTip,
-    listindex: (p) => p.ListIndex, selstart: (p) => p.Selection?.[0], sellength: (p) => p.Selection?.[1], lead: (p) => p.Lead,
-};
-
-// A scalar of the state: the control that shows it, and how.
-const ofState = {
-    lineCount: ['lblPPLines', (one) => one.p.Caption],
-    machine: ['lblMachineType', (one) => one.p.Caption.split(' ').find((word) => /^(MK2|MK4|F1)$/.test(word))],
-    programChanged: ['frmMain', (one) => one.p.Caption.endsWith(' *')],
-    selectedRow: ['lvCncProgram', (one) => one.rows.selected],
-    metric: ['lblPPUnits', (one) => one.p.Caption.endsWith('mm')],
-    notes: ['txtFileNotes', (one) => one.p.Text],
-};
+// What a story expects, read off what the page shows and keeps.
+import { behind, textOf, wordsOf } from './story.mjs';
+import { rowInSight } from './story_hands.mjs';
 
 const plain = (value) => (value === undefined || value === null ? '' : String(value));
+const lines = (text) => plain(text).replaceAll('\r\n', '\n').replaceAll('\r', '\n');
+const choices = { ok: 1, yesno: 2, yesnocancel: 3 };
 
-async function control(story, name) {
-    const one = await story.bench.evaluate((n) => {
-        const found = window.told.named(n);
-        return found && { ...found, rows: found.rows && { ...found.rows } };
-    }, name);
-    return one ?? null;
+// { got, wanted } of a message box; nothing for other expectations.
+export function boxWants({ boxes, box }, what, text) {
+    const wanted = lines(textOf(text));
+    if (what === 'nomessage') return { got: boxes.map((one) => one.text).join(), wanted: '' };
+    if (what === 'message') return { got: lines(boxes[0]?.text), wanted };
+    if (what === 'title') return { got: lines(box?.title), wanted };
+    if (what === 'details') return { got: plain(lines(box?.details).includes(wanted)), wanted: 'true' };
+    if (what === 'icon') return { got: box?.icon, wanted };
+    if (what === 'buttons') return { got: Object.keys(choices).find((one) => choices[one] === box?.buttons.length), wanted };
+    return undefined;
 }
 
-// { got, wanted } as texts; null for what no page shows.
-export async function shownOf(story, what, text, textOf) {
-    const { bench } = story;
-    const wanted = textOf(text);
-    const words = text.trim().split(/\s+/);
-    if (what === 'focus') return { got: plain(await bench.focus()), wanted: words[0].split('.').at(-1) };
-    if (what === 'running') return { got: (await bench.evaluate(() => window.told.ended)) ? 'no' : 'yes', wanted };
-    if (what === 'beeps') return null;
-    if (what === 'clipboard') return { got: await bench.evaluate(() => navigator.clipboard.readText()), wanted };
-    if (what === 'entries') return { got: plain((await control(story, words[0]))?.p.Entries?.length), wanted: words[1] };
-    if (what === 'entry') {
-        const one = await control(story, words[0]);
-        return { got: plain(one?.p.Entries?.[Number(words[1])]), wanted: textOf(text.trim().split(/\s+/).slice(2).join(' ')) };
-    }
-    if (what === 'file' || what === 'filehas') {
-        const name = textOf(words[0]).replace(/^\/files\//, '');
-        if (/[/$]/.test(name)) return null;
-        const content = textOf(text.trimStart().slice(words[0].length + 1));
-        const got = await bench.read(name);
-        return what === 'file' ? { got, wanted: content } : { got: plain(got.includes(content)), wanted: 'true' };
-    }
-    if (what === 'cell') return cell(story, text, textOf);
-    if (what === 'header') {
-        const list = await control(story, 'lvCncProgram');
-        return { got: plain(list.rows.headers[Number(words[0]) - 1]?.[0]), wanted: textOf(text.trimStart().slice(words[0].length + 1)) };
-    }
-    if (what === 'nolog') {
-        const kept = await bench.evaluate(() => Object.keys(localStorage).filter((key) => key.endsWith('Errors.log')).length);
-        return { got: plain(kept), wanted: '0' };
-    }
-    if (what === 'sent') {
-        const written = await bench.evaluate(() => window.port.written.map((one) => one.text).join(''));
-        const got = written.slice(story.sent);
-        story.sent = written.length;
-        return { got, wanted };
-    }
-    return ofControl(story, what, wanted);
+// A file of the user's, or one that the page keeps by itself; null where there is none.
+async function contentOf({ bench }, path) {
+    if (path.startsWith('/data/')) return bench.evaluate((key) => localStorage.getItem(key), `kvt:${path}`);
+    return bench.read(path).catch(() => null);
 }
 
-async function cell(story, text, textOf) {
-    const [, row, column, rest] = /^\s*(\d+)\s+(\d+)\s?(.*)$/s.exec(text);
-    const list = await control(story, 'lvCncProgram');
-    if (!list.rows.rows[Number(row) - list.rows.first]) await story.rowInSight(Number(row));
-    const { rows, first } = (await control(story, 'lvCncProgram')).rows;
-    return { got: plain(rows[Number(row) - first]?.[Number(column)]).trimEnd(), wanted: textOf(rest).trimEnd() };
+const logPath = '/data/EMCO/KVT_100/Errors.log';
+async function logged(story) {
+    const log = plain(await contentOf(story, logPath));
+    return log.split('\r\n').map((record) => /,"([^"]*)"$/.exec(record)?.[1]).filter(Boolean);
 }
 
-async function ofControl(story, what, wanted) {
+async function serialNow({ bench }) {
+    return bench.evaluate(() => {
+        const open = (window.ports ?? []).find((one) => one.isOpen);
+        const { baudRate, parity, dataBits, stopBits } = open?.opens.at(-1) ?? {};
+        return { open: !!open, settings: open ? [baudRate, parity[0].toUpperCase(), dataBits, stopBits].join() : '' };
+    });
+}
+
+// What has come behind what was read before.
+function newOf(story, name, all) {
+    const before = story[`${name}Read`] ?? 0;
+    story[`${name}Read`] = all.length;
+    return all.slice(before);
+}
+
+// The texts of the pages that were printed or previewed since the last time.
+async function textsOnPaper(story, which) {
+    const pages = await story.bench.evaluate((key) => window[key], which);
+    return newOf(story, which, pages).flatMap((page) =>
+        [...page.matchAll(/<text[^>]*>([^<]*)<\/text>/g)].map(([, text]) => text.replaceAll('&lt;', '<').replaceAll('&gt;', '>').replaceAll('&amp;', '&').trimEnd()));
+}
+// Pages have heads, and no empty lines.
+async function onPaper(story, which, text) {
+    const texts = await textsOnPaper(story, which);
+    const wanted = textOf(text).split('\r\n').map((line) => line.trimEnd()).filter(Boolean);
+    const rest = [...texts];
+    const missing = wanted.filter((line) => {
+        const at = rest.indexOf(line);
+        if (at >= 0) rest.splice(0, at + 1);
+        return at < 0;
+    });
+    return { got: missing.length > 0 || (wanted.length === 0 && texts.length > 0) ? texts.join('\n') : '', wanted: '' };
+}
+
+async function picture(story, where) {
+    if (where === 'printer') return newOf(story, 'drawings', await story.bench.evaluate(() => window.printed.filter((page) => page.includes('<svg x=')))).length > 0;
+    if (where === 'clipboard') {
+        return story.bench.evaluate(async () => (await navigator.clipboard.read()).some((item) => item.types.includes('image/png')));
+    }
+    const content = plain(await contentOf(story, where));
+    return ['BM', '\x89PNG', '%PDF', '<svg'].some((begin) => content.startsWith(begin));
+}
+
+const readers = {
+    focus: async (story, text) => ({
+        got: await story.bench.evaluate(() => window.shown.focus()), wanted: plain(wordsOf(text)[0]).split('.').at(-1),
+    }),
+    running: async (story, text) => ({ got: (await story.bench.evaluate(() => window.told.ended)) ? 'no' : 'yes', wanted: text }),
+    beeps: async ({ bench }, text) => ({ got: plain(await bench.evaluate(() => window.told.beeps)), wanted: text }),
+    clipboard: async ({ bench }, text) => ({ got: await bench.evaluate(() => navigator.clipboard.readText()), wanted: textOf(text) }),
+    clock: async (story, text) => ({ got: plain(Math.round(story.clock + (await story.bench.evaluate(() => window.clock.now)))), wanted: text }),
+    entries: async ({ bench }, text) => ({ got: plain(await bench.evaluate((n) => window.shown.entries(n), wordsOf(text)[0])), wanted: wordsOf(text)[1] }),
+    entry: async ({ bench }, text) => {
+        const [name, index] = wordsOf(text);
+        return { got: await bench.evaluate((n, i) => window.shown.entry(n, i), name, Number(index)), wanted: textOf(behind(behind(text))) };
+    },
+    cell: async (story, text) => {
+        const [row, column] = wordsOf(text).map(Number);
+        if (!(await story.bench.evaluate((c) => window.shown.hasColumn(c), column))) return null;
+        const read = () => story.bench.evaluate((r, c) => window.shown.cell(r, c), row, column);
+        let got = await read();
+        if (got === null) {
+            await rowInSight(story, row);
+            got = await read();
+        }
+        return { got: plain(got).trimEnd(), wanted: textOf(behind(behind(text))).trimEnd() };
+    },
+    rowcolor: async ({ bench }, text) => {
+        const [row, color] = wordsOf(text);
+        return { got: plain(await bench.evaluate((n) => window.shown.rowColor(n), Number(row))), wanted: color };
+    },
+    header: async ({ bench }, text) => ({ got: await bench.evaluate((n) => window.shown.header(n), Number(wordsOf(text)[0])), wanted: textOf(behind(text)) }),
+    columnwidth: async ({ bench }, text) => {
+        const [column, width] = wordsOf(text);
+        return { got: plain(await bench.evaluate((n) => window.shown.columnWidth(n), Number(column))), wanted: width };
+    },
+    file: async (story, text) => ({ got: await contentOf(story, textOf(wordsOf(text)[0])), wanted: textOf(behind(text)) }),
+    filehas: async (story, text) => {
+        const [got, wanted] = [plain(await contentOf(story, textOf(wordsOf(text)[0]))), textOf(behind(text))];
+        return { got: got.includes(wanted) ? wanted : got, wanted };
+    },
+    nofile: async (story, text) => ({ got: await contentOf(story, textOf(text)), wanted: null }),
+    log: async (story, text) => {
+        const all = await logged(story);
+        return { got: all.includes(text) ? text : all.join(), wanted: text };
+    },
+    nolog: async (story) => ({ got: (await logged(story)).join(), wanted: '' }),
+    logcount: async (story, text) => ({ got: plain((await logged(story)).length), wanted: text }),
+    sent: async (story, text) => {
+        const all = story.sent + (await story.bench.evaluate(() => (window.written ?? []).join('')));
+        return { got: newOf(story, 'port', all), wanted: textOf(text) };
+    },
+    port: async (story, text) => ({ got: (await serialNow(story)).open ? 'open' : 'closed', wanted: text }),
+    portsettings: async (story, text) => ({ got: (await serialNow(story)).settings, wanted: text }),
+    printed: (story, text) => onPaper(story, 'printed', text),
+    previewed: (story, text) => onPaper(story, 'previewed', text),
+    picture: async (story, text) => ({ got: await picture(story, textOf(text)), wanted: true }),
+};
+
+// What a place of the mouse on the drawing tells, and how far apart two of them are at the usual scales.
+const pointed = /^frmDraw\.txt(X|Y|Z|Delta|Diameter|Distance|Grid)\w*$/;
+const pixel = 2.5;
+
+// { got, wanted } of what the page shows; null for what no page shows.
+export async function compare(story, what, text) {
+    if (readers[what]) return readers[what](story, text.trim());
     const dot = what.lastIndexOf('.');
     const name = what.slice(0, dot);
     const property = what.slice(dot + 1);
-    if (name === 'state') {
-        const [shows, of] = ofState[property] ?? [];
-        return of ? { got: plain(of(await control(story, shows))), wanted } : null;
-    }
-    // They follow the size of the window.
-    if (/UpDown$|sbViewWindow$/.test(name)) return null;
-    const read = properties[property.toLowerCase()];
-    const one = read && (await control(story, name));
-    if (!one) return null;
-    const got = read(one.p, one);
-    const lines = (text) => text.replaceAll('\r\n', '\n');
-    return got === undefined ? null : { got: lines(plain(got)), wanted: lines(wanted) };
+    // The main window is as large as the page, and windows have no edges beside their fields.
+    if (dot < 0 || (/^frm(Main|Draw)$/.test(name) && /left|top|width|height|windowState/i.test(property))) return null;
+    const got = await story.bench.evaluate((n, p) => window.shown.property(n, p), name, property);
+    if (got === undefined) return null;
+    // The mouse points at whole pixels.
+    if (pointed.test(name) && Math.abs(Number(got) - Number(text)) < pixel && text.trim() !== '') return { got: text, wanted: text };
+    // The page shows the name of a user's file alone.
+    const bare = (one) => lines(one).replaceAll('/files/', '');
+    return { got: bare(got), wanted: bare(textOf(text)) };
 }

@@ -6,13 +6,16 @@ import * as path from 'node:path';
 import { createRequire } from 'node:module';
 import { fileURLToPath } from 'node:url';
 
-import * as inside from './inside.mjs';
+import * as played from './inside.mjs';
+import { playClock } from './played_clock.mjs';
+import { readShown } from './shown.mjs';
 
 export const root = path.resolve(path.dirname(fileURLToPath(import.meta.url)), '../../..');
 // The driver is installed in the build tree, not beside the tests.
 const modules = process.env.KVT_WEB_MODULES ?? path.join(root, 'build/web/node');
 const puppeteer = createRequire(path.join(modules, 'package.json'))('puppeteer-core');
 
+const inside = { ...played, playClock, readShown };
 const quiet = [
     '--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking',
     '--disable-component-update', '--disable-sync',
@@ -39,14 +42,19 @@ export const sample = (name) => fs.readFileSync(path.join(root, 'samples', name)
 
 export class Workbench {
     // A page of its own, in a context of the browser that has kept nothing yet where none is given. play: names of
-    // functions of inside.mjs; the recording is always there. kept: what the storage has. at: what follows the address.
-    static async open({ browser, site }, { play = [], kept = [], at = '', size, context, address = site.address, waits = true } = {}) {
+    // functions that are put into it; the recording is always there. kept: what the storage has, gone: what it has no more.
+    // ports: how many the user has granted. at: what follows the address.
+    static async open({ browser, site }, { play = [], kept = [], gone = [], ports, at = '', size, context, address = site.address, waits = true } = {}) {
         const own = context ?? (await browser.createBrowserContext());
         const bench = new Workbench(await own.newPage(), own);
         const { page } = bench;
         if (size) await page.setViewport(size);
+        if (ports) await page.evaluateOnNewDocument((count) => (window.portCount = count), Number(ports));
         for (const name of ['recordMessages', 'playFilePickers', ...always, ...play]) await page.evaluateOnNewDocument(inside[name]);
-        await page.evaluateOnNewDocument((list) => list.forEach(([key, text]) => localStorage.setItem(key, text)), kept);
+        await page.evaluateOnNewDocument((list, old) => {
+            old.forEach((key) => localStorage.removeItem(key));
+            list.forEach(([key, text]) => localStorage.setItem(key, text));
+        }, kept, gone);
         page.on('request', (request) => bench.requests.push(request.url()));
         page.on('pageerror', (fault) => bench.faults.push(String(fault)));
         page.on('console', (line) => line.type() === 'error' && bench.faults.push(line.text()));

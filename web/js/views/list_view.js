@@ -4,6 +4,7 @@
 import { textColor } from '../colors.js';
 import { length, onFont, pixels } from '../scale.js';
 import { showTip, hideTip } from '../tip.js';
+import { followRest } from './touch.js';
 import { make, View } from './view.js';
 
 const headerHeight = 300; // twips
@@ -38,31 +39,39 @@ export class ListViewView extends View {
         new ResizeObserver(() => this.tellSight()).observe(element);
         this.heads.addEventListener('click', (event) => {
             const head = event.target.closest('.head');
-            if (head) this.send({ on: 'header', column: Number(head.dataset.column) + 1 });
+            if (head) this.send({ on: 'header', column: Number(head.dataset.column) });
         });
         this.body.addEventListener('mousedown', (event) => event.button === 2 && this.rowEvent(event));
         this.body.addEventListener('click', (event) => this.rowEvent(event));
         element.addEventListener('contextmenu', (event) => this.menuKey(event));
+        followRest(this.body, { act: (event) => this.rested(event) });
         element.addEventListener('mousemove', (event) => this.hover(event));
         element.addEventListener('mouseleave', () => this.leave());
     }
 
-    rowEvent(event) {
+    rowEvent(event, button = event.button === 2 ? 2 : 1) {
         const row = Number(event.target.closest('.row')?.dataset.row);
         if (!row) return;
         this.leave();
         const column = Number(event.target.closest('.cell')?.dataset.column ?? 0);
-        this.send({ on: 'row', row, column, clicks: event.detail, button: event.button === 2 ? 2 : 1 });
+        this.send({ on: 'row', row, column, clicks: Math.max(1, event.detail), button });
     }
 
-    // The mouse has its own way; this is for the key.
+    rested(event) {
+        this.stage.pointer = { x: event.clientX, y: event.clientY };
+        this.rowEvent(event, 2);
+        return true;
+    }
+
+    // Mouse and finger have their own ways; this is for the key.
     menuKey(event) {
         event.preventDefault();
+        if (event.pointerType === 'touch') return;
         const row = this.body.querySelector(`[data-row="${this.state.selected}"]`);
         if (event.button === 2 || !row) return;
         const box = row.getBoundingClientRect();
-        this.stage.pointer = { x: box.left + pixels(rowHeight), y: box.bottom };
-        this.send({ on: 'row', row: this.state.selected, column: 0, clicks: 1, button: 2 });
+        this.stage.pointer = { x: touched ? event.clientX : box.left + pixels(rowHeight), y: box.bottom };
+        this.send({ on: 'row', row: Number(row.dataset.row), column: 0, clicks: 1, button: 2 });
     }
 
     // A message "rows": what is not in it stays.
