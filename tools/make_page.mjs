@@ -2,8 +2,10 @@
 // Usage: node tools/make_page.mjs OUT WEB_BIN [FAST_BIN]
 //   OUT       the folder of the page; kvt.html beside its files is the whole page in a single file
 //   WEB_BIN   the programs' folder of the build for every browser, FAST_BIN that of the build for stack switching
+import { execFileSync } from 'node:child_process';
 import { createHash } from 'node:crypto';
 import * as fs from 'node:fs';
+import * as os from 'node:os';
 import * as path from 'node:path';
 import { fileURLToPath } from 'node:url';
 import { brotliCompressSync, constants } from 'node:zlib';
@@ -11,6 +13,7 @@ import { brotliCompressSync, constants } from 'node:zlib';
 import { singleFile } from './single_file.mjs';
 
 const root = path.dirname(path.dirname(fileURLToPath(import.meta.url)));
+const web = path.join(root, 'web');
 const [out, webBin, fastBin] = process.argv.slice(2);
 if (!webBin) {
     console.error('usage: node tools/make_page.mjs OUT WEB_BIN [FAST_BIN]');
@@ -41,22 +44,36 @@ function bundle() {
     return JSON.stringify(share);
 }
 
-// A script or style without what only its readers need: indentation, and comments that have lines of their own.
-function lean(content) {
-    const lines = content.toString().replace(/^\s*\/\*[^]*?\*\/\s*$/gm, '').split('\n').map((line) => line.trim());
-    return Buffer.from(lines.filter((line) => line && !line.startsWith('//')).join('\n'));
+// A script or style without what only its readers need. The page's modules become one file, so that none has to wait for
+// another to be asked for.
+function lean(file, ...more) {
+    return execFileSync('esbuild', [file, '--minify', '--charset=utf8', '--log-level=warning', ...more]);
+}
+const joined = (folder) => lean(path.join(folder, 'js/main.js'), '--bundle', '--format=esm');
+
+// In a single file the program is beside the script, not loaded.
+function joinedWithProgram() {
+    const folder = fs.mkdtempSync(path.join(os.tmpdir(), 'kvt-page-'));
+    fs.cpSync(path.join(web, 'js'), path.join(folder, 'js'), { recursive: true });
+    fs.cpSync(path.join(web, 'single'), path.join(folder, 'js'), { recursive: true });
+    fs.cpSync(path.join(webBin, 'kvt_web.js'), path.join(folder, 'program/kvt_web.js'));
+    const script = joined(folder);
+    fs.rmSync(folder, { recursive: true });
+    return script;
 }
 
 function pageFiles() {
     const files = new Map();
-    const web = path.join(root, 'web');
-    for (const file of filesBelow(web)) {
-        const content = fs.readFileSync(path.join(web, file));
-        files.set(file, /\.(js|css)$/.test(file) ? lean(content) : content);
+    const parts = /^(js|single)\//;
+    for (const file of filesBelow(web).filter((one) => !parts.test(one))) {
+        const from = path.join(web, file);
+        files.set(file, /\.(js|css)$/.test(file) ? lean(from) : fs.readFileSync(from));
     }
+    files.set('js/main.js', joined(web));
     for (const folder of [webBin, fastBin ?? webBin]) {
-        for (const file of fs.readdirSync(folder)) {
-            if (/^kvt_web.*\.(js|wasm)$/.test(file)) files.set(`program/${file}`, fs.readFileSync(path.join(folder, file)));
+        for (const file of fs.readdirSync(folder).filter((one) => /^kvt_web.*\.(js|wasm)$/.test(one))) {
+            const from = path.join(folder, file);
+            files.set(`program/${file}`, file.endsWith('.js') ? lean(from) : fs.readFileSync(from));
         }
     }
     files.set('kvt.svg', fs.readFileSync(path.join(root, 'icons', 'kvt.svg')));
@@ -70,7 +87,7 @@ function nameVersion(files) {
     const digest = createHash('sha256');
     for (const [name, content] of files) digest.update(name).update('\0').update(content);
     const names = JSON.stringify(['./', ...[...files.keys()].filter((name) => name !== 'sw.js' && name !== 'index.html')]);
-    const text = files.get('sw.js').toString().replace('@VERSION@', digest.digest('hex').slice(0, 16)).replace('@FILES@', names);
+    const text = files.get('sw.js').toString().replace('@VERSION@', digest.digest('hex').slice(0, 16)).replace(/(['"])@FILES@\1/, names);
     files.set('sw.js', Buffer.from(text));
 }
 
@@ -88,8 +105,7 @@ function tellSizes(files) {
 }
 
 const files = pageFiles();
-const single = singleFile(files);
-for (const name of [...files.keys()]) if (name.startsWith('single/')) files.delete(name);
+const single = singleFile(files, joinedWithProgram());
 nameVersion(files);
 fs.rmSync(out, { recursive: true, force: true });
 for (const [name, content] of files) {

@@ -2,7 +2,7 @@
 // new version is another text of this file, and takes over when no tab has the old one any more.
 
 const version = '@VERSION@';
-const files = JSON.parse('@FILES@');
+const files = '@FILES@';
 const cacheName = `kvt-${version}`;
 
 self.addEventListener('install', (event) => {

@@ -2,6 +2,7 @@
 
 #include "basic/text.h"
 #include "files/folders.h"
+#include "program/page_texts.h"
 
 namespace kvt {
 
@@ -14,14 +15,27 @@ constexpr const char* linkFolder = "/link/";
 
 WebSession::WebSession(PageLink& link) : Platform(link, programs_), Workbench(Platform.Services) {
     programs_.UseFiles(Platform.Files);
+    Platform.System.AddTexts = [this](Message& message) { AddTexts(message); };
+}
+
+// The page's own texts, by the names that it has for them.
+void WebSession::AddTexts(Message& message) const {
+    message.Name("texts").BeginObject();
+    int place = 0;
+    for (const char* name : PageTextNames()) message.Code(name, Workbench.Language.PageTexts.At(++place));
+    message.EndObject();
 }
 
 void WebSession::Start() {
+    // In English, until the settings name another language.
+    Platform.System.UseLanguage({});
     InstallResetCopies(Platform.Files, Platform.System.LocalDataFolder());
     Workbench.Help.StartFolder = "/share/";
     programs_.Install(FoldersBelow(Platform.System.LocalDataFolder()).PreProcessorFolder);
     Workbench.Form_Load({});
     if (Platform.System.Ended()) return;
+    // A browser that cannot open a file again has forgotten those of the last visit.
+    Workbench.Recent.LeaveOut([this](const std::string& path) { return !Platform.Files.Knows(path); });
     // The page is its window.
     Workbench.frmMain.State = WindowState::Maximised;
     for (Form* form : Workbench.Forms()) Platform.Show(*form);
@@ -47,7 +61,7 @@ void WebSession::TakeBrought(const PageEvent& event) {
         Platform.Files.PutAside(path, event.Bytes("content"));
     }
     LoadAs as;
-    as.Name = Platform.System.DocumentsFolder() + "/" + name;
+    as.Name = PathIn(Platform.System.DocumentsFolder(), name);
     as.FromSource = true;
     Workbench.Reader.LoadFile(path, as);
     kvt::Run(Workbench.Calls.RefreshTitle);

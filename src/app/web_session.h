@@ -22,6 +22,7 @@ public:
     void Run() { Platform.Run(); }
 
 private:
+    void AddTexts(Message& message) const;
     // A program that the page's address has brought, a sample or its text: asks before it takes an unsaved one's place.
     void TakeBrought(const PageEvent& event);
     // The program's text, for the page to make an address of.

@@ -101,6 +101,12 @@ std::string Replace(std::string_view text, std::string_view find, std::string_vi
     return replaced;
 }
 
+std::string PathIn(std::string_view folder, std::string_view name) {
+    std::string path(folder);
+    if (!path.empty()) path += '/';
+    return path.append(name);
+}
+
 std::string_view ExtractFileName(std::string_view path) {
     const std::size_t separator = path.find_last_of("\\/");
     return separator == std::string_view::npos ? path : path.substr(separator + 1);

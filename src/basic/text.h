@@ -44,6 +44,8 @@ std::string Replace(std::string_view text, std::string_view find, std::string_vi
 
 // What follows the last folder separator ("\" and "/" both separate).
 std::string_view ExtractFileName(std::string_view path);
+// The path of a file in a folder; the bare name where the folder has none.
+std::string PathIn(std::string_view folder, std::string_view name);
 // The name without the part after its last point, and without the point.
 std::string_view RemoveExtension(std::string_view name);
 

@@ -155,7 +155,8 @@ LineView::LineView(DesktopContext& desktop, TextBox& control, QWidget* parent)
     edit_->setValidator(new LineFilter(edit_));
     edit_->setReadOnly(control.ReadOnly);
     if (control.FixedPitch) UseFixedPitch(*edit_);
-    edit_->setInputMethodHints(Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
+    const Qt::InputMethodHints hints = Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase;
+    edit_->setInputMethodHints(control.Numeric ? hints | Qt::ImhPreferNumbers : hints);
     connect(edit_, &QLineEdit::textEdited, this, [this] { Edited(); });
     connect(edit_, &QLineEdit::selectionChanged, this, [this] { SelectionMoved(); });
     connect(edit_, &QLineEdit::cursorPositionChanged, this, [this] { SelectionMoved(); });

@@ -204,6 +204,7 @@ void DrawControls::PlaceFrames() {
     Place(frProperties, 0, 0, 8700, 620);
     Place(lblFileName, 60, 590, 6000, 200);
     lblFileName.Visible = false;
+    for (TextBox* numeric : {&txtX1, &txtZ1, &txtX2, &txtZ2}) numeric->Numeric = true;
     for (TextBox* shown : {&txtDiameter, &txtDeltaX, &txtDeltaZ, &txtDeltaXZ, &txtGrid})
         shown->ReadOnly = true;
     lblDiameter.ToolTip = "Diameter";

@@ -31,7 +31,9 @@ EntryRow::EntryRow(Form& form)
     for (const Field& field : Fields()) {
         field.Caption.Visible = false;
         field.Box.Visible = false;
+        field.Box.Numeric = true;
     }
+    for (TextBox* numeric : {&txtGMcode, &txtFeedA, &txtFeedB}) numeric->Numeric = true;
     for (Control* inEntry :
          std::initializer_list<Control*>{&lblGMcode, &lblXI, &lblYJ, &lblZK, &lblFKTL, &lblH, &txtGMcode,
                                          &txtXI, &txtYJ, &txtZK, &txtFKTL, &txtH, &txtComment}) {

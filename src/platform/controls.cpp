@@ -1,5 +1,7 @@
 #include "platform/controls.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "basic/run_time_error.h"
@@ -19,7 +21,10 @@ Control::Control(Form& form, ControlKind kind, std::string_view name, int index)
 }
 
 Control::~Control() {
-    if (kind_ != ControlKind::Form) std::erase(form_.controls_, this);
+    if (kind_ == ControlKind::Form) return;
+    // The youngest goes first as a rule.
+    auto& controls = form_.controls_;
+    controls.erase(std::prev(std::find(controls.rbegin(), controls.rend(), this).base()));
 }
 
 void Control::Changed(PropertyId id) {

@@ -239,6 +239,8 @@ public:
     bool MultiLine = false;
     // All characters have the same width, for columns of numbers. Set before it is shown.
     bool FixedPitch = false;
+    // Takes numbers and their signs: a keyboard on the screen shows these. Set before it is shown.
+    bool Numeric = false;
     // Has the colour of buttons and can be copied from; the user's hands change nothing. Set before it is shown.
     bool ReadOnly = false;
     // The edits by hand since the program has set the text last; kept by the editing alone.

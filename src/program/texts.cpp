@@ -3,6 +3,7 @@
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 #include "program/explanations.h"
+#include "program/page_texts.h"
 
 namespace kvt {
 
@@ -240,6 +241,7 @@ Texts::Texts()
       FoundTexts(3, foundDefaults),
       NoticeTexts(31, noticeDefaults),
       ExplanationTexts(ExplanationPartCount * FindingCount, ExplanationDefaults()),
+      PageTexts(static_cast<int>(PageTextNames().size()), PageTextDefaults()),
       DrawViewTexts(8, drawViewDefaults) {}
 
 std::string FileMessage(const Texts& texts, std::string_view name, ErrorText end) {

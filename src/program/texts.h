@@ -268,6 +268,8 @@ struct Texts {
     TextsOf<NoticeText> NoticeTexts;
     // Three for each finding: see explanations.h.
     TextsOf<int> ExplanationTexts;
+    // Those of the browser page itself: see page_texts.h.
+    TextsOf<int> PageTexts;
     std::string ErrorHeaderText = "Error in line";
     std::string EntryCaption = "Parameters";
     // The entries of the draw window's View menu, by their order.

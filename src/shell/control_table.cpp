@@ -1,5 +1,7 @@
 #include "shell/control_table.h"
 
+#include <algorithm>
+
 #include "basic/failure.h"
 
 namespace kvt {
@@ -20,7 +22,9 @@ int Length::In(int width, int height) const {
     return std::clamp(base / 100 * Percent + base % 100 * Percent / 100 + Twips, Least, Most);
 }
 
-ControlTable::ControlTable(Form& form) : form_(form) {
+ControlTable::ControlTable(Form& form) : form_(form), byName_(form.Controls()) {
+    std::ranges::sort(byName_, {},
+                      [](const Control* c) { return std::pair(std::string_view(c->Name()), c->Index()); });
     for (const ControlRow& row : ControlRows()) Add(row, {});
     for (const std::string_view side : {"TX", "RX"}) {
         for (const ControlRow& row : PortSideRows()) Add(row, side);
@@ -28,18 +32,17 @@ ControlTable::ControlTable(Form& form) : form_(form) {
     for (const ControlRow& row : TransferRows()) Add(row, {});
 }
 
+std::span<Control* const> ControlTable::Named(std::string_view name) const {
+    const auto found = std::ranges::equal_range(byName_, name, {},
+                                                [](const Control* c) { return std::string_view(c->Name()); });
+    if (found.empty()) throw Failure("No control " + std::string(name));
+    return {found.begin(), found.end()};
+}
+
 void ControlTable::Add(const ControlRow& row, std::string_view side) {
-    const std::string name = NameOf(row.Name, side);
     const std::string containerName = NameOf(row.Container, side);
-    Control* const container = containerName.empty() ? nullptr : form_.FindControl(containerName);
-    if (!containerName.empty() && !container) throw Failure("No control " + containerName);
-    if (Control* const single = form_.FindControl(name)) return AddOne(*single, row, container);
-    int index = 0;
-    while (Control* const element = form_.FindControl(name, index)) {
-        AddOne(*element, row, container);
-        ++index;
-    }
-    if (index == 0) throw Failure("No control " + name);
+    Control* const container = containerName.empty() ? nullptr : Named(containerName).front();
+    for (Control* const control : Named(NameOf(row.Name, side))) AddOne(*control, row, container);
 }
 
 void ControlTable::AddOne(Control& control, const ControlRow& row, Control* container) {

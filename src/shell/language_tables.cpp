@@ -325,6 +325,7 @@ constexpr TableSection tableSections[] = {
     {"Entry Line", [](Texts& texts) -> TextTable& { return texts.EntryTexts; }},
     {"Notices", [](Texts& texts) -> TextTable& { return texts.NoticeTexts; }},
     {"Explanations", [](Texts& texts) -> TextTable& { return texts.ExplanationTexts; }},
+    {"Browser Page", [](Texts& texts) -> TextTable& { return texts.PageTexts; }},
     // The entries of the View menu are looked up by their order too, when the draw window comes to the front.
     {"DRAW Menu View", [](Texts& texts) -> TextTable& { return texts.DrawViewTexts; }},
 };

@@ -65,6 +65,13 @@ void RecentFiles::Use(const std::string& path) {
     Show();
 }
 
+void RecentFiles::LeaveOut(const std::function<bool(const std::string& path)>& isGone) {
+    for (Program& program : programs_) {
+        if (!program.Path.empty() && isGone(program.Path)) program = {};
+    }
+    Show();
+}
+
 void RecentFiles::mnuRecentFile_Click(std::size_t place) {
     const std::string path = programs_[place].Path;
     if (parts_.Platform.Files.Exists(path)) return Open(path);
@@ -83,9 +90,10 @@ void RecentFiles::Show() {
     for (const Program& program : programs_) {
         if (program.Path.empty()) break;
         // The number chooses the entry.
+        const std::string folder = ShownFolder(program.Path);
         captions.push_back(PlainNumber(static_cast<std::int64_t>(captions.size() + 1)) + "  " +
-                           std::string(ExtractFileName(program.Path)) + "  (" + program.Machine + ")  " +
-                           ShownFolder(program.Path));
+                           std::string(ExtractFileName(program.Path)) + "  (" + program.Machine + ")" +
+                           (folder.empty() ? folder : "  " + folder));
     }
     entries_.Show(captions);
     parts_.Main.mnuRecent.Enabled = !captions.empty();

@@ -33,6 +33,8 @@ public:
     void BindKeys(SettingsFile& keys);
     // A program of the machine in force has been opened or saved: it comes first.
     void Use(const std::string& path);
+    // Leaves out those that can no longer be had.
+    void LeaveOut(const std::function<bool(const std::string& path)>& isGone);
 
 private:
     struct Program {

@@ -51,7 +51,7 @@ void SampleMenu::AddGroup(MachineModel machine, const std::vector<std::string>& 
 
 void SampleMenu::mnuSample_Click(const std::string& name) {
     LoadAs as;
-    as.Name = parts_.Platform.System.DocumentsFolder() + "/" + name;
+    as.Name = PathIn(parts_.Platform.System.DocumentsFolder(), name);
     as.FromSource = true;
     std::string path = folder_ + name;
     const LoadResult result = parts_.Reader.LoadFile(path, as);

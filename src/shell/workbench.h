@@ -152,7 +152,11 @@ private:
     SettingsReset reset_;
     DrawSettings drawSettings_;
     Recovery recovery_;
-    RecentFiles recent_;
+
+public:
+    RecentFiles Recent;
+
+private:
     SampleMenu samples_;
     FindingGuide findings_;
     GreyReasons greys_;

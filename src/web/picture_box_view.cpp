@@ -16,6 +16,9 @@ namespace {
 
 constexpr int largestKept = 2048;  // points of the picture that takes the place of a full list
 
+// A place or a turn of the wheel that no mouse tells would be counted with ever after.
+double Held(double value) { return std::clamp(value, -1e6, 1e6); }
+
 std::vector<float> NumbersOf(std::span<const DrawOperation> operations) {
     std::vector<float> numbers;
     numbers.reserve(operations.size() * OperationNumbers);
@@ -108,15 +111,15 @@ void WebPictureBoxView::TakeMouse(const PageEvent& event) {
     const std::string_view what = event.Raw("what");
     const int button = event.Number("button");
     const int held = event.Number("held");
-    const auto x = static_cast<float>(event.Real("x"));
-    const auto y = static_cast<float>(event.Real("y"));
+    const auto x = static_cast<float>(Held(event.Real("x")));
+    const auto y = static_cast<float>(Held(event.Real("y")));
     if (what == "move") {
         if (box_.OnMouseMove)
             Web.System.Run(box_, "MouseMove", [&] { box_.OnMouseMove(button, held, x, y); });
         return;
     }
     if (what == "wheel") {
-        const WheelTurn turn{held, event.Real("notches"), event.Flag("sideways"), x, y};
+        const WheelTurn turn{held, Held(event.Real("notches")), event.Flag("sideways"), x, y};
         if (box_.OnMouseWheel) Web.System.Run(box_, "MouseWheel", [&] { box_.OnMouseWheel(turn); });
         return;
     }

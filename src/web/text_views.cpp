@@ -4,6 +4,7 @@
 
 #include "basic/line_end.h"
 #include "platform/text_editing.h"
+#include "web/web_clipboard.h"
 #include "web/web_page.h"
 #include "web/web_system.h"
 
@@ -41,6 +42,7 @@ void WebTextBoxView::Describe(Message& message) const {
     message.Add("multiLine", box_.MultiLine)
         .Add("fixedPitch", box_.FixedPitch)
         .Add("readOnly", box_.ReadOnly)
+        .Add("numeric", box_.Numeric)
         .Add("longest", box_.MultiLine ? 0 : static_cast<int>(LongestLine));
 }
 
@@ -116,7 +118,7 @@ void WebTextBoxView::Act(const PageEvent& event) {
 }
 
 void WebTextBoxView::TakeText(const PageEvent& event) {
-    std::string text = event.Code("text");
+    std::string text = KnownCharactersOf(event.Raw("text"));
     if (text.size() > LargestText) return Mark(PropertyId::Text);
     if (box_.MultiLine) {
         text = WithOwnLineEnds(text);

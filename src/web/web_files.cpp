@@ -12,13 +12,15 @@ namespace kvt {
 namespace {
 
 constexpr std::string_view dataFolder = "/data";
-constexpr std::string_view userFolder = "/files";
 
 std::string Normal(std::string_view path) {
     std::string normal(path);
     std::replace(normal.begin(), normal.end(), '\\', '/');
     return normal;
 }
+
+// The user's files lie nowhere: a browser tells no folder.
+bool IsUsers(std::string_view path) { return path.find('/') == std::string_view::npos; }
 
 bool LiesIn(std::string_view path, std::string_view folder) {
     return path.substr(0, folder.size()) == folder &&
@@ -27,9 +29,7 @@ bool LiesIn(std::string_view path, std::string_view folder) {
 
 }  // namespace
 
-std::string WebFiles::PathOf(std::string_view name) {
-    return std::string(userFolder) + "/" + std::string(ExtractFileName(Normal(name)));
-}
+std::string WebFiles::PathOf(std::string_view name) { return std::string(ExtractFileName(Normal(name))); }
 
 void WebFiles::Put(std::string_view path, std::optional<std::string> content) {
     files_[Normal(path)] = {std::move(content), std::nullopt};
@@ -49,6 +49,8 @@ void WebFiles::SetWritten(std::string_view path, std::string_view seconds) {
     std::tm local = {};
     if (localtime_r(&time, &local)) found->second.Written = local;
 }
+
+bool WebFiles::Knows(std::string_view path) const { return files_.contains(Normal(path)); }
 
 // A folder is there with what is in it, a file that the page keeps back when it gives it: its user may have to agree.
 bool WebFiles::Exists(std::string_view path) {
@@ -83,7 +85,7 @@ std::string WebFiles::ReadWhole(std::string_view path) {
 // Has the page keep a content, or forget it; error 75 where it does not.
 void WebFiles::Keep(const std::string& path, const std::string* content) {
     if (LiesIn(path, dataFolder) && !stores_) return;
-    const bool users = LiesIn(path, userFolder);
+    const bool users = IsUsers(path);
     if (!users && !LiesIn(path, dataFolder)) throw RunTimeError(fault::PathFileAccess);
     Message message(users ? "saveFile" : "store");
     message.Shown("path", path).Name("content");
@@ -110,7 +112,7 @@ void WebFiles::Append(std::string_view path, std::string_view content) {
 
 bool WebFiles::CanWrite(std::string_view folder) {
     const std::string normal = Normal(folder);
-    return LiesIn(normal, dataFolder) || LiesIn(normal, userFolder);
+    return LiesIn(normal, dataFolder) || IsUsers(normal);
 }
 
 void WebFiles::Delete(std::string_view path) {
@@ -126,7 +128,7 @@ void WebFiles::MakeFolder(std::string_view path) {
 
 std::vector<std::string> WebFiles::List(std::string_view folder, std::string_view pattern) {
     std::string normal = Normal(folder);
-    if (normal.empty() || normal.back() != '/') normal += '/';
+    if (!normal.empty() && normal.back() != '/') normal += '/';
     const std::string ending = UpperCase(pattern.substr(pattern.find('*') + 1));
     std::vector<std::string> names;
     for (auto file = files_.lower_bound(normal); file != files_.end() && file->first.starts_with(normal);

@@ -9,8 +9,8 @@
 namespace kvt {
 
 // The files of the page. They are kept here, by their paths; the page has those of "/data" in the browser's storage,
-// writes those of "/files" back to where the user opened or saved them, and brings those of "/share", which stay as
-// they are.
+// writes those without a folder back to where the user opened or saved them, and brings those of "/share", which stay
+// as they are.
 class WebFiles : public FileService {
 public:
     explicit WebFiles(WebSystem& system) : system_(system) {}
@@ -27,13 +27,15 @@ public:
 
     // A file that the page has; without a content it is asked for it when it is read.
     void Put(std::string_view path, std::optional<std::string> content);
+    // Whether it is there, or may be when it is asked for.
+    bool Knows(std::string_view path) const;
     // One that the page never hears of: it goes with the program.
     void PutAside(std::string_view path, std::string_view content);
     // When a file that is there was written, in seconds since 1970 as digits; another text tells nothing.
     void SetWritten(std::string_view path, std::string_view seconds);
     // Whether the browser's storage takes what is written; it is kept here all the same.
     void SetStorage(bool stores) { stores_ = stores; }
-    // Where a file of the user's stands, by the name that he knows it by.
+    // The path of a file of the user's: the name that he knows it by, wherever it says it lies.
     static std::string PathOf(std::string_view name);
 
 private:

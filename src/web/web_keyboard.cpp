@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "basic/code_page.h"
 #include "platform/keys.h"
 #include "platform/list_view.h"
 #include "web/web_view.h"
@@ -14,10 +13,9 @@ namespace {
 // Numbers by which keyboards tell their signs apart, by the place of the key; here a sign has the number of its own.
 constexpr int firstSignByPlace = 186;
 
-// The characters of a text; those that the code page lacks are left out.
+// What is typed: characters, and no keys that control anything.
 std::string CharactersOf(std::string_view utf8) {
-    std::string characters = FromUtf8(utf8);
-    if (utf8.find('?') == std::string_view::npos) std::erase(characters, '?');
+    std::string characters = KnownCharactersOf(utf8);
     std::erase_if(characters, [](char one) { return static_cast<unsigned char>(one) < key::Space; });
     return characters;
 }
@@ -94,7 +92,7 @@ void WebKeyboard::Type(Form& form, std::string_view text) {
 }
 
 void WebKeyboard::TakePaste(Form& form, const PageEvent& event) {
-    clipboard_.Hold(event.Code("text"));
+    clipboard_.Hold(event.Raw("text"));
     Press(form, PressOf(KeyStroke{'V', key::CtrlHeld}));
     clipboard_.LetGo();
 }

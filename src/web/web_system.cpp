@@ -70,7 +70,12 @@ void WebSystem::RunDeferred() {
     }
 }
 
-void WebSystem::UseLanguage(std::string_view code) { page_.Send(Message("language").Text("code", code)); }
+void WebSystem::UseLanguage(std::string_view code) {
+    Message message("language");
+    message.Text("code", code);
+    if (AddTexts) AddTexts(message);
+    page_.Send(message);
+}
 
 void WebSystem::ShowPopupMenu(Menu& menu) {
     if (const WebView* const view = WebView::Of(menu)) page_.Send(Message("popup").Add("id", view->Number()));

@@ -28,7 +28,7 @@ public:
     bool WaitUntil(const std::function<double()>& left) override;
     std::tm Now() override { return LocalNow(); }
     std::string LocalDataFolder() override { return "/data"; }
-    std::string DocumentsFolder() override { return "/files"; }
+    std::string DocumentsFolder() override { return {}; }
     void PressKey(int key) override;
     void Later(std::function<void()> call) override;
     void Beep() override { page_.Send(Message("beep")); }
@@ -74,6 +74,8 @@ public:
     void Watch(WebClock& clock) { clocks_.push_back(&clock); }
     void Forget(WebClock& clock) { std::erase(clocks_, &clock); }
 
+    // Adds the page's own texts to what it is told of a language.
+    std::function<void(Message& message)> AddTexts;
     // Who takes what the page tells, and a key that a handler has pressed.
     std::function<void(const PageEvent& event)> OnEvent;
     std::function<void(int key)> OnKey;

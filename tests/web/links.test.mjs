@@ -20,6 +20,10 @@ test('a link brings a sample, or a text, and its name is no markup', async () =>
     await other.until(() => window.told.named('frmMain').p.Caption.includes('img src'));
     assert.equal(await other.evaluate(() => document.querySelectorAll('img[src=x]').length), 0);
     await other.close();
+    // A name that is too long is cut, and not within a character.
+    const long = await Workbench.open(here, { at: `#program=${packed(sample('mk2_knob.cnc'))}&name=${'a'.repeat(79)}%F0%9F%94%A9.cnc` });
+    await long.until(() => window.told.named('frmMain').p.Caption.includes('aaa'));
+    await long.close();
 });
 
 test('a link that comes while work is unsaved asks first', async () => {
@@ -36,7 +40,7 @@ test('a link that comes while work is unsaved asks first', async () => {
 });
 
 test('what is no program is told, and nothing is lost', async () => {
-    for (const at of ['#program=!!!', '#file=../../etc/passwd', '#program=' + packed('x'.repeat(3_000_000)), '#file=samples/none.cnc']) {
+    for (const at of ['#program=!!!', '#file=../../etc/passwd', '#program=' + packed(sample('mk4_bolt.cnc') + '\r\n'.repeat(2_000_000)), '#file=samples/none.cnc']) {
         const bench = await Workbench.open(here, { at });
         await bench.settled(200);
         while (await bench.box()) await bench.answer(0);

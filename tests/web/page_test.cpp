@@ -157,7 +157,7 @@ TEST(WebPage, APageThatGoesHasItsSettingsAndTheFileOfLastTime) {
     page.Open("last.cnc", FileText("F1", {{"92", "  2000", "", "   500", "", "Last"}, {"M30"}}));
     page.Page.Say(R"({"on":"unload"})");
     page.Serve();
-    std::string stored = "\"/files/last.cnc\":null";
+    std::string stored = "\"last.cnc\":null";
     for (const auto& [path, content] : page.Page.Stored) stored += "," + JsonOf(path) + ":" + JsonOf(content);
     for (const bool granted : {true, false}) {
         WebPageFixture again;
@@ -168,7 +168,15 @@ TEST(WebPage, APageThatGoesHasItsSettingsAndTheFileOfLastTime) {
         again.Start();
         EXPECT_EQ(again.Session->Workbench.Store.LineCount(), granted ? 2 : 0);
         EXPECT_TRUE(again.Page.SentOf("message").empty());
+        EXPECT_EQ(again.Page.Shown("mnuRecentFile(0)", "Caption"), "1  last.cnc  (F1)");
     }
+    // A browser that keeps no files.
+    stored.replace(0, stored.find(',') + 1, "");
+    WebPageFixture without;
+    without.Page.SayHello("\"stored\":{" + stored + "}");
+    without.Start();
+    EXPECT_EQ(without.Page.Shown("mnuRecent", "Enabled"), "false");
+    EXPECT_TRUE(without.Page.SentOf("message").empty());
 }
 
 TEST(WebPage, WhatAnAddressBringsAsksForUnsavedWorkAndNamesNoPath) {
@@ -181,7 +189,7 @@ TEST(WebPage, WhatAnAddressBringsAsksForUnsavedWorkAndNamesNoPath) {
                   "}");
     page.Serve();
     EXPECT_EQ(page.Page.SentOf("message").size(), 1U);
-    EXPECT_NE(page.Page.Stored["/files/mine.cnc"].find("Up"), std::string::npos);
+    EXPECT_NE(page.Page.Stored["mine.cnc"].find("Up"), std::string::npos);
     EXPECT_EQ(page.Page.Shown("frmMain", "Caption"), "Kestrel Vise Toolkit - a<b>.cnc");
 }
 

@@ -1,5 +1,5 @@
 // Takes pictures of the page into docs/pictures/page/, or into another folder.
-// Usage: node tests/web/pictures.mjs [FOLDER]   (after tools/test_web.sh has built the page and installed the driver)
+// Usage: node tests/web/pictures.mjs [FOLDER [NAME...]]   (after tools/test_web.sh has built the page and installed the driver)
 import * as fs from 'node:fs';
 import { pathToFileURL } from 'node:url';
 
@@ -7,10 +7,12 @@ import { serve } from './support/site.mjs';
 import { pageFolder } from './support/setting.mjs';
 import { launch, root, Workbench } from './support/workbench.mjs';
 
-const folder = process.argv[2] ?? `${root}/docs/pictures/page`;
+const [given, ...only] = process.argv.slice(2);
+const folder = given ?? `${root}/docs/pictures/page`;
 const laptop = { width: 1366, height: 768 };
 const screen = { width: 1920, height: 1080 };
-const phone = { width: 390, height: 844, deviceScaleFactor: 2 };
+const phone = { width: 390, height: 844, deviceScaleFactor: 2, isMobile: true, hasTouch: true };
+const lyingPhone = { ...phone, width: 844, height: 390 };
 
 const german = (bench) => bench.evaluate(() => {
     const entry = [...window.told.controls.values()].find((one) => one.kind === 'Menu' && one.p.Caption === 'Deutsch');
@@ -67,6 +69,34 @@ const pictures = {
             await bench.choose('mnuDraw');
         },
     },
+    '390x844_german_typing': {
+        size: phone,
+        async does(bench) {
+            await german(bench);
+            await bench.type('00\r4000\r');
+        },
+    },
+    '390x844_menu': {
+        size: phone,
+        async does(bench) {
+            const menu = await bench.element('mnuSettings');
+            await menu.tap();
+        },
+    },
+    '844x390_f1_lid': { size: lyingPhone, does: (bench) => open(bench, 'f1_lid.cnc') },
+    '844x390_draw_mk4_bolt': {
+        size: lyingPhone,
+        async does(bench) {
+            await open(bench, 'mk4_bolt.cnc');
+            await bench.choose('mnuDraw');
+        },
+    },
+    '1366x768_font_200': {
+        async does(bench) {
+            await bench.evaluate(() => (document.documentElement.style.fontSize = '200%'));
+            await open(bench, 'mk4_bolt.cnc');
+        },
+    },
     'without_network': {
         async does(bench) {
             await bench.evaluate(() => navigator.serviceWorker.ready.then(() => true));
@@ -83,6 +113,7 @@ const site = await serve(pageFolder);
 const chromium = await launch();
 fs.mkdirSync(folder, { recursive: true });
 for (const [name, { size = laptop, dark = false, address = site.address, does }] of Object.entries(pictures)) {
+    if (only.length > 0 && !only.includes(name)) continue;
     const bench = await Workbench.open({ browser: chromium.browser, site }, { size, address });
     await bench.page.emulateMediaFeatures([{ name: 'prefers-color-scheme', value: dark ? 'dark' : 'light' }]);
     await does(bench);

@@ -2,6 +2,7 @@
 
 #include "basic/run_time_error.h"
 #include "files/folders.h"
+#include "program/page_texts.h"
 #include "support/web_page.h"
 #include "support/workbench_fixture.h"
 
@@ -70,18 +71,18 @@ TEST(WebFiles, AProgramIsOpenedChangedAndSavedBack) {
     page.Do("menu", "mnuSave");
     EXPECT_TRUE(page.Session->Workbench.Store.Unsaved());
     page.Do("menu", "mnuSave");
-    EXPECT_EQ(page.Page.Stored["/files/part.cnc"], "Note\r\n" + program);
+    EXPECT_EQ(page.Page.Stored["part.cnc"], "Note\r\n" + program);
     EXPECT_FALSE(page.Session->Workbench.Store.Unsaved());
     // One that is dropped; a name is a name, wherever it says it lies.
     page.Page.Say(R"({"on":"drop","name":"../../data/x.cnc","content":)" + JsonOf(program) + "}");
     page.Serve();
     EXPECT_EQ(page.Page.Shown("frmMain", "Caption"), "Kestrel Vise Toolkit - x.cnc");
-    EXPECT_EQ(page.Session->Platform.Files.ReadWhole("/files/x.cnc"), program);
+    EXPECT_EQ(page.Session->Platform.Files.ReadWhole("x.cnc"), program);
 }
 
 TEST(WebFiles, WhatThePageHasKeptIsThereAgainAndReadWhenItIsNeeded) {
     WebPageFixture page;
-    page.Page.SayHello(R"("stored":{"/data/a":"é","/files/b.cnc":null},"share":{"/share/c":"C"},
+    page.Page.SayHello(R"("stored":{"/data/a":"é","b.cnc":null},"share":{"/share/c":"C"},
         "times":{"/data/a":"86400","/share/c":"1x","/data/other":"1"})");
     page.Start();
     WebFiles& files = page.Session->Platform.Files;
@@ -91,11 +92,11 @@ TEST(WebFiles, WhatThePageHasKeptIsThereAgainAndReadWhenItIsNeeded) {
     EXPECT_EQ(files.ReadWhole("/share/c"), "C");
     // What its user does not agree to now may be had later.
     page.Page.Answers.emplace("read", R"("missing":true)");
-    EXPECT_FALSE(files.Exists("/files/b.cnc"));
+    EXPECT_FALSE(files.Exists("b.cnc"));
     page.Page.Answers.emplace("read", R"("missing":true)");
-    EXPECT_EQ(ErrorOf([&] { files.ReadWhole("/files/b.cnc"); }), fault::FileNotFound);
+    EXPECT_EQ(ErrorOf([&] { files.ReadWhole("b.cnc"); }), fault::FileNotFound);
     page.Page.Answers.emplace("read", R"("content":"B")");
-    EXPECT_EQ(files.ReadWhole("/files/b.cnc"), "B");
+    EXPECT_EQ(files.ReadWhole("b.cnc"), "B");
 }
 
 // What an address of the page brings has a name and no file, so that no save goes over one; another's unsaved program is
@@ -106,7 +107,7 @@ TEST(WebFiles, AnAddressBringsAProgramAndTakesOne) {
     page.Page.SayHello(R"("name":"a.cnc","content":)" + JsonOf(program) +
                        R"(,"share":{"/share/samples/b.cnc":)" + JsonOf(program) + "}");
     page.Start();
-    EXPECT_EQ(page.Page.Shown("lblPath", "Caption"), "/files/a.cnc");
+    EXPECT_EQ(page.Page.Shown("lblPath", "Caption"), "a.cnc");
     page.Page.Say(R"({"on":"link"})");
     page.Serve();
     const PageEvent link(page.Page.SentOf("link").at(0));
@@ -119,7 +120,7 @@ TEST(WebFiles, AnAddressBringsAProgramAndTakesOne) {
     page.Page.Say(R"({"on":"brought","name":"b.cnc","file":"/share/samples/b.cnc"})");
     page.Serve();
     EXPECT_EQ(page.Page.SentOf("message").size(), 1U);
-    EXPECT_EQ(page.Page.Shown("lblPath", "Caption"), "/files/b.cnc");
+    EXPECT_EQ(page.Page.Shown("lblPath", "Caption"), "b.cnc");
     page.Do("edit", "txtFileNotes", R"("text":"Note")");
     page.Advance(1000);
     page.Do("menu", "mnuSave");
@@ -209,6 +210,28 @@ TEST(WebPrinter, ProgramAndDrawingAreA4Pages) {
     EXPECT_NE(page.Page.SentOf("print")[1].find("viewBox"), std::string::npos);
 }
 
+// In whatever language, from the start on and without what a language lacks.
+TEST(WebLanguages, ThePageIsToldItsOwnTexts) {
+    WebPageFixture page;
+    page.Page.SayHello(
+        R"("share":{"/share/languages/Mine.txt":"[Kestrel Vise Toolkit, Language Resource]\r\n)"
+        R"([System Variables]\r\nLanguage Name=Mine\r\nLanguage Code=pt_BR\r\n)"
+        R"([Browser Page]\r\n1=Ol\u00e1\r\n2=\r\n"})");
+    page.Start();
+    const auto told = [&page] {
+        const PageEvent event(page.Page.SentOf("language").back());
+        std::map<std::string, std::string> texts;
+        event.EachFile("texts", [&texts](const std::string& name, const std::string* text) {
+            texts[name] = text ? *text : "";
+        });
+        EXPECT_EQ(texts.size(), PageTextNames().size());
+        return std::string(event.Raw("code")) + " " + texts["ok"] + " " + texts["yes"];
+    };
+    EXPECT_EQ(told(), " OK Yes");
+    page.Do("menu", "mnuLanguages(1)");
+    EXPECT_EQ(told(), "pt_BR Ol\xE1 Yes");
+}
+
 TEST(WebPrograms, IsoCodeIsConvertedByACallAndLeavesNoFiles) {
     WebPageFixture page;
     page.Start();
@@ -220,7 +243,7 @@ TEST(WebPrograms, IsoCodeIsConvertedByACallAndLeavesNoFiles) {
     page.Do("menu", "mnuPP(0)");
     EXPECT_GT(page.Session->Workbench.Store.LineCount(), 2);
     EXPECT_TRUE(page.Session->Workbench.Store.ProgramChanged);
-    EXPECT_EQ(page.Session->Platform.Files.List("/files", "*").size(), 1U);
+    EXPECT_EQ(page.Session->Platform.Files.List("", "*").size(), 1U);
     EXPECT_TRUE(page.Page.SentOf("saveFile").empty());
     // What it does not know it refuses, and tells where.
     const int lines = page.Session->Workbench.Store.LineCount();

@@ -8,10 +8,21 @@ import { notice } from './notices.js';
 import { make } from './views/view.js';
 
 const longest = 8192;
+const longestProgram = 1024 * 1024; // bytes: a short address can be packed from any number of them
 
+// The bytes behind a stream; what is too long is given up before it is there.
 async function throughStream(bytes, stream) {
-    const result = new Response(new Blob([bytes]).stream().pipeThrough(stream));
-    return new Uint8Array(await result.arrayBuffer());
+    const parts = [];
+    let size = 0;
+    const reader = new Blob([bytes]).stream().pipeThrough(stream).getReader();
+    for (let part = await reader.read(); !part.done; part = await reader.read()) {
+        size += part.value.length;
+        parts.push(part.value);
+        if (size <= longestProgram) continue;
+        await reader.cancel();
+        throw new Error('too long');
+    }
+    return new Uint8Array(await new Blob(parts).arrayBuffer());
 }
 
 const base64 = (bytes) => btoa(textOf(bytes)).replace(/\+/g, '-').replace(/\//g, '_').replace(/=+$/, '');
@@ -33,7 +44,8 @@ export async function broughtBy(hash, share) {
     }
     const packed = parts.get('program');
     if (!packed) return null;
-    const name = (parts.get('name') ?? '').replace(/[\\/:*?"<>|\u0000-\u001f]/g, '').slice(0, 80) || 'link.cnc';
+    const plain = (parts.get('name') ?? '').replace(/[\\/:*?"<>|\u0000-\u001f\u202a-\u202e\u2066-\u2069]/g, '');
+    const name = [...plain].slice(0, 80).join('') || 'link.cnc';
     try {
         if (packed.length > longest * 2) throw new Error('too long');
         const stream = new DecompressionStream('deflate-raw');
@@ -46,10 +58,10 @@ export async function broughtBy(hash, share) {
 
 // The program has given its text: the link to it goes into the clipboard.
 export async function copyLink(stage, { name, content }) {
-    if (!content) return notice(stage, stage.text('linkEmpty'));
-    const link = await linkTo(name || 'program.cnc', content);
-    if (link.length > longest) return notice(stage, stage.text('linkTooLong'));
-    if (await write(link)) return notice(stage, stage.text('linkCopied'));
+    if (!content) return notice(stage, 'linkEmpty');
+    const link = content.length <= longestProgram ? await linkTo(name || 'program.cnc', content) : '';
+    if (link === '' || link.length > longest) return notice(stage, 'linkTooLong');
+    if (await write(link)) return notice(stage, 'linkCopied');
     return ask(stage, {
         title: stage.text('copyLink'),
         cancel: null,

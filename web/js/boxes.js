@@ -21,7 +21,9 @@ export function ask(stage, { title, className = '', cancel, fill }) {
         heading.id = 'heading';
         box.setAttribute('aria-labelledby', 'heading');
         const content = make('div', 'content', box);
+        let answered = false;
         const close = (value) => {
+            answered = true;
             box.close();
             box.remove();
             stage.restoreFocus();
@@ -35,18 +37,32 @@ export function ask(stage, { title, className = '', cancel, fill }) {
             button.autofocus = usual;
             button.addEventListener('click', () => close(typeof value === 'function' ? value() : value));
         }
-        box.addEventListener('cancel', (event) => {
+        const leave = (event) => {
             event.preventDefault();
             if (cancel !== undefined) close(cancel);
+        };
+        box.addEventListener('cancel', leave);
+        // A browser closes a box that is left again and again, whatever was prevented.
+        box.addEventListener('close', () => {
+            if (answered) return;
+            if (cancel !== undefined) close(cancel);
+            else box.showModal();
         });
-        box.addEventListener('keydown', (event) => {
-            // Yes, No and their like by their first letter.
-            const letter = event.key.length === 1 && !event.target.matches('input, select') ? event.key.toUpperCase() : '';
-            if (!letter || event.ctrlKey || event.altKey) return;
-            [...row.children].find((one) => one.textContent[0].toUpperCase() === letter)?.click();
-        });
+        box.addEventListener('keydown', (event) => (event.key === 'Escape' ? leave(event) : boxKey(event, row)));
         box.showModal();
     });
+}
+
+// A key in a box: the buttons have the arrows, and Yes, No and their like their first letters. A key that is still held
+// from before the box came up presses none of them.
+function boxKey(event, row) {
+    const { key, target } = event;
+    if (event.repeat && (key === 'Enter' || key === ' ') && row.contains(target)) return event.preventDefault();
+    if (event.ctrlKey || event.altKey || target.matches('input, select')) return undefined;
+    const step = { ArrowLeft: -1, ArrowRight: 1 }[key];
+    if (step) return row.children[[...row.children].indexOf(target) + step]?.focus();
+    if (key.length !== 1) return undefined;
+    return [...row.children].find((one) => one.textContent[0].toUpperCase() === key.toUpperCase())?.click();
 }
 
 // A question of Yes and No is answered by these alone: neither Escape nor closing the box stands for one.

@@ -6,10 +6,10 @@ import { notice } from './notices.js';
 import { handles } from './storage.js';
 import { make } from './views/view.js';
 
-const folder = '/files/';
 const chunk = 0x8000;
 const largest = 64 * 1024 * 1024;
 const open = new Map(); // handles by name
+let withdrawOffer = () => {};
 
 export function textOf(bytes) {
     const parts = [];
@@ -41,22 +41,39 @@ function typesOf(filter) {
     return types;
 }
 
-async function remember(handle) {
-    open.set(handle.name, handle);
-    await handles.put(handle.name, handle);
+const handleOf = async (name) => open.get(name) ?? handles.get(name);
+
+// What the program knows a file by: its name, with a number where another file of the name is there already, which must
+// not be written in its place. fits(handle) tells whether the one that has a name will do.
+async function nameFor(name, fits) {
+    const point = name.lastIndexOf('.') > 0 ? name.lastIndexOf('.') : name.length;
+    for (let count = 1; ; ++count) {
+        const one = count > 1 ? `${name.slice(0, point)} (${count})${name.slice(point)}` : name;
+        const known = await handleOf(one);
+        if (!known || (await fits(known))) return one;
+    }
 }
 
-// One that came without a handle: another file of its name must not be written in its place.
-async function forget(name) {
-    open.delete(name);
-    await handles.remove(name);
+// Gives the file's name for the program.
+async function remember(handle) {
+    withdrawOffer();
+    const name = await nameFor(handle.name, (known) => known.isSameEntry(handle).catch(() => false));
+    open.set(name, handle);
+    await handles.put(name, handle);
+    return name;
+}
+function withoutHandle({ name }) {
+    withdrawOffer();
+    return nameFor(name, () => false);
 }
 
 // The names of the files that can be opened again.
 export const rememberedNames = () => handles.names();
 
+const isGranted = async (handle, mode) => ((await handle.queryPermission?.({ mode })) ?? 'granted') === 'granted';
+
 async function allowed(handle, mode) {
-    if ((await handle.queryPermission?.({ mode })) === 'granted') return true;
+    if (await isGranted(handle, mode)) return true;
     return (await handle.requestPermission?.({ mode })) === 'granted';
 }
 
@@ -71,12 +88,16 @@ function fromInput(filter) {
     });
 }
 
+// Gives the file and its name for the program.
 async function choose(filter) {
-    if (!window.showOpenFilePicker) return fromInput(filter);
+    if (!window.showOpenFilePicker) {
+        const file = await fromInput(filter);
+        return file && { file, name: await withoutHandle(file) };
+    }
     const types = typesOf(filter);
     const [handle] = await window.showOpenFilePicker(types.length > 0 ? { types } : {});
-    await remember(handle);
-    return handle.getFile();
+    const file = await handle.getFile();
+    return { file, name: await remember(handle) };
 }
 
 // A browser lets a page ask for files only in a click of its user: where there was none, a button asks for it.
@@ -98,11 +119,10 @@ async function inClick(stage, title, act) {
 export async function openFile(stage, { ask: number, filter }) {
     let answer = { cancelled: true };
     try {
-        const file = await inClick(stage, stage.text('chooseFile'), () => choose(filter));
-        if (file && !window.showOpenFilePicker) await forget(file.name);
-        if (file) answer = { name: file.name, content: await contentOf(file) };
+        const chosen = await inClick(stage, stage.text('chooseFile'), () => choose(filter));
+        if (chosen) answer = { name: chosen.name, content: await contentOf(chosen.file) };
     } catch (fault) {
-        if (fault.name !== 'AbortError') notice(stage, stage.text('unreadable'));
+        if (fault.name !== 'AbortError') notice(stage, 'unreadable');
     }
     stage.reply(number, answer);
 }
@@ -114,15 +134,15 @@ export async function saveFileAs(stage, { ask: number, filter, name }) {
             const types = typesOf(filter);
             const options = { suggestedName: name || undefined, ...(types.length > 0 ? { types } : {}) };
             const handle = await inClick(stage, stage.text('save'), () => window.showSaveFilePicker(options));
-            if (handle) await remember(handle);
-            chosen = handle?.name ?? null;
+            chosen = handle && { name: await remember(handle) };
         } else {
-            chosen = await askName(stage, filter, name);
+            const asked = await askName(stage, filter, name);
+            chosen = asked && { name: asked };
         }
     } catch {
         chosen = null;
     }
-    stage.reply(number, chosen ? { name: chosen } : { cancelled: true });
+    stage.reply(number, chosen ?? { cancelled: true });
 }
 
 function askName(stage, filter, name) {
@@ -155,10 +175,10 @@ function download(name, content) {
 
 // Writes into the file that was opened under that name; one without a handle is downloaded.
 export async function writeFile(stage, { ask: number, path, content }) {
-    const name = path.slice(folder.length);
+    const name = path;
     let ok = true;
     try {
-        const handle = open.get(name) ?? (await handles.get(name));
+        const handle = await handleOf(name);
         if (content === null) {
             open.delete(name);
             await handles.remove(name);
@@ -177,16 +197,31 @@ export async function writeFile(stage, { ask: number, path, content }) {
     stage.reply(number, { ok });
 }
 
-// A file of an earlier visit.
+// A file of an earlier visit. A browser asks its user for it in a click only; the start makes an offer of it instead.
 export async function readFile(stage, { ask: number, path }) {
+    const starting = document.body.classList.contains('starting');
+    let handle = null;
     try {
-        const handle = open.get(path.slice(folder.length)) ?? (await handles.get(path.slice(folder.length)));
-        if (!handle || !(await allowed(handle, 'read'))) throw new Error('refused');
-        open.set(handle.name, handle);
+        handle = await handleOf(path);
+        if (!handle) throw new Error('unknown');
+        if (starting && !(await isGranted(handle, 'read'))) throw new DOMException('later', 'NotAllowedError');
+        if (!(await allowed(handle, 'read'))) throw new Error('refused');
+        open.set(path, handle);
         stage.reply(number, { content: await contentOf(await handle.getFile()) });
-    } catch {
+    } catch (fault) {
+        if (starting && fault.name === 'NotAllowedError') offer(stage, handle);
         stage.reply(number, {});
     }
+}
+
+function offer(stage, handle) {
+    const act = async () => {
+        const file = (await allowed(handle, 'read').catch(() => false)) && (await handle.getFile().catch(() => null));
+        if (file) await bring(stage, file, handle, stage.front?.id ?? 0);
+        else notice(stage, 'unreadable');
+    };
+    withdrawOffer();
+    withdrawOffer = notice(stage, 'openAgain', { value: handle.name, stays: true, action: { name: 'open', act } });
 }
 
 // Files that are dropped on the page, and those that the system opens with it where it is installed.
@@ -210,9 +245,8 @@ export function followDrops(stage) {
 }
 
 async function bring(stage, file, handle, form) {
-    if (handle) await remember(handle);
-    else await forget(file.name);
+    const name = await (handle ? remember(handle) : withoutHandle(file));
     const content = await contentOf(file).catch(() => null);
-    if (content === null) notice(stage, stage.text('unreadable'));
-    else stage.link.send({ on: 'drop', form, name: file.name, content });
+    if (content === null) notice(stage, 'unreadable');
+    else stage.link.send({ on: 'drop', form, name, content });
 }

@@ -19,6 +19,19 @@ export function heldWith(event) {
     return (event.shiftKey ? shift : 0) | (event.ctrlKey || event.metaKey ? ctrl : 0) | (event.altKey ? alt : 0);
 }
 
+// Keys that edit a text, by the letter that Ctrl is held with.
+const edits = new Set([...'ACVXYZ'].map((letter) => letter.charCodeAt(0)));
+
+export const isEditing = ({ key, held }) => (held & ctrl) !== 0 && edits.has(key);
+
+// Whether the browser's own meaning of a key with Ctrl is not the program's to take: letters that only a menu could have
+// a use for, and those that make the page larger and smaller.
+export function isBrowsers({ key, held }) {
+    if (!(held & ctrl)) return false;
+    if (key >= 65 && key <= 90) return !edits.has(key);
+    return key === 48 || key === 96 || key === 107 || key === 109 || key === 187 || key === 189;
+}
+
 // The number of a character in the code page, 0 where it has none.
 export function characterNumber(character) {
     const code = character.charCodeAt(0);
@@ -30,13 +43,16 @@ export function characterNumber(character) {
 function keyNumber(event) {
     const { key, code } = event;
     if (named[key]) return named[key];
-    const functionKey = /^F([1-9]|1[0-2])$/.exec(key);
+    // F11 and F12 are the browser's.
+    const functionKey = /^F([1-9]|10)$/.exec(key);
     if (functionKey) return 111 + Number(functionKey[1]);
     if (code.startsWith('Numpad')) {
         if (/^[0-9]$/.test(key)) return 96 + Number(key);
         if (numericSigns[key]) return numericSigns[key];
     }
     if (/^[a-z0-9]$/i.test(key)) return key.toUpperCase().charCodeAt(0);
+    // Keyboards of other letters have those of the shortcuts at the same places.
+    if (heldWith(event) === ctrl && key > '\u007f' && /^Key[A-Z]$/.test(code)) return code.charCodeAt(3);
     return signs[key] ?? 0;
 }
 

@@ -5,6 +5,13 @@ import { ticks } from './clock.js';
 
 const mostHeld = 64; // keys that wait for their answer
 
+// As JSON. Half of a character, as a shortened text can end with, would make all of it unreadable.
+function jsonOf(event) {
+    const json = JSON.stringify(event);
+    if (!json.includes('\\ud')) return json;
+    return json.replace(/\\(?:ud[89a-f]..|.)/g, (escaped) => (escaped.length > 2 ? '\\ufffd' : escaped));
+}
+
 export class Link {
     #events = [];
     #take = null;
@@ -111,7 +118,7 @@ export class Link {
     }
 
     #give() {
-        if (this.#take && this.#events.length > 0) this.#deliver(JSON.stringify(this.#events.shift()));
+        if (this.#take && this.#events.length > 0) this.#deliver(jsonOf(this.#events.shift()));
     }
 
     #deliver(text) {

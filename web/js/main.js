@@ -9,16 +9,18 @@ import { MachinePanel } from './machine.js';
 import { notice } from './notices.js';
 import { print } from './print.js';
 import { startProgram } from './program.js';
-import { followFont, onFont, pixels, twips } from './scale.js';
+import { barHeight, followFont, onFont, pixels, twips } from './scale.js';
 import { Serial } from './serial.js';
 import { Stage } from './stage.js';
 import { keep, openStorage } from './storage.js';
 import { followTips } from './tip.js';
 import { addTools, tellSerial } from './tools.js';
+import { addTouchKeys } from './touch_keys.js';
 import { make } from './views/view.js';
 
-const barHeight = 360; // twips of menus and title
+const calm = 500; // milliseconds
 const bundleName = '../bundle.json';
+const lateFolder = '/share/Help/'; // what the program asks for when it needs it
 
 // Languages, help and samples, by their paths: a file beside the page, or within a page that is a single file.
 async function bundle() {
@@ -28,10 +30,12 @@ async function bundle() {
     return response.ok ? response.json() : {};
 }
 
+const keysHeight = () => document.querySelector('.touch-keys')?.offsetHeight ?? 0;
+
 function screenNow() {
     return {
-        width: Math.floor(twips(innerWidth)), height: Math.floor(twips(innerHeight)), edgeWidth: 0,
-        edgeHeight: barHeight, pointsPerTwip: pixels(1) * devicePixelRatio,
+        width: Math.floor(twips(innerWidth)), height: Math.floor(twips(innerHeight - keysHeight())), edgeWidth: 0,
+        edgeHeight: barHeight(), pointsPerTwip: pixels(1) * devicePixelRatio,
     };
 }
 
@@ -47,7 +51,7 @@ function follow(stage, share) {
     window.addEventListener('pagehide', () => stage.link.send({ on: 'unload' }));
     window.addEventListener('hashchange', async () => {
         const brought = await broughtBy(location.hash, share);
-        if (brought === 'unreadable') return notice(stage, stage.text('linkUnreadable'));
+        if (brought === 'unreadable') return notice(stage, 'linkUnreadable');
         if (brought) stage.link.send({ on: 'brought', ...brought });
     });
 }
@@ -58,7 +62,7 @@ function handlers(stage, { store, share, serial }) {
         color: (task) => color(stage, task),
         open: (task) => openFile(stage, task),
         save: (task) => saveFileAs(stage, task),
-        read: (task) => readFile(stage, task),
+        read: (task) => (task.path in share ? stage.reply(task.ask, { content: share[task.path] }) : readFile(stage, task)),
         saveFile: (task) => writeFile(stage, task),
         store: (task) => stage.reply(task.ask, { ok: keep(store, task.path, task.content) }),
         clipboardRead: (task) => read(stage, task),
@@ -72,6 +76,7 @@ function handlers(stage, { store, share, serial }) {
         link: (task) => copyLink(stage, task),
         picture: (folder, name) => pictureOf(share, folder + name),
         beep: () => {},
+        started: workWithoutNetwork,
         end: () => ended(stage),
     });
 }
@@ -95,18 +100,30 @@ function cover(stage, text) {
     button.focus();
 }
 
+// What keeps the page asks for all its files: it does so when the program stands.
+function workWithoutNetwork() {
+    if (!('serviceWorker' in navigator) || !location.protocol.startsWith('http')) return;
+    setTimeout(() => navigator.serviceWorker.register('sw.js').catch(() => {}), calm);
+}
+
 function ended(stage) {
     stage.link.ended = true;
     cover(stage, 'ended');
 }
 
+// The documents of the help stay here until they are read.
+function sharedAtOnce(share) {
+    return Object.fromEntries(Object.entries(share).map(([path, content]) => [path, path.startsWith(lateFolder) ? null : content]));
+}
+
 async function hello(stage, { files, times, problem, share, serial }) {
     const stored = { ...files };
-    for (const name of await rememberedNames()) stored[`/files/${name}`] = null;
+    for (const name of await rememberedNames()) stored[name] = null;
     const brought = await broughtBy(location.hash, share);
-    if (brought === 'unreadable') notice(stage, stage.text('linkUnreadable'));
+    if (brought === 'unreadable') notice(stage, 'linkUnreadable');
     return {
-        on: 'hello', ...screenNow(), language: navigator.language, dark: isDark(), share, stored, times,
+        on: 'hello', ...screenNow(), language: navigator.language, dark: isDark(), share: sharedAtOnce(share),
+        stored, times,
         withoutStorage: problem !== '', names: await serial.names(),
         ...(brought !== 'unreadable' ? brought : {}),
     };
@@ -122,11 +139,12 @@ async function start() {
     handlers(stage, { store, share, serial });
     addTools(stage, { panel, serial });
     followTips();
+    addTouchKeys(stage);
     stage.link.send(await hello(stage, { files, times, problem, share, serial }));
     follow(stage, share);
     followDrops(stage);
     tellSerial(stage);
-    if (problem) notice(stage, stage.text(problem), { stays: true });
+    if (problem) notice(stage, problem, { stays: true });
     window.addEventListener('error', (event) => isFatal(event.error) && stopped(stage));
     window.addEventListener('unhandledrejection', (event) => isFatal(event.reason) && stopped(stage));
     await startProgram(stage.link);
@@ -147,6 +165,3 @@ start().catch((fault) => {
     console.error(fault);
     document.querySelector('.cover.start span').textContent = `KVT: ${fault.message ?? fault}`;
 });
-
-if ('serviceWorker' in navigator && location.protocol.startsWith('http'))
-    navigator.serviceWorker.register('sw.js').catch(() => {});

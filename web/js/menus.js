@@ -71,6 +71,10 @@ export class Menus {
     popUp(menu, x, y) {
         this.close();
         this.#show(menu, x, y, true);
+        const { popup } = menu;
+        // Not below the pointer, whose button may still be down: letting it go would choose an entry.
+        if (popup.offsetTop < y) popup.style.top = `${Math.max(edge, y - popup.offsetHeight)}px`;
+        if (popup.offsetLeft < x) popup.style.left = `${Math.max(edge, x - popup.offsetWidth)}px`;
     }
 
     #show(menu, x, y, keyed) {
@@ -177,7 +181,7 @@ export class Menus {
     #enter(entry) {
         if (!entry) return;
         if (entry.children.length > 0) this.openBeside(entry, true);
-        else if (entry.effectivelyEnabled) this.choose(entry);
+        else this.choose(entry);
     }
     #letter(entries, letter) {
         this.#enter(entries.find((one) => one.letter === letter));

@@ -1,39 +1,43 @@
 // Loads the program into the page: the build that the browser is fastest with.
 
-// Where the browser switches stacks itself, the one function that waits may give a promise, and main is one too.
-function withStackSwitching(wasm) {
-    return (imports, receive) => {
-        const env = { ...imports.env, kvt_next: new WebAssembly.Suspending(imports.env.kvt_next) };
-        wasm({ ...imports, env }).then(({ instance, module }) => {
-            const main = WebAssembly.promising(instance.exports.main);
-            receive({ exports: { ...instance.exports, main } }, module);
-        });
-        return {};
-    };
-}
+const switchesStacks = 'Suspending' in WebAssembly && 'promising' in WebAssembly;
+const name = switchesStacks ? 'kvt_web_fast' : 'kvt_web';
 
-const instantiate = (address) => async (imports) => {
-    const response = fetch(address);
+async function compiled(address) {
     try {
-        return await WebAssembly.instantiateStreaming(response, imports);
+        return await WebAssembly.compileStreaming(fetch(address));
     } catch {
         // A server that does not know the type of the file.
-        return WebAssembly.instantiate(await (await fetch(address)).arrayBuffer(), imports);
+        return WebAssembly.compile(await (await fetch(address)).arrayBuffer());
     }
-};
+}
 
-export const switchesStacks = () => 'Suspending' in WebAssembly && 'promising' in WebAssembly;
+// Both are on their way while the page makes itself ready.
+const wasm = compiled(new URL(`../program/${name}.wasm`, import.meta.url));
+const script = import(`../program/${name}.js`);
+for (const part of [wasm, script]) part.catch(() => {}); // told when it is waited for
+
+// Where the browser switches stacks itself, the one function that waits may give a promise, and main is one too.
+async function withStackSwitching(imports, receive) {
+    const env = { ...imports.env, kvt_next: new WebAssembly.Suspending(imports.env.kvt_next) };
+    const instance = await WebAssembly.instantiate(await wasm, { ...imports, env });
+    const main = WebAssembly.promising(instance.exports.main);
+    receive({ exports: { ...instance.exports, main } });
+}
+
+async function plain(imports, receive) {
+    receive(await WebAssembly.instantiate(await wasm, imports));
+}
 
 // Starts the program on a link; gives back what it is run by, once it runs. It ends by ending its waits.
 export async function startProgram(link) {
-    const fast = switchesStacks();
-    const name = fast ? 'kvt_web_fast' : 'kvt_web';
-    const load = instantiate(new URL(`../program/${name}.wasm`, import.meta.url));
-    const { default: createProgram } = await import(`../program/${name}.js`);
-    const plain = (imports, receive) => {
-        load(imports).then(({ instance, module }) => receive(instance, module));
+    await wasm;
+    const { default: createProgram } = await script;
+    const start = switchesStacks ? withStackSwitching : plain;
+    const instantiateWasm = (imports, receive) => {
+        start(imports, receive);
         return {};
     };
-    const program = await createProgram({ link, instantiateWasm: fast ? withStackSwitching(load) : plain });
+    const program = await createProgram({ link, instantiateWasm });
     return program._main(0, 0);
 }

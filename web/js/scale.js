@@ -2,6 +2,8 @@
 // factor as --twip, so that all places follow the browser's font by themselves.
 
 const twipsPerPixel = 15;
+const usualBar = 360; // twips of the bar of a window
+const touchedBar = 540; // where fingers press it
 const usualFont = 16; // pixels of the root font at factor 1
 // What the forms are made for, in pixels at factor 1: the mean width of a small letter, the height of a line, and the
 // width of a character in a column.
@@ -62,6 +64,11 @@ export function followFont() {
 // Calls back when the font has another size.
 export function onFont(listener) {
     listeners.push(listener);
+}
+
+// How high the bar of a window is, in twips.
+export function barHeight() {
+    return document.body.classList.contains('touched') ? touchedBar : usualBar;
 }
 
 export function pixels(twips) {

@@ -1,10 +1,10 @@
 // The controls of the program on the page: makes their views, leads messages to them and what the hands do back.
 
 import { onScheme } from './colors.js';
-import { pressOf } from './keys.js';
+import { isBrowsers, isEditing, pressOf } from './keys.js';
 import { Link } from './link.js';
 import { Menus } from './menus.js';
-import { words } from './texts.js';
+import { before } from './texts.js';
 import { CheckBoxView, CommandButtonView, OptionButtonView } from './views/buttons.js';
 import { FormView } from './views/form.js';
 import { ListViewView } from './views/list_view.js';
@@ -27,9 +27,10 @@ export class Stage {
     #views = new Map();
     #forms = [];
     #later = new Map();
-    #language = 'en';
+    #texts = before;
     #handlers = {};
     #quiet = false;
+    #shortcuts = new Set();
 
     constructor() {
         this.link = new Link(
@@ -40,6 +41,8 @@ export class Stage {
         this.menus = new Menus(this);
         this.focus = null;
         this.front = null;
+        // When the first window is there.
+        this.shown = new Promise((resolve) => (this.tellShown = resolve));
         this.pointer = { x: 0, y: 0 };
         this.speaker = document.querySelector('#speaker');
         this.#listen();
@@ -54,15 +57,17 @@ export class Stage {
         this.link.send({ on: 'reply', ask, ...answer });
     }
 
-    // A text of the page's own, in the language of the program.
+    // A text of the page's own, in the language of the program, which tells it.
     text(name) {
-        return words(this.#language)[name];
+        return this.#texts[name] ?? '';
     }
 
     #listen() {
         document.addEventListener('keydown', (event) => this.#key(event), true);
         document.addEventListener('paste', (event) => this.#paste(event), true);
         document.addEventListener('focusin', (event) => this.#focused(event));
+        // A keyboard on the screen has taken a part of the page.
+        window.addEventListener('resize', () => this.later('sight', () => this.focus?.form.bringIntoSight(this.focus.element)));
         document.addEventListener('mousemove', (event) => (this.pointer = { x: event.clientX, y: event.clientY }), true);
         document.addEventListener('mousedown', (event) => (this.pointer = { x: event.clientX, y: event.clientY }), true);
     }
@@ -72,32 +77,36 @@ export class Stage {
     }
 
     #key(event) {
-        if (this.asking || event.target.closest?.('.panel')) return;
-        if (this.menus.isOpen) return this.menus.key(event);
+        const elsewhere = this.asking || event.target.closest?.('.panel');
+        if (!elsewhere && this.menus.isOpen) return this.menus.key(event);
         const form = this.front;
+        const press = pressOf(event);
+        const shortcut = this.#isShortcut(press);
+        // A box has them not, but the page is not to be loaded anew, saved or printed instead.
+        if (elsewhere) return shortcut && !isEditing(press) && event.preventDefault();
         if (!form) return;
         if (this.menus.keyOpens(form, event)) return event.preventDefault();
-        if (this.focus?.keepsKey?.(event)) return;
-        const press = pressOf(event);
+        if (!shortcut && this.focus?.keepsKey?.(event)) return;
         // With Alt an arrow would leave the page.
         if (!press && event.altKey && event.key.startsWith('Arrow')) event.preventDefault();
-        if (!press) return;
+        if (!press || (!shortcut && isBrowsers(press))) return;
         const held = press.held;
         // What is pasted comes by itself.
         const pastes = (held === 2 && press.key === 86) || (held === 1 && press.key === 45);
         if (pastes && event.target.matches?.('.textbox')) return;
         const { key } = press;
         const message = { on: 'key', form: form.id, key, held, char: press.prints ? event.key : '' };
-        const always = press.prints || key === 9 || this.#isShortcut(form, press);
+        const always = press.prints || key === 9 || shortcut;
         this.link.sendKey({ ...message, repeat: event.repeat, time: event.timeStamp }, event, always);
     }
 
-    // A function key and a key of a menu are the program's, whatever the browser would do with them.
-    #isShortcut(form, { key, held }) {
+    // A function key and a key of a menu are the program's, whatever the browser would do with them and whatever window
+    // is in front.
+    #isShortcut(press) {
+        const { key, held } = press ?? {};
         if (key >= 112 && key <= 121) return true;
-        const parts = (held & 2 ? 'Ctrl+' : '') + (held & 1 ? 'Shift+' : '');
-        const name = parts + String.fromCharCode(key);
-        return (held & 2) !== 0 && [...this.#views.values()].some((one) => one.form === form && one.facts.shortcut === name);
+        const name = (held & 2 ? 'Ctrl+' : '') + (held & 1 ? 'Shift+' : '') + String.fromCharCode(key);
+        return (held & 2) !== 0 && this.#shortcuts.has(name);
     }
 
     #paste(event) {
@@ -174,7 +183,9 @@ export class Stage {
     }
 
     formShown(form) {
+        if (document.body.classList.contains('starting')) this.#handlers.started?.();
         document.body.classList.remove('starting');
+        this.tellShown();
         if (this.front === form && !form.visible) this.front = this.#forms.findLast((one) => one.visible) ?? null;
         this.front ??= form.visible ? form : null;
     }
@@ -194,7 +205,7 @@ export class Stage {
             case 'focus': return this.#takeFocus(view);
             case 'front': return this.#takeFront(view);
             case 'say': return this.announce(message.text);
-            case 'language': return this.#takeLanguage(message.code);
+            case 'language': return this.#takeLanguage(message);
             default: return this.#handlers[message.do]?.(message);
         }
     }
@@ -216,6 +227,7 @@ export class Stage {
             return;
         }
         this.#views.set(message.id, view);
+        if (message.shortcut) this.#shortcuts.add(message.shortcut);
         if (kind !== 'Form') view.attach(this.#views.get(message.parent ?? message.form));
         view.apply(message.p ?? {});
         if (kind === 'Menu') view.form.followMenus();
@@ -241,6 +253,7 @@ export class Stage {
         this.restoreFocus();
     }
 
+<<<<<<< HEAD
     // Windows lie over the main one, but one that fills the page goes behind it when that comes to the front.
     restack() {
         const main = this.#forms.findIndex((one) => one.isMain);
@@ -254,6 +267,11 @@ export class Stage {
     #takeLanguage(code) {
         this.#language = code?.slice(0, 2) || 'en';
         document.documentElement.lang = this.#language;
+=======
+    #takeLanguage({ code, texts }) {
+        this.#texts = texts;
+        document.documentElement.lang = code.replace('_', '-') || 'en';
+>>>>>>> main
         for (const form of this.#forms) form.nameButtons();
         this.#handlers.languageChanged?.();
     }

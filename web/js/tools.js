@@ -51,5 +51,5 @@ export function tellSerial(stage) {
     } catch {
         // It is told again, then.
     }
-    notice(stage, stage.text('noSerial'));
+    notice(stage, 'noSerial');
 }

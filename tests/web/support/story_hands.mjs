@@ -8,7 +8,7 @@ export async function focusControl(story, name) {
     const { bench } = story;
     const one = await story.control(name);
     const plain = name.split('.').at(-1);
-    if (!one.shown) return;
+    if (!one.shown) return undefined;
     const focused = () => bench.evaluate(() => window.told.focus);
     const there = async () => (await focused()) === one.id;
     const isNear = () => bench.evaluate((n) => {
@@ -25,10 +25,19 @@ export async function focusControl(story, name) {
         await story.settle();
         const now = await focused();
         // A field with a wrong value keeps it.
-        if (now === before || story.boxes.length > boxes) return;
+        if (now === before || story.boxes.length > boxes) return undefined;
         if (now === from) break;
     }
-    if (await there()) return;
+    if (await there()) return undefined;
+    // The title of its window brings back what had the keys there.
+    if (one.kind === 'PictureBox') {
+        const title = await bench.evaluate((n) => {
+            const box = document.querySelector(`[data-control="${window.told.named(n).form}"] .title`).getBoundingClientRect();
+            return { x: box.left + 20, y: box.top + box.height / 2 };
+        }, name);
+        await bench.page.mouse.click(title.x, title.y);
+        return story.settle();
+    }
     if (one.kind === 'TextBox') return clickControl(story, name, one);
     await uncover(story, name);
     const box = await (await bench.element(name)).boundingBox();

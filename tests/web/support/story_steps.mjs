@@ -4,11 +4,16 @@ import assert from 'node:assert/strict';
 import { behind, nameOf, noWay, textOf, wordsOf } from './story.mjs';
 import { clickControl, chooseMenu, focusControl, rowInSight, uncover } from './story_hands.mjs';
 import { mouseSteps } from './story_mouse.mjs';
-import { sample } from './workbench.mjs';
+import { brought } from './workbench.mjs';
 
 // What is queued for later, or stands around the program.
 export const queues = new Set(['answer', 'file', 'write', 'colour', 'printer', 'delete', 'clipboard', 'portfails', 'during']);
 
+// The name and the content of a file that comes with the program.
+function broughtFile(argument) {
+    const [, folder, name] = /^"?(samples|languages)\/([^"]+)"?$/.exec(argument.trim()) ?? [];
+    return name && [name, brought(folder, name)];
+}
 const inFolder = (name) => /[/$]/.test(name);
 
 // As a file that is opened from the folder of the desktop.
@@ -39,9 +44,8 @@ async function clickTitle(story, name, button, wanted) {
 export const steps = {
     async start(rest) {
         await this.closePage();
-        const from = /samples\/(\w+\.cnc)/.exec(rest);
-        const name = from ? from[1] : nameOf(rest);
-        if (from) this.files.push([name, sample(name)]);
+        const [name, content] = broughtFile(rest) ?? [nameOf(rest)];
+        if (content) this.files.push([name, content]);
         await this.openPage();
         await this.settle();
         if (name) await openFirst(this, name);
@@ -173,10 +177,9 @@ export const steps = {
         this.answers.push(rest.trim());
     },
     async file(rest) {
-        const from = /samples\/(\w+\.cnc)/.exec(rest);
-        const name = rest.trim() === 'cancel' ? null : from ? from[1] : nameOf(rest);
+        const [name, content] = broughtFile(rest) ?? [rest.trim() === 'cancel' ? null : nameOf(rest)];
         if (inFolder(name ?? '')) noWay('a folder of the user');
-        if (from) await this.putFile(from[1], sample(from[1]));
+        if (content) await this.putFile(name, content);
         if (this.bench) await this.bench.picks(name);
         else this.queued.push(name);
     },

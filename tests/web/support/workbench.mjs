@@ -38,7 +38,9 @@ export async function launch(...more) {
     return { browser, end };
 }
 
-export const sample = (name) => fs.readFileSync(path.join(root, 'samples', name), 'latin1');
+// A file that comes with the program, byte by byte.
+export const brought = (folder, name) => fs.readFileSync(path.join(root, folder, name), 'latin1');
+export const sample = (name) => brought('samples', name);
 
 export class Workbench {
     // A page of its own, in a context of the browser that has kept nothing yet where none is given. play: names of

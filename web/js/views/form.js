@@ -1,9 +1,8 @@
 // The main form is the page; every other one a window over it, with title and close.
 
-import { length, onFont, pixels, twips } from '../scale.js';
+import { barHeight, length, onFont, pixels, twips } from '../scale.js';
 import { make, View } from './view.js';
 
-const barHeight = 360; // twips
 const leastShown = 40; // pixels of a window that stay within the page
 
 export class FormView extends View {
@@ -18,7 +17,6 @@ export class FormView extends View {
         const bar = make('div', 'bar', this.element);
         this.menuBar = make('div', 'menubar', bar);
         this.menuBar.setAttribute('role', 'menubar');
-        this.menuBar.setAttribute('aria-label', stage.text('menu'));
         this.makeTitle(bar);
         this.sight = make('div', 'sight', this.element);
         this.field = make('div', 'field', this.sight);
@@ -41,6 +39,7 @@ export class FormView extends View {
     // One bar has it all: menus, title, and what else the page offers.
     makeTitle(bar) {
         this.title = make('div', 'title', bar);
+        this.nameButtons();
         if (this.isMain) return;
         this.title.id = `title${this.id}`;
         this.element.setAttribute('aria-labelledby', this.title.id);
@@ -62,6 +61,7 @@ export class FormView extends View {
     }
 
     nameButtons() {
+        this.menuBar.setAttribute('aria-label', this.stage.text('menu'));
         this.larger?.setAttribute('aria-label', this.stage.text(this.state === 'Maximised' ? 'restore' : 'maximise'));
         this.closing?.setAttribute('aria-label', this.stage.text('close'));
     }
@@ -80,7 +80,7 @@ export class FormView extends View {
         const from = this.element.getBoundingClientRect();
         const moved = (one) => act(one.clientX - event.clientX, one.clientY - event.clientY, from);
         handle.addEventListener('pointermove', moved);
-        handle.addEventListener('pointerup', () => handle.removeEventListener('pointermove', moved), { once: true });
+        handle.addEventListener('lostpointercapture', () => handle.removeEventListener('pointermove', moved), { once: true });
     }
 
     moveTo(left, top) {
@@ -152,7 +152,7 @@ export class FormView extends View {
         }
         const { Left: left = 0, Top: top = 0, Width: width = 0, Height: height = 0 } = this.properties;
         this.showSize(width, height);
-        const room = [Math.max(0, innerWidth - pixels(width)), Math.max(0, innerHeight - pixels(height + barHeight))];
+        const room = [Math.max(0, innerWidth - pixels(width)), Math.max(0, innerHeight - pixels(height + barHeight()))];
         style.left = `${Math.max(0, Math.min(pixels(left), room[0]))}px`;
         style.top = `${Math.max(0, Math.min(pixels(top), room[1]))}px`;
     }

@@ -47,17 +47,21 @@ export class ListViewView extends View {
         element.addEventListener('mouseleave', () => this.leave());
     }
 
-    rowEvent(event) {
+    rowEvent(event, button = event.button === 2 ? 2 : 1) {
         const row = Number(event.target.closest('.row')?.dataset.row);
         if (!row) return;
         this.leave();
         const column = Number(event.target.closest('.cell')?.dataset.column ?? 0);
-        this.send({ on: 'row', row, column, clicks: event.detail, button: event.button === 2 ? 2 : 1 });
+        this.send({ on: 'row', row, column, clicks: Math.max(1, event.detail), button });
     }
 
-    // The mouse has its own way; this is for the key.
+    // The mouse has its own way; this is for the key, and for a finger that rests on a row.
     menuKey(event) {
         event.preventDefault();
+        if (event.pointerType === 'touch') {
+            this.stage.pointer = { x: event.clientX, y: event.clientY };
+            return this.rowEvent(event, 2);
+        }
         const row = this.body.querySelector(`[data-row="${this.state.selected}"]`);
         if (event.button === 2 || !row) return;
         const box = row.getBoundingClientRect();

@@ -87,6 +87,7 @@ export class MenuView extends View {
     pressed(event) {
         event.preventDefault();
         event.stopPropagation();
+        if (event.button !== 0) return;
         if (this.isTop) this.stage.menus.pressedTop(this);
         else if (this.children.length > 0) this.stage.menus.openBeside(this);
     }

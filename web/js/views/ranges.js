@@ -89,11 +89,11 @@ export class ScrollBarView extends RangeView {
         const room = this.vertical
             ? this.track.clientHeight - this.thumb.offsetHeight
             : this.track.clientWidth - this.thumb.offsetWidth;
+        if (room <= 0) return;
         const drag = (moved) => this.change(valueFrom + ((along(moved) - from) / room) * (this.max - this.min));
         this.thumb.addEventListener('pointermove', drag);
-        this.thumb.addEventListener('pointerup', () => this.thumb.removeEventListener('pointermove', drag), {
-            once: true,
-        });
+        const end = () => this.thumb.removeEventListener('pointermove', drag);
+        this.thumb.addEventListener('lostpointercapture', end, { once: true });
     }
 
     applied() {
@@ -146,6 +146,7 @@ export class TabStripView extends View {
                 tab.textContent = caption;
                 tab.addEventListener('mousedown', (event) => {
                     event.preventDefault();
+                    if (event.button !== 0) return;
                     this.stage.pressed(this, event);
                     if (page !== this.value) this.send({ on: 'tab', page });
                 });

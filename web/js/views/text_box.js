@@ -18,6 +18,16 @@ const edits = {
 };
 const longestNotes = 1_000_000;
 
+// What of a text has become another one: { start, removed, inserted }, the first two as counts.
+function changeOf(before, after) {
+    const most = Math.min(before.length, after.length);
+    let start = 0;
+    while (start < most && before[start] === after[start]) ++start;
+    let same = 0;
+    while (same < most - start && before.at(-1 - same) === after.at(-1 - same)) ++same;
+    return { start, removed: before.length - same - start, inserted: after.slice(start, after.length - same) };
+}
+
 class FieldView extends View {
     constructor(stage, facts, element) {
         super(stage, facts, element);
@@ -30,7 +40,12 @@ class FieldView extends View {
         element.readOnly = !!facts.readOnly;
         this.pressesFocus(element, true);
         this.composing = false;
-        element.addEventListener('compositionstart', () => (this.composing = true));
+        element.addEventListener('compositionstart', () => {
+            this.composing = true;
+            this.before = element.value;
+        });
+        element.addEventListener('compositionend', () => this.composed());
+        element.addEventListener('beforeinput', (event) => this.beforeInput(event));
         document.addEventListener('selectionchange', () => this.caretMoved());
     }
 
@@ -71,6 +86,21 @@ class FieldView extends View {
         this.scrollToCaret?.();
     }
 
+    // What was composed, which may have taken the place of letters that stood there, has gone into the element. It is
+    // told as if it were typed; the program says what stands there.
+    composed() {
+        this.composing = false;
+        const { start, removed, inserted } = changeOf(this.before, this.element.value);
+        if (removed > 0 && this.before === this.properties.Text) {
+            this.selection = [start, removed, false];
+            this.send({ on: 'caret', start, length: removed });
+            if (!inserted) pressKey(this.stage, this.form, 46, 0);
+        }
+        if (inserted) sendText(this.stage, this.form, inserted.normalize('NFC'));
+        this.show(this.properties.Text ?? '');
+        this.showSelection();
+    }
+
     // The hands have moved the caret or selected something.
     caretMoved() {
         if (document.activeElement !== this.element || this.composing || this.stage.focus !== this) return;
@@ -87,9 +117,9 @@ export class LineView extends FieldView {
     constructor(stage, facts) {
         super(stage, facts, make('input'));
         this.element.type = 'text';
-        this.element.addEventListener('beforeinput', (event) => this.beforeInput(event));
-        this.element.addEventListener('compositionend', (event) => this.composed(event));
-        // What was composed has gone into the element; the program says what stands there.
+        // What a keyboard on the screen shows.
+        if (facts.numeric) this.element.inputMode = 'decimal';
+        this.element.enterKeyHint = 'next';
         this.element.addEventListener('input', () => {
             if (!this.composing) this.show(this.properties.Text ?? '');
         });
@@ -104,26 +134,22 @@ export class LineView extends FieldView {
         else if (event.inputType === 'insertLineBreak') pressKey(this.stage, this.form, 13, 0);
         else sendText(this.stage, this.form, event.data ?? event.dataTransfer?.getData('text/plain') ?? '');
     }
-
-    composed(event) {
-        this.composing = false;
-        if (event.data) sendText(this.stage, this.form, event.data.normalize('NFC'));
-        this.show(this.properties.Text ?? '');
-        this.showSelection();
-    }
 }
 
 export class NotesView extends FieldView {
     constructor(stage, facts) {
         super(stage, facts, make('textarea'));
         this.element.maxLength = longestNotes;
-        this.element.addEventListener('compositionend', () => {
-            this.composing = false;
-            this.edited();
-        });
         this.element.addEventListener('input', () => {
             if (!this.composing) this.edited();
         });
+    }
+
+    // Letters that come without a key, from a keyboard on the glass, are typed all the same.
+    beforeInput(event) {
+        if (event.inputType !== 'insertText' || event.isComposing || !event.data) return;
+        event.preventDefault();
+        sendText(this.stage, this.form, event.data);
     }
 
     edited() {
