@@ -253,7 +253,6 @@ export class Stage {
         this.restoreFocus();
     }
 
-<<<<<<< HEAD
     // Windows lie over the main one, but one that fills the page goes behind it when that comes to the front.
     restack() {
         const main = this.#forms.findIndex((one) => one.isMain);
@@ -264,14 +263,9 @@ export class Stage {
         });
     }
 
-    #takeLanguage(code) {
-        this.#language = code?.slice(0, 2) || 'en';
-        document.documentElement.lang = this.#language;
-=======
     #takeLanguage({ code, texts }) {
         this.#texts = texts;
         document.documentElement.lang = code.replace('_', '-') || 'en';
->>>>>>> main
         for (const form of this.#forms) form.nameButtons();
         this.#handlers.languageChanged?.();
     }
