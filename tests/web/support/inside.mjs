@@ -87,6 +87,23 @@ export function playFilePickers() {
     };
 }
 
+// What a disk, a full storage or a clipboard refuses: as many next calls as window.refusals tells of each. What the program
+// keeps by itself goes on.
+export function playRefusals() {
+    window.refusals = { file: 0, clipboard: 0 };
+    const refusing = (of, name, which, applies = () => true) => {
+        const plain = of[name];
+        of[name] = function (...call) {
+            if (window.refusals[which] > 0 && applies(...call) && --window.refusals[which] === 0) throw new DOMException('refused', 'NotAllowedError');
+            return plain.apply(this, call);
+        };
+    };
+    refusing(FileSystemFileHandle.prototype, 'createWritable', 'file');
+    refusing(Storage.prototype, 'setItem', 'file', (key) => key.startsWith('kvt:') && !/Recovery|Errors\.log|probe/.test(key));
+    refusing(Clipboard.prototype, 'readText', 'clipboard');
+    for (const name of ['writeText', 'write']) refusing(Clipboard.prototype, name, 'clipboard');
+}
+
 // Granted ports that play the line, as many as window.portCount says: window.ports, the first of them window.port. They
 // tell how they were opened and what was written when, and take what arrives.
 export function playSerial() {

@@ -23,7 +23,8 @@ export function textOf(argument) {
 }
 // Where the files of the user lie, by the name that the browser knows them by.
 export const nameOf = (argument) => textOf(argument).replace(/^\/files\//, '');
-export const wordsOf = (text) => text.trim().split(/\s+/);
+// Words; one can stand in quotes.
+export const wordsOf = (text) => (text.trim().match(/"[^"]*"|\S+/g) ?? ['']).map((one) => one.replace(/^"(.+)"$/, '$1'));
 // The rest of a line behind its first word, which may stand in quotes.
 export const behind = (text) => text.trimStart().replace(/^("[^"]*"|\S+)\s?/, '');
 
@@ -155,7 +156,7 @@ export class Story {
         const { context } = this;
         const kept = this.kept.splice(0);
         const gone = this.gone.splice(0);
-        const play = ['playClock', 'readShown', 'playPrinter', ...(this.ports ? ['playSerial'] : [])];
+        const play = ['playClock', 'readShown', 'playPrinter', 'playRefusals', ...(this.ports ? ['playSerial'] : [])];
         this.bench = await Workbench.open(this.here, { context, play, kept, gone, ports: this.ports, size: this.size, waits: false });
         const origin = new URL(this.here.site.address).origin;
         await context.overridePermissions(origin, ['clipboard-read', 'clipboard-write', 'clipboard-sanitized-write']);

@@ -110,6 +110,10 @@ export async function clickControl(story, name, one) {
 // A window that lies over what is to be clicked, or over a part of that, is drawn aside by its title; one that fills the
 // page gives way to the editor by a key.
 export async function uncover(story, name, part = '') {
+    for (let i = 0; i < 3 && (await uncoverOnce(story, name, part)); ++i);
+}
+// False where nothing lay over it.
+async function uncoverOnce(story, name, part) {
     const { bench } = story;
     const bar = await bench.evaluate((n, within) => {
         let one = window.told.named(n);
@@ -122,27 +126,20 @@ export async function uncover(story, name, part = '') {
         const title = over.querySelector('.title').getBoundingClientRect();
         return { x: title.left + 40, y: title.top + title.height / 2, filling: over.classList.contains('filling'), main: own?.classList.contains('main') };
     }, name, part);
-    if (!bar) return;
-    if (bar.behind) {
-        // A drawing that fills the page lies behind the editor.
-        await bench.press('F5');
-        await story.settle();
-        return;
-    }
-    if (bar.filling) {
-        // What lies below it comes up by its key.
-        if (!bar.main) noWay('what lies below a maximised window');
-        await bench.press('F6');
-        await story.settle();
-        return;
-    }
-    const { mouse } = bench.page;
-    const { width, height } = story.size;
-    await mouse.move(bar.x, bar.y);
-    await mouse.down();
-    await mouse.move(width - 10, height - 20, { steps: 3 });
-    await mouse.up();
+    if (!bar) return false;
+    if (bar.filling && !bar.main) noWay('what lies below a maximised window');
+    // A drawing that fills the page lies behind the editor, or over it.
+    if (bar.behind || bar.filling) await bench.press(bar.behind ? 'F5' : 'F6');
+    else await drawAside(story, bar);
     await story.settle();
+    return true;
+}
+async function drawAside({ bench, size }, { x, y }) {
+    const { mouse } = bench.page;
+    await mouse.move(x, y);
+    await mouse.down();
+    await mouse.move(size.width - 10, size.height - 20, { steps: 3 });
+    await mouse.up();
 }
 
 export async function rowInSight(story, number) {

@@ -51,17 +51,18 @@ async function textsOnPaper(story, which) {
     return newOf(story, which, pages).flatMap((page) =>
         [...page.matchAll(/<text[^>]*>([^<]*)<\/text>/g)].map(([, text]) => text.replaceAll('&lt;', '<').replaceAll('&gt;', '>').replaceAll('&amp;', '&').trimEnd()));
 }
-// Pages have heads, and no empty lines.
+// Pages have heads and no empty lines, the columns have widths of their own there, and the units stand for their code.
 async function onPaper(story, which, text) {
-    const texts = await textsOnPaper(story, which);
-    const wanted = textOf(text).split('\r\n').map((line) => line.trimEnd()).filter(Boolean);
+    const squeezed = (line) => line.replace(/\s+/g, ' ').trim().replace('/files/', '');
+    const texts = (await textsOnPaper(story, which)).map(squeezed);
     const rest = [...texts];
-    const missing = wanted.filter((line) => {
+    const missing = textOf(text).split('\r\n').map(squeezed).filter((line) => line.length > 2).filter((line) => {
         const at = rest.indexOf(line);
         if (at >= 0) rest.splice(0, at + 1);
         return at < 0;
     });
-    return { got: missing.length > 0 || (wanted.length === 0 && texts.length > 0) ? texts.join('\n') : '', wanted: '' };
+    const none = textOf(text) === '' && texts.length > 0;
+    return { got: missing.length > 0 || none ? texts.join('\n') : '', wanted: '' };
 }
 
 async function picture(story, where) {

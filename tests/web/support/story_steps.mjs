@@ -7,7 +7,7 @@ import { mouseSteps } from './story_mouse.mjs';
 import { brought } from './workbench.mjs';
 
 // What is queued for later, or stands around the program.
-export const queues = new Set(['answer', 'file', 'write', 'colour', 'printer', 'delete', 'clipboard', 'portfails', 'during']);
+export const queues = new Set(['answer', 'file', 'write', 'colour', 'printer', 'delete', 'clipboard', 'portfails', 'fails', 'during']);
 
 // The name and the content of a file that comes with the program.
 function broughtFile(argument) {
@@ -196,6 +196,11 @@ export const steps = {
         const path = textOf(rest);
         if (!path.startsWith('/data/')) noWay('a file of the user that goes away');
         this.gone.push(`kvt:${path}`);
+    },
+    async fails(rest) {
+        const [service] = wordsOf(rest);
+        if (service !== 'file' && service !== 'clipboard') noWay(`a ${service} that fails`);
+        await this.bench.evaluate((which) => (window.refusals[which] = 1), service);
     },
     colour(rest) {
         this.colors.push(rest.trim());
