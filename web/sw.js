@@ -3,7 +3,9 @@
 
 const version = '@VERSION@';
 const files = '@FILES@';
-const cacheName = `kvt-${version}`;
+// Another copy of the page at the same address keeps its own.
+const ownCaches = `kvt ${self.registration.scope} `;
+const cacheName = ownCaches + version;
 
 self.addEventListener('install', (event) => {
     event.waitUntil(
@@ -13,7 +15,7 @@ self.addEventListener('install', (event) => {
 
 self.addEventListener('activate', (event) => {
     const drop = async () => {
-        for (const name of await caches.keys()) if (name.startsWith('kvt-') && name !== cacheName) await caches.delete(name);
+        for (const name of await caches.keys()) if (name.startsWith(ownCaches) && name !== cacheName) await caches.delete(name);
         await self.clients.claim();
     };
     event.waitUntil(drop());
@@ -24,7 +26,9 @@ self.addEventListener('fetch', (event) => {
     if (request.method !== 'GET' || new URL(request.url).origin !== location.origin) return;
     const answer = async () => {
         const cache = await caches.open(cacheName);
-        const kept = await cache.match(request, { ignoreSearch: true });
+        // By either name it is the page of this version.
+        const isPage = request.url.replace(/[?#].*/, '') === `${self.registration.scope}index.html`;
+        const kept = await cache.match(isPage ? './' : request, { ignoreSearch: true });
         if (kept) return kept;
         // The page under another of its names.
         return fetch(request).catch(async () => (request.mode === 'navigate' ? cache.match('./') : Response.error()));

@@ -27,13 +27,16 @@ void WebSession::AddTexts(Message& message) const {
 }
 
 void WebSession::Start() {
-    // In English, until the settings name another language.
+    // In English, until the settings or the browser name another language.
     Platform.System.UseLanguage({});
+    const std::string settings = FoldersBelow(Platform.System.LocalDataFolder()).SettingsFolder;
+    const bool firstVisit = Platform.Files.List(settings, "*.txt").empty();
     InstallResetCopies(Platform.Files, Platform.System.LocalDataFolder());
     Workbench.Help.StartFolder = "/share/";
     programs_.Install(FoldersBelow(Platform.System.LocalDataFolder()).PreProcessorFolder);
     Workbench.Form_Load({});
     if (Platform.System.Ended()) return;
+    if (firstVisit) Workbench.Languages.LoadByCode(Platform.Hello().Raw("language"));
     // A browser that cannot open a file again has forgotten those of the last visit.
     Workbench.Recent.LeaveOut([this](const std::string& path) { return !Platform.Files.Knows(path); });
     // The page is its window.

@@ -15,6 +15,16 @@ std::string_view SectionName(std::string_view line) {
     return Trim(line.substr(0, line.find(']')));
 }
 
+std::string SystemValue(const LanguageModule& module, std::string_view key) {
+    for (const LanguageSection& section : module.Sections) {
+        if (!EqualIgnoringCase(section.Name, language_section::System)) continue;
+        for (const LanguageLine& line : section.Lines) {
+            if (EqualIgnoringCase(line.Key, key)) return line.Value;
+        }
+    }
+    return {};
+}
+
 }  // namespace
 
 LanguageModule ReadLanguageModule(std::string bytes) {
@@ -40,15 +50,9 @@ LanguageModule ReadLanguageModule(std::string bytes) {
     return module;
 }
 
-std::string LanguageNameOf(const LanguageModule& module) {
-    for (const LanguageSection& section : module.Sections) {
-        if (!EqualIgnoringCase(section.Name, language_section::System)) continue;
-        for (const LanguageLine& line : section.Lines) {
-            if (EqualIgnoringCase(line.Key, "Language Name")) return line.Value;
-        }
-    }
-    return {};
-}
+std::string LanguageNameOf(const LanguageModule& module) { return SystemValue(module, "Language Name"); }
+
+std::string LanguageCodeOf(const LanguageModule& module) { return SystemValue(module, "Language Code"); }
 
 LanguageModuleText::LanguageModuleText() {
     text_ += cnc::MarkLanguage;

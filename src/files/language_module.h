@@ -31,8 +31,9 @@ inline constexpr const char* System = "System Variables";
 // begins with the mark of UTF-8 is converted.
 LanguageModule ReadLanguageModule(std::string bytes);
 
-// What a module calls its language; empty where it does not tell.
+// What a module calls its language, and its code, "de"; empty where it does not tell.
 std::string LanguageNameOf(const LanguageModule& module);
+std::string LanguageCodeOf(const LanguageModule& module);
 
 // Writes a module line by line.
 class LanguageModuleText {

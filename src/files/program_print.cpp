@@ -96,9 +96,11 @@ bool ProgramPrint::PrintDocument(std::string_view text) {
         std::string_view Text;
         PrintedLine What;
     };
-    std::vector<Piece> pieces = {{ExtractFileName(path), PrintedLine::Head},
-                                 {path, PrintedLine::Head},
-                                 {std::string_view(), PrintedLine::Head}};
+    const std::string_view name = ExtractFileName(path);
+    std::vector<Piece> pieces = {{name, PrintedLine::Head}};
+    // Where there are no folders the path tells nothing more.
+    if (name != path) pieces.push_back({path, PrintedLine::Head});
+    pieces.push_back({std::string_view(), PrintedLine::Head});
     if (tableAt > 0) pieces.push_back({text.substr(0, tableAt - LineEnd.size()), PrintedLine::Text});
     pieces.push_back({text.substr(tableAt), PrintedLine::Table});
     for (const Piece& piece : pieces) {

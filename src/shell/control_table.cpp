@@ -15,6 +15,9 @@ std::string NameOf(std::string_view name, std::string_view side) {
     return whole;
 }
 
+std::string_view NameFrom(std::string_view name) { return name; }
+std::string_view NameFrom(const Control* control) { return control->Name(); }
+
 }  // namespace
 
 int Length::In(int width, int height) const {
@@ -23,8 +26,9 @@ int Length::In(int width, int height) const {
 }
 
 ControlTable::ControlTable(Form& form) : form_(form), byName_(form.Controls()) {
-    std::ranges::sort(byName_, {},
-                      [](const Control* c) { return std::pair(std::string_view(c->Name()), c->Index()); });
+    std::sort(byName_.begin(), byName_.end(), [](const Control* a, const Control* b) {
+        return std::pair(NameFrom(a), a->Index()) < std::pair(NameFrom(b), b->Index());
+    });
     for (const ControlRow& row : ControlRows()) Add(row, {});
     for (const std::string_view side : {"TX", "RX"}) {
         for (const ControlRow& row : PortSideRows()) Add(row, side);
@@ -33,10 +37,11 @@ ControlTable::ControlTable(Form& form) : form_(form), byName_(form.Controls()) {
 }
 
 std::span<Control* const> ControlTable::Named(std::string_view name) const {
-    const auto found = std::ranges::equal_range(byName_, name, {},
-                                                [](const Control* c) { return std::string_view(c->Name()); });
-    if (found.empty()) throw Failure("No control " + std::string(name));
-    return {found.begin(), found.end()};
+    const auto [first, end] =
+        std::equal_range(byName_.begin(), byName_.end(), name,
+                         [](const auto& a, const auto& b) { return NameFrom(a) < NameFrom(b); });
+    if (first == end) throw Failure("No control " + std::string(name));
+    return {&*first, static_cast<std::size_t>(end - first)};
 }
 
 void ControlTable::Add(const ControlRow& row, std::string_view side) {

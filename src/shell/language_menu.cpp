@@ -1,6 +1,7 @@
 #include "shell/language_menu.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "basic/run_time_error.h"
 #include "basic/text.h"
@@ -16,14 +17,21 @@ constexpr const char* english = "English";
 constexpr std::string_view moduleEnding = "*.txt";
 constexpr std::string_view defaultModule = "Language.txt";
 
-// What a file calls its language; empty where it is no module.
-std::string NameIn(const std::string& file, FileService& files) {
+// What is in a file; null where it is no module.
+std::optional<LanguageModule> ModuleIn(const std::string& file, FileService& files) {
     std::string text;
     if (!Attempt(menuName, [&] { text = files.ReadWhole(file); })) return {};
     const bool marked = text.find(cnc::MarkLanguage) != std::string::npos ||
                         Find(text, cnc::MarkLanguage, Compare::IgnoreCase) != 0;
     if (!marked) return {};
-    const std::string name = LanguageNameOf(ReadLanguageModule(std::move(text)));
+    return ReadLanguageModule(std::move(text));
+}
+
+// What it calls its language.
+std::string NameIn(const std::string& file, FileService& files) {
+    const std::optional<LanguageModule> module = ModuleIn(file, files);
+    if (!module) return {};
+    const std::string name = LanguageNameOf(*module);
     return name.empty() ? std::string(ExtractFileName(file)) : name;
 }
 
@@ -55,6 +63,20 @@ void LanguageMenu::LoadRemembered(const std::string& folder) {
     // The program, with the modules that it brings, may have moved.
     const bool there = files_.Exists(remembered_);
     Run(calls_.LoadLanguageModule, there ? remembered_ : Find(ExtractFileName(remembered_)));
+}
+
+void LanguageMenu::LoadByCode(std::string_view code) {
+    const auto language = [](std::string_view whole) { return whole.substr(0, whole.find_first_of("-_")); };
+    if (code.empty()) return;
+    Refresh();
+    for (const Language& one : languages_) {
+        const std::optional<LanguageModule> module =
+            one.File.empty() ? std::nullopt : ModuleIn(one.File, files_);
+        if (!module || !EqualIgnoringCase(language(LanguageCodeOf(*module)), language(code))) continue;
+        const std::string file = one.File;
+        modules_.LoadLanguageModule(file);
+        return Refresh();
+    }
 }
 
 void LanguageMenu::Refresh() {

@@ -23,6 +23,9 @@ public:
     // Loads that module, or "Language.txt" of a folder, which goes before it.
     void LoadRemembered(const std::string& folder);
 
+    // Loads the first module of a language, "de", "de-AT"; nothing where there is none.
+    void LoadByCode(std::string_view code);
+
     // Where modules lie, each with a separator at its end; what lies in an earlier one goes before its like.
     std::vector<std::string> Folders;
     Menu mnuLanguage;

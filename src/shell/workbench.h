@@ -170,7 +170,7 @@ public:
     // Starts the workbench with the text of the command line: folders, settings, the file that is named there,
     // layout, and the focus on the code field.
     void Form_Load(std::string_view commandLine);
-    // Writes the settings as the way out does, where the program may go without taking it.
+    // Writes the settings as the way out does, and what is not saved, where the program may go without taking it.
     void KeepSettings();
     // Whether the way out has been taken; a question about unsaved changes may still be open.
     bool Ending() const { return ended_; }

@@ -79,6 +79,8 @@ void Workbench::KeepSettings() {
     if (ended_) return;
     settings_.SaveSettings();
     if (Draw.Controls.frmDraw.Visible) drawSettings_.SaveSettings();
+    // What was saved or typed since the last tick.
+    if (recovery_.tmrRecovery.Enabled) Run(recovery_.tmrRecovery.OnTimer);
 }
 
 void Workbench::mnuExit_Click() {

@@ -19,8 +19,8 @@ std::string Normal(std::string_view path) {
     return normal;
 }
 
-// The user's files lie nowhere: a browser tells no folder.
-bool IsUsers(std::string_view path) { return path.find('/') == std::string_view::npos; }
+// The user's files have no folder that a browser tells.
+bool IsUsers(std::string_view path) { return !path.starts_with('/'); }
 
 bool LiesIn(std::string_view path, std::string_view folder) {
     return path.substr(0, folder.size()) == folder &&

@@ -1,6 +1,6 @@
 #include "web/web_keyboard.h"
 
-#include <algorithm>
+#include <utility>
 
 #include "platform/keys.h"
 #include "platform/list_view.h"
@@ -74,8 +74,10 @@ bool WebKeyboard::Press(Form& form, const KeyPress& press) {
 
 void WebKeyboard::TakeKey(Form& form, const PageEvent& event) {
     bool used = false;
+    const bool before = std::exchange(leftToPage_, false);
     const std::vector<KeyPress> presses = PressesOf(event);
     for (const KeyPress& press : presses) used |= Press(form, press);
+    used &= !std::exchange(leftToPage_, before);
     page_.Send(Message("used").Add("seq", event.Number("seq")).Add("used", used));
 }
 
@@ -111,13 +113,17 @@ void WebKeyboard::OpenList(ComboBox& box) {
         page_.Send(Message("openList").Add("id", view->Number()));
 }
 
-// A page of a box of several lines is what its height shows.
+// What goes by lines as the page has broken them is done there; it tells where the caret is then.
 bool WebKeyboard::EditInWidget(TextBox& box, const TextEdit& edit) {
-    if (edit.Action != TextAction::PageUp && edit.Action != TextAction::PageDown) return false;
-    const TextAction action = edit.Action == TextAction::PageUp ? TextAction::Up : TextAction::Down;
-    const int lines = std::max(1, box.Height / ListBox::EntryHeight - 1);
-    for (int i = 0; i < lines; ++i) EditText(box, {action, edit.Extends}, nullptr);
-    return true;
+    switch (edit.Action) {
+        case TextAction::Up:
+        case TextAction::Down:
+        case TextAction::PageUp:
+        case TextAction::PageDown:
+        case TextAction::Home:
+        case TextAction::End: return leftToPage_ = box.MultiLine;
+        default: return false;
+    }
 }
 
 }  // namespace kvt

@@ -33,6 +33,7 @@ private:
     WebSystem& system_;
     WebClipboard& clipboard_;
     Keyboard keyboard_;
+    bool leftToPage_ = false;  // the key that is pressed just now
 };
 
 // The presses of a key as the page tells it: its number, what is held, and the text that it writes.

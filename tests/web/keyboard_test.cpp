@@ -60,6 +60,12 @@ TEST(WebKeys, ThePageHearsWhichKeysWereUsed) {
     EXPECT_TRUE(used('S', key::CtrlHeld, ""));
     EXPECT_TRUE(used(key::Tab, 0, ""));
     EXPECT_FALSE(used('D', key::AltHeld, "d"));
+    // Only the page knows how it has broken the lines of a field of several.
+    page.Do("press", "txtFileNotes");
+    EXPECT_FALSE(used(key::Down, key::ShiftHeld, ""));
+    EXPECT_FALSE(used(key::Home, 0, ""));
+    EXPECT_TRUE(used(key::Home, key::CtrlHeld, ""));
+    EXPECT_TRUE(used(key::Left, 0, ""));
 }
 
 struct Pressed {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "basic/run_time_error.h"
 #include "files/folders.h"
 #include "program/page_texts.h"
@@ -210,26 +212,42 @@ TEST(WebPrinter, ProgramAndDrawingAreA4Pages) {
     EXPECT_NE(page.Page.SentOf("print")[1].find("viewBox"), std::string::npos);
 }
 
-// In whatever language, from the start on and without what a language lacks.
+// The code of the language and two of the page's own texts, as the page was told last.
+std::string ToldTexts(const PlayedPage& page) {
+    const PageEvent event(page.SentOf("language").back());
+    std::map<std::string, std::string> texts;
+    event.EachFile("texts", [&texts](const std::string& name, const std::string* text) {
+        texts[name] = text ? *text : "";
+    });
+    EXPECT_EQ(texts.size(), PageTextNames().size());
+    return std::string(event.Raw("code")) + " " + texts["ok"] + " " + texts["yes"];
+}
+
+// Those that a language lacks are English. The first visit has the language of the browser, later ones that of the user.
 TEST(WebLanguages, ThePageIsToldItsOwnTexts) {
-    WebPageFixture page;
-    page.Page.SayHello(
+    const std::string module =
         R"("share":{"/share/languages/Mine.txt":"[Kestrel Vise Toolkit, Language Resource]\r\n)"
         R"([System Variables]\r\nLanguage Name=Mine\r\nLanguage Code=pt_BR\r\n)"
-        R"([Browser Page]\r\n1=Ol\u00e1\r\n2=\r\n"})");
+        R"([Browser Page]\r\n1=Ol\u00e1\r\n2=\r\n"})";
+    WebPageFixture page;
+    page.Page.SayHello(module + R"(,"language":"fr")");
     page.Start();
-    const auto told = [&page] {
-        const PageEvent event(page.Page.SentOf("language").back());
-        std::map<std::string, std::string> texts;
-        event.EachFile("texts", [&texts](const std::string& name, const std::string* text) {
-            texts[name] = text ? *text : "";
-        });
-        EXPECT_EQ(texts.size(), PageTextNames().size());
-        return std::string(event.Raw("code")) + " " + texts["ok"] + " " + texts["yes"];
-    };
-    EXPECT_EQ(told(), " OK Yes");
-    page.Do("menu", "mnuLanguages(1)");
-    EXPECT_EQ(told(), "pt_BR Ol\xE1 Yes");
+    EXPECT_EQ(ToldTexts(page.Page), " OK Yes");
+    page.Page.Say(R"({"on":"unload"})");
+    page.Serve();
+    WebPageFixture first;
+    first.Page.SayHello(module + R"(,"language":"pt-PT")");
+    first.Start();
+    EXPECT_EQ(ToldTexts(first.Page), "pt_BR Ol\xE1 Yes");
+    std::string stored;
+    for (const auto& [path, content] : page.Page.Stored)
+        stored += (stored.empty() ? "" : ",") + JsonOf(path) + ":" + JsonOf(content);
+    WebPageFixture later;
+    later.Page.SayHello(module + R"(,"language":"pt-PT","stored":{)" + stored + "}");
+    later.Start();
+    EXPECT_EQ(ToldTexts(later.Page), " OK Yes");
+    later.Do("menu", "mnuLanguages(1)");
+    EXPECT_EQ(ToldTexts(later.Page), "pt_BR Ol\xE1 Yes");
 }
 
 TEST(WebPrograms, IsoCodeIsConvertedByACallAndLeavesNoFiles) {

@@ -25,6 +25,20 @@ for (const play of [[], ['withoutStackSwitching']]) {
     });
 }
 
+for (const play of [[], ['withoutStackSwitching']]) {
+    test(`a program that breaks down says so ${play}`, async () => {
+        const bench = await Workbench.open(here, { play });
+        await bench.evaluate(() => {
+            JSON.parse = () => {
+                throw new WebAssembly.RuntimeError('played');
+            };
+        });
+        await bench.type('1');
+        await bench.until(() => document.querySelector('.cover[role=alert] button'));
+        await bench.context.close();
+    });
+}
+
 const machines = [
     ['mk4_lesson_knob.cnc', null, []],
     ['mk2_stud.cnc', 'optSettingsMK2', ['withoutStackSwitching']],

@@ -159,7 +159,7 @@ function askName(stage, filter, name) {
             field.autofocus = true;
             make('div', '', side).textContent = stage.text('saveHint');
             const value = () => field.value.replace(/[\\/:*?"<>|]/g, '').trim() || null;
-            field.addEventListener('keydown', (event) => event.key === 'Enter' && close(value()));
+            field.addEventListener('keydown', (event) => event.key === 'Enter' && !event.isComposing && close(value()));
             return [['save', value], ['cancel', null]];
         },
     });
@@ -167,7 +167,7 @@ function askName(stage, filter, name) {
 
 function download(name, content) {
     const link = make('a');
-    link.href = URL.createObjectURL(new Blob([bytesOf(content)], { type: 'text/plain' }));
+    link.href = URL.createObjectURL(new Blob([bytesOf(content)], { type: 'application/octet-stream' }));
     link.download = name;
     link.click();
     setTimeout(() => URL.revokeObjectURL(link.href), 10_000);

@@ -60,6 +60,8 @@ function keyNumber(event) {
 export function pressOf(event) {
     if (event.isComposing || event.key === 'Process' || event.key === 'Dead' || event.key === 'Unidentified') return null;
     const held = heldWith(event);
+    // The key of the menu that belongs to a control.
+    if (event.key === 'F10' && held === shift) return null;
     const prints = [...event.key].length === 1;
     // How some keyboards write their third character.
     const third = event.getModifierState?.('AltGraph') || (event.ctrlKey && event.altKey);

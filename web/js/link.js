@@ -61,8 +61,21 @@ export class Link {
             if (message.do === 'used') {
                 this.#answer(message);
             } else {
-                this.stage(message);
+                this.#show(message);
             }
+        }
+    }
+
+    // A fault of the page's own must not go through the program, nor take the rest along; a question is answered.
+    #show(message) {
+        const failed = (fault) => {
+            console.error(fault);
+            if (message.ask) this.send({ on: 'reply', ask: message.ask });
+        };
+        try {
+            this.stage(message)?.catch?.(failed);
+        } catch (fault) {
+            failed(fault);
         }
     }
 

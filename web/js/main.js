@@ -147,7 +147,9 @@ async function start() {
     if (problem) notice(stage, problem, { stays: true });
     window.addEventListener('error', (event) => isFatal(event.error) && stopped(stage));
     window.addEventListener('unhandledrejection', (event) => isFatal(event.reason) && stopped(stage));
-    await startProgram(stage.link);
+    const { end } = await startProgram(stage.link);
+    await end.catch((fault) => console.error(fault));
+    stopped(stage);
 }
 
 // What the program itself has thrown; a number is one of its exceptions. The page's own faults leave it running.

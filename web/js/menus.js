@@ -1,6 +1,7 @@
 // Which menus are up, and the keys while one is.
 
 const edge = 2; // pixels kept free beside a menu
+const slip = 8; // pixels that a press may slip
 
 // Gives each entry the first letter of its caption that no entry before it has.
 function giveKeys(entries) {
@@ -17,6 +18,7 @@ function giveKeys(entries) {
 export class Menus {
     #open = []; // from the first to the last that is up
     #active = null;
+    #pressedAt = null; // the press that has brought up the first
 
     constructor(stage) {
         this.stage = stage;
@@ -38,10 +40,23 @@ export class Menus {
         giveKeys(this.tops(form));
     }
 
-    pressedTop(menu) {
+    pressedTop(menu, event) {
+        this.#pressedAt = event;
         const wasUp = this.#open[0] === menu;
         this.close();
         if (!wasUp && menu.effectivelyEnabled && menu.children.length > 0) this.#openBelow(menu, false);
+    }
+    pressedEntry(menu) {
+        this.#pressedAt = null;
+        if (menu.children.length > 0) this.openBeside(menu);
+    }
+    // The mouse goes up over an entry: behind a press on the bar it has to have gone there, since a menu may come up under
+    // it.
+    released(menu, event) {
+        const { clientX: x, clientY: y } = this.#pressedAt ?? {};
+        this.#pressedAt = null;
+        if (Math.hypot(event.clientX - x, event.clientY - y) < slip) return;
+        this.choose(menu);
     }
     hovered(menu) {
         if (!this.isOpen) return;
@@ -58,7 +73,7 @@ export class Menus {
 
     #openBelow(menu, keyed) {
         const box = menu.element.getBoundingClientRect();
-        this.#show(menu, box.left, box.bottom, keyed);
+        this.#show(menu, box.left, box.bottom, keyed, innerHeight - box.bottom - edge);
         menu.element.classList.add('up');
     }
     openBeside(menu, keyed = false) {
@@ -77,11 +92,13 @@ export class Menus {
         if (popup.offsetLeft < x) popup.style.left = `${Math.max(edge, x - popup.offsetWidth)}px`;
     }
 
-    #show(menu, x, y, keyed) {
+    // most: what it may have in height; the rest of it is scrolled to.
+    #show(menu, x, y, keyed, most = innerHeight - 2 * edge) {
         const { popup } = menu;
         giveKeys(menu.entries);
         document.body.append(popup);
         popup.hidden = false;
+        popup.style.maxHeight = `${most}px`;
         const { offsetWidth: width, offsetHeight: height } = popup;
         popup.style.left = `${Math.max(edge, Math.min(x, innerWidth - width - edge))}px`;
         popup.style.top = `${Math.max(edge, Math.min(y, innerHeight - height - edge))}px`;

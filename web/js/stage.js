@@ -23,6 +23,12 @@ const kinds = {
     ScrollBar: ScrollBarView, UpDown: UpDownView,
 };
 
+function withoutWay(event) {
+    if (event.button < 3) return;
+    event.preventDefault();
+    event.stopPropagation();
+}
+
 export class Stage {
     #views = new Map();
     #forms = [];
@@ -64,6 +70,10 @@ export class Stage {
 
     #listen() {
         document.addEventListener('keydown', (event) => this.#key(event), true);
+        // Some browsers press a button when the blank is let go, though its way down was prevented.
+        document.addEventListener('keyup', (event) => event.key === ' ' && event.target.matches?.('.control') && event.preventDefault(), true);
+        // Buttons that lead back and forward would leave the page and its work.
+        for (const name of ['mousedown', 'mouseup']) document.addEventListener(name, (event) => withoutWay(event), true);
         document.addEventListener('paste', (event) => this.#paste(event), true);
         document.addEventListener('focusin', (event) => this.#focused(event));
         // A keyboard on the screen has taken a part of the page.
@@ -94,6 +104,8 @@ export class Stage {
         // What is pasted comes by itself.
         const pastes = (held === 2 && press.key === 86) || (held === 1 && press.key === 45);
         if (pastes && event.target.matches?.('.textbox')) return;
+        // The caret may have moved just now.
+        this.focus?.caretMoved?.();
         const { key } = press;
         const message = { on: 'key', form: form.id, key, held, char: press.prints ? event.key : '' };
         const always = press.prints || key === 9 || shortcut;

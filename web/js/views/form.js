@@ -152,9 +152,10 @@ export class FormView extends View {
         }
         const { Left: left = 0, Top: top = 0, Width: width = 0, Height: height = 0 } = this.properties;
         this.showSize(width, height);
-        const room = [Math.max(0, innerWidth - pixels(width)), Math.max(0, innerHeight - pixels(height + barHeight()))];
-        style.left = `${Math.max(0, Math.min(pixels(left), room[0]))}px`;
-        style.top = `${Math.max(0, Math.min(pixels(top), room[1]))}px`;
+        const [edgeX, edgeY] = this.edges;
+        const within = (place, room) => `${Math.max(0, Math.min(place, room))}px`;
+        style.left = within(pixels(left), innerWidth - pixels(width - edgeX));
+        style.top = within(pixels(top), innerHeight - pixels(height - edgeY + barHeight()));
     }
     showSize(width, height) {
         const [edgeX, edgeY] = this.edges;
@@ -172,8 +173,16 @@ export class FormView extends View {
         this.element.hidden = !value;
         if (value) this.showPlace();
         this.stage.formShown(this);
+        if (value && this.isTooLarge && this.state === 'Normal') this.tell({ on: 'state', state: 'Maximised' });
     }
     showPage() {}
+
+    // One that the page has no room for fills it.
+    get isTooLarge() {
+        const { Width: width = 0, Height: height = 0 } = this.properties;
+        const resizable = !this.isMain && this.facts.smallestWidth > 0;
+        return resizable && (pixels(width) > innerWidth || pixels(height) > innerHeight);
+    }
 
     setCaption(value) {
         if (this.isMain) {

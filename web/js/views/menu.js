@@ -17,7 +17,7 @@ export class MenuView extends View {
         this.popup.setAttribute('role', 'menu');
         this.popup.hidden = true;
         this.element.addEventListener('mousedown', (event) => this.pressed(event));
-        this.element.addEventListener('mouseup', () => this.released());
+        this.element.addEventListener('mouseup', (event) => this.released(event));
         this.element.addEventListener('click', (event) => event.stopPropagation());
         this.element.addEventListener('mouseenter', () => stage.menus.hovered(this));
     }
@@ -88,11 +88,10 @@ export class MenuView extends View {
         event.preventDefault();
         event.stopPropagation();
         if (event.button !== 0) return;
-        if (this.isTop) this.stage.menus.pressedTop(this);
-        else if (this.children.length > 0) this.stage.menus.openBeside(this);
+        if (this.isTop) this.stage.menus.pressedTop(this, event);
+        else this.stage.menus.pressedEntry(this);
     }
-    released() {
-        if (this.isTop && this.children.length > 0) return;
-        if (!this.isLine && this.children.length === 0) this.stage.menus.choose(this);
+    released(event) {
+        if (!this.isLine && this.children.length === 0) this.stage.menus.released(this, event);
     }
 }

@@ -15,6 +15,7 @@ const edits = {
     deleteByDrag: [46, 0],
     historyUndo: [90, 2],
     historyRedo: [90, 3],
+    insertLineBreak: [13, 0],
 };
 const longestNotes = 1_000_000;
 
@@ -131,7 +132,6 @@ export class LineView extends FieldView {
         if (!this.effectivelyEnabled) return;
         const keys = edits[event.inputType];
         if (keys) pressKey(this.stage, this.form, ...keys);
-        else if (event.inputType === 'insertLineBreak') pressKey(this.stage, this.form, 13, 0);
         else sendText(this.stage, this.form, event.data ?? event.dataTransfer?.getData('text/plain') ?? '');
     }
 }
@@ -145,11 +145,16 @@ export class NotesView extends FieldView {
         });
     }
 
-    // Letters that come without a key, from a keyboard on the glass, are typed all the same.
+    // What comes without a key, from a keyboard on the glass or a menu of the browser, is typed all the same; the rest is
+    // edited here.
     beforeInput(event) {
-        if (event.inputType !== 'insertText' || event.isComposing || !event.data) return;
+        const { inputType, isComposing, cancelable, data } = event;
+        const keys = edits[inputType];
+        const typed = inputType === 'insertText' && data;
+        if (isComposing || !cancelable || !(keys || typed)) return;
         event.preventDefault();
-        sendText(this.stage, this.form, event.data);
+        if (keys) pressKey(this.stage, this.form, ...keys);
+        else sendText(this.stage, this.form, data);
     }
 
     edited() {
