@@ -36,7 +36,11 @@ export function readShown() {
         return end !== undefined && whole.startsWith(begin) && whole.endsWith(end) ? whole : text;
     };
     const captions = {
-        Form: ({ told, element }) => (element.classList.contains('main') ? document.title : element.querySelector('.title').textContent),
+        Form: ({ p, element }) => {
+            if (!element.classList.contains('main')) return element.querySelector('.title').textContent;
+            // The browser squeezes blanks in a title.
+            return p.Caption.replace(/ +/g, ' ').trim() === document.title ? p.Caption : document.title;
+        },
         Frame: ({ element, p }) => {
             const whole = p.Lead && p.Caption ? `${p.Lead} \u00B7 ${p.Caption}` : (p.Lead ?? '') + (p.Caption ?? '');
             return fitted(element.querySelector(':scope > .caption').textContent, whole) === whole ? p.Caption : element.textContent;

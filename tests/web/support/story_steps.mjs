@@ -113,7 +113,11 @@ export const steps = {
     },
     async notes(rest) {
         await this.bench.click('txtFileNotes');
-        await this.bench.press('Ctrl+A');
+        // What the browser's own key does comes with it only by name.
+        const { keyboard } = this.bench.page;
+        await keyboard.down('Control');
+        await keyboard.press('a', { commands: ['SelectAll'] });
+        await keyboard.up('Control');
         await this.bench.type(textOf(rest).replaceAll('\r\n', '\r') || '\b');
     },
     async pick(rest) {
