@@ -87,6 +87,25 @@ export function playFilePickers() {
     };
 }
 
+// What the page lets its user download: window.downloads, by name.
+export function keepDownloads() {
+    window.downloads = {};
+    const contents = new Map();
+    const create = URL.createObjectURL;
+    URL.createObjectURL = (blob) => {
+        const address = create(blob);
+        contents.set(address, blob);
+        return address;
+    };
+    const click = HTMLAnchorElement.prototype.click;
+    HTMLAnchorElement.prototype.click = function () {
+        if (!this.download) return click.call(this);
+        return contents.get(this.href).arrayBuffer().then((bytes) => {
+            window.downloads[this.download] = Array.from(new Uint8Array(bytes), (one) => String.fromCharCode(one)).join('');
+        });
+    };
+}
+
 // What a disk, a full storage or a clipboard refuses: as many next calls as window.refusals tells of each. What the program
 // keeps by itself goes on.
 export function playRefusals() {

@@ -18,15 +18,17 @@ const escapes = { r: '\r', n: '\n', t: '\t', 0: '\0', '\\': '\\' };
 export function textOf(argument) {
     const text = argument.trimEnd().replace(/^"(.*)"$/s, '$1');
     return text.replace(/\\([rnt0\\])/g, (_, one) => escapes[one])
-        .replaceAll('${TMP}', '/files').replace(/\bsamples\/(\w+\.cnc)/g, '/files/$1').replaceAll('${SETTINGS}', '/data/EMCO/KVT_100/Settings')
+        .replaceAll('${TMP}/', '').replace(/\bsamples\/(\w+\.cnc)/g, '$1').replaceAll('${SETTINGS}', '/data/EMCO/KVT_100/Settings')
         .replaceAll('${PP}', '/data/EMCO/KVT_100/Pre_Processor').replaceAll('${DATA}', '/data/EMCO/KVT_100');
 }
-// Where the files of the user lie, by the name that the browser knows them by.
-export const nameOf = (argument) => textOf(argument).replace(/^\/files\//, '');
+// The files of the user have their bare names in a page.
+export const nameOf = (argument) => textOf(argument);
 // Words; one can stand in quotes.
 export const wordsOf = (text) => (text.trim().match(/"[^"]*"|\S+/g) ?? ['']).map((one) => one.replace(/^"(.+)"$/, '$1'));
 // The rest of a line behind its first word, which may stand in quotes.
 export const behind = (text) => text.trimStart().replace(/^("[^"]*"|\S+)\s?/, '');
+
+const isAt = (line, at) => (at.endsWith('...') ? line.startsWith(at.slice(0, -3)) : line === at);
 
 // The work area of a screen as the console has it.
 const screen = [28800, 15600]; // twips
@@ -39,7 +41,8 @@ export class Story {
     checked = 0; // expectations
     leftOut = new Map(); // expectations that no page shows, by what they ask for
 
-    // without: [{ at, lines, instead, why }], the lines that are passed over, by how the first of them begins.
+    // without: [{ at, lines, instead, why }]: so many lines are passed over, or others run instead. at: the first of them,
+    // or how it begins ("...").
     constructor(here, file, without = []) {
         const name = /(\w+)\.kvts$/.exec(file)[1];
         Object.assign(this, {
@@ -63,7 +66,7 @@ export class Story {
                 const line = this.lines[at];
                 if (!/^\w/.test(line)) continue;
                 try {
-                    if (this.without[0] && line.startsWith(this.without[0].at)) {
+                    if (this.without[0] && isAt(line, this.without[0].at)) {
                         const { lines = 1, instead = [] } = this.without.shift();
                         at += lines - 1;
                         for (const one of instead) await this.runLine(one);
@@ -156,7 +159,7 @@ export class Story {
         const { context } = this;
         const kept = this.kept.splice(0);
         const gone = this.gone.splice(0);
-        const play = ['playClock', 'readShown', 'playPrinter', 'playRefusals', ...(this.ports ? ['playSerial'] : [])];
+        const play = ['playClock', 'readShown', 'playPrinter', 'playRefusals', 'keepDownloads', ...(this.ports ? ['playSerial'] : [])];
         this.bench = await Workbench.open(this.here, { context, play, kept, gone, ports: this.ports, size: this.size, waits: false });
         const origin = new URL(this.here.site.address).origin;
         await context.overridePermissions(origin, ['clipboard-read', 'clipboard-write', 'clipboard-sanitized-write']);

@@ -42,8 +42,9 @@ export async function focusControl(story, name) {
     await uncover(story, name);
     const box = await (await bench.element(name)).boundingBox();
     const { mouse } = bench.page;
-    // Below the rows of a list; beside the letters of all else.
-    await mouse.move(box.x + box.width - 30, box.y + box.height - (one.kind === 'ListView' ? 25 : box.height / 2));
+    // Low in a list; beside the letters of all else.
+    const [x, y] = one.kind === 'ListView' ? [30, box.height - 25] : [box.width - 8, box.height / 2];
+    await mouse.move(box.x + x, box.y + y);
     await mouse.down();
     await mouse.move(2, 2);
     await mouse.up();

@@ -21,7 +21,7 @@ export function boxWants({ boxes, box }, what, text) {
 // A file of the user's, or one that the page keeps by itself; null where there is none.
 async function contentOf({ bench }, path) {
     if (path.startsWith('/data/')) return bench.evaluate((key) => localStorage.getItem(key), `kvt:${path}`);
-    return bench.read(path.replace(/^\/files\//, '')).catch(() => null);
+    return bench.read(path).catch(() => bench.evaluate((name) => window.downloads[name] ?? null, path));
 }
 
 const logPath = '/data/EMCO/KVT_100/Errors.log';
@@ -53,10 +53,12 @@ async function textsOnPaper(story, which) {
 }
 // Pages have heads and no empty lines, the columns have widths of their own there, and the units stand for their code.
 async function onPaper(story, which, text) {
-    const squeezed = (line) => line.replace(/\s+/g, ' ').trim().replace('/files/', '');
+    const squeezed = (line) => line.replace(/\s+/g, ' ').replace(/ Page \d+ of \d+$/, '').trim();
     const texts = (await textsOnPaper(story, which)).map(squeezed);
+    // A file in no folder has its name for its path, which is printed once.
+    const again = (line, i, all) => line !== all[i - 1];
     const rest = [...texts];
-    const missing = textOf(text).split('\r\n').map(squeezed).filter((line) => line.length > 2).filter((line) => {
+    const missing = textOf(text).split('\r\n').map(squeezed).filter((line) => line.length > 2).filter(again).filter((line) => {
         const at = rest.indexOf(line);
         if (at >= 0) rest.splice(0, at + 1);
         return at < 0;
@@ -147,7 +149,7 @@ export async function compare(story, what, text) {
     // The mouse points at whole pixels.
     if (/ViewWindow$/.test(name) && Math.abs(Number(got) - Number(text)) <= 1) return { got: text, wanted: text };
     if (pointed.test(name) && Math.abs(Number(got) - Number(text)) < pixel && text.trim() !== '') return { got: text, wanted: text };
-    // The page shows the name of a user's file alone.
-    const bare = (one) => lines(one).replaceAll('/files/', '');
-    return { got: bare(got), wanted: bare(textOf(text)) };
+    // A page knows no folders of the files used last.
+    const wanted = name.startsWith('mnuRecentFile') ? text.replace(/ {2}(samples|\$\{TMP\})("?)$/, '$2') : text;
+    return { got: lines(got), wanted: lines(textOf(wanted)) };
 }

@@ -113,12 +113,19 @@ export const steps = {
     },
     async notes(rest) {
         await this.bench.click('txtFileNotes');
-        // What the browser's own key does comes with it only by name.
+        // What the browser does at these keys comes only by its name.
         const { keyboard } = this.bench.page;
         await keyboard.down('Control');
-        await keyboard.press('a', { commands: ['SelectAll'] });
+        await keyboard.press('Home', { commands: ['MoveToBeginningOfDocument'] });
+        await keyboard.down('Shift');
+        await keyboard.press('End', { commands: ['MoveToEndOfDocumentAndModifySelection'] });
+        await keyboard.up('Shift');
         await keyboard.up('Control');
-        await this.bench.type(textOf(rest).replaceAll('\r\n', '\r') || '\b');
+        await this.bench.evaluate(() => window.clock.rest());
+        await this.bench.evaluate((text) => navigator.clipboard.writeText(text), textOf(rest));
+        await keyboard.down('Control');
+        await keyboard.press('v', { commands: ['Paste'] });
+        await keyboard.up('Control');
     },
     async pick(rest) {
         const [name, index] = wordsOf(rest);
