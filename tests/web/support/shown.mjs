@@ -122,10 +122,11 @@ export function readShown() {
         rowColor: (row) => of('lvCncProgram').told.rows.colors[row - of('lvCncProgram').told.rows.first],
         entries: (name) => entries(of(name)).length,
         entry: (name, index) => line(entries(of(name))[index], of(name).p.Entries[index]),
-        // The control that the browser's focus is in.
+        // The control that the browser's focus is in; none is in what has gone out of sight with the keys.
         focus() {
-            const id = document.activeElement?.closest('[data-control]')?.dataset.control;
-            const told = window.told.controls.get(Number(id));
+            const id = Number(document.activeElement?.closest('[data-control]')?.dataset.control);
+            const out = !document.querySelector(`[data-control="${window.told.focus}"]`)?.checkVisibility();
+            const told = window.told.controls.get(out ? window.told.focus : id);
             return told && told.kind !== 'Form' ? told.name + (told.index >= 0 ? `(${told.index})` : '') : '';
         },
     };

@@ -62,6 +62,8 @@ export async function chooseMenu(story, name) {
         return one.name === 'mnuRightClick' || !one.p.Visible;
     }, name);
     if (popup) return chooseAtPointer(story, name);
+    const hidden = await bench.evaluate((n) => !window.told.controls.get(window.told.named(n).form).p.Visible, name);
+    if (hidden) return undefined;
     await uncover(story, name);
     const way = await bench.evaluate((n) => {
         const ids = [];
@@ -70,7 +72,8 @@ export async function chooseMenu(story, name) {
     }, name);
     for (const id of way) {
         const entry = await bench.page.$(`[data-control="${id}"]`);
-        if (!(await entry.isVisible())) break;
+        // A grey menu does not open.
+        if (!(await entry?.isVisible())) break;
         await entry.hover();
         // The pointer has opened what lies beside.
         const isUp = await entry.evaluate((element) => element.classList.contains('up'));

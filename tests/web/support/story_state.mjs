@@ -53,7 +53,7 @@ async function textsOnPaper(story, which) {
 }
 // Pages have heads and no empty lines, the columns have widths of their own there, and the units stand for their code.
 async function onPaper(story, which, text) {
-    const squeezed = (line) => line.replace(/\s+/g, ' ').replace(/ Page \d+ of \d+$/, '').trim();
+    const squeezed = (line) => line.replace(/\s+/g, ' ').replace(/ \w+ \d+ \w+ \d+$/, '').trim();
     const texts = (await textsOnPaper(story, which)).map(squeezed);
     // A file in no folder has its name for its path, which is printed once.
     const again = (line, i, all) => line !== all[i - 1];

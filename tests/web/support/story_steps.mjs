@@ -41,6 +41,21 @@ async function clickTitle(story, name, button, wanted) {
     await (await form.$(button)).click();
 }
 
+// What the browser itself does at a key comes only by its name.
+async function pasteNotes({ bench }, text) {
+    const { keyboard } = bench.page;
+    await bench.click('txtFileNotes');
+    await keyboard.down('Control');
+    await keyboard.press('Home', { commands: ['MoveToBeginningOfDocument'] });
+    await keyboard.down('Shift');
+    await keyboard.press('End', { commands: ['MoveToEndOfDocumentAndModifySelection'] });
+    await keyboard.up('Shift');
+    await bench.evaluate((one) => window.clock.rest().then(() => navigator.clipboard.writeText(one)), text);
+    if (text) await keyboard.press('v', { commands: ['Paste'] });
+    await keyboard.up('Control');
+    if (!text) await keyboard.press('Delete');
+}
+
 export const steps = {
     async start(rest) {
         await this.closePage();
@@ -103,29 +118,17 @@ export const steps = {
     },
     async set(rest) {
         const [name] = wordsOf(rest);
-        if (!(await this.control(name)).shown) return;
+        if (!(await this.control(name)).shown) return undefined;
+        if (name === 'txtFileNotes') return pasteNotes(this, textOf(behind(rest)));
         await uncover(this, name);
         await (await this.bench.element(name)).click();
         await this.bench.evaluate(() => window.clock.rest());
         await this.bench.press('Home');
         await this.bench.press('Shift+End');
-        await this.bench.type(textOf(behind(rest)) || '\b');
+        return this.bench.type(textOf(behind(rest)) || '\b');
     },
-    async notes(rest) {
-        await this.bench.click('txtFileNotes');
-        // What the browser does at these keys comes only by its name.
-        const { keyboard } = this.bench.page;
-        await keyboard.down('Control');
-        await keyboard.press('Home', { commands: ['MoveToBeginningOfDocument'] });
-        await keyboard.down('Shift');
-        await keyboard.press('End', { commands: ['MoveToEndOfDocumentAndModifySelection'] });
-        await keyboard.up('Shift');
-        await keyboard.up('Control');
-        await this.bench.evaluate(() => window.clock.rest());
-        await this.bench.evaluate((text) => navigator.clipboard.writeText(text), textOf(rest));
-        await keyboard.down('Control');
-        await keyboard.press('v', { commands: ['Paste'] });
-        await keyboard.up('Control');
+    notes(rest) {
+        return pasteNotes(this, textOf(rest));
     },
     async pick(rest) {
         const [name, index] = wordsOf(rest);
@@ -203,10 +206,11 @@ export const steps = {
         else await this.putFile(nameOf(name), text);
     },
     // What the page keeps by itself, before its next start.
-    delete(rest) {
+    async delete(rest) {
         const path = textOf(rest);
-        if (!path.startsWith('/data/')) noWay('a file of the user that goes away');
-        this.gone.push(`kvt:${path}`);
+        if (this.bench && !(await this.bench.evaluate(() => window.told.ended))) noWay('a file that goes away while the page has it');
+        if (path.startsWith('/data/')) this.gone.push(`kvt:${path}`);
+        else await this.bench.evaluate(async (name) => (await navigator.storage.getDirectory()).removeEntry(name), path);
     },
     async fails(rest) {
         const [service] = wordsOf(rest);
