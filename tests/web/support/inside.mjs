@@ -87,6 +87,42 @@ export function playFilePickers() {
     };
 }
 
+// What the page lets its user download: window.downloads, by name.
+export function keepDownloads() {
+    window.downloads = {};
+    const contents = new Map();
+    const create = URL.createObjectURL;
+    URL.createObjectURL = (blob) => {
+        const address = create(blob);
+        contents.set(address, blob);
+        return address;
+    };
+    const click = HTMLAnchorElement.prototype.click;
+    HTMLAnchorElement.prototype.click = function () {
+        if (!this.download) return click.call(this);
+        return contents.get(this.href).arrayBuffer().then((bytes) => {
+            window.downloads[this.download] = Array.from(new Uint8Array(bytes), (one) => String.fromCharCode(one)).join('');
+        });
+    };
+}
+
+// What a disk, a full storage or a clipboard refuses: as many next calls as window.refusals tells of each. What the program
+// keeps by itself goes on.
+export function playRefusals() {
+    window.refusals = { file: 0, clipboard: 0 };
+    const refusing = (of, name, which, applies = () => true) => {
+        const plain = of[name];
+        of[name] = function (...call) {
+            if (window.refusals[which] > 0 && applies(...call) && --window.refusals[which] === 0) throw new DOMException('refused', 'NotAllowedError');
+            return plain.apply(this, call);
+        };
+    };
+    refusing(FileSystemFileHandle.prototype, 'createWritable', 'file');
+    refusing(Storage.prototype, 'setItem', 'file', (key) => key.startsWith('kvt:') && !/Recovery|Errors\.log|probe/.test(key));
+    refusing(Clipboard.prototype, 'readText', 'clipboard');
+    for (const name of ['writeText', 'write']) refusing(Clipboard.prototype, name, 'clipboard');
+}
+
 // Granted ports that play the line, as many as window.portCount says: window.ports, the first of them window.port. They
 // tell how they were opened and what was written when, and take what arrives. Their
 // user can be asked for one too (asked), and choose none (noneChosen).
