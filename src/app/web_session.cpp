@@ -44,6 +44,7 @@ void WebSession::Start() {
     for (Form* form : Workbench.Forms()) Platform.Show(*form);
     Platform.FillPage(Workbench.frmMain);
     Platform.Focus.TellAgain();
+    Platform.Port.OnNames = [this] { Workbench.Port.FollowDevices(); };
     Platform.OnOther["brought"] = [this](const PageEvent& event) { TakeBrought(event); };
     Platform.OnOther["link"] = [this](const PageEvent&) { GiveProgram(); };
     // A page goes without a word, or is hidden and then forgotten.

@@ -53,6 +53,13 @@ bool WebMenuView::Write(Message& message, PropertyId id) const {
     return true;
 }
 
+void WebMenuView::Take(const PageEvent& event) {
+    const bool atPointer =
+        menu_.Container && menu_.Container->Kind() == ControlKind::Menu && !menu_.Container->Visible.Get();
+    if (!atPointer) return WebCaptionView::Take(event);
+    if (menu_.Visible && menu_.Enabled) Act(event);
+}
+
 void WebMenuView::Act(const PageEvent& event) {
     if (!event.Is("menu")) return;
     Web.System.Run(menu_, "Click", [this] { menu_.Click(); });

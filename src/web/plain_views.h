@@ -84,6 +84,9 @@ public:
     WebMenuView(WebContext& web, Menu& control)
         : WebCaptionView(web, control, control.Caption), menu_(control) {}
 
+    // The entries of a menu at the pointer are there although that menu has no place in the menu bar.
+    void Take(const PageEvent& event) override;
+
 protected:
     void Describe(Message& message) const override;
     bool Write(Message& message, PropertyId id) const override;

@@ -18,7 +18,7 @@ const sum = { steps: 0, expectations: 0, leftOut: 0, whole: 0 };
 for (const name of wanted) {
     const without = listed[name] ?? [];
     test(`story ${name}`, { skip: without[0]?.at === '' && without[0].why }, async (context) => {
-        const story = new Story(here, `${folder}/${name}.kvts`, without);
+        const story = new Story(here, name, fs.readFileSync(`${folder}/${name}.kvts`, 'utf8'), without);
         try {
             await story.run();
         } finally {

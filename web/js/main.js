@@ -1,6 +1,7 @@
 // Starts the page: what it keeps, what it brings along, then the program.
 
 import { broughtBy, copyLink } from './address.js';
+import { beep } from './beep.js';
 import { color, message } from './boxes.js';
 import { read, write, writePicture } from './clipboard.js';
 import { isDark } from './colors.js';
@@ -57,7 +58,7 @@ function follow(stage, share) {
     });
 }
 
-function handlers(stage, { store, share, serial }) {
+function handlers(stage, { store, share, serial, panel }) {
     stage.handle({
         message: (task) => message(stage, task),
         color: (task) => color(stage, task),
@@ -72,12 +73,14 @@ function handlers(stage, { store, share, serial }) {
         print: (task) => print(stage, task),
         printers: () => notice(stage, stage.text('printers')),
         portOpen: (task) => serial.open(task),
+        portChoose: (task) => serial.choose(task),
         portClose: (task) => serial.close(task),
         portSettings: (task) => serial.change(task),
         portWrite: (task) => serial.write(task),
+        machine: (task) => panel.take(task),
         link: (task) => copyLink(stage, task),
         picture: (folder, name) => pictureOf(share, folder + name),
-        beep: () => {},
+        beep,
         started: workWithoutNetwork,
         end: () => ended(stage),
     });
@@ -130,7 +133,7 @@ async function hello(stage, { files, times, problem, share, serial }) {
     return {
         on: 'hello', ...screenNow(), language: navigator.language, dark: isDark(), share: sharedAtOnce(share),
         stored, times,
-        withoutStorage: problem !== '', names: await serial.names(),
+        withoutStorage: problem !== '', names: await serial.names(), withoutSerial: !serial.serial,
         ...(brought !== 'unreadable' ? brought : {}),
     };
 }
@@ -139,10 +142,9 @@ async function start() {
     followFont();
     const stage = new Stage();
     const panel = new MachinePanel(stage);
-    const serial = new Serial(stage, panel);
-    panel.line = serial;
+    const serial = new Serial(stage);
     const [share, { files, times, store, problem }] = await Promise.all([bundle(), openStorage()]);
-    handlers(stage, { store, share, serial });
+    handlers(stage, { store, share, serial, panel });
     addTools(stage, { panel, serial });
     followTips();
     addTouchKeys(stage);

@@ -36,7 +36,11 @@ export function readShown() {
         return end !== undefined && whole.startsWith(begin) && whole.endsWith(end) ? whole : text;
     };
     const captions = {
-        Form: ({ told, element }) => (element.classList.contains('main') ? document.title : element.querySelector('.title').textContent),
+        Form: ({ p, element }) => {
+            if (!element.classList.contains('main')) return element.querySelector('.title').textContent;
+            // The browser squeezes blanks in a title.
+            return p.Caption.replace(/ +/g, ' ').trim() === document.title ? p.Caption : document.title;
+        },
         Frame: ({ element, p }) => {
             const whole = p.Lead && p.Caption ? `${p.Lead} \u00B7 ${p.Caption}` : (p.Lead ?? '') + (p.Caption ?? '');
             return fitted(element.querySelector(':scope > .caption').textContent, whole) === whole ? p.Caption : element.textContent;
@@ -118,10 +122,11 @@ export function readShown() {
         rowColor: (row) => of('lvCncProgram').told.rows.colors[row - of('lvCncProgram').told.rows.first],
         entries: (name) => entries(of(name)).length,
         entry: (name, index) => line(entries(of(name))[index], of(name).p.Entries[index]),
-        // The control that the browser's focus is in.
+        // The control that the browser's focus is in; none is in what has gone out of sight with the keys.
         focus() {
-            const id = document.activeElement?.closest('[data-control]')?.dataset.control;
-            const told = window.told.controls.get(Number(id));
+            const id = Number(document.activeElement?.closest('[data-control]')?.dataset.control);
+            const out = !document.querySelector(`[data-control="${window.told.focus}"]`)?.checkVisibility();
+            const told = window.told.controls.get(out ? window.told.focus : id);
             return told && told.kind !== 'Form' ? told.name + (told.index >= 0 ? `(${told.index})` : '') : '';
         },
     };

@@ -2,7 +2,6 @@
 // still but for what a step takes, as that of the console does; what a story does during a wait is done while the program
 // is in it. Steps and expectations that no page has are listed in tests/web/stories.json.
 import assert from 'node:assert/strict';
-import * as fs from 'node:fs';
 
 import { answerBox } from './story_boxes.mjs';
 import { boxWants, compare } from './story_state.mjs';
@@ -21,11 +20,14 @@ export function textOf(argument) {
         .replaceAll('${TMP}/', '').replace(/\bsamples\/(\w+\.cnc)/g, '$1').replaceAll('${SETTINGS}', '/data/EMCO/KVT_100/Settings')
         .replaceAll('${PP}', '/data/EMCO/KVT_100/Pre_Processor').replaceAll('${DATA}', '/data/EMCO/KVT_100');
 }
-// A file of the user's, by the name that the browser knows it by.
+// The files of the user have their bare names in a page.
 export const nameOf = (argument) => textOf(argument);
-export const wordsOf = (text) => text.trim().split(/\s+/);
+// Words; one can stand in quotes.
+export const wordsOf = (text) => (text.trim().match(/"[^"]*"|\S+/g) ?? ['']).map((one) => one.replace(/^"(.+)"$/, '$1'));
 // The rest of a line behind its first word, which may stand in quotes.
 export const behind = (text) => text.trimStart().replace(/^("[^"]*"|\S+)\s?/, '');
+
+const isAt = (line, at) => (at.endsWith('...') ? line.startsWith(at.slice(0, -3)) : line === at);
 
 // The work area of a screen as the console has it.
 const screen = [28800, 15600]; // twips
@@ -38,15 +40,15 @@ export class Story {
     checked = 0; // expectations
     leftOut = new Map(); // expectations that no page shows, by what they ask for
 
-    // without: [{ at, lines, instead, why }], the lines that are passed over, by how the first of them begins.
-    constructor(here, file, without = []) {
-        const name = /(\w+)\.kvts$/.exec(file)[1];
+    // without: [{ at, lines, instead, why }]: so many lines are passed over, or others run instead. at: the first of them,
+    // or how it begins ("..."); lines can be
+    // "rest".
+    constructor(here, name, text, without = [], play = []) {
         Object.assign(this, {
-            name,
-            here, without: [...without], answers: [], boxes: [], colors: [], printers: [], queued: [], files: [], kept: [], gone: [],
+            name, here, play, without: [...without], answers: [], boxes: [], colors: [], printers: [], queued: [], files: [], kept: [], gone: [],
             waiting: [], users: 0, from: null, sent: '', clock: 0, printed: '',
         });
-        this.lines = fs.readFileSync(file, 'utf8').split('\n');
+        this.lines = text.split('\n');
         const options = this.lines.filter((line) => line.startsWith('# options:')).join(' ');
         this.ports = /--ports (\d)/.exec(options)?.[1];
         const [, width, height] = /--screen (\d+) (\d+)/.exec(options) ?? [];
@@ -62,9 +64,9 @@ export class Story {
                 const line = this.lines[at];
                 if (!/^\w/.test(line)) continue;
                 try {
-                    if (this.without[0] && line.startsWith(this.without[0].at)) {
+                    if (this.without[0] && isAt(line, this.without[0].at)) {
                         const { lines = 1, instead = [] } = this.without.shift();
-                        at += lines - 1;
+                        at += lines === 'rest' ? this.lines.length : lines - 1;
                         for (const one of instead) await this.runLine(one);
                     } else {
                         await this.runLine(line);
@@ -155,7 +157,7 @@ export class Story {
         const { context } = this;
         const kept = this.kept.splice(0);
         const gone = this.gone.splice(0);
-        const play = ['playClock', 'readShown', 'playPrinter', ...(this.ports ? ['playSerial'] : [])];
+        const play = ['playClock', 'readShown', 'playPrinter', 'playRefusals', 'keepDownloads', ...this.play, ...(this.ports ? ['playSerial'] : [])];
         this.bench = await Workbench.open(this.here, { context, play, kept, gone, ports: this.ports, size: this.size, waits: false });
         const origin = new URL(this.here.site.address).origin;
         await context.overridePermissions(origin, ['clipboard-read', 'clipboard-write', 'clipboard-sanitized-write']);

@@ -8,7 +8,7 @@ export async function focusControl(story, name) {
     const { bench } = story;
     const one = await story.control(name);
     const plain = name.split('.').at(-1);
-    if (!one.shown) return;
+    if (!one.shown) return undefined;
     const focused = () => bench.evaluate(() => window.told.focus);
     const there = async () => (await focused()) === one.id;
     const isNear = () => bench.evaluate((n) => {
@@ -25,16 +25,26 @@ export async function focusControl(story, name) {
         await story.settle();
         const now = await focused();
         // A field with a wrong value keeps it.
-        if (now === before || story.boxes.length > boxes) return;
+        if (now === before || story.boxes.length > boxes) return undefined;
         if (now === from) break;
     }
-    if (await there()) return;
+    if (await there()) return undefined;
+    // The title of its window brings back what had the keys there.
+    if (one.kind === 'PictureBox') {
+        const title = await bench.evaluate((n) => {
+            const box = document.querySelector(`[data-control="${window.told.named(n).form}"] .title`).getBoundingClientRect();
+            return { x: box.left + 20, y: box.top + box.height / 2 };
+        }, name);
+        await bench.page.mouse.click(title.x, title.y);
+        return story.settle();
+    }
     if (one.kind === 'TextBox') return clickControl(story, name, one);
     await uncover(story, name);
     const box = await (await bench.element(name)).boundingBox();
     const { mouse } = bench.page;
-    // Below the rows of a list; beside the letters of all else.
-    await mouse.move(box.x + box.width - 30, box.y + box.height - (one.kind === 'ListView' ? 25 : box.height / 2));
+    // Low in a list; beside the letters of all else.
+    const [x, y] = one.kind === 'ListView' ? [30, box.height - 25] : [box.width - 8, box.height / 2];
+    await mouse.move(box.x + x, box.y + y);
     await mouse.down();
     await mouse.move(2, 2);
     await mouse.up();
@@ -52,6 +62,8 @@ export async function chooseMenu(story, name) {
         return one.name === 'mnuRightClick' || !one.p.Visible;
     }, name);
     if (popup) return chooseAtPointer(story, name);
+    const hidden = await bench.evaluate((n) => !window.told.controls.get(window.told.named(n).form).p.Visible, name);
+    if (hidden) return undefined;
     await uncover(story, name);
     const way = await bench.evaluate((n) => {
         const ids = [];
@@ -60,7 +72,8 @@ export async function chooseMenu(story, name) {
     }, name);
     for (const id of way) {
         const entry = await bench.page.$(`[data-control="${id}"]`);
-        if (!(await entry.isVisible())) break;
+        // A grey menu does not open.
+        if (!(await entry?.isVisible())) break;
         await entry.hover();
         // The pointer has opened what lies beside.
         const isUp = await entry.evaluate((element) => element.classList.contains('up'));
@@ -101,6 +114,10 @@ export async function clickControl(story, name, one) {
 // A window that lies over what is to be clicked, or over a part of that, is drawn aside by its title; one that fills the
 // page gives way to the editor by a key.
 export async function uncover(story, name, part = '') {
+    for (let i = 0; i < 3 && (await uncoverOnce(story, name, part)); ++i);
+}
+// False where nothing lay over it.
+async function uncoverOnce(story, name, part) {
     const { bench } = story;
     const bar = await bench.evaluate((n, within) => {
         let one = window.told.named(n);
@@ -113,27 +130,20 @@ export async function uncover(story, name, part = '') {
         const title = over.querySelector('.title').getBoundingClientRect();
         return { x: title.left + 40, y: title.top + title.height / 2, filling: over.classList.contains('filling'), main: own?.classList.contains('main') };
     }, name, part);
-    if (!bar) return;
-    if (bar.behind) {
-        // A drawing that fills the page lies behind the editor.
-        await bench.press('F5');
-        await story.settle();
-        return;
-    }
-    if (bar.filling) {
-        // What lies below it comes up by its key.
-        if (!bar.main) noWay('what lies below a maximised window');
-        await bench.press('F6');
-        await story.settle();
-        return;
-    }
-    const { mouse } = bench.page;
-    const { width, height } = story.size;
-    await mouse.move(bar.x, bar.y);
-    await mouse.down();
-    await mouse.move(width - 10, height - 20, { steps: 3 });
-    await mouse.up();
+    if (!bar) return false;
+    if (bar.filling && !bar.main) noWay('what lies below a maximised window');
+    // A drawing that fills the page lies behind the editor, or over it.
+    if (bar.behind || bar.filling) await bench.press(bar.behind ? 'F5' : 'F6');
+    else await drawAside(story, bar);
     await story.settle();
+    return true;
+}
+async function drawAside({ bench, size }, { x, y }) {
+    const { mouse } = bench.page;
+    await mouse.move(x, y);
+    await mouse.down();
+    await mouse.move(size.width - 10, size.height - 20, { steps: 3 });
+    await mouse.up();
 }
 
 export async function rowInSight(story, number) {

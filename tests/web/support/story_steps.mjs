@@ -4,11 +4,16 @@ import assert from 'node:assert/strict';
 import { behind, nameOf, noWay, textOf, wordsOf } from './story.mjs';
 import { clickControl, chooseMenu, focusControl, rowInSight, uncover } from './story_hands.mjs';
 import { mouseSteps } from './story_mouse.mjs';
-import { sample } from './workbench.mjs';
+import { brought } from './workbench.mjs';
 
 // What is queued for later, or stands around the program.
-export const queues = new Set(['answer', 'file', 'write', 'colour', 'printer', 'delete', 'clipboard', 'portfails', 'during']);
+export const queues = new Set(['answer', 'file', 'write', 'colour', 'printer', 'delete', 'clipboard', 'portfails', 'fails', 'during']);
 
+// The name and the content of a file that comes with the program.
+function broughtFile(argument) {
+    const [, folder, name] = /^"?(samples|languages)\/([^"]+)"?$/.exec(argument.trim()) ?? [];
+    return name && [name, brought(folder, name)];
+}
 const inFolder = (name) => /[/$]/.test(name);
 
 // As a file that is opened from the folder of the desktop.
@@ -36,12 +41,26 @@ async function clickTitle(story, name, button, wanted) {
     await (await form.$(button)).click();
 }
 
+// What the browser itself does at a key comes only by its name.
+async function pasteNotes({ bench }, text) {
+    const { keyboard } = bench.page;
+    await bench.click('txtFileNotes');
+    await keyboard.down('Control');
+    await keyboard.press('Home', { commands: ['MoveToBeginningOfDocument'] });
+    await keyboard.down('Shift');
+    await keyboard.press('End', { commands: ['MoveToEndOfDocumentAndModifySelection'] });
+    await keyboard.up('Shift');
+    await bench.evaluate((one) => window.clock.rest().then(() => navigator.clipboard.writeText(one)), text);
+    if (text) await keyboard.press('v', { commands: ['Paste'] });
+    await keyboard.up('Control');
+    if (!text) await keyboard.press('Delete');
+}
+
 export const steps = {
     async start(rest) {
         await this.closePage();
-        const from = /samples\/(\w+\.cnc)/.exec(rest);
-        const name = from ? from[1] : nameOf(rest);
-        if (from) this.files.push([name, sample(name)]);
+        const [name, content] = broughtFile(rest) ?? [nameOf(rest)];
+        if (content) this.files.push([name, content]);
         await this.openPage();
         await this.settle();
         if (name) await openFirst(this, name);
@@ -99,18 +118,17 @@ export const steps = {
     },
     async set(rest) {
         const [name] = wordsOf(rest);
-        if (!(await this.control(name)).shown) return;
+        if (!(await this.control(name)).shown) return undefined;
+        if (name === 'txtFileNotes') return pasteNotes(this, textOf(behind(rest)));
         await uncover(this, name);
         await (await this.bench.element(name)).click();
         await this.bench.evaluate(() => window.clock.rest());
         await this.bench.press('Home');
         await this.bench.press('Shift+End');
-        await this.bench.type(textOf(behind(rest)) || '\b');
+        return this.bench.type(textOf(behind(rest)) || '\b');
     },
-    async notes(rest) {
-        await this.bench.click('txtFileNotes');
-        await this.bench.press('Ctrl+A');
-        await this.bench.type(textOf(rest).replaceAll('\r\n', '\r') || '\b');
+    notes(rest) {
+        return pasteNotes(this, textOf(rest));
     },
     async pick(rest) {
         const [name, index] = wordsOf(rest);
@@ -173,10 +191,9 @@ export const steps = {
         this.answers.push(rest.trim());
     },
     async file(rest) {
-        const from = /samples\/(\w+\.cnc)/.exec(rest);
-        const name = rest.trim() === 'cancel' ? null : from ? from[1] : nameOf(rest);
+        const [name, content] = broughtFile(rest) ?? [rest.trim() === 'cancel' ? null : nameOf(rest)];
         if (inFolder(name ?? '')) noWay('a folder of the user');
-        if (from) await this.putFile(from[1], sample(from[1]));
+        if (content) await this.putFile(name, content);
         if (this.bench) await this.bench.picks(name);
         else this.queued.push(name);
     },
@@ -189,10 +206,16 @@ export const steps = {
         else await this.putFile(nameOf(name), text);
     },
     // What the page keeps by itself, before its next start.
-    delete(rest) {
+    async delete(rest) {
         const path = textOf(rest);
-        if (!path.startsWith('/data/')) noWay('a file of the user that goes away');
-        this.gone.push(`kvt:${path}`);
+        if (this.bench && !(await this.bench.evaluate(() => window.told.ended))) noWay('a file that goes away while the page has it');
+        if (path.startsWith('/data/')) this.gone.push(`kvt:${path}`);
+        else await this.bench.evaluate(async (name) => (await navigator.storage.getDirectory()).removeEntry(name), path);
+    },
+    async fails(rest) {
+        const [service] = wordsOf(rest);
+        if (service !== 'file' && service !== 'clipboard') noWay(`a ${service} that fails`);
+        await this.bench.evaluate((which) => (window.refusals[which] = 1), service);
     },
     colour(rest) {
         this.colors.push(rest.trim());

@@ -1,5 +1,6 @@
 // The page in a browser, worked by real keys and clicks.
 import assert from 'node:assert/strict';
+import { execFileSync } from 'node:child_process';
 import * as fs from 'node:fs';
 import * as os from 'node:os';
 import * as path from 'node:path';
@@ -38,7 +39,19 @@ export async function launch(...more) {
     return { browser, end };
 }
 
-export const sample = (name) => fs.readFileSync(path.join(root, 'samples', name), 'latin1');
+// A file that comes with the program, byte by byte.
+export const brought = (folder, name) => fs.readFileSync(path.join(root, folder, name), 'latin1');
+export const sample = (name) => brought('samples', name);
+
+// What the console of this build prints.
+export function kvtc(...call) {
+    const bin = process.env.KVT_WEB_BIN ?? `${root}/build/web/bin`;
+    try {
+        return execFileSync('node', [`${bin}/kvtc.js`, ...call], { encoding: 'utf8', cwd: root, stdio: ['ignore', 'pipe', 'ignore'] });
+    } catch (fault) {
+        return fault.stdout;
+    }
+}
 
 export class Workbench {
     // A page of its own, in a context of the browser that has kept nothing yet where none is given. play: names of
