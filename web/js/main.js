@@ -71,7 +71,7 @@ function handlers(stage, { store, share, serial, panel }) {
         clipboardWrite: (task) => write(task.text),
         clipboardPicture: (task) => writePicture(task),
         print: (task) => print(stage, task),
-        printers: () => notice(stage, stage.text('printers')),
+        printers: () => notice(stage, 'printers'),
         portOpen: (task) => serial.open(task),
         portChoose: (task) => serial.choose(task),
         portClose: (task) => serial.close(task),
