@@ -39,11 +39,10 @@ public:
     void SetCommPort(int number);
     int CommPort() const { return number_; }
 
+    // The first virtual functions wait for nothing: docs/web.md says why.
+    virtual bool IsOpen() const = 0;
     // Error 8005 where the port is open, does not exist or belongs to another program.
     virtual void Open() = 0;
-    // Waits until what was given has left. Nothing where the port is closed.
-    virtual void Close() = 0;
-    virtual bool IsOpen() const = 0;
     // Somebody is about to send or to receive: asks for a device that is open but still to be chosen by its user. False
     // where none was chosen; error 8005 where the chosen one does not open, which closes the port.
     virtual bool ChooseDevice() { return true; }
@@ -60,6 +59,8 @@ public:
     virtual double MillisecondsLeft() const = 0;
     // How much earlier than that the next line is to be given, so that the line stays busy.
     virtual double LeadTime() const { return 0; }
+    // Waits until what was given has left. Nothing where the port is closed.
+    virtual void Close() = 0;
     // Characters accepted and not sent yet.
     int Unsent() const;
     // All that has come since the last call. Error 8018 where the port is closed.

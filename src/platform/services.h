@@ -114,7 +114,7 @@ public:
     virtual ~SystemService() = default;
     // Work that goes on, no wait, calls this often, with the number of its turn from 1: pending events are
     // delivered every now and then, at least every 50 ms. False when the work is to end: the program has, or
-    // nothing can end endless work any more.
+    // nothing can end endless work any more. It comes first for the size of the browser page: docs/web.md.
     virtual bool ServeEvents(long long turn) = 0;
     // One turn of a wait for what the user does: lets the system deliver pending events. False when nothing can
     // come any more: the wait then ends.

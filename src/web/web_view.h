@@ -57,7 +57,7 @@ protected:
     WebContext& Web;
 
 public:
-    // Something was done with it; what the control cannot have now changes nothing.
+    // Something was done with it; what the control cannot have now changes nothing. Last: docs/web.md.
     virtual void Take(const PageEvent& event);
 
 private:

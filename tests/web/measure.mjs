@@ -40,6 +40,16 @@ async function pressTimes(bench, key, times) {
     return median(await bench.evaluate(() => window.pressed));
 }
 
+// What the browser itself takes for a letter: a page with one field and nothing else.
+async function measureBare({ browser }) {
+    const context = await browser.createBrowserContext();
+    const bench = new Workbench(await context.newPage(), context);
+    await bench.page.setContent('<input autofocus>');
+    await bench.evaluate(`(${watchKeys})()`);
+    show('a letter in a bare field', `${(await pressTimes(bench, 'x', 40)).toFixed(1)} ms`, '');
+    await bench.close();
+}
+
 async function measure(here, play) {
     const starts = [];
     for (let i = 0; i < 5; ++i) {
@@ -86,5 +96,6 @@ for (const play of [[], ['withoutStackSwitching']]) {
     console.log(`\n| ${play.length ? 'every browser' : 'stack switching'} | measured | budget |\n|---|---|---|`);
     await measure({ browser: chromium.browser, site }, play);
 }
+await measureBare(chromium);
 await chromium.end();
 await site.close();

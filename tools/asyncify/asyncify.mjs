@@ -3,6 +3,7 @@
 //   WAITING  the import that waits
 //   FILLED   how many functions of filler the table begins with
 //   STEADY   exports that never come to a wait, though what they call by the table does not show it
+// KVT_ASYNCIFY_ASSERTS=1 makes a program for a proof: it stops where a function is left that was said to stay.
 import { execFileSync } from 'node:child_process';
 import * as fs from 'node:fs';
 import * as os from 'node:os';
@@ -22,12 +23,14 @@ const read = (name) => fs.readFileSync(at(name), 'latin1');
 optimise(from, '--ssa', '-S', '-o', at('plain.wat'));
 const module = new ModuleText(read('plain.wat'));
 const found = findWaits(module, new Functions(module, count + 1), waiting, steady);
+if (!found.waits.has(module.exports.get('main'))) throw new Error(`main does not come to ${waiting}: the program is not read right`);
 const { text, leave } = madeSteady(module, found);
 fs.writeFileSync(at('steady.wat'), withoutFiller(module, text, count), 'latin1');
 fs.writeFileSync(at('leave'), leave.join(','));
-optimise(at('steady.wat'), '-O1', '--asyncify', `--pass-arg=asyncify-imports@env.${waiting},env.invoke_*`,
+const proof = process.env.KVT_ASYNCIFY_ASSERTS ? ['--pass-arg=asyncify-asserts'] : [];
+optimise(at('steady.wat'), '-O1', '--asyncify', ...proof, `--pass-arg=asyncify-imports@env.${waiting},env.invoke_*`,
          `--pass-arg=asyncify-removelist@@${at('leave')}`, '-S', '-o', at('waits.wat'));
 fs.writeFileSync(at('renamed.wat'), renamedBack(read('waits.wat')), 'latin1');
-optimise(at('renamed.wat'), '-Os', '--low-memory-unused', '--zero-filled-memory', '--strip-producers', '-o', to);
+optimise(at('renamed.wat'), '-Os', '-Os', '--low-memory-unused', '--zero-filled-memory', '--strip-producers', '-o', to);
 console.log(`${found.waits.size} of ${module.functions.size} functions wait`);
 fs.rmSync(folder, { recursive: true });
