@@ -41,5 +41,25 @@ function(kvt_for_page target)
     foreach(room web shell transfer editor files platform)
         target_compile_options(kvt_${room} PRIVATE "SHELL:-mllvm -inline-threshold=20")
     endforeach()
-    target_link_options(${target} PRIVATE -sASYNCIFY=1 -sASYNCIFY_IMPORTS=[kvt_next] -sASYNCIFY_STACK_SIZE=65536)
+    kvt_asyncify(${target})
+endfunction()
+
+# kvt_asyncify(TARGET) makes a program able to wait in every browser, as web/js/rewinding.js has it. Only what can be on the
+# stack in a wait takes part: tools/asyncify finds that, and must be able to tell the addresses of functions and data from
+# other numbers.
+function(kvt_asyncify target)
+    set(filled 40000)
+    set(filler ${CMAKE_BINARY_DIR}/filler.o)
+    set(tool ${CMAKE_SOURCE_DIR}/tools/asyncify)
+    add_custom_command(OUTPUT ${filler} DEPENDS ${tool}/filler.S
+        COMMAND ${CMAKE_CXX_COMPILER} -DKVT_FILLED=${filled} -c ${tool}/filler.S -o ${filler})
+    add_custom_target(filler DEPENDS ${filler})
+    add_dependencies(${target} filler)
+    target_link_options(${target} PRIVATE ${filler} -sGLOBAL_BASE=262144
+                        -sEXPORTED_FUNCTIONS=_main,_malloc,_kvt_filler,_snprintf,___dynamic_cast)
+    set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS
+                 ${filler} ${tool}/asyncify.mjs ${tool}/module_text.mjs ${tool}/transform.mjs ${tool}/waits.mjs)
+    set(wasm $<TARGET_FILE_DIR:${target}>/kvt_web.wasm)
+    add_custom_command(TARGET ${target} POST_BUILD
+        COMMAND node ${tool}/asyncify.mjs ${wasm} ${wasm} kvt_next ${filled} snprintf __dynamic_cast)
 endfunction()

@@ -38,12 +38,13 @@ void WebSession::Start() {
     if (Platform.System.Ended()) return;
     if (firstVisit) Workbench.Languages.LoadByCode(Platform.Hello().Raw("language"));
     // A browser that cannot open a file again has forgotten those of the last visit.
-    Workbench.Recent.LeaveOut([this](const std::string& path) { return !Platform.Files.Knows(path); });
+    Workbench.ForgetFiles([this](const std::string& path) { return !Platform.Files.Knows(path); });
     // The page is its window.
     Workbench.frmMain.State = WindowState::Maximised;
     for (Form* form : Workbench.Forms()) Platform.Show(*form);
     Platform.FillPage(Workbench.frmMain);
     Platform.Focus.TellAgain();
+    Platform.Port.OnNames = [this] { Workbench.Port.FollowDevices(); };
     Platform.OnOther["brought"] = [this](const PageEvent& event) { TakeBrought(event); };
     Platform.OnOther["link"] = [this](const PageEvent&) { GiveProgram(); };
     // A page goes without a word, or is hidden and then forgotten.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/web_machine.h"
 #include "app/web_programs.h"
 #include "shell/workbench.h"
 #include "web/web_platform.h"
@@ -33,6 +34,9 @@ private:
 public:
     WebPlatform Platform;
     kvt::Workbench Workbench;
+
+private:
+    WebMachine machine_{Platform, [this] { return Workbench.Port.IsSending; }};
 };
 
 }  // namespace kvt

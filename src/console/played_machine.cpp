@@ -10,19 +10,13 @@
 #include <chrono>
 #include <thread>
 
-#include "basic/line_end.h"
 #include "basic/run_time_error.h"
-#include "basic/text.h"
 #include "system/posix_port.h"
-#include "transfer/outgoing_lines.h"
 
 namespace kvt {
 
 namespace {
 
-constexpr std::size_t commentPosition = 30;
-// What the control's own buffer holds.
-constexpr double mostAtOnce = 16;
 constexpr double longestRest = 20;  // milliseconds
 constexpr double settling = 1000;   // so long the other end is held before it counts as open
 
@@ -54,11 +48,8 @@ PseudoTerminal::PseudoTerminal() : handle_(posix_openpt(O_RDWR | O_NOCTTY)) {
 
 PseudoTerminal::~PseudoTerminal() { close(handle_); }
 
-bool EndsReception(std::string_view line, bool inProgram) {
-    const std::string_view mark = Trim(line);
-    const bool hasOrientation = mark.size() == 2 && (mark[1] == 'I' || mark[1] == '-');
-    if ((mark.size() == 1 || hasOrientation) && (mark[0] == 'M' || mark[0] == '"')) return true;
-    return inProgram && line.find('M', commentPosition) != std::string_view::npos;
+PlayedMachine::PlayedMachine(Line line) : line_(line) {
+    pace_.SetEach(line_.Settings.CharacterMilliseconds() / line_.SpeedUp);
 }
 
 bool PlayedMachine::OtherEndIsOpen() const {
@@ -68,21 +59,18 @@ bool PlayedMachine::OtherEndIsOpen() const {
 
 // How many characters may pass now; at least one, for which it waits.
 std::size_t PlayedMachine::Due() {
-    const double each = line_.Settings.CharacterMilliseconds() / line_.SpeedUp;
-    while (Now() < next_ && !Stops()) Sleep(next_ - Now());
-    next_ = std::max(next_, Now() - mostAtOnce * each);
-    return 1 + static_cast<std::size_t>(std::max(0.0, (Now() - next_) / each));
+    while (Now() < pace_.Next() && !Stops()) Sleep(pace_.Next() - Now());
+    return std::max<std::size_t>(1, pace_.Due(Now()));
 }
 
 bool PlayedMachine::CountPassed(std::size_t more) {
     passed_ += static_cast<long>(more);
-    next_ += static_cast<double>(more) * line_.Settings.CharacterMilliseconds() / line_.SpeedUp;
+    pace_.Pass(more);
     return line_.DropAfter >= 0 && passed_ >= line_.DropAfter;
 }
 
 TransferEnd PlayedMachine::Receive(std::string& received) {
-    std::size_t lineStart = 0;
-    bool inProgram = false;
+    ControlReception reception;
     for (;;) {
         const std::size_t due = Due();
         if (Stops()) return TransferEnd::Stopped;
@@ -95,20 +83,11 @@ TransferEnd PlayedMachine::Receive(std::string& received) {
             Sleep(line_.SpeedUp > 1 ? 1 : longestRest / 4);
             continue;
         }
-        received.append(piece, static_cast<std::size_t>(size));
+        reception.Take({piece, static_cast<std::size_t>(size)});
+        received = reception.Text();
         const bool drops = CountPassed(static_cast<std::size_t>(size));
-        for (std::size_t end = received.find('\n', lineStart); end != std::string::npos;
-             end = received.find('\n', lineStart)) {
-            std::string_view line = std::string_view(received).substr(lineStart, end - lineStart);
-            if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-            if (EndsReception(line, inProgram)) {
-                // The control listens no longer.
-                received.resize(end + 1);
-                return TransferEnd::Completed;
-            }
-            if (line.substr(0, 1) == "%") inProgram = true;
-            lineStart = end + 1;
-        }
+        // The control listens no longer.
+        if (reception.HasEnded()) return TransferEnd::Completed;
         if (drops) return TransferEnd::CutOff;
     }
 }
@@ -131,10 +110,7 @@ TransferEnd PlayedMachine::SendProgram(std::string_view file) {
         const TransferEnd awaited = AwaitOtherEnd();
         if (awaited != TransferEnd::Completed) return awaited;
     }
-    OutgoingLines lines(file, true);
-    std::string text;
-    for (std::string line; lines.Next(line);) text.append(line).append(LineEnd);
-    return Send(text);
+    return Send(ControlSending(file));
 }
 
 TransferEnd PlayedMachine::Send(std::string_view text) {

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/serial_port.h"
+#include "transfer/played_control.h"
 
 namespace kvt {
 
@@ -42,7 +43,7 @@ public:
         // After so many characters in either direction it is over; none where below 0.
         long DropAfter = -1;
     };
-    explicit PlayedMachine(Line line) : line_(line) {}
+    explicit PlayedMachine(Line line);
 
     // Asked all through; true ends what is under way.
     std::function<bool()> StopRequested;
@@ -64,12 +65,8 @@ private:
     bool CountPassed(std::size_t more);
 
     Line line_;
-    double next_ = 0;
+    CharacterPace pace_;
     long passed_ = 0;
 };
-
-// Whether a line ends the reception at a control: a units line, or, behind the program's beginning, a capital M in
-// a comment.
-bool EndsReception(std::string_view line, bool inProgram);
 
 }  // namespace kvt

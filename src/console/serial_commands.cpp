@@ -16,6 +16,7 @@
 #include "console/loaded_file.h"
 #include "console/output_file.h"
 #include "console/played_machine.h"
+#include "shell/arrived_program.h"
 #include "system/interrupts.h"
 
 namespace kvt {
@@ -188,17 +189,16 @@ const char* WordsOf(TransferEnd end) {
 int ReportReceived(const std::string& received, const std::string& machine) {
     OffscreenPlatform platform;
     const TemporaryFolder folder;
-    std::string name = NameFromSystem((folder.Path() / "received").string());
-    const bool whole = received.find('%') != std::string::npos;
-    platform.Files.WriteWhole(name, whole ? received : "%" + std::string(LineEnd) + received);
-    const auto workbench = std::make_unique<Workbench>(platform.Services);
-    if (workbench->Reader.LoadFile(name) != LoadResult::Loaded) {
+    const std::string name = NameFromSystem((folder.Path() / "received").string());
+    platform.Files.WriteWhole(name, ReceivedFile(received));
+    const std::optional<ArrivedProgram> program = ReadArrivedProgram(platform.Services, name);
+    if (!program) {
         std::printf("It is no program that a machine takes.\n");
         return status::Finding;
     }
-    const bool fits = MachineNamed(machine) == workbench->Store.Machine;
-    std::printf("It is a program of %d lines for %s%s.\n", workbench->Store.LineCount(),
-                FactsOf(workbench->Store.Machine).Name, fits ? "" : ", not for this machine");
+    const bool fits = MachineNamed(machine) == program->Machine;
+    std::printf("It is a program of %d lines for %s%s.\n", program->Lines, FactsOf(program->Machine).Name,
+                fits ? "" : ", not for this machine");
     return fits ? status::Succeeded : status::Finding;
 }
 

@@ -278,9 +278,8 @@ void KeyboardEntry::txtGMcode_LostFocus() {
     const bool ends = std::exchange(codeFieldEnded_, false);
     // The code of an opened line that nobody touched, also one that the machine does not know.
     if (!ends && !modeKeyUsed_ && CodeUnchanged(parts_.Entry)) return;
-    // A place outside the chain keeps the focus that it was given; along the chain the code decides, and where a key has
-    // ended the field.
-    parts_.Layout.KeepFocus = !ends && !InChain(parts_.Platform.Focus.Focused());
+    // A place outside the chain keeps the focus that it was given; along the chain the code decides.
+    parts_.Layout.KeepFocus = !InChain(parts_.Platform.Focus.Focused());
     Attempt(codeCheckName, [&] { CheckCode(); });
     // The next code begins anew, also where this one was empty or unknown.
     modeKeyUsed_ = false;

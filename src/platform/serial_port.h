@@ -44,6 +44,9 @@ public:
     // Waits until what was given has left. Nothing where the port is closed.
     virtual void Close() = 0;
     virtual bool IsOpen() const = 0;
+    // Somebody is about to send or to receive: asks for a device that is open but still to be chosen by its user. False
+    // where none was chosen; error 8005 where the chosen one does not open, which closes the port.
+    virtual bool ChooseDevice() { return true; }
 
     // Takes effect when all that was given before has left. Error 5 for a text that means nothing.
     void SetSettings(std::string_view settings);

@@ -112,13 +112,13 @@ public:
 class SystemService {
 public:
     virtual ~SystemService() = default;
-    // One turn of a wait for what the user does: lets the system deliver pending events. False when nothing can
-    // come any more: the wait then ends.
-    virtual bool DoEvents() = 0;
     // Work that goes on, no wait, calls this often, with the number of its turn from 1: pending events are
     // delivered every now and then, at least every 50 ms. False when the work is to end: the program has, or
     // nothing can end endless work any more.
     virtual bool ServeEvents(long long turn) = 0;
+    // One turn of a wait for what the user does: lets the system deliver pending events. False when nothing can
+    // come any more: the wait then ends.
+    virtual bool DoEvents() = 0;
     // A wait that ends by itself: serves events until left, asked over and over, gives no more milliseconds that
     // are to pass. False when the program has ended.
     virtual bool WaitUntil(const std::function<double()>& left) = 0;

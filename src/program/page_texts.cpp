@@ -58,15 +58,27 @@ constexpr Row rows[] = {
      "the "
      "played machine."},
     {"machine", "Played machine"},
-    {"machineHint", "While this is open it is the machine: TX sends to it, and what it sends comes to RX."},
-    {"speed", "Speed"},
+    {"machineHint",
+     "While this is open it is the machine: TX sends to it at the rate of Settings, COM, and what it sends "
+     "comes to RX."},
+    {"speed", "Sends at baud"},
     {"send", "Send"},
     {"clear", "Clear"},
     {"hidden", "Hide"},
     {"received", "Received"},
-    {"sending", "Sending:"},
-    {"sent", "All has been sent."},
-    {"machineEmpty", "The machine has no program yet: transmit one to it first."},
+    {"machineSending", "Sending: %1 of %2 characters, %3 left."},
+    {"machineSent", "Sent: %1 characters."},
+    {"machineNothing", "The machine has no program yet: transmit one to it first."},
+    {"stopSending", "Stop"},
+    {"machineWaits", "A transmission is under way; the line is left as it is until that has ended."},
+    {"machineListening", "Ready: the control listens."},
+    {"machineReceiving", "Receiving: %1 characters."},
+    {"machineReceived", "Received: a program of %1 lines for %2. The control listens no longer."},
+    {"machineNoProgram", "Received: %1 characters that are no program. The control listens no longer."},
+    {"machineStopped", "Stopped after %1 of %2 characters."},
+    {"machinePortClosed", "The workbench does not listen: enable communication in Settings, COM."},
+    {"machineLost", "What came while it did not listen is lost: %1 characters."},
+    {"printers", "Printers and copies are in the dialog of the browser, when you print."},
 };
 
 template <class Part>

@@ -55,6 +55,7 @@ constexpr TextsOf<ErrorText>::Default errorDefaults[] = {
     {text::LineOf, "Line %1 of %2"},
     {text::TimeLeft, "%1 left at %2 baud"},
     {text::ReceivedCount, "%1 characters, %2 lines"},
+    {text::NoPortChosen, "No serial port was chosen. Nothing was sent or received."},
 };
 
 constexpr TextsOf<MessageText>::Default messageDefaults[] = {

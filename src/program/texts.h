@@ -95,6 +95,7 @@ enum class ErrorText {
     LineOf = 23,
     TimeLeft = 24,
     ReceivedCount = 25,
+    NoPortChosen = 26,
 };
 
 enum class MessageText {

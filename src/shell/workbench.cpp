@@ -80,7 +80,7 @@ Workbench::Workbench(Services& services)
       reset_({settings_, Store, Language, Display, Interpreter, Calls}),
       drawSettings_(Draw, beside_, data_, services),
       recovery_(frmMain, {Store, File, Reader, Writer, Language, data_, services, Calls}),
-      Recent({Main, Store, Language, services, Calls}),
+      recent_({Main, Store, Language, services, Calls}),
       samples_({Main, Reader, Language, services, Calls}),
       findings_({Store, Language, services.Focus, Calls}),
       greys_({Main, Store, Machine, Entry, Transfer, Port, Language, Calls}) {
@@ -97,7 +97,7 @@ Workbench::Workbench(Services& services)
     BindPrinter(settings_.Keys, paper_);
     BindWindow(settings_.Keys, frmMain, beside_, services.Screen);
     drawSettings_.BindShown(settings_.Keys);
-    Recent.BindKeys(settings_.Keys);
+    recent_.BindKeys(settings_.Keys);
     FillCalls();
     WireWindow();
     WireMenus();
@@ -147,7 +147,7 @@ void Workbench::FillCalls() {
         // The line may be too short for it.
         Main.lblNotice.ToolTip = what;
     };
-    Calls.FileUsed = [this](const std::string& path) { Recent.Use(path); };
+    Calls.FileUsed = [this](const std::string& path) { recent_.Use(path); };
     Calls.HideSettings = [this] { Main.tabSettings.Visible = false; };
     Calls.FirstFieldFocus = [this](std::string_view initial) { Layout.FirstFieldFocus(initial); };
     Machine.OnUnits = [this] { feeds_.SetFeedLimits(); };

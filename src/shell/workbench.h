@@ -152,11 +152,7 @@ private:
     SettingsReset reset_;
     DrawSettings drawSettings_;
     Recovery recovery_;
-
-public:
-    RecentFiles Recent;
-
-private:
+    RecentFiles recent_;
     SampleMenu samples_;
     FindingGuide findings_;
     GreyReasons greys_;
@@ -172,6 +168,8 @@ public:
     void Form_Load(std::string_view commandLine);
     // Writes the settings as the way out does, and what is not saved, where the program may go without taking it.
     void KeepSettings();
+    // Leaves those out of the recent files that can no longer be had.
+    void ForgetFiles(const std::function<bool(const std::string& path)>& isGone) { recent_.LeaveOut(isGone); }
     // Whether the way out has been taken; a question about unsaved changes may still be open.
     bool Ending() const { return ended_; }
 

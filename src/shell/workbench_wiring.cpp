@@ -191,7 +191,7 @@ void Workbench::WireTransfer() {
 
 void Workbench::WireNotices() {
     Draw.Tell = [this](std::string_view what) { Run(Calls.Tell, what); };
-    Recent.Open = [this](const std::string& path) { OpenFile(path); };
+    recent_.Open = [this](const std::string& path) { OpenFile(path); };
     greys_.BringUpToDate = [this] {
         if (Modes.ControlsOn()) states_.Refresh();
     };

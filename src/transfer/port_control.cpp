@@ -136,8 +136,35 @@ void PortControl::EnableTransfer(bool enabled) {
              {&side->optBaud, &side->optParity, &side->optDataBits, &side->optStopBits}) {
             for (const auto& option : *group) option->Enabled = enabled;
         }
-        for (const auto& option : side->optPort) option->Enabled = enabled && option->Index() < portsFound_;
     }
+    EnablePorts();
+}
+
+void PortControl::EnablePorts() {
+    for (PortSide* side : {&TX(), &RX()}) {
+        for (const auto& option : side->optPort)
+            option->Enabled = ComEnabled && option->Index() < portsFound_;
+    }
+}
+
+void PortControl::FollowDevices() {
+    if (!started_) return;
+    for (PortSide* side : {&TX(), &RX()}) {
+        for (const auto& option : side->optPort) {
+            option->ToolTip = Port().DeviceName(option->Index() + 1);
+            if (!option->ToolTip.Get().empty()) portsFound_ = std::max(portsFound_, option->Index() + 1);
+        }
+    }
+    EnablePorts();
+}
+
+bool PortControl::OpenForUse() {
+    if (!Port().IsOpen()) Port().Open();
+    if (Port().ChooseDevice()) return true;
+    parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::NoPortChosen),
+                                               parts_.Language.ErrorTexts(text::SerialPort),
+                                               Icon::Information));
+    return false;
 }
 
 void PortControl::SwitchOff() {

@@ -53,6 +53,12 @@ public:
     bool AttemptPort(const char* procedure, const std::function<void()>& statement,
                      const std::function<bool(int number)>& isSilent);
 
+    // Opens the port where it is closed, and has the user choose the device where that is still open. Passes the port's
+    // errors on; false, and told, where none was chosen.
+    bool OpenForUse();
+    // The ports have other names now, or there are more of them.
+    void FollowDevices();
+
     // The events that are no characters.
     void Vanished();
     void Refused();
@@ -75,6 +81,7 @@ private:
     void SwitchOff();
     void EnableTransfer(bool enabled);
     void SelectPorts(int number);
+    void EnablePorts();
     void Reopen(const char* procedure);
 
     Parts parts_;

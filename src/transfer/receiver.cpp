@@ -55,13 +55,12 @@ Receiver::~Receiver() { parts_.Platform.Port.OnComm = nullptr; }
 
 void Receiver::mnuRX_Click() {
     if (!parts_.Port.ComEnabled) return;
-    const bool open = Attempt(openName, [&] {
-        if (!parts_.Port.Port().IsOpen()) parts_.Port.Port().Open();
-    });
-    if (!open) {
+    bool chosen = true;
+    if (!Attempt(openName, [&] { chosen = parts_.Port.OpenForUse(); })) {
         parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::PortProblem)));
         return;
     }
+    if (!chosen) return;
     // Help gives way to what is received.
     Run(parts_.Calls.HideSettings);
     Run(parts_.Calls.cmdReturn_Click);

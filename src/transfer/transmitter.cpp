@@ -86,14 +86,12 @@ void Transmitter::Finish() {
 
 // False where it does not open: one message has told that.
 bool Transmitter::OpenPort() {
-    SerialPort& port = parts_.Port.Port();
-    const bool opened = Attempt([&] {
-        if (!port.IsOpen()) port.Open();
-    });
+    bool chosen = true;
+    const bool opened = Attempt([&] { chosen = parts_.Port.OpenForUse(); });
     // Another error than those of a port in the wrong state switches nothing off.
     if (!opened && parts_.Port.ComEnabled)
         parts_.Platform.Dialogs.ShowMessage(Notice(parts_.Language.ErrorTexts(text::PortProblem)));
-    return opened;
+    return opened && chosen;
 }
 
 void Transmitter::Freeze() {

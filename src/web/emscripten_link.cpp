@@ -18,15 +18,14 @@ EM_JS(void, kvt_send_picture, (int control, int width, int height, const unsigne
     Module.link.picture(control, width, height, HEAPU32.slice(first, first + width * height));
 })
 EM_JS(double, kvt_now, (void), { return Module.link.now(); })
-// The one function that takes time. The browser switches stacks where it gets a promise, else Asyncify does.
+// The one function that takes time: the page has the program pause until take is called.
 EM_JS(char*, kvt_next, (double milliseconds), {
-    const waits = (take) => Module.link.wait(milliseconds, (text) => {
+    return Module.pause((take) => Module.link.wait(milliseconds, (text) => {
         const length = lengthBytesUTF8(text) + 1;
         const kept = _malloc(length);
         stringToUTF8(text, kept, length);
         take(kept);
-    });
-    return typeof Asyncify === 'undefined' ? new Promise(waits) : Asyncify.handleSleep(waits);
+    }));
 })
 // clang-format on
 

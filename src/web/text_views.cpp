@@ -23,6 +23,12 @@ std::string WithPlainLineEnds(std::string_view text) {
     return plain;
 }
 
+// The text but for the first half of a line end, which waits for the second.
+std::string_view WholeLineEnds(std::string_view text) {
+    if (text.ends_with('\r')) text.remove_suffix(1);
+    return text;
+}
+
 // As the control has them.
 std::string WithOwnLineEnds(std::string_view text) {
     std::string own;
@@ -71,7 +77,7 @@ bool WebTextBoxView::Write(Message& message, PropertyId id) const {
     switch (id) {
         case PropertyId::Text:
             if (box_.MultiLine) {
-                message.Code("Text", WithPlainLineEnds(box_.Text));
+                message.Code("Text", WithPlainLineEnds(WholeLineEnds(box_.Text.Get())));
             } else if (box_.ReadOnly) {
                 message.Shown("Text", box_.Text);
             } else {
@@ -91,14 +97,12 @@ bool WebTextBoxView::Write(Message& message, PropertyId id) const {
     }
 }
 
-// The first half of a line end waits for the second.
 void WebTextBoxView::TellMore(const Properties& changed) {
-    const std::string_view text = box_.Text;
+    const std::string_view text = WholeLineEnds(box_.Text.Get());
+    const std::size_t end = text.size();
     if (Holds(changed, PropertyId::Text)) {
-        told_ = text.size();
+        told_ = end;
     } else if (Holds(changed, PropertyId::Appended)) {
-        std::size_t end = text.size();
-        if (end > told_ && text[end - 1] == '\r') --end;
         if (end <= told_) return;
         Message message("append");
         message.Add("id", Number()).Code("text", WithPlainLineEnds(text.substr(told_, end - told_)));

@@ -55,8 +55,11 @@ void WebPlatform::Take(const PageEvent& event) {
         if (view) view->Take(event);
         return;
     }
-    WebFormView* const window = ViewOf(event);
+    WebFormView* window = ViewOf(event);
     if (!window) return;
+    // What was typed into a window that has gone since was typed on.
+    const bool typed = event.Is("key") || event.Is("text") || event.Is("paste");
+    if (typed && !window->Window().Visible) window = FrontView();
     if (event.Is("key")) {
         Keys.TakeKey(window->Window(), event);
     } else if (event.Is("text")) {
@@ -86,14 +89,20 @@ bool WebPlatform::TakeForService(const PageEvent& event) {
     return true;
 }
 
+WebFormView* WebPlatform::FrontView() const {
+    for (const auto& window : windows_) {
+        if (&window->Window() == Focus.Front()) return window.get();
+    }
+    return windows_.empty() ? nullptr : windows_.front().get();
+}
+
 // The window that an event tells; the one in front where it tells none.
 WebFormView* WebPlatform::ViewOf(const PageEvent& event) const {
     const int number = event.Number("form");
     for (const auto& window : windows_) {
-        if (window->Number() == number || (number == 0 && &window->Window() == Focus.Front()))
-            return window.get();
+        if (window->Number() == number) return window.get();
     }
-    return windows_.empty() || number != 0 ? nullptr : windows_.front().get();
+    return number == 0 ? FrontView() : nullptr;
 }
 
 void WebPlatform::TakeDrop(const PageEvent& event) {

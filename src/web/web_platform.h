@@ -40,6 +40,7 @@ private:
     static PageEvent AwaitHello(PageLink& link);
     void Take(const PageEvent& event);
     bool TakeForService(const PageEvent& event);
+    WebFormView* FrontView() const;
     WebFormView* ViewOf(const PageEvent& event) const;
     void TakeDrop(const PageEvent& event);
 

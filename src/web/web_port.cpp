@@ -19,22 +19,39 @@ WebPort::WebPort(WebPage& page, WebSystem& system) : page_(page), system_(system
 WebPort::~WebPort() { system_.Forget(*this); }
 
 void WebPort::Open() {
-    const auto ports = static_cast<int>(names_.size());
-    if (open_ || CommPort() > ports) throw RunTimeError(fault::PortAlreadyOpen);
+    if (open_ || CommPort() > static_cast<int>(names_.size())) throw RunTimeError(fault::PortAlreadyOpen);
     // One that is still to be let go goes on as it is.
-    if (deviceNumber_ != CommPort() || deviceSettings_ != Settings()) {
-        Let();
-        Message message("portOpen");
-        message.Add("number", CommPort()).Text("settings", Settings());
-        if (!system_.Ask(message, WebSystem::Meanwhile::Nothing).Flag("ok"))
-            throw RunTimeError(fault::PortAlreadyOpen);
-        deviceNumber_ = CommPort();
-        deviceSettings_ = Settings();
-        pace_.Reset();
-    }
+    if (!other_ && (deviceNumber_ != CommPort() || deviceSettings_ != Settings())) OpenDevice();
     open_ = true;
     changes_ = false;
     received_.clear();
+}
+
+void WebPort::OpenDevice() {
+    Let();
+    Message message("portOpen");
+    message.Add("number", CommPort()).Text("settings", Settings());
+    const PageEvent answer = system_.Ask(message, WebSystem::Meanwhile::Nothing);
+    if (!answer.Flag("ok")) throw RunTimeError(fault::PortAlreadyOpen);
+    toChoose_ = answer.Flag("later");
+    deviceNumber_ = CommPort();
+    deviceSettings_ = Settings();
+    pace_.Reset();
+}
+
+bool WebPort::ChooseDevice() {
+    if (!open_ || !toChoose_) return true;
+    Message message("portChoose");
+    message.Add("number", deviceNumber_).Text("settings", Settings());
+    deviceSettings_ = Settings();
+    changes_ = false;
+    const PageEvent answer = system_.Ask(message, WebSystem::Meanwhile::Timers);
+    if (answer.Flag("cancelled")) return false;
+    toChoose_ = false;
+    if (answer.Flag("ok")) return true;
+    deviceNumber_ = 0;
+    open_ = false;
+    throw RunTimeError(fault::PortAlreadyOpen);
 }
 
 // The device is let go when what was given has left.
@@ -45,19 +62,40 @@ void WebPort::Close() {
 }
 
 void WebPort::Let() {
-    if (std::exchange(deviceNumber_, 0) == 0) return;
     deviceSettings_.clear();
     sending_ = false;
+    if (std::exchange(deviceNumber_, 0) == 0 || std::exchange(toChoose_, false)) return;
     system_.Ask(Message("portClose"), WebSystem::Meanwhile::Nothing);
+}
+
+void WebPort::Join(PlayedEnd* other) {
+    if (other == other_) return;
+    Let();
+    other_ = other;
+    changes_ = false;
+    pace_.Reset();
+    if (other_ || !std::exchange(open_, false)) return;
+    try {
+        Open();
+    } catch (const RunTimeError&) {
+        system_.Run("Comm", [this] { Tell(CommEvent::Vanished); });
+    }
+}
+
+bool WebPort::Arrive(std::string_view characters) {
+    if (!open_) return false;
+    received_ += characters;
+    system_.Run("Comm", [this] { Tell(CommEvent::Receive); });
+    return true;
 }
 
 void WebPort::Output(std::string_view text) {
     // New settings are for what is given from now on, where nothing is under way.
     if (open_ && changes_ && pace_.Left(system_.Milliseconds()) <= 0) Change();
-    if (!open_) throw RunTimeError(fault::PortNotOpen);
+    if (!open_ || toChoose_) throw RunTimeError(fault::PortNotOpen);
     pace_.Add(system_.Milliseconds(), text.size(), Line());
     sending_ = true;
-    page_.Send(Message("portWrite").Bytes("data", text));
+    other_ ? other_->Take(text, Line()) : page_.Send(Message("portWrite").Bytes("data", text));
 }
 
 double WebPort::MillisecondsLeft() const { return open_ ? pace_.Left(system_.Milliseconds()) : 0; }
@@ -75,23 +113,26 @@ std::string WebPort::DeviceName(int number) const {
 }
 
 // A browser takes other settings only by closing the port and opening it again, so never with something under way.
-void WebPort::SettingsChanged() { changes_ = Settings() != deviceSettings_; }
+void WebPort::SettingsChanged() { changes_ = !other_ && !toChoose_ && Settings() != deviceSettings_; }
 
-bool WebPort::Change() {
+void WebPort::Change() {
     changes_ = false;
     Message message("portSettings");
-    message.Add("number", deviceNumber_).Text("settings", Settings());
+    message.Text("settings", Settings());
     deviceSettings_ = Settings();
     const PageEvent answer = system_.Ask(message, WebSystem::Meanwhile::Nothing);
-    if (answer.Flag("ok")) return true;
-    if (answer.Flag("refused")) {
-        Tell(CommEvent::Refused);
-    } else {
-        deviceNumber_ = 0;
-        open_ = false;
-        Tell(CommEvent::Vanished);
-    }
-    return true;
+    if (answer.Flag("ok")) return;
+    if (answer.Flag("refused")) return Tell(CommEvent::Refused);
+    Lose();
+}
+
+// The device has gone.
+void WebPort::Lose() {
+    deviceNumber_ = 0;
+    deviceSettings_.clear();
+    sending_ = false;
+    pace_.Reset();
+    if (std::exchange(open_, false)) system_.Run("Comm", [this] { Tell(CommEvent::Vanished); });
 }
 
 double WebPort::Due() const {
@@ -115,20 +156,16 @@ void WebPort::TakeNames(const PageEvent& event) {
     event.EachText("names", [this](std::string_view name) {
         if (names_.size() < PortCount) names_.push_back(NameFromSystem(name));
     });
+    if (OnNames) OnNames();
 }
 
+// What a device brings that has been let go is nobody's.
 void WebPort::Take(const PageEvent& event) {
-    if (event.Has("data") && open_) {
-        received_ += event.Bytes("data");
-        system_.Run("Comm", [this] { Tell(CommEvent::Receive); });
-    } else if (event.Flag("vanished") && deviceNumber_ != 0) {
-        deviceNumber_ = 0;
-        deviceSettings_.clear();
-        sending_ = false;
-        pace_.Reset();
-        if (std::exchange(open_, false)) system_.Run("Comm", [this] { Tell(CommEvent::Vanished); });
-    } else if (event.Flag("refused") && open_) {
-        system_.Run("Comm", [this] { Tell(CommEvent::Refused); });
+    if (deviceNumber_ == 0) return;
+    if (event.Has("data")) {
+        Arrive(event.Bytes("data"));
+    } else if (event.Flag("vanished")) {
+        Lose();
     }
 }
 

@@ -48,6 +48,14 @@ WebPrinter::WebPrinter(WebSystem& system) : system_(system) { FontName = Fonts()
 // A browser tells of no fonts; these stand for one of the same pitch wherever they are missing.
 std::vector<std::string> WebPrinter::Fonts() { return {"Courier New", "DejaVu Sans Mono", "monospace"}; }
 
+void WebPrinter::ShowPrinter(PrinterDialog& dialog) {
+    dialog.Copies = 1;
+    showsPrinter_ = true;
+    system_.Later([this] {
+        if (std::exchange(showsPrinter_, false)) system_.Tell(Message("printers"));
+    });
+}
+
 void WebPrinter::BeginJob(const PrintJob& job) {
     job_ = job;
     lines_.clear();
@@ -103,7 +111,14 @@ void WebPrinter::PrintDrawing(const PrintedDrawing& drawing) {
         SvgHatch() + SvgStrokesOf(SeenIn(drawing.Field.Operations(), area)) + "</svg></svg>";
 }
 
+// What the browser proposes for a PDF: the file of the program, and what of it is printed.
+std::string WebPrinter::FileName() const {
+    const std::string name(RemoveExtension(ExtractFileName(job_.Path)));
+    return (name.empty() ? "Program" : name) + (job_.Part.empty() ? "" : " " + job_.Part);
+}
+
 void WebPrinter::EndDocument() {
+    showsPrinter_ = false;
     std::vector<std::string> pages;
     if (const std::string drawing = std::exchange(drawing_, {}); !drawing.empty()) {
         pages.push_back(drawing);
@@ -116,6 +131,7 @@ void WebPrinter::EndDocument() {
     Message message("print");
     message.Add("preview", job_.Preview)
         .Shown("title", ExtractFileName(job_.Path))
+        .Shown("file", FileName())
         .Name("pages")
         .BeginArray();
     for (const std::string& page : pages) message.Put(std::string_view(page));

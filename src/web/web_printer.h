@@ -16,7 +16,8 @@ public:
 
     std::vector<std::string> Fonts() override;
     void BeginJob(const PrintJob& job) override;
-    void ShowPrinter(PrinterDialog& dialog) override { dialog.Copies = 1; }
+    // Tells that there is none but the browser's, where nothing is printed then.
+    void ShowPrinter(PrinterDialog& dialog) override;
     void Print(std::string_view line, PrintedLine what) override;
     void PrintDrawing(const PrintedDrawing& drawing) override;
     void EndDocument() override;
@@ -25,9 +26,11 @@ private:
     std::vector<std::string> TextPages() const;
     std::string PageOf(const PageLayout& layout, const std::vector<PageLine>& lines) const;
     std::string Face(double points) const;
+    std::string FileName() const;
 
     WebSystem& system_;
     PrintJob job_;
+    bool showsPrinter_ = false;
     std::vector<PageLine> lines_;
     std::string drawing_;
 };

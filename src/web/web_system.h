@@ -45,6 +45,8 @@ public:
 
     // What a question leaves to go on while its answer is awaited: nothing but time itself, or the timers and the port.
     enum class Meanwhile : std::uint8_t { Nothing, Timers };
+    // Tells the page something that is no control's.
+    void Tell(Message&& message) { page_.Send(message); }
     // Asks the page and waits for its answer. What users do meanwhile is kept for later, or dropped where the question
     // lies over all windows.
     PageEvent Ask(Message& message, Meanwhile meanwhile);

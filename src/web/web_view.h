@@ -26,8 +26,6 @@ public:
     void Make();
     // Tells what has changed.
     void Tell();
-    // Something was done with it; what the control cannot have now changes nothing.
-    virtual void Take(const PageEvent& event);
 
     // The view of a control, null where it has none.
     static WebView* Of(const Control& control) { return dynamic_cast<WebView*>(control.View); }
@@ -39,10 +37,10 @@ protected:
         return changed.test(static_cast<std::size_t>(id));
     }
 
-    // Adds what does not change to the message that makes it.
-    virtual void Describe(Message&) const {}
     // Adds a property under its name; false for one that this kind does not have.
     virtual bool Write(Message& message, PropertyId id) const;
+    // Adds what does not change to the message that makes it.
+    virtual void Describe(Message&) const {}
     // Tells what is no property by itself, behind the properties.
     virtual void TellMore(const Properties&) {}
     // Takes an event of a control that can be seen and used.
@@ -57,6 +55,10 @@ protected:
     bool Usable() const { return control_.EffectivelyVisible() && control_.EffectivelyEnabled(); }
 
     WebContext& Web;
+
+public:
+    // Something was done with it; what the control cannot have now changes nothing.
+    virtual void Take(const PageEvent& event);
 
 private:
     void Refuse() const;

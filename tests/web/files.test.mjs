@@ -123,3 +123,29 @@ test('files that are dropped, refused and damaged', async () => {
     assert.equal(await bench.get('mnuSave', 'Enabled'), true);
     await bench.close();
 });
+
+// A browser asks its user for a file of the last visit in a click only.
+test('the last file is offered where its user has to agree, and asked for in the click', async () => {
+    const bench = await Workbench.open(here);
+    await bench.open('mk4_bolt.cnc');
+    await bench.page.evaluateOnNewDocument(() => {
+        window.asked = 0;
+        FileSystemFileHandle.prototype.queryPermission = async () => (window.asked ? 'granted' : 'prompt');
+        FileSystemFileHandle.prototype.requestPermission = async () => {
+            if (!navigator.userActivation.isActive) throw new DOMException('no click', 'SecurityError');
+            window.asked += 1;
+            return 'granted';
+        };
+    });
+    await bench.page.reload();
+    await bench.started();
+    assert.equal(await bench.evaluate(() => window.asked), 0);
+    assert.equal(await bench.box(), null);
+    const offer = await bench.page.waitForSelector('.notice');
+    assert.match(await offer.evaluate((one) => one.textContent), /mk4_bolt\.cnc/);
+    await (await offer.$('button')).click();
+    await bench.untilIs('lblPath', 'Caption', 'mk4_bolt.cnc');
+    assert.equal(await bench.evaluate(() => window.asked), 1);
+    assert.equal(await bench.page.$('.notice'), null);
+    await bench.close();
+});

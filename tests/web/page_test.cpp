@@ -111,6 +111,13 @@ TEST(WebPage, WindowsComeToTheFrontAndGoBackWithTheKeys) {
     page.Do("close", "frmDraw");
     EXPECT_EQ(page.Page.Shown("frmDraw", "Visible"), "false");
     EXPECT_EQ(front(), page.Page.NumberOf("frmMain"));
+    // Keys that have been on their way to a window that has gone go to the one in front.
+    page.Press('F', key::CtrlHeld);
+    const std::string inFind = R"({"on":"key","form":)" + std::to_string(page.Page.NumberOf("frmFind"));
+    page.Page.Say(inFind + R"(,"key":27})");
+    page.Page.Say(inFind + R"(,"key":77,"char":"m"})");
+    page.Serve();
+    EXPECT_EQ(page.Page.Shown("lblGMcode", "Caption"), "M");
     // The way out ends the program, and its waits.
     page.Do("close", "frmMain");
     EXPECT_TRUE(page.Session->Platform.System.Ended());

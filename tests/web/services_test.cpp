@@ -204,12 +204,20 @@ TEST(WebPrinter, ProgramAndDrawingAreA4Pages) {
     // What names and comments say is text.
     EXPECT_EQ(jobs[0].find("<i>"), std::string::npos);
     EXPECT_NE(jobs[0].find("&lt;i&gt;"), std::string::npos);
+    EXPECT_NE(jobs[0].find(R"("file":"<b>&")"), std::string::npos);
     page.Page.Answers.emplace("print", R"("cancelled":true)");
     page.Page.Say(R"({"on":"key","key":116})");
     page.Serve();
     page.Do("menu", "frmDraw.mnuPrint");
     ASSERT_EQ(page.Page.SentOf("print").size(), 2U);
     EXPECT_NE(page.Page.SentOf("print")[1].find("viewBox"), std::string::npos);
+    EXPECT_NE(page.Page.SentOf("print")[1].find(R"("file":"<b>& )"), std::string::npos);
+    // Where a printer is chosen and nothing printed its user is told where they are.
+    EXPECT_TRUE(page.Page.SentOf("printers").empty());
+    page.Do("menu", "mnuPrinter");
+    page.Click("cmdPrinterDialog");
+    page.Serve();
+    EXPECT_EQ(page.Page.SentOf("printers").size(), 1U);
 }
 
 // The code of the language and two of the page's own texts, as the page was told last.

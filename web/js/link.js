@@ -16,6 +16,7 @@ export class Link {
     #events = [];
     #take = null;
     #timer = 0;
+    #fires = Infinity;
     #due = Infinity;
     #waits = 0;
     #sequence = 0;
@@ -51,9 +52,23 @@ export class Link {
             // One turn of the browser's events; a timer would take some milliseconds more.
             this.#turn.port2.postMessage(this.#waits);
         } else if (!endless) {
-            // It may fire a little early; it is this wait's all the same.
-            this.#timer = setTimeout(() => this.#deliver(''), milliseconds);
+            this.#wake(milliseconds);
         }
+    }
+
+    // A timer that an earlier wait has left fires in this one: it then goes on for what is left. It may fire a little
+    // early; it is this wait's all the same.
+    #wake(milliseconds) {
+        if (this.#timer && this.#fires <= this.#due) return;
+        clearTimeout(this.#timer);
+        this.#fires = this.#due;
+        this.#timer = setTimeout(() => {
+            this.#timer = 0;
+            const left = this.#due - performance.now();
+            if (!this.#take || left === Infinity) return;
+            if (left < 1) this.#deliver('');
+            else this.#wake(left);
+        }, milliseconds);
     }
 
     messages(text) {
@@ -138,7 +153,6 @@ export class Link {
         const take = this.#take;
         this.#take = null;
         this.#due = Infinity;
-        clearTimeout(this.#timer);
         take(text);
     }
 }

@@ -1,32 +1,62 @@
-// The played machine: while its panel is there, it is at the other end of the line. It keeps what comes, and gives it
-// back at the pace of a line.
+// The panel of the played machine: shows what the program tells of it, and tells what its user does. The machine itself
+// is the program's.
 
 import { make } from './views/view.js';
 
-const rates = [300, 600, 1200, 2400, 4800, 9600, 19200, 115200];
-const bitsACharacter = 10;
-const step = 50; // milliseconds
+const rates = [300, 600, 1200, 2400, 4800, 9600];
+
+// What is said of a state: a text, and what of the machine stands in it.
+const sentences = {
+    listening: ['machineListening'],
+    receiving: ['machineReceiving', 'characters'],
+    received: ['machineReceived', 'lines', 'type'],
+    noProgram: ['machineNoProgram', 'characters'],
+    sending: ['machineSending', 'sent', 'of', 'seconds'],
+    sent: ['machineSent', 'of'],
+    stopped: ['machineStopped', 'sent', 'of'],
+    nothing: ['machineNothing'],
+    portClosed: ['machinePortClosed'],
+};
+
+function time(seconds) {
+    return `${Math.floor(seconds / 60)}:${String(seconds % 60).padStart(2, '0')}`;
+}
 
 export class MachinePanel {
     #panel = null;
-    #text = '';
-    #sending = 0;
+    #memory = '';
+    #told = { state: 'listening' };
 
     constructor(stage) {
         this.stage = stage;
+        document.addEventListener('mousedown', (event) => !event.target.closest?.('.panel') && this.#leave(), true);
     }
 
-    get isOpen() {
-        return this.#panel !== null;
+    // The keyboard goes back to the program.
+    #leave() {
+        if (!this.#panel?.contains(document.activeElement)) return;
+        document.activeElement.blur();
+        this.stage.restoreFocus();
     }
 
     toggle() {
-        if (this.#panel) this.#close();
-        else this.#make();
+        this.#say(this.#panel ? 'close' : 'open');
+    }
+    #say(what, more) {
+        this.stage.link.send({ on: 'machine', what, ...more });
     }
 
-    #close() {
-        clearInterval(this.#sending);
+    take(told) {
+        if (!told.shown) return this.#hide();
+        this.#memory = this.#memory.slice(0, told.from) + told.text;
+        this.#told = told;
+        if (!this.#panel) this.#make();
+        this.#show();
+        return undefined;
+    }
+
+    #hide() {
+        if (!this.#panel) return;
         this.#panel.remove();
         this.#panel = null;
         this.stage.restoreFocus();
@@ -37,78 +67,76 @@ export class MachinePanel {
         const panel = make('section', 'panel', document.body);
         this.#panel = panel;
         panel.setAttribute('aria-labelledby', 'machine-heading');
+        panel.addEventListener('keydown', (event) => event.key === 'Escape' && this.#leave());
         const heading = make('div', 'heading', panel);
         const title = make('span', '', heading);
         title.id = 'machine-heading';
         title.textContent = stage.text('machine');
-        const hide = this.#button('hidden', heading, () => this.#close());
-        hide.className = 'hide';
+        this.#button('hidden', heading, () => this.#say('close')).className = 'hide';
         const body = make('div', 'body', panel);
-        make('div', 'hint', body).textContent = stage.text('machineHint');
+        for (const hint of navigator.serial ? ['machineHint'] : ['noSerial', 'machineHint'])
+            make('div', 'hint', body).textContent = stage.text(hint);
         const row = make('div', 'row', body);
         const label = make('label', '', row);
         label.textContent = `${stage.text('speed')} `;
-        const speed = make('select', '', label);
-        for (const rate of rates) make('option', '', speed).textContent = String(rate);
-        this.speed = speed;
-        this.#button('send', row, () => this.#send());
-        this.#button('clear', row, () => this.#take(''));
+        this.speed = make('select', '', label);
+        for (const rate of rates) make('option', '', this.speed).textContent = String(rate);
+        this.speed.addEventListener('change', () => this.#say('baud', { baud: Number(this.speed.value) }));
+        let byMouse = false;
+        this.speed.addEventListener('mousedown', () => (byMouse = true));
+        this.speed.addEventListener('keydown', () => (byMouse = false));
+        this.speed.addEventListener('change', () => byMouse && this.#leave());
+        this.send = this.#button('send', row, () => this.#say(this.#told.state === 'sending' ? 'stop' : 'send'));
+        this.#button('clear', row, () => this.#say('clear'));
         this.state = make('div', 'state', body);
         this.state.setAttribute('role', 'status');
-        const came = make('pre', 'came', body);
-        came.tabIndex = 0;
-        came.setAttribute('aria-label', stage.text('received'));
-        came.textContent = this.#text;
-        this.came = came;
+        this.came = make('pre', 'came', body);
+        this.came.tabIndex = 0;
+        this.came.setAttribute('aria-label', stage.text('received'));
     }
 
     #button(name, parent, act) {
         const button = make('button', '', parent);
         button.type = 'button';
         button.textContent = this.stage.text(name);
+        // By the mouse it is pressed and no more: the keyboard stays with the program.
+        button.addEventListener('mousedown', (event) => event.preventDefault());
         button.addEventListener('click', act);
         return button;
     }
 
-    // The workbench sends: a machine that takes a program shows itself.
-    receive(data) {
-        if (!this.#panel) this.#make();
-        this.#take(this.#text + data);
-    }
-
-    #take(text) {
-        this.#text = text;
-        if (!this.#panel) return;
-        this.came.textContent = text.replace(/\r\n?/g, '\n');
+    #show() {
+        const told = this.#told;
+        this.speed.value = String(told.baud);
+        this.send.textContent = this.stage.text(told.state === 'sending' ? 'stopSending' : 'send');
+        this.send.disabled = told.waits || told.state === 'receiving';
+        // A screen reader tells what has come of it, not each step.
+        this.state.setAttribute('aria-live', told.state === 'receiving' || told.state === 'sending' ? 'off' : 'polite');
+        this.#write(this.state, this.#sentence());
+        const memory = this.#memory.replace(/\r\n?/g, '\n');
+        if (this.came.textContent === memory) return;
+        this.came.textContent = memory;
         this.came.scrollTop = this.came.scrollHeight;
     }
-
-    // Gives back what it has, so many characters a step as the speed says.
-    #send() {
-        clearInterval(this.#sending);
-        if (!this.#text) return this.#tell('machineEmpty');
-        const { stage } = this;
-        const from = performance.now();
-        let sent = 0;
-        this.#sending = setInterval(() => {
-            const due = Math.floor(((performance.now() - from) * Number(this.speed.value)) / bitsACharacter / 1000);
-            const piece = this.#text.slice(sent, due);
-            sent += piece.length;
-            if (piece) this.line.fromMachine(piece);
-            const left = this.#text.length - sent;
-            this.#tell('', left > 0 ? `${stage.text('sending')} ${sent} / ${this.#text.length}` : stage.text('sent'));
-            if (left <= 0) clearInterval(this.#sending);
-        }, step);
-        return undefined;
+    #write(element, text) {
+        if (element.textContent !== text) element.textContent = text;
     }
 
-    #tell(name, text = this.stage.text(name)) {
-        if (this.#panel) this.state.textContent = text;
+    #sentence() {
+        const told = this.#told;
+        if (told.waits) return this.stage.text('machineWaits');
+        const state = told.state === 'sent' && told.sent < told.of ? 'stopped' : told.state;
+        return [this.#filled(...sentences[state]), told.lost > 0 && this.#filled('machineLost', 'lost')].filter(Boolean).join(' ');
+    }
+    #filled(name, ...members) {
+        const value = (member) => (member === 'seconds' ? time(this.#told.seconds) : this.#told[member]);
+        return this.stage.text(name).replace(/%(\d)/g, (_, place) => value(members[place - 1]));
     }
 
     followLanguage() {
         if (!this.#panel) return;
         this.#panel.remove();
         this.#make();
+        this.#show();
     }
 }

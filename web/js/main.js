@@ -1,6 +1,7 @@
 // Starts the page: what it keeps, what it brings along, then the program.
 
 import { broughtBy, copyLink } from './address.js';
+import { beep } from './beep.js';
 import { color, message } from './boxes.js';
 import { read, write, writePicture } from './clipboard.js';
 import { isDark } from './colors.js';
@@ -13,6 +14,7 @@ import { barHeight, followFont, onFont, pixels, twips } from './scale.js';
 import { Serial } from './serial.js';
 import { Stage } from './stage.js';
 import { keep, openStorage } from './storage.js';
+import { before } from './texts.js';
 import { followTips } from './tip.js';
 import { addTools, tellSerial } from './tools.js';
 import { addTouchKeys } from './touch_keys.js';
@@ -56,7 +58,7 @@ function follow(stage, share) {
     });
 }
 
-function handlers(stage, { store, share, serial }) {
+function handlers(stage, { store, share, serial, panel }) {
     stage.handle({
         message: (task) => message(stage, task),
         color: (task) => color(stage, task),
@@ -69,13 +71,16 @@ function handlers(stage, { store, share, serial }) {
         clipboardWrite: (task) => write(task.text),
         clipboardPicture: (task) => writePicture(task),
         print: (task) => print(stage, task),
+        printers: () => notice(stage, 'printers'),
         portOpen: (task) => serial.open(task),
+        portChoose: (task) => serial.choose(task),
         portClose: (task) => serial.close(task),
         portSettings: (task) => serial.change(task),
         portWrite: (task) => serial.write(task),
+        machine: (task) => panel.take(task),
         link: (task) => copyLink(stage, task),
         picture: (folder, name) => pictureOf(share, folder + name),
-        beep: () => {},
+        beep,
         started: workWithoutNetwork,
         end: () => ended(stage),
     });
@@ -93,9 +98,13 @@ function cover(stage, text) {
     const face = make('div', 'cover', document.body);
     face.setAttribute('role', 'alert');
     make('div', '', face).textContent = stage.text(text);
+    addStartAgain(face, stage.text('again'));
+}
+
+function addStartAgain(face, caption) {
     const button = make('button', '', face);
     button.type = 'button';
-    button.textContent = stage.text('again');
+    button.textContent = caption;
     button.addEventListener('click', () => location.reload());
     button.focus();
 }
@@ -124,7 +133,7 @@ async function hello(stage, { files, times, problem, share, serial }) {
     return {
         on: 'hello', ...screenNow(), language: navigator.language, dark: isDark(), share: sharedAtOnce(share),
         stored, times,
-        withoutStorage: problem !== '', names: await serial.names(),
+        withoutStorage: problem !== '', names: await serial.names(), withoutSerial: !serial.serial,
         ...(brought !== 'unreadable' ? brought : {}),
     };
 }
@@ -133,10 +142,9 @@ async function start() {
     followFont();
     const stage = new Stage();
     const panel = new MachinePanel(stage);
-    const serial = new Serial(stage, panel);
-    panel.line = serial;
+    const serial = new Serial(stage);
     const [share, { files, times, store, problem }] = await Promise.all([bundle(), openStorage()]);
-    handlers(stage, { store, share, serial });
+    handlers(stage, { store, share, serial, panel });
     addTools(stage, { panel, serial });
     followTips();
     addTouchKeys(stage);
@@ -165,5 +173,9 @@ function stopped(stage) {
 
 start().catch((fault) => {
     console.error(fault);
-    document.querySelector('.cover.start span').textContent = `KVT: ${fault.message ?? fault}`;
+    const face = document.querySelector('.cover.start');
+    face.classList.add('failed');
+    face.querySelector('span').textContent = typeof WebAssembly === 'object' ? before.stopped : before.tooOld;
+    make('small', '', face).textContent = fault.message ?? fault;
+    addStartAgain(face, before.again);
 });

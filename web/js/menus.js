@@ -85,6 +85,7 @@ export class Menus {
     // Shows the entries of a menu at the pointer.
     popUp(menu, x, y) {
         this.close();
+        this.#pressedAt = { clientX: x, clientY: y };
         this.#show(menu, x, y, true);
         const { popup } = menu;
         // Not below the pointer, whose button may still be down: letting it go would choose an entry.

@@ -20,7 +20,7 @@ function isLandscape(page) {
     return Number(width) > Number(height);
 }
 
-async function printPages(pages, title) {
+async function printPages(pages, file) {
     const sheets = make('div', 'sheets', document.body);
     const { ready, free } = imagesOf(pages, sheets);
     const paper = new CSSStyleSheet();
@@ -29,7 +29,7 @@ async function printPages(pages, title) {
     document.body.classList.add('printing');
     // The name that the browser proposes for a PDF.
     const before = document.title;
-    if (title) document.title = title;
+    document.title = file;
     await ready;
     window.print();
     document.title = before;
@@ -39,7 +39,7 @@ async function printPages(pages, title) {
     free();
 }
 
-export async function print(stage, { ask: number, preview, pages, title }) {
+export async function print(stage, { ask: number, preview, pages, title, file }) {
     let goes = true;
     if (preview) {
         let images = null;
@@ -56,6 +56,6 @@ export async function print(stage, { ask: number, preview, pages, title }) {
         });
         images.free();
     }
-    if (goes) await printPages(pages, title);
+    if (goes) await printPages(pages, file);
     stage.reply(number, goes ? { ok: true } : { cancelled: true });
 }

@@ -1,6 +1,10 @@
 // Loads the program into the page: the build that the browser is fastest with.
 
-const switchesStacks = 'Suspending' in WebAssembly && 'promising' in WebAssembly;
+import { Rewinding } from './rewinding.js';
+
+// One that has none of it at all says so at the start.
+const { Suspending, promising } = globalThis.WebAssembly ?? {};
+const switchesStacks = Boolean(Suspending && promising);
 const name = switchesStacks ? 'kvt_web_fast' : 'kvt_web';
 
 async function compiled(address) {
@@ -18,28 +22,31 @@ const script = import(`../program/${name}.js`);
 for (const part of [wasm, script]) part.catch(() => {}); // told when it is waited for
 
 // Where the browser switches stacks itself, the one function that waits may give a promise, and main is one too.
-async function withStackSwitching(imports, receive) {
-    const env = { ...imports.env, kvt_next: new WebAssembly.Suspending(imports.env.kvt_next) };
-    const instance = await WebAssembly.instantiate(await wasm, { ...imports, env });
-    const main = WebAssembly.promising(instance.exports.main);
-    receive({ exports: { ...instance.exports, main } });
-}
-
-async function plain(imports, receive) {
-    receive(await WebAssembly.instantiate(await wasm, imports));
-}
+const switching = {
+    pause: (waits) => new Promise(waits),
+    imports: (imports) => ({ ...imports, env: { ...imports.env, kvt_next: new Suspending(imports.env.kvt_next) } }),
+    use(exports) {
+        this.main = promising(exports.main);
+    },
+    run() {
+        return { end: this.main(0, 0) };
+    },
+};
 
 // Starts the program on a link. Gives { end }, a promise that is kept when the program has ended, by itself or by a fault:
 // without a switch of stacks nobody tells that.
 export async function startProgram(link) {
     await wasm;
     const { default: createProgram } = await script;
-    const start = switchesStacks ? withStackSwitching : plain;
+    const way = switchesStacks ? switching : new Rewinding();
     const instantiateWasm = (imports, receive) => {
-        start(imports, receive);
+        (async () => {
+            const instance = await WebAssembly.instantiate(await wasm, way.imports?.(imports) ?? imports);
+            way.use(instance.exports);
+            receive(instance);
+        })();
         return {};
     };
-    const program = await createProgram({ link, instantiateWasm });
-    const end = program._main(0, 0);
-    return { end: switchesStacks ? end : new Promise(() => {}) };
+    await createProgram({ link, pause: (waits) => way.pause(waits), instantiateWasm });
+    return way.run();
 }

@@ -6,7 +6,7 @@ import { bytesOf, textOf } from './files.js';
 import { make } from './views/view.js';
 
 const offered = 4;
-const bufferSize = 8192;
+const bufferSize = 65536; // bytes: a minute at the fastest rate
 const parities = { N: 'none', E: 'even', O: 'odd' };
 
 function optionsOf(settings) {
@@ -24,20 +24,16 @@ function nameOf(port) {
 }
 
 export class Serial {
-    #entries = []; // { name, port } granted, { name } still to be chosen
-    #entry = null; // that is open
-    #port = null; // of the browser, once it is open
+    #ports = []; // that were granted, by their numbers
+    #port = null; // that is open
     #settings = '';
     #reader = null;
     #reading = null;
     #writer = null;
     #closing = false;
-    #waiting = []; // what was given before the port was there
 
-    // machine takes what is sent to a machine that is played.
-    constructor(stage, machine) {
+    constructor(stage) {
         this.stage = stage;
-        this.machine = machine;
         this.serial = navigator.serial ?? null;
         this.serial?.addEventListener('connect', () => this.tellNames());
         this.serial?.addEventListener('disconnect', (event) => {
@@ -49,11 +45,11 @@ export class Serial {
     // The names of what can be opened: ports that were granted, then one that is still to be chosen. A browser without
     // ports has the played machine.
     async names() {
-        const granted = (await this.serial?.getPorts().catch(() => [])) ?? [];
-        this.#entries = granted.slice(0, offered).map((port) => ({ name: nameOf(port), port }));
-        if (!this.serial) this.#entries.push({ name: this.stage.text('machine') });
-        else if (this.#entries.length < offered) this.#entries.push({ name: this.stage.text('newPort') });
-        return this.#entries.map((one) => one.name);
+        if (!this.serial) return [this.stage.text('machine')];
+        this.#ports = (await this.serial.getPorts().catch(() => [])).slice(0, offered);
+        const names = this.#ports.map(nameOf);
+        if (names.length < offered) names.push(this.stage.text('newPort'));
+        return names;
     }
     async tellNames() {
         this.stage.link.send({ on: 'ports', names: await this.names() });
@@ -69,9 +65,9 @@ export class Serial {
         }
     }
 
-    async #chosen() {
-        if (this.#entry.port) return this.#entry.port;
-        const request = () => this.serial.requestPort();
+    // Asks for a port; null where none is chosen. A click that is too long ago is had anew.
+    #request() {
+        const request = () => this.serial.requestPort().catch(() => null);
         if (navigator.userActivation?.isActive ?? true) return request();
         return ask(this.stage, {
             title: this.stage.text('grantPort'),
@@ -80,35 +76,37 @@ export class Serial {
                 const button = make('button', '', content);
                 button.type = 'button';
                 button.textContent = this.stage.text('grantButton');
-                button.addEventListener('click', () => request().then(close, () => close(null)));
+                button.addEventListener('click', () => request().then(close));
                 return [['cancel', null]];
             },
         });
     }
 
     // At its start the program tries all ports. One that is still to be chosen, or taken by another program by then,
-    // is asked for when something is to be sent.
+    // opens later, when its user wants it.
     async open({ ask: number, number: index, settings }) {
-        this.#entry = this.#entries[index - 1] ?? null;
-        this.#settings = settings;
-        this.#waiting = [];
-        let ok = this.#entry !== null;
-        if (this.#entry?.port) {
-            this.#port = this.#entry.port;
-            ok = await this.#start(settings).then(() => true, () => false);
-            if (!ok) this.#port = null;
-            if (!ok && document.body.classList.contains('starting')) ok = true;
-        }
-        if (!ok) this.#entry = null;
-        this.stage.reply(number, { ok });
+        const port = this.#ports[index - 1];
+        if (!port) return this.stage.reply(number, { ok: true, later: true });
+        const ok = await this.#start(port, settings).then(() => true, () => false);
+        const later = !ok && document.body.classList.contains('starting');
+        return this.stage.reply(number, { ok: ok || later, later });
     }
 
-    async #start(settings) {
-        await this.#port.open(optionsOf(settings));
+    async choose({ ask: number, number: index, settings }) {
+        const port = this.#ports[index - 1] ?? (await this.#request());
+        if (!port) return this.stage.reply(number, { cancelled: true });
+        const ok = await this.#start(port, settings).then(() => true, () => false);
+        this.tellNames();
+        return this.stage.reply(number, { ok });
+    }
+
+    async #start(port, settings) {
+        await port.open(optionsOf(settings));
+        this.#port = port;
         this.#settings = settings;
         this.#closing = false;
-        this.#writer = this.#port.writable.getWriter();
-        this.#reading = this.#read(this.#port);
+        this.#writer = port.writable.getWriter();
+        this.#reading = this.#read(port);
     }
 
     // Faults of the line, such as a wrong stop bit, end a stream and not the port.
@@ -119,7 +117,7 @@ export class Serial {
                 for (;;) {
                     const { value, done } = await this.#reader.read();
                     if (done) break;
-                    if (value?.length > 0 && !this.machine.isOpen) this.stage.link.send({ on: 'port', data: textOf(value) });
+                    if (value?.length > 0) this.stage.link.send({ on: 'port', data: textOf(value) });
                 }
             } catch {
                 // The next stream goes on.
@@ -137,69 +135,33 @@ export class Serial {
         await this.#reader?.cancel().catch(() => {});
         await this.#reading;
         await this.#port?.close().catch(() => {});
-        this.#writer = this.#reader = null;
+        this.#port = this.#writer = this.#reader = null;
     }
 
     async close({ ask: number }) {
         await this.#stop();
-        this.#port = this.#entry = null;
         this.stage.reply(number, { ok: true });
     }
 
     async change({ ask: number, settings }) {
-        if (!this.#entry) return this.stage.reply(number, {});
         const before = this.#settings;
-        this.#settings = settings;
-        if (!this.#port) return this.stage.reply(number, { ok: true });
+        const port = this.#port;
+        if (!port) return this.stage.reply(number, {});
         await this.#stop();
-        try {
-            await this.#start(settings);
-            this.stage.reply(number, { ok: true });
-        } catch {
-            // It goes on with what it had, where it is still there.
-            const back = await this.#start(before).then(() => true, () => false);
-            if (!back) this.#port = this.#entry = null;
-            this.stage.reply(number, back ? { refused: true } : {});
-        }
+        const opens = (which) => this.#start(port, which).then(() => true, () => false);
+        if (await opens(settings)) return this.stage.reply(number, { ok: true });
+        // It goes on with what it had, where it is still there.
+        return this.stage.reply(number, { refused: await opens(before) });
     }
 
     write({ data }) {
-        if (this.machine.isOpen || !this.serial) return this.machine.receive(data);
-        if (this.#writer) {
-            this.#writer.write(bytesOf(data)).catch(() => this.#vanished());
-            return undefined;
-        }
-        this.#waiting.push(data);
-        if (this.#waiting.length === 1 && this.#entry) return this.#startWaiting();
-        return undefined;
-    }
-
-    // What waited goes out as soon as there is a port.
-    async #startWaiting() {
-        try {
-            this.#port = await this.#chosen();
-            if (!this.#port) throw new Error('none');
-            await this.#start(this.#settings);
-            this.#entry = { ...this.#entry, port: this.#port };
-            for (const data of this.#waiting.splice(0)) this.write({ data });
-        } catch {
-            this.#closing = false;
-            this.#port ??= {};
-            this.#vanished();
-        }
-    }
-
-    // From the played machine.
-    fromMachine(data) {
-        this.stage.link.send({ on: 'port', data });
+        this.#writer?.write(bytesOf(data)).catch(() => this.#vanished());
     }
 
     #vanished() {
         if (!this.#port || this.#closing) return;
         this.#closing = true;
-        this.#port = this.#entry = null;
-        this.#writer = null;
-        this.#waiting = [];
+        this.#port = this.#writer = null;
         this.stage.link.send({ on: 'port', vanished: true });
     }
 }

@@ -75,6 +75,7 @@ export class Stage {
         // Buttons that lead back and forward would leave the page and its work.
         for (const name of ['mousedown', 'mouseup']) document.addEventListener(name, (event) => withoutWay(event), true);
         document.addEventListener('paste', (event) => this.#paste(event), true);
+        document.addEventListener('selectionchange', () => this.focus?.caretMoved?.());
         document.addEventListener('focusin', (event) => this.#focused(event));
         // A keyboard on the screen has taken a part of the page.
         window.addEventListener('resize', () => this.later('sight', () => this.focus?.form.bringIntoSight(this.focus.element)));

@@ -1,14 +1,15 @@
 // Tool tips: plain text, whatever mark-up it looks like.
 
+import { followRest } from './views/touch.js';
 import { make } from './views/view.js';
 
 const dwell = 600; // milliseconds
 const below = 20; // pixels below the pointer
 const aboveFinger = 56; // pixels above a finger
-const slip = 10; // pixels that a finger may slip
 const read = 4000; // milliseconds that a tip stays behind the finger
 let face = null;
 let waiting = 0;
+let leaving = 0;
 let over = null;
 let place = { x: 0, y: 0 };
 
@@ -58,42 +59,19 @@ export function followTips() {
 
 // A finger that rests on something has its tip instead of its click.
 function followFingers() {
-    let from = null;
-    let shown = false;
-    let leaving = 0;
-    const end = () => {
-        clearTimeout(waiting);
-        from = null;
-        if (shown) leaving = setTimeout(hideTip, read);
-    };
-    document.addEventListener('pointerdown', (event) => {
-        shown = false;
-        if (event.pointerType !== 'touch') return;
-        clearTimeout(waiting);
-        clearTimeout(leaving);
-        from = { x: event.clientX, y: event.clientY };
-        const element = event.target.closest?.('[data-tip]');
-        if (!element?.dataset.tip) return;
-        waiting = setTimeout(() => {
+    document.addEventListener('pointerdown', () => clearTimeout(leaving), true);
+    followRest(document, {
+        act({ target, clientX, clientY }) {
+            const element = target.closest?.('[data-tip]');
+            if (!element?.dataset.tip) return false;
+            clearTimeout(waiting);
             over = element;
-            shown = true;
-            place = { x: from.x, y: Math.max(0, from.y - aboveFinger - below) };
+            place = { x: clientX, y: Math.max(0, clientY - aboveFinger - below) };
             showOver();
-        }, dwell);
-    }, true);
-    document.addEventListener('pointermove', (event) => {
-        if (from && Math.hypot(event.clientX - from.x, event.clientY - from.y) > slip) end();
-    }, true);
-    for (const name of ['pointerup', 'pointercancel']) document.addEventListener(name, end, true);
-    // What the browser makes of a finger's end is no press.
-    for (const name of ['mousedown', 'click']) {
-        document.addEventListener(name, (event) => {
-            if (!shown) return;
-            event.preventDefault();
-            event.stopImmediatePropagation();
-            if (name === 'click') shown = false;
-        }, true);
-    }
+            return true;
+        },
+        end: () => (leaving = setTimeout(hideTip, read)),
+    });
 }
 
 function showOver() {

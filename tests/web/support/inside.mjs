@@ -124,21 +124,25 @@ export function playRefusals() {
 }
 
 // Granted ports that play the line, as many as window.portCount says: window.ports, the first of them window.port. They
-// tell how they were opened and what was written when, and take what arrives.
+// tell how they were opened and what was written when, and take what arrives. Their
+// user can be asked for one too (asked), and choose none (noneChosen).
 export function playSerial() {
     window.written = [];
     class PlayedPort extends EventTarget {
         opens = [];
         closes = 0;
+        asked = 0;
+        granted = true;
         written = [];
         getInfo() {
             return { usbVendorId: 0x0403, usbProductId: 0x6001 };
         }
         async open(options) {
-            if (this.refuses || this.isOpen) {
+            if (this.refuses || this.taken || this.gone || this.isOpen) {
                 this.refuses = false;
                 throw new DOMException('taken', 'NetworkError');
             }
+            if (this.without?.(options)) throw new DOMException('cannot', 'NetworkError');
             this.isOpen = true;
             this.opens.push(options);
             this.readable = new ReadableStream({ start: (into) => (this.into = into) });
@@ -161,8 +165,16 @@ export function playSerial() {
         }
         unplug() {
             this.gone = true;
+            this.isOpen = false;
             this.into?.error(new DOMException('gone', 'NetworkError'));
-            const event = new Event('disconnect');
+            this.#tell('disconnect');
+        }
+        plug() {
+            this.gone = false;
+            this.#tell('connect');
+        }
+        #tell(what) {
+            const event = new Event(what);
             Object.defineProperty(event, 'target', { value: this });
             serial.dispatchEvent(event);
         }
@@ -170,9 +182,20 @@ export function playSerial() {
     const serial = new EventTarget();
     window.ports = Array.from({ length: window.portCount ?? 1 }, () => new PlayedPort());
     window.port = window.ports[0];
-    serial.getPorts = async () => window.ports.filter((one) => !one.gone);
-    serial.requestPort = async () => window.port;
+    serial.getPorts = async () => window.ports.filter((one) => one.granted && !one.gone);
+    serial.requestPort = async () => {
+        ++window.port.asked;
+        if (!navigator.userActivation.isActive) throw new DOMException('no click', 'SecurityError');
+        if (window.port.noneChosen) throw new DOMException('none chosen', 'NotFoundError');
+        window.port.granted = true;
+        return window.port;
+    };
     Object.defineProperty(navigator, 'serial', { value: serial });
+}
+
+// Behind it: the port is still to be chosen.
+export function withoutGrant() {
+    window.port.granted = false;
 }
 
 // A printer: the pages that have come to it, and those that were shown before. No dialog of the system comes up.

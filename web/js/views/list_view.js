@@ -4,6 +4,7 @@
 import { textColor } from '../colors.js';
 import { length, onFont, pixels } from '../scale.js';
 import { showTip, hideTip } from '../tip.js';
+import { followRest } from './touch.js';
 import { make, View } from './view.js';
 
 const headerHeight = 300; // twips
@@ -43,6 +44,7 @@ export class ListViewView extends View {
         this.body.addEventListener('mousedown', (event) => event.button === 2 && this.rowEvent(event));
         this.body.addEventListener('click', (event) => this.rowEvent(event));
         element.addEventListener('contextmenu', (event) => this.menuKey(event));
+        followRest(this.body, { act: (event) => this.rested(event) });
         element.addEventListener('mousemove', (event) => this.hover(event));
         element.addEventListener('mouseleave', () => this.leave());
     }
@@ -55,13 +57,16 @@ export class ListViewView extends View {
         this.send({ on: 'row', row, column, clicks: Math.max(1, event.detail), button });
     }
 
-    // The mouse has its own way; this is for the key, and for a finger that rests on a row.
+    rested(event) {
+        this.stage.pointer = { x: event.clientX, y: event.clientY };
+        this.rowEvent(event, 2);
+        return true;
+    }
+
+    // Mouse and finger have their own ways; this is for the key.
     menuKey(event) {
         event.preventDefault();
-        if (event.pointerType === 'touch') {
-            this.stage.pointer = { x: event.clientX, y: event.clientY };
-            return this.rowEvent(event, 2);
-        }
+        if (event.pointerType === 'touch') return;
         const row = this.body.querySelector(`[data-row="${this.state.selected}"]`);
         if (event.button === 2 || !row) return;
         const box = row.getBoundingClientRect();

@@ -47,7 +47,6 @@ class FieldView extends View {
         });
         element.addEventListener('compositionend', () => this.composed());
         element.addEventListener('beforeinput', (event) => this.beforeInput(event));
-        document.addEventListener('selectionchange', () => this.caretMoved());
     }
 
     showEnabled(enabled) {
@@ -66,15 +65,21 @@ class FieldView extends View {
     }
     setSelection(selection) {
         this.selection = selection;
-        if (document.activeElement === this.element) this.showSelection();
+    }
+    // The caret is placed once, in the text that it belongs to.
+    applied(properties) {
+        const places = 'Text' in properties || 'Selection' in properties;
+        if (places && document.activeElement === this.element) this.showSelection();
     }
     focused() {
         this.showSelection();
     }
 
     show(text) {
-        if (this.composing || this.element.value === text) return;
-        this.element.value = text;
+        if (!this.composing && this.element.value !== text) this.element.value = text;
+    }
+    showAgain() {
+        this.show(this.properties.Text ?? '');
         if (document.activeElement === this.element) this.showSelection();
     }
 
@@ -98,8 +103,7 @@ class FieldView extends View {
             if (!inserted) pressKey(this.stage, this.form, 46, 0);
         }
         if (inserted) sendText(this.stage, this.form, inserted.normalize('NFC'));
-        this.show(this.properties.Text ?? '');
-        this.showSelection();
+        this.showAgain();
     }
 
     // The hands have moved the caret or selected something.
@@ -122,7 +126,7 @@ export class LineView extends FieldView {
         if (facts.numeric) this.element.inputMode = 'decimal';
         this.element.enterKeyHint = 'next';
         this.element.addEventListener('input', () => {
-            if (!this.composing) this.show(this.properties.Text ?? '');
+            if (!this.composing) this.showAgain();
         });
     }
 

@@ -1,8 +1,9 @@
 // Fingers on a drawing: one moves it as the middle button does, two zoom as the wheel does. A tap is the browser's
-// click.
+// click. A finger that rests does what the other button of a mouse does, or its resting.
 
 const slack = 8; // pixels that a tap may slip
 const notchShare = 1.15; // of the distance of two fingers
+const rest = 600; // milliseconds
 
 // tell(event, what, more) tells the program what a mouse would have done there.
 export function followFingers(element, tell) {
@@ -51,5 +52,38 @@ export function followFingers(element, tell) {
             moving = false;
             from = [...fingers.values()][0] ?? null;
         });
+    }
+}
+
+// act(event) is told of a finger that rests, by the event that it came down with; where it is true nothing is pressed, and
+// end() is told when the finger goes.
+export function followRest(element, { act, end = () => {} }) {
+    let waiting = 0;
+    let from = null;
+    let done = false;
+    const leave = () => {
+        clearTimeout(waiting);
+        if (from && done) end();
+        from = null;
+    };
+    element.addEventListener('pointerdown', (event) => {
+        done = false;
+        if (event.pointerType !== 'touch') return;
+        from = event;
+        clearTimeout(waiting);
+        waiting = setTimeout(() => (done = act(event)), rest);
+    }, true);
+    element.addEventListener('pointermove', (event) => {
+        if (from && !done && Math.hypot(event.clientX - from.clientX, event.clientY - from.clientY) > slack) leave();
+    }, true);
+    for (const name of ['pointerup', 'pointercancel']) element.addEventListener(name, leave, true);
+    // What the browser makes of the finger's end.
+    for (const name of ['mousedown', 'mouseup', 'click']) {
+        element.addEventListener(name, (event) => {
+            if (!done) return;
+            event.preventDefault();
+            event.stopImmediatePropagation();
+            if (name === 'click') done = false;
+        }, true);
     }
 }
