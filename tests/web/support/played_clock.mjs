@@ -24,12 +24,11 @@ export function playClock() {
     const isTimed = (whole) => [...looks].some((one) => !sleeping.has(one) && chain(one) === chain(whole));
     let begun = false;
     let wait = null;
+    let look = '';
     function waits(milliseconds) {
         const from = site();
-        if (milliseconds === 0) {
-            if (!sleeping.has(from)) begun = !!looks.add(from);
-            return;
-        }
+        look = milliseconds === 0 && !sleeping.has(from) ? from : '';
+        if (milliseconds === 0) return;
         if (milliseconds > longestSleep) mainLoop ||= from;
         sleeping.add(from);
         wait = { from, until: clock.now + milliseconds };
@@ -61,6 +60,9 @@ export function playClock() {
     const post = MessagePort.prototype.postMessage;
     MessagePort.prototype.postMessage = function (...message) {
         ++activity;
+        // Nothing has come by then: the wait begins.
+        if (look) begun = !!looks.add(look);
+        look = '';
         return post.apply(this, message);
     };
 
