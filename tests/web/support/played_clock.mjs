@@ -6,7 +6,6 @@ export function playClock() {
     const firstNumber = 1e9;
     const creep = 1000; // readings that take a millisecond, so that work without end comes to an end
     const longestSleep = 20; // milliseconds; a wait inside a handler is no longer
-    const isLinks = /^\(\)\s*=>\s*this\.#\w+\((''|"")\)$/; // the end of a wait, in the script as it stands or packed
     const timers = new Map();
     let number = firstNumber;
     let readings = 0;
@@ -24,25 +23,46 @@ export function playClock() {
     const looks = new Set();
     const isTimed = (whole) => [...looks].some((one) => !sleeping.has(one) && chain(one) === chain(whole));
     let begun = false;
+    let wait = null;
+    let look = '';
+    function waits(milliseconds) {
+        const from = site();
+        look = milliseconds === 0 && !sleeping.has(from) ? from : '';
+        if (milliseconds === 0) return;
+        if (milliseconds > longestSleep) mainLoop ||= from;
+        sleeping.add(from);
+        wait = { from, until: clock.now + milliseconds };
+    }
+    // The one function of the page that the program waits in, in either build.
+    const watched = (next) => (milliseconds) => {
+        waits(milliseconds);
+        return next(milliseconds);
+    };
+    const { Suspending } = WebAssembly;
+    if (Suspending) WebAssembly.Suspending = function (next) {
+        return new Suspending(watched(next));
+    };
+    for (const name of ['instantiate', 'instantiateStreaming']) {
+        const plain = WebAssembly[name];
+        WebAssembly[name] = (source, { env, ...imports }) =>
+            plain(source, { ...imports, env: typeof env.kvt_next === 'function' ? { ...env, kvt_next: watched(env.kvt_next) } : env });
+    }
 
     performance.now = () => clock.now + Math.floor(readings++ / creep);
     Object.defineProperty(Event.prototype, 'timeStamp', { get: () => clock.now });
     window.setTimeout = (act, milliseconds = 0, ...more) => {
         ++activity;
         if (!(milliseconds > 0)) return later(act, 0, ...more);
-        const program = isLinks.test(String(act)) ? site() : '';
-        if (program && milliseconds > longestSleep) mainLoop ||= program;
-        if (program) sleeping.add(program);
-        timers.set(++number, { act: () => act(...more), at: clock.now + milliseconds, milliseconds, program });
+        timers.set(++number, { act: () => act(...more), at: clock.now + milliseconds });
         return number;
     };
     window.clearTimeout = (one) => timers.delete(one) || forget(one);
-    // A wait that ends by itself looks first at what has come, by a message of the page to itself.
     const post = MessagePort.prototype.postMessage;
     MessagePort.prototype.postMessage = function (...message) {
         ++activity;
-        const from = site();
-        if (from && !sleeping.has(from)) begun = !!looks.add(from);
+        // Nothing has come by then: the wait begins.
+        if (look) begun = !!looks.add(look);
+        look = '';
         return post.apply(this, message);
     };
 
@@ -64,12 +84,11 @@ export function playClock() {
 
     // What the program waits for: its user, a time that it has set itself, or, where it is through, any event.
     clock.state = () => {
-        const wait = [...timers.values()].find((one) => one.program);
         if (window.told.ended) return 'ended';
         if (boxIsUp()) return 'box';
         if (window.told.asks.size > 0) return 'asks';
-        if (!wait || wait.program === mainLoop) return 'idle';
-        return isTimed(wait.program) ? 'timed' : 'user';
+        if (!wait || wait.from === mainLoop) return 'idle';
+        return isTimed(wait.from) ? 'timed' : 'user';
     };
 
     // Lets all come to rest that needs no time. Views follow before the next frame.
@@ -114,7 +133,7 @@ export function playClock() {
             begun = false;
             if (state === 'asks') await new Promise((then) => later(then, 5));
             else if (state !== 'timed' || clock.waits >= waits) return state;
-            else await clock.advance([...timers.values()].find((one) => one.program).at - clock.now);
+            else await clock.advance(Math.max(wait.until - clock.now, 1));
         }
     };
 }

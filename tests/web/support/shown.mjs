@@ -96,7 +96,8 @@ export function readShown() {
     const list = () => of('lvCncProgram').element;
     const label = (name) => readers.caption(of(name));
     const states = {
-        lineCount: () => label('lblPPLines'),
+        // The head and the open line at the end are rows too.
+        lineCount: () => Number(list().getAttribute('aria-rowcount')) - 2,
         machine: () => label('lblMachineType').split(' ').find((word) => /^(MK2|MK4|F1)$/.test(word)),
         programChanged: () => document.title.endsWith(' *'),
         selectedRow: () => list().querySelector('.row[aria-selected=true]')?.dataset.row ?? of('lvCncProgram').told.rows.selected,

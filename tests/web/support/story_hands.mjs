@@ -84,17 +84,10 @@ export async function chooseMenu(story, name) {
     return undefined;
 }
 
-async function chooseAtPointer(story, name) {
-    const { bench } = story;
+// The menu at the pointer has come up by the right button.
+async function chooseAtPointer({ bench }, name) {
     const entry = await bench.element(name);
-    if (!entry || !(await entry.isVisible())) {
-        const row = await bench.evaluate(() => window.told.named('lvCncProgram').rows.selected);
-        await rowInSight(story, row);
-        await bench.clickRow(row, { button: 'right' });
-        await story.settle();
-    }
-    const shown = await bench.element(name);
-    if (await shown?.isVisible()) await shown.click();
+    if (await entry?.isVisible()) await entry.click();
 }
 
 // What cannot be seen is not clicked.

@@ -69,7 +69,7 @@ export class Workbench {
             list.forEach(([key, text]) => localStorage.setItem(key, text));
         }, kept, gone);
         page.on('request', (request) => bench.requests.push(request.url()));
-        page.on('pageerror', (fault) => bench.faults.push(String(fault)));
+        page.on('pageerror', (fault) => bench.faults.push(fault.stack ?? String(fault)));
         page.on('console', (line) => line.type() === 'error' && bench.faults.push(line.text()));
         await page.goto(address + at);
         if (waits) await bench.started();
