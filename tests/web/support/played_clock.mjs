@@ -18,6 +18,7 @@ export function playClock() {
     Error.stackTraceLimit = 100;
     const site = () => new Error().stack.split('\n').filter((line) => line.includes('wasm')).join('\n');
     const chain = (whole) => whole.replace(/:0x[0-9a-f]+/g, '');
+    const depth = (whole) => whole.split('\n').length;
     let mainLoop = '';
     const sleeping = new Set();
     const looks = new Set();
@@ -29,7 +30,8 @@ export function playClock() {
         const from = site();
         look = milliseconds === 0 && !sleeping.has(from) ? from : '';
         if (milliseconds === 0) return;
-        if (milliseconds > longestSleep) mainLoop ||= from;
+        // The long wait with the fewest functions below it.
+        if (milliseconds > longestSleep && !(mainLoop && depth(mainLoop) <= depth(from))) mainLoop = from;
         sleeping.add(from);
         wait = { from, until: clock.now + milliseconds };
     }
