@@ -40,9 +40,16 @@ if ! cmp -s tests/web/package-lock.json "$modules/installed.json"; then
     (cd "$modules" && PUPPETEER_SKIP_DOWNLOAD=1 npm ci --no-audit --no-fund --loglevel=error)
     cp tests/web/package-lock.json "$modules/installed.json"
 fi
-# A browser on a busy machine can come too late for a moment: a file that fails has a second try, and both are told.
-for file in "${tests[@]}"; do
-    node --test --test-concurrency=1 "$file" && continue
-    echo "$file failed; once more."
-    node --test --test-concurrency=1 "$file"
-done
+# A browser on a busy machine can come too late for a moment: a file that fails has a second try, and both are told. Each
+# core has one file at a time, the longest first.
+run() {
+    local told
+    told=$(node --test --test-concurrency=1 "$1" 2>&1) || {
+        echo "$told"
+        echo "$1 failed; once more."
+        told=$(node --test --test-concurrency=1 "$1" 2>&1) || { echo "$told"; return 1; }
+    }
+    echo "$told"
+}
+export -f run
+printf '%s\0' "${tests[@]}" | sort -rz | xargs -0 -P "$(nproc)" -I{} bash -c 'run {}'
