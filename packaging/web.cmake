@@ -37,9 +37,9 @@ function(kvt_for_page target)
         return()
     endif()
     set_target_properties(${target} PROPERTIES OUTPUT_NAME kvt_web)
-    # Asyncify makes it larger. What waits for users needs no inlining; the check pass and the drawing do.
-    foreach(room web shell transfer editor files platform)
-        target_compile_options(kvt_${room} PRIVATE "SHELL:-mllvm -inline-threshold=20")
+    # Asyncify makes it larger. What waits for users needs no inlining; the check pass does.
+    foreach(room web shell transfer editor files platform draw program)
+        target_compile_options(kvt_${room} PRIVATE "SHELL:-mllvm -inline-threshold=5")
     endforeach()
     kvt_asyncify(${target})
 endfunction()

@@ -214,9 +214,13 @@ for (const play of ['playSerial', 'withoutSerial']) {
         await send.click();
         await bench.until((n) => new RegExp(`Sent: ${n} char`).test(document.querySelector('.panel .state').textContent), wire(short).length);
         await bench.until((text) => document.querySelector('[data-name="txtRX"]').value === text, wire(short).replaceAll('\r', ''));
+        await bench.settled();
         await bench.click('cmdReceiveImport');
+        // The program that was sent has as many lines.
+        await bench.until(() => document.querySelector('[data-name="cmdReceiveImport"]').getClientRects().length === 0);
         await bench.untilIs('lblPPLines', 'Caption', '2');
         await bench.picks('back.cnc');
+        await bench.untilEnabled('mnuSave');
         await bench.press('Ctrl+S');
         await bench.until(() => window.told.named('lblPath').p.Caption.endsWith('back.cnc'));
         assert.equal(wire(await bench.read('back.cnc')), wire(short));
