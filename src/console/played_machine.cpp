@@ -83,8 +83,7 @@ TransferEnd PlayedMachine::Receive(std::string& received) {
             Sleep(line_.SpeedUp > 1 ? 1 : longestRest / 4);
             continue;
         }
-        reception.Take({piece, static_cast<std::size_t>(size)});
-        received = reception.Text();
+        received.append(piece, reception.Take({piece, static_cast<std::size_t>(size)}));
         const bool drops = CountPassed(static_cast<std::size_t>(size));
         // The control listens no longer.
         if (reception.HasEnded()) return TransferEnd::Completed;

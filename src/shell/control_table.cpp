@@ -18,6 +18,23 @@ std::string NameOf(std::string_view name, std::string_view side) {
 std::string_view NameFrom(std::string_view name) { return name; }
 std::string_view NameFrom(const Control* control) { return control->Name(); }
 
+// The controls of a form, by their names and indices.
+std::vector<Control*> SortedByName(std::vector<Control*> controls) {
+    std::sort(controls.begin(), controls.end(), [](const Control* a, const Control* b) {
+        return std::pair(NameFrom(a), a->Index()) < std::pair(NameFrom(b), b->Index());
+    });
+    return controls;
+}
+
+// The control of a name, or the elements of an array in the order of their indices. No control is a failure.
+std::span<Control* const> Named(std::span<Control* const> byName, std::string_view name) {
+    const auto [first, end] =
+        std::equal_range(byName.begin(), byName.end(), name,
+                         [](const auto& a, const auto& b) { return NameFrom(a) < NameFrom(b); });
+    if (first == end) throw Failure("No control " + std::string(name));
+    return {&*first, static_cast<std::size_t>(end - first)};
+}
+
 }  // namespace
 
 int Length::In(int width, int height) const {
@@ -25,29 +42,19 @@ int Length::In(int width, int height) const {
     return std::clamp(base / 100 * Percent + base % 100 * Percent / 100 + Twips, Least, Most);
 }
 
-ControlTable::ControlTable(Form& form) : form_(form), byName_(form.Controls()) {
-    std::sort(byName_.begin(), byName_.end(), [](const Control* a, const Control* b) {
-        return std::pair(NameFrom(a), a->Index()) < std::pair(NameFrom(b), b->Index());
-    });
-    for (const ControlRow& row : ControlRows()) Add(row, {});
+ControlTable::ControlTable(Form& form) : form_(form) {
+    const std::vector<Control*> byName = SortedByName(form.Controls());
+    for (const ControlRow& row : ControlRows()) Add(row, {}, byName);
     for (const std::string_view side : {"TX", "RX"}) {
-        for (const ControlRow& row : PortSideRows()) Add(row, side);
+        for (const ControlRow& row : PortSideRows()) Add(row, side, byName);
     }
-    for (const ControlRow& row : TransferRows()) Add(row, {});
+    for (const ControlRow& row : TransferRows()) Add(row, {}, byName);
 }
 
-std::span<Control* const> ControlTable::Named(std::string_view name) const {
-    const auto [first, end] =
-        std::equal_range(byName_.begin(), byName_.end(), name,
-                         [](const auto& a, const auto& b) { return NameFrom(a) < NameFrom(b); });
-    if (first == end) throw Failure("No control " + std::string(name));
-    return {&*first, static_cast<std::size_t>(end - first)};
-}
-
-void ControlTable::Add(const ControlRow& row, std::string_view side) {
+void ControlTable::Add(const ControlRow& row, std::string_view side, std::span<Control* const> byName) {
     const std::string containerName = NameOf(row.Container, side);
-    Control* const container = containerName.empty() ? nullptr : Named(containerName).front();
-    for (Control* const control : Named(NameOf(row.Name, side))) AddOne(*control, row, container);
+    Control* const container = containerName.empty() ? nullptr : Named(byName, containerName).front();
+    for (Control* const control : Named(byName, NameOf(row.Name, side))) AddOne(*control, row, container);
 }
 
 void ControlTable::AddOne(Control& control, const ControlRow& row, Control* container) {

@@ -84,13 +84,10 @@ private:
         Control* Of;
         const ControlRow* Row;
     };
-    // The control of a name, or the elements of an array in the order of their indices. No control is a failure.
-    std::span<Control* const> Named(std::string_view name) const;
-    void Add(const ControlRow& row, std::string_view side);
+    void Add(const ControlRow& row, std::string_view side, std::span<Control* const> byName);
     void AddOne(Control& control, const ControlRow& row, Control* container);
 
     Form& form_;
-    std::vector<Control*> byName_;
     std::vector<Entry> entries_;
     int nextTab_ = 0;
 };

@@ -135,15 +135,16 @@ void WebPort::Lose() {
     if (std::exchange(open_, false)) system_.Run("Comm", [this] { Tell(CommEvent::Vanished); });
 }
 
+bool WebPort::Waits() const { return sending_ || changes_ || (deviceNumber_ != 0 && !open_); }
+
 double WebPort::Due() const {
-    const bool waits = sending_ || changes_ || (deviceNumber_ != 0 && !open_);
-    if (!waits) return Never;
+    if (!Waits()) return Never;
     const double now = system_.Milliseconds();
     return now + pace_.Left(now);
 }
 
 bool WebPort::Serve(double now) {
-    if (now < Due() || pace_.Left(now) > 0) return false;
+    if (!Waits() || pace_.Left(now) > 0) return false;
     const bool sent = std::exchange(sending_, false);
     if (deviceNumber_ != 0 && !open_) return Let(), true;
     if (changes_) Change();

@@ -49,6 +49,7 @@ protected:
     void SettingsChanged() override;
 
 private:
+    bool Waits() const;
     double Due() const override;
     bool Serve(double now) override;
     void OpenDevice();

@@ -26,16 +26,16 @@ const open = async (bench, name) => {
     await bench.settled();
 };
 
+const draw = (name) => async (bench) => {
+    await open(bench, name);
+    await bench.choose('mnuDraw');
+};
+
 const pictures = {
     '1366x768_mk4_bolt': { does: (bench) => open(bench, 'mk4_bolt.cnc') },
     '1366x768_mk2_knob': { does: (bench) => open(bench, 'mk2_knob.cnc') },
     '1366x768_f1_lid': { does: (bench) => open(bench, 'f1_lid.cnc') },
-    '1366x768_draw_mk4_pawn': {
-        async does(bench) {
-            await open(bench, 'mk4_pawn.cnc');
-            await bench.choose('mnuDraw');
-        },
-    },
+    '1366x768_draw_mk4_pawn': { does: draw('mk4_pawn.cnc') },
     '1366x768_beside_german_dark': {
         dark: true,
         async does(bench) {
@@ -62,13 +62,7 @@ const pictures = {
     },
     '1920x1080_f1_lid': { size: screen, does: (bench) => open(bench, 'f1_lid.cnc') },
     '390x844_mk4_bolt': { size: phone, does: (bench) => open(bench, 'mk4_bolt.cnc') },
-    '390x844_draw_mk4_bolt': {
-        size: phone,
-        async does(bench) {
-            await open(bench, 'mk4_bolt.cnc');
-            await bench.choose('mnuDraw');
-        },
-    },
+    '390x844_draw_mk4_bolt': { size: phone, does: draw('mk4_bolt.cnc') },
     '390x844_german_typing': {
         size: phone,
         async does(bench) {
@@ -84,13 +78,7 @@ const pictures = {
         },
     },
     '844x390_f1_lid': { size: lyingPhone, does: (bench) => open(bench, 'f1_lid.cnc') },
-    '844x390_draw_mk4_bolt': {
-        size: lyingPhone,
-        async does(bench) {
-            await open(bench, 'mk4_bolt.cnc');
-            await bench.choose('mnuDraw');
-        },
-    },
+    '844x390_draw_mk4_bolt': { size: lyingPhone, does: draw('mk4_bolt.cnc') },
     '1366x768_font_200': {
         async does(bench) {
             await bench.evaluate(() => (document.documentElement.style.fontSize = '200%'));

@@ -174,8 +174,7 @@ function download(name, content) {
 }
 
 // Writes into the file that was opened under that name; one without a handle is downloaded.
-export async function writeFile(stage, { ask: number, path, content }) {
-    const name = path;
+export async function writeFile(stage, { ask: number, path: name, content }) {
     let ok = true;
     try {
         const handle = await handleOf(name);
