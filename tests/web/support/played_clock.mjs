@@ -30,14 +30,18 @@ export function playClock() {
         const from = site();
         look = milliseconds === 0 && !sleeping.has(from) ? from : '';
         if (milliseconds === 0) return;
-        // The long wait with the fewest functions below it.
-        if (milliseconds > longestSleep && !(mainLoop && depth(mainLoop) <= depth(from))) mainLoop = from;
+        // The long wait with the fewest functions below it, but for the one for the page's first word.
+        const greets = window.told.controls.size === 0;
+        if (milliseconds > longestSleep && !greets && !(mainLoop && depth(mainLoop) <= depth(from))) mainLoop = from;
         sleeping.add(from);
         wait = { from, until: clock.now + milliseconds };
     }
-    // The one function of the page that the program waits in, in either build.
+    // The one function of the page that the program waits in. Without a switch of stacks it is entered once more at the end
+    // of each wait, when the program has been entered again.
+    const rewinding = 2;
+    let exports = {};
     const watched = (next) => (milliseconds) => {
-        waits(milliseconds);
+        if (exports.asyncify_get_state?.() !== rewinding) waits(milliseconds);
         return next(milliseconds);
     };
     const { Suspending } = WebAssembly;
@@ -46,8 +50,12 @@ export function playClock() {
     };
     for (const name of ['instantiate', 'instantiateStreaming']) {
         const plain = WebAssembly[name];
-        WebAssembly[name] = (source, { env, ...imports }) =>
-            plain(source, { ...imports, env: typeof env.kvt_next === 'function' ? { ...env, kvt_next: watched(env.kvt_next) } : env });
+        WebAssembly[name] = async (source, { env, ...imports }) => {
+            const next = typeof env.kvt_next === 'function' ? { kvt_next: watched(env.kvt_next) } : {};
+            const made = await plain(source, { ...imports, env: { ...env, ...next } });
+            ({ exports } = made.instance ?? made);
+            return made;
+        };
     }
 
     performance.now = () => clock.now + Math.floor(readings++ / creep);
