@@ -256,6 +256,12 @@ void PlanFailure(Script& run, Args args) {
     run.Session.Platform.Faults.Fail(args.Text(0), args.Number(1));
 }
 
+// On the main window, which takes one by the way of the menu.
+void Drop(Script& run, Args args) {
+    const Form& form = run.Session.FormNamed("frmMain");
+    if (InReach(run, form) && form.OnDropFile) form.OnDropFile(NameFromSystem(args.Last()));
+}
+
 void Receive(Script& run, Args args) {
     if (!run.Session.Platform.Port.Receive(FromUtf8(args.Last())))
         run.Note("no port is open, nothing arrives");
@@ -351,6 +357,7 @@ constexpr ScriptAction actions[] = {
     {"mousedrag", {Arg::Number, Arg::Number, Arg::Number, Arg::Number}, script::MouseDrag, ofUser},
     {"mousewheel", {Arg::Number, Arg::Number, Arg::Number}, script::MouseWheel, ofUser},
     {"scroll", {Arg::Word, Arg::Number}, script::Scroll, ofUser},
+    {"drop", {Arg::Text}, Drop, ofUser},
     {"receive", {Arg::Text}, Receive, ofUser},
 
     {"answer", {Arg::Word}, QueueAnswer},

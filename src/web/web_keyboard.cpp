@@ -13,6 +13,9 @@ namespace {
 // Numbers by which keyboards tell their signs apart, by the place of the key; here a sign has the number of its own.
 constexpr int firstSignByPlace = 186;
 
+// A key writes one character, a dead key before it one more.
+constexpr std::size_t mostOfKey = 8;
+
 // What is typed: characters, and no keys that control anything.
 std::string CharactersOf(std::string_view utf8) {
     std::string characters = KnownCharactersOf(utf8);
@@ -31,7 +34,7 @@ std::vector<KeyPress> WithText(KeyStroke stroke, const std::string& characters) 
 
 std::vector<KeyPress> PressesOf(const PageEvent& event) {
     KeyStroke stroke{event.Number("key"), event.Number("held")};
-    const std::string text = CharactersOf(event.Raw("char"));
+    const std::string text = CharactersOf(event.Raw("char")).substr(0, mostOfKey);
     if (text.size() == 1 && stroke.Key >= firstSignByPlace) stroke.Key = KeyOfCharacter(text[0]);
     const bool ctrl = (stroke.Held & key::CtrlHeld) != 0;
     std::vector<KeyPress> presses;

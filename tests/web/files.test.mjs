@@ -90,18 +90,13 @@ test('a browser without file access opens by choosing and saves by downloading',
 
 test('files that are dropped, refused and damaged', async () => {
     const bench = await Workbench.open(here);
-    const drop = (name, text) => bench.evaluate((n, t) => {
-        const data = new DataTransfer();
-        data.items.add(new File([Uint8Array.from(t, (one) => one.charCodeAt(0))], n));
-        document.body.dispatchEvent(new DragEvent('drop', { dataTransfer: data, bubbles: true, cancelable: true }));
-    }, name, text);
-    await drop('<b>knob.cnc', sample('mk2_knob.cnc'));
+    await bench.drop('<b>knob.cnc', sample('mk2_knob.cnc'));
     await bench.until(() => window.told.named('lblPath').p.Caption.includes('knob'));
     await bench.settled();
     // A name is text, never markup.
     assert.equal(await bench.evaluate(() => document.querySelectorAll('b').length), 0);
     for (const text of ['', '\0\0\0', 'x'.repeat(100_000), '%\r\n'.repeat(1000)]) {
-        await drop('damaged.cnc', text);
+        await bench.drop('damaged.cnc', text);
         await bench.settled();
         while (await bench.box()) await bench.answer(0);
     }

@@ -76,11 +76,7 @@ test('the single file opens from disk', async () => {
     await bench.choose('mnuSamples');
     await bench.press('Esc');
     await bench.press('Esc');
-    await bench.evaluate((text) => {
-        const data = new DataTransfer();
-        data.items.add(new File([text], 'bolt.cnc'));
-        document.body.dispatchEvent(new DragEvent('drop', { dataTransfer: data, bubbles: true, cancelable: true }));
-    }, sample('mk4_bolt.cnc'));
+    await bench.drop('bolt.cnc', sample('mk4_bolt.cnc'));
     await bench.untilIs('lblPPLines', 'Caption', '45');
     await bench.close();
 });

@@ -4,7 +4,7 @@
 export function recordMessages() {
     const controls = new Map();
     // asks: the questions that the page has not answered yet.
-    const told = { controls, focus: 0, beeps: 0, ended: false, at: 0, asks: new Set(), printed: [] };
+    const told = { controls, focus: 0, beeps: 0, ended: false, at: 0, asks: new Set(), printed: [], drops: 0 };
     const take = (message) => {
         if (message.ask) told.asks.add(message.ask);
         if (message.do === 'print') {
@@ -31,6 +31,7 @@ export function recordMessages() {
     const stringify = JSON.stringify;
     JSON.stringify = (value, ...rest) => {
         if (value?.on === 'reply') told.asks.delete(value.ask);
+        if (value?.on === 'drop') ++told.drops;
         return stringify(value, ...rest);
     };
     // By name, index behind it in parentheses, form in front of it where two have one: "frmDraw.mnuGrid", "mnuPP(1)".

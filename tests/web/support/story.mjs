@@ -46,7 +46,7 @@ export class Story {
     constructor(here, name, text, without = [], play = []) {
         Object.assign(this, {
             name, here, play, without: [...without], answers: [], boxes: [], colors: [], printers: [], queued: [], files: [], kept: [], gone: [],
-            waiting: [], users: 0, from: null, sent: '', clock: 0, printed: '',
+            waiting: [], below: [], users: 0, from: null, sent: '', clock: 0, printed: '',
         });
         this.lines = text.split('\n');
         const options = this.lines.filter((line) => line.startsWith('# options:')).join(' ');
@@ -86,6 +86,7 @@ export class Story {
 
     runLine(line) {
         const [, word, rest] = /^(\w*)\s?(.*)$/s.exec(line);
+        if (word === 'below') return this.below.push(rest);
         if (word === 'during') return this.waiting.push({ wait: Number(wordsOf(rest)[0]), line: behind(rest) });
         return this.line(word, rest);
     }
@@ -117,6 +118,7 @@ export class Story {
             const until = this.waiting.length > 0 ? this.from + next - this.users : Infinity;
             const state = await bench.evaluate((wait) => window.clock.pass(wait ?? Infinity), until);
             if (state === 'box') {
+                await this.doBelow();
                 await answerBox(this);
             } else if (state === 'timed') {
                 await this.doWaiting(next);
@@ -150,6 +152,18 @@ export class Story {
             ++this.done;
         }
         return acted;
+    }
+
+    // What a user tries while a box is up, by lines "below STEP".
+    async doBelow() {
+        for (const line of this.below.splice(0)) {
+            const [, word, rest] = /^(\w*)\s?(.*)$/s.exec(line);
+            this.inWait = true;
+            await steps[word].call(this, rest);
+            await this.settle();
+            this.inWait = false;
+            assert.equal(await this.bench.evaluate(() => window.clock.state()), 'box', `the box stands: ${line}`);
+        }
     }
 
     // The program with what it would find in its folders.

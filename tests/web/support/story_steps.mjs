@@ -177,6 +177,11 @@ export const steps = {
             await this.settle();
         }
     },
+    async drop(rest) {
+        const [name, content] = broughtFile(rest) ?? [nameOf(rest), await this.bench.read(nameOf(rest))];
+        await uncover(this, 'frmMain.lvCncProgram');
+        await this.bench.drop(name, content);
+    },
     async receive(rest) {
         await this.bench.evaluate((text) => window.ports.find((one) => one.isOpen)?.arrives(text), textOf(rest));
     },

@@ -217,6 +217,19 @@ export class Workbench {
     read(name) {
         return this.evaluate((n) => window.readPlayed(n), name);
     }
+    // Drops a file on what lies at the middle of the list; one that a box is in front of takes none.
+    async drop(name, text) {
+        const drops = await this.evaluate((n, t) => {
+            const list = document.querySelector(`[data-control="${window.told.named('lvCncProgram').id}"]`).getBoundingClientRect();
+            const data = new DataTransfer();
+            data.items.add(new File([Uint8Array.from(t, (one) => one.charCodeAt(0))], n));
+            const under = document.elementFromPoint(list.left + list.width / 2, list.top + list.height / 2);
+            const { drops } = window.told;
+            under.dispatchEvent(new DragEvent('drop', { dataTransfer: data, bubbles: true, cancelable: true }));
+            return document.querySelector('dialog[open]') ? -1 : drops;
+        }, name, text);
+        await this.until((before) => window.told.drops > before, drops);
+    }
     async open(name, text = sample(name)) {
         await this.put(name, text);
         await this.picks(name);
