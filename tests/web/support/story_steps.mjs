@@ -179,7 +179,6 @@ export const steps = {
     },
     async drop(rest) {
         const [name, content] = broughtFile(rest) ?? [nameOf(rest), await this.bench.read(nameOf(rest))];
-        await uncover(this, 'frmMain.lvCncProgram');
         await this.bench.drop(name, content);
     },
     async receive(rest) {

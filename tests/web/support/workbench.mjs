@@ -223,15 +223,15 @@ export class Workbench {
     read(name) {
         return this.evaluate((n) => window.readPlayed(n), name);
     }
-    // Drops a file on what lies at the middle of the list; one that a box is in front of takes none.
+    // Drops a file on the main window, where nothing lies over it; behind a box it takes none.
     async drop(name, text) {
         const drops = await this.evaluate((n, t) => {
-            const list = document.querySelector(`[data-control="${window.told.named('lvCncProgram').id}"]`).getBoundingClientRect();
+            const places = Array.from({ length: 100 }, (_, i) => [(i % 10) / 10, Math.floor(i / 10) / 10]);
+            const under = places.map(([x, y]) => document.elementFromPoint(x * innerWidth + 9, y * innerHeight + 9)).find((one) => one?.closest('.form.main'));
             const data = new DataTransfer();
             data.items.add(new File([Uint8Array.from(t, (one) => one.charCodeAt(0))], n));
-            const under = document.elementFromPoint(list.left + list.width / 2, list.top + list.height / 2);
             const { drops } = window.told;
-            under.dispatchEvent(new DragEvent('drop', { dataTransfer: data, bubbles: true, cancelable: true }));
+            (under ?? document.body).dispatchEvent(new DragEvent('drop', { dataTransfer: data, bubbles: true, cancelable: true }));
             return document.querySelector('dialog[open]') ? -1 : drops;
         }, name, text);
         await this.until((before) => window.told.drops > before, drops);
