@@ -16,9 +16,21 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* beginning = "kvtc-run-";
+// Where nothing tells a run that was killed from one that goes on; these are left alone.
+constexpr const char* beginningWithoutLocks = "kvtc-unlocked-";
 
 int OpenFolder(const fs::path& folder) {
     return open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+}
+
+// Whether a lock keeps others out; under node it is given to everybody.
+bool LocksHold(const fs::path& place) {
+    const int one = OpenFolder(place);
+    const int other = OpenFolder(place);
+    const bool hold = flock(one, LOCK_SH | LOCK_NB) != 0 || flock(other, LOCK_EX | LOCK_NB) != 0;
+    close(other);
+    close(one);
+    return hold;
 }
 
 // Removes the folders of runs that were killed: whoever uses one holds its lock.
@@ -36,8 +48,9 @@ void RemoveAbandoned(const fs::path& place) {
 }
 
 // A new folder; empty where there is no place for it.
-std::string MakeFolder(const fs::path& place) {
-    std::string pattern = (place / (std::string(beginning) + "XXXXXX")).string();
+std::string MakeFolder(const fs::path& place, bool locks) {
+    const std::string name = locks ? beginning : beginningWithoutLocks;
+    std::string pattern = (place / (name + "XXXXXX")).string();
     return mkdtemp(pattern.data()) ? pattern : std::string();
 }
 
@@ -46,11 +59,12 @@ std::string MakeFolder(const fs::path& place) {
 TemporaryFolder::TemporaryFolder() {
     std::error_code failed;
     const fs::path place = fs::temp_directory_path(failed);
-    if (!failed) RemoveAbandoned(place);
+    const bool locks = LocksHold(place);
+    if (!failed && locks) RemoveAbandoned(place);
     // Another run may take it for an abandoned one until it is locked.
     while (!fs::exists(path_, failed)) {
         if (lock_ >= 0) close(lock_);
-        const std::string made = place.empty() ? std::string() : MakeFolder(place);
+        const std::string made = place.empty() ? std::string() : MakeFolder(place, locks);
         if (made.empty()) {
             const char* const named = std::getenv("TMPDIR");
             throw Failure(std::string("no temporary folder can be made in ") + (named ? named : "/tmp"));

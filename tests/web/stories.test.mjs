@@ -14,7 +14,7 @@ const listed = JSON.parse(fs.readFileSync(new URL('stories.json', import.meta.ur
 const all = fs.readdirSync(folder).filter((one) => one.endsWith('.kvts')).map((one) => one.slice(0, -5));
 const wanted = process.env.KVT_STORY?.split(',') ?? all;
 // Those with many waits run in the build for every browser too.
-const elsewhere = ['notices', 'step', 'transmit_while_drawing', 'waits'].filter((name) => wanted.includes(name) && !process.env.KVT_WEB_PLAY);
+const elsewhere = ['notices', 'transmit_while_drawing', 'waits'].filter((name) => wanted.includes(name) && !process.env.KVT_WEB_PLAY);
 const runs = [...wanted.map((name) => [name, []]), ...elsewhere.map((name) => [name, ['withoutStackSwitching']])];
 const sum = { steps: 0, expectations: 0, leftOut: 0, whole: 0 };
 

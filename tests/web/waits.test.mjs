@@ -100,7 +100,7 @@ function expected(lines, withFocus, withNotice) {
     fs.writeFileSync(file, [...lines, 'dump', ''].join('\n'));
     const dumped = kvtc('script', file).split('\n').find((line) => line.startsWith('{'));
     // Files of the user have their bare names in the page.
-    const state = JSON.parse(dumped.replace(/\/[^"]*?\/kvtc-run-\w+\/tmp\//g, ''));
+    const state = JSON.parse(dumped.replace(/\/[^"]*?\/kvtc-\w+-\w+\/tmp\//g, ''));
     if (state.ended) return [];
     const value = (what) => {
         const dot = what.lastIndexOf('.');
