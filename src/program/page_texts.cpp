@@ -79,6 +79,10 @@ constexpr Row rows[] = {
     {"machinePortClosed", "The workbench does not listen: enable communication in Settings, COM."},
     {"machineLost", "What came while it did not listen is lost: %1 characters."},
     {"printers", "Printers and copies are in the dialog of the browser, when you print."},
+    {"notSecure",
+     "A browser gives a page no serial port where its address begins with http: open it by https, or "
+     "kvt.html "
+     "from a disk, in Chrome, Edge or Opera. TX and RX work with the played machine."},
 };
 
 template <class Part>

@@ -77,3 +77,12 @@ test('keys that no control has a use for are the browser\u2019s, those of menus 
     await bench.answer(0);
     await bench.close();
 });
+
+test('the key of the menu brings up that of the line', async () => {
+    const { bench } = await openWithSession();
+    await bench.open('mk4_bolt.cnc');
+    await bench.clickRow(2);
+    await bench.press('ContextMenu');
+    await bench.until(() => document.querySelector('.menu [data-name="RCmnuDelete"]')?.getClientRects().length > 0);
+    await bench.close();
+});
