@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/web_leaving.h"
 #include "app/web_machine.h"
 #include "app/web_programs.h"
 #include "shell/workbench.h"
@@ -36,7 +37,9 @@ public:
     kvt::Workbench Workbench;
 
 private:
+    bool LineIsUsed() const { return Workbench.Port.IsSending || Workbench.Transfer.frRXcode.Visible; }
     WebMachine machine_{Platform, [this] { return Workbench.Port.IsSending; }};
+    WebLeaving leaving_{Platform.System, [this] { return Workbench.Store.Unsaved() || LineIsUsed(); }};
 };
 
 }  // namespace kvt

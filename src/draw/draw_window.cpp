@@ -103,6 +103,7 @@ DrawWindow::DrawWindow(const Parts& parts)
     form.OnKeyDown = [this](int pressed, int held) {
         if ((held & key::CtrlHeld) == 0) Form_KeyDown(pressed);
     };
+    Listing.frmProgramWindow.OnKeyDown = [this](int pressed, int held) { Listing_KeyDown({pressed, held}); };
     Controls.cmdAutoFit.OnClick = [this] { cmdAutoFit_Click(); };
     Controls.cmdRedraw.OnClick = [this] { cmdRedraw_Click(); };
     WireMenus();
@@ -476,6 +477,13 @@ void DrawWindow::Form_KeyDown(int pressed) {
         if (one.Does == Zooming::Out) View.Zoom(-1);
         if (one.Does == Zooming::Draw) Redraw();
     }
+}
+
+// The listing has no menus, and lies over a drawing that may fill the screen.
+void DrawWindow::Listing_KeyDown(KeyStroke pressed) {
+    const bool leaves = pressed == KeyStroke{key::F5, 0} || pressed == KeyNamed(Controls.mnuEditor.Shortcut);
+    if (leaves) return mnuEditor_Click();
+    if (pressed == KeyStroke{key::Escape, 0}) EndMode();
 }
 
 // The arrows move the view over the drawing, the page keys by what is in sight.

@@ -7,6 +7,7 @@
 #include "draw/legend.h"
 #include "draw/navigation.h"
 #include "draw/output.h"
+#include "platform/key_press.h"
 
 namespace kvt {
 
@@ -70,6 +71,7 @@ public:
     void Form_Resize();
     void Form_QueryUnload();
     void Form_KeyDown(int key);
+    void Listing_KeyDown(KeyStroke pressed);
     void PositionControls();
     void cmdAutoFit_Click();
     void cmdRedraw_Click();

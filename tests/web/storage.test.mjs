@@ -45,6 +45,31 @@ test('settings are kept, and a second tab keeps its own to itself', async () => 
     await third.close();
 });
 
+test('the browser asks before work is left that is not saved', async () => {
+    const context = await here.browser.createBrowserContext();
+    const bench = await Workbench.open(here, { context, play: ['playSerial'] });
+    bench.stays = true;
+    const leave = async () => {
+        await bench.page.close({ runBeforeUnload: true });
+        await bench.pause(300);
+    };
+    await typeRow(bench, line('1500', 'first'));
+    await leave();
+    assert.deepEqual(bench.dialogs, ['beforeunload']);
+    assert.equal((await bench.rows())[0].at(-1), 'first');
+    await bench.picks('kept.cnc');
+    await bench.press('Ctrl+S');
+    await bench.until(() => !window.told.named('frmMain').p.Caption.endsWith('*'));
+    await bench.choose('mnuRX');
+    await leave();
+    assert.equal(bench.dialogs.length, 2, 'while a program is to be received');
+    await bench.press('Esc');
+    await bench.settled();
+    await leave();
+    assert.deepEqual([bench.dialogs.length, bench.page.isClosed()], [2, true]);
+    await bench.close();
+});
+
 test('a full storage is told, and the work goes on', async () => {
     const bench = await Workbench.open(here);
     await bench.evaluate(() => {

@@ -82,9 +82,20 @@ function handlers(stage, { store, share, serial, panel }) {
         link: (task) => copyLink(stage, task),
         picture: (folder, name) => pictureOf(share, folder + name),
         beep,
+        leaving: ({ asks }) => askBeforeLeaving(asks),
         started: workWithoutNetwork,
         end: () => ended(stage),
     });
+}
+
+// The browser asks in words of its own. A page that asks for nothing can come back as it was.
+function question(event) {
+    event.preventDefault();
+    event.returnValue = true; // for older browsers
+}
+function askBeforeLeaving(asks) {
+    if (asks) window.addEventListener('beforeunload', question);
+    else window.removeEventListener('beforeunload', question);
 }
 
 // A picture of a document, out of the bundle.
@@ -96,6 +107,7 @@ function pictureOf(share, path) {
 
 // Covers the page, with a way to start again.
 function cover(stage, text) {
+    askBeforeLeaving(false);
     const face = make('div', 'cover', document.body);
     face.setAttribute('role', 'alert');
     make('div', '', face).textContent = stage.text(text);

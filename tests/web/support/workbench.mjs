@@ -70,6 +70,10 @@ export class Workbench {
         }, kept, gone);
         page.on('request', (request) => bench.requests.push(request.url()));
         page.on('pageerror', (fault) => bench.faults.push(fault.stack ?? String(fault)));
+        page.on('dialog', (dialog) => {
+            bench.dialogs.push(dialog.type());
+            return bench.stays ? dialog.dismiss() : dialog.accept();
+        });
         page.on('console', (line) => line.type() === 'error' && bench.faults.push(line.text()));
         await page.goto(address + at);
         if (waits) await bench.started();
@@ -81,6 +85,8 @@ export class Workbench {
         this.context = context;
         this.requests = [];
         this.faults = [];
+        this.dialogs = []; // questions of the browser's own; stays: the user is not to leave
+        this.stays = false;
     }
 
     async started() {
