@@ -78,9 +78,10 @@ test('at an address that begins with http the reason is told, and what is typed 
     const context = await browser.createBrowserContext();
     const open = () => Workbench.open({ browser, site: here.site }, { context, address });
     const texts = (bench) => bench.evaluate(() => document.body.innerText);
+    const line = (comment) => ['', ' 00', ' 00 ', '1500', '', '100', '', '', '', '', '', '', '', '', '', '', '', '', comment];
     const bench = await open();
     assert.match(await texts(bench), /begins with http: open it by https/);
-    await typeRow(bench, ['', ' 00', ' 00 ', '1500', '', '100', '', '', '', '', '', '', '', '', '', '', '', '', 'first']);
+    await typeRow(bench, line('first'));
     await bench.pause(1000);
     const second = await open();
     assert.match(await texts(second), /open in another tab/);
@@ -99,6 +100,15 @@ test('at an address that begins with http the reason is told, and what is typed 
     assert.doesNotMatch(await texts(again), /open in another tab/);
     await again.answer('Yes');
     await again.untilIs('lblPPLines', 'Caption', '1');
+    // One that stood still while another one has begun writes over nothing of that.
+    const kept = () => again.evaluate(() => Object.entries(localStorage).filter(([key]) => key.startsWith('kvt:') && key.includes('Recovery')));
+    await again.evaluate(() => localStorage.setItem('kvt-beat', `${Date.now()} 0.5`));
+    await again.until(() => /open in another tab/.test(document.body.innerText));
+    const before = await kept();
+    assert.ok(before.length > 0);
+    await typeRow(again, line('second'));
+    await again.pause(1000);
+    assert.deepEqual(await kept(), before);
     await again.close();
     await end();
 });
