@@ -63,13 +63,10 @@ constexpr Area OverList(int inset = 0) {
 constexpr Area CodeList(Length top, Length height) {
     return At(Wide(-sideWidth), top, codeListWidth, height);
 }
-// Below the smallest height both lists of the lathes give way, half each, and the first one of the mill. The M codes end
-// above the notes.
+// Below the smallest height both lists of the lathes give way, and the first one of the mill.
 constexpr int listsAndNotes = bandHeight + smallestNotes + gap;
-constexpr Length lathesMHeight = {SmallestHeight / 2 - listsAndNotes - lathesMTop, Length::Of::Height,
-                                  std::numeric_limits<int>::min(), mListHeight, 50};
-constexpr Length millMHeight =
-    HighWithin(-listsAndNotes - millMTop, SmallestHeight - listsAndNotes - millMTop, mListHeight);
+constexpr Length lathesMHeight =
+    HighWithin(-listsAndNotes - lathesMTop, SmallestHeight - listsAndNotes - lathesMTop, mListHeight);
 // Below the M codes, and down to the band.
 constexpr int lathesNotes = lathesMTop + mListHeight + gap;
 constexpr int millNotes = millMTop + mListHeight + gap;
@@ -227,7 +224,7 @@ constexpr ControlRow controlRows[] = {
     {"lstMK4Gcodes", "", CodeList(0, HalfLower(3030)), stop | frozen},
     {"lstMK4Mcodes", "", CodeList(HalfLower(lathesMTop), lathesMHeight), stop | frozen},
     {"lstF1Gcodes", "", CodeList(0, Lower(3985)), stop},
-    {"lstF1Mcodes", "", CodeList(Lower(millMTop), millMHeight), stop},
+    {"lstF1Mcodes", "", CodeList(Lower(millMTop), mListHeight), stop},
     {"frFileNotes", "", Notes(lathesNotes), frozen, -1, Notes(millNotes)},
     {"txtFileNotes", "frFileNotes", NotesText(lathesNotes), stop | frozen, -1, NotesText(millNotes)},
 
