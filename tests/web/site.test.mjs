@@ -34,13 +34,13 @@ function nextVersion(folder) {
     return changed;
 }
 
-test('an update of the site never gives a new script with an old program', async () => {
+test('a new version of the site takes over whole, when the last page of the old one has gone', async () => {
     const folder = fs.mkdtempSync(path.join(os.tmpdir(), 'kvt-site-'));
     fs.cpSync(pageFolder, folder, { recursive: true });
     const site = await serve(folder);
     const context = await here.browser.createBrowserContext();
-    const visit = async () => {
-        const bench = await Workbench.open({ browser: here.browser, site }, { context });
+    const visit = async (at = '') => {
+        const bench = await Workbench.open({ browser: here.browser, site }, { context, at });
         const parts = await bench.evaluate(() => [Boolean(globalThis.newScript), Boolean(globalThis.newProgram)]);
         // The worker has looked for another version, and taken it or not.
         await bench.evaluate(async () => {
@@ -64,8 +64,12 @@ test('an update of the site never gives a new script with an old program', async
     // The half of it that is there by now is not taken.
     put('sw.js', 'index.html', 'js/main.js');
     for (let i = 0; i < 3; ++i) assert.deepEqual(await visit(), [false, false]);
+    // All of it is, when the last page of the old one has gone.
+    const stays = await Workbench.open({ browser: here.browser, site }, { context });
     put(...Object.keys(files));
-    assert.deepEqual(await visit(), [false, false]);
+    for (const at of ['', 'index.html', '']) assert.deepEqual(await visit(at), [false, false]);
+    await stays.page.close();
+    await visit();
     assert.deepEqual(await visit(), [true, true]);
     await context.close();
     await site.close();
