@@ -35,7 +35,8 @@ constexpr Row rows[] = {
     {"openAgain", "The last program was %1."},
     {"open", "Open it"},
     {"noStorage", "This browser keeps nothing for this page: settings and recovery end with it."},
-    {"secondTab", "The workbench is open in another tab too. This one keeps its settings to itself."},
+    {"secondTab",
+     "The workbench is open in another tab too. Neither settings nor unsaved work of this one are kept."},
     // Links
     {"copyLink", "Copy link"},
     {"linkCopied", "The link to this program is in the clipboard."},
