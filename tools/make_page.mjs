@@ -82,12 +82,17 @@ function pageFiles() {
     return files;
 }
 
-// The service worker keeps all files, under a version that is another one when any of them is.
+// The version is another one when any file is. The page asks for its parts by it, and the service worker keeps all files
+// under it, each with its digest.
 function nameVersion(files) {
-    const digest = createHash('sha256');
-    for (const [name, content] of files) digest.update(name).update('\0').update(content);
-    const names = JSON.stringify(['./', ...[...files.keys()].filter((name) => name !== 'sw.js' && name !== 'index.html')]);
-    const text = files.get('sw.js').toString().replace('@VERSION@', digest.digest('hex').slice(0, 16)).replace(/(['"])@FILES@\1/, names);
+    const whole = createHash('sha256');
+    for (const [name, content] of files) whole.update(name).update('\0').update(content);
+    const version = whole.digest('hex').slice(0, 16);
+    const page = files.get('index.html').toString().replace(/(src|href)="([^"]+\.(?:js|css))"/g, `$1="$2?${version}"`);
+    files.set('index.html', Buffer.from(page));
+    const digestOf = (content) => createHash('sha256').update(content).digest('hex').slice(0, 16);
+    const kept = [...files].filter(([name]) => name !== 'sw.js').map(([name, content]) => [name === 'index.html' ? './' : name, digestOf(content)]);
+    const text = files.get('sw.js').toString().replace('@VERSION@', version).replace(/(['"])@FILES@\1/, JSON.stringify(kept));
     files.set('sw.js', Buffer.from(text));
 }
 

@@ -1,5 +1,6 @@
-// Keeps the page for work without a network. The maker of the site puts in the version and the list of its files; a
-// new version is another text of this file, and takes over when no tab has the old one any more.
+// Keeps the page for work without a network. The maker of the site puts in the version and the list of its files, with
+// their digests; a new version is another text of this file, and takes over when no tab has the old one any more. One of
+// which a file is missing yet, or is still that of another version, is tried again at the next visit.
 
 const version = '@VERSION@';
 const files = '@FILES@';
@@ -7,10 +8,16 @@ const files = '@FILES@';
 const ownCaches = `kvt ${self.registration.scope} `;
 const cacheName = ownCaches + version;
 
+async function keep(cache, [name, digest]) {
+    const response = await fetch(new Request(name, { cache: 'reload' }));
+    const content = await crypto.subtle.digest('SHA-256', await response.clone().arrayBuffer());
+    const hex = [...new Uint8Array(content)].map((byte) => byte.toString(16).padStart(2, '0')).join('');
+    if (!response.ok || !hex.startsWith(digest)) throw new Error(`${name} is not of version ${version}`);
+    await cache.put(name, response);
+}
+
 self.addEventListener('install', (event) => {
-    event.waitUntil(
-        caches.open(cacheName).then((cache) => cache.addAll(files.map((file) => new Request(file, { cache: 'reload' })))),
-    );
+    event.waitUntil(caches.open(cacheName).then((cache) => Promise.all(files.map((file) => keep(cache, file)))));
 });
 
 self.addEventListener('activate', (event) => {

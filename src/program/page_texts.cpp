@@ -35,7 +35,8 @@ constexpr Row rows[] = {
     {"openAgain", "The last program was %1."},
     {"open", "Open it"},
     {"noStorage", "This browser keeps nothing for this page: settings and recovery end with it."},
-    {"secondTab", "The workbench is open in another tab too. This one keeps its settings to itself."},
+    {"secondTab",
+     "The workbench is open in another tab too. Neither settings nor unsaved work of this one are kept."},
     // Links
     {"copyLink", "Copy link"},
     {"linkCopied", "The link to this program is in the clipboard."},
@@ -79,6 +80,10 @@ constexpr Row rows[] = {
     {"machinePortClosed", "The workbench does not listen: enable communication in Settings, COM."},
     {"machineLost", "What came while it did not listen is lost: %1 characters."},
     {"printers", "Printers and copies are in the dialog of the browser, when you print."},
+    {"notSecure",
+     "A browser gives a page no serial port where its address begins with http: open it by https, or "
+     "kvt.html "
+     "from a disk, in Chrome, Edge or Opera. TX and RX work with the played machine."},
 };
 
 template <class Part>

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <ctime>
 
+#include "basic/line_end.h"
 #include "basic/run_time_error.h"
 #include "basic/text.h"
 
@@ -12,6 +13,8 @@ namespace kvt {
 namespace {
 
 constexpr std::string_view dataFolder = "/data";
+// Of a file that grows the browser's storage, which is small, has the end, in whole lines.
+constexpr std::size_t mostGrown = 65536;
 
 std::string Normal(std::string_view path) {
     std::string normal(path);
@@ -107,7 +110,12 @@ void WebFiles::WriteWhole(std::string_view path, std::string_view content) {
 }
 
 void WebFiles::Append(std::string_view path, std::string_view content) {
-    WriteWhole(path, Exists(path) ? ReadWhole(path).append(content) : std::string(content));
+    std::string whole = Exists(path) ? ReadWhole(path).append(content) : std::string(content);
+    if (LiesIn(Normal(path), dataFolder) && whole.size() > mostGrown) {
+        const std::size_t end = whole.find(LineEnd, whole.size() - mostGrown);
+        if (end != std::string::npos) whole.erase(0, end + LineEnd.size());
+    }
+    WriteWhole(path, whole);
 }
 
 bool WebFiles::CanWrite(std::string_view folder) {

@@ -1,5 +1,6 @@
 #include "web/web_port.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "basic/code_page.h"
@@ -11,6 +12,8 @@ namespace {
 
 // Milliseconds: what a message takes to the driver, with some time to spare.
 constexpr double leadTime = 20;
+// A device that has taken nothing for so long takes nothing any more.
+constexpr double longestStall = 5000;
 
 }  // namespace
 
@@ -36,7 +39,13 @@ void WebPort::OpenDevice() {
     toChoose_ = answer.Flag("later");
     deviceNumber_ = CommPort();
     deviceSettings_ = Settings();
+    BeginLine();
+}
+
+void WebPort::BeginLine() {
     pace_.Reset();
+    watch_ = {};
+    waiting_ = 0;
 }
 
 bool WebPort::ChooseDevice() {
@@ -73,7 +82,7 @@ void WebPort::Join(PlayedEnd* other) {
     Let();
     other_ = other;
     changes_ = false;
-    pace_.Reset();
+    BeginLine();
     if (other_ || !std::exchange(open_, false)) return;
     try {
         Open();
@@ -91,14 +100,22 @@ bool WebPort::Arrive(std::string_view characters) {
 
 void WebPort::Output(std::string_view text) {
     // New settings are for what is given from now on, where nothing is under way.
-    if (open_ && changes_ && pace_.Left(system_.Milliseconds()) <= 0) Change();
+    if (open_ && changes_ && Left(system_.Milliseconds()) <= 0) Change();
     if (!open_ || toChoose_) throw RunTimeError(fault::PortNotOpen);
     pace_.Add(system_.Milliseconds(), text.size(), Line());
     sending_ = true;
-    other_ ? other_->Take(text, Line()) : page_.Send(Message("portWrite").Bytes("data", text));
+    if (other_) return other_->Take(text, Line());
+    watch_.Add(text.size());
+    if (waiting_ > 0) waiting_ += text.size();
+    page_.Send(Message("portWrite").Bytes("data", text));
 }
 
-double WebPort::MillisecondsLeft() const { return open_ ? pace_.Left(system_.Milliseconds()) : 0; }
+// By the rate of the line, and what its device has not taken besides.
+double WebPort::Left(double now) const {
+    return std::max(pace_.Left(now), static_cast<double>(waiting_) * Line().CharacterMilliseconds());
+}
+
+double WebPort::MillisecondsLeft() const { return open_ ? Left(system_.Milliseconds()) : 0; }
 
 double WebPort::LeadTime() const { return leadTime; }
 
@@ -131,7 +148,7 @@ void WebPort::Lose() {
     deviceNumber_ = 0;
     deviceSettings_.clear();
     sending_ = false;
-    pace_.Reset();
+    BeginLine();
     if (std::exchange(open_, false)) system_.Run("Comm", [this] { Tell(CommEvent::Vanished); });
 }
 
@@ -140,11 +157,21 @@ bool WebPort::Waits() const { return sending_ || changes_ || (deviceNumber_ != 0
 double WebPort::Due() const {
     if (!Waits()) return Never;
     const double now = system_.Milliseconds();
-    return now + pace_.Left(now);
+    return now + (open_ ? Left(now) : pace_.Left(now));
+}
+
+bool WebPort::IsStuck(double now) {
+    return open_ && sending_ && watch_.Stalled(now, waiting_, pace_.Left(now)) > longestStall;
 }
 
 bool WebPort::Serve(double now) {
-    if (!Waits() || pace_.Left(now) > 0) return false;
+    if (!Waits()) return false;
+    if (IsStuck(now)) {
+        Let();
+        Lose();
+        return true;
+    }
+    if (pace_.Left(now) > 0 || (open_ && waiting_ > 0)) return false;
     const bool sent = std::exchange(sending_, false);
     if (deviceNumber_ != 0 && !open_) return Let(), true;
     if (changes_) Change();
@@ -165,6 +192,8 @@ void WebPort::Take(const PageEvent& event) {
     if (deviceNumber_ == 0) return;
     if (event.Has("data")) {
         Arrive(event.Bytes("data"));
+    } else if (event.Has("waits")) {
+        waiting_ = static_cast<std::size_t>(std::max(0, event.Number("waits")));
     } else if (event.Flag("vanished")) {
         Lose();
     }

@@ -56,10 +56,16 @@ private:
     void Let();
     void Change();
     void Lose();
+    // A line with nothing on it.
+    void BeginLine();
+    double Left(double now) const;
+    bool IsStuck(double now);
 
     WebPage& page_;
     WebSystem& system_;
     LinePace pace_;
+    LineWatch watch_;
+    std::size_t waiting_ = 0;  // bytes that the device leaves lying, as the page tells
     std::vector<std::string> names_;
     std::string received_;
     std::string deviceSettings_;

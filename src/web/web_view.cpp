@@ -142,6 +142,8 @@ void WebView::Take(const PageEvent& event) {
     if (event.Is("sight") || event.Is("tooltip") || event.Is("found")) return Act(event);
     if (!Usable()) {
         if (event.Is("press") || event.Is("menu")) Refuse();
+        // One that was only not up to date has been clicked by that.
+        pressUsed_ = event.Is("press") && Usable();
         return;
     }
     if (event.Is("press")) {

@@ -77,3 +77,13 @@ test('keys that no control has a use for are the browser\u2019s, those of menus 
     await bench.answer(0);
     await bench.close();
 });
+
+test('the key of the menu brings up that of the line', async () => {
+    const { bench } = await openWithSession();
+    await bench.open('mk4_bolt.cnc');
+    await bench.clickRow(2);
+    // As the browser tells the key, which a driver's key does not have it do.
+    await bench.evaluate(() => document.querySelector('[data-name="lvCncProgram"]').dispatchEvent(new PointerEvent('contextmenu', { bubbles: true, cancelable: true })));
+    await bench.until(() => document.querySelector('.popup:not([hidden])'));
+    await bench.close();
+});

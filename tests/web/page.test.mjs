@@ -1,8 +1,5 @@
 // The page as a page: without a network, from disk, for a screen reader, and kept to itself.
 import assert from 'node:assert/strict';
-import * as fs from 'node:fs';
-import * as os from 'node:os';
-import * as path from 'node:path';
 import { test } from 'node:test';
 import { pathToFileURL } from 'node:url';
 
@@ -25,50 +22,6 @@ test('works without a network after the first visit', async () => {
     await bench.press('F1');
     await bench.settled();
     await bench.close();
-});
-
-test('a new version takes over whole, when the last page of the old one has gone', async () => {
-    const folder = fs.mkdtempSync(path.join(os.tmpdir(), 'kvt-version-'));
-    fs.cpSync(pageFolder, folder, { recursive: true });
-    const site = await serve(folder);
-    const context = await here.browser.createBrowserContext();
-    const open = (at) => Workbench.open({ browser: here.browser, site }, { context, at });
-    const bench = await open('');
-    await bench.until(async () => (await navigator.serviceWorker.ready).active?.state === 'activated');
-    const change = (name, from, to) => {
-        const file = path.join(folder, name);
-        const text = fs.readFileSync(file, 'utf8');
-        assert.ok(text.includes(from), name);
-        fs.writeFileSync(file, text.replace(from, to));
-    };
-    change('index.html', '<body class="', '<body class="newer ');
-    change('kvt.css', ':root{', ':root{--newer:1;');
-    change('sw.js', 'const ', '/* newer */const ');
-    change('sw.js', /"[0-9a-f]{16}"/.exec(fs.readFileSync(path.join(folder, 'sw.js'), 'utf8'))[0], '"newer"');
-    const seen = (one) => one.evaluate(() => [
-        document.body.classList.contains('newer'), getComputedStyle(document.documentElement).getPropertyValue('--newer') === '1',
-    ]);
-    for (const name of ['', 'index.html']) {
-        const second = await open(name);
-        assert.deepEqual(await seen(second), [false, false], name);
-        await second.until(async () => (await navigator.serviceWorker.ready) && (await navigator.serviceWorker.getRegistration()).waiting);
-        await second.page.close();
-    }
-    await bench.page.close();
-    await bench.pause(1000);
-    // A browser takes a moment to notice; never is a page half of one version and half of the other.
-    let versions = [];
-    for (let i = 0; i < 20 && !versions[0]; ++i) {
-        const next = await open('');
-        versions = await seen(next);
-        assert.equal(versions[0], versions[1]);
-        await next.page.close();
-        await next.pause(1000);
-    }
-    assert.deepEqual(versions, [true, true]);
-    await context.close();
-    await site.close();
-    fs.rmSync(folder, { recursive: true });
 });
 
 test('the single file opens from disk', async () => {

@@ -141,6 +141,19 @@ TEST(WebPage, WhatComesForAControlThatIsGoneOrNotToBeUsedChangesNothing) {
     EXPECT_EQ(page.Session->Workbench.Store.LineCount(), 0);
 }
 
+// The buttons follow the state of the work twice a second: a press brings one up to date, and is its click then.
+TEST(WebPage, AButtonThatIsNotYetUpToDateIsClickedOnce) {
+    WebPageFixture page;
+    page.Start();
+    page.Type("G00\r1900\r100\rUp\r");
+    const std::string save = "cmdTopButtons(" + std::to_string(Index(TopButton::Save)) + ")";
+    ASSERT_EQ(page.Page.Shown(save, "Enabled"), "false");
+    page.Click(save);
+    EXPECT_EQ(page.Page.SentOf("save").size(), 1U);
+    page.Click(save);
+    EXPECT_EQ(page.Page.SentOf("save").size(), 2U);
+}
+
 TEST(WebPage, AnEditIsThereAgainWhenThePageComesBackASecondLater) {
     std::string stored;
     {

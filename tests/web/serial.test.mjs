@@ -138,6 +138,23 @@ test('the line unplugged in mid-line is told, and the work goes on', async () =>
     await bench.close();
 });
 
+test('a device that takes nothing ends the transmission as one that has gone', async () => {
+    const bench = await open('playSerial');
+    await bench.open('mk4_lesson_knob.cnc');
+    await bench.evaluate(() => (window.port.takesNothing = true));
+    const from = performance.now();
+    await bench.choose('mnuTX');
+    await bench.untilBox();
+    assert.ok(performance.now() - from > 5000);
+    const written = (await port(bench, 'written')).length;
+    assert.match((await answerAll(bench))[0], /has gone/);
+    assert.ok(written < 4, `${written} lines`);
+    assert.equal(await bench.get('frTransmit', 'Visible'), false);
+    assert.equal(await bench.get('chkEnableCom', 'Value'), false);
+    assert.equal(await bench.get('lblPPLines', 'Caption'), '23');
+    await bench.close();
+});
+
 test('what arrives is received, whatever its pieces are', async () => {
     const bench = await open('playSerial');
     await bench.choose('mnuRX');

@@ -60,6 +60,19 @@ TEST(WebFiles, AFullStorageIsError75AndLeavesTheOldFile) {
     EXPECT_TRUE(page.Page.Sent.empty());
 }
 
+// The log grows with each fault, and the browser's storage is small.
+TEST(WebFiles, OfAFileThatGrowsTheEndIsKeptInWholeLines) {
+    WebPageFixture page;
+    page.Start();
+    WebFiles& files = page.Session->Platform.Files;
+    for (int i = 0; i < 700; ++i)
+        files.Append("/data/log", std::to_string(i) + std::string(197, '.') + "\r\n");
+    const std::string log = files.ReadWhole("/data/log");
+    EXPECT_TRUE(log.size() <= 65536 && log.size() > 65000) << log.size();
+    EXPECT_EQ(log.substr(0, 4), "376.");
+    EXPECT_TRUE(log.ends_with(".\r\n"));
+}
+
 TEST(WebFiles, AProgramIsOpenedChangedAndSavedBack) {
     WebPageFixture page;
     page.Start();
@@ -170,6 +183,46 @@ TEST(WebPort, LinesLeaveAtTheirPaceAndSettingsWaitForThem) {
     EXPECT_FALSE(port.IsOpen());
     EXPECT_EQ(port.MillisecondsLeft(), 0);
     EXPECT_EQ(ErrorOf([&] { port.Output("x"); }), fault::PortNotOpen);
+}
+
+// What the page tells to lie there still is waited for; when nothing of it has left for five seconds the device counts as
+// gone.
+TEST(WebPort, ADeviceThatTakesNothingIsLetGo) {
+    WebPageFixture page;
+    page.Page.SayHello(R"("names":["A"])");
+    page.Start();
+    WebPort& port = page.Session->Platform.Port;
+    std::string events;
+    port.OnComm = [&](CommEvent event) { events += std::to_string(static_cast<int>(event)); };
+    if (!port.IsOpen()) port.Open();
+    const auto waits = [&page](int bytes) {
+        page.Page.Say(R"({"on":"port","waits":)" + std::to_string(bytes) + "}");
+        page.Serve();
+    };
+    // One that is only slow.
+    port.Output(std::string(30, 'x'));
+    for (const int left : {30, 20, 10}) {
+        waits(left);
+        page.Advance(4000);
+        EXPECT_EQ(events, "");
+        EXPECT_GT(port.MillisecondsLeft(), 300);
+    }
+    waits(0);
+    page.Advance(10);
+    EXPECT_EQ(events, "1");
+    page.Page.Sent.clear();
+    port.Output(std::string(30, 'x'));
+    waits(30);
+    page.Advance(5900);
+    EXPECT_EQ(events, "1");
+    EXPECT_TRUE(port.IsOpen());
+    page.Advance(300);
+    EXPECT_EQ(events, "13");
+    EXPECT_FALSE(port.IsOpen());
+    EXPECT_EQ(page.Page.SentOf("portClose").size(), 1U);
+    // The next one begins anew.
+    port.Open();
+    EXPECT_EQ(port.MillisecondsLeft(), 0);
 }
 
 TEST(WebPort, AClosedPortIsLetGoWhenItsLastLineHasLeft) {

@@ -64,3 +64,20 @@ test('a finger that rests on a button has its tip, on a line its menu, and press
     assert.ok(await bench.page.$('.popup:not([hidden])'));
     await bench.close();
 });
+
+test('the last code of each list can be scrolled into sight on a low page, and is on top there', async () => {
+    const bench = await Workbench.open(here, { size: lying });
+    for (const [program, lists] of [['mk4_bolt.cnc', ['lstMK4Gcodes', 'lstMK4Mcodes']], ['f1_lid.cnc', ['lstF1Gcodes', 'lstF1Mcodes']]]) {
+        await bench.open(program);
+        for (const name of lists) {
+            const reached = await (await bench.element(name)).evaluate((list) => {
+                const last = list.querySelector('.entries').lastElementChild;
+                last.scrollIntoView();
+                const { left, top, width, height } = last.getBoundingClientRect();
+                return last.contains(document.elementFromPoint(left + width / 2, top + height / 2));
+            });
+            assert.ok(reached, name);
+        }
+    }
+    await bench.close();
+});

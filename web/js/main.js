@@ -2,6 +2,7 @@
 
 import { broughtBy, copyLink } from './address.js';
 import { beep } from './beep.js';
+import { beside } from './beside.js';
 import { color, message } from './boxes.js';
 import { read, write, writePicture } from './clipboard.js';
 import { isDark } from './colors.js';
@@ -13,7 +14,7 @@ import { startProgram } from './program.js';
 import { barHeight, followFont, onFont, pixels, twips } from './scale.js';
 import { Serial } from './serial.js';
 import { Stage } from './stage.js';
-import { keep, openStorage } from './storage.js';
+import { keep, onLost, openStorage } from './storage.js';
 import { before } from './texts.js';
 import { followTips } from './tip.js';
 import { addTools, tellSerial } from './tools.js';
@@ -21,14 +22,14 @@ import { addTouchKeys } from './touch_keys.js';
 import { make } from './views/view.js';
 
 const calm = 500; // milliseconds
-const bundleName = '../bundle.json';
+const bundleName = 'bundle.json';
 const lateFolder = '/share/Help/'; // what the program asks for when it needs it
 
 // Languages, help and samples, by their paths: a file beside the page, or within a page that is a single file.
 async function bundle() {
     const within = document.querySelector('#bundle');
     if (within) return JSON.parse(within.textContent);
-    const response = await fetch(new URL(bundleName, import.meta.url));
+    const response = await fetch(beside(bundleName));
     return response.ok ? response.json() : {};
 }
 
@@ -165,6 +166,7 @@ async function start() {
     followDrops(stage);
     tellSerial(stage);
     if (problem) notice(stage, problem, { stays: true });
+    onLost(() => notice(stage, 'secondTab', { stays: true }));
     window.addEventListener('error', (event) => isFatal(event.error) && stopped(stage));
     window.addEventListener('unhandledrejection', (event) => isFatal(event.reason) && stopped(stage));
     const { end } = await startProgram(stage.link);

@@ -1,5 +1,6 @@
 // Loads the program into the page: the build that the browser is fastest with.
 
+import { beside } from './beside.js';
 import { Rewinding } from './rewinding.js';
 
 // One that has none of it at all says so at the start.
@@ -17,8 +18,8 @@ async function compiled(address) {
 }
 
 // Both are on their way while the page makes itself ready.
-const wasm = compiled(new URL(`../program/${name}.wasm`, import.meta.url));
-const script = import(`../program/${name}.js`);
+const wasm = compiled(beside(`program/${name}.wasm`));
+const script = import(beside(`program/${name}.js`));
 for (const part of [wasm, script]) part.catch(() => {}); // told when it is waited for
 
 // Where the browser switches stacks itself, the one function that waits may give a promise, and main is one too.

@@ -2,7 +2,7 @@
 // closing and opening it again.
 
 import { ask } from './boxes.js';
-import { bytesOf, textOf } from './files.js';
+import { SerialLine } from './serial_line.js';
 import { make } from './views/view.js';
 
 const offered = 4;
@@ -25,19 +25,15 @@ function nameOf(port) {
 
 export class Serial {
     #ports = []; // that were granted, by their numbers
-    #port = null; // that is open
+    #line = null; // of the port that is open
     #settings = '';
-    #reader = null;
-    #reading = null;
-    #writer = null;
-    #closing = false;
 
     constructor(stage) {
         this.stage = stage;
         this.serial = navigator.serial ?? null;
         this.serial?.addEventListener('connect', () => this.tellNames());
         this.serial?.addEventListener('disconnect', (event) => {
-            if (event.target === this.#port) this.#vanished();
+            if (event.target === this.#line?.port) this.#line.vanish();
             this.tellNames();
         });
     }
@@ -101,67 +97,34 @@ export class Serial {
     }
 
     async #start(port, settings) {
-        await port.open(optionsOf(settings));
-        this.#port = port;
+        const tell = (what) => {
+            if (what.vanished) this.#line = null;
+            this.stage.link.send({ on: 'port', ...what });
+        };
+        this.#line = await new SerialLine(port, tell).open(optionsOf(settings));
         this.#settings = settings;
-        this.#closing = false;
-        this.#writer = port.writable.getWriter();
-        this.#reading = this.#read(port);
-    }
-
-    // Faults of the line, such as a wrong stop bit, end a stream and not the port.
-    async #read(port) {
-        while (port.readable && !this.#closing && port === this.#port) {
-            this.#reader = port.readable.getReader();
-            try {
-                for (;;) {
-                    const { value, done } = await this.#reader.read();
-                    if (done) break;
-                    if (value?.length > 0) this.stage.link.send({ on: 'port', data: textOf(value) });
-                }
-            } catch {
-                // The next stream goes on.
-            } finally {
-                this.#reader.releaseLock();
-            }
-        }
-    }
-
-    async #stop() {
-        this.#closing = true;
-        // Ends when all has left.
-        await this.#writer?.close().catch(() => {});
-        this.#writer?.releaseLock();
-        await this.#reader?.cancel().catch(() => {});
-        await this.#reading;
-        await this.#port?.close().catch(() => {});
-        this.#port = this.#writer = this.#reader = null;
     }
 
     async close({ ask: number }) {
-        await this.#stop();
+        const line = this.#line;
+        this.#line = null;
+        await line?.close();
         this.stage.reply(number, { ok: true });
     }
 
     async change({ ask: number, settings }) {
         const before = this.#settings;
-        const port = this.#port;
-        if (!port) return this.stage.reply(number, {});
-        await this.#stop();
-        const opens = (which) => this.#start(port, which).then(() => true, () => false);
+        const line = this.#line;
+        if (!line) return this.stage.reply(number, {});
+        this.#line = null;
+        await line.close();
+        const opens = (which) => this.#start(line.port, which).then(() => true, () => false);
         if (await opens(settings)) return this.stage.reply(number, { ok: true });
         // It goes on with what it had, where it is still there.
         return this.stage.reply(number, { refused: await opens(before) });
     }
 
     write({ data }) {
-        this.#writer?.write(bytesOf(data)).catch(() => this.#vanished());
-    }
-
-    #vanished() {
-        if (!this.#port || this.#closing) return;
-        this.#closing = true;
-        this.#port = this.#writer = null;
-        this.stage.link.send({ on: 'port', vanished: true });
+        this.#line?.write(data);
     }
 }

@@ -7,6 +7,9 @@ const lockName = 'kvt';
 const beatKey = 'kvt-beat';
 const beatEvery = 1000; // milliseconds
 const beatLasts = 3500;
+const beatSource = `setInterval(() => postMessage(0), ${beatEvery});`;
+let lost = false; // another page has taken the storage over
+let tellLost = () => {};
 
 function storage() {
     try {
@@ -19,7 +22,8 @@ function storage() {
     }
 }
 
-// Whether another tab has the storage. Without locks a beat in it tells.
+// Whether another page has the storage: this one in another tab, or another copy of it at the same address. Without locks,
+// as where the address begins with http, a beat in it tells.
 async function taken(store) {
     if (navigator.locks) {
         return new Promise((resolve) => {
@@ -30,9 +34,48 @@ async function taken(store) {
             }).catch(() => resolve(false));
         });
     }
-    if (Date.now() - Number(store.getItem(beatKey)) < beatLasts) return true;
-    setInterval(() => store.setItem(beatKey, String(Date.now())), beatEvery);
+    if (await beats(store)) return true;
+    beat(store);
     return false;
+}
+
+// One that has just broken down beats no more.
+async function beats(store) {
+    const last = store.getItem(beatKey);
+    if (!(Date.now() - Number.parseFloat(last) < beatLasts)) return false;
+    await new Promise((over) => setTimeout(over, 2 * beatEvery));
+    return store.getItem(beatKey) !== last;
+}
+
+// By a worker, since the page's own timers all but stop in a hidden tab. A page that stood still for long may find that
+// another one has begun meanwhile: it leaves the storage to that.
+function beat(store) {
+    const own = Math.random();
+    let mine = '';
+    const step = () => {
+        const there = store.getItem(beatKey);
+        if (mine && there && there !== mine) lost = true;
+        if (lost) return stop();
+        mine = `${Date.now()} ${own}`;
+        try {
+            store.setItem(beatKey, mine);
+        } catch {
+            mine = ''; // A full one tells nobody.
+        }
+    };
+    const worker = new Worker(URL.createObjectURL(new Blob([beatSource], { type: 'text/javascript' })));
+    const stop = () => {
+        worker.terminate();
+        tellLost();
+    };
+    worker.onmessage = step;
+    step();
+    addEventListener('pagehide', () => store.getItem(beatKey) === mine && store.removeItem(beatKey));
+}
+
+// Calls when another page has the storage from now on.
+export function onLost(act) {
+    tellLost = act;
 }
 
 // What is kept, when it was written, and how it goes on: problem is 'noStorage' or 'secondTab' where nothing more is
@@ -54,7 +97,7 @@ export async function openStorage() {
 
 // Writes a file through, or forgets it: false where the storage is full.
 export function keep(store, path, content) {
-    if (!store) return true;
+    if (!store || lost) return true;
     try {
         if (content === null || content === undefined) {
             store.removeItem(prefix + path);

@@ -42,7 +42,8 @@ export function addTools(stage, { panel, serial }) {
 
 const toldKey = 'kvt-told-serial';
 
-// Tells once which browsers have a serial port, where this one has none.
+// Tells once why there is no serial port, and what to do: most often it is the browser, but none gives one to a page that
+// may have been changed on its way.
 export function tellSerial(stage) {
     if (navigator.serial) return;
     try {
@@ -51,5 +52,5 @@ export function tellSerial(stage) {
     } catch {
         // It is told again, then.
     }
-    notice(stage, 'noSerial');
+    notice(stage, isSecureContext ? 'noSerial' : 'notSecure');
 }

@@ -147,6 +147,10 @@ export function playSerial() {
             this.isOpen = true;
             this.opens.push(options);
             this.readable = new ReadableStream({ start: (into) => (this.into = into) });
+            this.#stream();
+        }
+        // One that is closed, when all has left, leaves another one; nothing leaves for a device that takesNothing.
+        #stream() {
             this.writable = new WritableStream({
                 write: (bytes) => {
                     if (this.gone) throw new DOMException('gone', 'NetworkError');
@@ -154,6 +158,7 @@ export function playSerial() {
                     this.written.push({ at: performance.now(), text });
                     window.written.push(text);
                 },
+                close: () => (this.takesNothing ? new Promise(() => {}) : this.#stream()),
             });
         }
         async close() {

@@ -6,7 +6,7 @@ import assert from 'node:assert/strict';
 import { answerBox } from './story_boxes.mjs';
 import { boxWants, compare } from './story_state.mjs';
 import { steps, queues } from './story_steps.mjs';
-import { Workbench } from './workbench.mjs';
+import { firefox, Workbench } from './workbench.mjs';
 
 export class NoWay extends Error {}
 export const noWay = (why) => {
@@ -174,7 +174,7 @@ export class Story {
         const play = ['playClock', 'readShown', 'playPrinter', 'playRefusals', 'keepDownloads', ...this.play, ...(this.ports ? ['playSerial'] : [])];
         this.bench = await Workbench.open(this.here, { context, play, kept, gone, ports: this.ports, size: this.size, waits: false });
         const origin = new URL(this.here.site.address).origin;
-        await context.overridePermissions(origin, ['clipboard-read', 'clipboard-write', 'clipboard-sanitized-write']);
+        if (!firefox) await context.overridePermissions(origin, ['clipboard-read', 'clipboard-write', 'clipboard-sanitized-write']);
         await this.bench.until(() => !document.body.classList.contains('starting') || document.querySelector('dialog[open]'));
         for (const [name, text] of this.files.splice(0)) await this.bench.put(name, text);
         await this.bench.picks(...this.queued.splice(0));

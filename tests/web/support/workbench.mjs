@@ -23,14 +23,29 @@ const quiet = [
 ];
 const named = { '\r': 'Enter', '\b': 'Backspace', '\t': 'Tab' };
 const patience = 15_000; // milliseconds
+// Where Firefox is, to try the tests on it instead.
+export const firefox = process.env.KVT_FIREFOX;
 // For trying all tests on a browser that lacks something.
 const always = process.env.KVT_WEB_PLAY?.split(',') ?? [];
 
+const defaultViewport = { width: 1366, height: 768 };
+
+// Firefox, whose driver lacks some of what the tests ask for.
+async function launchFirefox() {
+    const browser = await puppeteer.launch({
+        browser: 'firefox', executablePath: firefox, headless: true, defaultViewport,
+        extraPrefsFirefox: { 'dom.events.testing.asyncClipboard': true }, protocolTimeout: 60_000,
+    });
+    return { browser, end: () => browser.close() };
+}
+
+// Scroll bars are shown, as they are to users.
 export async function launch(...more) {
+    if (firefox) return launchFirefox();
     const data = fs.mkdtempSync(path.join(os.tmpdir(), 'kvt-web-'));
     const browser = await puppeteer.launch({
         executablePath: process.env.KVT_CHROMIUM ?? '/usr/bin/chromium', headless: true, userDataDir: data,
-        args: [...quiet, ...more], defaultViewport: { width: 1366, height: 768 }, protocolTimeout: 60_000,
+        args: [...quiet, ...more], ignoreDefaultArgs: ['--hide-scrollbars'], defaultViewport, protocolTimeout: 60_000,
     });
     const end = async () => {
         await browser.close();

@@ -1,6 +1,7 @@
 // The main form is the page; every other one a window over it, with title and close.
 
 import { barHeight, length, onFont, pixels, twips } from '../scale.js';
+import { covers, shortenLists } from './covered_lists.js';
 import { make, View } from './view.js';
 
 const leastShown = 40; // pixels of a window that stay within the page
@@ -161,6 +162,10 @@ export class FormView extends View {
         const [edgeX, edgeY] = this.edges;
         this.element.style.width = this.field.style.width = length(width - edgeX);
         this.field.style.height = length(height - edgeY);
+    }
+
+    childChanged(child, properties) {
+        if (covers(child, properties)) this.stage.later(`lists${this.id}`, () => shortenLists(this));
     }
 
     setWindowState(value) {

@@ -70,7 +70,7 @@ export class ListViewView extends View {
         const row = this.body.querySelector(`[data-row="${this.state.selected}"]`);
         if (event.button === 2 || !row) return;
         const box = row.getBoundingClientRect();
-        this.stage.pointer = { x: touched ? event.clientX : box.left + pixels(rowHeight), y: box.bottom };
+        this.stage.pointer = { x: box.left + pixels(rowHeight), y: box.bottom };
         this.send({ on: 'row', row: Number(row.dataset.row), column: 0, clicks: 1, button: 2 });
     }
 

@@ -53,6 +53,7 @@ export class View {
         Object.assign(this.properties, properties);
         for (const [name, value] of Object.entries(properties)) this[`set${name}`]?.(value);
         this.applied?.(properties);
+        this.parent?.childChanged?.(this, properties);
     }
 
     setLeft(value) {
