@@ -82,8 +82,9 @@ constexpr Row rows[] = {
     {"printers", "Printers and copies are in the dialog of the browser, when you print."},
     {"notSecure",
      "A browser gives a page no serial port where its address begins with http: open it by https, or "
-     "kvt.html "
-     "from a disk, in Chrome, Edge or Opera. TX and RX work with the played machine."},
+     "kvt.html from a disk, in Chrome, Edge or Opera. TX and RX work with the played machine."},
+    {"pictureRefused",
+     "The browser has not taken the picture into the clipboard. Save it as a file instead."},
 };
 
 template <class Part>

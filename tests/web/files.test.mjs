@@ -144,3 +144,25 @@ test('the last file is offered where its user has to agree, and asked for in the
     assert.equal(await bench.page.$('.notice'), null);
     await bench.close();
 });
+
+// The program clears the clipboard before it gives a picture: that must not come behind.
+test('a picture goes into the clipboard alone, and one that the browser refuses is told', async () => {
+    const bench = await Workbench.open(here);
+    await bench.evaluate(() => {
+        window.clips = [];
+        navigator.clipboard.writeText = async (text) => window.clips.push(`text ${text}`);
+        navigator.clipboard.write = async (items) => {
+            window.clips.push(...items.flatMap((one) => one.types));
+            if (window.clips.length > 1) throw new DOMException('refused', 'NotAllowedError');
+        };
+    });
+    await bench.press('F5');
+    const save = async () => {
+        await bench.choose('frmDraw.mnuSaveClipboard');
+        return bench.page.$eval('body', (body) => body.querySelector('.notice')?.textContent ?? '');
+    };
+    assert.equal(await save(), '');
+    assert.match(await save(), /has not taken the picture/);
+    assert.deepEqual(await bench.evaluate(() => window.clips), ['image/png', 'image/png']);
+    await bench.close();
+});

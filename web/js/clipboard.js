@@ -1,9 +1,11 @@
 // The clipboard. What is pasted by keys comes with the browser's own event and asks for no permission.
 
 import { bytesOf } from './files.js';
+import { notice } from './notices.js';
 import { make } from './views/view.js';
 
-let last = '';
+let last = ''; // text
+let turn = 0; // counts what was to be written
 let refused = false; // the browser's clipboard has not taken the last text
 
 export async function read(stage, { ask }) {
@@ -18,8 +20,9 @@ export async function read(stage, { ask }) {
 // The program clears it first: of what comes at once the last is written, so that no two writes overtake each other.
 export async function write(text) {
     last = text;
+    const mine = ++turn;
     await null;
-    if (last !== text) return true;
+    if (turn !== mine) return true;
     try {
         await navigator.clipboard.writeText(text);
         refused = false;
@@ -41,7 +44,12 @@ function copySelected(text) {
     return done;
 }
 
-export function writePicture({ png }) {
-    const picture = new Blob([bytesOf(png)], { type: 'image/png' });
-    navigator.clipboard?.write([new ClipboardItem({ 'image/png': picture })]).catch(() => {});
+export async function writePicture(stage, { png }) {
+    ++turn;
+    try {
+        const picture = new Blob([bytesOf(png)], { type: 'image/png' });
+        await navigator.clipboard.write([new ClipboardItem({ 'image/png': picture })]);
+    } catch {
+        notice(stage, 'pictureRefused');
+    }
 }

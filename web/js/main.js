@@ -70,7 +70,7 @@ function handlers(stage, { store, share, serial, panel }) {
         store: (task) => stage.reply(task.ask, { ok: keep(store, task.path, task.content) }),
         clipboardRead: (task) => read(stage, task),
         clipboardWrite: (task) => write(task.text),
-        clipboardPicture: (task) => writePicture(task),
+        clipboardPicture: (task) => writePicture(stage, task),
         print: (task) => print(stage, task),
         printers: () => notice(stage, 'printers'),
         portOpen: (task) => serial.open(task),
