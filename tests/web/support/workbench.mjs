@@ -196,7 +196,7 @@ export class Workbench {
     async press(name) {
         const held = name.split('+');
         const key = held.pop();
-        const names = { Ctrl: 'Control', Esc: 'Escape', Up: 'ArrowUp', Down: 'ArrowDown', Left: 'ArrowLeft', Right: 'ArrowRight' };
+        const names = { Ctrl: 'Control', Space: ' ', Esc: 'Escape', Up: 'ArrowUp', Down: 'ArrowDown', Left: 'ArrowLeft', Right: 'ArrowRight' };
         const keys = held.map((one) => names[one] ?? one);
         for (const one of keys) await this.page.keyboard.down(one);
         await this.page.keyboard.press(names[key] ?? (/^[A-Z]$/.test(key) ? key.toLowerCase() : key));
