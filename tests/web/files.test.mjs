@@ -148,6 +148,7 @@ test('the last file is offered where its user has to agree, and asked for in the
 // The program clears the clipboard before it gives a picture: that must not come behind.
 test('a picture goes into the clipboard alone, and one that the browser refuses is told', async () => {
     const bench = await Workbench.open(here);
+    await bench.open('mk4_bolt.cnc');
     await bench.evaluate(() => {
         window.clips = [];
         navigator.clipboard.writeText = async (text) => window.clips.push(`text ${text}`);
@@ -157,8 +158,10 @@ test('a picture goes into the clipboard alone, and one that the browser refuses 
         };
     });
     await bench.press('F5');
+    await bench.settled();
     const save = async () => {
         await bench.choose('frmDraw.mnuSaveClipboard');
+        await bench.answer(0);
         return bench.page.$eval('body', (body) => body.querySelector('.notice')?.textContent ?? '');
     };
     assert.equal(await save(), '');
