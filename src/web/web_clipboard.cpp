@@ -1,6 +1,7 @@
 #include "web/web_clipboard.h"
 
 #include "basic/code_page.h"
+#include "basic/run_time_error.h"
 
 namespace kvt {
 
@@ -26,7 +27,10 @@ void WebClipboard::SetText(std::string_view text) {
 
 void WebClipboard::SetPicture(const Pixels& picture) {
     last_.clear();
-    page_.Send(Message("clipboardPicture").Bytes("png", PngOf(picture)));
+    Message message("clipboardPicture");
+    message.Bytes("png", PngOf(picture));
+    if (!system_.Ask(message, WebSystem::Meanwhile::Nothing).Flag("ok"))
+        throw RunTimeError(fault::InvalidCall);
 }
 
 }  // namespace kvt

@@ -4,6 +4,7 @@ import { bytesOf } from './files.js';
 import { notice } from './notices.js';
 import { make } from './views/view.js';
 
+const patience = 3000; // milliseconds, for which the program waits for a picture to be taken
 let last = ''; // text
 let turn = 0; // counts what was to be written
 let refused = false; // the browser's clipboard has not taken the last text
@@ -44,12 +45,15 @@ function copySelected(text) {
     return done;
 }
 
-export async function writePicture(stage, { png }) {
+export async function writePicture(stage, { ask, png }) {
     ++turn;
     try {
         const picture = new Blob([bytesOf(png)], { type: 'image/png' });
-        await navigator.clipboard.write([new ClipboardItem({ 'image/png': picture })]);
+        const taken = navigator.clipboard.write([new ClipboardItem({ 'image/png': picture })]);
+        await Promise.race([taken, new Promise((_, refuse) => setTimeout(refuse, patience))]);
+        stage.reply(ask, { ok: true });
     } catch {
+        stage.reply(ask, {});
         notice(stage, 'pictureRefused');
     }
 }
