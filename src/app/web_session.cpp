@@ -57,7 +57,7 @@ void WebSession::Start() {
 
 // It comes as a sample does: with a name, and no file that a save could write over. Not while the program must stay.
 void WebSession::TakeBrought(const PageEvent& event) {
-    if (LineIsUsed()) return;
+    if (Workbench.LineIsUsed()) return;
     const std::string name(ExtractFileName(event.Path("name")));
     std::string path = event.Path("file");
     if (path.empty()) {

@@ -37,9 +37,9 @@ public:
     kvt::Workbench Workbench;
 
 private:
-    bool LineIsUsed() const { return Workbench.Port.IsSending || Workbench.Transfer.frRXcode.Visible; }
     WebMachine machine_{Platform, [this] { return Workbench.Port.IsSending; }};
-    WebLeaving leaving_{Platform.System, [this] { return Workbench.Store.Unsaved() || LineIsUsed(); }};
+    WebLeaving leaving_{Platform.System,
+                        [this] { return Workbench.Store.Unsaved() || Workbench.LineIsUsed(); }};
 };
 
 }  // namespace kvt

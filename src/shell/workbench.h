@@ -170,6 +170,8 @@ public:
     void KeepSettings();
     // Leaves those out of the recent files that can no longer be had.
     void ForgetFiles(const std::function<bool(const std::string& path)>& isGone) { recent_.LeaveOut(isGone); }
+    // Whether a program is being sent, or received.
+    bool LineIsUsed() const { return lock_.ByTransfer(); }
     // Whether the way out has been taken; a question about unsaved changes may still be open.
     bool Ending() const { return ended_; }
 

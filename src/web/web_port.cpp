@@ -110,9 +110,10 @@ void WebPort::Output(std::string_view text) {
     page_.Send(Message("portWrite").Bytes("data", text));
 }
 
-// By the rate of the line, and what its device has not taken besides.
+// By the rate of the line, and what the device of an open one has not taken besides.
 double WebPort::Left(double now) const {
-    return std::max(pace_.Left(now), static_cast<double>(waiting_) * Line().CharacterMilliseconds());
+    const std::size_t waiting = open_ ? waiting_ : 0;
+    return std::max(pace_.Left(now), static_cast<double>(waiting) * Line().CharacterMilliseconds());
 }
 
 double WebPort::MillisecondsLeft() const { return open_ ? Left(system_.Milliseconds()) : 0; }
@@ -157,7 +158,7 @@ bool WebPort::Waits() const { return sending_ || changes_ || (deviceNumber_ != 0
 double WebPort::Due() const {
     if (!Waits()) return Never;
     const double now = system_.Milliseconds();
-    return now + (open_ ? Left(now) : pace_.Left(now));
+    return now + Left(now);
 }
 
 bool WebPort::IsStuck(double now) {
@@ -171,7 +172,7 @@ bool WebPort::Serve(double now) {
         Lose();
         return true;
     }
-    if (pace_.Left(now) > 0 || (open_ && waiting_ > 0)) return false;
+    if (Left(now) > 0) return false;
     const bool sent = std::exchange(sending_, false);
     if (deviceNumber_ != 0 && !open_) return Let(), true;
     if (changes_) Change();

@@ -1,5 +1,7 @@
 // What outlives the page: the program's own files in the browser's storage, and the handles of the user's files.
 
+import { pacer } from './clock.js';
+
 const prefix = 'kvt:';
 const timePrefix = 'kvt-at:'; // when a file was written, in seconds
 const sharedFolder = '/Settings/'; // what a second tab may read: the rest is at work in the first one
@@ -7,7 +9,6 @@ const lockName = 'kvt';
 const beatKey = 'kvt-beat';
 const beatEvery = 1000; // milliseconds
 const beatLasts = 3500;
-const beatSource = `setInterval(() => postMessage(0), ${beatEvery});`;
 let lost = false; // another page has taken the storage over
 let tellLost = () => {};
 
@@ -53,9 +54,14 @@ function beat(store) {
     const own = Math.random();
     let mine = '';
     const step = () => {
+        if (lost) return;
         const there = store.getItem(beatKey);
-        if (mine && there && there !== mine) lost = true;
-        if (lost) return stop();
+        if (mine && there && there !== mine) {
+            lost = true;
+            pace(0);
+            tellLost();
+            return;
+        }
         mine = `${Date.now()} ${own}`;
         try {
             store.setItem(beatKey, mine);
@@ -63,12 +69,8 @@ function beat(store) {
             mine = ''; // A full one tells nobody.
         }
     };
-    const worker = new Worker(URL.createObjectURL(new Blob([beatSource], { type: 'text/javascript' })));
-    const stop = () => {
-        worker.terminate();
-        tellLost();
-    };
-    worker.onmessage = step;
+    const pace = pacer(step);
+    pace(beatEvery);
     step();
     addEventListener('pagehide', () => store.getItem(beatKey) === mine && store.removeItem(beatKey));
 }

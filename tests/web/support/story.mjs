@@ -27,6 +27,8 @@ export const wordsOf = (text) => (text.trim().match(/"[^"]*"|\S+/g) ?? ['']).map
 // The rest of a line behind its first word, which may stand in quotes.
 export const behind = (text) => text.trimStart().replace(/^("[^"]*"|\S+)\s?/, '');
 
+// The word that a step begins with, and what is behind it.
+const partsOf = (line) => /^(\w*)\s?(.*)$/s.exec(line).slice(1);
 const isAt = (line, at) => (at.endsWith('...') ? line.startsWith(at.slice(0, -3)) : line === at);
 
 // The work area of a screen as the console has it.
@@ -85,7 +87,7 @@ export class Story {
     }
 
     runLine(line) {
-        const [, word, rest] = /^(\w*)\s?(.*)$/s.exec(line);
+        const [word, rest] = partsOf(line);
         if (word === 'below') return this.below.push(rest);
         if (word === 'during') return this.waiting.push({ wait: Number(wordsOf(rest)[0]), line: behind(rest) });
         return this.line(word, rest);
@@ -139,29 +141,30 @@ export class Story {
         this.waiting = this.waiting.filter((one) => one.wait !== wait);
         let acted = false;
         for (const { line } of due) {
-            const [, word, rest] = /^(\w*)\s?(.*)$/s.exec(line);
+            const [word, rest] = partsOf(line);
             if (word === 'expect') {
                 await this.expect(rest);
                 continue;
             }
             acted = true;
-            this.inWait = true;
-            await steps[word].call(this, rest);
-            await this.settle();
-            this.inWait = false;
+            await this.stepInWait(word, rest);
             ++this.done;
         }
         return acted;
     }
 
+    async stepInWait(word, rest) {
+        this.inWait = true;
+        await steps[word].call(this, rest);
+        await this.settle();
+        this.inWait = false;
+    }
+
     // What a user tries while a box is up, by lines "below STEP".
     async doBelow() {
         for (const line of this.below.splice(0)) {
-            const [, word, rest] = /^(\w*)\s?(.*)$/s.exec(line);
-            this.inWait = true;
-            await steps[word].call(this, rest);
-            await this.settle();
-            this.inWait = false;
+            const [word, rest] = partsOf(line);
+            await this.stepInWait(word, rest);
             assert.equal(await this.bench.evaluate(() => window.clock.state()), 'box', `the box stands: ${line}`);
         }
     }
